@@ -1,0 +1,95 @@
+#include "base/ini_file.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+
+#include "base/number.h"
+#include "base/text.h"
+
+namespace tradebill {
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+char Lower(char byte) {
+    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
+}
+
+std::string_view Unquoted(std::string_view value) {
+    const bool quoted =
+        value.size() >= 2 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
+    return quoted ? value.substr(1, value.size() - 2) : value;
+}
+
+}  // namespace
+
+bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
+    return std::ranges::equal(left, right, {}, Lower, Lower);
+}
+
+const CIniFile::Entry* FindEntry(const CIniFile::Section& section, std::string_view key) {
+    const auto found =
+        std::ranges::find_if(section.entries, [&](const auto& entry) { return EqualsIgnoringCase(entry.key, key); });
+    return found == section.entries.end() ? nullptr : &*found;
+}
+
+CIniFile CIniFile::Parse(std::string_view content) {
+    CIniFile file;
+    if (content.starts_with(kByteOrderMark)) content.remove_prefix(kByteOrderMark.size());
+    int number = 0;
+    while (!content.empty()) {
+        const std::size_t end = std::min(content.find('\n'), content.size());
+        file.ParseLine(Trim(content.substr(0, end)), ++number);
+        content.remove_prefix(std::min(end + 1, content.size()));
+    }
+    return file;
+}
+
+std::optional<CIniFile> CIniFile::Load(const std::filesystem::path& path) {
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(path, ignored)) return std::nullopt;
+    std::ifstream stream(path, std::ios::binary);
+    if (!stream) return std::nullopt;
+    const std::string content{std::istreambuf_iterator<char>(stream), {}};
+    if (stream.bad()) return std::nullopt;
+    return Parse(content);
+}
+
+void CIniFile::ParseLine(std::string_view line, int number) {
+    if (line.empty() || line.front() == ';') return;
+    if (line.front() == '[') {
+        const std::size_t end = line.find(']');
+        if (end == std::string_view::npos) problems_.push_back({number, std::string(line)});
+        sections_.push_back(
+            {std::string(Trim(line.substr(1, end == std::string_view::npos ? end : end - 1))), number, {}});
+        return;
+    }
+    const std::size_t equals = line.find('=');
+    if (equals == std::string_view::npos || sections_.empty()) {
+        problems_.push_back({number, std::string(line)});
+        return;
+    }
+    sections_.back().entries.push_back(
+        {std::string(Trim(line.substr(0, equals))), std::string(Unquoted(Trim(line.substr(equals + 1)))), number});
+}
+
+const CIniFile::Section* CIniFile::FindSection(std::string_view name) const {
+    const auto found =
+        std::ranges::find_if(sections_, [&](const auto& section) { return EqualsIgnoringCase(section.name, name); });
+    return found == sections_.end() ? nullptr : &*found;
+}
+
+std::string_view CIniFile::Text(std::string_view section, std::string_view key, std::string_view fallback) const {
+    const Section* const found = FindSection(section);
+    const Entry* const entry = found != nullptr ? FindEntry(*found, key) : nullptr;
+    return entry != nullptr ? std::string_view(entry->value) : fallback;
+}
+
+std::int32_t CIniFile::Integer(std::string_view section, std::string_view key, std::int32_t fallback) const {
+    const Section* const found = FindSection(section);
+    const Entry* const entry = found != nullptr ? FindEntry(*found, key) : nullptr;
+    return entry != nullptr ? ParseInteger(entry->value) : fallback;
+}
+
+}  // namespace tradebill

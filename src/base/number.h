@@ -1,0 +1,47 @@
+// Numbers in statement fields and on the page: atof and atoi semantics without a locale, 32-bit arithmetic that wraps,
+// and the
+// "%.2f" of computed amounts.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace tradebill {
+
+/// Leading white space, a sign and a plain decimal number, as far as they go; what follows is passed over. 0 if there
+/// is no number. Hexadecimal forms, "inf" and "nan" are no numbers.
+[[nodiscard]] double ParseAmount(std::string_view text);
+
+/// The whole number at the start of `text`, likewise; held at the end of the 32-bit range.
+[[nodiscard]] std::int32_t ParseInteger(std::string_view text);
+
+/// Sum and product that wrap at 32 bits, as lots and units do in the terminal.
+[[nodiscard]] constexpr std::int32_t WrapAdd(std::int32_t left, std::int32_t right) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(left) + static_cast<std::uint32_t>(right));
+}
+[[nodiscard]] constexpr std::int32_t WrapSubtract(std::int32_t left, std::int32_t right) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(left) - static_cast<std::uint32_t>(right));
+}
+[[nodiscard]] constexpr std::int32_t WrapMultiply(std::int32_t left, std::int32_t right) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(left) * static_cast<std::uint32_t>(right));
+}
+
+/// A number written out, in place.
+class CNumberText {
+public:
+    explicit CNumberText(double amount);       ///< "%.2f"; infinities and NaN as "inf", "-inf", "nan", "-nan"
+    explicit CNumberText(std::int32_t count);  ///< "%d"
+
+    [[nodiscard]] std::string_view View() const { return {chars_.data(), size_}; }
+    operator std::string_view() const& { return View(); }
+    operator std::string_view() const&& = delete;  // the view would outlive its text
+
+private:
+    static constexpr std::size_t kLongest = 320;  ///< sign, 309 digits, point and two more
+    std::array<char, kLongest> chars_;            // only size_ of them are ever set
+    std::size_t size_ = 0;
+};
+
+}  // namespace tradebill

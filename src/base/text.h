@@ -1,0 +1,75 @@
+// Byte texts: fields of fixed width, trims, searches and the splitting of a statement into rows and columns. All of it
+// works on bytes; a GBK character is two of them. "White space" is the six ASCII characters, "blank" is 0x20 alone.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <string_view>
+#include <vector>
+
+namespace tradebill {
+
+[[nodiscard]] constexpr bool IsWhiteSpace(char byte) {
+    return byte == ' ' || (byte >= '\t' && byte <= '\r');
+}
+
+[[nodiscard]] constexpr bool IsDigit(char byte) {
+    return byte >= '0' && byte <= '9';
+}
+
+/// The text of a zero-terminated field; all of it if the zero is missing.
+template <std::size_t N>
+[[nodiscard]] std::string_view FieldText(const char (&field)[N]) {
+    return {field, ::strnlen(field, N)};
+}
+
+/// Copies `text` into `field`, cut to N-1 bytes and always terminated. A text too long is cut, never refused.
+template <std::size_t N>
+void CopyField(char (&field)[N], std::string_view text) {
+    const std::size_t size = std::min(text.size(), N - 1);
+    if (size != 0) std::memcpy(field, text.data(), size);
+    field[size] = '\0';
+}
+
+[[nodiscard]] constexpr bool Contains(std::string_view text, std::string_view word) {
+    return text.find(word) != std::string_view::npos;
+}
+
+[[nodiscard]] constexpr std::string_view TrimLeft(std::string_view text) {
+    while (!text.empty() && IsWhiteSpace(text.front())) text.remove_prefix(1);
+    return text;
+}
+
+[[nodiscard]] constexpr std::string_view TrimRight(std::string_view text) {
+    while (!text.empty() && IsWhiteSpace(text.back())) text.remove_suffix(1);
+    return text;
+}
+
+/// White space off both ends.
+[[nodiscard]] constexpr std::string_view Trim(std::string_view text) {
+    return TrimRight(TrimLeft(text));
+}
+
+/// One byte value off both ends.
+[[nodiscard]] constexpr std::string_view TrimByte(std::string_view text, char byte) {
+    while (!text.empty() && text.front() == byte) text.remove_prefix(1);
+    while (!text.empty() && text.back() == byte) text.remove_suffix(1);
+    return text;
+}
+
+inline constexpr char kFullWidthBlankByte = '\xA1';  ///< both bytes of the GBK full-width blank
+
+/// How the page shows an exchange or a contract: leading white space off, then leading bytes 0xA1, each once.
+[[nodiscard]] constexpr std::string_view TrimForPage(std::string_view text) {
+    text = TrimLeft(text);
+    while (!text.empty() && text.front() == kFullWidthBlankByte) text.remove_prefix(1);
+    return text;
+}
+
+/// Cuts `text` at each `delimiter` (a whole string) into trimmed parts; `parts` is emptied first. Parts are never
+/// empty: runs of the delimiter count as one, and cells of white space vanish. With an empty delimiter the trimmed text
+/// is the only part. The parts point into `text`. Returns their number.
+std::size_t SplitText(std::string_view text, std::string_view delimiter, std::vector<std::string_view>& parts);
+
+}  // namespace tradebill

@@ -1,0 +1,46 @@
+// One open file, for the length of one operation. Others may read and write it meanwhile.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tradebill {
+
+enum class FileMode {
+    Read,    ///< the file must be there; read only
+    Create,  ///< makes the file or empties it; write only
+    Append,  ///< the file must be there; what is written goes to its end
+    Update,  ///< the file must be there; read and write anywhere
+};
+
+class CFile {
+public:
+    CFile(const std::string& path, FileMode mode);
+    ~CFile();
+    CFile(const CFile&) = delete;
+    CFile& operator=(const CFile&) = delete;
+
+    [[nodiscard]] bool IsOpen() const;
+    /// Size in bytes; 0 if it can't be told.
+    [[nodiscard]] std::uint64_t Size() const;
+    /// Writes all of `bytes` where the file stands. False if not all of it could be written.
+    [[nodiscard]] bool Write(std::string_view bytes);
+    /// Writes all of `bytes` at `offset`, which update mode alone allows.
+    [[nodiscard]] bool WriteAt(std::uint64_t offset, std::string_view bytes);
+    /// Fills `buffer` from `offset` on; returns the bytes read, fewer only at the end of the file or on failure.
+    [[nodiscard]] std::size_t ReadAt(std::uint64_t offset, char* buffer, std::size_t size) const;
+    /// All of the file.
+    [[nodiscard]] std::optional<std::string> ReadAll() const;
+
+private:
+    int descriptor_;
+};
+
+/// The bytes of a statement, up to its first zero byte. Nothing if the file isn't there, isn't a plain file or can't be
+/// opened for reading and writing. Content and length of the file stay as they are.
+[[nodiscard]] std::optional<std::string> ReadStatementFile(const std::string& path);
+
+}  // namespace tradebill

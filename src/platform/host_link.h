@@ -1,0 +1,30 @@
+// What passes between a run and its host: the final message and the stop handshake. Null handles are allowed
+// everywhere.
+#pragma once
+
+#include <cstdint>
+
+#include "driver/report_request.h"
+
+namespace tradebill {
+
+/// Sends a message with lParam 0 and returns once the host has handled it.
+void SendHostMessage(HostWindowHandle window, std::uint32_t message, std::uint64_t wParam);
+
+/// Waits for `event` up to `milliseconds`; whether it was signalled. An auto-reset event is reset by it.
+[[nodiscard]] bool WaitForEvent(HostEventHandle event, int milliseconds);
+
+void SignalEvent(HostEventHandle event);
+
+/// Looks at the request's stop event for a millisecond. If the stop is asked for, `beforeAnswer` runs (what must be
+/// true before the host hears of it), the answer is given, and the result is true.
+template <class Action>
+[[nodiscard]] bool AcknowledgeStop(HostEventHandle stop, HostEventHandle acknowledge, Action beforeAnswer) {
+    constexpr int kStopWaitMilliseconds = 1;
+    if (stop == nullptr || !WaitForEvent(stop, kStopWaitMilliseconds)) return false;
+    beforeAnswer();
+    SignalEvent(acknowledge);
+    return true;
+}
+
+}  // namespace tradebill

@@ -1,0 +1,99 @@
+#include "platform/file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+
+namespace tradebill {
+namespace {
+
+constexpr mode_t kNewFileRights = 0666;  // less the user's mask
+
+int FlagsOf(FileMode mode) {
+    switch (mode) {
+        case FileMode::Read:
+            return O_RDONLY;
+        case FileMode::Create:
+            return O_WRONLY | O_CREAT | O_TRUNC;
+        case FileMode::Append:
+            return O_WRONLY | O_APPEND;
+        case FileMode::Update:
+            break;
+    }
+    return O_RDWR;
+}
+
+bool IsPlainFile(int descriptor) {
+    struct stat status {};
+    return ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+}  // namespace
+
+CFile::CFile(const std::string& path, FileMode mode)
+    : descriptor_(::open(path.c_str(), FlagsOf(mode) | O_CLOEXEC | O_NONBLOCK, kNewFileRights)) {}
+
+CFile::~CFile() {
+    if (descriptor_ >= 0) ::close(descriptor_);
+}
+
+bool CFile::IsOpen() const {
+    return descriptor_ >= 0;
+}
+
+std::uint64_t CFile::Size() const {
+    struct stat status {};
+    return ::fstat(descriptor_, &status) == 0 ? static_cast<std::uint64_t>(status.st_size) : 0;
+}
+
+bool CFile::Write(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(descriptor_, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) return false;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+bool CFile::WriteAt(std::uint64_t offset, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::pwrite(descriptor_, bytes.data(), bytes.size(), static_cast<off_t>(offset));
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) return false;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+        offset += static_cast<std::uint64_t>(written);
+    }
+    return true;
+}
+
+std::size_t CFile::ReadAt(std::uint64_t offset, char* buffer, std::size_t size) const {
+    std::size_t done = 0;
+    while (done < size) {
+        const ssize_t got = ::pread(descriptor_, buffer + done, size - done, static_cast<off_t>(offset + done));
+        if (got < 0 && errno == EINTR) continue;
+        if (got <= 0) break;
+        done += static_cast<std::size_t>(got);
+    }
+    return done;
+}
+
+std::optional<std::string> CFile::ReadAll() const {
+    if (!IsPlainFile(descriptor_)) return std::nullopt;
+    std::string content(static_cast<std::size_t>(Size()), '\0');
+    content.resize(ReadAt(0, content.data(), content.size()));
+    return content;
+}
+
+std::optional<std::string> ReadStatementFile(const std::string& path) {
+    const CFile file(path, FileMode::Update);
+    if (!file.IsOpen()) return std::nullopt;
+    std::optional<std::string> text = file.ReadAll();
+    if (text) text->resize(std::min(text->find('\0'), text->size()));
+    return text;
+}
+
+}  // namespace tradebill
