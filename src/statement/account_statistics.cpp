@@ -1,0 +1,7 @@
+#include "statement/account_statistics.h"
+
+namespace tradebill {
+
+constinit CAccountStatistics AccountStatistics;
+
+}  // namespace tradebill

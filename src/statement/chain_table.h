@@ -1,0 +1,55 @@
+// Which products belong together, so that opposite positions in them may share margin. Read from a chain file at the
+// start of every run.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace tradebill {
+
+/// One chain: the product that heads it and the products whose opposite positions share its margin. Texts of at most 31
+/// bytes.
+class CContractChain {
+public:
+    explicit CContractChain(std::string_view itemBase) : ItemBase(itemBase) {}
+
+    std::string ItemBase;
+    std::vector<std::string> Items;  ///< in file order; an item that the file lacks is an empty text
+
+    /// Whether `product` is one of the items, to the letter.
+    [[nodiscard]] bool Contains(std::string_view product) const;
+
+private:
+    mutable std::mutex lock_;
+};
+
+class CChainTable {
+public:
+    std::vector<std::unique_ptr<CContractChain>> Chains;  ///< in file order, two of one ItemBase included
+
+    /// Reads "sys/chain.ini" under the root folder, or "sys/wpchain.ini" if the request copy is of the foreign kind. A
+    /// missing file leaves the table empty. What the file's counts promise beyond what it holds takes no memory to
+    /// speak of.
+    void Load();
+
+    /// Reads `path` in the same way.
+    void Load(const std::filesystem::path& path);
+
+    /// The chain headed by `product`, or null; the later one of two.
+    [[nodiscard]] const CContractChain* FindChain(std::string_view product) const;
+
+    void Clear();
+
+private:
+    std::unordered_map<std::string, const CContractChain*> byBase_;
+    mutable std::mutex lock_;
+};
+
+extern CChainTable ChainTable;
+
+}  // namespace tradebill

@@ -1,0 +1,158 @@
+#include "statement/money_store.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "base/number.h"
+#include "base/text.h"
+#include "statement/request_copy.h"
+
+namespace tradebill {
+
+CMoneyStore MoneyStore;
+
+namespace {
+
+constexpr std::size_t kKeyLength = 14;
+
+std::string KeyOf(std::string_view day) {
+    return std::string(day.substr(0, kKeyLength));
+}
+
+template <std::size_t N>
+double Amount(const char (&field)[N]) {
+    return ParseAmount(FieldText(field));
+}
+
+/// Formats 2 and 6 print margin and free funds, but no equity.
+void FillEquity(MoneyRecord& record) {
+    CopyField(record.KHQY, CNumberText(Amount(record.BZJZY) + Amount(record.KYZJ)).View());
+}
+
+void Lower(double& bound, double value) {
+    if (value < bound) bound = value;
+}
+
+void Raise(double& bound, double value) {
+    if (value > bound) bound = value;
+}
+
+}  // namespace
+
+bool CMoneyStore::Add(std::unique_ptr<MoneyRecord> record, MoneySource source) {
+    if (record == nullptr) return false;
+    const std::scoped_lock guard(lock_);
+    if (Request.StatementFormat == 2 || Request.StatementFormat == 6) FillEquity(*record);
+    if (Records.empty()) {
+        TakeFirst(*record, source);
+    } else {
+        TakeLater(*record, source);
+    }
+    Keep(std::move(record));
+    return true;
+}
+
+void CMoneyStore::TakeFirst(const MoneyRecord& record, MoneySource source) {
+    const double rate = record.EXCHANGE_RATE;
+    MinEquity = MaxEquity = Amount(record.KHQY) / rate;
+    MinDayPL = MaxDayPL = Amount(record.PCYK) / rate;
+    OpeningEquity = Amount(record.QCQY) / rate;
+    ClosingEquity = Amount(record.QMJC) / rate;
+    TotalClosedPL = Amount(record.PCYK) / rate;
+    TotalPositionPL = Amount(record.CCDSYK) / rate;
+    LastHostCurrent = Amount(record.HOST_CURRENT) / rate;
+    TotalCashFlow = FirstCashFlow = Amount(record.CRJ) / rate;
+    Available = Amount(record.KYZJ) / rate;
+    TotalFees = std::fabs(Amount(record.SXF) / rate) + std::fabs(Amount(record.XQSXF)) / rate;
+    TotalPremium = Amount(record.QLJSZ) / rate;
+    if (source == MoneySource::Live) {
+        FrozenA = Amount(record.HOST_FROZEN_A) / rate;
+        FrozenB = Amount(record.HOST_FROZEN_B) / rate;
+        HostPositionPL = Amount(record.HOST_POSITION_PL) / rate;
+        PositionMargin = Amount(record.HOST_POSITION_MARGIN) / rate;
+        TotalPositionPL = Amount(record.HOST_POSITION_PL) / rate;
+    } else {
+        PositionMargin = ClosingEquity - Available;
+    }
+}
+
+void CMoneyStore::TakeLater(const MoneyRecord& record, MoneySource source) {
+    const double rate = record.EXCHANGE_RATE;
+    const double equity = Amount(record.KHQY) / rate;
+    const double dayPL = Amount(record.PCYK) / rate;
+    Lower(MinEquity, equity);
+    Raise(MaxEquity, equity);
+    Lower(MinDayPL, dayPL);
+    Raise(MaxDayPL, dayPL);
+    ClosingEquity = Amount(record.QMJC) / rate;
+    Available = Amount(record.KYZJ) / rate;
+    LastHostCurrent = Amount(record.HOST_CURRENT) / rate;
+    TotalClosedPL += dayPL;
+    TotalPositionPL += Amount(record.CCDSYK) / rate;
+    TotalCashFlow += Amount(record.CRJ) / rate;
+    TotalFees += std::fabs(Amount(record.SXF)) / rate;
+    TotalFees += std::fabs(Amount(record.XQSXF)) / rate;
+    TotalPremium += Amount(record.QLJSZ);  // not divided, unlike the first record's
+    if (source == MoneySource::Live) {
+        FrozenA += Amount(record.HOST_FROZEN_A) / rate;
+        FrozenB += Amount(record.HOST_FROZEN_B) / rate;
+        HostPositionPL += Amount(record.HOST_POSITION_PL) / rate;
+        TotalPositionPL += Amount(record.HOST_POSITION_PL) / rate;
+        PositionMargin = Amount(record.HOST_POSITION_MARGIN) / rate;
+    } else {
+        PositionMargin = ClosingEquity - Available;
+    }
+}
+
+void CMoneyStore::Keep(std::unique_ptr<MoneyRecord> record) {
+    MoneyRecord*& slot = byDay_[KeyOf(FieldText(record->BILL_DATE))];
+    if (slot != nullptr) {
+        const auto old = std::ranges::find(Records, slot, &std::unique_ptr<MoneyRecord>::get);
+        Records.erase(old);
+    }
+    slot = record.get();
+    Records.push_back(std::move(record));
+}
+
+MoneyRecord* CMoneyStore::Find(std::string_view day) const {
+    const auto found = byDay_.find(KeyOf(day));
+    return found == byDay_.end() ? nullptr : found->second;
+}
+
+bool CMoneyStore::HasDay(std::string_view day) const {
+    const std::scoped_lock guard(lock_);
+    return Find(day) != nullptr;
+}
+
+void CMoneyStore::SetDayClosedPL(std::string_view day, std::string_view value) {
+    const std::scoped_lock guard(MoneyStore.lock_);
+    MoneyRecord* const record = MoneyStore.Find(day);
+    if (record == nullptr) return;
+    CopyField(record->PCYK, value);
+    MoneyStore.TotalClosedPL += ParseAmount(value);
+    const double dayPL = Amount(record->PCYK) / record->EXCHANGE_RATE;
+    Lower(MoneyStore.MinDayPL, dayPL);
+    Raise(MoneyStore.MaxDayPL, dayPL);
+}
+
+void CMoneyStore::SetDayPositionPL(std::string_view day, std::string_view value, double amount) {
+    const std::scoped_lock guard(lock_);
+    MoneyRecord* const record = Find(day);
+    if (record == nullptr) return;
+    CopyField(record->CCDSYK, value);
+    TotalPositionPL += amount;
+}
+
+void CMoneyStore::Clear() {
+    for (double* const figure : {&LastHostCurrent, &OpeningEquity, &ClosingEquity, &TotalClosedPL, &TotalPositionPL,
+                                 &TotalCashFlow, &FirstCashFlow, &Available, &MinEquity, &MaxEquity, &MinDayPL,
+                                 &MaxDayPL, &FrozenB, &FrozenA, &HostPositionPL, &PositionMargin, &TotalFees}) {
+        *figure = 0;
+    }
+    const std::scoped_lock guard(lock_);
+    Records.clear();
+    byDay_.clear();
+}
+
+}  // namespace tradebill

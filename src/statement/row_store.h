@@ -1,0 +1,39 @@
+// A list of statement rows: trades, closed positions, open positions.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <utility>
+#include <vector>
+
+namespace tradebill {
+
+/// Rows in the order of reading. A row belongs to the store until Clear; the same row twice is two rows. Rows is read
+/// without the lock, since nothing writes once the days are read.
+template <class Record>
+class CRowStore {
+public:
+    std::vector<std::unique_ptr<Record>> Rows;
+
+    [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(Rows.size()); }
+
+    /// Takes over `row`. Returns false and changes nothing if it is null.
+    bool Add(std::unique_ptr<Record> row) {
+        if (row == nullptr) return false;
+        const std::scoped_lock guard(lock_);
+        Rows.push_back(std::move(row));
+        return true;
+    }
+
+    /// Frees all rows; the store is as new.
+    void Clear() {
+        const std::scoped_lock guard(lock_);
+        Rows.clear();
+    }
+
+private:
+    std::mutex lock_;
+};
+
+}  // namespace tradebill
