@@ -1,0 +1,55 @@
+#include "statistics/account_figures.h"
+
+#include <vector>
+
+#include "base/number.h"
+#include "base/text.h"
+#include "statement/account_statistics.h"
+#include "statement/money_store.h"
+#include "statistics/trade_statistics.h"
+
+namespace tradebill {
+namespace {
+
+double EquityOf(const MoneyRecord& record) {
+    return ParseAmount(FieldText(record.KHQY)) / record.EXCHANGE_RATE;
+}
+
+std::vector<double> Equities() {
+    std::vector<double> equities;
+    equities.reserve(MoneyStore.Records.size());
+    for (const auto& record : MoneyStore.Records) equities.push_back(EquityOf(*record));
+    return equities;
+}
+
+}  // namespace
+
+double MaxDrawdownOf(std::span<const double> equities) {
+    double drawdown = 0;
+    bool hasPeak = false;
+    double peak = 0;
+    for (const double equity : equities) {
+        if (hasPeak && peak - equity > drawdown) drawdown = peak - equity;
+        if (equity == equity && (!hasPeak || equity > peak)) {  // a NaN is no peak and no fall
+            peak = equity;
+            hasPeak = true;
+        }
+    }
+    return drawdown;
+}
+
+void ComputeAccountStatistics() {
+    CAccountStatistics& figures = AccountStatistics;
+    figures.MaxEquity = MoneyStore.MaxEquity;
+    figures.MinEquity = MoneyStore.MinEquity;
+    const std::vector<double> equities = Equities();
+    if (!equities.empty()) figures.InitialEquity = equities.front();
+    figures.MaxDrawdown = MaxDrawdownOf(equities);
+    const std::int32_t total = WrapAdd(WrapAdd(figures.WinCount, figures.LoseCount), figures.FlatCount);
+    if (total > 0) figures.WinRate = static_cast<double>(figures.FlatCount + figures.WinCount) / total * 100;
+    if (figures.InitialEquity > 0) figures.ProfitRate = figures.TotalPL / figures.InitialEquity * 100;
+    figures.MaxYield = TradeStatistics.MaxYield() * 100;
+    figures.MaxRisk = TradeStatistics.MaxRisk() * 100;
+}
+
+}  // namespace tradebill

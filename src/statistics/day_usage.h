@@ -1,0 +1,55 @@
+// The open positions of one day, net per product, and the margin that they tie up.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace tradebill {
+
+/// The net open position of one product on one day.
+struct ContractPosition {
+    std::string Product;    ///< the contract's text up to its first digit
+    std::string Side;       ///< "买" or "卖"; empty until a row with lots has come
+    std::int32_t Lots = 0;  ///< net
+    double NetLots = 0;     ///< after the offset pass; read by nothing
+    std::string Day;        ///< of the row that opened the position
+    double Margin = 1.0;
+    double UnitMargin = 1.0;  ///< per lot
+};
+
+/// What one statement row adds to a position.
+struct PositionRow {
+    std::string_view day;
+    std::string_view side;
+    std::int32_t lots;
+    double margin;
+    bool isSummary;  ///< a summary row without lots is passed over; a detail row may even take lots away
+};
+
+class CDayUsage {
+public:
+    std::string Day;                                           ///< yyyymmdd
+    std::vector<std::unique_ptr<ContractPosition>> Positions;  ///< in order of first appearance
+    double Margin = 0;                                         ///< of the day, replaced by OffsetMargins
+    double Equity = 0;
+    std::int32_t HasFigures = 0;  ///< 1 once the day's money figures came in
+    double Risk = 0;              ///< Margin / Equity
+
+    /// Adds a row to the position of `product`, which is made if it isn't there.
+    void AddRow(std::string_view product, const PositionRow& row);
+
+    /// Takes the smaller margin off the larger where opposite positions belong to one chain, then adds up Margin and
+    /// Risk anew.
+    void OffsetMargins();
+
+private:
+    std::unordered_map<std::string, ContractPosition*> byProduct_;
+    std::mutex lock_;
+};
+
+}  // namespace tradebill
