@@ -1,0 +1,93 @@
+// Tables of columns: which column of a row fills which field of a record, and how.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <string_view>
+
+#include "base/gbk.h"
+#include "base/text.h"
+#include "readers/section_scan.h"
+
+namespace tradebill {
+
+enum class Treatment {
+    Copy,          ///< the column as it stands, cut to the field's width
+    Side,          ///< "买" if the column contains it, otherwise "卖"
+    InvertedSide,  ///< "卖" if the column contains "买", otherwise "买": the side of the position that a trade closed
+    KeepIfPresent,  ///< a copy, in rows that have the column
+};
+
+namespace columns {
+
+template <class Member>
+struct MemberOf;
+template <class Class, std::size_t N>
+struct MemberOf<char (Class::*)[N]> {
+    using Record = Class;
+};
+
+template <auto Member>
+void SetField(typename MemberOf<decltype(Member)>::Record& record, std::string_view text) {
+    CopyField(record.*Member, text);
+}
+
+}  // namespace columns
+
+/// Sets one text field of a record.
+template <class Record>
+using FieldSetter = void (*)(Record&, std::string_view);
+
+/// The setter of a field: Slot<&MatchRecord::CONTRACT>.
+template <auto Member>
+inline constexpr auto Slot = &columns::SetField<Member>;
+
+template <class Record>
+struct Column {
+    FieldSetter<Record> field;
+    std::size_t column;  ///< counted from 0
+    Treatment treatment = Treatment::Copy;
+};
+
+/// The last column that every row must have.
+template <class Record>
+[[nodiscard]] constexpr std::size_t LastColumn(std::span<const Column<Record>> table) {
+    std::size_t last = 0;
+    for (const auto& entry : table) {
+        if (entry.treatment != Treatment::KeepIfPresent && entry.column > last) last = entry.column;
+    }
+    return last;
+}
+template <class Record, std::size_t N>
+[[nodiscard]] constexpr std::size_t LastColumn(const Column<Record> (&table)[N]) {
+    return LastColumn(std::span<const Column<Record>>(table));
+}
+
+/// What `column` becomes in a field.
+[[nodiscard]] constexpr std::string_view Treated(std::string_view column, Treatment treatment) {
+    switch (treatment) {
+        case Treatment::Side:
+            return Contains(column, "买"_gbk) ? "买"_gbk : "卖"_gbk;
+        case Treatment::InvertedSide:
+            return Contains(column, "买"_gbk) ? "卖"_gbk : "买"_gbk;
+        case Treatment::Copy:
+        case Treatment::KeepIfPresent:
+            break;
+    }
+    return column;
+}
+
+/// A record of `row`. Columns that the row lacks leave their fields empty.
+template <class Record>
+[[nodiscard]] std::unique_ptr<Record> MakeRecord(std::string_view billDate, Row row,
+                                                 std::span<const Column<Record>> table) {
+    auto record = std::make_unique<Record>();
+    CopyField(record->BILL_DATE, billDate);
+    for (const auto& entry : table) {
+        if (entry.column < row.size()) entry.field(*record, Treated(row[entry.column], entry.treatment));
+    }
+    return record;
+}
+
+}  // namespace tradebill

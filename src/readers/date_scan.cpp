@@ -1,0 +1,18 @@
+#include "readers/date_scan.h"
+
+#include <cstddef>
+
+#include "base/text.h"
+
+namespace tradebill {
+
+std::string_view ScanDate(std::string_view text, std::string_view dateWord) {
+    const std::size_t at = text.find(dateWord);
+    if (at == std::string_view::npos || at == 0) return {};
+    text.remove_prefix(at + dateWord.size());
+    std::size_t length = 0;
+    while (length < text.size() && (IsDigit(text[length]) || text[length] == '.' || text[length] == ' ')) ++length;
+    return text.substr(0, length);
+}
+
+}  // namespace tradebill

@@ -1,0 +1,52 @@
+// The engine of the layouts whose money section is a block of labels and whose other sections are tables. A reader is
+// one FixedLayout; there is no other code to it.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "readers/columns.h"
+#include "readers/money_labels.h"
+#include "readers/section_scan.h"
+#include "statement/records.h"
+
+namespace tradebill {
+
+/// A section of rows that each make one record. Without columns the layout has no such section.
+template <class Record>
+struct TableLayout {
+    SectionLayout section;
+    std::span<const Column<Record>> columns = {};
+};
+
+/// One side of a summary row: a record is made if its lots are above 0.
+struct SummarySide {
+    std::size_t lotsColumn;
+    std::string_view side;
+    std::span<const Column<OpiSum>> columns;
+};
+
+/// Option premium that the money section states as income and payment.
+struct PremiumWords {
+    std::string_view income;
+    std::string_view payment;
+};
+
+struct FixedLayout {
+    SearchFrom searchFrom = SearchFrom::Cursor;
+    std::string_view dateWord = {};  ///< the date behind it is BILL_DATE; without a word the day is
+    bool skipsStoredDay = false;     ///< a date that MoneyStore already holds ends the reader
+    SectionLayout money;
+    std::span<const MoneyLabel> labels;
+    PremiumWords premium = {};  ///< with words QLJSZ is always income less payment
+    TableLayout<MatchRecord> trades;
+    TableLayout<PingDetail> closed;
+    TableLayout<OpiDetail> open;
+    SectionLayout summary = {};
+    std::span<const SummarySide> summarySides = {};  ///< empty: the layout has no summary
+};
+
+/// Reads a statement into the stores. `day` is the statement file's day, yyyymmdd.
+void ReadFixedLayout(const FixedLayout& layout, std::string_view day, std::string_view text);
+
+}  // namespace tradebill

@@ -1,0 +1,120 @@
+#include "readers/fixed_layout.h"
+#include "readers/fixed_readers.h"
+
+namespace tradebill {
+namespace {
+
+// clang-format off
+constexpr MoneyLabel kLabels[] = {
+    {Slot<&MoneyRecord::KHQY>,   LabelMatch::Contains, "客户权益"_gbk},
+    {Slot<&MoneyRecord::BZJZY>,  LabelMatch::Contains, "保证金占用"_gbk},
+    {Slot<&MoneyRecord::SXF>,    LabelMatch::Equals,   "手续费:"_gbk},  // keeps exercise and delivery fees out
+    {Slot<&MoneyRecord::KYZJ>,   LabelMatch::Contains, "可用资金"_gbk},
+    {Slot<&MoneyRecord::CRJ>,    LabelMatch::Contains, "出入金"_gbk},
+    {Slot<&MoneyRecord::QCQY>,   LabelMatch::Contains, "上日结存"_gbk},
+    {Slot<&MoneyRecord::QMJC>,   LabelMatch::Contains, "当日结存"_gbk},
+    {Slot<&MoneyRecord::PCYK>,   LabelMatch::Contains, "平仓盈亏"_gbk},
+    {Slot<&MoneyRecord::CCDSYK>, LabelMatch::Contains, "持仓盯市盈亏"_gbk},
+};
+
+constexpr Column<MatchRecord> kTradeColumns[] = {
+    {Slot<&MatchRecord::MATCH_DATE>,   0},
+    {Slot<&MatchRecord::EXCH_NAME>,    1},
+    {Slot<&MatchRecord::CONTRACT>,     2},
+    {Slot<&MatchRecord::DELIVERY>,     3},
+    {Slot<&MatchRecord::BID>,          4},
+    {Slot<&MatchRecord::OFFSET>,       5},
+    {Slot<&MatchRecord::MATCH_PRICE>,  6},
+    {Slot<&MatchRecord::MATCH_VOL>,    7},
+    {Slot<&MatchRecord::TURNOVER>,     8},
+    {Slot<&MatchRecord::POUNDAGE>,     9},
+    {Slot<&MatchRecord::OFFSETPL>,    10},
+    {Slot<&MatchRecord::HEDGE>,       11},
+};
+
+constexpr Column<PingDetail> kClosedColumns[] = {
+    {Slot<&PingDetail::MATCH_DATE>,    0},
+    {Slot<&PingDetail::EXCH_NAME>,     1},
+    {Slot<&PingDetail::CONTRACT>,      2},
+    {Slot<&PingDetail::DELIVERY>,      3},
+    {Slot<&PingDetail::BID>,           5, Treatment::InvertedSide},
+    {Slot<&PingDetail::MATCH_PRICE>,   6},
+    {Slot<&PingDetail::OPEN_DATE>,     7},
+    {Slot<&PingDetail::OPEN_PRICE>,    8},
+    {Slot<&PingDetail::MATCH_VOL>,     9},
+    {Slot<&PingDetail::SETTLE_PRICE>, 10},
+    {Slot<&PingDetail::OFFSETPL>,     11},
+};
+
+constexpr Column<OpiDetail> kOpenColumns[] = {
+    {Slot<&OpiDetail::EXCH_NAME>,      0},
+    {Slot<&OpiDetail::CONTRACT>,       1},
+    {Slot<&OpiDetail::DELIVERY>,       2},
+    {Slot<&OpiDetail::OPEN_DATE>,      3},
+    {Slot<&OpiDetail::BID>,            4},
+    {Slot<&OpiDetail::HEDGE>,          5},
+    {Slot<&OpiDetail::POSITION_VOL>,   6},
+    {Slot<&OpiDetail::OPEN_PRICE>,     7},
+    {Slot<&OpiDetail::YSETTLE_PRICE>,  8},
+    {Slot<&OpiDetail::SETTLE_PRICE>,   9},
+    {Slot<&OpiDetail::FLOATPL>,       10},
+    {Slot<&OpiDetail::DSYK>,          11},
+    {Slot<&OpiDetail::DEPOSIT>,       12},
+};
+
+constexpr Column<OpiSum> kBuyColumns[] = {
+    {Slot<&OpiSum::EXCH_NAME>,         0},
+    {Slot<&OpiSum::CONTRACT>,          1},
+    {Slot<&OpiSum::DELIVERY>,          2},
+    {Slot<&OpiSum::BID_POSITION_VOL>,  3},
+    {Slot<&OpiSum::POSITION_PRICE>,    4},
+    {Slot<&OpiSum::YSETTLE_PRICE>,     7},
+    {Slot<&OpiSum::SETTLE_PRICE>,      8},
+    {Slot<&OpiSum::DSYK>,             10},
+    {Slot<&OpiSum::DEPOSIT>,          11},
+    {Slot<&OpiSum::HEDGE>,            12},
+};
+
+constexpr Column<OpiSum> kSellColumns[] = {
+    {Slot<&OpiSum::EXCH_NAME>,         0},
+    {Slot<&OpiSum::CONTRACT>,          1},
+    {Slot<&OpiSum::DELIVERY>,          2},
+    {Slot<&OpiSum::ASK_POSITION_VOL>,  5},
+    {Slot<&OpiSum::POSITION_PRICE>,    6},
+    {Slot<&OpiSum::YSETTLE_PRICE>,     7},
+    {Slot<&OpiSum::SETTLE_PRICE>,      8},
+    {Slot<&OpiSum::DSYK>,             10},
+    {Slot<&OpiSum::DEPOSIT>,          11},
+    {Slot<&OpiSum::HEDGE>,            12},
+};
+
+constexpr SummarySide kSummarySides[] = {
+    {.lotsColumn = 3, .side = "买"_gbk, .columns = kBuyColumns},
+    {.lotsColumn = 5, .side = "卖"_gbk, .columns = kSellColumns},
+};
+// clang-format on
+
+constexpr FixedLayout kLayout{
+    .dateWord = "日  期:"_gbk,
+    .money = {.title = "资金状况"_gbk, .terminator = "---------", .terminatorOffset = 2, .firstRow = 2},
+    .labels = kLabels,
+    .trades = {{.title = "成交记录"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 12}, kTradeColumns},
+    .closed = {{.title = "平仓明细"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 12}, kClosedColumns},
+    .open = {{.title = "持仓明细"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 13}, kOpenColumns},
+    .summary =
+        {.title = "持仓汇总"_gbk, .terminator = "共"_gbk, .terminatorOffset = 2, .firstRow = 3, .minColumns = 13},
+    .summarySides = kSummarySides,
+};
+static_assert(LastColumn(kTradeColumns) < kLayout.trades.section.minColumns);
+static_assert(LastColumn(kClosedColumns) < kLayout.closed.section.minColumns);
+static_assert(LastColumn(kOpenColumns) < kLayout.open.section.minColumns);
+static_assert(LastColumn(kBuyColumns) < kLayout.summary.minColumns);
+static_assert(LastColumn(kSellColumns) < kLayout.summary.minColumns);
+
+}  // namespace
+
+void ReadFundStatusStatement(std::string_view day, std::string_view text) {
+    ReadFixedLayout(kLayout, day, text);
+}
+
+}  // namespace tradebill
