@@ -1,0 +1,31 @@
+// Looks through what is appended to a page for anything that a full pass over the page would change.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tradebill {
+
+inline constexpr std::string_view kHeadEnd = "</head>";
+
+/// Whether ClosePage drops the line: it holds one of the tags that stand around the page.
+[[nodiscard]] bool IsWrapperLine(std::string_view line);
+
+class CPageScan {
+public:
+    /// Takes note of text appended to the page.
+    void Feed(std::string_view text);
+
+    /// No wrapper tag, no </head>, and no line end but "\r\n" so far: a full pass would keep every byte of it.
+    [[nodiscard]] bool IsPlain() const { return isPlain_; }
+    [[nodiscard]] bool EndsInLine() const { return !tail_.empty() && tail_.back() != '\n'; }
+
+private:
+    void CheckTags(std::string_view text);
+    void CheckLineEnds(std::string_view text);
+
+    bool isPlain_ = true;
+    std::string tail_;  // the last few bytes, where a tag or line end may have begun
+};
+
+}  // namespace tradebill

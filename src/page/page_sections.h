@@ -1,0 +1,29 @@
+// The sections of the page. Each reads the stores of the finished run, writes its part through the builder and leaves
+// the page whole. A table section returns false if the host's stop was seen: it then ends at once, its table open, the
+// stop acknowledged.
+#pragma once
+
+namespace tradebill {
+
+class CHtmlBuilder;
+
+bool AddTradeSection(CHtmlBuilder& page);
+bool AddForeignTradeSection(CHtmlBuilder& page);
+
+/// Open positions: the summary rows for formats that print full contract codes, the single lots for the others.
+bool AddPositionSection(CHtmlBuilder& page);
+/// Throws CReportError for a record whose BILL_DATE is no date.
+bool AddForeignPositionSection(CHtmlBuilder& page);
+
+bool AddMatchSection(CHtmlBuilder& page);
+bool AddForeignMatchSection(CHtmlBuilder& page);
+
+/// Closed positions with both legs. Asks the host for each contract's unit, with all rows before it on disk.
+bool AddOffsetSection(CHtmlBuilder& page);
+
+void AddNotesSection(CHtmlBuilder& page);
+
+/// The whole page in order: scripts, an anchor and a section each, and the last ClosePage.
+void AddPageSections(CHtmlBuilder& page);
+
+}  // namespace tradebill

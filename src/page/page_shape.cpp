@@ -1,0 +1,51 @@
+// The order of the whole page.
+#include <string_view>
+
+#include "base/gbk.h"
+#include "page/html_builder.h"
+#include "page/page_sections.h"
+#include "statement/request_copy.h"
+
+namespace tradebill {
+namespace {
+
+using SectionWriter = bool (*)(CHtmlBuilder& page);
+
+bool AddNotes(CHtmlBuilder& page) {
+    AddNotesSection(page);
+    return true;
+}
+
+/// An anchor and the section under it. Without a writer there is the anchor alone.
+struct PageSection {
+    std::string_view anchor;
+    SectionWriter domestic;
+    SectionWriter foreign;
+    bool inForeignPages = true;
+};
+
+// clang-format off
+constexpr PageSection kSections[] = {
+    {"账户统计"_gbk, nullptr,            nullptr},
+    {"交易统计"_gbk, AddTradeSection,    AddForeignTradeSection},
+    {"期末持仓"_gbk, AddPositionSection, AddForeignPositionSection},
+    {"成交明细"_gbk, AddMatchSection,    AddForeignMatchSection},
+    {"平仓记录"_gbk, AddOffsetSection,   nullptr, false},
+    {"报告说明"_gbk, AddNotes,           AddNotes},
+};
+// clang-format on
+
+}  // namespace
+
+void AddPageSections(CHtmlBuilder& page) {
+    page.AddPageScripts();
+    for (const PageSection& section : kSections) {
+        if (IsForeign() && !section.inForeignPages) continue;
+        page.AddAnchor(section.anchor);
+        const SectionWriter writer = IsForeign() ? section.foreign : section.domestic;
+        if (writer != nullptr) writer(page);  // a section that saw the stop doesn't end the page
+    }
+    page.ClosePage();
+}
+
+}  // namespace tradebill

@@ -1,0 +1,73 @@
+#include "page/page_text.h"
+
+#include "base/gbk.h"
+#include "base/number.h"
+
+namespace tradebill {
+namespace {
+
+void AppendRowTag(std::string& page, std::string_view rowClass) {
+    if (rowClass.empty()) {
+        page += "<tr>\r\n";
+    } else {
+        Append(page, "<tr class='", rowClass, "'>\r\n");
+    }
+}
+
+}  // namespace
+
+void AppendPiece(std::string& text, std::string_view piece) {
+    text += piece;
+}
+
+void AppendPiece(std::string& text, int number) {
+    text += CNumberText(number).View();
+}
+
+void AppendRow(std::string& page, std::span<const Cell> cells, std::string_view rowClass) {
+    AppendRowTag(page, rowClass);
+    for (const Cell& cell : cells) {
+        Append(page, "<td style=\"padding:5px 0px; overflow:hidden; white-space:nowrap;\"><span class='",
+               cell.className, "'>", cell.text, "</span></td>");
+    }
+    page += "</tr>\r\n";
+}
+
+void AppendSizedRow(std::string& page, std::span<const Cell> cells, std::span<const std::string_view> widths,
+                    std::string_view rowClass) {
+    AppendRowTag(page, rowClass);
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        Append(page, "<td style=\"padding:5px 0px; \" width=\"", widths[i], "\"><span class='", cells[i].className,
+               "'>", cells[i].text, "</span></td>");
+    }
+    page += "</tr>\r\n";
+}
+
+void AppendTableTag(std::string& page, std::string_view id, int width) {
+    page += "<table ";
+    if (width > 0) Append(page, "width = \"", width, "\" ");
+    Append(page, "style=\"table-layout: fixed;\" cellspacing = \"0\" border=\"0\" id= \"", id, "\">\r\n");
+}
+
+std::string ExpandTabs(std::string_view text) {
+    constexpr std::size_t kTabStop = 7;
+    std::string expanded;
+    for (const char byte : text) {
+        if (byte == '\t') {
+            expanded.append(kTabStop - expanded.size() % kTabStop, ' ');
+        } else {
+            expanded += byte;
+        }
+    }
+    std::string result;
+    for (const char byte : expanded) {
+        if (byte == ' ') {
+            result += "　"_gbk;
+        } else {
+            result += byte;
+        }
+    }
+    return result;
+}
+
+}  // namespace tradebill

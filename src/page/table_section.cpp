@@ -1,0 +1,70 @@
+#include "page/table_section.h"
+
+#include "platform/host_link.h"
+#include "statement/report_document.h"
+#include "statement/request_copy.h"
+
+namespace tradebill {
+namespace {
+
+constexpr double kLeastAmount = 1.1920928955078125e-07;  // single-precision epsilon
+constexpr std::size_t kFlushFrom = 60 * 1024;  // a row is under 4 KiB, so that no more than 64 KiB are ever gathered
+
+}  // namespace
+
+std::string_view SignClass(double amount, const CellClasses& classes) {
+    if (amount > kLeastAmount) return classes.bid;
+    if (amount < -kLeastAmount) return classes.ask;
+    return classes.normal;
+}
+
+std::string_view BandClass(int counter) {
+    return counter % 2 != 0 ? "billclr1" : "billclr2";
+}
+
+CTableWriter::CTableWriter(CHtmlBuilder& page, const TableSection& section, std::span<const Heading> headings)
+    : page_(page) {
+    std::vector<Cell> titles;
+    std::vector<std::string_view> widths;
+    for (const Heading& heading : headings) {
+        titles.push_back({heading.text, section.classes.normal});
+        widths.push_back(heading.width);
+        dashes_.emplace_back(heading.text.size(), '-');
+    }
+    for (const std::string& dashes : dashes_) dashCells_.push_back({dashes, section.classes.normal});
+    page_.AddSectionTitle(section.title);
+    AppendTableTag(gathered_, section.tableId, ReportDocument.PageWidth);
+    AppendSizedRow(gathered_, titles, widths, {});
+    AddDashRow({});
+}
+
+bool CTableWriter::StopRequested() {
+    return AcknowledgeStop(Request.StopEvent, Request.AckEvent, [this] { Flush(); });
+}
+
+void CTableWriter::AddRow(std::span<const Cell> cells, std::string_view rowClass) {
+    AppendRow(gathered_, cells, rowClass);
+    if (gathered_.size() >= kFlushFrom) Flush();
+}
+
+void CTableWriter::AddDashRow(std::string_view rowClass) {
+    AddRow(dashCells_, rowClass);
+}
+
+void CTableWriter::Flush() {
+    if (!gathered_.empty()) page_.AddText(gathered_);
+    gathered_.clear();
+}
+
+void CTableWriter::CloseTable() {
+    gathered_ += kTableEnd;
+    Flush();
+    page_.AddHeading(1, "", "");
+}
+
+void CTableWriter::Close() {
+    CloseTable();
+    page_.ClosePage();
+}
+
+}  // namespace tradebill

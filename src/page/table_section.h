@@ -1,0 +1,108 @@
+// The engine of all sections that show a store as a table: title, header, dash rows, bands, sign colours, the look at
+// the host's stop before each record, grouping by day with subtotals, and the closing. A section is a descriptor and a
+// function from record to cells.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/text.h"
+#include "page/html_builder.h"
+
+namespace tradebill {
+
+struct Heading {
+    std::string_view text;
+    std::string_view width;  ///< such as "14%"
+};
+
+/// Style classes of a cell by sign or side.
+struct CellClasses {
+    std::string_view normal;
+    std::string_view bid;
+    std::string_view ask;
+};
+
+struct TableSection {
+    SectionTitle title;
+    std::string_view tableId;
+    CellClasses classes;  ///< of plain rows
+    CellClasses sums;     ///< of total rows
+};
+
+/// The red class for an amount above zero, the green one below, else the plain one; amounts within single-precision
+/// epsilon of zero are plain.
+[[nodiscard]] std::string_view SignClass(double amount, const CellClasses& classes);
+
+/// The row class of a counter: the pale band if it is odd, the darker one if even.
+[[nodiscard]] std::string_view BandClass(int counter);
+
+/// Exchange or contract, and contract with delivery month, as the page shows them.
+class CContractText {
+public:
+    CContractText(std::string_view contract, std::string_view delivery) : text_(contract) { text_ += delivery; }
+    [[nodiscard]] std::string_view View() const { return TrimForPage(text_); }
+
+private:
+    std::string text_;
+};
+
+/// Writes one table section. Rows are gathered and go to disk together, at the latest before a stop is acknowledged,
+/// before the host is called and before the section is closed.
+class CTableWriter {
+public:
+    /// Writes title, opening tag, header and first dash row.
+    CTableWriter(CHtmlBuilder& page, const TableSection& section, std::span<const Heading> headings);
+    CTableWriter(const CTableWriter&) = delete;
+    CTableWriter& operator=(const CTableWriter&) = delete;
+
+    /// Looks at the host's stop event; true if the section must end at once.
+    [[nodiscard]] bool StopRequested();
+
+    void AddRow(std::span<const Cell> cells, std::string_view rowClass);
+    /// The dashes under the header, in the section's plain class.
+    void AddDashRow(std::string_view rowClass);
+    /// Brings all rows to disk.
+    void Flush();
+
+    /// Ends the table and leaves a spacer behind it; the page still is to be closed.
+    void CloseTable();
+    /// CloseTable, then makes the page whole.
+    void Close();
+
+private:
+    CHtmlBuilder& page_;
+    std::vector<std::string> dashes_;
+    std::vector<Cell> dashCells_;
+    std::string gathered_;
+};
+
+/// Writes `rows` in groups of one BILL_DATE, each group in one band, with a subtotal behind it. `Layout` has
+///   bool Counts(const Record&)                                         whether the record is shown at all
+///   void ResetSums()
+///   void WriteRecord(CTableWriter&, const Record&, std::string_view band)
+///   void WriteSubtotal(CTableWriter&, std::string_view band)
+/// The last subtotal belongs to the store's last record: if that one doesn't count, the last group has none. Returns
+/// false if the host's stop was seen.
+template <class Rows, class Layout>
+bool WriteDayGroups(CTableWriter& table, const Rows& rows, Layout& layout) {
+    int counter = 0;
+    std::string_view day;
+    for (const auto& row : rows) {
+        if (table.StopRequested()) return false;
+        if (!layout.Counts(*row)) continue;
+        if (counter == 0 || FieldText(row->BILL_DATE) != day) {
+            if (counter > 0) layout.WriteSubtotal(table, BandClass(counter));
+            layout.ResetSums();
+            day = FieldText(row->BILL_DATE);
+            ++counter;
+        }
+        layout.WriteRecord(table, *row, BandClass(counter));
+        if (&row == &rows.back()) layout.WriteSubtotal(table, BandClass(counter));
+    }
+    return true;
+}
+
+}  // namespace tradebill
