@@ -1,0 +1,40 @@
+// One run of the module: the order of all stages, from the request to the page. GenerateBill is this with nobody
+// watching.
+//
+// report_request.h is the face that hosts see, exports.cpp the functions behind it, bill_folders.h the folders of the
+// output.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "driver/report_request.h"
+
+namespace tradebill {
+
+enum class RunEnd {
+    Finished,
+    Stopped,  ///< the host's stop was seen in the day loop; nothing was written
+};
+
+struct RunResult {
+    RunEnd end = RunEnd::Finished;
+    int days = 0;            ///< days walked
+    int statementsRead = 0;  ///< days with a statement file; the others had none
+    bool pageWritten = false;
+    std::string pagePath;
+};
+
+/// Whoever wants to see a run go on. Called on the run's thread.
+class CRunWatcher {
+public:
+    virtual ~CRunWatcher() = default;
+    virtual void OnDay(int day, int days, std::string_view dayText) = 0;  ///< `day` counts from 1
+    virtual void OnStage(std::string_view stage) = 0;                     ///< in English: "statistics", "page"
+};
+
+/// Makes the report. Throws CReportError; the stores are empty then. `watcher` may be null.
+RunResult RunReport(const GenerateBillRequest& request, CRunWatcher* watcher);
+
+}  // namespace tradebill
