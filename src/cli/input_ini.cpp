@@ -1,0 +1,42 @@
+#include "cli/input_ini.h"
+
+#include <charconv>
+#include <utility>
+
+#include "cli/usage_error.h"
+#include "platform/text_encoding.h"
+
+namespace tradebill {
+
+InputIni LoadInputIni(const std::string& path) {
+    auto file = CIniFile::Load(path);
+    if (!file) throw CUsageError("can't read " + path + ": expected an INI file");
+    InputIni ini{path, std::move(*file)};
+    if (!ini.file.Problems().empty()) {
+        const CIniFile::Problem& problem = ini.file.Problems().front();
+        throw CUsageError(ini.Place(problem.line) + ": expected [section], key=value or ; comment, found \"" +
+                          problem.text.substr(0, 60) + "\"");
+    }
+    return ini;
+}
+
+const CIniFile::Section& RequiredSection(const InputIni& ini, std::string_view name) {
+    const CIniFile::Section* const section = ini.file.FindSection(name);
+    if (section == nullptr) throw CUsageError(ini.path + ": expected a section [" + std::string(name) + "]");
+    return *section;
+}
+
+std::string GbkTextOf(const InputIni& ini, const CIniFile::Entry& entry, std::string_view text) {
+    const auto gbk = Utf8ToGbk(text);
+    if (!gbk) throw CUsageError(ini.Place(entry.line) + ": expected UTF-8 text of characters that GBK has");
+    return *gbk;
+}
+
+std::optional<std::int32_t> WholeNumber(std::string_view text) {
+    std::int32_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
+    return number;
+}
+
+}  // namespace tradebill

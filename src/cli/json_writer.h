@@ -1,0 +1,13 @@
+// Everything that a run left in memory, as JSON.
+#pragma once
+
+#include <ostream>
+
+namespace tradebill {
+
+/// Writes the stores, statistics and chains as one UTF-8 JSON object. Names are the system's own; every number reads
+/// back to the same double, with infinities and NaN as the strings "inf", "-inf" and "nan". Texts are decoded from GBK,
+/// one U+FFFD for each byte that belongs to no character.
+void WriteJson(std::ostream& out);
+
+}  // namespace tradebill

@@ -1,0 +1,14 @@
+// Live account figures from an INI file, in place of a host's.
+#pragma once
+
+#include <string>
+
+#include "driver/report_request.h"
+
+namespace tradebill {
+
+/// Fills BaseMoney from [BASE] and CurrencyMoney from [CURRENCY1], [CURRENCY2] ... The keys are MoneyRecord's field
+/// names. Throws CUsageError for an unknown name, a value too long for its field, or a gap in the numbers.
+void UseLiveFile(const std::string& path, GenerateBillRequest& request);
+
+}  // namespace tradebill

@@ -1,0 +1,20 @@
+// The command `report`: one run of the module, watched and summed up.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "cli/report_options.h"
+
+namespace tradebill {
+
+struct ReportCommand {
+    ReportOptions options;
+    std::optional<std::string> jsonFile;  ///< where everything that the run left in memory goes
+    bool quiet = false;                   ///< no progress line and no summary; warnings are shown all the same
+};
+
+/// Makes the report. Returns the program's exit code; throws CUsageError before anything is done.
+[[nodiscard]] int RunReportCommand(const ReportCommand& command);
+
+}  // namespace tradebill

@@ -1,0 +1,221 @@
+#include "cli/report_options.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cstring>
+#include <filesystem>
+#include <iterator>
+#include <string_view>
+#include <system_error>
+
+#include "base/day.h"
+#include "base/report_error.h"
+#include "base/text.h"
+#include "cli/host_tables.h"
+#include "cli/input_ini.h"
+#include "cli/live_figures.h"
+#include "cli/usage_error.h"
+#include "platform/local_time.h"
+#include "platform/root_folder.h"
+#include "readers/statement_loader.h"
+#include "statement/request_copy.h"
+
+namespace tradebill {
+namespace {
+
+using Setting = std::optional<std::string> ReportOptions::*;
+
+/// A key of the request file and the option of the same meaning.
+struct RequestKey {
+    const char* key;
+    Setting setting;
+};
+
+// clang-format off
+constexpr RequestKey kRequestKeys[] = {
+    {"user",          &ReportOptions::user},
+    {"account",       &ReportOptions::account},
+    {"from",          &ReportOptions::from},
+    {"to",            &ReportOptions::to},
+    {"format",        &ReportOptions::format},
+    {"kind",          &ReportOptions::kind},
+    {"template",      &ReportOptions::templateName},
+    {"dpi",           &ReportOptions::dpi},
+    {"margin_offset", &ReportOptions::marginOffset},
+};
+// clang-format on
+
+/// Fills what `options` leaves open from its request file.
+ReportOptions WithRequestFile(ReportOptions options) {
+    if (!options.requestFile) return options;
+    const InputIni ini = LoadInputIni(*options.requestFile);
+    for (const CIniFile::Entry& entry : RequiredSection(ini, "REQUEST").entries) {
+        const auto* const known = std::ranges::find_if(
+            kRequestKeys, [&](const RequestKey& candidate) { return EqualsIgnoringCase(candidate.key, entry.key); });
+        if (known == std::end(kRequestKeys)) {
+            throw CUsageError(
+                ini.Place(entry.line) +
+                ": expected user, account, from, to, format, kind, template, dpi or margin_offset, found \"" +
+                entry.key + "\"");
+        }
+        auto& setting = options.*known->setting;
+        if (!setting && !entry.value.empty()) setting = entry.value;
+    }
+    return options;
+}
+
+std::string Required(const std::optional<std::string>& setting, const char* option, const char* meaning) {
+    if (!setting || setting->empty()) throw CUsageError(std::string(option) + " is missing: expected " + meaning);
+    return *setting;
+}
+
+std::int32_t NumberOf(const std::string& text, const char* option, std::int32_t least, std::int32_t most) {
+    const auto number = WholeNumber(text);
+    if (!number || *number < least || *number > most) {
+        throw CUsageError(std::string(option) + ": expected a whole number from " + std::to_string(least) + " to " +
+                          std::to_string(most) + ", found \"" + text + "\"");
+    }
+    return *number;
+}
+
+template <std::size_t N>
+void SetText(char (&field)[N], const std::string& text, const char* option) {
+    if (text.size() >= N) {
+        throw CUsageError(std::string(option) + ": expected at most " + std::to_string(N - 1) + " bytes, found " +
+                          std::to_string(text.size()));
+    }
+    CopyField(field, text);
+}
+
+/// A text that becomes part of a path.
+template <std::size_t N>
+void SetName(char (&field)[N], const std::string& text, const char* option) {
+    if (text.find_first_of("/\\") != std::string::npos || text == "." || text == "..") {
+        throw CUsageError(std::string(option) + ": expected a name without path separators, found \"" + text + "\"");
+    }
+    SetText(field, text, option);
+}
+
+std::int32_t KindOf(const ReportOptions& options) {
+    const std::string kind = options.kind.value_or("domestic");
+    if (kind == "domestic") return 1;
+    if (kind == "foreign") return kForeignKind;
+    throw CUsageError("--kind: expected domestic or foreign, found \"" + kind + "\"");
+}
+
+std::int32_t FormatOf(const ReportOptions& options, const GenerateBillRequest& request) {
+    if (!options.format && request.StatementKind == kForeignKind) return 0;  // its statements have one layout
+    const std::string text = Required(options.format, "--format", "0, 1, 2, 3, 6 or 201, the broker's layout");
+    const auto format = WholeNumber(text);
+    const bool served = format && (IsKnownFormat(*format) || request.TemplateName[0] != '\0');
+    if (!served) {
+        throw CUsageError(
+            "--format: expected 0, 1, 2, 3, 6 or 201, or another number together with --template, found \"" + text +
+            "\"");
+    }
+    return *format;
+}
+
+bool OffsetsMargins(const ReportOptions& options) {
+    return NumberOf(options.marginOffset.value_or("0"), "margin_offset", 0, 1) == 1;
+}
+
+CalendarDay DayOf(const std::string& text, const char* option) {
+    try {
+        return LocalDayOf(MidnightOf(ParseDashedDay(text)));
+    } catch (const CReportError&) {
+        throw CUsageError(std::string(option) + ": expected a date from 1970 to 3000 such as 2024-01-31, found \"" +
+                          text + "\"");
+    }
+}
+
+void SetDates(const ReportOptions& options, PreparedRequest& prepared) {
+    const std::string from = options.from.value_or("");
+    const std::string to = options.to.value_or("");
+    SetText(prepared.request.StartDate, from, "--from");
+    SetText(prepared.request.EndDate, to, "--to");
+    CalendarDay last = LocalDayOf(PresentTime());
+    const CalendarDay today = last;
+    if (from.empty() != to.empty()) {
+        prepared.warnings.emplace_back("only one of --from and --to is given: the report covers today alone");
+    }
+    if (!from.empty()) last = DayOf(from, "--from");
+    const CalendarDay first = last;
+    if (!to.empty()) last = DayOf(to, "--to");
+    if (from.empty() || to.empty()) last = today;
+    if (!from.empty() && !to.empty() && first > last) {
+        prepared.warnings.emplace_back("the first day lies after the last: no statement will be read");
+    }
+    if (last == today && !options.liveFile) {
+        prepared.warnings.emplace_back("the report ends today, and without --live its last record is empty");
+    }
+}
+
+/// Root and user folder must be there, and no path may be longer than the module's 259 bytes.
+void CheckFolders(const std::string& root, const GenerateBillRequest& request) {
+    constexpr std::size_t kLongestPath = 259;
+    std::error_code error;
+    if (!std::filesystem::is_directory(root, error)) {
+        throw CUsageError("--root: expected a folder, found none at \"" + root + "\"");
+    }
+    const std::string user = root + "/Users/" + request.UserFolder;
+    if (!std::filesystem::is_directory(user, error)) {
+        throw CUsageError("--user: expected the folder \"" + user + "\"");
+    }
+    const std::string longest = user + "/Data/Bill/DWP" + request.Account + ".20000101o.txt";
+    if (std::max(longest.size(), (user + "/Data/Bill/Image/TradeBill.html").size()) > kLongestPath) {
+        throw CUsageError("--root: expected paths of at most 259 bytes, but the statements' are longer");
+    }
+}
+
+}  // namespace
+
+void DeclareReportOptions(CLI::App& command, ReportOptions& options) {
+    command.add_option("--root", options.root, "Root folder: holds Users, sys and BillTemplate")->type_name("DIR");
+    command.add_option("--user", options.user, "Folder of the user below Users")->type_name("NAME");
+    command.add_option("--account", options.account, "Account number, as in the statements' file names")
+        ->type_name("NO");
+    command.add_option("--from", options.from, "First day, year-month-day (default: today alone)")->type_name("DATE");
+    command.add_option("--to", options.to, "Last day")->type_name("DATE");
+    command.add_option("--format", options.format, "Layout of the broker's statements: 0, 1, 2, 3, 6 or 201")
+        ->type_name("N");
+    command.add_option("--kind", options.kind, "Statement family: domestic (default) or foreign")->type_name("KIND");
+    command.add_option("--template", options.templateName, "Statement template below BillTemplate, without .ini")
+        ->type_name("NAME");
+    command.add_option("--dpi", options.dpi, "Screen resolution (default: 0, no scaling)")->type_name("N");
+    command.add_flag_callback(
+        "--margin-offset", [&options] { options.marginOffset = "1"; },
+        "Net the margin of opposite positions in one chain (sys/chain.ini)");
+    command.add_option("--request", options.requestFile, "INI file with the settings above; options win over it")
+        ->type_name("FILE");
+    command.add_option("--units", options.unitFile, "INI file of contract units: [UNITS], product=unit")
+        ->type_name("FILE");
+    command.add_option("--products", options.productFile, "INI file of product codes: [PRODUCTS], name=code")
+        ->type_name("FILE");
+    command.add_option("--live", options.liveFile, "INI file of today's live figures: [BASE], [CURRENCY1] ...")
+        ->type_name("FILE");
+}
+
+PreparedRequest PrepareRequest(const ReportOptions& given) {
+    const ReportOptions options = WithRequestFile(given);
+    PreparedRequest prepared{ClearedRequest(), {}};
+    GenerateBillRequest& request = prepared.request;
+    const std::string root = Required(options.root, "--root", "the folder that holds Users, sys and BillTemplate");
+    SetName(request.UserFolder, Required(options.user, "--user", "the user's folder below Users"), "--user");
+    SetName(request.Account, Required(options.account, "--account", "the account's number"), "--account");
+    SetName(request.TemplateName, options.templateName.value_or(""), "--template");
+    request.StatementKind = KindOf(options);
+    request.StatementFormat = FormatOf(options, request);
+    request.Dpi = NumberOf(options.dpi.value_or("0"), "--dpi", 0, 1200);
+    request.MarginOffsetFlag = OffsetsMargins(options) ? 1 : 0;
+    SetDates(options, prepared);
+    CheckFolders(root, request);
+    if (options.unitFile) UseUnitFile(*options.unitFile, request);
+    if (options.productFile) UseProductFile(*options.productFile, request);
+    if (options.liveFile) UseLiveFile(*options.liveFile, request);
+    SetRootFolderPath(root);
+    return prepared;
+}
+
+}  // namespace tradebill

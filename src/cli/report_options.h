@@ -1,0 +1,47 @@
+// What a report is asked for: options of the command line, the keys of a request file, and the request made of both.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "driver/report_request.h"
+
+namespace CLI {
+class App;
+}
+
+namespace tradebill {
+
+/// Each as it was given, or nothing.
+struct ReportOptions {
+    std::optional<std::string> root;
+    std::optional<std::string> user;
+    std::optional<std::string> account;
+    std::optional<std::string> from;
+    std::optional<std::string> to;
+    std::optional<std::string> format;
+    std::optional<std::string> kind;
+    std::optional<std::string> templateName;
+    std::optional<std::string> dpi;
+    std::optional<std::string> marginOffset;  ///< "0" or "1"
+    std::optional<std::string> requestFile;
+    std::optional<std::string> unitFile;
+    std::optional<std::string> productFile;
+    std::optional<std::string> liveFile;
+};
+
+/// Declares the options on `command`; they are stored in `options` when the command line is parsed.
+void DeclareReportOptions(CLI::App& command, ReportOptions& options);
+
+/// A request that is ready to run, its root folder set, and what the user should know about it.
+struct PreparedRequest {
+    GenerateBillRequest request;
+    std::vector<std::string> warnings;
+};
+
+/// Checks everything and fills a request. What the command line doesn't say is taken from the request file. Throws
+/// CUsageError.
+[[nodiscard]] PreparedRequest PrepareRequest(const ReportOptions& options);
+
+}  // namespace tradebill
