@@ -22,12 +22,12 @@ struct Utf8Literal {
 };
 
 /// Bytes of the UTF-8 sequence that `lead` opens.
-consteval std::size_t SequenceLength(char lead) {
+constexpr std::size_t SequenceLength(char lead) {
     const auto byte = static_cast<unsigned char>(lead);
     return byte < 0x80 ? 1 : byte < 0xE0 ? 2 : byte < 0xF0 ? 3 : 4;
 }
 
-consteval char32_t CodePointAt(const char* text) {
+constexpr char32_t CodePointAt(const char* text) {
     const std::size_t length = SequenceLength(*text);
     if (length == 1) return static_cast<unsigned char>(*text);
     auto point = static_cast<char32_t>(static_cast<unsigned char>(*text) & (0x7F >> length));
@@ -38,14 +38,14 @@ consteval char32_t CodePointAt(const char* text) {
 }
 
 /// The two GBK bytes of `point`, high byte first. Not a constant expression if the table lacks it.
-consteval std::uint16_t CodeOf(char32_t point) {
+constexpr std::uint16_t CodeOf(char32_t point) {
     const auto* const entry = std::ranges::lower_bound(kGbkTable, point, {}, &GbkTableEntry::point);
     if (entry == std::end(kGbkTable) || entry->point != point) throw "character is not in the GBK table";
     return entry->code;
 }
 
 template <Utf8Literal Literal>
-consteval std::size_t GbkLength() {
+constexpr std::size_t GbkLength() {
     std::size_t length = 0;
     for (const char* at = Literal.text; *at != '\0'; at += SequenceLength(*at)) {
         length += SequenceLength(*at) == 1 ? 1 : 2;
@@ -54,7 +54,7 @@ consteval std::size_t GbkLength() {
 }
 
 template <Utf8Literal Literal>
-consteval auto ToGbk() {
+constexpr auto ToGbk() {
     std::array<char, GbkLength<Literal>() + 1> bytes{};
     std::size_t size = 0;
     for (const char* at = Literal.text; *at != '\0'; at += SequenceLength(*at)) {

@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "base/text.h"
+
 namespace tradebill {
 
 /// Leading white space, a sign and a plain decimal number, as far as they go; what follows is passed over. 0 if there
@@ -16,6 +18,16 @@ namespace tradebill {
 
 /// The whole number at the start of `text`, likewise; held at the end of the 32-bit range.
 [[nodiscard]] std::int32_t ParseInteger(std::string_view text);
+
+/// The number in a record's field.
+template <std::size_t N>
+[[nodiscard]] double AmountIn(const char (&field)[N]) {
+    return ParseAmount(FieldText(field));
+}
+template <std::size_t N>
+[[nodiscard]] std::int32_t IntegerIn(const char (&field)[N]) {
+    return ParseInteger(FieldText(field));
+}
 
 /// Sum and product that wrap at 32 bits, as lots and units do in the terminal.
 [[nodiscard]] constexpr std::int32_t WrapAdd(std::int32_t left, std::int32_t right) {

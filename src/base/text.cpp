@@ -3,8 +3,10 @@
 namespace tradebill {
 namespace {
 
-/// The common case: a delimiter of one byte is found by memchr.
-void SplitAtByte(std::string_view rest, char delimiter, std::vector<std::string_view>& parts) {
+/// `rest` is trimmed, and stays so from part to part. A delimiter of one byte goes as a byte: memchr finds it.
+template <class Delimiter>
+void SplitAt(std::string_view rest, Delimiter delimiter, std::size_t delimiterSize,
+             std::vector<std::string_view>& parts) {
     while (!rest.empty()) {
         const std::size_t at = rest.find(delimiter);
         if (at == std::string_view::npos) {
@@ -12,19 +14,7 @@ void SplitAtByte(std::string_view rest, char delimiter, std::vector<std::string_
             return;
         }
         if (at > 0) parts.push_back(TrimRight(rest.substr(0, at)));
-        rest = TrimLeft(rest.substr(at + 1));
-    }
-}
-
-void SplitAtString(std::string_view rest, std::string_view delimiter, std::vector<std::string_view>& parts) {
-    while (!rest.empty()) {
-        const std::size_t at = rest.find(delimiter);
-        if (at == std::string_view::npos) {
-            parts.push_back(rest);
-            return;
-        }
-        if (at > 0) parts.push_back(TrimRight(rest.substr(0, at)));
-        rest = TrimLeft(rest.substr(at + delimiter.size()));
+        rest = TrimLeft(rest.substr(at + delimiterSize));
     }
 }
 
@@ -37,9 +27,9 @@ std::size_t SplitText(std::string_view text, std::string_view delimiter, std::ve
     if (delimiter.empty()) {
         parts.push_back(trimmed);
     } else if (delimiter.size() == 1) {
-        SplitAtByte(trimmed, delimiter.front(), parts);
+        SplitAt(trimmed, delimiter.front(), 1, parts);
     } else {
-        SplitAtString(trimmed, delimiter, parts);
+        SplitAt(trimmed, delimiter, delimiter.size(), parts);
     }
     return parts.size();
 }

@@ -3,6 +3,7 @@
 
 #include <exception>
 #include <iostream>
+#include <string>
 
 #include "cli/report_command.h"
 #include "cli/usage_error.h"
@@ -25,7 +26,8 @@ int Run(int argc, char** argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? kExitDone : kExitUsage;
+        if (error.get_exit_code() == 0) return app.exit(error);  // --help and --version
+        throw CUsageError(std::string(error.what()) + " (tradebill report --help lists what is expected)");
     }
     return RunReportCommand(report);
 }

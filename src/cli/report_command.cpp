@@ -48,15 +48,32 @@ bool SaveJson(const std::string& path) {
     return !error;
 }
 
+std::string CurrencyText() {
+    const std::size_t currencies = CurrencyMoneyStore.Names.size();
+    return currencies == 0 ? std::string() : ", " + std::to_string(currencies) + " currencies";
+}
+
+std::string DaysText(int days) {
+    return std::to_string(days) + (days == 1 ? " day" : " days");
+}
+
 void ShowSummary(const RunResult& result) {
     std::cout << "Report from " << MoneyStore.StartDateText << " to " << MoneyStore.EndDateText << "\n"
-              << "  statements read   " << result.statementsRead << " (" << result.days - result.statementsRead
-              << " days without a file)\n"
+              << "  statements read   " << result.statementsRead << " ("
+              << DaysText(result.days - result.statementsRead) << " without a file)\n"
               << "  records           " << MoneyStore.Count() << " money, " << MatchStore.Count() << " trades, "
               << PingDetailStore.Count() << " closed, " << OpiDetailStore.Count() << " positions, "
-              << OpiSumStore.Count() << " position sums\n"
+              << OpiSumStore.Count() << " position sums" << CurrencyText() << "\n"
               << "  closing equity    " << CNumberText(MoneyStore.ClosingEquity).View() << "\n"
               << "  page              " << result.pagePath << "\n";
+}
+
+void WarnOfEmptyReport(const RunResult& result) {
+    if (result.statementsRead == 0) {
+        Warn("no statement was found in the whole range");
+    } else if (MoneyStore.Count() + MatchStore.Count() + OpiDetailStore.Count() == 0) {
+        Warn("nothing was recognised in " + std::to_string(result.statementsRead) + " statements: is --format right?");
+    }
 }
 
 int Fail(const std::string& text) {
@@ -89,7 +106,7 @@ int RunReportCommand(const ReportCommand& command) {
     } catch (const CReportError& error) {
         return Fail("the run failed with code " + CodeText(error.Code()) + ": " + error.what());
     }
-    if (result.statementsRead == 0) Warn("no statement was found in the whole range");
+    WarnOfEmptyReport(result);
     if (command.jsonFile && !SaveJson(*command.jsonFile)) return Fail("can't write " + *command.jsonFile);
     if (!result.pageWritten) return Fail("can't write the page " + result.pagePath);
     if (!command.quiet) ShowSummary(result);

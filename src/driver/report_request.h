@@ -1,7 +1,8 @@
 /* tradebill: the public face of the module.
  *
- * A host fills a GenerateBillRequest and calls GenerateBill, which blocks until the page TradeBill.html is written. Then the
- * results stay in memory until the next call. One run at a time: the module's state is static. Plain C99, also read by C++.
+ * A host fills a GenerateBillRequest and calls GenerateBill, which blocks until the page TradeBill.html is written.
+ * Then the results stay in memory until the next call. One run at a time: the module's state is static. Plain C99, also
+ * read by C++.
  */
 #ifndef TRADEBILL_REPORT_REQUEST_H
 #define TRADEBILL_REPORT_REQUEST_H
@@ -37,8 +38,8 @@ typedef struct ChartSizeReport {
     int32_t MoneyRecordCount;
 } ChartSizeReport;
 
-/* The unit (multiplier) of a contract. The three texts are zero-terminated GBK, valid during the call; contract and delivery
- * are cut to 63 bytes. Called while a lock of the module is held: it mustn't wait for another GenerateBill. */
+/* The unit (multiplier) of a contract. The three texts are zero-terminated GBK, valid during the call; contract and
+ * delivery are cut to 63 bytes. Called while a lock of the module is held: it mustn't wait for another GenerateBill. */
 typedef int32_t (*ContractUnitFunction)(const char* account, const char* contract, const char* delivery);
 
 /* Receives the chart sizes once per run, while the page is still growing. The report is valid during the call. */
@@ -50,7 +51,8 @@ typedef int32_t (*ProductNameFunction)(const char* name, char* code);
 
 enum { kCurrencyMoneyCapacity = 100 };
 
-/* One report. All texts are zero-terminated. The record is copied at the start of GenerateBill and not looked at again. */
+/* One report. All texts are zero-terminated. The record is copied at the start of GenerateBill, and not read again. */
+/* clang-format off */
 typedef struct GenerateBillRequest {
     HostWindowHandle HostWindow;               /* told at the end of the run; null: nobody is told, and no chart sizes */
     int32_t Dpi;                               /* screen resolution; 0: no scaling */
@@ -72,20 +74,24 @@ typedef struct GenerateBillRequest {
     MoneyRecord CurrencyMoney[kCurrencyMoneyCapacity]; /* live figures per further currency (foreign family) */
     int32_t CurrencyCount;                     /* entries of CurrencyMoney in use, held to 0..100 */
 } GenerateBillRequest;
+/* clang-format on */
 
-/* Makes the report: reads the statements, fills the stores, writes the page, and as its last act sends HostWindow the message
- * NotifyMessage with wParam 4 and lParam 0. What is missing is passed over. A date out of bounds leaves as an error: on Linux
- * as the C++ exception tradebill::CReportError, 0x80004005 for bad numbers, 0x80070057 for a day that has no time value. */
+/* Makes the report: reads the statements, fills the stores, writes the page, and as its last act sends HostWindow the
+ * message NotifyMessage with wParam 4 and lParam 0. What is missing is passed over. A date out of bounds leaves as an
+ * error: on Linux as the C++ exception tradebill::CReportError, 0x80004005 for bad numbers, 0x80070057 for a day that
+ * has no time value. */
 TRADEBILL_API void GenerateBill(const GenerateBillRequest* request);
 
 /* GenerateBill for hosts whose language can't catch: returns 0, or the error's code. */
 TRADEBILL_API uint32_t TryGenerateBill(const GenerateBillRequest* request);
 
-/* The folder that holds "Users", "sys" and "BillTemplate"; at most 259 bytes, copied. Default: the executable's folder. */
+/* The folder that holds "Users", "sys" and "BillTemplate"; at most 259 bytes, copied.
+ * Default: the executable's folder. */
 TRADEBILL_API void SetRootFolder(const char* path);
 
 #if !defined(_WIN32)
-/* Stand-ins for the windows and events of a Windows host. Objects belong to the caller, who destroys them after the run. */
+/* Stand-ins for the windows and events of a Windows host. Objects belong to the caller, who destroys them after the
+ * run. */
 
 /* Receives what is sent to a window, on the thread that runs GenerateBill. */
 typedef void (*HostWindowFunction)(void* context, uint32_t message, uint64_t wParam, int64_t lParam);
@@ -93,7 +99,8 @@ typedef void (*HostWindowFunction)(void* context, uint32_t message, uint64_t wPa
 TRADEBILL_API HostWindowHandle CreateHostWindow(HostWindowFunction function, void* context);
 TRADEBILL_API void DestroyHostWindow(HostWindowHandle window); /* null is allowed */
 
-/* A manual-reset event stays signalled until reset; an auto-reset one until one wait has seen it. Unsignalled at first. */
+/* A manual-reset event stays signalled until reset; an auto-reset one until one wait has seen it. Unsignalled at first.
+ */
 TRADEBILL_API HostEventHandle CreateHostEvent(int32_t manualReset);
 TRADEBILL_API void SignalHostEvent(HostEventHandle event);
 TRADEBILL_API void ResetHostEvent(HostEventHandle event);

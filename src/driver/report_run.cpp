@@ -24,19 +24,6 @@ namespace {
 
 constexpr std::uint64_t kReportFinished = 4;  // the only wParam that is ever sent
 
-void ClearAll() {
-    AccountStatistics.Clear();
-    MoneyStore.Clear();
-    CurrencyMoneyStore.Clear();
-    MatchStore.Clear();
-    OpiSumStore.Clear();
-    OpiDetailStore.Clear();
-    PingDetailStore.Clear();
-    ReportDocument.ClearOffsets();
-    TradeStatistics.Clear();
-    ChainTable.Clear();
-}
-
 /// The start date is checked in full before the end date is looked at, and neither counts without the other.
 void SetReportDays() {
     ReportDays.first = ReportDays.last = PresentTime();
@@ -107,9 +94,22 @@ void NotifyHost() {
 
 }  // namespace
 
+void ClearResults() {
+    AccountStatistics.Clear();
+    MoneyStore.Clear();
+    CurrencyMoneyStore.Clear();
+    MatchStore.Clear();
+    OpiSumStore.Clear();
+    OpiDetailStore.Clear();
+    PingDetailStore.Clear();
+    ReportDocument.ClearOffsets();
+    TradeStatistics.Clear();
+    ChainTable.Clear();
+}
+
 RunResult RunReport(const GenerateBillRequest& request, CRunWatcher* watcher) {
     RunResult result;
-    ClearAll();
+    ClearResults();
     ChainTable.Load();  // before the copy: the chain file follows the kind of the call before this one
     CopyRequest(request);
     SetReportDays();

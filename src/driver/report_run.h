@@ -34,6 +34,9 @@ public:
     virtual void OnStage(std::string_view stage) = 0;                     ///< in English: "statistics", "page"
 };
 
+/// Empties stores, statistics and chains, as at the start of a run.
+void ClearResults();
+
 /// Makes the report. Throws CReportError; the stores are empty then. `watcher` may be null.
 RunResult RunReport(const GenerateBillRequest& request, CRunWatcher* watcher);
 

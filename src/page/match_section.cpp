@@ -143,10 +143,10 @@ public:
         }
         table.AddRow(std::span(cells).first(columns_.size()), band);
         table.AddDashRow(band);
-        lots_ = WrapAdd(lots_, ParseInteger(FieldText(row.MATCH_VOL)));
-        turnover_ += ParseAmount(FieldText(row.TURNOVER));
+        lots_ = WrapAdd(lots_, IntegerIn(row.MATCH_VOL));
+        turnover_ += AmountIn(row.TURNOVER);
         profit_ += profit;
-        fees_ += ParseAmount(FieldText(row.POUNDAGE));
+        fees_ += AmountIn(row.POUNDAGE);
     }
 
     void WriteSubtotal(CTableWriter& table, std::string_view band) const {

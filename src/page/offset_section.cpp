@@ -83,9 +83,9 @@ std::int32_t UnitOf(const PingDetail& row) {
 }
 
 double ProfitOf(const PingDetail& row, std::int32_t unit) {
-    const double openPrice = ParseAmount(FieldText(row.OPEN_PRICE));
-    const double closePrice = ParseAmount(FieldText(row.MATCH_PRICE));
-    const std::int32_t quantity = WrapMultiply(ParseInteger(FieldText(row.MATCH_VOL)), unit);
+    const double openPrice = AmountIn(row.OPEN_PRICE);
+    const double closePrice = AmountIn(row.MATCH_PRICE);
+    const std::int32_t quantity = WrapMultiply(IntegerIn(row.MATCH_VOL), unit);
     const double profit = (IsClosedByBuying(row) ? openPrice - closePrice : closePrice - openPrice) * quantity;
     return profit == 0 ? 0 : profit;  // never "-0.00"
 }
@@ -120,7 +120,7 @@ bool AddOffsetSection(CHtmlBuilder& page) {
         WriteClosingRow(table, *row, rowProfit, BandClass(counter + 2));
         table.AddDashRow({});
         profit += rowProfit;
-        fees += ParseAmount(FieldText(row->POUNDAGE));
+        fees += AmountIn(row->POUNDAGE);
         counter += 2;
     }
     const CNumberText profitText(profit);

@@ -31,8 +31,8 @@ void CPageScan::CheckTags(std::string_view text) {
     }
 }
 
-void CPageScan::CheckLineEnds(std::string_view text) {
-    for (std::size_t at = text.find('\n'); at != std::string_view::npos; at = text.find('\n', at + 1)) {
+void CPageScan::CheckLineEnds(std::string_view text, std::size_t from) {
+    for (std::size_t at = text.find('\n', from); at != std::string_view::npos; at = text.find('\n', at + 1)) {
         const bool afterReturn = at > 0 && text[at - 1] == '\r';
         const bool afterTwo = at > 1 && text[at - 2] == '\r';
         if (!afterReturn || afterTwo) isPlain_ = false;
@@ -40,16 +40,12 @@ void CPageScan::CheckLineEnds(std::string_view text) {
 }
 
 void CPageScan::Feed(std::string_view text) {
-    if (text.empty()) return;
     const std::string joint = tail_ + std::string(text.substr(0, kTailLength));
     CheckTags(joint);
-    CheckLineEnds(joint);
-    if (text.size() > kTailLength) {
-        CheckTags(text);
-        CheckLineEnds(text.substr(2));  // its first line ends were seen in the joint
-    }
-    const std::string_view last = text.substr(text.size() - std::min(text.size(), kTailLength));
-    tail_ += last;
+    CheckLineEnds(joint, tail_.size());
+    CheckTags(text);
+    CheckLineEnds(text, kTailLength);
+    tail_ += text.substr(text.size() - std::min(text.size(), kTailLength));
     tail_.erase(0, tail_.size() - std::min(tail_.size(), kTailLength));
 }
 

@@ -1,6 +1,7 @@
 // Looks through what is appended to a page for anything that a full pass over the page would change.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -17,12 +18,12 @@ public:
     void Feed(std::string_view text);
 
     /// No wrapper tag, no </head>, and no line end but "\r\n" so far: a full pass would keep every byte of it.
-    [[nodiscard]] bool IsPlain() const { return isPlain_; }
+    [[nodiscard]] bool IsPlain() const { return isPlain_ && !tail_.ends_with('\r'); }
     [[nodiscard]] bool EndsInLine() const { return !tail_.empty() && tail_.back() != '\n'; }
 
 private:
     void CheckTags(std::string_view text);
-    void CheckLineEnds(std::string_view text);
+    void CheckLineEnds(std::string_view text, std::size_t from);
 
     bool isPlain_ = true;
     std::string tail_;  // the last few bytes, where a tag or line end may have begun

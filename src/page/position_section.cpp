@@ -65,11 +65,6 @@ constexpr Heading kForeignHeadings[] = {
 
 constexpr std::size_t kProfitColumn = 6;  // in all three layouts
 
-template <std::size_t N>
-double Amount(const char (&field)[N]) {
-    return ParseAmount(FieldText(field));
-}
-
 /// Plain cells, with the profit's column in the class of its sign.
 template <std::size_t N>
 std::array<Cell, N> Cells(const std::array<std::string_view, N>& texts, const CellClasses& classes, double profit) {
@@ -102,7 +97,7 @@ bool AddSummaryTable(CHtmlBuilder& page) {
     double margin = 0;
     for (const auto& row : OpiSumStore.Rows) {
         if (table.StopRequested()) return false;
-        const double rowProfit = Amount(row->DSYK);
+        const double rowProfit = AmountIn(row->DSYK);
         const std::array<std::string_view, 8> texts{TrimForPage(FieldText(row->CONTRACT)),
                                                     FieldText(row->POSITION_VOL),
                                                     FieldText(row->BID),
@@ -114,7 +109,7 @@ bool AddSummaryTable(CHtmlBuilder& page) {
         table.AddRow(Cells(texts, kSection.classes, rowProfit), BandClass(++counter));
         table.AddDashRow({});
         profit += rowProfit;
-        margin += Amount(row->DEPOSIT);
+        margin += AmountIn(row->DEPOSIT);
     }
     const CNumberText profitText(profit);
     const CNumberText marginText(margin);
@@ -152,12 +147,12 @@ public:
                                                      FieldText(row.DSYK),
                                                      FieldText(row.DEPOSIT),
                                                      FieldText(row.HEDGE)};
-        const double profit = Amount(row.DSYK);
+        const double profit = AmountIn(row.DSYK);
         table.AddRow(PlainCells(first, kSection.classes), band);
         table.AddRow(Cells(second, kSection.classes, profit), band);
         table.AddDashRow(band);
         profit_ += profit;
-        margin_ += Amount(row.DEPOSIT);
+        margin_ += AmountIn(row.DEPOSIT);
     }
 
     void WriteSubtotal(CTableWriter& table, std::string_view band) const {
@@ -196,7 +191,7 @@ public:
                                                     " "};
         const std::array<std::string_view, 8> second{
             " ", " ", " ", FieldText(row.BILL_DATE), " ", " ", FieldText(row.FLOATPL), FieldText(row.CURRENCY)};
-        const double profit = Amount(row.FLOATPL);
+        const double profit = AmountIn(row.FLOATPL);
         table.AddRow(PlainCells(first, kSection.classes), band);
         table.AddRow(Cells(second, kSection.classes, profit), band);
         table.AddDashRow(band);

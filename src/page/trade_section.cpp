@@ -8,6 +8,7 @@
 #include "base/number.h"
 #include "page/page_sections.h"
 #include "page/table_section.h"
+#include "statement/offset_sides.h"
 #include "statement/report_document.h"
 #include "statement/request_copy.h"
 
@@ -132,24 +133,15 @@ struct SideResult {
     double maxLoss;
 };
 
-SideResult LongOf(const ContractOffset& offset) {
-    return {.name = "多头"_gbk,
-            .nameClass = kSection.classes.bid,
-            .all = {offset.LONG_COUNT, offset.LONG_VOL, offset.LONG_WIN_PL + offset.LONG_LOSE_PL},
-            .wins = {offset.LONG_WIN_COUNT, offset.LONG_WIN_VOL, offset.LONG_WIN_PL},
-            .losses = {offset.LONG_LOSE_COUNT, offset.LONG_LOSE_VOL, offset.LONG_LOSE_PL},
-            .maxWin = offset.LONG_MAX_WIN,
-            .maxLoss = offset.LONG_MAX_LOSS};
-}
-
-SideResult ShortOf(const ContractOffset& offset) {
-    return {.name = "空头"_gbk,
-            .nameClass = kSection.classes.ask,
-            .all = {offset.SHORT_COUNT, offset.SHORT_VOL, offset.SHORT_WIN_PL + offset.SHORT_LOSE_PL},
-            .wins = {offset.SHORT_WIN_COUNT, offset.SHORT_WIN_VOL, offset.SHORT_WIN_PL},
-            .losses = {offset.SHORT_LOSE_COUNT, offset.SHORT_LOSE_VOL, offset.SHORT_LOSE_PL},
-            .maxWin = offset.SHORT_MAX_WIN,
-            .maxLoss = offset.SHORT_MAX_LOSS};
+SideResult SideOf(const ContractOffset& offset, const OffsetSide& side) {
+    const bool isLong = &side == &kLongSide;
+    return {.name = isLong ? "多头"_gbk : "空头"_gbk,
+            .nameClass = isLong ? kSection.classes.bid : kSection.classes.ask,
+            .all = {offset.*side.count, offset.*side.lots, offset.*side.winPL + offset.*side.losePL},
+            .wins = {offset.*side.winCount, offset.*side.winLots, offset.*side.winPL},
+            .losses = {offset.*side.loseCount, offset.*side.loseLots, offset.*side.losePL},
+            .maxWin = offset.*side.maxWin,
+            .maxLoss = offset.*side.maxLoss};
 }
 
 void WriteResultRow(CTradeRows& rows, std::string_view name, std::string_view nameClass, std::string_view outcome,
@@ -180,8 +172,8 @@ Result WriteContract(CTradeRows& rows, const ContractOffset& offset) {
     const CResultTexts texts(all);
     const auto [count, lots, profit, perTrade, perLot] = texts.Views();
     rows.Add({contract.View(), "", "", count, lots, profit, perTrade, perLot});
-    WriteSide(rows, LongOf(offset));
-    WriteSide(rows, ShortOf(offset));
+    WriteSide(rows, SideOf(offset, kLongSide));
+    WriteSide(rows, SideOf(offset, kShortSide));
     return all;
 }
 
@@ -192,7 +184,7 @@ void WriteForeignOutcome(CTradeRows& rows, std::string_view outcome, const Resul
 }
 
 Result WriteForeignContract(CTradeRows& rows, const ContractOffset& offset) {
-    const SideResult side = LongOf(offset);
+    const SideResult side = SideOf(offset, kLongSide);
     const CContractText contract(offset.CONTRACT, "");
     const CResultTexts texts(side.all);
     const auto [count, lots, profit, perTrade, perLot] = texts.Views();

@@ -1,5 +1,6 @@
 #include "readers/fixed_layout.h"
 #include "readers/fixed_readers.h"
+#include "readers/fund_columns.h"
 
 namespace tradebill {
 namespace {
@@ -15,21 +16,6 @@ constexpr MoneyLabel kLabels[] = {
     {Slot<&MoneyRecord::QMJC>,   LabelMatch::Contains, "当日结存"_gbk},
     {Slot<&MoneyRecord::PCYK>,   LabelMatch::Contains, "盯市平仓盈亏"_gbk},
     {Slot<&MoneyRecord::CCDSYK>, LabelMatch::Contains, "持仓盯市盈亏"_gbk},
-};
-
-constexpr Column<MatchRecord> kTradeColumns[] = {
-    {Slot<&MatchRecord::MATCH_DATE>,   0},
-    {Slot<&MatchRecord::EXCH_NAME>,    1},
-    {Slot<&MatchRecord::CONTRACT>,     2},
-    {Slot<&MatchRecord::DELIVERY>,     3},
-    {Slot<&MatchRecord::BID>,          4},
-    {Slot<&MatchRecord::OFFSET>,       5},
-    {Slot<&MatchRecord::MATCH_PRICE>,  6},
-    {Slot<&MatchRecord::MATCH_VOL>,    7},
-    {Slot<&MatchRecord::TURNOVER>,     8},
-    {Slot<&MatchRecord::POUNDAGE>,     9},
-    {Slot<&MatchRecord::OFFSETPL>,    10},
-    {Slot<&MatchRecord::HEDGE>,       11},
 };
 
 constexpr Column<PingDetail> kClosedColumns[] = {
@@ -48,21 +34,6 @@ constexpr Column<PingDetail> kClosedColumns[] = {
     {Slot<&PingDetail::OFFSETPL>,     12},
 };
 
-constexpr Column<OpiDetail> kOpenColumns[] = {
-    {Slot<&OpiDetail::EXCH_NAME>,      0},
-    {Slot<&OpiDetail::CONTRACT>,       1},
-    {Slot<&OpiDetail::DELIVERY>,       2},
-    {Slot<&OpiDetail::OPEN_DATE>,      3},
-    {Slot<&OpiDetail::BID>,            4},
-    {Slot<&OpiDetail::HEDGE>,          5},
-    {Slot<&OpiDetail::POSITION_VOL>,   6},
-    {Slot<&OpiDetail::OPEN_PRICE>,     7},
-    {Slot<&OpiDetail::YSETTLE_PRICE>,  8},
-    {Slot<&OpiDetail::SETTLE_PRICE>,   9},
-    {Slot<&OpiDetail::FLOATPL>,       10},
-    {Slot<&OpiDetail::DSYK>,          11},
-    {Slot<&OpiDetail::DEPOSIT>,       12},
-};
 // clang-format on
 
 constexpr FixedLayout kLayout{
@@ -70,13 +41,13 @@ constexpr FixedLayout kLayout{
     .money = {.title = "资金类别"_gbk, .terminator = "---------", .terminatorOffset = 2, .firstRow = 2},
     .labels = kLabels,
     .premium = {.income = "权利金收入"_gbk, .payment = "权利金支出"_gbk},
-    .trades = {{.title = "成交记录"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 12}, kTradeColumns},
+    .trades = {{.title = "成交记录"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 12}, kFundTradeColumns},
     .closed = {{.title = "平仓明细"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 13}, kClosedColumns},
-    .open = {{.title = "持仓明细"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 13}, kOpenColumns},
+    .open = {{.title = "持仓明细"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 13}, kFundOpenColumns},
 };
-static_assert(LastColumn(kTradeColumns) < kLayout.trades.section.minColumns);
+static_assert(LastColumn(kFundTradeColumns) < kLayout.trades.section.minColumns);
 static_assert(LastColumn(kClosedColumns) < kLayout.closed.section.minColumns);
-static_assert(LastColumn(kOpenColumns) < kLayout.open.section.minColumns);
+static_assert(LastColumn(kFundOpenColumns) < kLayout.open.section.minColumns);
 
 }  // namespace
 

@@ -1,5 +1,6 @@
 #include "readers/fixed_layout.h"
 #include "readers/fixed_readers.h"
+#include "readers/fund_columns.h"
 
 namespace tradebill {
 namespace {
@@ -17,21 +18,6 @@ constexpr MoneyLabel kLabels[] = {
     {Slot<&MoneyRecord::CCDSYK>, LabelMatch::Contains, "持仓盯市盈亏"_gbk},
 };
 
-constexpr Column<MatchRecord> kTradeColumns[] = {
-    {Slot<&MatchRecord::MATCH_DATE>,   0},
-    {Slot<&MatchRecord::EXCH_NAME>,    1},
-    {Slot<&MatchRecord::CONTRACT>,     2},
-    {Slot<&MatchRecord::DELIVERY>,     3},
-    {Slot<&MatchRecord::BID>,          4},
-    {Slot<&MatchRecord::OFFSET>,       5},
-    {Slot<&MatchRecord::MATCH_PRICE>,  6},
-    {Slot<&MatchRecord::MATCH_VOL>,    7},
-    {Slot<&MatchRecord::TURNOVER>,     8},
-    {Slot<&MatchRecord::POUNDAGE>,     9},
-    {Slot<&MatchRecord::OFFSETPL>,    10},
-    {Slot<&MatchRecord::HEDGE>,       11},
-};
-
 constexpr Column<PingDetail> kClosedColumns[] = {
     {Slot<&PingDetail::MATCH_DATE>,    0},
     {Slot<&PingDetail::EXCH_NAME>,     1},
@@ -44,22 +30,6 @@ constexpr Column<PingDetail> kClosedColumns[] = {
     {Slot<&PingDetail::MATCH_VOL>,     9},
     {Slot<&PingDetail::SETTLE_PRICE>, 10},
     {Slot<&PingDetail::OFFSETPL>,     11},
-};
-
-constexpr Column<OpiDetail> kOpenColumns[] = {
-    {Slot<&OpiDetail::EXCH_NAME>,      0},
-    {Slot<&OpiDetail::CONTRACT>,       1},
-    {Slot<&OpiDetail::DELIVERY>,       2},
-    {Slot<&OpiDetail::OPEN_DATE>,      3},
-    {Slot<&OpiDetail::BID>,            4},
-    {Slot<&OpiDetail::HEDGE>,          5},
-    {Slot<&OpiDetail::POSITION_VOL>,   6},
-    {Slot<&OpiDetail::OPEN_PRICE>,     7},
-    {Slot<&OpiDetail::YSETTLE_PRICE>,  8},
-    {Slot<&OpiDetail::SETTLE_PRICE>,   9},
-    {Slot<&OpiDetail::FLOATPL>,       10},
-    {Slot<&OpiDetail::DSYK>,          11},
-    {Slot<&OpiDetail::DEPOSIT>,       12},
 };
 
 constexpr Column<OpiSum> kBuyColumns[] = {
@@ -98,16 +68,16 @@ constexpr FixedLayout kLayout{
     .dateWord = "日  期:"_gbk,
     .money = {.title = "资金状况"_gbk, .terminator = "---------", .terminatorOffset = 2, .firstRow = 2},
     .labels = kLabels,
-    .trades = {{.title = "成交记录"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 12}, kTradeColumns},
+    .trades = {{.title = "成交记录"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 12}, kFundTradeColumns},
     .closed = {{.title = "平仓明细"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 12}, kClosedColumns},
-    .open = {{.title = "持仓明细"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 13}, kOpenColumns},
+    .open = {{.title = "持仓明细"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 13}, kFundOpenColumns},
     .summary =
         {.title = "持仓汇总"_gbk, .terminator = "共"_gbk, .terminatorOffset = 2, .firstRow = 3, .minColumns = 13},
     .summarySides = kSummarySides,
 };
-static_assert(LastColumn(kTradeColumns) < kLayout.trades.section.minColumns);
+static_assert(LastColumn(kFundTradeColumns) < kLayout.trades.section.minColumns);
 static_assert(LastColumn(kClosedColumns) < kLayout.closed.section.minColumns);
-static_assert(LastColumn(kOpenColumns) < kLayout.open.section.minColumns);
+static_assert(LastColumn(kFundOpenColumns) < kLayout.open.section.minColumns);
 static_assert(LastColumn(kBuyColumns) < kLayout.summary.minColumns);
 static_assert(LastColumn(kSellColumns) < kLayout.summary.minColumns);
 

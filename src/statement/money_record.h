@@ -1,11 +1,12 @@
 /* One day's account figures, as a statement or the host spells them.
  *
- * The layout is an interface: hosts pass this record in memory, so order and widths are fixed to the byte. Every text is
- * zero-terminated GBK; amounts are decimal texts, and an empty or unreadable one counts as 0. Plain C99.
+ * The layout is an interface: hosts pass this record in memory, so order and widths are fixed to the byte. Every text
+ * is zero-terminated GBK; amounts are decimal texts, and an empty or unreadable one counts as 0. Plain C99.
  */
 #ifndef TRADEBILL_MONEY_RECORD_H
 #define TRADEBILL_MONEY_RECORD_H
 
+/* clang-format off */
 typedef struct MoneyRecord {
     char BILL_DATE[9];             /* statement day, yyyymmdd */
     char QCQY[16];                 /* opening balance */
@@ -35,5 +36,6 @@ typedef struct MoneyRecord {
     char SPARE_MONEY_8[16];
     double EXCHANGE_RATE;          /* units of this currency per unit of base currency; amounts are divided by it */
 } MoneyRecord;
+/* clang-format on */
 
 #endif

@@ -20,14 +20,9 @@ std::string KeyOf(std::string_view day) {
     return std::string(day.substr(0, kKeyLength));
 }
 
-template <std::size_t N>
-double Amount(const char (&field)[N]) {
-    return ParseAmount(FieldText(field));
-}
-
 /// Formats 2 and 6 print margin and free funds, but no equity.
 void FillEquity(MoneyRecord& record) {
-    CopyField(record.KHQY, CNumberText(Amount(record.BZJZY) + Amount(record.KYZJ)).View());
+    CopyField(record.KHQY, CNumberText(AmountIn(record.BZJZY) + AmountIn(record.KYZJ)).View());
 }
 
 void Lower(double& bound, double value) {
@@ -55,23 +50,23 @@ bool CMoneyStore::Add(std::unique_ptr<MoneyRecord> record, MoneySource source) {
 
 void CMoneyStore::TakeFirst(const MoneyRecord& record, MoneySource source) {
     const double rate = record.EXCHANGE_RATE;
-    MinEquity = MaxEquity = Amount(record.KHQY) / rate;
-    MinDayPL = MaxDayPL = Amount(record.PCYK) / rate;
-    OpeningEquity = Amount(record.QCQY) / rate;
-    ClosingEquity = Amount(record.QMJC) / rate;
-    TotalClosedPL = Amount(record.PCYK) / rate;
-    TotalPositionPL = Amount(record.CCDSYK) / rate;
-    LastHostCurrent = Amount(record.HOST_CURRENT) / rate;
-    TotalCashFlow = FirstCashFlow = Amount(record.CRJ) / rate;
-    Available = Amount(record.KYZJ) / rate;
-    TotalFees = std::fabs(Amount(record.SXF) / rate) + std::fabs(Amount(record.XQSXF)) / rate;
-    TotalPremium = Amount(record.QLJSZ) / rate;
+    MinEquity = MaxEquity = AmountIn(record.KHQY) / rate;
+    MinDayPL = MaxDayPL = AmountIn(record.PCYK) / rate;
+    OpeningEquity = AmountIn(record.QCQY) / rate;
+    ClosingEquity = AmountIn(record.QMJC) / rate;
+    TotalClosedPL = AmountIn(record.PCYK) / rate;
+    TotalPositionPL = AmountIn(record.CCDSYK) / rate;
+    LastHostCurrent = AmountIn(record.HOST_CURRENT) / rate;
+    TotalCashFlow = FirstCashFlow = AmountIn(record.CRJ) / rate;
+    Available = AmountIn(record.KYZJ) / rate;
+    TotalFees = std::fabs(AmountIn(record.SXF) / rate) + std::fabs(AmountIn(record.XQSXF)) / rate;
+    TotalPremium = AmountIn(record.QLJSZ) / rate;
     if (source == MoneySource::Live) {
-        FrozenA = Amount(record.HOST_FROZEN_A) / rate;
-        FrozenB = Amount(record.HOST_FROZEN_B) / rate;
-        HostPositionPL = Amount(record.HOST_POSITION_PL) / rate;
-        PositionMargin = Amount(record.HOST_POSITION_MARGIN) / rate;
-        TotalPositionPL = Amount(record.HOST_POSITION_PL) / rate;
+        FrozenA = AmountIn(record.HOST_FROZEN_A) / rate;
+        FrozenB = AmountIn(record.HOST_FROZEN_B) / rate;
+        HostPositionPL = AmountIn(record.HOST_POSITION_PL) / rate;
+        PositionMargin = AmountIn(record.HOST_POSITION_MARGIN) / rate;
+        TotalPositionPL = AmountIn(record.HOST_POSITION_PL) / rate;
     } else {
         PositionMargin = ClosingEquity - Available;
     }
@@ -79,27 +74,27 @@ void CMoneyStore::TakeFirst(const MoneyRecord& record, MoneySource source) {
 
 void CMoneyStore::TakeLater(const MoneyRecord& record, MoneySource source) {
     const double rate = record.EXCHANGE_RATE;
-    const double equity = Amount(record.KHQY) / rate;
-    const double dayPL = Amount(record.PCYK) / rate;
+    const double equity = AmountIn(record.KHQY) / rate;
+    const double dayPL = AmountIn(record.PCYK) / rate;
     Lower(MinEquity, equity);
     Raise(MaxEquity, equity);
     Lower(MinDayPL, dayPL);
     Raise(MaxDayPL, dayPL);
-    ClosingEquity = Amount(record.QMJC) / rate;
-    Available = Amount(record.KYZJ) / rate;
-    LastHostCurrent = Amount(record.HOST_CURRENT) / rate;
+    ClosingEquity = AmountIn(record.QMJC) / rate;
+    Available = AmountIn(record.KYZJ) / rate;
+    LastHostCurrent = AmountIn(record.HOST_CURRENT) / rate;
     TotalClosedPL += dayPL;
-    TotalPositionPL += Amount(record.CCDSYK) / rate;
-    TotalCashFlow += Amount(record.CRJ) / rate;
-    TotalFees += std::fabs(Amount(record.SXF)) / rate;
-    TotalFees += std::fabs(Amount(record.XQSXF)) / rate;
-    TotalPremium += Amount(record.QLJSZ);  // not divided, unlike the first record's
+    TotalPositionPL += AmountIn(record.CCDSYK) / rate;
+    TotalCashFlow += AmountIn(record.CRJ) / rate;
+    TotalFees += std::fabs(AmountIn(record.SXF)) / rate;
+    TotalFees += std::fabs(AmountIn(record.XQSXF)) / rate;
+    TotalPremium += AmountIn(record.QLJSZ);  // not divided, unlike the first record's
     if (source == MoneySource::Live) {
-        FrozenA += Amount(record.HOST_FROZEN_A) / rate;
-        FrozenB += Amount(record.HOST_FROZEN_B) / rate;
-        HostPositionPL += Amount(record.HOST_POSITION_PL) / rate;
-        TotalPositionPL += Amount(record.HOST_POSITION_PL) / rate;
-        PositionMargin = Amount(record.HOST_POSITION_MARGIN) / rate;
+        FrozenA += AmountIn(record.HOST_FROZEN_A) / rate;
+        FrozenB += AmountIn(record.HOST_FROZEN_B) / rate;
+        HostPositionPL += AmountIn(record.HOST_POSITION_PL) / rate;
+        TotalPositionPL += AmountIn(record.HOST_POSITION_PL) / rate;
+        PositionMargin = AmountIn(record.HOST_POSITION_MARGIN) / rate;
     } else {
         PositionMargin = ClosingEquity - Available;
     }
@@ -131,7 +126,7 @@ void CMoneyStore::SetDayClosedPL(std::string_view day, std::string_view value) {
     if (record == nullptr) return;
     CopyField(record->PCYK, value);
     MoneyStore.TotalClosedPL += ParseAmount(value);
-    const double dayPL = Amount(record->PCYK) / record->EXCHANGE_RATE;
+    const double dayPL = AmountIn(record->PCYK) / record->EXCHANGE_RATE;
     Lower(MoneyStore.MinDayPL, dayPL);
     Raise(MoneyStore.MaxDayPL, dayPL);
 }

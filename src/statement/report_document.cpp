@@ -7,6 +7,7 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "statement/account_statistics.h"
+#include "statement/offset_sides.h"
 #include "statement/request_copy.h"
 
 namespace tradebill {
@@ -16,49 +17,6 @@ CReportDocument ReportDocument;
 namespace {
 
 using std::int32_t;
-
-/// The fields of one side of a ContractOffset.
-struct SideFields {
-    int32_t ContractOffset::*lots;
-    double ContractOffset::*pl;
-    int32_t ContractOffset::*count;
-    int32_t ContractOffset::*winCount;
-    int32_t ContractOffset::*winLots;
-    double ContractOffset::*winPL;
-    int32_t ContractOffset::*loseCount;
-    int32_t ContractOffset::*loseLots;
-    double ContractOffset::*losePL;
-    double ContractOffset::*maxWin;
-    double ContractOffset::*maxLoss;
-};
-
-constexpr SideFields kLong{
-    .lots = &ContractOffset::LONG_VOL,
-    .pl = &ContractOffset::LONG_PL,
-    .count = &ContractOffset::LONG_COUNT,
-    .winCount = &ContractOffset::LONG_WIN_COUNT,
-    .winLots = &ContractOffset::LONG_WIN_VOL,
-    .winPL = &ContractOffset::LONG_WIN_PL,
-    .loseCount = &ContractOffset::LONG_LOSE_COUNT,
-    .loseLots = &ContractOffset::LONG_LOSE_VOL,
-    .losePL = &ContractOffset::LONG_LOSE_PL,
-    .maxWin = &ContractOffset::LONG_MAX_WIN,
-    .maxLoss = &ContractOffset::LONG_MAX_LOSS,
-};
-
-constexpr SideFields kShort{
-    .lots = &ContractOffset::SHORT_VOL,
-    .pl = &ContractOffset::SHORT_PL,
-    .count = &ContractOffset::SHORT_COUNT,
-    .winCount = &ContractOffset::SHORT_WIN_COUNT,
-    .winLots = &ContractOffset::SHORT_WIN_VOL,
-    .winPL = &ContractOffset::SHORT_WIN_PL,
-    .loseCount = &ContractOffset::SHORT_LOSE_COUNT,
-    .loseLots = &ContractOffset::SHORT_LOSE_VOL,
-    .losePL = &ContractOffset::SHORT_LOSE_PL,
-    .maxWin = &ContractOffset::SHORT_MAX_WIN,
-    .maxLoss = &ContractOffset::SHORT_MAX_LOSS,
-};
 
 /// One closed position in numbers.
 struct ClosedTrade {
@@ -71,7 +29,7 @@ void Increase(int32_t& count, int32_t by) {
     count = WrapAdd(count, by);
 }
 
-void TallyWin(ContractOffset& offset, const SideFields& side, const ClosedTrade& trade) {
+void TallyWin(ContractOffset& offset, const OffsetSide& side, const ClosedTrade& trade) {
     Increase(offset.*side.winLots, trade.lots);
     offset.*side.winPL += trade.amount;
     Increase(offset.*side.winCount, 1);
@@ -83,7 +41,7 @@ void TallyWin(ContractOffset& offset, const SideFields& side, const ClosedTrade&
     }
 }
 
-void TallyLoss(ContractOffset& offset, const SideFields& side, const ClosedTrade& trade) {
+void TallyLoss(ContractOffset& offset, const OffsetSide& side, const ClosedTrade& trade) {
     Increase(offset.*side.loseLots, trade.lots);
     offset.*side.losePL += trade.amount;
     Increase(offset.*side.loseCount, 1);
@@ -92,19 +50,19 @@ void TallyLoss(ContractOffset& offset, const SideFields& side, const ClosedTrade
 }
 
 /// Lots, wins and losses of one row.
-void Tally(ContractOffset& offset, const SideFields& side, const ClosedTrade& trade) {
+void Tally(ContractOffset& offset, const OffsetSide& side, const ClosedTrade& trade) {
     Increase(offset.*side.lots, trade.lots);
     Increase(offset.*side.count, 1);
     // A contract's first short row without gain or loss is neither win, loss nor flat; all other such rows are flat.
-    if (&side == &kShort && trade.opensTally && trade.amount == 0) return;
+    if (&side == &kShortSide && trade.opensTally && trade.amount == 0) return;
     if (trade.amount >= 0) TallyWin(offset, side, trade);
     if (trade.amount < 0) TallyLoss(offset, side, trade);
 }
 
-const SideFields* SideOf(const PingDetail& row) {
+const OffsetSide* SideOf(const PingDetail& row) {
     const std::string_view bid = FieldText(row.BID);
-    if (Contains(bid, "买"_gbk)) return &kLong;
-    if (Contains(bid, "卖"_gbk)) return &kShort;
+    if (Contains(bid, "买"_gbk)) return &kLongSide;
+    if (Contains(bid, "卖"_gbk)) return &kShortSide;
     return nullptr;
 }
 
@@ -149,14 +107,14 @@ void CReportDocument::FoldClosedRow(const PingDetail& row) {
     const std::scoped_lock guard(lock_);
     const CPairingKey key(row, NamesDeliveryApart(Request.StatementFormat));
     const int32_t unit = UnitOf(row);
-    const SideFields* const side = SideOf(row);
+    const OffsetSide* const side = SideOf(row);
     const auto [offset, isNew] = FindOrCreate(key.View(), row);
     if (side == nullptr) return;  // a new contract is listed all the same, with zeros
 
-    const int32_t lots = ParseInteger(FieldText(row.MATCH_VOL));
-    const double openPrice = ParseAmount(FieldText(row.OPEN_PRICE));
-    const double closePrice = ParseAmount(FieldText(row.MATCH_PRICE));
-    const bool isLong = side == &kLong;
+    const int32_t lots = IntegerIn(row.MATCH_VOL);
+    const double openPrice = AmountIn(row.OPEN_PRICE);
+    const double closePrice = AmountIn(row.MATCH_PRICE);
+    const bool isLong = side == &kLongSide;
     const double points = lots * (isLong ? closePrice - openPrice : openPrice - closePrice);
     const double amount = points * unit;
 
@@ -174,8 +132,8 @@ void CReportDocument::FoldForeignClosedRow(const PingDetail& row) {
     const CPairingKey key(row, false);
     const auto [offset, isNew] = FindOrCreate(key.View(), row);
     if (isNew) CopyField(offset.CURRENCY, FieldText(row.CURRENCY));
-    const double amount = ParseAmount(FieldText(row.OFFSETPL));
-    Tally(offset, kLong, {ParseInteger(FieldText(row.MATCH_VOL)), amount, isNew});
+    const double amount = AmountIn(row.OFFSETPL);
+    Tally(offset, kLongSide, {IntegerIn(row.MATCH_VOL), amount, isNew});
     AccountStatistics.AddPL(amount);
 }
 

@@ -12,7 +12,7 @@ namespace tradebill {
 namespace {
 
 double EquityOf(const MoneyRecord& record) {
-    return ParseAmount(FieldText(record.KHQY)) / record.EXCHANGE_RATE;
+    return AmountIn(record.KHQY) / record.EXCHANGE_RATE;
 }
 
 std::vector<double> Equities() {

@@ -46,11 +46,6 @@ private:
     char text_[kProductSize] = {};
 };
 
-template <std::size_t N>
-double Amount(const char (&field)[N]) {
-    return ParseAmount(FieldText(field));
-}
-
 template <class Figures>
 double HighestOf(const CDaySeries<Figures>& series, double Figures::*figure) {
     if (series.Days.empty()) return 0;
@@ -67,11 +62,11 @@ void CTradeStatistics::FeedDayMoney(const MoneyRecord* record) {
     if (record == nullptr) return;
     const std::string_view day = FieldText(record->BILL_DATE);
     const double rate = record->EXCHANGE_RATE;
-    SetClosedPL(day, Amount(record->PCYK) / rate);
-    SetPositionPL(day, Amount(record->CCDSYK) / rate);
-    SetCashFlow(day, Amount(record->CRJ) / rate);
-    SetOpening(day, Amount(record->QCQY) / rate);
-    SetEquity(day, Amount(record->QMJC) / rate, Amount(record->BZJZY) / rate);
+    SetClosedPL(day, AmountIn(record->PCYK) / rate);
+    SetPositionPL(day, AmountIn(record->CCDSYK) / rate);
+    SetCashFlow(day, AmountIn(record->CRJ) / rate);
+    SetOpening(day, AmountIn(record->QCQY) / rate);
+    SetEquity(day, AmountIn(record->QMJC) / rate, AmountIn(record->BZJZY) / rate);
 }
 
 void CTradeStatistics::SetFigure(std::string_view day, double DayFigure::*figure, double amount) {
@@ -113,8 +108,8 @@ void CTradeStatistics::FeedOpiSum(const OpiSum& row) {
     AddRow(FieldText(row.BILL_DATE), product.View(),
            {.day = FieldText(row.BILL_DATE),
             .side = isLong ? "买"_gbk : "卖"_gbk,
-            .lots = ParseInteger(FieldText(row.POSITION_VOL)),
-            .margin = Amount(row.DEPOSIT),
+            .lots = IntegerIn(row.POSITION_VOL),
+            .margin = AmountIn(row.DEPOSIT),
             .isSummary = true});
 }
 
@@ -125,8 +120,8 @@ void CTradeStatistics::FeedOpiDetail(const OpiDetail& row) {
     AddRow(FieldText(row.BILL_DATE), product.View(),
            {.day = FieldText(row.BILL_DATE),
             .side = isLong ? "买"_gbk : "卖"_gbk,
-            .lots = ParseInteger(FieldText(row.POSITION_VOL)),
-            .margin = Amount(row.DEPOSIT),
+            .lots = IntegerIn(row.POSITION_VOL),
+            .margin = AmountIn(row.DEPOSIT),
             .isSummary = false});
 }
 
