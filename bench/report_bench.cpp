@@ -1,0 +1,215 @@
+// Makes an account of its own and prints what a report costs, as ratios that hold on any machine: reading against a
+// bare pass over the same bytes, the page against writing its bytes once, memory against the bytes of all statements,
+// and the cost of a row with ten times the days.
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "base/day.h"
+#include "driver/bill_folders.h"
+#include "driver/report_run.h"
+#include "page/html_builder.h"
+#include "page/page_sections.h"
+#include "platform/file.h"
+#include "platform/local_time.h"
+#include "platform/root_folder.h"
+#include "readers/statement_loader.h"
+#include "statement/report_document.h"
+#include "statement/request_copy.h"
+#include "statement/stores.h"
+#include "statement_maker.h"
+#include "statistics/account_figures.h"
+#include "statistics/trade_statistics.h"
+
+namespace tradebill {
+namespace {
+
+constexpr int kRepeats = 5;
+constexpr int kManyDays = 2500;
+constexpr int kFewDays = 250;
+constexpr CalendarDay kFirstDay{2015, 1, 1};
+
+template <class Action>
+double SecondsOf(Action action) {
+    const auto start = std::chrono::steady_clock::now();
+    action();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+/// The quickest of some runs: what the work costs when nothing else disturbs it.
+template <class Action>
+double LeastSecondsOf(Action action) {
+    double least = SecondsOf(action);
+    for (int i = 1; i < kRepeats; ++i) least = std::min(least, SecondsOf(action));
+    return least;
+}
+
+std::string DayTextAfter(int days) {
+    return DayText(LocalDayOf(MidnightOf(kFirstDay) + kSecondsPerDay / 2 + days * kSecondsPerDay));
+}
+
+struct Account {
+    std::string root;
+    std::vector<std::string> paths;
+    std::uintmax_t bytes = 0;
+};
+
+Account MakeAccount() {
+    Account account{(std::filesystem::temp_directory_path() / ("report-bench-" + std::to_string(::getpid()))).string(),
+                    {}};
+    const std::string folder = account.root + "/Users/bench/Data/Bill/";
+    std::filesystem::create_directories(folder);
+    CStatementMaker maker({});
+    for (int day = 0; day < kManyDays; ++day) {
+        account.paths.push_back(folder + "D90019999." + DayTextAfter(day) + "o.txt");
+        const std::string text = maker.Next(DayTextAfter(day));
+        std::ofstream(account.paths.back(), std::ios::binary) << text;
+        account.bytes += text.size();
+    }
+    return account;
+}
+
+GenerateBillRequest RequestFor(int days) {
+    GenerateBillRequest request = ClearedRequest();
+    request.StatementFormat = 1;
+    request.StatementKind = 1;
+    const std::string last = DashedDayText(ParsePackedDay(DayTextAfter(days - 1)));
+    DashedDayText(kFirstDay).copy(request.StartDate, sizeof request.StartDate - 1);
+    last.copy(request.EndDate, sizeof request.EndDate - 1);
+    std::string("90019999").copy(request.Account, sizeof request.Account - 1);
+    std::string("bench").copy(request.UserFolder, sizeof request.UserFolder - 1);
+    return request;
+}
+
+int RowsKept() {
+    return MoneyStore.Count() + MatchStore.Count() + PingDetailStore.Count() + OpiDetailStore.Count() +
+           OpiSumStore.Count();
+}
+
+void ReadDays(const Account& account, int days) {
+    ClearResults();
+    for (int day = 0; day < days; ++day) LoadStatement(DayTextAfter(day), account.paths[static_cast<std::size_t>(day)]);
+}
+
+/// Splits at newlines and blanks and counts, nothing else.
+std::size_t BarePass(std::string_view text) {
+    std::size_t words = 0;
+    bool inWord = false;
+    for (const char byte : text) {
+        const bool separates = byte == '\n' || byte == ' ';
+        if (!separates && !inWord) ++words;
+        inWord = !separates;
+    }
+    return words;
+}
+
+void ShowReading(const Account& account) {
+    std::vector<std::string> texts;
+    for (const std::string& path : account.paths) texts.push_back(ReadStatementFile(path).value_or(""));
+    std::size_t words = 0;
+    const double bare = LeastSecondsOf([&] {
+        for (const std::string& text : texts) words += BarePass(text);
+    });
+    const double bareFromFiles = LeastSecondsOf([&] {
+        for (const std::string& path : account.paths) words += BarePass(ReadStatementFile(path).value_or(""));
+    });
+    const double reading = LeastSecondsOf([&] { ReadDays(account, kManyDays); });
+    std::printf("reading and keeping / bare pass in memory   %6.2f   (at most 5)   %.1f ms, %zu words\n",
+                reading / bare, reading * 1e3, words);
+    std::printf("reading and keeping / bare pass from files  %6.2f\n", reading / bareFromFiles);
+}
+
+void WritePage(const std::string& path) {
+    CHtmlBuilder page(path);
+    AddPageSections(page);
+}
+
+void ShowPage(const Account& account) {
+    CopyRequest(RequestFor(kManyDays));
+    PrepareBillFolders();
+    const std::string path = PagePath();
+    const double writing = LeastSecondsOf([&] { WritePage(path); });
+    std::string bytes;
+    {
+        std::ifstream file(path, std::ios::binary);
+        bytes.assign(std::istreambuf_iterator<char>(file), {});
+    }
+    const std::string copyPath = account.root + "/copy.html";
+    const double once = LeastSecondsOf([&] {
+        CFile file(copyPath, FileMode::Create);
+        static_cast<void>(file.Write(bytes));
+    });
+    std::printf("whole page / its bytes written once         %6.2f   (at most 3)   %.1f ms, %.1f MB\n", writing / once,
+                writing * 1e3, static_cast<double>(bytes.size()) / 1e6);
+}
+
+/// Reading, statistics and page per row kept.
+void ShowRowCosts(const Account& account) {
+    double reading[2];
+    double statistics[2];
+    double page[2];
+    int index = 0;
+    for (const int days : {kFewDays, kManyDays}) {
+        CopyRequest(RequestFor(days));
+        ReadDays(account, days);
+        reading[index] = LeastSecondsOf([&] { ReadDays(account, days); }) / RowsKept();
+        statistics[index] = LeastSecondsOf([] {
+                                TradeStatistics.ComputeYields();
+                                ComputeAccountStatistics();
+                            }) /
+                            RowsKept();
+        page[index] = LeastSecondsOf([] { WritePage(PagePath()); }) / RowsKept();
+        ++index;
+    }
+    std::printf("cost per row, %d against %d days           %6.2f reading, %.2f statistics, %.2f page   (about 1)\n",
+                kManyDays, kFewDays, reading[1] / reading[0], statistics[1] / statistics[0], page[1] / page[0]);
+}
+
+long PeakKilobytes() {
+    rusage usage{};
+    ::getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;
+}
+
+/// In a process of its own, before anything else has taken memory.
+void ShowMemory(const Account& account) {
+    std::fflush(stdout);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const long before = PeakKilobytes();
+        SetRootFolderPath(account.root);
+        RunReport(RequestFor(kManyDays), nullptr);
+        const double taken = static_cast<double>(PeakKilobytes() - before) * 1024;
+        std::printf("peak memory / bytes of all statements       %6.2f   (at most 4)   %.1f MB of %.1f MB\n",
+                    taken / static_cast<double>(account.bytes), taken / 1e6, static_cast<double>(account.bytes) / 1e6);
+        std::fflush(stdout);
+        ::_exit(0);
+    }
+    ::waitpid(child, nullptr, 0);
+}
+
+}  // namespace
+}  // namespace tradebill
+
+int main() {
+    using namespace tradebill;
+    const Account account = MakeAccount();
+    SetRootFolderPath(account.root);
+    std::printf("%d days, %.1f MB of statements\n", kManyDays, static_cast<double>(account.bytes) / 1e6);
+    ShowMemory(account);
+    CopyRequest(RequestFor(kManyDays));
+    ShowReading(account);
+    ShowPage(account);
+    ShowRowCosts(account);
+    std::filesystem::remove_all(account.root);
+    return 0;
+}
