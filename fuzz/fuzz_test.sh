@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# Fuzzes for a short while, from one statement of each sample on. A longer run: fuzz_test.sh PROGRAM SAMPLES SECONDS
+set -euo pipefail
+program=$(realpath "$1") samples=$(realpath "$2") seconds=${3:-20}
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+corpus=$work/corpus
+mkdir "$corpus"
+index=0
+for sample in "$samples"/*/; do
+    statement=$(find "$sample/root/Users" -name 'D*.txt' | sort | sed -n 3p)
+    for format in 0 1 2; do
+        { printf "\\x0$format"; cat "$statement"; } >"$corpus/seed$((index++))"
+    done
+done
+cd "$work"
+export TMPDIR=$work
+LSAN_OPTIONS=suppressions=$(dirname "$samples")/tests/support/leaks.supp:print_suppressions=0 \
+    "$program" -max_total_time="$seconds" -max_len=20000 -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 -verbosity=0 "$corpus"

@@ -1,0 +1,35 @@
+// Clears all that a run leaves behind, before and after each test.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "driver/report_run.h"
+#include "statement/account_statistics.h"
+#include "statement/chain_table.h"
+#include "statement/report_document.h"
+#include "statement/request_copy.h"
+#include "statement/stores.h"
+#include "statistics/trade_statistics.h"
+
+namespace tradebill {
+
+class StoreFixture : public testing::Test {
+protected:
+    StoreFixture() { ClearAll(); }
+    ~StoreFixture() override { ClearAll(); }
+
+    static void ClearAll() {
+        Request = ClearedRequest();
+        ReportDays = {};
+        ClearResults();
+        MoneyStore.TotalPremium = 0;
+        MoneyStore.StartDateText.clear();
+        MoneyStore.EndDateText.clear();
+        MoneyStore.ChartSizes = {};
+        ReportDocument.BillFolder.clear();
+        ReportDocument.ImageFolderName.clear();
+        ReportDocument.PageWidth = 0;
+    }
+};
+
+}  // namespace tradebill

@@ -1,0 +1,53 @@
+// A folder of a test's own, gone at its end.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+namespace tradebill {
+
+class CTempFolder {
+public:
+    CTempFolder() : path_(std::filesystem::temp_directory_path() / UniqueName()) {
+        std::filesystem::remove_all(path_);
+        std::filesystem::create_directories(path_);
+    }
+    ~CTempFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    CTempFolder(const CTempFolder&) = delete;
+    CTempFolder& operator=(const CTempFolder&) = delete;
+
+    [[nodiscard]] std::string Path(std::string_view name = {}) const { return name.empty() ? path_ : path_ / name; }
+
+    /// Writes a file below the folder, with all folders above it. Returns its path.
+    std::string Write(std::string_view name, std::string_view content) const {
+        const std::filesystem::path file = path_ / name;
+        std::filesystem::create_directories(file.parent_path());
+        std::ofstream(file, std::ios::binary) << content;
+        return file;
+    }
+
+private:
+    static std::string UniqueName() {
+        static int counter = 0;
+        return "tradebill-test-" + std::to_string(::getpid()) + "-" + std::to_string(++counter);
+    }
+
+    std::filesystem::path path_;
+};
+
+/// All bytes of a file; empty if it isn't there.
+inline std::string ReadFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+}  // namespace tradebill
