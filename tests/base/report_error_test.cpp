@@ -1,0 +1,23 @@
+#include "base/report_error.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace tradebill {
+namespace {
+
+TEST(ReportError, CarriesItsCode) {
+    EXPECT_EQ(CReportError(0x80004005).Code(), kErrorUnspecified);
+    EXPECT_EQ(CReportError(0x80070057).Code(), kErrorInvalidArgument);
+    EXPECT_EQ(CReportError(0x8007000E).Code(), kErrorOutOfMemory);
+}
+
+TEST(ReportError, SaysWhatWentWrong) {
+    EXPECT_NE(std::string(CReportError(kErrorUnspecified).what()).find("date"), std::string::npos);
+    EXPECT_NE(std::string(CReportError(kErrorInvalidArgument).what()).find("1970"), std::string::npos);
+    EXPECT_FALSE(std::string(CReportError(1).what()).empty());
+}
+
+}  // namespace
+}  // namespace tradebill

@@ -1,0 +1,192 @@
+#include "base/text.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tradebill {
+namespace {
+
+using Parts = std::vector<std::string_view>;
+
+Parts Split(std::string_view text, std::string_view delimiter) {
+    Parts parts{"left over"};
+    const std::size_t count = SplitText(text, delimiter, parts);
+    EXPECT_EQ(count, parts.size());
+    return parts;
+}
+
+TEST(WhiteSpace, IsTheSixAsciiOnes) {
+    std::string found;
+    for (int byte = 0; byte < 256; ++byte) {
+        if (IsWhiteSpace(static_cast<char>(byte))) found += static_cast<char>(byte);
+    }
+    EXPECT_EQ(found, "\t\n\v\f\r ");
+}
+
+TEST(Digits, AreTheTenAsciiOnes) {
+    std::string found;
+    for (int byte = 0; byte < 256; ++byte) {
+        if (IsDigit(static_cast<char>(byte))) found += static_cast<char>(byte);
+    }
+    EXPECT_EQ(found, "0123456789");
+}
+
+TEST(FieldText, EndsAtTheFirstZero) {
+    const char field[6] = {'a', 'b', '\0', 'c', 'd', '\0'};
+    EXPECT_EQ(FieldText(field), "ab");
+    const char empty[4] = {};
+    EXPECT_EQ(FieldText(empty), "");
+}
+
+TEST(FieldText, IsAllOfAnUnterminatedField) {
+    const char field[3] = {'a', 'b', 'c'};
+    EXPECT_EQ(FieldText(field), "abc");
+}
+
+TEST(CopyField, CutsAtTheWidthLessOne) {
+    const struct {
+        std::string_view text;
+        std::string_view kept;
+    } cases[] = {
+        {"", ""},
+        {"12345678901234", "12345678901234"},
+        {"123456789012345", "123456789012345"},
+        {"1234567890123456", "123456789012345"},
+        {"12345678901234567890", "123456789012345"},
+    };
+    for (const auto& row : cases) {
+        struct {
+            char field[16];
+            char after;
+        } block;
+        std::memset(&block, '#', sizeof block);
+        CopyField(block.field, row.text);
+        EXPECT_EQ(FieldText(block.field), row.kept);
+        EXPECT_EQ(block.field[row.kept.size()], '\0');
+        EXPECT_EQ(block.after, '#');
+    }
+}
+
+TEST(CopyField, CutsThroughACharacterOfTwoBytes) {
+    char field[4];
+    CopyField(field, "\xC2\xF2\xC2\xF4");
+    EXPECT_EQ(FieldText(field), "\xC2\xF2\xC2");
+}
+
+TEST(CopyField, TakesATextWithoutMemory) {
+    char field[4] = "abc";
+    CopyField(field, std::string_view());
+    EXPECT_EQ(FieldText(field), "");
+}
+
+TEST(Contains, FindsByBytes) {
+    EXPECT_TRUE(Contains("abc", "bc"));
+    EXPECT_TRUE(Contains("abc", ""));
+    EXPECT_FALSE(Contains("abc", "bd"));
+    EXPECT_FALSE(Contains("", "a"));
+    EXPECT_TRUE(Contains("\xB5\xC2\xF2\x41", "\xC2\xF2"));  // across two characters too
+}
+
+TEST(Trim, TakesWhiteSpaceOffItsEnds) {
+    EXPECT_EQ(TrimLeft(" \t\r\n\v\fa b "), "a b ");
+    EXPECT_EQ(TrimRight(" a b\f\v\n\r\t "), " a b");
+    EXPECT_EQ(Trim("\r\n\t a \t b \n"), "a \t b");
+    EXPECT_EQ(Trim(" \r\n\t"), "");
+    EXPECT_EQ(Trim(""), "");
+    EXPECT_EQ(Trim("\xA1\xA1"), "\xA1\xA1");  // the full-width blank is no white space
+}
+
+TEST(TrimByte, TakesOneByteValueOffBothEnds) {
+    EXPECT_EQ(TrimByte("  a b ", ' '), "a b");
+    EXPECT_EQ(TrimByte("\t a\t", ' '), "\t a\t");
+    EXPECT_EQ(TrimByte("\xA1\xA1\xCD\xAD\xA1\xA1", '\xA1'), "\xCD\xAD");
+    EXPECT_EQ(TrimByte("   ", ' '), "");
+    EXPECT_EQ(TrimByte("", ' '), "");
+}
+
+TEST(TrimForPage, TakesWhiteSpaceThenFullWidthBlanksOffTheLeftOnce) {
+    EXPECT_EQ(TrimForPage(" \t\xA1\xA1\xA1 a "), " a ");
+    EXPECT_EQ(TrimForPage("\xA1\xA1"), "");
+    EXPECT_EQ(TrimForPage("\xA1 \xA1"), " \xA1");
+    EXPECT_EQ(TrimForPage("cu"), "cu");
+}
+
+TEST(SplitText, CutsAtEachDelimiter) {
+    EXPECT_EQ(Split("a b c", " "), (Parts{"a", "b", "c"}));
+    EXPECT_EQ(Split("a|b|c", "|"), (Parts{"a", "b", "c"}));
+    EXPECT_EQ(Split("abc", "|"), (Parts{"abc"}));
+    EXPECT_EQ(Split("one\r\ntwo\r\n", "\n"), (Parts{"one", "two"}));
+}
+
+TEST(SplitText, CountsRunsOfTheDelimiterAsOne) {
+    EXPECT_EQ(Split("a  b", " "), (Parts{"a", "b"}));
+    EXPECT_EQ(Split("a|||b", "|"), (Parts{"a", "b"}));
+    EXPECT_EQ(Split("one\n\n \r\n\t\ntwo", "\n"), (Parts{"one", "two"}));
+}
+
+TEST(SplitText, MakesNoPartOfADelimiterAtTheEnds) {
+    EXPECT_EQ(Split("|a|b|", "|"), (Parts{"a", "b"}));
+    EXPECT_EQ(Split("||", "|"), Parts{});
+}
+
+TEST(SplitText, DropsCellsOfWhiteSpace) {
+    EXPECT_EQ(Split("|x| |y|", "|"), (Parts{"x", "y"}));
+    EXPECT_EQ(Split("| x\t| \t |y |", "|"), (Parts{"x", "y"}));
+}
+
+TEST(SplitText, KeepsSingleBlanksWhereTheDelimiterIsTwo) {
+    EXPECT_EQ(Split("a  b c", "  "), (Parts{"a", "b c"}));
+    EXPECT_EQ(Split("a   b", "  "), (Parts{"a", "b"}));
+    EXPECT_EQ(Split("Balance b/f     100.00", "  "), (Parts{"Balance b/f", "100.00"}));
+}
+
+TEST(SplitText, FindsNothingInATextOfWhiteSpace) {
+    EXPECT_EQ(Split(" \r\n", "\n"), Parts{});
+    EXPECT_EQ(Split("", "|"), Parts{});
+    EXPECT_EQ(Split(" ", ""), Parts{});
+}
+
+TEST(SplitText, TakesTheTrimmedTextAsOnePartWithoutADelimiter) {
+    EXPECT_EQ(Split(" a | b \n", ""), (Parts{"a | b"}));
+}
+
+TEST(SplitText, LooksAtBytesNotCharacters) {
+    EXPECT_EQ(Split("\xBD\xB7|x", "\xB7"), (Parts{"\xBD", "|x"}));
+}
+
+/// The rules word for word, on copies.
+std::vector<std::string> SplitSlowly(const std::string& text, const std::string& delimiter) {
+    std::vector<std::string> parts;
+    std::string left(Trim(text));
+    for (;;) {
+        const std::size_t at = left.find(delimiter);
+        if (at == std::string::npos) {
+            if (!left.empty()) parts.emplace_back(Trim(left));
+            return parts;
+        }
+        if (at > 0) parts.emplace_back(Trim(std::string_view(left).substr(0, at)));
+        left = std::string(Trim(std::string_view(left).substr(at + delimiter.size())));
+    }
+}
+
+TEST(SplitText, FollowsTheRulesOnRandomTexts) {
+    std::mt19937 random(3);
+    const std::string_view bytes = "a|b  \t\r\n\xA1";
+    std::uniform_int_distribution<std::size_t> pick(0, bytes.size() - 1);
+    std::uniform_int_distribution<int> length(0, 24);
+    for (int i = 0; i < 3000; ++i) {
+        std::string text;
+        for (int k = length(random); k > 0; --k) text += bytes[pick(random)];
+        for (const char* const delimiter : {" ", "|", "\n", "  ", "| ", "aa"}) {
+            const Parts parts = Split(text, delimiter);
+            EXPECT_EQ(std::vector<std::string>(parts.begin(), parts.end()), SplitSlowly(text, delimiter));
+        }
+    }
+}
+
+}  // namespace
+}  // namespace tradebill

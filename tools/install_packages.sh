@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that building (and, with the argument "test", testing) needs. Quick if they are there.
+set -euo pipefail
+
+build_packages=(
+    g++ cmake ninja-build pkg-config
+    libfreetype-dev libfontconfig-dev libpng-dev libturbojpeg0-dev
+    libcli11-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev
+    fonts-liberation fonts-arphic-uming
+)
+test_packages=(clang clang-format libclang-rt-14-dev python3)
+
+wanted=("${build_packages[@]}")
+[ "${1:-}" = test ] && wanted+=("${test_packages[@]}")
+
+missing=()
+for package in "${wanted[@]}"; do
+    status=$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null || true)
+    [ "$status" = installed ] || missing+=("$package")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+as_root=()
+if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || { echo "install as root: ${missing[*]}" >&2; exit 1; }
+    as_root=(sudo)
+fi
+echo "installing ${missing[*]}"
+export DEBIAN_FRONTEND=noninteractive
+"${as_root[@]}" apt-get update -qq
+"${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
