@@ -65,6 +65,8 @@ std::vector<std::string> ReadItems(const CIniFile::Section& section) {
     for (auto later = named.upper_bound(kAlwaysListed); later != named.end(); ++later) {
         items.push_back(ProductText(later->second));
     }
+    // Beyond those, one empty text says as much as all that the file lacks.
+    if (count > kAlwaysListed && static_cast<std::int64_t>(named.size()) < count) items.emplace_back();
     return items;
 }
 

@@ -19,6 +19,10 @@ void OpenPosition(ContractPosition& position, const PositionRow& row) {
 
 void AddToPosition(ContractPosition& position, const PositionRow& row) {
     position.Lots = WrapAdd(position.Lots, row.lots);
+    if (position.Lots == 0) {  // a detail row may take all lots away; the margin per lot stays
+        position.Margin = 0;
+        return;
+    }
     position.UnitMargin = (row.margin + position.Margin) / position.Lots;
     position.Margin = position.Lots * position.UnitMargin;
 }
@@ -28,7 +32,8 @@ void TakeFromPosition(ContractPosition& position, const PositionRow& row) {
     const std::int32_t old = position.Lots;
     const bool turns = old < row.lots;
     position.Lots = turns ? WrapSubtract(row.lots, old) : WrapSubtract(old, row.lots);
-    position.UnitMargin = (row.margin + position.Margin) / WrapAdd(old, row.lots);
+    const std::int32_t all = WrapAdd(old, row.lots);
+    if (all != 0) position.UnitMargin = (row.margin + position.Margin) / all;
     position.Margin = position.Lots * position.UnitMargin;
     if (turns) position.Side = row.side;
 }

@@ -137,6 +137,20 @@ TEST(ParseInteger, IsHeldAtTheEndsOfTheRange) {
     EXPECT_EQ(ParseInteger("-" + std::string(100, '9')), INT32_MIN);
 }
 
+TEST(FieldNumbers, EndWithTheirField) {
+    const char unterminated[3] = {'1', '2', '3'};
+    EXPECT_EQ(AmountIn(unterminated), 123);
+    EXPECT_EQ(IntegerIn(unterminated), 123);
+    const char field[16] =
+        "-1.5\0"
+        "9";
+    EXPECT_EQ(AmountIn(field), -1.5);
+    EXPECT_EQ(IntegerIn(field), -1);
+    const char empty[16] = {};
+    EXPECT_EQ(AmountIn(empty), 0);
+    EXPECT_EQ(IntegerIn(empty), 0);
+}
+
 TEST(WrapArithmetic, WrapsAtThirtyTwoBits) {
     EXPECT_EQ(WrapAdd(INT32_MAX, 1), INT32_MIN);
     EXPECT_EQ(WrapAdd(2, -5), -3);

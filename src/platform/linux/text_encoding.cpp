@@ -65,7 +65,8 @@ std::string GbkToUtf8(std::string_view text) {
 
 std::optional<std::string> Utf8ToGbk(std::string_view text) {
     static const UniqueConverter converter = MakeConverter("GBK", "UTF-8");
-    if (converter == nullptr) return std::nullopt;
+    constexpr std::string_view kEuro = "\xE2\x82\xAC";  // iconv would make it 0x80, which is no character of GBK
+    if (converter == nullptr || text.find(kEuro) != std::string_view::npos) return std::nullopt;
     std::string result = ConvertRun(converter.get(), text);
     if (!text.empty()) return std::nullopt;
     return result;

@@ -1,0 +1,165 @@
+#include "platform/file.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <string>
+
+#include "support/temp_folder.h"
+
+namespace tradebill {
+namespace {
+
+using namespace std::string_literals;
+
+class File : public testing::Test {
+protected:
+    CTempFolder folder_;
+};
+
+TEST_F(File, ReadsWhatIsThere) {
+    const CFile file(folder_.Write("a.txt", "one\0two"s), FileMode::Read);
+    ASSERT_TRUE(file.IsOpen());
+    EXPECT_EQ(file.Size(), 7U);
+    EXPECT_EQ(file.ReadAll(), "one\0two"s);
+}
+
+TEST_F(File, ReadsPieces) {
+    const CFile file(folder_.Write("a.txt", "0123456789"), FileMode::Read);
+    char buffer[6] = "-----";
+    EXPECT_EQ(file.ReadAt(2, buffer, 3), 3U);
+    EXPECT_STREQ(buffer, "234--");
+    EXPECT_EQ(file.ReadAt(8, buffer, 5), 2U);
+    EXPECT_STREQ(buffer, "894--");
+    EXPECT_EQ(file.ReadAt(10, buffer, 5), 0U);
+    EXPECT_EQ(file.ReadAt(1000, buffer, 5), 0U);
+}
+
+TEST_F(File, ReadsNothingFromAnEmptyFile) {
+    const CFile file(folder_.Write("a.txt", ""), FileMode::Read);
+    EXPECT_EQ(file.Size(), 0U);
+    EXPECT_EQ(file.ReadAll(), "");
+}
+
+TEST_F(File, RefusesToWriteWhereItOnlyReads) {
+    const std::string path = folder_.Write("a.txt", "text");
+    EXPECT_FALSE(CFile(path, FileMode::Read).Write("more"));
+    EXPECT_FALSE(CFile(path, FileMode::Read).WriteAt(0, "more"));
+    EXPECT_EQ(ReadFile(path), "text");
+}
+
+TEST_F(File, CreatesOrEmptiesAFile) {
+    const std::string path = folder_.Path("a.txt");
+    EXPECT_TRUE(CFile(path, FileMode::Create).Write("a long text"));
+    EXPECT_EQ(ReadFile(path), "a long text");
+    EXPECT_TRUE(CFile(path, FileMode::Create).Write("short"));
+    EXPECT_EQ(ReadFile(path), "short");
+    EXPECT_TRUE(CFile(path, FileMode::Create).IsOpen());
+    EXPECT_EQ(ReadFile(path), "");
+}
+
+TEST_F(File, AppendsAtTheEndAsItIsThen) {
+    const std::string path = folder_.Write("a.txt", "one");
+    CFile file(path, FileMode::Append);
+    EXPECT_TRUE(file.Write(" two"));
+    EXPECT_TRUE(CFile(path, FileMode::Append).Write(" three"));
+    EXPECT_TRUE(file.Write(" four"));
+    EXPECT_EQ(ReadFile(path), "one two three four");
+}
+
+TEST_F(File, UpdatesAnywhere) {
+    const std::string path = folder_.Write("a.txt", "0123456789");
+    CFile file(path, FileMode::Update);
+    EXPECT_TRUE(file.WriteAt(2, "ab"));
+    EXPECT_TRUE(file.WriteAt(9, "xyz"));
+    EXPECT_EQ(file.Size(), 12U);
+    EXPECT_EQ(file.ReadAll(), "01ab45678xyz");
+    EXPECT_EQ(ReadFile(path), "01ab45678xyz");
+}
+
+TEST_F(File, OpensOnlyWhatIsThereButForCreating) {
+    const std::string path = folder_.Path("missing.txt");
+    for (const FileMode mode : {FileMode::Read, FileMode::Append, FileMode::Update}) {
+        CFile file(path, mode);
+        EXPECT_FALSE(file.IsOpen());
+        EXPECT_EQ(file.Size(), 0U);
+        EXPECT_FALSE(file.ReadAll().has_value());
+        EXPECT_FALSE(file.Write("text"));
+        char byte = 0;
+        EXPECT_EQ(file.ReadAt(0, &byte, 1), 0U);
+    }
+    EXPECT_FALSE(std::filesystem::exists(path));
+    EXPECT_FALSE(CFile(folder_.Path("missing/a.txt"), FileMode::Create).IsOpen());
+    EXPECT_FALSE(CFile("", FileMode::Create).IsOpen());
+}
+
+TEST_F(File, TellsThatTheDiskIsFull) {
+    CFile full("/dev/full", FileMode::Append);
+    ASSERT_TRUE(full.IsOpen());
+    EXPECT_FALSE(full.Write("text"));
+}
+
+TEST_F(File, WritesNothingWithoutFailing) {
+    const std::string path = folder_.Write("a.txt", "text");
+    EXPECT_TRUE(CFile(path, FileMode::Append).Write(""));
+    EXPECT_TRUE(CFile(path, FileMode::Update).WriteAt(2, ""));
+    EXPECT_EQ(ReadFile(path), "text");
+}
+
+TEST_F(File, HasNoContentIfItIsAFolder) {
+    const CFile file(folder_.Path(), FileMode::Read);
+    EXPECT_FALSE(file.ReadAll().has_value());
+}
+
+class StatementFile : public File {};
+
+TEST_F(StatementFile, IsReadWhole) {
+    const std::string text(100000, 'x');
+    EXPECT_EQ(ReadStatementFile(folder_.Write("a.txt", text + "\r\n")), text + "\r\n");
+}
+
+TEST_F(StatementFile, EndsAtTheFirstZeroByte) {
+    EXPECT_EQ(ReadStatementFile(folder_.Write("a.txt", "one\0two\0"s)), "one");
+    EXPECT_EQ(ReadStatementFile(folder_.Write("b.txt", "\0one"s)), "");
+    EXPECT_EQ(ReadStatementFile(folder_.Write("c.txt", "one\0"s)), "one");
+}
+
+TEST_F(StatementFile, MayBeEmpty) {
+    EXPECT_EQ(ReadStatementFile(folder_.Write("a.txt", "")), "");
+}
+
+TEST_F(StatementFile, KeepsContentAndLength) {
+    for (const std::string& content : {""s, "one\0two"s, std::string(4096, 'x'), "\r\n"s}) {
+        const std::string path = folder_.Write("a.txt", content);
+        const auto written = std::filesystem::last_write_time(path);
+        EXPECT_TRUE(ReadStatementFile(path).has_value());
+        EXPECT_EQ(ReadFile(path), content);
+        EXPECT_EQ(std::filesystem::last_write_time(path), written);
+    }
+}
+
+TEST_F(StatementFile, IsNotReadIfItIsNoPlainFile) {
+    const std::string pipe = folder_.Path("pipe");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_FALSE(ReadStatementFile(pipe).has_value());
+    EXPECT_FALSE(ReadStatementFile(folder_.Path()).has_value());
+    EXPECT_FALSE(ReadStatementFile(folder_.Path("missing.txt")).has_value());
+    EXPECT_FALSE(ReadStatementFile("/dev/zero").has_value());
+    EXPECT_FALSE(ReadStatementFile("").has_value());
+}
+
+TEST_F(StatementFile, IsNotReadIfItCantBeWritten) {
+    // A program that runs can be read but not be opened for writing, not even by root.
+    EXPECT_TRUE(CFile("/proc/self/exe", FileMode::Read).IsOpen());
+    EXPECT_FALSE(ReadStatementFile("/proc/self/exe").has_value());
+}
+
+TEST_F(StatementFile, IsReadWhileAnotherHasItOpen) {
+    const std::string path = folder_.Write("a.txt", "text");
+    const CFile other(path, FileMode::Update);
+    EXPECT_EQ(ReadStatementFile(path), "text");
+}
+
+}  // namespace
+}  // namespace tradebill

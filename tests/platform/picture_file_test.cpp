@@ -1,0 +1,87 @@
+#include "platform/picture_file.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "support/temp_folder.h"
+
+namespace tradebill {
+namespace {
+
+using namespace std::string_literals;
+
+std::string BigEndian(unsigned value, int bytes) {
+    std::string text;
+    for (int shift = 8 * (bytes - 1); shift >= 0; shift -= 8) text += static_cast<char>((value >> shift) & 0xFF);
+    return text;
+}
+
+/// The check sum that ends a PNG chunk.
+unsigned CheckSum(const std::string& bytes) {
+    unsigned sum = 0xFFFFFFFF;
+    for (const char byte : bytes) {
+        sum ^= static_cast<unsigned char>(byte);
+        for (int bit = 0; bit < 8; ++bit) sum = (sum >> 1) ^ ((sum & 1) != 0 ? 0xEDB88320U : 0);
+    }
+    return ~sum;
+}
+
+std::string Chunk(const std::string& type, const std::string& data) {
+    return BigEndian(static_cast<unsigned>(data.size()), 4) + type + data + BigEndian(CheckSum(type + data), 4);
+}
+
+/// A PNG of RGB pixels as far as a size is concerned: its image data stops at once.
+std::string Png(unsigned width, unsigned height) {
+    return "\x89PNG\r\n\x1A\n" + Chunk("IHDR", BigEndian(width, 4) + BigEndian(height, 4) + "\x08\x02\0\0\0"s) +
+           Chunk("IDAT", "\x78\x9C"s) + Chunk("IEND", "");
+}
+
+/// A grey JPEG as far as the start of its pixels.
+std::string Jpeg(unsigned width, unsigned height) {
+    return "\xFF\xD8"
+           "\xFF\xC0\x00\x0B\x08"s +
+           BigEndian(height, 2) + BigEndian(width, 2) + "\x01\x01\x11\x00"s +
+           "\xFF\xDA\x00\x08\x01\x01\x00\x00\x3F\x00"s;
+}
+
+class PictureSizeOf : public testing::Test {
+protected:
+    [[nodiscard]] PictureSize Read(const std::string& content) const {
+        return ReadPictureSize(folder_.Write("picture", content));
+    }
+    CTempFolder folder_;
+};
+
+TEST_F(PictureSizeOf, PngIsItsPixels) {
+    EXPECT_EQ(Read(Png(1, 2)), (PictureSize{1, 2}));
+    EXPECT_EQ(Read(Png(825, 310)), (PictureSize{825, 310}));
+    EXPECT_EQ(Read(Png(70000, 3)), (PictureSize{70000, 3}));
+}
+
+TEST_F(PictureSizeOf, JpegIsItsPixels) {
+    EXPECT_EQ(Read(Jpeg(1, 2)), (PictureSize{1, 2}));
+    EXPECT_EQ(Read(Jpeg(825, 310)), (PictureSize{825, 310}));
+}
+
+TEST_F(PictureSizeOf, AnythingElseIsNothing) {
+    EXPECT_EQ(Read(""), PictureSize{});
+    EXPECT_EQ(Read("GIF89a\x10\0\x10\0"s), PictureSize{});
+    EXPECT_EQ(Read("no picture at all"), PictureSize{});
+    EXPECT_EQ(ReadPictureSize(folder_.Path("missing.png")), PictureSize{});
+    EXPECT_EQ(ReadPictureSize(folder_.Path()), PictureSize{});
+    EXPECT_EQ(ReadPictureSize(""), PictureSize{});
+}
+
+TEST_F(PictureSizeOf, ACutPictureIsNothing) {
+    EXPECT_EQ(Read(Png(825, 310).substr(0, 20)), PictureSize{});
+    EXPECT_EQ(Read(Jpeg(825, 310).substr(0, 8)), PictureSize{});
+}
+
+TEST_F(PictureSizeOf, APngWithoutPixelsIsNothing) {
+    EXPECT_EQ(Read(Png(0, 10)), PictureSize{});
+    EXPECT_EQ(Read(Png(10, 0)), PictureSize{});
+}
+
+}  // namespace
+}  // namespace tradebill
