@@ -49,6 +49,19 @@ std::size_t HeadEndLine(std::string_view page) {
     return start;
 }
 
+/// Each line ended once.
+std::string WithLineEnds(std::string_view text) {
+    std::string result;
+    while (!text.empty()) {
+        const std::size_t end = text.find('\n');
+        std::string_view line = text.substr(0, end);
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+        while (line.ends_with('\r')) line.remove_suffix(1);
+        Append(result, line, "\r\n");
+    }
+    return result;
+}
+
 }  // namespace
 
 CHtmlBuilder::CHtmlBuilder(std::string_view path) {
@@ -83,8 +96,7 @@ void CHtmlBuilder::AddStyle(const Style& style) {
         return;
     }
     const std::size_t at = HeadEndLine(*page);
-    std::string rest = page->substr(at);
-    if (!rest.empty() && rest.back() != '\n') rest += "\r\n";
+    const std::string rest = WithLineEnds(std::string_view(*page).substr(at));
     if (!file.WriteAt(at, StyleBlock(style) + rest)) failed_ = true;
     size_ = file.Size();
     closedSize_ = 0;

@@ -55,6 +55,7 @@ class CTableWriter {
 public:
     /// Writes title, opening tag, header and first dash row.
     CTableWriter(CHtmlBuilder& page, const TableSection& section, std::span<const Heading> headings);
+    ~CTableWriter() { Flush(); }  // what was written stays written, also when an error ends the section
     CTableWriter(const CTableWriter&) = delete;
     CTableWriter& operator=(const CTableWriter&) = delete;
 

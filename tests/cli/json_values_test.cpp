@@ -1,0 +1,111 @@
+// Numbers and texts in the JSON: what can't be written as it stands.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "base/text.h"
+#include "cli/json_writer.h"
+#include "support/gbk_text.h"
+#include "support/store_fixture.h"
+
+namespace tradebill {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+class JsonValues : public StoreFixture {
+protected:
+    static std::string Text() {
+        std::ostringstream out;
+        WriteJson(out);
+        return out.str();
+    }
+    static Json Written() { return Json::parse(Text()); }
+
+    /// What a text of these bytes is written as.
+    static std::string Decoded(std::string_view bytes) {
+        MatchStore.Clear();
+        auto row = std::make_unique<MatchRecord>();
+        CopyField(row->EXCH_NAME, bytes);
+        MatchStore.Add(std::move(row));
+        return Written()["matches"][0]["EXCH_NAME"];
+    }
+};
+
+TEST_F(JsonValues, ReadBackToTheSameDouble) {
+    for (const double number : {0.1, 0.1 + 0.2, 1.0 / 3, -2.0 / 3, 123456789.123456789, 1e300, -1e-300, 5e-324,
+                                9007199254740993.0, 1.7976931348623157e308}) {
+        MoneyStore.ClosingEquity = number;
+        EXPECT_EQ(Written()["money"]["ClosingEquity"].get<double>(), number);
+    }
+    MoneyStore.ClosingEquity = -0.0;
+    EXPECT_TRUE(std::signbit(Written()["money"]["ClosingEquity"].get<double>()));
+}
+
+TEST_F(JsonValues, AreTextsIfTheyAreNoNumbers) {
+    MoneyStore.ClosingEquity = kInfinity;
+    MoneyStore.Available = -kInfinity;
+    MoneyStore.TotalFees = std::numeric_limits<double>::quiet_NaN();
+    MoneyStore.TotalClosedPL = -std::numeric_limits<double>::quiet_NaN();
+    AccountStatistics.MaxRisk = kInfinity;
+    TradeStatistics.DayFigures.FindOrCreate("20240102").Yield = -kInfinity;
+    TradeStatistics.DayUsages.FindOrCreate("20240102").Risk = std::numeric_limits<double>::quiet_NaN();
+    auto record = std::make_unique<MoneyRecord>(ClearedMoneyRecord());
+    record->EXCHANGE_RATE = kInfinity;
+    MoneyStore.Records.push_back(std::move(record));
+    const Json json = Written();
+    EXPECT_EQ(json["money"]["ClosingEquity"], "inf");
+    EXPECT_EQ(json["money"]["Available"], "-inf");
+    EXPECT_EQ(json["money"]["TotalFees"], "nan");
+    EXPECT_EQ(json["money"]["TotalClosedPL"], "nan");
+    EXPECT_EQ(json["money"]["Records"][0]["EXCHANGE_RATE"], "inf");
+    EXPECT_EQ(json["account"]["MaxRisk"], "inf");
+    EXPECT_EQ(json["days"][0]["Yield"], "-inf");
+    EXPECT_EQ(json["usage"][0]["Risk"], "nan");
+}
+
+TEST_F(JsonValues, DecodeTexts) {
+    EXPECT_EQ(Decoded(Gbk("上期所")), "上期所");
+    EXPECT_EQ(Decoded(Gbk("　中文 mixed")), "　中文 mixed");
+    EXPECT_EQ(Decoded("\"quoted\" \\ /"), "\"quoted\" \\ /");
+    EXPECT_EQ(Decoded("\x01\t\r\n\x7F"), "\x01\t\r\n\x7F");
+}
+
+TEST_F(JsonValues, HaveOneReplacementForEachByteOfNoCharacter) {
+    const std::string replacement = "\xEF\xBF\xBD";
+    EXPECT_EQ(Decoded("\xFF"), replacement);
+    EXPECT_EQ(Decoded("\x80"), replacement);
+    EXPECT_EQ(Decoded("a\xFF\xFF-"), "a" + replacement + replacement + "-");
+    EXPECT_EQ(Decoded("ab\xCD"), "ab" + replacement);  // half a character at the end
+    EXPECT_EQ(Decoded("\xCD-"), replacement + "-");    // a trail byte that is none
+    EXPECT_EQ(Decoded("\xFF" + Gbk("铜")), replacement + "铜");
+    EXPECT_EQ(Decoded(std::string(80, '\xCD').substr(0, 79)), Decoded(std::string(78, '\xCD')) + replacement);
+}
+
+TEST_F(JsonValues, EndWithAFieldThatIsNotTerminated) {
+    auto row = std::make_unique<MatchRecord>();
+    std::ranges::fill(row->MATCHNO, '7');
+    MatchStore.Add(std::move(row));
+    EXPECT_EQ(Written()["matches"][0]["MATCHNO"], std::string(16, '7'));
+}
+
+TEST_F(JsonValues, StandOneRowALine) {
+    for (int i = 0; i < 1000; ++i) MatchStore.Add(std::make_unique<MatchRecord>());
+    const std::string text = Text();
+    EXPECT_EQ(Json::parse(text)["matches"].size(), 1000U);
+    EXPECT_GE(std::ranges::count(text, '\n'), 1000);
+    EXPECT_EQ(text.back(), '\n');
+}
+
+}  // namespace
+}  // namespace tradebill

@@ -1,0 +1,316 @@
+#include "cli/json_writer.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <span>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "base/text.h"
+#include "support/gbk_text.h"
+#include "support/store_fixture.h"
+
+namespace tradebill {
+namespace {
+
+using Json = nlohmann::ordered_json;
+using Names = std::vector<std::string>;
+
+Names KeysOf(const Json& object) {
+    Names keys;
+    for (const auto& [key, value] : object.items()) keys.push_back(key);
+    return keys;
+}
+
+const Names kMoneyKeys = {"LastHostCurrent", "OpeningEquity", "ClosingEquity", "TotalClosedPL", "TotalPositionPL",
+                          "TotalCashFlow",   "FirstCashFlow", "Available",     "MinEquity",     "MaxEquity",
+                          "MinDayPL",        "MaxDayPL",      "FrozenB",       "FrozenA",       "HostPositionPL",
+                          "PositionMargin",  "Count",         "TotalFees",     "TotalPremium",  "StartDateText",
+                          "EndDateText",     "ChartSizes",    "Records"};
+
+class JsonWriter : public StoreFixture {
+protected:
+    static std::string Text() {
+        std::ostringstream out;
+        WriteJson(out);
+        return out.str();
+    }
+    static Json Written() { return Json::parse(Text()); }
+};
+
+TEST_F(JsonWriter, WritesOneObjectOfElevenMembers) {
+    const std::string text = Text();
+    EXPECT_EQ(KeysOf(Json::parse(text)), (Names{"money", "currencies", "matches", "closed", "positions", "positionSums",
+                                                "offsets", "chains", "days", "usage", "account"}));
+}
+
+TEST_F(JsonWriter, WritesEmptyStoresAsEmptyLists) {
+    const Json json = Written();
+    for (const char* const list :
+         {"currencies", "matches", "closed", "positions", "positionSums", "offsets", "chains", "days", "usage"}) {
+        EXPECT_EQ(json[list], Json::array()) << list;
+    }
+    EXPECT_EQ(json["money"]["Records"], Json::array());
+    EXPECT_EQ(json["money"]["Count"], 0);
+    EXPECT_EQ(json["money"]["ChartSizes"], Json({0, 0, 0, 0, 0, 0, 0, 0}));
+}
+
+TEST_F(JsonWriter, WritesTheAccountsMoney) {
+    MoneyStore.LastHostCurrent = 1;
+    MoneyStore.OpeningEquity = 2;
+    MoneyStore.ClosingEquity = 3;
+    MoneyStore.TotalClosedPL = 4;
+    MoneyStore.TotalPositionPL = 5;
+    MoneyStore.TotalCashFlow = 6;
+    MoneyStore.FirstCashFlow = 7;
+    MoneyStore.Available = 8;
+    MoneyStore.MinEquity = 9;
+    MoneyStore.MaxEquity = 10;
+    MoneyStore.MinDayPL = 11;
+    MoneyStore.MaxDayPL = 12;
+    MoneyStore.FrozenB = 13;
+    MoneyStore.FrozenA = 14;
+    MoneyStore.HostPositionPL = 15;
+    MoneyStore.PositionMargin = 16;
+    MoneyStore.TotalFees = 18;
+    MoneyStore.TotalPremium = 19;
+    MoneyStore.StartDateText = "2024-01-02";
+    MoneyStore.EndDateText = "2024-01-03";
+    MoneyStore.ChartSizes = {1, 2, 3, 4, 5, 6, 7, 8};
+    const Json money = Written()["money"];
+    EXPECT_EQ(KeysOf(money), kMoneyKeys);
+    for (std::size_t i = 0; i < 19; ++i) {
+        const int expected = kMoneyKeys[i] == "Count" ? 0 : static_cast<int>(i) + 1;
+        EXPECT_EQ(money[kMoneyKeys[i]], expected) << kMoneyKeys[i];
+    }
+    EXPECT_EQ(money["StartDateText"], "2024-01-02");
+    EXPECT_EQ(money["EndDateText"], "2024-01-03");
+    EXPECT_EQ(money["ChartSizes"], Json({1, 2, 3, 4, 5, 6, 7, 8}));
+}
+
+TEST_F(JsonWriter, WritesMoneyRecordsWithoutSpareFields) {
+    const Names names = {
+        "BILL_DATE",        "QCQY",  "CRJ",   "QMJC",     "KYZJ",          "PCYK",          "CCDSYK",
+        "HOST_CURRENT",     "KHQY",  "SXF",   "BZJZY",    "HOST_FROZEN_A", "HOST_FROZEN_B", "HOST_POSITION_MARGIN",
+        "HOST_POSITION_PL", "XQSXF", "QLJSZ", "CURRENCY", "EXCHANGE_RATE"};
+    auto record = std::make_unique<MoneyRecord>(ClearedMoneyRecord());
+    CopyField(record->BILL_DATE, "20240102");
+    CopyField(record->SPARE_MONEY_1, "spare");
+    CopyField(record->QCQY, "1.00");
+    CopyField(record->KHQY, "2.00");
+    CopyField(record->SPARE_MONEY_8, "spare");
+    record->EXCHANGE_RATE = 7.5;
+    MoneyStore.Add(std::move(record), MoneySource::Statement);
+    const Json json = Written()["money"];
+    EXPECT_EQ(json["Count"], 1);
+    ASSERT_EQ(json["Records"].size(), 1U);
+    const Json& written = json["Records"][0];
+    EXPECT_EQ(KeysOf(written), names);
+    EXPECT_EQ(written["BILL_DATE"], "20240102");
+    EXPECT_EQ(written["QCQY"], "1.00");
+    EXPECT_EQ(written["KHQY"], "2.00");
+    EXPECT_EQ(written["SXF"], "");
+    EXPECT_EQ(written["EXCHANGE_RATE"], 7.5);
+}
+
+TEST_F(JsonWriter, WritesEachCurrencyWithItsStore) {
+    for (const auto& [currency, closing] : {std::pair{"HKD*", "5.00"}, {"美元", "6.00"}}) {
+        auto record = std::make_unique<MoneyRecord>(ClearedMoneyRecord());
+        CopyField(record->QMJC, closing);
+        CurrencyMoneyStore.Add(std::move(record), Gbk(currency), MoneySource::Live);
+    }
+    const Json currencies = Written()["currencies"];
+    ASSERT_EQ(currencies.size(), 2U);
+    EXPECT_EQ(KeysOf(currencies[0]), (Names{"name", "store"}));
+    EXPECT_EQ(currencies[0]["name"], "HKD*");
+    EXPECT_EQ(KeysOf(currencies[0]["store"]), kMoneyKeys);
+    EXPECT_EQ(currencies[0]["store"]["ClosingEquity"], 5);
+    EXPECT_EQ(currencies[1]["name"], "美元");
+    EXPECT_EQ(currencies[1]["store"]["ClosingEquity"], 6);
+    EXPECT_EQ(currencies[1]["store"]["Records"].size(), 1U);
+}
+
+/// Fills each field of a record with its place in the record, and says which names are then expected in the JSON.
+struct FieldOfRecord {
+    const char* name;
+    std::span<char> bytes;
+};
+
+Json Fill(const std::vector<FieldOfRecord>& fields) {
+    Json expected = Json::object();
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const std::string text = "f" + std::to_string(i);
+        *std::ranges::copy(text, fields[i].bytes.begin()).out = '\0';
+        if (!std::string_view(fields[i].name).starts_with("SPARE_")) expected[fields[i].name] = text;
+    }
+    return expected;
+}
+
+#define FIELD(Name) \
+    { #Name, row->Name }
+
+TEST_F(JsonWriter, WritesTrades) {
+    auto row = std::make_unique<MatchRecord>();
+    const Json expected =
+        Fill({FIELD(BILL_DATE), FIELD(MATCH_DATE), FIELD(EXCH_NAME), FIELD(CONTRACT), FIELD(DELIVERY), FIELD(HEDGE),
+              FIELD(BID), FIELD(MATCH_PRICE), FIELD(MATCH_VOL), FIELD(TURNOVER), FIELD(OFFSET), FIELD(POUNDAGE),
+              FIELD(OFFSETPL), FIELD(MATCHNO), FIELD(ROYALTY), FIELD(CURRENCY)});
+    MatchStore.Add(std::move(row));
+    EXPECT_EQ(Written()["matches"], Json::array({expected}));
+}
+
+TEST_F(JsonWriter, WritesClosedPositions) {
+    auto row = std::make_unique<PingDetail>();
+    const Json expected = Fill({FIELD(BILL_DATE), FIELD(MATCH_DATE), FIELD(EXCH_NAME), FIELD(CONTRACT), FIELD(DELIVERY),
+                                FIELD(BID), FIELD(MATCH_PRICE), FIELD(MATCH_VOL), FIELD(OPEN_DATE), FIELD(OPEN_PRICE),
+                                FIELD(SETTLE_PRICE), FIELD(POUNDAGE), FIELD(HEDGE), FIELD(OFFSETPL), FIELD(CURRENCY)});
+    PingDetailStore.Add(std::move(row));
+    EXPECT_EQ(Written()["closed"], Json::array({expected}));
+}
+
+TEST_F(JsonWriter, WritesOpenPositions) {
+    auto row = std::make_unique<OpiDetail>();
+    const Json expected = Fill({FIELD(BILL_DATE), FIELD(EXCH_NAME), FIELD(CONTRACT), FIELD(DELIVERY), FIELD(OPEN_DATE),
+                                FIELD(HEDGE), FIELD(BID), FIELD(POSITION_VOL), FIELD(OPEN_PRICE), FIELD(YSETTLE_PRICE),
+                                FIELD(SETTLE_PRICE), FIELD(FLOATPL), FIELD(DSYK), FIELD(DEPOSIT), FIELD(CURRENCY)});
+    OpiDetailStore.Add(std::move(row));
+    EXPECT_EQ(Written()["positions"], Json::array({expected}));
+}
+
+TEST_F(JsonWriter, WritesPositionSumsWithoutSpareFields) {
+    auto row = std::make_unique<OpiSum>();
+    const Json expected = Fill({FIELD(BILL_DATE), FIELD(EXCH_NAME), FIELD(CONTRACT), FIELD(DELIVERY), FIELD(BID),
+                                FIELD(BID_POSITION_VOL), FIELD(SPARE_OPI_1), FIELD(ASK_POSITION_VOL),
+                                FIELD(SPARE_OPI_2), FIELD(POSITION_VOL), FIELD(POSITION_PRICE), FIELD(YSETTLE_PRICE),
+                                FIELD(SETTLE_PRICE), FIELD(DSYK), FIELD(DEPOSIT), FIELD(HEDGE)});
+    OpiSumStore.Add(std::move(row));
+    EXPECT_EQ(Written()["positionSums"], Json::array({expected}));
+}
+
+#undef FIELD
+
+TEST_F(JsonWriter, KeepsRowsInTheirOrder) {
+    for (const char* const contract : {"rb", "i", "rb", "a"}) {
+        auto row = std::make_unique<MatchRecord>();
+        CopyField(row->CONTRACT, contract);
+        MatchStore.Add(std::move(row));
+    }
+    Names contracts;
+    const Json json = Written();
+    for (const Json& row : json["matches"]) contracts.push_back(row["CONTRACT"]);
+    EXPECT_EQ(contracts, (Names{"rb", "i", "rb", "a"}));
+}
+
+TEST_F(JsonWriter, WritesTalliesOfClosedPositions) {
+    ContractOffset offset{};
+    CopyField(offset.CONTRACT, Gbk("沪铜"));
+    CopyField(offset.DELIVERY, "2405");
+    CopyField(offset.CURRENCY, "HKD");
+    offset.LONG_VOL = 1;
+    offset.SHORT_VOL = 2;
+    offset.LONG_PL = 3.5;
+    offset.SHORT_PL = 4.5;
+    offset.LONG_COUNT = 5;
+    offset.SHORT_COUNT = 6;
+    offset.LONG_WIN_COUNT = 7;
+    offset.SHORT_WIN_COUNT = 8;
+    offset.LONG_WIN_VOL = 9;
+    offset.SHORT_WIN_VOL = 10;
+    offset.LONG_WIN_PL = 11.5;
+    offset.SHORT_WIN_PL = 12.5;
+    offset.LONG_LOSE_COUNT = 13;
+    offset.SHORT_LOSE_COUNT = 14;
+    offset.LONG_LOSE_VOL = 15;
+    offset.SHORT_LOSE_VOL = 16;
+    offset.LONG_LOSE_PL = -17.5;
+    offset.SHORT_LOSE_PL = -18.5;
+    offset.LONG_MAX_WIN = 19.5;
+    offset.LONG_MAX_LOSS = -20.5;
+    offset.SHORT_MAX_WIN = 21.5;
+    offset.SHORT_MAX_LOSS = -22.5;
+    ReportDocument.Offsets.push_back(std::make_unique<ContractOffset>(offset));
+    const Json expected = {
+        {"CONTRACT", "沪铜"},     {"DELIVERY", "2405"},   {"CURRENCY", "HKD"},      {"LONG_VOL", 1},
+        {"SHORT_VOL", 2},         {"LONG_PL", 3.5},       {"SHORT_PL", 4.5},        {"LONG_COUNT", 5},
+        {"SHORT_COUNT", 6},       {"LONG_WIN_COUNT", 7},  {"SHORT_WIN_COUNT", 8},   {"LONG_WIN_VOL", 9},
+        {"SHORT_WIN_VOL", 10},    {"LONG_WIN_PL", 11.5},  {"SHORT_WIN_PL", 12.5},   {"LONG_LOSE_COUNT", 13},
+        {"SHORT_LOSE_COUNT", 14}, {"LONG_LOSE_VOL", 15},  {"SHORT_LOSE_VOL", 16},   {"LONG_LOSE_PL", -17.5},
+        {"SHORT_LOSE_PL", -18.5}, {"LONG_MAX_WIN", 19.5}, {"LONG_MAX_LOSS", -20.5}, {"SHORT_MAX_WIN", 21.5},
+        {"SHORT_MAX_LOSS", -22.5}};
+    EXPECT_EQ(Written()["offsets"], Json::array({expected}));
+}
+
+TEST_F(JsonWriter, WritesChainsWithTheirItems) {
+    auto chain = std::make_unique<CContractChain>("cu");
+    chain->Items = {"al", Gbk("锌"), ""};
+    ChainTable.Chains.push_back(std::move(chain));
+    EXPECT_EQ(Written()["chains"], Json::array({{{"ItemBase", "cu"}, {"Items", {"al", "锌", ""}}}}));
+}
+
+TEST_F(JsonWriter, WritesDailyFigures) {
+    DayFigure& day = TradeStatistics.DayFigures.FindOrCreate("20240102");
+    day.ClosedPL = 1;
+    day.PositionPL = 2;
+    day.CashFlow = 3;
+    day.Opening = 4;
+    day.Closing = 5;
+    day.Yield = 0.25;
+    const Json expected = {{"Day", "20240102"}, {"ClosedPL", 1.0}, {"PositionPL", 2.0}, {"CashFlow", 3.0},
+                           {"Opening", 4.0},    {"Closing", 5.0},  {"Yield", 0.25}};
+    EXPECT_EQ(Written()["days"], Json::array({expected}));
+}
+
+TEST_F(JsonWriter, WritesDailyUsageWithItsPositions) {
+    CDayUsage& usage = TradeStatistics.DayUsages.FindOrCreate("20240102");
+    usage.Margin = 1.5;
+    usage.Equity = 3;
+    usage.HasFigures = 1;
+    usage.Risk = 0.5;
+    usage.AddRow("rb", {.day = "20240102", .side = Gbk("卖"), .lots = 4, .margin = 10, .isSummary = false});
+    const Json position = {{"Product", "rb"},   {"Side", "卖"},   {"Lots", 4},        {"NetLots", 0.0},
+                           {"Day", "20240102"}, {"Margin", 10.0}, {"UnitMargin", 2.5}};
+    const Json expected = {{"Day", "20240102"}, {"Margin", 1.5}, {"Equity", 3.0},
+                           {"HasFigures", 1},   {"Risk", 0.5},   {"Positions", Json::array({position})}};
+    EXPECT_EQ(Written()["usage"], Json::array({expected}));
+}
+
+TEST_F(JsonWriter, WritesTheDayThatUsageWasFedUnder) {
+    OpiDetail row{};
+    CopyField(row.BILL_DATE, "20240102");
+    CopyField(row.CONTRACT, "rb2405");
+    CopyField(row.POSITION_VOL, "1");
+    TradeStatistics.FeedOpiDetail(row);
+    EXPECT_EQ(Written()["usage"][0]["Day"], "20240102");
+}
+
+TEST_F(JsonWriter, WritesAllAccountFigures) {
+    AccountStatistics.WinCount = 1;
+    AccountStatistics.LoseCount = 2;
+    AccountStatistics.FlatCount = 3;
+    AccountStatistics.InitialEquity = 4.5;
+    AccountStatistics.MaxEquity = 5.5;
+    AccountStatistics.MinEquity = 6.5;
+    AccountStatistics.TotalPL = 7.5;
+    AccountStatistics.MaxDrawdown = 8.5;
+    AccountStatistics.WinRate = 9.5;
+    AccountStatistics.ProfitRate = 10.5;
+    AccountStatistics.MaxProfit = 11.5;
+    AccountStatistics.MaxLoss = -12.5;
+    AccountStatistics.MaxYield = 13.5;
+    AccountStatistics.MaxRisk = 14.5;
+    const Json expected = {{"WinCount", 1},    {"LoseCount", 2},     {"FlatCount", 3},    {"InitialEquity", 4.5},
+                           {"MaxEquity", 5.5}, {"MinEquity", 6.5},   {"TotalPL", 7.5},    {"MaxDrawdown", 8.5},
+                           {"WinRate", 9.5},   {"ProfitRate", 10.5}, {"MaxProfit", 11.5}, {"MaxLoss", -12.5},
+                           {"MaxYield", 13.5}, {"MaxRisk", 14.5}};
+    EXPECT_EQ(Written()["account"], expected);
+}
+
+}  // namespace
+}  // namespace tradebill

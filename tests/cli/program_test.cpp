@@ -1,0 +1,290 @@
+// The program itself: exit codes, and what it says on its two outputs.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdlib>
+#include <filesystem>
+#include <initializer_list>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "platform/local_time.h"
+#include "support/temp_folder.h"
+
+namespace tradebill {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Answer {
+    int exit;
+    std::string out;
+    std::string err;
+};
+
+std::string Quoted(const std::string& text) {
+    return "'" + text + "'";
+}
+
+class Program : public testing::Test {
+protected:
+    /// A copy of the sample account that bears all of an account's files.
+    Program() { fs::copy(std::string(TRADEBILL_SAMPLES) + "/fund-status", sample_, fs::copy_options::recursive); }
+
+    /// Runs the program with its outputs in files; `arguments` as a shell reads them.
+    Answer Run(const std::string& arguments) const {
+        const std::string out = folder_.Path("out");
+        const std::string err = folder_.Path("err");
+        const int status = std::system(
+            (Quoted(TRADEBILL_PROGRAM) + " " + arguments + " >" + Quoted(out) + " 2>" + Quoted(err) + " </dev/null")
+                .c_str());
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadFile(out), ReadFile(err)};
+    }
+
+    /// The report of the sample, with `more` behind its options.
+    [[nodiscard]] std::string Report(const std::string& more = {}) const {
+        return "report --root " + Quoted(root_) + " --request " + Quoted(sample_ + "/request.ini") + " " + more;
+    }
+    /// The options of a report of two days, each as it is unless `changed`.
+    [[nodiscard]] std::string Options(const std::string& option = {}, const std::string& changed = {}) const {
+        std::string text = "report";
+        for (const auto& [name, value] :
+             std::initializer_list<std::pair<std::string, std::string>>{{"--root", root_},
+                                                                        {"--user", "demo"},
+                                                                        {"--account", "90010002"},
+                                                                        {"--from", "2024-01-02"},
+                                                                        {"--to", "2024-01-03"},
+                                                                        {"--format", "1"}}) {
+            if (name != option) text += " " + name + " " + Quoted(value);
+        }
+        return option.empty() || changed.empty() ? text : text + " " + option + " " + Quoted(changed);
+    }
+    [[nodiscard]] std::string PageFile() const { return root_ + "/Users/demo/Data/Bill/Image/TradeBill.html"; }
+
+    CTempFolder folder_;
+    std::string sample_ = folder_.Path("sample");
+    std::string root_ = sample_ + "/root";
+};
+
+bool Says(const std::string& text, std::string_view words) {
+    return text.find(words) != std::string::npos;
+}
+
+/// Exit 2, nothing on the output, and one line on the other that names `words` and what was expected.
+testing::AssertionResult IsWrongUse(const Answer& answer, std::string_view words) {
+    const bool oneLine = std::ranges::count(answer.err, '\n') == 1 && answer.err.ends_with("\n");
+    if (answer.exit == 2 && answer.out.empty() && oneLine && answer.err.starts_with("tradebill: ") &&
+        Says(answer.err, words) && Says(answer.err, "expected")) {
+        return testing::AssertionSuccess();
+    }
+    return testing::AssertionFailure() << words << ": exit " << answer.exit << "\n" << answer.out << answer.err;
+}
+
+TEST_F(Program, MakesTheReportOfASample) {
+    const Answer answer = Run(Report("--units " + Quoted(std::string(TRADEBILL_SAMPLES) + "/units.ini")));
+    EXPECT_EQ(answer.exit, 0);
+    EXPECT_EQ(answer.err, "");
+    EXPECT_TRUE(Says(answer.out, "25 (10 days without a file)")) << answer.out;  // 35 days, of them 25 of trading
+    EXPECT_TRUE(Says(answer.out, "771053.71")) << answer.out;                    // as the last statement closes
+    EXPECT_TRUE(Says(answer.out, PageFile())) << answer.out;
+    EXPECT_TRUE(ReadFile(PageFile()).ends_with("</html>\r\n"));
+}
+
+TEST_F(Program, TakesAllSettingsAsOptions) {
+    const Answer answer = Run(Options() + " --kind domestic --template none --dpi 120 --margin-offset");
+    EXPECT_EQ(answer.exit, 0);
+    EXPECT_TRUE(Says(answer.out, "2 (0 days without a file)")) << answer.out;
+}
+
+TEST_F(Program, LeavesStatementsAsTheyWere) {
+    const std::string bill = "/Users/demo/Data/Bill";
+    ASSERT_EQ(Run(Report()).exit, 0);
+    int statements = 0;
+    for (const auto& entry : fs::directory_iterator(std::string(TRADEBILL_SAMPLES) + "/fund-status/root" + bill)) {
+        if (!entry.is_regular_file()) continue;
+        const std::string name = entry.path().filename();
+        EXPECT_EQ(ReadFile(root_ + bill + "/" + name), ReadFile(entry.path())) << name;
+        ++statements;
+    }
+    EXPECT_EQ(statements, 25);
+}
+
+TEST_F(Program, SaysNothingIfQuiet) {
+    const Answer answer = Run(Report("--quiet"));
+    EXPECT_EQ(answer.exit, 0);
+    EXPECT_EQ(answer.out, "");
+    EXPECT_EQ(answer.err, "");
+    EXPECT_TRUE(ReadFile(PageFile()).ends_with("</html>\r\n"));
+}
+
+TEST_F(Program, WritesJson) {
+    const std::string file = folder_.Path("run.json");
+    ASSERT_EQ(Run(Report("--quiet --json " + Quoted(file))).exit, 0);
+    const auto json = nlohmann::json::parse(ReadFile(file));
+    EXPECT_EQ(json["money"]["Count"], 25);
+    EXPECT_EQ(json["money"]["ClosingEquity"], 771053.71);
+    EXPECT_EQ(json["money"]["Records"][24]["BILL_DATE"], "20240205");
+    EXPECT_EQ(json["money"]["Records"][24]["PCYK"], "-3710.00");
+    EXPECT_EQ(json["days"].size(), 25U);
+    EXPECT_EQ(json["matches"].back()["CONTRACT"], "rb");
+}
+
+TEST_F(Program, LetsOptionsWinOverTheRequestFile) {
+    const Answer answer = Run(Report("--from 2024-01-31 --to 2024-02-01"));
+    EXPECT_EQ(answer.exit, 0);
+    EXPECT_TRUE(Says(answer.out, "2024-01-31")) << answer.out;
+    EXPECT_TRUE(Says(answer.out, "2 (0 days without a file)")) << answer.out;
+}
+
+TEST_F(Program, TakesDatesThatRollOver) {
+    const Answer answer = Run(Report("--from 2024-2-30 --to 2024-3-1"));
+    EXPECT_EQ(answer.exit, 0);
+    EXPECT_TRUE(Says(answer.out, "from 2024-03-01 to 2024-03-01")) << answer.out;
+}
+
+TEST_F(Program, ReportsTodayWithoutDates) {
+    const std::string live = Quoted(sample_ + "/live.ini");
+    const std::string today = DashedDayText(LocalDayOf(PresentTime()));
+    const Answer answer = Run("report --root " + Quoted(root_) + " --user demo --account 1 --format 1 --live " + live);
+    EXPECT_EQ(answer.exit, 0);
+    EXPECT_TRUE(Says(answer.out, "from " + today + " to " + today)) << answer.out;
+    EXPECT_TRUE(Says(answer.out, "1 money")) << answer.out;
+}
+
+TEST_F(Program, RefusesWhatItDoesntKnow) {
+    EXPECT_TRUE(IsWrongUse(Run(Options() + " --colour red"), "--colour"));
+    EXPECT_TRUE(IsWrongUse(Run(Options() + " more"), "more"));
+    EXPECT_TRUE(IsWrongUse(Run("explode"), "subcommand"));
+    EXPECT_TRUE(IsWrongUse(Run(""), "subcommand"));
+    EXPECT_TRUE(IsWrongUse(Run(Options() + " --dpi"), "--dpi"));
+}
+
+TEST_F(Program, RefusesMissingOptions) {
+    for (const char* const option : {"--root", "--user", "--account", "--format"}) {
+        EXPECT_TRUE(IsWrongUse(Run(Options(option)), option));
+    }
+    EXPECT_TRUE(IsWrongUse(Run("report"), "--root"));
+}
+
+TEST_F(Program, RefusesABadDate) {
+    EXPECT_TRUE(IsWrongUse(Run(Options("--from", "2024-13-1")), "--from"));
+    EXPECT_TRUE(IsWrongUse(Run(Options("--to", "2024-1-32")), "--to"));
+    EXPECT_TRUE(IsWrongUse(Run(Options("--from", "1969-12-30")), "--from"));
+    EXPECT_FALSE(fs::exists(PageFile()));
+}
+
+TEST_F(Program, TakesAFormatWithoutReaderOnlyWithATemplate) {
+    EXPECT_TRUE(IsWrongUse(Run(Options("--format", "7")), "--format"));
+    EXPECT_EQ(Run(Options("--format", "7") + " --template songta").exit, 0);
+    EXPECT_TRUE(IsWrongUse(Run(Options("--format", "one") + " --template songta"), "--format"));
+}
+
+TEST_F(Program, RefusesFoldersThatArentThere) {
+    EXPECT_TRUE(IsWrongUse(Run(Options("--root", folder_.Path("missing"))), "--root"));
+    EXPECT_TRUE(IsWrongUse(Run(Options("--user", "nobody")), "--user"));
+    EXPECT_FALSE(fs::exists(folder_.Path("missing")));
+    EXPECT_FALSE(fs::exists(root_ + "/Users/nobody"));
+}
+
+TEST_F(Program, RefusesABrokenIniFileWithItsLine) {
+    const std::string broken = folder_.Write("broken.ini", "; of the host\n[UNITS]\nrb=10\nwhat is this\n");
+    EXPECT_TRUE(IsWrongUse(Run(Options() + " --units " + Quoted(broken)), "broken.ini, line 4"));
+    EXPECT_TRUE(IsWrongUse(Run(Options() + " --products " + Quoted(broken)), "broken.ini, line 4"));
+    EXPECT_TRUE(IsWrongUse(Run(Options() + " --live " + Quoted(broken)), "broken.ini, line 4"));
+    EXPECT_TRUE(IsWrongUse(Run(Options() + " --request " + Quoted(broken)), "broken.ini, line 4"));
+    EXPECT_TRUE(IsWrongUse(Run(Options() + " --units " + Quoted(folder_.Path("missing.ini"))), "missing.ini"));
+}
+
+TEST_F(Program, RefusesNamesThatDontFit) {
+    EXPECT_TRUE(IsWrongUse(Run(Options("--account", "12345678901234567")), "--account"));
+    EXPECT_TRUE(IsWrongUse(Run(Options("--user", std::string(128, 'u'))), "--user"));
+    EXPECT_TRUE(IsWrongUse(Run(Options() + " --template 12345678901"), "--template"));
+    EXPECT_TRUE(IsWrongUse(Run(Options("--account", "../1")), "--account"));
+    EXPECT_TRUE(IsWrongUse(Run(Options("--user", "demo/Data")), "--user"));
+    EXPECT_TRUE(IsWrongUse(Run(Options("--user", "..\\demo")), "--user"));
+    EXPECT_TRUE(IsWrongUse(Run(Options() + " --template a/b"), "--template"));
+}
+
+TEST_F(Program, WarnsOfAStartAfterTheEnd) {
+    const Answer answer = Run(Options("--from", "2024-02-01"));
+    EXPECT_EQ(answer.exit, 0);
+    EXPECT_TRUE(Says(answer.err, "warning: the first day")) << answer.err;
+    EXPECT_TRUE(ReadFile(PageFile()).ends_with("</html>\r\n"));
+}
+
+TEST_F(Program, WarnsOfARangeWithoutStatements) {
+    const Answer answer = Run(Report("--from 2023-01-01 --to 2023-01-31"));
+    EXPECT_EQ(answer.exit, 0);
+    EXPECT_EQ(answer.err, "tradebill: warning: no statement was found in the whole range\n");
+    EXPECT_TRUE(ReadFile(PageFile()).ends_with("</html>\r\n"));
+}
+
+TEST_F(Program, FailsIfThePageCantBeWritten) {
+    fs::create_directories(PageFile());
+    const Answer answer = Run(Report());
+    EXPECT_EQ(answer.exit, 1);
+    EXPECT_EQ(answer.out, "");
+    EXPECT_EQ(answer.err, "tradebill: can't write the page " + PageFile() + "\n");
+}
+
+TEST_F(Program, FailsIfTheDiskIsFull) {
+    fs::create_directories(fs::path(PageFile()).parent_path());
+    fs::create_symlink("/dev/full", PageFile());
+    const Answer answer = Run(Report());
+    EXPECT_EQ(answer.exit, 1);
+    EXPECT_EQ(answer.err, "tradebill: can't write the page " + PageFile() + "\n");
+}
+
+TEST_F(Program, ListsItsOptions) {
+    const Answer answer = Run("report --help");
+    EXPECT_EQ(answer.exit, 0);
+    for (const char* const option :
+         {"--root", "--user", "--account", "--from", "--to", "--format", "--kind", "--template", "--dpi",
+          "--margin-offset", "--units", "--products", "--live", "--json", "--quiet", "--request"}) {
+        EXPECT_TRUE(Says(answer.out, option)) << option;
+    }
+    EXPECT_EQ(Run("--version").exit, 0);
+}
+
+/// What the program shows on a terminal, which takes its standard error; its output goes to `out`.
+std::string ShownOnTerminal(const std::string& arguments, const std::string& out) {
+    const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY);
+    if (terminal < 0 || ::grantpt(terminal) != 0 || ::unlockpt(terminal) != 0) return "no terminal";
+    const std::string name = ::ptsname(terminal);
+    const int kept = ::open(name.c_str(), O_RDWR | O_NOCTTY);  // so that what was shown outlives the program
+    const int status = std::system(
+        (Quoted(TRADEBILL_PROGRAM) + " " + arguments + " >" + Quoted(out) + " 2>" + name + " </dev/null").c_str());
+    std::array<char, 4096> buffer{};
+    std::string shown;
+    ::fcntl(terminal, F_SETFL, O_NONBLOCK);
+    for (ssize_t size = 0; (size = ::read(terminal, buffer.data(), buffer.size())) > 0;) {
+        shown.append(buffer.data(), static_cast<std::size_t>(size));
+    }
+    ::close(kept);
+    ::close(terminal);
+    return status == 0 ? shown : "failed: " + shown;
+}
+
+TEST_F(Program, ShowsItsProgressOnATerminal) {
+    const std::string shown = ShownOnTerminal(Report(), folder_.Path("out"));
+    EXPECT_TRUE(Says(shown, "day 1 of 35")) << shown;
+    EXPECT_TRUE(Says(shown, "day 35 of 35")) << shown;
+    EXPECT_TRUE(Says(shown, "page")) << shown;
+    EXPECT_TRUE(shown.ends_with("\r\x1B[K")) << shown;
+    EXPECT_FALSE(Says(ReadFile(folder_.Path("out")), "\r"));
+}
+
+TEST_F(Program, ShowsNoProgressOnATerminalIfQuiet) {
+    EXPECT_EQ(ShownOnTerminal(Report("--quiet"), folder_.Path("out")), "");
+}
+
+}  // namespace
+}  // namespace tradebill

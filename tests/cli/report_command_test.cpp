@@ -1,0 +1,213 @@
+#include "cli/report_command.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "cli/cli_fixture.h"
+
+namespace tradebill {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::internal::CaptureStderr;
+using testing::internal::CaptureStdout;
+using testing::internal::GetCapturedStderr;
+using testing::internal::GetCapturedStdout;
+
+/// What a command returned and said.
+struct Answer {
+    int exit;
+    std::string out;
+    std::string err;
+};
+
+class Command : public CliFixture {
+protected:
+    Answer Run() {
+        command_.options = options_;
+        CaptureStdout();
+        CaptureStderr();
+        Answer answer{};
+        try {
+            answer.exit = RunReportCommand(command_);
+        } catch (...) {
+            GetCapturedStdout();
+            GetCapturedStderr();
+            throw;
+        }
+        answer.out = GetCapturedStdout();
+        answer.err = GetCapturedStderr();
+        return answer;
+    }
+
+    ReportCommand command_;
+};
+
+bool Says(const std::string& text, const std::string& words) {
+    return text.find(words) != std::string::npos;
+}
+
+TEST_F(Command, MakesTheReportAndSumsItUp) {
+    PutStatement("20240102", "1500.25");
+    const Answer answer = Run();
+    EXPECT_EQ(answer.exit, 0);
+    EXPECT_EQ(answer.err, "");
+    EXPECT_TRUE(Says(answer.out, "2024-01-02"));
+    EXPECT_TRUE(Says(answer.out, "2024-01-03"));
+    EXPECT_TRUE(Says(answer.out, "statements read   1 (1 day without a file)")) << answer.out;
+    EXPECT_TRUE(Says(answer.out, "1 money, 0 trades, 0 closed, 1 positions, 0 position sums")) << answer.out;
+    EXPECT_TRUE(Says(answer.out, "closing equity    1500.25")) << answer.out;
+    EXPECT_TRUE(Says(answer.out, PageFile()));
+    EXPECT_TRUE(ReadFile(PageFile()).ends_with("</html>\r\n"));
+}
+
+TEST_F(Command, CountsCurrenciesOfTheForeignFamily) {
+    options_.kind = "foreign";
+    options_.from.reset();
+    options_.to.reset();
+    options_.liveFile = root_.Write("live.ini", "[BASE]\nCURRENCY=HKD\n[CURRENCY1]\nCURRENCY=USD\n");
+    const Answer answer = Run();
+    EXPECT_EQ(answer.exit, 0);
+    EXPECT_TRUE(Says(answer.out, "2 currencies")) << answer.out;
+}
+
+TEST_F(Command, IsSilentIfQuiet) {
+    PutStatement("20240102", "1500.25");
+    command_.quiet = true;
+    const Answer answer = Run();
+    EXPECT_EQ(answer.exit, 0);
+    EXPECT_EQ(answer.out, "");
+    EXPECT_EQ(answer.err, "");
+    EXPECT_TRUE(ReadFile(PageFile()).ends_with("</html>\r\n"));
+}
+
+TEST_F(Command, ShowsNoProgressIfNobodyWatches) {
+    PutStatement("20240102", "1500.25");
+    const Answer answer = Run();
+    EXPECT_FALSE(Says(answer.err, "\r"));
+    EXPECT_FALSE(Says(answer.err, "day"));
+    EXPECT_FALSE(Says(answer.out, "\r"));
+}
+
+TEST_F(Command, WarnsOfARangeWithoutStatements) {
+    for (const bool quiet : {false, true}) {
+        command_.quiet = quiet;
+        const Answer answer = Run();
+        EXPECT_EQ(answer.exit, 0);
+        EXPECT_TRUE(Says(answer.err, "warning: no statement")) << answer.err;
+        EXPECT_TRUE(ReadFile(PageFile()).ends_with("</html>\r\n"));
+    }
+}
+
+TEST_F(Command, WarnsOfStatementsOfAnotherLayout) {
+    root_.Write("Users/demo/Data/Bill/D90010002.20240102o.txt", "nothing that is known");
+    const Answer answer = Run();
+    EXPECT_EQ(answer.exit, 0);
+    EXPECT_TRUE(Says(answer.err, "warning: nothing was recognised")) << answer.err;
+}
+
+TEST_F(Command, WarnsOfAStartAfterTheEndAndGoesOn) {
+    std::swap(options_.from, options_.to);
+    const Answer answer = Run();
+    EXPECT_EQ(answer.exit, 0);
+    EXPECT_TRUE(Says(answer.err, "warning: the first day lies after the last")) << answer.err;
+    EXPECT_TRUE(ReadFile(PageFile()).ends_with("</html>\r\n"));
+}
+
+TEST_F(Command, ThrowsForWrongUseBeforeAnythingIsDone) {
+    options_.account = "1/2";
+    EXPECT_THROW(Run(), CUsageError);
+    EXPECT_FALSE(fs::exists(root_.Path("Users/demo/Data")));
+}
+
+TEST_F(Command, FailsIfThePageCantBeWritten) {
+    PutStatement("20240102", "1500.25");
+    fs::create_directories(PageFile());
+    const Answer answer = Run();
+    EXPECT_EQ(answer.exit, 1);
+    EXPECT_TRUE(Says(answer.err, "can't write the page " + PageFile())) << answer.err;
+    EXPECT_EQ(answer.out, "");
+}
+
+TEST_F(Command, FailsIfTheDiskIsFull) {
+    PutStatement("20240102", "1500.25");
+    fs::create_directories(fs::path(PageFile()).parent_path());
+    fs::create_symlink("/dev/full", PageFile());
+    const Answer answer = Run();
+    EXPECT_EQ(answer.exit, 1);
+    EXPECT_TRUE(Says(answer.err, "can't write the page " + PageFile())) << answer.err;
+}
+
+TEST_F(Command, FailsIfThePagesFolderCantBeMade) {
+    root_.Write("Users/demo/Data/Bill", "a file in its place");
+    const Answer answer = Run();
+    EXPECT_EQ(answer.exit, 1);
+    EXPECT_TRUE(Says(answer.err, "can't write the page")) << answer.err;
+}
+
+TEST_F(Command, WritesJsonOfTheRun) {
+    PutStatement("20240102", "1500.25");
+    command_.jsonFile = root_.Path("run.json");
+    EXPECT_EQ(Run().exit, 0);
+    const auto json = nlohmann::json::parse(ReadFile(*command_.jsonFile));
+    EXPECT_EQ(json["money"]["ClosingEquity"], 1500.25);
+    EXPECT_EQ(json["money"]["Records"].size(), 1U);
+    EXPECT_EQ(json["money"]["StartDateText"], "2024-01-02");
+    EXPECT_EQ(json["positions"][0]["BID"], "买");
+    EXPECT_EQ(json["usage"][0]["Positions"][0]["Product"], "i");
+    EXPECT_EQ(json["account"]["InitialEquity"], 1500.25);
+}
+
+TEST_F(Command, ReplacesTheJsonOfAnEarlierRun) {
+    command_.jsonFile = root_.Write("run.json", std::string(100000, 'x'));
+    EXPECT_EQ(Run().exit, 0);
+    EXPECT_EQ(nlohmann::json::parse(ReadFile(*command_.jsonFile))["money"]["Count"], 0);
+}
+
+TEST_F(Command, LeavesNothingBesideTheJson) {
+    const std::string json = root_.Path("json/run.json");
+    fs::create_directories(root_.Path("json"));
+    command_.jsonFile = json;
+    EXPECT_EQ(Run().exit, 0);
+    std::string names;
+    for (const auto& entry : fs::directory_iterator(root_.Path("json"))) names += entry.path().filename().string();
+    EXPECT_EQ(names, "run.json");
+}
+
+TEST_F(Command, FailsIfTheJsonCantBeWritten) {
+    command_.jsonFile = root_.Path(std::string(300, 'j'));  // longer than a file's name may be
+    const Answer answer = Run();
+    EXPECT_EQ(answer.exit, 1);
+    EXPECT_TRUE(Says(answer.err, "can't write " + *command_.jsonFile)) << answer.err;
+    EXPECT_TRUE(ReadFile(PageFile()).ends_with("</html>\r\n"));
+}
+
+TEST_F(Command, RefusesAJsonFileThatCantBe) {
+    for (const std::string& path : {std::string(), root_.Path(), root_.Path("missing/run.json")}) {
+        command_.jsonFile = path;
+        EXPECT_PRED2(IsClearLine, UsageErrorOf([this] { return Run().exit; }), "--json") << path;
+    }
+    EXPECT_FALSE(fs::exists(root_.Path("Users/demo/Data")));
+}
+
+TEST_F(Command, WritesNothingOutsideTheUsersDataButTheJson) {
+    PutStatement("20240102", "1500.25");
+    command_.jsonFile = root_.Path("run.json");
+    Run();
+    std::vector<std::string> top;
+    for (const auto& entry : fs::directory_iterator(root_.Path())) top.push_back(entry.path().filename());
+    std::ranges::sort(top);
+    EXPECT_EQ(top, (std::vector<std::string>{"Users", "run.json"}));
+    std::vector<std::string> user;
+    for (const auto& entry : fs::directory_iterator(root_.Path("Users/demo"))) user.push_back(entry.path().filename());
+    EXPECT_EQ(user, (std::vector<std::string>{"Data"}));
+}
+
+}  // namespace
+}  // namespace tradebill

@@ -1,0 +1,271 @@
+#include "cli/report_options.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "base/text.h"
+#include "cli/cli_fixture.h"
+#include "platform/local_time.h"
+
+namespace tradebill {
+namespace {
+
+class Options : public CliFixture {
+protected:
+    [[nodiscard]] std::string Refusal() const {
+        return UsageErrorOf([this] { return PrepareRequest(options_); });
+    }
+    [[nodiscard]] std::vector<std::string> Warnings() const { return PrepareRequest(options_).warnings; }
+    /// Whether there is one warning, of these words.
+    [[nodiscard]] bool WarnsOnlyOf(const std::string& words) const {
+        const auto warnings = Warnings();
+        return warnings.size() == 1 && warnings[0].find(words) != std::string::npos &&
+               warnings[0].find('\n') == std::string::npos;
+    }
+    void UseDates(const std::string& from, const std::string& to) {
+        options_.from = from;
+        options_.to = to;
+    }
+
+    std::string today_ = DashedDayText(LocalDayOf(PresentTime()));
+};
+
+TEST_F(Options, BecomeARequest) {
+    options_.dpi = "120";
+    options_.templateName = "songta";
+    options_.marginOffset = "1";
+    const PreparedRequest prepared = PrepareRequest(options_);
+    const GenerateBillRequest& request = prepared.request;
+    EXPECT_EQ(FieldText(request.UserFolder), "demo");
+    EXPECT_EQ(FieldText(request.Account), "90010002");
+    EXPECT_EQ(FieldText(request.StartDate), "2024-01-02");
+    EXPECT_EQ(FieldText(request.EndDate), "2024-01-03");
+    EXPECT_EQ(FieldText(request.TemplateName), "songta");
+    EXPECT_EQ(request.StatementFormat, 1);
+    EXPECT_EQ(request.StatementKind, 1);
+    EXPECT_EQ(request.Dpi, 120);
+    EXPECT_EQ(request.MarginOffsetFlag, 1);
+    EXPECT_EQ(request.BaseMoney.EXCHANGE_RATE, 1.0);
+    EXPECT_EQ(RootFolder(), root_.Path());
+    EXPECT_TRUE(prepared.warnings.empty());
+}
+
+TEST_F(Options, LeftOutMeanADomesticReportWithoutScalingOrCallbacks) {
+    const GenerateBillRequest request = PrepareRequest(options_).request;
+    EXPECT_EQ(request.StatementKind, 1);
+    EXPECT_EQ(request.Dpi, 0);
+    EXPECT_EQ(request.MarginOffsetFlag, 0);
+    EXPECT_EQ(FieldText(request.TemplateName), "");
+    EXPECT_EQ(request.CurrencyCount, 0);
+    EXPECT_EQ(request.ContractUnitCallback, nullptr);
+    EXPECT_EQ(request.ProductNameCallback, nullptr);
+    EXPECT_EQ(request.ChartSizeCallback, nullptr);
+    EXPECT_EQ(request.HostWindow, nullptr);
+    EXPECT_EQ(request.StopEvent, nullptr);
+}
+
+TEST_F(Options, SayTheFamily) {
+    options_.kind = "foreign";
+    EXPECT_EQ(PrepareRequest(options_).request.StatementKind, 2);
+    options_.kind = "domestic";
+    EXPECT_EQ(PrepareRequest(options_).request.StatementKind, 1);
+}
+
+/// A wrong use: what is done to good options, and what the message must name.
+struct WrongUse {
+    std::function<void(ReportOptions&)> change;
+    std::string named;
+};
+
+TEST_F(Options, AreRefusedInOneLineThatNamesThem) {
+    const std::string long128(128, 'u');
+    const WrongUse wrongUses[] = {
+        {[](auto& o) { o.root.reset(); }, "--root"},
+        {[](auto& o) { o.root = ""; }, "--root"},
+        {[&](auto& o) { o.root = root_.Path("missing"); }, "--root"},
+        {[&](auto& o) { o.root = root_.Write("file", ""); }, "--root"},
+        {[](auto& o) { o.user.reset(); }, "--user"},
+        {[](auto& o) { o.user = ""; }, "--user"},
+        {[](auto& o) { o.user = "nobody"; }, "--user"},
+        {[](auto& o) { o.user = "../Users/demo"; }, "--user"},
+        {[](auto& o) { o.user = "demo/"; }, "--user"},
+        {[](auto& o) { o.user = "a\\b"; }, "--user"},
+        {[](auto& o) { o.user = ".."; }, "--user"},
+        {[](auto& o) { o.user = "."; }, "--user"},
+        {[&](auto& o) { o.user = long128; }, "--user"},
+        {[](auto& o) { o.account.reset(); }, "--account"},
+        {[](auto& o) { o.account = ""; }, "--account"},
+        {[](auto& o) { o.account = "12345678901234567"; }, "--account"},
+        {[](auto& o) { o.account = "1/2"; }, "--account"},
+        {[](auto& o) { o.account = "1\\2"; }, "--account"},
+        {[](auto& o) { o.templateName = "12345678901"; }, "--template"},
+        {[](auto& o) { o.templateName = "../songta"; }, "--template"},
+        {[](auto& o) { o.format.reset(); }, "--format"},
+        {[](auto& o) { o.format = ""; }, "--format"},
+        {[](auto& o) { o.format = "7"; }, "--format"},
+        {[](auto& o) { o.format = "-1"; }, "--format"},
+        {[](auto& o) { o.format = "one"; }, "--format"},
+        {[](auto& o) { o.format = "1.0"; }, "--format"},
+        {[](auto& o) { o.kind = "local"; }, "--kind"},
+        {[](auto& o) { o.kind = "Foreign"; }, "--kind"},
+        {[](auto& o) { o.kind = ""; }, "--kind"},
+        {[](auto& o) { o.dpi = "high"; }, "--dpi"},
+        {[](auto& o) { o.dpi = "-1"; }, "--dpi"},
+        {[](auto& o) { o.dpi = "96.5"; }, "--dpi"},
+        {[](auto& o) { o.from = "1899-12-31"; }, "--from"},
+        {[](auto& o) { o.from = "2024-13-1"; }, "--from"},
+        {[](auto& o) { o.from = "2024-1-32"; }, "--from"},
+        {[](auto& o) { o.from = "20240102"; }, "--from"},
+        {[](auto& o) { o.from = "1969-12-30"; }, "--from"},
+        {[](auto& o) { o.from = "2024-1-2" + std::string(56, ' '); }, "--from"},
+        {[](auto& o) { o.to = "tomorrow"; }, "--to"},
+        {[](auto& o) { o.to = "3001-1-2"; }, "--to"},
+        {[&](auto& o) { o.unitFile = root_.Path("missing.ini"); }, "missing.ini"},
+        {[&](auto& o) { o.productFile = root_.Path("missing.ini"); }, "missing.ini"},
+        {[&](auto& o) { o.liveFile = root_.Path("missing.ini"); }, "missing.ini"},
+        {[&](auto& o) { o.requestFile = root_.Path("missing.ini"); }, "missing.ini"},
+        {[&](auto& o) { o.unitFile = root_.Write("u.ini", "[UNITS]\n\nrb\n"); }, "u.ini, line 3"},
+        {[&](auto& o) { o.productFile = root_.Write("p.ini", "[PRODUCTS]\nrb\n"); }, "p.ini, line 2"},
+        {[&](auto& o) { o.liveFile = root_.Write("l.ini", "BASE\n"); }, "l.ini, line 1"},
+    };
+    const ReportOptions good = options_;
+    for (const WrongUse& wrong : wrongUses) {
+        options_ = good;
+        wrong.change(options_);
+        EXPECT_PRED2(IsClearLine, Refusal(), wrong.named);
+    }
+}
+
+TEST_F(Options, TakeNamesThatFillTheirFields) {
+    const std::string user(127, 'u');
+    std::filesystem::create_directories(root_.Path("Users/" + user));
+    options_.user = user;
+    options_.account = "1234567890123456";
+    options_.templateName = "1234567890";
+    const GenerateBillRequest request = PrepareRequest(options_).request;
+    EXPECT_EQ(FieldText(request.UserFolder), user);
+    EXPECT_EQ(FieldText(request.Account), "1234567890123456");
+    EXPECT_EQ(FieldText(request.TemplateName), "1234567890");
+}
+
+TEST_F(Options, RefuseARootWhosePathsAreTooLong) {
+    options_.kind = "foreign";
+    const std::string tail = "/Users/demo/Data/Bill/DWP90010002.20240102o.txt";
+    const std::size_t longestRoot = 259 - tail.size();
+    std::string root = root_.Path();
+    while (root.size() + 102 < longestRoot) root += "/" + std::string(99, 'r');
+    root += "/" + std::string(longestRoot - root.size() - 1, 'r');
+    std::filesystem::create_directories(root + "/Users/demo");
+    std::filesystem::create_directories(root + "r/Users/demo");
+    options_.root = root;
+    EXPECT_EQ(Refusal(), "");
+    options_.root = root + "r";
+    EXPECT_PRED2(IsClearLine, Refusal(), "--root");
+}
+
+TEST_F(Options, TakeEveryFormatThatHasAReader) {
+    for (const char* const format : {"0", "1", "2", "3", "6", "201"}) {
+        options_.format = format;
+        EXPECT_EQ(PrepareRequest(options_).request.StatementFormat, std::stoi(format));
+    }
+    for (const char* const format : {"4", "5", "7", "200", "202"}) {
+        options_.format = format;
+        EXPECT_NE(Refusal(), "") << format;
+    }
+}
+
+TEST_F(Options, TakeAnyFormatTogetherWithATemplate) {
+    options_.format = "7";
+    options_.templateName = "songta";
+    EXPECT_EQ(PrepareRequest(options_).request.StatementFormat, 7);
+    options_.format = "seven";
+    EXPECT_PRED2(IsClearLine, Refusal(), "--format");
+    options_.format = "7";
+    options_.templateName = "";
+    EXPECT_PRED2(IsClearLine, Refusal(), "--format");
+}
+
+TEST_F(Options, PassDatesOnAsTheyWereGiven) {
+    for (const char* const date : {"2024-1-2", "2024-2-30", " 2024-01-02", "2024-1-2 00:00"}) {
+        UseDates(date, date);
+        const GenerateBillRequest request = PrepareRequest(options_).request;
+        EXPECT_EQ(FieldText(request.StartDate), date);
+        EXPECT_EQ(FieldText(request.EndDate), date);
+    }
+}
+
+TEST_F(Options, WithoutDatesMeanTodayAlone) {
+    options_.from.reset();
+    options_.to.reset();
+    options_.liveFile = root_.Write("live.ini", "[BASE]\n");
+    const PreparedRequest prepared = PrepareRequest(options_);
+    EXPECT_EQ(FieldText(prepared.request.StartDate), "");
+    EXPECT_EQ(FieldText(prepared.request.EndDate), "");
+    EXPECT_TRUE(prepared.warnings.empty());
+}
+
+TEST_F(Options, WarnOfAStartAfterTheEnd) {
+    UseDates("2024-1-3", "2024-1-2");
+    EXPECT_TRUE(WarnsOnlyOf("first day"));
+    UseDates("2024-2-30", "2024-3-1");  // the same day
+    EXPECT_TRUE(Warnings().empty());
+    UseDates("2024-2-30", "2024-2-29");
+    EXPECT_TRUE(WarnsOnlyOf("first day"));
+}
+
+TEST_F(Options, WarnOfOneDateAlone) {
+    options_.liveFile = root_.Write("live.ini", "[BASE]\n");
+    options_.to.reset();
+    EXPECT_TRUE(WarnsOnlyOf("today"));
+    options_.to = options_.from;
+    options_.from.reset();
+    EXPECT_TRUE(WarnsOnlyOf("today"));
+}
+
+TEST_F(Options, WarnOfAReportThatEndsTodayWithoutLiveFigures) {
+    UseDates("2024-1-2", today_);
+    EXPECT_TRUE(WarnsOnlyOf("--live"));
+    options_.from.reset();
+    options_.to.reset();
+    EXPECT_TRUE(WarnsOnlyOf("--live"));
+    UseDates("2024-1-2", today_);
+    options_.liveFile = root_.Write("live.ini", "[BASE]\n");
+    EXPECT_TRUE(Warnings().empty());
+    UseDates("2024-1-2", "2024-1-3");
+    options_.liveFile.reset();
+    EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(Options, BringTheHostsTables) {
+    options_.unitFile = root_.Write("units.ini", "[UNITS]\nrb=10\n");
+    options_.productFile = root_.Write("products.ini", "[PRODUCTS]\nname=code\n");
+    options_.liveFile = root_.Write("live.ini", "[BASE]\nQMJC=5\n[CURRENCY1]\nQMJC=6\n");
+    const GenerateBillRequest request = PrepareRequest(options_).request;
+    ASSERT_NE(request.ContractUnitCallback, nullptr);
+    EXPECT_EQ(request.ContractUnitCallback("", "rb2405", ""), 10);
+    EXPECT_NE(request.ProductNameCallback, nullptr);
+    EXPECT_EQ(FieldText(request.BaseMoney.QMJC), "5");
+    EXPECT_EQ(FieldText(request.CurrencyMoney[0].QMJC), "6");
+    EXPECT_EQ(request.CurrencyCount, 1);
+}
+
+TEST_F(Options, RefusedLeaveTheRootFolder) {
+    const std::string former = RootFolder();
+    options_.account.reset();
+    EXPECT_NE(Refusal(), "");
+    EXPECT_EQ(RootFolder(), former);
+}
+
+TEST_F(Options, TakeARootWithSeparatorsAtItsEnd) {
+    options_.root = root_.Path() + "//";
+    EXPECT_EQ(Refusal(), "");
+    EXPECT_EQ(RootFolder(), root_.Path());
+}
+
+}  // namespace
+}  // namespace tradebill

@@ -1,0 +1,97 @@
+// The functions that a host finds in the module.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+
+#include "base/report_error.h"
+#include "driver/run_fixture.h"
+
+namespace tradebill {
+namespace {
+
+class Exports : public RunFixture {};
+
+std::uint32_t CodeThrownFor(const GenerateBillRequest* request) {
+    try {
+        GenerateBill(request);
+    } catch (const CReportError& error) {
+        return error.Code();
+    }
+    return 0;
+}
+
+TEST_F(Exports, MakeAReport) {
+    PutBothDays();
+    GenerateBill(&request_);
+    EXPECT_TRUE(Page().ends_with("</html>\r\n"));
+    EXPECT_EQ(MoneyStore.Count(), 2);
+}
+
+TEST_F(Exports, MakeAReportForHostsThatCantCatch) {
+    PutBothDays();
+    EXPECT_EQ(TryGenerateBill(&request_), 0U);
+    EXPECT_TRUE(Page().ends_with("</html>\r\n"));
+    EXPECT_EQ(MoneyStore.Count(), 2);
+}
+
+TEST_F(Exports, CarryTheCodeOfARefusedDate) {
+    SetDates("1899-12-31", "2024-1-2");
+    EXPECT_EQ(CodeThrownFor(&request_), 0x80004005);
+    EXPECT_EQ(TryGenerateBill(&request_), 0x80004005);
+    SetDates("2024-1-2", "1969-12-30");
+    EXPECT_EQ(CodeThrownFor(&request_), 0x80070057);
+    EXPECT_EQ(TryGenerateBill(&request_), 0x80070057);
+}
+
+TEST_F(Exports, LeaveStoresEmptyForARefusedDate) {
+    PutBothDays();
+    ASSERT_EQ(TryGenerateBill(&request_), 0U);
+    ASSERT_FALSE(StoresAreEmpty());
+    SetDates("2024-1-2", "2024-13-1");
+    EXPECT_NE(TryGenerateBill(&request_), 0U);
+    EXPECT_TRUE(StoresAreEmpty());
+}
+
+TEST_F(Exports, RefuseANullRequest) {
+    EXPECT_EQ(CodeThrownFor(nullptr), 0x80070057);
+    EXPECT_EQ(TryGenerateBill(nullptr), 0x80070057);
+}
+
+TEST_F(Exports, AreDoneBeforeTheyReturnForAStoppedRun) {
+    const UniqueEvent stop(CreateHostEvent(kManualReset));
+    request_.StopEvent = stop.get();
+    SignalHostEvent(stop.get());
+    EXPECT_EQ(TryGenerateBill(&request_), 0U);  // a stop is no error
+    EXPECT_EQ(ReadFile(PageFile()), "");
+}
+
+TEST_F(Exports, SetTheRootFolder) {
+    const CTempFolder other;
+    other.Write("Users/u/Data/Bill/D10086.20240102o.txt", FundsOf("20240102", "5.00"));
+    SetRootFolder(other.Path().c_str());
+    EXPECT_EQ(TryGenerateBill(&request_), 0U);
+    EXPECT_EQ(MoneyStore.ClosingEquity, 5);
+    EXPECT_TRUE(ReadFile(other.Path("Users/u/Data/Bill/Image/TradeBill.html")).ends_with("</html>\r\n"));
+    EXPECT_EQ(ReadFile(PageFile()), "");
+}
+
+TEST_F(Exports, CopyTheRootFolder) {
+    std::string path = root_.Path();
+    SetRootFolder(path.c_str());
+    path.assign(path.size(), 'x');
+    EXPECT_EQ(RootFolder(), root_.Path());
+}
+
+TEST_F(Exports, CutTheRootFolderAt259Bytes) {
+    SetRootFolder(("/" + std::string(300, 'r')).c_str());
+    EXPECT_EQ(RootFolder(), "/" + std::string(258, 'r'));
+}
+
+TEST_F(Exports, KeepTheRootFolderForANullPath) {
+    SetRootFolder(nullptr);
+    EXPECT_EQ(RootFolder(), root_.Path());
+}
+
+}  // namespace
+}  // namespace tradebill

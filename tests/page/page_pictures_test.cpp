@@ -1,0 +1,33 @@
+#include "page/page_pictures.h"
+
+#include <gtest/gtest.h>
+
+#include "support/store_fixture.h"
+
+namespace tradebill {
+namespace {
+
+class PagePictures : public StoreFixture {
+protected:
+    PagePictures() {
+        ReportDocument.BillFolder = "/root/Users/u/Data/Bill/Image";
+        ReportDocument.ImageFolderName = "Image_files";
+    }
+};
+
+TEST_F(PagePictures, AreNamedWithABackslashInThePage) {
+    EXPECT_EQ(PagePicturePath("TradeStatistics.jpg"), "Image_files\\TradeStatistics.jpg");
+}
+
+TEST_F(PagePictures, AreNamedWithSlashesInScripts) {
+    EXPECT_EQ(ScriptPicturePath("BillShrink.png"), "Image_files/BillShrink.png");
+    ReportDocument.ImageFolderName = "a\\b";
+    EXPECT_EQ(ScriptPicturePath("BillShrink.png"), "a/b/BillShrink.png");
+}
+
+TEST_F(PagePictures, LieBelowTheBillFolder) {
+    EXPECT_EQ(FullPicturePath("BillShrink.png"), "/root/Users/u/Data/Bill/Image/Image_files/BillShrink.png");
+}
+
+}  // namespace
+}  // namespace tradebill

@@ -1,0 +1,207 @@
+// The blocks that stretch pictures: sizes come from real picture files, places from the measure of the title.
+#include <gtest/gtest.h>
+#include <png.h>
+#include <turbojpeg.h>
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "page/html_builder.h"
+#include "page/page_fixture.h"
+#include "page/page_sections.h"
+#include "statement/request_copy.h"
+
+namespace tradebill {
+namespace {
+
+/// A white PNG.
+std::string Png(unsigned width, unsigned height) {
+    const std::vector<unsigned char> pixels(std::size_t{3} * width * height, 255);
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    image.width = width;
+    image.height = height;
+    image.format = PNG_FORMAT_RGB;
+    png_alloc_size_t size = 0;
+    EXPECT_NE(png_image_write_to_memory(&image, nullptr, &size, 0, pixels.data(), 0, nullptr), 0);
+    std::string bytes(size, '\0');
+    EXPECT_NE(png_image_write_to_memory(&image, bytes.data(), &size, 0, pixels.data(), 0, nullptr), 0);
+    bytes.resize(size);
+    return bytes;
+}
+
+/// A white JPEG.
+std::string Jpeg(int width, int height) {
+    const std::vector<unsigned char> pixels(static_cast<std::size_t>(3 * width * height), 255);
+    const tjhandle encoder = tjInitCompress();
+    unsigned char* buffer = nullptr;
+    unsigned long size = 0;
+    EXPECT_EQ(tjCompress2(encoder, pixels.data(), width, 0, height, TJPF_RGB, &buffer, &size, TJSAMP_444, 90, 0), 0);
+    const std::string bytes(reinterpret_cast<const char*>(buffer), size);
+    tjFree(buffer);
+    tjDestroy(encoder);
+    return bytes;
+}
+
+const std::string kDivStart =
+    "<div style=\"position:relative; -moz-user-select:-moz-none; \"  onselectstart=\"return false;\">\r\n";
+
+class SectionTitleBlock : public PageFixture {
+protected:
+    void AddPictures() {
+        folder_.Write("Image_files/Bar.jpg", Jpeg(100, 27));
+        folder_.Write("Image_files/BillShrink.png", Png(13, 11));
+    }
+
+    std::string Block() {
+        CHtmlBuilder page(path_);
+        const std::string title = Gbk("成交明细");
+        page.AddSectionTitle({.title = title,
+                              .handler = "fold",
+                              .buttonId = "btn",
+                              .picture = "Bar.jpg",
+                              .titleTail = "[behind title]",
+                              .heightTail = "[behind height]"});
+        return Page().substr(kHead.size());
+    }
+
+    std::string Figure() {
+        CHtmlBuilder page(path_);
+        page.AddOffsetFigure();
+        return Page().substr(kHead.size());
+    }
+};
+
+TEST_F(SectionTitleBlock, HasZeroSizesWithoutPictures) {
+    const TextExtent title = MeasuredTitle("成交明细");
+    EXPECT_EQ(title.height, 16);
+    EXPECT_GT(title.width, 0);
+    EXPECT_EQ(Block(), kDivStart +
+                           "<img border=\"0\" style=\"width:0px; height:0px; \" src=\"Image_files\\Bar.jpg\" "
+                           "alt=\"成交明细\" />\r\n"
+                           "<div style = \"cursor:hand; position:absolute; top:10px; left:730px; width:" +
+                           std::to_string(title.width + 10) +
+                           "px; \" class = \"titletext\" onclick = \"fold()\" >成交明细[behind title]"
+                           "<img style = \"cursor:hand; position:absolute; top:18px; left:" +
+                           std::to_string(730 + title.width) +
+                           "px; width:0px; height:0px;[behind height]\" id = \"btn\" onclick = \"fold()\" border=\"0\" "
+                           "src=\"Image_files\\BillShrink.png\" alt=\"\" />\r\n"
+                           "</div>\r\n");
+}
+
+TEST_F(SectionTitleBlock, TakesPictureSizesAsTheyAreAt96Dpi) {
+    AddPictures();
+    const TextExtent title = MeasuredTitle("成交明细");
+    for (const int dpi : {0, 96}) {
+        Request.Dpi = dpi;
+        EXPECT_EQ(Block(), kDivStart +
+                               "<img border=\"0\" style=\"width:100px; height:27px; \" src=\"Image_files\\Bar.jpg\" "
+                               "alt=\"成交明细\" />\r\n"
+                               "<div style = \"cursor:hand; position:absolute; top:10px; left:730px; width:" +
+                               std::to_string(title.width + 10) +
+                               "px; \" class = \"titletext\" onclick = \"fold()\" >成交明细[behind title]"
+                               "<img style = \"cursor:hand; position:absolute; top:12px; left:" +  // (16 - 11) / 2
+                               std::to_string(730 + title.width) +
+                               "px; width:13px; height:11px;[behind height]\" id = \"btn\" onclick = \"fold()\" "
+                               "border=\"0\" src=\"Image_files\\BillShrink.png\" alt=\"\" />\r\n"
+                               "</div>\r\n");
+    }
+}
+
+TEST_F(SectionTitleBlock, ScalesPicturesPlacesAndFontAt120Dpi) {
+    AddPictures();
+    Request.Dpi = 120;
+    const TextExtent title = MeasuredTitle("成交明细", 20);
+    EXPECT_EQ(title.height, 20);
+    EXPECT_GT(title.width, MeasuredTitle("成交明细").width);
+    // 125 % of 100 by 27 and 13 by 11, of 10 and of 730; the button stands (20 - 14) / 2 below 13.
+    EXPECT_EQ(Block(), kDivStart +
+                           "<img border=\"0\" style=\"width:125px; height:34px; \" src=\"Image_files\\Bar.jpg\" "
+                           "alt=\"成交明细\" />\r\n"
+                           "<div style = \"cursor:hand; position:absolute; top:13px; left:913px; width:" +
+                           std::to_string(title.width + 10) +
+                           "px; \" class = \"titletext\" onclick = \"fold()\" >成交明细[behind title]"
+                           "<img style = \"cursor:hand; position:absolute; top:16px; left:" +
+                           std::to_string(913 + title.width) +
+                           "px; width:16px; height:14px;[behind height]\" id = \"btn\" onclick = \"fold()\" "
+                           "border=\"0\" src=\"Image_files\\BillShrink.png\" alt=\"\" />\r\n"
+                           "</div>\r\n");
+}
+
+TEST_F(SectionTitleBlock, HalvesAnOddDifferenceTowardsZero) {
+    const auto topWithButton = [this](unsigned height) {
+        folder_.Write("Image_files/BillShrink.png", Png(5, height));
+        const std::string block = Block();
+        const std::string before = "<img style = \"cursor:hand; position:absolute; top:";
+        const std::size_t from = block.find(before) + before.size();
+        return block.substr(from, block.find("px", from) - from);
+    };
+    EXPECT_EQ(topWithButton(13), "11");  // 10 + 3 / 2
+    EXPECT_EQ(topWithButton(15), "10");
+    EXPECT_EQ(topWithButton(16), "10");
+    EXPECT_EQ(topWithButton(17), "10");  // 10 + -1 / 2
+    EXPECT_EQ(topWithButton(18), "9");
+    EXPECT_EQ(topWithButton(19), "9");
+}
+
+TEST_F(SectionTitleBlock, TakesABrokenPictureAsNone) {
+    folder_.Write("Image_files/Bar.jpg", "no picture");
+    EXPECT_NE(Block().find("width:0px; height:0px; \" src=\"Image_files\\Bar.jpg\""), std::string::npos);
+}
+
+TEST_F(SectionTitleBlock, GoesOntoThePageInOneStep) {
+    CHtmlBuilder page(path_);
+    page.AddText("before\r\n");
+    page.AddSectionTitle(
+        {.title = "t", .handler = "f", .buttonId = "b", .picture = "p", .titleTail = "", .heightTail = ""});
+    const std::string text = Page();
+    EXPECT_TRUE(text.starts_with(kHead + "before\r\n" + kDivStart));
+    EXPECT_TRUE(text.ends_with("alt=\"\" />\r\n</div>\r\n"));
+}
+
+TEST_F(SectionTitleBlock, OfEachSectionNamesItsPicture) {
+    struct Section {
+        bool (*add)(CHtmlBuilder&);
+        std::string picture;
+    };
+    const std::vector<Section> sections = {
+        {AddTradeSection, "TradeStatistics.jpg"},  {AddForeignTradeSection, "TradeStatistics.jpg"},
+        {AddPositionSection, "LastPositions.jpg"}, {AddForeignPositionSection, "LastPositions.jpg"},
+        {AddMatchSection, "MatchDetails.jpg"},     {AddForeignMatchSection, "MatchDetails.jpg"},
+        {AddOffsetSection, "OffsetRecords.jpg"},
+    };
+    folder_.Write("Image_files/BillShrink.png", Png(13, 11));
+    int width = 200;
+    for (const Section& section : sections) {
+        folder_.Write("Image_files/" + section.picture, Jpeg(++width, 30));
+        CHtmlBuilder page(path_);
+        section.add(page);
+        const std::string bar = "<img border=\"0\" style=\"width:" + std::to_string(width) +
+                                "px; height:30px; \" src=\"Image_files\\" + section.picture + "\" alt=";
+        EXPECT_NE(Page().find(kDivStart + bar), std::string::npos) << section.picture;
+        EXPECT_NE(Page().find("px; width:13px; height:11px;"), std::string::npos) << section.picture;
+    }
+}
+
+TEST_F(SectionTitleBlock, OffsetFigureShowsItsChart) {
+    const auto figure = [](const std::string& width, const std::string& height) {
+        return "<div id = \"offsetFigure\" style=\"position:relative; -moz-user-select:-moz-none; \"  "
+               "onselectstart=\"return false;\">\r\n"
+               "<a href = \"javascript:void(1)\"> \r\n"
+               "<img border=\"0\" style=\"style = \"cursor:hand; width:" +
+               width + "px; height:" + height +
+               "px; \" src=\"Image_files\\OffsetFigure.jpg\" alt=\"平仓盈亏曲线图\" />\r\n"
+               "</a>\r\n</div>\r\n";
+    };
+    EXPECT_EQ(Figure(), figure("0", "0"));
+    folder_.Write("Image_files/OffsetFigure.jpg", Jpeg(90, 41));
+    EXPECT_EQ(Figure(), figure("90", "41"));
+    Request.Dpi = 96;
+    EXPECT_EQ(Figure(), figure("90", "41"));
+    Request.Dpi = 120;
+    EXPECT_EQ(Figure(), figure("113", "51"));  // 112.5 and 51.25
+}
+
+}  // namespace
+}  // namespace tradebill

@@ -1,0 +1,103 @@
+// What readers have left in the stores, spelled out field by field.
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/text.h"
+#include "platform/text_encoding.h"
+#include "statement/record_fields.h"
+#include "statement/stores.h"
+#include "support/gbk_text.h"
+#include "support/store_fixture.h"
+
+namespace tradebill {
+
+/// Names and texts (UTF-8) of fields that aren't empty.
+using Fields = std::map<std::string, std::string>;
+
+template <class Record, std::size_t N>
+Fields NamedFields(const Record& record, const TextField<Record> (&table)[N]) {
+    Fields fields;
+    for (const auto& field : table) {
+        if (!field.Text(record).empty()) fields.emplace(field.name, GbkToUtf8(field.Text(record)));
+    }
+    return fields;
+}
+
+template <std::size_t N>
+void AddSpare(Fields& fields, const char (&field)[N], const char* name) {
+    for (const char byte : field) {
+        if (byte != '\0') fields[name] = "written";
+    }
+}
+
+inline Fields FieldsOf(const MatchRecord& record) {
+    return NamedFields(record, kMatchFields);
+}
+inline Fields FieldsOf(const PingDetail& record) {
+    return NamedFields(record, kPingFields);
+}
+inline Fields FieldsOf(const OpiDetail& record) {
+    return NamedFields(record, kOpiDetailFields);
+}
+inline Fields FieldsOf(const OpiSum& record) {
+    Fields fields = NamedFields(record, kOpiSumFields);
+    AddSpare(fields, record.SPARE_OPI_1, "SPARE_OPI_1");
+    AddSpare(fields, record.SPARE_OPI_2, "SPARE_OPI_2");
+    return fields;
+}
+inline Fields FieldsOf(const MoneyRecord& record) {
+    Fields fields = NamedFields(record, kMoneyFields);
+    AddSpare(fields, record.SPARE_MONEY_1, "SPARE_MONEY_1");
+    AddSpare(fields, record.SPARE_MONEY_2, "SPARE_MONEY_2");
+    AddSpare(fields, record.SPARE_MONEY_3, "SPARE_MONEY_3");
+    AddSpare(fields, record.SPARE_MONEY_4, "SPARE_MONEY_4");
+    AddSpare(fields, record.SPARE_MONEY_5, "SPARE_MONEY_5");
+    AddSpare(fields, record.SPARE_MONEY_6, "SPARE_MONEY_6");
+    AddSpare(fields, record.SPARE_MONEY_7, "SPARE_MONEY_7");
+    AddSpare(fields, record.SPARE_MONEY_8, "SPARE_MONEY_8");
+    return fields;
+}
+
+/// The filled fields of all rows of a list, in their order.
+template <class List>
+std::vector<Fields> FieldsOfAll(const List& rows) {
+    std::vector<Fields> all;
+    for (const auto& row : rows) all.push_back(FieldsOf(*row));
+    return all;
+}
+
+/// One field of all rows of a list, in their order; empty texts stand too.
+template <class List>
+std::vector<std::string> TextsOf(const List& rows, const std::string& name) {
+    std::vector<std::string> texts;
+    for (const auto& row : rows) {
+        const Fields fields = FieldsOf(*row);
+        const auto found = fields.find(name);
+        texts.push_back(found == fields.end() ? std::string() : found->second);
+    }
+    return texts;
+}
+
+using Texts = std::vector<std::string>;
+
+class ReaderFixture : public StoreFixture {
+protected:
+    /// The only money record, field by field.
+    static Fields Money() {
+        EXPECT_EQ(MoneyStore.Count(), 1);
+        return MoneyStore.Records.empty() ? Fields{} : FieldsOf(*MoneyStore.Records.front());
+    }
+
+    static bool NothingRead() {
+        return MoneyStore.Count() == 0 && MatchStore.Count() == 0 && PingDetailStore.Count() == 0 &&
+               OpiDetailStore.Count() == 0 && OpiSumStore.Count() == 0 && ReportDocument.Offsets.empty() &&
+               TradeStatistics.DayFigures.Days.empty() && TradeStatistics.DayUsages.Days.empty();
+    }
+};
+
+}  // namespace tradebill
