@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <iterator>
 #include <string_view>
 
@@ -16,7 +17,8 @@ double RateOf(const InputIni& ini, const CIniFile::Entry& entry) {
     double rate = 0;
     const char* const end = entry.value.data() + entry.value.size();
     const auto [stop, error] = std::from_chars(entry.value.data(), end, rate);
-    if (error != std::errc{} || stop != end) throw CUsageError(ini.Place(entry.line) + ": expected a decimal number");
+    if (error != std::errc{} || stop != end || !std::isfinite(rate))
+        throw CUsageError(ini.Place(entry.line) + ": expected a decimal number");
     return rate;
 }
 
