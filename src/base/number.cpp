@@ -65,10 +65,16 @@ std::int32_t ParseInteger(std::string_view text) {
     return static_cast<std::int32_t>(negative ? -value : std::min(value, kLimit - 1));
 }
 
-CNumberText::CNumberText(double amount) {
+CNumberText::CNumberText(double amount, int decimals) {
     const auto result =
-        std::to_chars(chars_.data(), chars_.data() + chars_.size(), amount, std::chars_format::fixed, 2);
+        std::to_chars(chars_.data(), chars_.data() + chars_.size(), amount, std::chars_format::fixed, decimals);
     size_ = static_cast<std::size_t>(result.ptr - chars_.data());
+}
+
+CNumberText::CNumberText(double amount) : CNumberText(amount, 2) {}
+
+CNumberText CNumberText::SixDecimals(double amount) {
+    return {amount, 6};
 }
 
 CNumberText::CNumberText(std::int32_t count) {

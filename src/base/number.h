@@ -1,6 +1,5 @@
 // Numbers in statement fields and on the page: atof and atoi semantics without a locale, 32-bit arithmetic that wraps,
-// and the
-// "%.2f" of computed amounts.
+// and the "%.2f" of computed amounts.
 #pragma once
 
 #include <array>
@@ -46,12 +45,16 @@ public:
     explicit CNumberText(double amount);       ///< "%.2f"; infinities and NaN as "inf", "-inf", "nan", "-nan"
     explicit CNumberText(std::int32_t count);  ///< "%d"
 
+    [[nodiscard]] static CNumberText SixDecimals(double amount);  ///< "%f"
+
     [[nodiscard]] std::string_view View() const { return {chars_.data(), size_}; }
     operator std::string_view() const& { return View(); }
     operator std::string_view() const&& = delete;  // the view would outlive its text
 
 private:
-    static constexpr std::size_t kLongest = 320;  ///< sign, 309 digits, point and two more
+    CNumberText(double amount, int decimals);
+
+    static constexpr std::size_t kLongest = 320;  ///< sign, 309 digits, point and six more
     std::array<char, kLongest> chars_;            // only size_ of them are ever set
     std::size_t size_ = 0;
 };

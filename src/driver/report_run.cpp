@@ -11,6 +11,7 @@
 #include "platform/host_link.h"
 #include "platform/local_time.h"
 #include "readers/statement_loader.h"
+#include "readers/statement_template.h"
 #include "statement/account_statistics.h"
 #include "statement/chain_table.h"
 #include "statement/report_document.h"
@@ -105,6 +106,7 @@ void ClearResults() {
     ReportDocument.ClearOffsets();
     TradeStatistics.Clear();
     ChainTable.Clear();
+    ForgetRequestTemplate();
 }
 
 RunResult RunReport(const GenerateBillRequest& request, CRunWatcher* watcher) {

@@ -7,8 +7,10 @@
 #include <string_view>
 
 #include "base/gbk.h"
+#include "base/report_error.h"
 #include "base/text.h"
 #include "readers/section_scan.h"
+#include "statement/records.h"
 
 namespace tradebill {
 
@@ -16,7 +18,9 @@ enum class Treatment {
     Copy,          ///< the column as it stands, cut to the field's width
     Side,          ///< "买" if the column contains it, otherwise "卖"
     InvertedSide,  ///< "卖" if the column contains "买", otherwise "买": the side of the position that a trade closed
+    Opening,       ///< "开仓" if the column contains it, otherwise a copy
     KeepIfPresent,  ///< a copy, in rows that have the column
+    MustExist,      ///< a copy; a row without the column raises the invalid-argument error
 };
 
 namespace columns {
@@ -28,9 +32,9 @@ struct MemberOf<char (Class::*)[N]> {
     using Record = Class;
 };
 
-template <auto Member>
+template <auto Member, std::size_t Most = std::string_view::npos>
 void SetField(typename MemberOf<decltype(Member)>::Record& record, std::string_view text) {
-    CopyField(record.*Member, text);
+    CopyField(record.*Member, text.substr(0, Most));
 }
 
 }  // namespace columns
@@ -42,6 +46,10 @@ using FieldSetter = void (*)(Record&, std::string_view);
 /// The setter of a field: Slot<&MatchRecord::CONTRACT>.
 template <auto Member>
 inline constexpr auto Slot = &columns::SetField<Member>;
+
+/// The same, of a field that this layout cuts shorter than its width.
+template <auto Member, std::size_t Most>
+inline constexpr auto CutSlot = &columns::SetField<Member, Most>;
 
 template <class Record>
 struct Column {
@@ -55,7 +63,8 @@ template <class Record>
 [[nodiscard]] constexpr std::size_t LastColumn(std::span<const Column<Record>> table) {
     std::size_t last = 0;
     for (const auto& entry : table) {
-        if (entry.treatment != Treatment::KeepIfPresent && entry.column > last) last = entry.column;
+        const bool mayLack = entry.treatment == Treatment::KeepIfPresent || entry.treatment == Treatment::MustExist;
+        if (!mayLack && entry.column > last) last = entry.column;
     }
     return last;
 }
@@ -71,23 +80,47 @@ template <class Record, std::size_t N>
             return Contains(column, "买"_gbk) ? "买"_gbk : "卖"_gbk;
         case Treatment::InvertedSide:
             return Contains(column, "买"_gbk) ? "卖"_gbk : "买"_gbk;
+        case Treatment::Opening:
+            return Contains(column, "开仓"_gbk) ? "开仓"_gbk : column;
         case Treatment::Copy:
         case Treatment::KeepIfPresent:
+        case Treatment::MustExist:
             break;
     }
     return column;
 }
 
-/// A record of `row`. Columns that the row lacks leave their fields empty.
+/// Throws CReportError if `row` lacks `column`.
+inline void RequireColumn(Row row, std::size_t column) {
+    if (column >= row.size()) throw CReportError(kErrorInvalidArgument);
+}
+
+/// A cleared record.
+template <class Record>
+[[nodiscard]] std::unique_ptr<Record> MakeCleared() {
+    return std::make_unique<Record>();
+}
+template <>
+[[nodiscard]] inline std::unique_ptr<MoneyRecord> MakeCleared() {
+    return std::make_unique<MoneyRecord>(ClearedMoneyRecord());
+}
+
+/// A record of `row`. Columns that the row lacks leave their fields empty; a later column of the same field wins.
 template <class Record>
 [[nodiscard]] std::unique_ptr<Record> MakeRecord(std::string_view billDate, Row row,
                                                  std::span<const Column<Record>> table) {
-    auto record = std::make_unique<Record>();
+    auto record = MakeCleared<Record>();
     CopyField(record->BILL_DATE, billDate);
     for (const auto& entry : table) {
+        if (entry.treatment == Treatment::MustExist) RequireColumn(row, entry.column);
         if (entry.column < row.size()) entry.field(*record, Treated(row[entry.column], entry.treatment));
     }
     return record;
+}
+
+template <class Record, std::size_t N>
+[[nodiscard]] std::unique_ptr<Record> MakeRecord(std::string_view billDate, Row row, const Column<Record> (&table)[N]) {
+    return MakeRecord(billDate, row, std::span<const Column<Record>>(table));
 }
 
 }  // namespace tradebill

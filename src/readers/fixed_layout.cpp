@@ -12,57 +12,56 @@
 namespace tradebill {
 namespace {
 
-/// The amount behind the last label of `word`, if the row has one.
-void TakeAmount(Row row, std::string_view word, double& amount) {
-    for (std::size_t column = 0; column + 1 < row.size(); ++column) {
-        if (Contains(row[column], word)) amount = ParseAmount(row[column + 1]);
+/// The record of a found section, whatever its rows hold.
+std::unique_ptr<MoneyRecord> ReadMoneyBlock(const FixedLayout& layout, const SectionRows& rows, CSectionScan& scan) {
+    CScanListener* const listener = scan.Listener();
+    auto record = MakeCleared<MoneyRecord>();
+    TellLabels(layout.labels, listener);
+    if (layout.premium.income.empty()) {
+        scan.ReadRows(layout.money, rows, [&](Row row) { ReadMoneyRow(row, layout.labels, *record, listener); });
+        return record;
     }
+    CLabelledAmount income(layout.premium.match, layout.premium.income, listener);
+    CLabelledAmount payment(layout.premium.match, layout.premium.payment, listener);
+    scan.ReadRows(layout.money, rows, [&](Row row) {
+        ReadMoneyRow(row, layout.labels, *record, listener);
+        income.ReadRow(row);
+        payment.ReadRow(row);
+    });
+    CopyField(record->QLJSZ, CNumberText(income.Amount() - payment.Amount()).View());
+    return record;
 }
 
 void ReadMoney(const FixedLayout& layout, std::string_view billDate, CSectionScan& scan) {
-    auto record = std::make_unique<MoneyRecord>(ClearedMoneyRecord());
+    const auto rows = scan.Find(layout.money);
+    if (!rows) return;
+    auto record = ReadMoneyBlock(layout, *rows, scan);
     CopyField(record->BILL_DATE, billDate);
-    const bool hasPremium = !layout.premium.income.empty();
-    double income = 0;
-    double payment = 0;
-    const bool found = scan.Read(layout.money, [&](Row row) {
-        ReadMoneyRow(row, layout.labels, *record);
-        if (!hasPremium) return;
-        TakeAmount(row, layout.premium.income, income);
-        TakeAmount(row, layout.premium.payment, payment);
-    });
-    if (!found) return;
-    if (hasPremium) CopyField(record->QLJSZ, CNumberText(income - payment).View());
-    HandOver(std::move(record));
+    HandOver(std::move(record), scan.Listener());
 }
 
-template <class Record>
-void ReadTable(const TableLayout<Record>& table, std::string_view billDate, CSectionScan& scan) {
-    scan.Read(table.section, [&](Row row) { HandOver(MakeRecord(billDate, row, table.columns)); });
-}
-
-void ReadSummary(const FixedLayout& layout, std::string_view billDate, CSectionScan& scan) {
-    scan.Read(layout.summary, [&](Row row) {
-        for (const SummarySide& side : layout.summarySides) {
-            if (ParseInteger(row[side.lotsColumn]) <= 0) continue;
-            auto record = MakeRecord(billDate, row, side.columns);
-            CopyField(record->BID, side.side);
-            HandOver(std::move(record));
-        }
-    });
+std::string_view BillDateOf(const FixedLayout& layout, std::string_view day, std::string_view text,
+                            CScanListener* listener) {
+    if (layout.dateWord.empty()) return day;
+    const std::string_view date = ScanDate(text, layout.dateWord);
+    if (listener != nullptr) listener->OnDate(layout.dateWord, date);
+    return date;
 }
 
 }  // namespace
 
-void ReadFixedLayout(const FixedLayout& layout, std::string_view day, std::string_view text) {
-    const std::string_view billDate = layout.dateWord.empty() ? day : ScanDate(text, layout.dateWord);
+void ReadFixedLayout(const FixedLayout& layout, std::string_view day, std::string_view text, CScanListener* listener) {
+    const std::string_view billDate = BillDateOf(layout, day, text, listener);
     if (layout.skipsStoredDay && MoneyStore.HasDay(billDate)) return;
-    CSectionScan scan(text, layout.searchFrom);
+    CSectionScan scan(text, layout.searchFrom, listener);
     ReadMoney(layout, billDate, scan);
-    ReadTable(layout.trades, billDate, scan);
-    ReadTable(layout.closed, billDate, scan);
-    ReadTable(layout.open, billDate, scan);
-    if (!layout.summarySides.empty()) ReadSummary(layout, billDate, scan);
+    ReadTable(scan, layout.trades, billDate);
+    ReadTable(scan, layout.closed, billDate);
+    ReadTable(scan, layout.open, billDate);
+    if (layout.summarySides.empty()) return;
+    scan.Read(layout.summary, [&](Row row) {
+        return ReadBothSides(row, layout.summarySides, billDate, SumFeed::No, listener, [](const OpiSum&) {});
+    });
 }
 
 }  // namespace tradebill

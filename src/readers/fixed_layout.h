@@ -5,31 +5,17 @@
 #include <span>
 #include <string_view>
 
-#include "readers/columns.h"
 #include "readers/money_labels.h"
 #include "readers/section_scan.h"
-#include "statement/records.h"
+#include "readers/table_layout.h"
 
 namespace tradebill {
-
-/// A section of rows that each make one record. Without columns the layout has no such section.
-template <class Record>
-struct TableLayout {
-    SectionLayout section;
-    std::span<const Column<Record>> columns = {};
-};
-
-/// One side of a summary row: a record is made if its lots are above 0.
-struct SummarySide {
-    std::size_t lotsColumn;
-    std::string_view side;
-    std::span<const Column<OpiSum>> columns;
-};
 
 /// Option premium that the money section states as income and payment.
 struct PremiumWords {
     std::string_view income;
     std::string_view payment;
+    LabelMatch match = LabelMatch::Contains;
 };
 
 struct FixedLayout {
@@ -43,10 +29,11 @@ struct FixedLayout {
     TableLayout<PingDetail> closed;
     TableLayout<OpiDetail> open;
     SectionLayout summary = {};
-    std::span<const SummarySide> summarySides = {};  ///< empty: the layout has no summary
+    std::span<const PositionSide> summarySides = {};  ///< empty: the layout has no summary
 };
 
 /// Reads a statement into the stores. `day` is the statement file's day, yyyymmdd.
-void ReadFixedLayout(const FixedLayout& layout, std::string_view day, std::string_view text);
+void ReadFixedLayout(const FixedLayout& layout, std::string_view day, std::string_view text,
+                     CScanListener* listener = nullptr);
 
 }  // namespace tradebill

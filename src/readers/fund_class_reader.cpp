@@ -41,9 +41,21 @@ constexpr FixedLayout kLayout{
     .money = {.title = "资金类别"_gbk, .terminator = "---------", .terminatorOffset = 2, .firstRow = 2},
     .labels = kLabels,
     .premium = {.income = "权利金收入"_gbk, .payment = "权利金支出"_gbk},
-    .trades = {{.title = "成交记录"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 12}, kFundTradeColumns},
-    .closed = {{.title = "平仓明细"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 13}, kClosedColumns},
-    .open = {{.title = "持仓明细"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 13}, kFundOpenColumns},
+    .trades = {{.kind = SectionKind::Trades,
+                .title = "成交记录"_gbk,
+                .terminator = "共"_gbk,
+                .firstRow = 3,
+                .minColumns = 12},
+               kFundTradeColumns},
+    .closed = {{.kind = SectionKind::Closed,
+                .title = "平仓明细"_gbk,
+                .terminator = "共"_gbk,
+                .firstRow = 3,
+                .minColumns = 13},
+               kClosedColumns},
+    .open =
+        {{.kind = SectionKind::Open, .title = "持仓明细"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 13},
+         kFundOpenColumns},
 };
 static_assert(LastColumn(kFundTradeColumns) < kLayout.trades.section.minColumns);
 static_assert(LastColumn(kClosedColumns) < kLayout.closed.section.minColumns);
@@ -51,8 +63,8 @@ static_assert(LastColumn(kFundOpenColumns) < kLayout.open.section.minColumns);
 
 }  // namespace
 
-void ReadFundClassStatement(std::string_view day, std::string_view text) {
-    ReadFixedLayout(kLayout, day, text);
+void ReadFundClassStatement(std::string_view day, std::string_view text, CScanListener* listener) {
+    ReadFixedLayout(kLayout, day, text, listener);
 }
 
 }  // namespace tradebill

@@ -63,8 +63,9 @@ constexpr Column<OpiDetail> kOpenColumns[] = {
 // clang-format on
 
 /// A table that ends one row above its dashed line: that row holds the totals.
-constexpr SectionLayout Table(std::string_view title, int terminatorOffset) {
-    return {.title = title,
+constexpr SectionLayout Table(SectionKind kind, std::string_view title, int terminatorOffset) {
+    return {.kind = kind,
+            .title = title,
             .terminator = "----------",
             .terminatorOffset = terminatorOffset,
             .firstRow = 3,
@@ -76,9 +77,9 @@ constexpr FixedLayout kLayout{
     .searchFrom = SearchFrom::Top,
     .money = {.title = "资金状况"_gbk, .terminator = "----------", .terminatorOffset = 4, .firstRow = 2},
     .labels = kLabels,
-    .trades = {Table("成交记录"_gbk, 3), kTradeColumns},
-    .closed = {Table("平仓明细"_gbk, 3), kClosedColumns},
-    .open = {Table("持仓明细"_gbk, 2), kOpenColumns},
+    .trades = {Table(SectionKind::Trades, "成交记录"_gbk, 3), kTradeColumns},
+    .closed = {Table(SectionKind::Closed, "平仓明细"_gbk, 3), kClosedColumns},
+    .open = {Table(SectionKind::Open, "持仓明细"_gbk, 2), kOpenColumns},
 };
 static_assert(LastColumn(kTradeColumns) < kLayout.trades.section.minColumns);
 static_assert(LastColumn(kClosedColumns) < kLayout.closed.section.minColumns);
@@ -86,8 +87,8 @@ static_assert(LastColumn(kOpenColumns) < kLayout.open.section.minColumns);
 
 }  // namespace
 
-void ReadFundStatusPremiumStatement(std::string_view day, std::string_view text) {
-    ReadFixedLayout(kLayout, day, text);
+void ReadFundStatusPremiumStatement(std::string_view day, std::string_view text, CScanListener* listener) {
+    ReadFixedLayout(kLayout, day, text, listener);
 }
 
 }  // namespace tradebill

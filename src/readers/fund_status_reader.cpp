@@ -58,7 +58,7 @@ constexpr Column<OpiSum> kSellColumns[] = {
     {Slot<&OpiSum::HEDGE>,            12},
 };
 
-constexpr SummarySide kSummarySides[] = {
+constexpr PositionSide kPositionSides[] = {
     {.lotsColumn = 3, .side = "买"_gbk, .columns = kBuyColumns},
     {.lotsColumn = 5, .side = "卖"_gbk, .columns = kSellColumns},
 };
@@ -68,12 +68,28 @@ constexpr FixedLayout kLayout{
     .dateWord = "日  期:"_gbk,
     .money = {.title = "资金状况"_gbk, .terminator = "---------", .terminatorOffset = 2, .firstRow = 2},
     .labels = kLabels,
-    .trades = {{.title = "成交记录"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 12}, kFundTradeColumns},
-    .closed = {{.title = "平仓明细"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 12}, kClosedColumns},
-    .open = {{.title = "持仓明细"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 13}, kFundOpenColumns},
-    .summary =
-        {.title = "持仓汇总"_gbk, .terminator = "共"_gbk, .terminatorOffset = 2, .firstRow = 3, .minColumns = 13},
-    .summarySides = kSummarySides,
+    .trades = {{.kind = SectionKind::Trades,
+                .title = "成交记录"_gbk,
+                .terminator = "共"_gbk,
+                .firstRow = 3,
+                .minColumns = 12},
+               kFundTradeColumns},
+    .closed = {{.kind = SectionKind::Closed,
+                .title = "平仓明细"_gbk,
+                .terminator = "共"_gbk,
+                .firstRow = 3,
+                .minColumns = 12},
+               kClosedColumns},
+    .open =
+        {{.kind = SectionKind::Open, .title = "持仓明细"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 13},
+         kFundOpenColumns},
+    .summary = {.kind = SectionKind::Summary,
+                .title = "持仓汇总"_gbk,
+                .terminator = "共"_gbk,
+                .terminatorOffset = 2,
+                .firstRow = 3,
+                .minColumns = 13},
+    .summarySides = kPositionSides,
 };
 static_assert(LastColumn(kFundTradeColumns) < kLayout.trades.section.minColumns);
 static_assert(LastColumn(kClosedColumns) < kLayout.closed.section.minColumns);
@@ -83,8 +99,8 @@ static_assert(LastColumn(kSellColumns) < kLayout.summary.minColumns);
 
 }  // namespace
 
-void ReadFundStatusStatement(std::string_view day, std::string_view text) {
-    ReadFixedLayout(kLayout, day, text);
+void ReadFundStatusStatement(std::string_view day, std::string_view text, CScanListener* listener) {
+    ReadFixedLayout(kLayout, day, text, listener);
 }
 
 }  // namespace tradebill

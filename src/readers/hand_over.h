@@ -2,15 +2,29 @@
 #pragma once
 
 #include <memory>
+#include <string_view>
 
+#include "readers/scan_listener.h"
 #include "statement/records.h"
 
 namespace tradebill {
 
-void HandOver(std::unique_ptr<MoneyRecord> record);
-void HandOver(std::unique_ptr<MatchRecord> record);
-void HandOver(std::unique_ptr<PingDetail> record);
-void HandOver(std::unique_ptr<OpiDetail> record);
-void HandOver(std::unique_ptr<OpiSum> record);  ///< not fed to the statistics: these layouts feed their detail rows
+void HandOver(std::unique_ptr<MoneyRecord> record, CScanListener* listener = nullptr);
+void HandOver(std::unique_ptr<MatchRecord> record, CScanListener* listener = nullptr);
+void HandOver(std::unique_ptr<PingDetail> record, CScanListener* listener = nullptr);
+void HandOver(std::unique_ptr<OpiDetail> record, CScanListener* listener = nullptr);
+
+/// For layouts that print each position in detail too, and feed that to the statistics.
+void HandOver(std::unique_ptr<OpiSum> record, CScanListener* listener = nullptr);
+
+/// For layouts whose only positions are sums: the statistics are fed first.
+void FeedAndHandOver(std::unique_ptr<OpiSum> record, CScanListener* listener = nullptr);
+
+/// The day's realised P/L, where the money section doesn't state it: `text` becomes PCYK of the day's record. The
+/// statistics get `amount` even for a day without a record.
+void ReportDayClosedPL(std::string_view day, std::string_view text, double amount);
+
+/// The day's mark-to-market P/L likewise: `text` becomes CCDSYK.
+void ReportDayPositionPL(std::string_view day, std::string_view text, double amount);
 
 }  // namespace tradebill

@@ -1,5 +1,6 @@
 #include "readers/money_labels.h"
 
+#include "base/number.h"
 #include "base/text.h"
 
 namespace tradebill {
@@ -20,12 +21,33 @@ bool Matches(const MoneyLabel& label, Row row, std::size_t column) {
 
 }  // namespace
 
-void ReadMoneyRow(Row row, std::span<const MoneyLabel> labels, MoneyRecord& record) {
+void TellLabels(std::span<const MoneyLabel> labels, CScanListener* listener) {
+    if (listener == nullptr) return;
+    for (const MoneyLabel& label : labels) listener->OnLabelWanted(label.word);
+}
+
+void ReadMoneyRow(Row row, std::span<const MoneyLabel> labels, MoneyRecord& record, CScanListener* listener) {
     for (std::size_t column = 0; column + 1 < row.size(); ++column) {
         for (const MoneyLabel& label : labels) {
             const std::size_t value = column + label.ValueOffset();
-            if (value < row.size() && Matches(label, row, column)) label.field(record, row[value]);
+            if (value >= row.size() || !Matches(label, row, column)) continue;
+            label.field(record, row[value]);
+            if (listener != nullptr) listener->OnLabelMet(label.word);
         }
+    }
+}
+
+CLabelledAmount::CLabelledAmount(LabelMatch match, std::string_view word, CScanListener* listener)
+    : match_(match), word_(word), listener_(listener) {
+    if (listener_ != nullptr) listener_->OnLabelWanted(word_);
+}
+
+void CLabelledAmount::ReadRow(Row row) {
+    for (std::size_t column = 0; column + 1 < row.size(); ++column) {
+        const bool matches = match_ == LabelMatch::Equals ? row[column] == word_ : Contains(row[column], word_);
+        if (!matches) continue;
+        amount_ = ParseAmount(row[column + 1]);
+        if (listener_ != nullptr) listener_->OnLabelMet(word_);
     }
 }
 

@@ -25,8 +25,29 @@ struct MoneyLabel {
     [[nodiscard]] constexpr std::size_t ValueOffset() const { return match == LabelMatch::Spaced ? 3 : 1; }
 };
 
+/// Tells the listener which labels the section at hand looks for.
+void TellLabels(std::span<const MoneyLabel> labels, CScanListener* listener);
+
 /// Tries each column that has a successor as a label against all of `labels`, in their order. A later label overwrites
 /// what an earlier one has written.
-void ReadMoneyRow(Row row, std::span<const MoneyLabel> labels, MoneyRecord& record);
+void ReadMoneyRow(Row row, std::span<const MoneyLabel> labels, MoneyRecord& record, CScanListener* listener = nullptr);
+
+/// An amount that the money section states under a label of its own and that no field takes as it stands.
+class CLabelledAmount {
+public:
+    /// `match` is Contains or Equals.
+    CLabelledAmount(LabelMatch match, std::string_view word, CScanListener* listener);
+
+    [[nodiscard]] double Amount() const { return amount_; }
+
+    /// Takes the amount behind the last such label of the row, if it has one.
+    void ReadRow(Row row);
+
+private:
+    LabelMatch match_;
+    std::string_view word_;
+    CScanListener* listener_;
+    double amount_ = 0;
+};
 
 }  // namespace tradebill

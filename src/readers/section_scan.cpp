@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/report_error.h"
 #include "base/text.h"
 
 namespace tradebill {
@@ -14,36 +15,95 @@ std::size_t RowBefore(std::size_t row, int offset) {
 
 }  // namespace
 
-CSectionScan::CSectionScan(std::string_view text, SearchFrom searchFrom) : searchFrom_(searchFrom) {
+CSectionScan::CSectionScan(std::string_view text, SearchFrom searchFrom, CScanListener* listener)
+    : searchFrom_(searchFrom), listener_(listener) {
     constexpr std::size_t kUsualRowLength = 64;
     rows_.reserve(text.size() / kUsualRowLength);
     SplitText(text, "\n", rows_);
 }
 
-std::optional<std::size_t> CSectionScan::FindRow(std::size_t from, std::string_view word) const {
+std::optional<std::size_t> CSectionScan::FindRow(std::size_t from, std::string_view word,
+                                                 std::string_view otherWord) const {
     for (std::size_t row = from; row < rows_.size(); ++row) {
         if (Contains(rows_[row], word)) return row;
+        if (!otherWord.empty() && Contains(rows_[row], otherWord)) return row;
     }
     return std::nullopt;
 }
 
-std::optional<CSectionScan::RowRange> CSectionScan::Find(const SectionLayout& layout) {
-    const auto title = FindRow(searchFrom_ == SearchFrom::Cursor ? cursor_ : 0, layout.title);
-    if (!title) {
-        cursor_ = lastGoodEnd_;
-        return std::nullopt;
+CSectionScan::Frame CSectionScan::FindFrame(std::size_t from, const SectionLayout& layout) const {
+    Frame frame;
+    frame.title = FindRow(from, layout.title);
+    if (frame.title) {
+        const std::size_t first = *frame.title + static_cast<std::size_t>(layout.terminatorOffset);
+        frame.terminator = FindRow(first, layout.terminator, layout.otherTerminator);
     }
-    const auto terminator = FindRow(*title + static_cast<std::size_t>(layout.terminatorOffset), layout.terminator);
-    if (!terminator) {
-        cursor_ = *title;
-        return std::nullopt;
-    }
-    cursor_ = lastGoodEnd_ = RowBefore(*terminator, layout.cursorOffset);
-    return RowRange{*title + static_cast<std::size_t>(layout.firstRow), RowBefore(*terminator, layout.endOffset)};
+    TellSection(layout, frame);
+    return frame;
 }
 
-bool CSectionScan::SplitRow(std::size_t row, const SectionLayout& layout) {
-    return SplitText(rows_[row], layout.delimiter, columns_) >= layout.minColumns;
+std::optional<SectionRows> CSectionScan::RowsOf(const Frame& frame, const SectionLayout& layout) {
+    if (!frame.title || !frame.terminator) return std::nullopt;
+    return SectionRows{.title = *frame.title,
+                       .terminator = *frame.terminator,
+                       .begin = static_cast<std::int64_t>(*frame.title) + layout.firstRow,
+                       .end = static_cast<std::int64_t>(*frame.terminator) - layout.endOffset};
+}
+
+std::optional<SectionRows> CSectionScan::Find(const SectionLayout& layout) {
+    const Frame frame = FindFrame(searchFrom_ == SearchFrom::Cursor ? cursor_ : 0, layout);
+    if (frame.terminator) {
+        cursor_ = lastGoodEnd_ = RowBefore(*frame.terminator, layout.cursorOffset);
+    } else {
+        cursor_ = frame.title.value_or(lastGoodEnd_);
+    }
+    return RowsOf(frame, layout);
+}
+
+std::optional<SectionRows> CSectionScan::FindBehind(std::size_t from, const SectionLayout& layout) const {
+    return RowsOf(FindFrame(from, layout), layout);
+}
+
+std::optional<std::size_t> CSectionScan::FindTitle(const SectionLayout& layout) const {
+    const Frame frame{.title = FindRow(0, layout.title), .terminator = {}};
+    TellSection(layout, frame);
+    return frame.title;
+}
+
+void CSectionScan::TellSection(const SectionLayout& layout, const Frame& frame) const {
+    if (listener_ == nullptr) return;
+    const auto rowText = [&](std::optional<std::size_t> row) { return row ? rows_[*row] : std::string_view(); };
+    listener_->OnSection({.kind = layout.kind,
+                          .titleWord = layout.title,
+                          .terminatorWord = layout.terminator,
+                          .otherTerminatorWord = layout.otherTerminator,
+                          .titleRow = rowText(frame.title),
+                          .terminatorRow = rowText(frame.terminator)});
+}
+
+std::string_view CSectionScan::RowText(std::int64_t row) const {
+    if (row < 0 || row >= static_cast<std::int64_t>(rows_.size())) throw CReportError(kErrorInvalidArgument);
+    return rows_[static_cast<std::size_t>(row)];
+}
+
+bool CSectionScan::SplitRow(std::int64_t row, const SectionLayout& layout) {
+    currentRow_ = RowText(row);
+    columns_.clear();
+    for (const std::string_view word : layout.subtotals) {
+        if (!Contains(currentRow_, word)) continue;
+        Tell({RowFate::Subtotal});
+        return false;
+    }
+    const std::string_view text = layout.stripsBars ? TrimByte(currentRow_, '|') : currentRow_;
+    if (SplitText(text, layout.delimiter, columns_) >= layout.minColumns) return true;
+    Tell({RowFate::TooShort, layout.minColumns});
+    return false;
+}
+
+std::optional<Row> CSectionScan::ReadRow(std::int64_t row, const SectionLayout& layout) {
+    if (!SplitRow(row, layout)) return std::nullopt;
+    Tell({});
+    return Row(columns_);
 }
 
 }  // namespace tradebill

@@ -1,25 +1,34 @@
 // The scan engine: a statement's text as rows, and its sections found by title and terminating word. This is the one
-// place that decides "section found", "row too short" and "row read"; readers give it their layouts as data.
+// place that decides "section found", "row too short" and "row read", and so the one that tells a listener about it;
+// readers give it their layouts as data.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string_view>
+#include <type_traits>
 #include <vector>
+
+#include "readers/scan_listener.h"
 
 namespace tradebill {
 
 /// How one section of a layout is found and cut. Offsets count non-blank rows.
 struct SectionLayout {
-    std::string_view title;       ///< the title row contains it
-    std::string_view terminator;  ///< the terminating row contains it
-    int terminatorOffset = 0;     ///< the terminating row is looked for from this many rows after the title row
-    int firstRow = 0;             ///< data begins this many rows after the title row
-    int endOffset = 0;            ///< data ends this many rows before the terminating row
-    std::size_t minColumns = 0;   ///< shorter rows are passed over
+    SectionKind kind = SectionKind::Money;
+    std::string_view title;                 ///< the title row contains it
+    std::string_view terminator = {};       ///< the terminating row contains it
+    std::string_view otherTerminator = {};  ///< if not empty, a row that contains this one ends the section as well
+    int terminatorOffset = 0;    ///< the terminating row is looked for from this many rows after the title row
+    int firstRow = 0;            ///< data begins this many rows after the title row
+    int endOffset = 0;           ///< data ends this many rows before the terminating row
+    std::size_t minColumns = 0;  ///< shorter rows are passed over
     std::string_view delimiter = " ";
-    int cursorOffset = 0;  ///< the next section is looked for from this many rows before the terminating row
+    int cursorOffset = 0;     ///< the next section is looked for from this many rows before the terminating row
+    bool stripsBars = false;  ///< rows lose leading and trailing "|" before they are split
+    std::span<const std::string_view> subtotals = {};  ///< rows that contain one of these words are passed over
 };
 
 /// Where the search for a section begins.
@@ -31,35 +40,85 @@ enum class SearchFrom {
 /// Columns of a row; never empty ones. They point into the statement's text.
 using Row = std::span<const std::string_view>;
 
+/// A section that was found. Templates may say any offset, so begin and end can lie outside the rows.
+struct SectionRows {
+    std::size_t title;
+    std::size_t terminator;
+    std::int64_t begin;
+    std::int64_t end;
+};
+
 /// Scans one statement, section by section. The text must outlive the scan.
 class CSectionScan {
 public:
-    CSectionScan(std::string_view text, SearchFrom searchFrom);
+    CSectionScan(std::string_view text, SearchFrom searchFrom, CScanListener* listener = nullptr);
 
-    /// Calls `onRow(Row)` for each row of the section that has enough columns. Returns whether the section was found.
+    [[nodiscard]] CScanListener* Listener() const { return listener_; }
+    [[nodiscard]] std::size_t RowCount() const { return rows_.size(); }
+
+    /// Finds a section and moves the cursor on.
+    std::optional<SectionRows> Find(const SectionLayout& layout);
+
+    /// Finds a section at or behind row `from` and leaves the cursor where it is.
+    std::optional<SectionRows> FindBehind(std::size_t from, const SectionLayout& layout) const;
+
+    /// The first title row of a section whose end isn't looked for, wherever the cursor stands.
+    std::optional<std::size_t> FindTitle(const SectionLayout& layout) const;
+
+    /// Calls `onRow(Row)` for each row of a found section that has enough columns. `onRow` may return a RowVerdict.
+    /// Throws CReportError for a row before the first or past the last, once it is its turn.
     template <class OnRow>
-    bool Read(const SectionLayout& layout, OnRow onRow) {
-        const auto range = Find(layout);
-        if (!range) return false;
-        for (std::size_t row = range->begin; row < range->end; ++row) {
-            if (SplitRow(row, layout)) onRow(Row(columns_));
+    void ReadRows(const SectionLayout& layout, const SectionRows& rows, OnRow onRow) {
+        for (std::int64_t row = rows.begin; row < rows.end; ++row) {
+            if (!SplitRow(row, layout)) continue;
+            if constexpr (std::is_void_v<std::invoke_result_t<OnRow, Row>>) {
+                onRow(Row(columns_));
+                Tell({});
+            } else {
+                Tell(onRow(Row(columns_)));
+            }
         }
-        return true;
     }
 
+    /// Finds and reads a section. Returns whether it was found.
+    template <class OnRow>
+    bool Read(const SectionLayout& layout, OnRow onRow) {
+        const auto rows = Find(layout);
+        if (rows) ReadRows(layout, *rows, onRow);
+        return rows.has_value();
+    }
+
+    /// One row for itself, or nothing if it is too short. Throws CReportError for a row before the first or past the
+    /// last.
+    std::optional<Row> ReadRow(std::int64_t row, const SectionLayout& layout);
+
+    /// A row's text, without what surrounds it. Throws likewise.
+    [[nodiscard]] std::string_view RowText(std::int64_t row) const;
+
+    /// The row that is being read.
+    [[nodiscard]] std::string_view CurrentRow() const { return currentRow_; }
+
 private:
-    struct RowRange {
-        std::size_t begin;
-        std::size_t end;
+    struct Frame {
+        std::optional<std::size_t> title;
+        std::optional<std::size_t> terminator;
     };
 
-    std::optional<RowRange> Find(const SectionLayout& layout);
-    [[nodiscard]] std::optional<std::size_t> FindRow(std::size_t from, std::string_view word) const;
-    bool SplitRow(std::size_t row, const SectionLayout& layout);
+    [[nodiscard]] std::optional<std::size_t> FindRow(std::size_t from, std::string_view word,
+                                                     std::string_view otherWord = {}) const;
+    [[nodiscard]] Frame FindFrame(std::size_t from, const SectionLayout& layout) const;
+    [[nodiscard]] static std::optional<SectionRows> RowsOf(const Frame& frame, const SectionLayout& layout);
+    bool SplitRow(std::int64_t row, const SectionLayout& layout);
+    void Tell(const RowVerdict& verdict) const {
+        if (listener_ != nullptr) listener_->OnRow(currentRow_, columns_.size(), verdict);
+    }
+    void TellSection(const SectionLayout& layout, const Frame& frame) const;
 
     std::vector<std::string_view> rows_;
     std::vector<std::string_view> columns_;  // of the row at hand
+    std::string_view currentRow_;
     SearchFrom searchFrom_;
+    CScanListener* listener_;
     std::size_t cursor_ = 0;
     std::size_t lastGoodEnd_ = 0;
 };

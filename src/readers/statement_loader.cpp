@@ -1,55 +1,39 @@
 #include "readers/statement_loader.h"
 
 #include <algorithm>
-#include <iterator>
 
-#include "base/gbk.h"
-#include "base/text.h"
 #include "platform/file.h"
-#include "readers/fixed_readers.h"
+#include "readers/layout_table.h"
+#include "readers/scan_listener.h"
+#include "readers/template_reader.h"
 #include "statement/request_copy.h"
 
 namespace tradebill {
 namespace {
 
-using Reader = void (*)(std::string_view day, std::string_view text);
+constexpr std::string_view kForeignLayout = "foreign";
 
-/// The readers of a format: which of the two is chosen by whether the text speaks of option premium.
-struct FormatReaders {
-    std::int32_t format;
-    Reader plain;
-    Reader premium;
-};
-
-// clang-format off
-constexpr FormatReaders kFormats[] = {
-    {0,   ReadFundClassStatement,  ReadFundClassStatement},
-    {1,   ReadFundStatusStatement, ReadFundStatusPremiumStatement},
-    {2,   nullptr,                 nullptr},
-    {3,   ReadTabulatedStatement,  nullptr},
-    {6,   nullptr,                 nullptr},
-    {201, nullptr,                 nullptr},
-};
-// clang-format on
-
-const FormatReaders* ReadersOf(std::int32_t format) {
-    const auto* const found = std::ranges::find(kFormats, format, &FormatReaders::format);
-    return found == std::end(kFormats) ? nullptr : found;
+void ReadWith(Reader* read, std::string_view name, std::string_view day, std::string_view text,
+              CScanListener* listener) {
+    if (listener != nullptr) listener->OnReader(name);
+    read(day, text, listener);
 }
 
 }  // namespace
 
 bool IsKnownFormat(std::int32_t format) {
-    return ReadersOf(format) != nullptr;
+    return std::ranges::any_of(Layouts(),
+                               [format](const Layout& layout) { return !layout.isForeign && layout.format == format; });
 }
 
-void ReadStatement(std::string_view day, std::string_view text) {
-    if (IsForeign()) return;
-    const FormatReaders* const readers = ReadersOf(Request.StatementFormat);
-    if (readers == nullptr) return;
-    const bool paired = readers->plain != readers->premium;
-    const Reader reader = paired && Contains(text, "权利金"_gbk) ? readers->premium : readers->plain;
-    if (reader != nullptr) reader(day, text);
+void ReadStatement(std::string_view day, std::string_view text, CScanListener* listener) {
+    if (IsForeign()) {
+        ReadWith(ReadForeignStatement, kForeignLayout, day, text, listener);
+        return;
+    }
+    if (ReadTemplateStatement(day, text, listener)) return;
+    const Layout* const layout = FindLayout(Request.StatementFormat, text);
+    if (layout != nullptr) ReadWith(layout->read, layout->name, day, text, listener);
 }
 
 bool LoadStatement(std::string_view day, const std::string& path) {

@@ -86,15 +86,16 @@ constexpr Column<OpiSum> kSellColumns[] = {
     {Slot<&OpiSum::HEDGE>,            10},
 };
 
-constexpr SummarySide kSummarySides[] = {
+constexpr PositionSide kPositionSides[] = {
     {.lotsColumn = 2, .side = "买"_gbk, .columns = kBuyColumns},
     {.lotsColumn = 4, .side = "卖"_gbk, .columns = kSellColumns},
 };
 // clang-format on
 
 /// Rows framed by bars; a bar at either end makes no column. The row above the count is a rule.
-constexpr SectionLayout BarTable(std::string_view title, std::size_t minColumns) {
-    return {.title = title,
+constexpr SectionLayout BarTable(SectionKind kind, std::string_view title, std::size_t minColumns) {
+    return {.kind = kind,
+            .title = title,
             .terminator = "共"_gbk,
             .firstRow = 4,
             .endOffset = 1,
@@ -112,16 +113,17 @@ constexpr FixedLayout kLayout{
               .endOffset = 1,
               .cursorOffset = 1},  // the row above the dashed line is already the next section's title
     .labels = kLabels,
-    .trades = {BarTable("成交记录"_gbk, 12), kTradeColumns},
-    .closed = {BarTable("平仓明细"_gbk, 11), kClosedColumns},
-    .open = {BarTable("持仓明细"_gbk, 13), kOpenColumns},
-    .summary = {.title = "持仓汇总"_gbk,
+    .trades = {BarTable(SectionKind::Trades, "成交记录"_gbk, 12), kTradeColumns},
+    .closed = {BarTable(SectionKind::Closed, "平仓明细"_gbk, 11), kClosedColumns},
+    .open = {BarTable(SectionKind::Open, "持仓明细"_gbk, 13), kOpenColumns},
+    .summary = {.kind = SectionKind::Summary,
+                .title = "持仓汇总"_gbk,
                 .terminator = "---------",
                 .terminatorOffset = 2,
                 .firstRow = 4,
                 .minColumns = 11,
                 .delimiter = "|"},
-    .summarySides = kSummarySides,
+    .summarySides = kPositionSides,
 };
 static_assert(LastColumn(kTradeColumns) < kLayout.trades.section.minColumns);
 static_assert(LastColumn(kClosedColumns) < kLayout.closed.section.minColumns);
@@ -131,8 +133,8 @@ static_assert(LastColumn(kSellColumns) < kLayout.summary.minColumns);
 
 }  // namespace
 
-void ReadTabulatedStatement(std::string_view day, std::string_view text) {
-    ReadFixedLayout(kLayout, day, text);
+void ReadTabulatedStatement(std::string_view day, std::string_view text, CScanListener* listener) {
+    ReadFixedLayout(kLayout, day, text, listener);
 }
 
 }  // namespace tradebill

@@ -1,0 +1,140 @@
+#include <string>
+
+#include "base/text.h"
+#include "readers/fixed_readers.h"
+#include "readers/foreign_money.h"
+#include "readers/gap_side.h"
+#include "readers/table_layout.h"
+#include "statement/report_document.h"
+
+namespace tradebill {
+namespace {
+
+constexpr std::string_view kSubtotals[] = {"计"_gbk, "共"_gbk};
+constexpr std::size_t kLeastColumns = 7;
+constexpr std::size_t kLotsColumn = 4;
+
+// clang-format off
+constexpr Column<MatchRecord> kTradeColumns[] = {
+    {Slot<&MatchRecord::MATCH_DATE>,  0},
+    {Slot<&MatchRecord::CONTRACT>,    1},
+    {Slot<&MatchRecord::MATCH_PRICE>, 5},
+    {Slot<&MatchRecord::POUNDAGE>,    6},
+    {Slot<&MatchRecord::CURRENCY>,    7, Treatment::KeepIfPresent},
+};
+
+constexpr Column<PingDetail> kClosedColumns[] = {
+    {Slot<&PingDetail::MATCH_DATE>,   0},
+    {Slot<&PingDetail::CONTRACT>,     1},
+    {Slot<&PingDetail::MATCH_PRICE>,  5},
+    {Slot<&PingDetail::OFFSETPL>,     6},
+    {Slot<&PingDetail::CURRENCY>,     7, Treatment::KeepIfPresent},
+};
+
+constexpr Column<OpiDetail> kOpenColumns[] = {
+    {Slot<&OpiDetail::OPEN_DATE>,     0},
+    {Slot<&OpiDetail::CONTRACT>,      1},
+    {Slot<&OpiDetail::POSITION_VOL>,  4},
+    {Slot<&OpiDetail::OPEN_PRICE>,    5},
+    {Slot<&OpiDetail::SETTLE_PRICE>,  6},
+    {Slot<&OpiDetail::FLOATPL>,       7, Treatment::KeepIfPresent},
+    {Slot<&OpiDetail::CURRENCY>,      8, Treatment::KeepIfPresent},
+};
+// clang-format on
+static_assert(LastColumn(kTradeColumns) < kLeastColumns && LastColumn(kOpenColumns) < kLeastColumns);
+static_assert(LastColumn(kClosedColumns) < kLeastColumns);
+
+/// A table ends above the title of one of its neighbours.
+constexpr SectionLayout Table(SectionKind kind, std::string_view title, std::string_view neighbour,
+                              std::string_view otherNeighbour, int terminatorOffset, std::size_t minColumns) {
+    return {.kind = kind,
+            .title = title,
+            .terminator = neighbour,
+            .otherTerminator = otherNeighbour,
+            .terminatorOffset = terminatorOffset,
+            .firstRow = 4,
+            .endOffset = 1,
+            .minColumns = minColumns,
+            .subtotals = kSubtotals};
+}
+
+// Short rows of trades and open positions are looked at too: one word alone is a heading.
+constexpr SectionLayout kTrades = Table(SectionKind::Trades, "成交记录"_gbk, "平仓明细"_gbk, "持仓明细"_gbk, 2, 1);
+constexpr SectionLayout kClosed =
+    Table(SectionKind::Closed, "平仓明细"_gbk, "持仓明细"_gbk, "资金汇总"_gbk, 3, kLeastColumns);
+constexpr SectionLayout kOpen = Table(SectionKind::Open, "持仓明细"_gbk, "资金汇总"_gbk, "平仓明细"_gbk, 2, 1);
+
+template <class Record>
+void SetSide(GapSide side, Record& record) {
+    if (side == GapSide::Buy) CopyField(record.BID, "买"_gbk);
+    if (side == GapSide::Sell) CopyField(record.BID, "卖"_gbk);
+}
+
+/// Side and lots of a trade; both stay empty if the gap doesn't tell the side.
+template <class Record>
+void SetSideAndLots(std::string_view rowText, Row row, Record& record) {
+    const GapSide side = ClassifySideByGap(rowText, " ");
+    SetSide(side, record);
+    if (side != GapSide::Undecided) CopyField(record.MATCH_VOL, row[kLotsColumn]);
+}
+
+/// Reads a table whose rows stand below headings that name their exchange. `onRow(Row, std::string_view exchange)`
+/// makes the record.
+template <class OnRow>
+void ReadUnderHeadings(CSectionScan& scan, const SectionLayout& layout, OnRow onRow) {
+    std::string_view heading;
+    scan.Read(layout, [&](Row row) -> RowVerdict {
+        if (row.size() == 1) {
+            heading = row.front();
+            return {RowFate::Heading};
+        }
+        if (row.size() < kLeastColumns) return {RowFate::TooShort, kLeastColumns};
+        onRow(row, heading);
+        return {};
+    });
+}
+
+void ReadTrades(std::string_view day, CSectionScan& scan) {
+    ReadUnderHeadings(scan, kTrades, [&](Row row, std::string_view exchange) {
+        auto record = MakeRecord(day, row, kTradeColumns);
+        CopyField(record->EXCH_NAME, exchange);
+        SetSideAndLots(scan.CurrentRow(), row, *record);
+        HandOver(std::move(record), scan.Listener());
+    });
+}
+
+/// A closed position takes two rows; the second is the one that counts.
+void ReadClosed(std::string_view day, CSectionScan& scan) {
+    bool isSecond = false;
+    scan.Read(kClosed, [&](Row row) -> RowVerdict {
+        const bool counts = isSecond;
+        isSecond = !isSecond;
+        if (!counts) return {RowFate::FirstOfPair};
+        auto record = MakeRecord(day, row, kClosedColumns);
+        SetSideAndLots(scan.CurrentRow(), row, *record);
+        if (scan.Listener() != nullptr) scan.Listener()->OnRecord();
+        ReportDocument.FoldForeignClosedRow(*record);
+        return {};
+    });
+}
+
+void ReadOpen(std::string_view day, CSectionScan& scan) {
+    ReadUnderHeadings(scan, kOpen, [&](Row row, std::string_view exchange) {
+        auto record = MakeRecord(day, row, kOpenColumns);
+        CopyField(record->EXCH_NAME, exchange);
+        SetSide(ClassifySideByGap(scan.CurrentRow(), " "), *record);
+        HandOver(std::move(record), scan.Listener());
+    });
+}
+
+}  // namespace
+
+void ReadForeignStatement(std::string_view day, std::string_view text, CScanListener* listener) {
+    CSectionScan scan(text, SearchFrom::Top, listener);
+    ReadForeignMoney(day, scan);
+    ReadTrades(day, scan);
+    ReadClosed(day, scan);
+    ReadOpen(day, scan);
+}
+
+}  // namespace tradebill

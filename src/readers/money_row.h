@@ -1,0 +1,27 @@
+// Money sections that are one row of columns without labels.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <string_view>
+
+#include "readers/columns.h"
+
+namespace tradebill {
+
+inline constexpr std::size_t kNoColumn = static_cast<std::size_t>(-1);
+
+/// Net deposits, which the row states as two columns. They count only if the row has both.
+struct CashFlowColumns {
+    std::size_t deposits = kNoColumn;
+    std::size_t withdrawals = kNoColumn;
+    FieldSetter<MoneyRecord> field = Slot<&MoneyRecord::CRJ>;
+};
+
+/// A record of `row`.
+[[nodiscard]] std::unique_ptr<MoneyRecord> MakeMoneyRecord(std::string_view day, Row row,
+                                                           std::span<const Column<MoneyRecord>> columns,
+                                                           const CashFlowColumns& cashFlow);
+
+}  // namespace tradebill

@@ -1,0 +1,74 @@
+// What the readers tell whoever wants to know what they saw. A report has no listener and stays silent; `tradebill
+// explain` is one. Views point into the statement's text, so a listener can tell their lines.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "statement/records.h"
+
+namespace tradebill {
+
+enum class SectionKind { Money, Trades, Closed, Open, Summary };
+
+/// What became of a data row.
+enum class RowFate {
+    Read,         ///< it made a record or gave values
+    TooShort,     ///< fewer columns than the section needs
+    NoLots,       ///< no lots on either side
+    Subtotal,     ///< a subtotal or a count between data rows
+    Heading,      ///< names the exchange of the rows below
+    FirstOfPair,  ///< the first of the two rows of a closed position: only the second counts
+};
+
+/// A row's fate and, for a short one, how many columns it should have had.
+struct RowVerdict {
+    RowFate fate = RowFate::Read;
+    std::size_t needed = 0;
+};
+
+/// A section that was looked for.
+struct SectionSeen {
+    SectionKind kind;
+    std::string_view titleWord;
+    std::string_view terminatorWord;       ///< empty: the section is read without looking for its end
+    std::string_view otherTerminatorWord;  ///< a second word that ends it as well, or empty
+    std::string_view titleRow;             ///< empty: not found
+    std::string_view terminatorRow;        ///< empty: not found, or not looked for
+};
+
+/// What came of the request's template.
+struct TemplateSeen {
+    enum class Outcome {
+        NoFile,      ///< a fixed reader reads the statement
+        KnownDay,    ///< a statement of its date has been read: it is passed over
+        Incomplete,  ///< declined: a fixed reader reads the whole statement again
+        Read,
+    };
+    Outcome outcome;
+    bool newScheme = false;            ///< the day is at or behind the template's change date
+    std::string_view section = {};     ///< the incomplete one
+    std::string_view missingKey = {};  ///< what it lacks
+};
+
+/// Told in the order of reading: the template, the reader, its date, then each section with its rows and records. A
+/// listener changes nothing in what is read.
+class CScanListener {
+public:
+    CScanListener() = default;
+    CScanListener(const CScanListener&) = delete;
+    CScanListener& operator=(const CScanListener&) = delete;
+    virtual ~CScanListener() = default;
+
+    virtual void OnTemplate(const TemplateSeen& seen) = 0;
+    virtual void OnReader(std::string_view layout) = 0;  ///< a name of the layout table
+    virtual void OnDate(std::string_view dateWord, std::string_view date) = 0;
+    virtual void OnSection(const SectionSeen& seen) = 0;
+    virtual void OnRow(std::string_view row, std::size_t columns, const RowVerdict& verdict) = 0;
+    virtual void OnLabelWanted(std::string_view label) = 0;  ///< the money section at hand looks for it
+    virtual void OnLabelMet(std::string_view label) = 0;
+    virtual void OnMoney(const MoneyRecord& record, std::string_view currency) = 0;  ///< handed to the stores
+    virtual void OnRecord() = 0;                                                     ///< a row's record was
+};
+
+}  // namespace tradebill

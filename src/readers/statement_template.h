@@ -1,0 +1,98 @@
+// A statement template: an INI file that describes a broker's layout, once as it was and once as it is from a change
+// date on. Parsed into the same layouts and columns that the fixed readers are made of.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/ini_file.h"
+#include "readers/money_labels.h"
+#include "readers/money_row.h"
+#include "readers/section_scan.h"
+#include "readers/table_layout.h"
+
+namespace tradebill {
+
+/// Where a section begins and ends, as its template says it. Texts of at most 31 bytes, which point into the template.
+struct TemplateSection {
+    bool isEnabled = false;
+    std::string name;  ///< of the INI section
+    std::string_view title = {};
+    std::string_view terminator = {};
+    std::string_view delimiter = {};
+    std::int32_t firstRow = -1;
+    std::int32_t endOffset = -1;
+
+    /// The key without which the section can't be read, or an empty text.
+    [[nodiscard]] std::string_view MissingKey() const;
+};
+
+template <class Record>
+struct TemplateTable {
+    TemplateSection section;
+    std::vector<Column<Record>> columns;
+};
+
+/// One side of rows that hold both. Without a lots column it makes no records.
+struct TemplateSide {
+    std::size_t lotsColumn = kNoColumn;
+    std::string_view side;
+    std::vector<Column<OpiSum>> columns;
+};
+
+enum TemplateMoneyMode : std::int32_t { kMoneyLabelled = 0, kMoneyInOneRow = 1 };
+
+/// One of the two descriptions in a template.
+struct TemplateScheme {
+    std::string_view dateWord;
+    std::int32_t moneyMode = kMoneyLabelled;
+    TemplateSection money;
+    std::vector<MoneyLabel> moneyLabels;  ///< of mode 0
+    std::string_view depositsLabel;
+    std::string_view withdrawalsLabel;
+    std::vector<Column<MoneyRecord>> moneyColumns;  ///< of mode 1
+    CashFlowColumns cashFlow;
+    TemplateTable<MatchRecord> trades;
+    TemplateTable<PingDetail> closed;
+    std::size_t closedSideColumn = kNoColumn;
+    TemplateTable<OpiDetail> open;  ///< of the formats that name contract and delivery apart
+    TemplateSide openSides[2];      ///< of all others; the section is that of `open`
+    std::size_t openPLColumn = kNoColumn;
+    TemplateSection summary;
+    TemplateSide summarySides[2];
+};
+
+class CStatementTemplate {
+public:
+    explicit CStatementTemplate(CIniFile file);
+    CStatementTemplate(const CStatementTemplate&) = delete;
+    CStatementTemplate& operator=(const CStatementTemplate&) = delete;
+
+    /// Whether `day` (yyyymmdd) is at or behind the change date. Throws CReportError for a change date, or a day, that
+    /// is no date.
+    [[nodiscard]] bool HoldsNewScheme(std::string_view day) const;
+
+    [[nodiscard]] const TemplateScheme& Scheme(bool isNew) const { return isNew ? newScheme_ : oldScheme_; }
+
+private:
+    CIniFile file_;  // the schemes' texts point into it
+    std::string_view changeDate_;
+    TemplateScheme oldScheme_;
+    TemplateScheme newScheme_;
+};
+
+/// The template of the request, or null if there is none. Parsed when first asked for, and again when the file changed;
+/// valid until the next call.
+[[nodiscard]] const CStatementTemplate* RequestTemplate();
+
+/// Where the request's template is expected.
+[[nodiscard]] std::filesystem::path RequestTemplatePath();
+
+/// Drops the parsed template, so that a new run reads the file anew.
+void ForgetRequestTemplate();
+
+}  // namespace tradebill

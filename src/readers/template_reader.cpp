@@ -1,0 +1,241 @@
+#include "readers/template_reader.h"
+
+#include <memory>
+#include <utility>
+
+#include "base/number.h"
+#include "base/text.h"
+#include "readers/date_scan.h"
+#include "readers/statement_template.h"
+#include "readers/table_layout.h"
+#include "statement/money_store.h"
+#include "statement/request_copy.h"
+
+namespace tradebill {
+namespace {
+
+constexpr std::size_t kLeastMoneyColumns = 9;
+constexpr std::size_t kLeastColumns = 11;
+constexpr std::size_t kLeastSummaryColumns = 12;
+constexpr std::size_t kLongestAmount = 15;
+
+SectionLayout LayoutOf(const TemplateSection& section, SectionKind kind, int terminatorOffset, std::size_t minColumns) {
+    return {.kind = kind,
+            .title = section.title,
+            .terminator = section.terminator,
+            .terminatorOffset = terminatorOffset,
+            .firstRow = section.firstRow,
+            .endOffset = section.endOffset,
+            .minColumns = minColumns,
+            .delimiter = section.delimiter};
+}
+
+PositionSide SideOf(const TemplateSide& side) {
+    return {.lotsColumn = side.lotsColumn, .side = side.side, .columns = side.columns};
+}
+
+bool StatesLabel(Row row, std::string_view label) {
+    for (std::size_t column = 0; column + 1 < row.size(); ++column) {
+        if (row[column] == label) return true;
+    }
+    return false;
+}
+
+/// Reads one statement by one scheme, section by section.
+class CTemplateReader {
+public:
+    CTemplateReader(const TemplateScheme& scheme, std::string_view day, std::string_view text, CScanListener* listener)
+        : scheme_(scheme), day_(day), scan_(text, SearchFrom::Top, listener) {}
+
+    void ReadMoney() {
+        if (InOneRow()) {
+            ReadMoneyInOneRow();
+        } else {
+            ReadLabelledMoney();
+        }
+    }
+    void ReadTrades();
+    void ReadClosed();
+    void ReadOpen();
+    void ReadOpenBothSides();
+    void ReadSummary();
+
+private:
+    [[nodiscard]] bool InOneRow() const { return scheme_.moneyMode == kMoneyInOneRow; }
+    void ReadMoneyInOneRow();
+    void ReadLabelledMoney();
+    RowVerdict ReadOpenRow(Row row, double& total);
+
+    const TemplateScheme& scheme_;
+    std::string_view day_;
+    CSectionScan scan_;
+};
+
+void CTemplateReader::ReadMoneyInOneRow() {
+    const SectionLayout layout{
+        .title = scheme_.money.title, .minColumns = kLeastMoneyColumns, .delimiter = scheme_.money.delimiter};
+    const auto title = scan_.FindTitle(layout);
+    if (!title) return;
+    const std::int64_t line = static_cast<std::int64_t>(*title) + scheme_.money.firstRow;
+    if (line >= static_cast<std::int64_t>(scan_.RowCount())) return;
+    const auto row = scan_.ReadRow(line, layout);
+    if (row) HandOver(MakeMoneyRecord(day_, *row, scheme_.moneyColumns, scheme_.cashFlow), scan_.Listener());
+}
+
+void CTemplateReader::ReadLabelledMoney() {
+    SectionLayout layout = LayoutOf(scheme_.money, SectionKind::Money, 2, 0);
+    layout.firstRow = 2;
+    layout.endOffset = 0;
+    const auto rows = scan_.Find(layout);
+    if (!rows) return;
+    TellLabels(scheme_.moneyLabels, scan_.Listener());
+    auto record = MakeCleared<MoneyRecord>();
+    CopyField(record->BILL_DATE, day_);
+    bool statesDeposits = false;
+    bool statesWithdrawals = false;
+    scan_.ReadRows(layout, *rows, [&](Row row) {
+        ReadMoneyRow(row, scheme_.moneyLabels, *record, scan_.Listener());
+        statesDeposits |= StatesLabel(row, scheme_.depositsLabel);
+        statesWithdrawals |= StatesLabel(row, scheme_.withdrawalsLabel);
+    });
+    // Both amounts are what the label of the deposits reads as, not the values behind the labels. Words read as 0, so
+    // CRJ has only its own label in practice.
+    const double labelAmount = ParseAmount(scheme_.depositsLabel);
+    const double deposits = statesDeposits ? labelAmount : 0;
+    const double withdrawals = statesWithdrawals ? labelAmount : 0;
+    if ((deposits > 0 || withdrawals > 0) && FieldText(record->CRJ).empty()) {
+        CopyField(record->CRJ, CNumberText(deposits - withdrawals).View());
+    }
+    HandOver(std::move(record), scan_.Listener());
+}
+
+void CTemplateReader::ReadTrades() {
+    const auto& table = scheme_.trades;
+    ReadTable(scan_,
+              TableLayout<MatchRecord>{LayoutOf(table.section, SectionKind::Trades, 2, kLeastColumns), table.columns},
+              day_);
+}
+
+/// Where the money section is one row, it has no realised P/L, and the rows' sum stands in for it.
+void CTemplateReader::ReadClosed() {
+    const auto& table = scheme_.closed;
+    const TableLayout<PingDetail> layout{LayoutOf(table.section, SectionKind::Closed, 3, kLeastColumns), table.columns};
+    const auto rows = scan_.Find(layout.section);
+    if (!rows) return;
+    double total = 0;
+    scan_.ReadRows(layout.section, *rows, [&](Row row) {
+        RequireColumn(row, scheme_.closedSideColumn);
+        auto record = MakeRecord(day_, row, layout.columns);
+        total += AmountIn(record->OFFSETPL);
+        HandOver(std::move(record), scan_.Listener());
+    });
+    if (InOneRow()) ReportDayClosedPL(day_, CNumberText::SixDecimals(total).View(), total);
+}
+
+void CTemplateReader::ReadOpen() {
+    const auto& table = scheme_.open;
+    ReadTable(scan_,
+              TableLayout<OpiDetail>{LayoutOf(table.section, SectionKind::Open, 2, kLeastColumns), table.columns},
+              day_);
+}
+
+/// A lots column that the template names must be in every row. The P/L joins the total with or without lots.
+RowVerdict CTemplateReader::ReadOpenRow(Row row, double& total) {
+    RowVerdict verdict{RowFate::NoLots};
+    for (const TemplateSide& side : scheme_.openSides) {
+        if (side.lotsColumn == kNoColumn) continue;
+        RequireColumn(row, side.lotsColumn);
+        const bool made = ReadSide(row, SideOf(side), day_, SumFeed::Yes, scan_.Listener(), [](const OpiSum&) {});
+        if (made) verdict.fate = RowFate::Read;
+    }
+    if (scheme_.openPLColumn < row.size()) {
+        total += ParseAmount(row[scheme_.openPLColumn].substr(0, kLongestAmount));
+    }
+    return verdict;
+}
+
+void CTemplateReader::ReadOpenBothSides() {
+    const SectionLayout layout = LayoutOf(scheme_.open.section, SectionKind::Open, 2, kLeastColumns);
+    double total = 0;
+    const bool found = scan_.Read(layout, [&](Row row) { return ReadOpenRow(row, total); });
+    if (found && InOneRow()) ReportDayPositionPL(day_, CNumberText::SixDecimals(total).View(), total);
+}
+
+void CTemplateReader::ReadSummary() {
+    const SectionLayout layout = LayoutOf(scheme_.summary, SectionKind::Summary, 2, kLeastSummaryColumns);
+    scan_.Read(layout, [&](Row row) {
+        RowVerdict verdict{RowFate::NoLots};
+        for (const TemplateSide& side : scheme_.summarySides) {
+            if (side.lotsColumn >= row.size()) continue;
+            const bool made = ReadSide(row, SideOf(side), day_, SumFeed::No, scan_.Listener(), [](const OpiSum&) {});
+            if (made) verdict.fate = RowFate::Read;
+        }
+        return verdict;
+    });
+}
+
+/// One section's turn: whether the template must describe it fully, or the reader goes on with what there is.
+struct Step {
+    const TemplateSection& section;
+    bool mustBeComplete;
+    void (CTemplateReader::*read)();
+};
+
+/// Reads the enabled sections in their order up to one that is incomplete, which it returns.
+const TemplateSection* ReadSections(const TemplateScheme& scheme, CTemplateReader& reader) {
+    const bool apart = NamesDeliveryApart(Request.StatementFormat);
+    const Step steps[] = {
+        {scheme.money, scheme.moneyMode == kMoneyLabelled, &CTemplateReader::ReadMoney},
+        {scheme.trades.section, true, &CTemplateReader::ReadTrades},
+        {scheme.closed.section, true, &CTemplateReader::ReadClosed},
+        {scheme.open.section, apart, apart ? &CTemplateReader::ReadOpen : &CTemplateReader::ReadOpenBothSides},
+        {scheme.summary, true, &CTemplateReader::ReadSummary},
+    };
+    for (const Step& step : steps) {
+        if (!step.section.isEnabled) continue;
+        if (step.mustBeComplete && !step.section.MissingKey().empty()) return &step.section;
+        (reader.*step.read)();
+    }
+    return nullptr;
+}
+
+/// Whether a statement of the same date, by what the text says of itself, has been read.
+bool IsKnownDay(std::string_view text, std::string_view dateWord, CScanListener* listener) {
+    const auto date = FindDate(text, dateWord);
+    if (listener != nullptr) listener->OnDate(dateWord, date.value_or(std::string_view()));
+    return date && MoneyStore.HasDay(*date);
+}
+
+void Tell(CScanListener* listener, const TemplateSeen& seen) {
+    if (listener != nullptr) listener->OnTemplate(seen);
+}
+
+}  // namespace
+
+bool ReadTemplateStatement(std::string_view day, std::string_view text, CScanListener* listener) {
+    using enum TemplateSeen::Outcome;
+    const CStatementTemplate* const source = RequestTemplate();
+    if (source == nullptr) {
+        Tell(listener, {.outcome = NoFile});
+        return false;
+    }
+    const bool isNew = source->HoldsNewScheme(day);
+    const TemplateScheme& scheme = source->Scheme(isNew);
+    if (IsKnownDay(text, scheme.dateWord, listener)) {
+        Tell(listener, {.outcome = KnownDay, .newScheme = isNew});
+        return true;
+    }
+    CTemplateReader reader(scheme, day, text, listener);
+    const TemplateSection* const incomplete = ReadSections(scheme, reader);
+    if (incomplete == nullptr) {
+        Tell(listener, {.outcome = Read, .newScheme = isNew});
+        return true;
+    }
+    Tell(listener, {.outcome = Incomplete,
+                    .newScheme = isNew,
+                    .section = incomplete->name,
+                    .missingKey = incomplete->MissingKey()});
+    return false;
+}
+
+}  // namespace tradebill
