@@ -5,31 +5,75 @@
 #include <iostream>
 #include <string>
 
+#include "cli/explain_command.h"
+#include "cli/layouts_command.h"
 #include "cli/report_command.h"
+#include "cli/template_check.h"
 #include "cli/usage_error.h"
 
 namespace tradebill {
 namespace {
 
-int Run(int argc, char** argv) {
-    CLI::App app("Makes a report page from the daily settlement statements of a futures account.", "tradebill");
+/// What the command line says, whichever command it names.
+struct Arguments {
+    ReportCommand report;
+    ExplainCommand explain;
+    std::string templateFile;
+};
+
+/// The commands; the one that the command line names is the parsed one.
+struct Commands {
+    CLI::App* report;
+    CLI::App* explain;
+    CLI::App* layouts;
+    CLI::App* templateCheck;
+};
+
+Commands Declare(CLI::App& app, Arguments& arguments) {
     app.set_version_flag("--version", std::string(TRADEBILL_VERSION));
     app.require_subcommand(1);
-
-    ReportCommand report;
-    CLI::App* const command = app.add_subcommand("report", "Read the statements of a range of days and write the page");
-    DeclareReportOptions(*command, report.options);
-    command->add_option("--json", report.jsonFile, "Write everything that was read and worked out as JSON")
+    Commands commands{};
+    commands.report = app.add_subcommand("report", "Read the statements of a range of days and write the page");
+    DeclareReportOptions(*commands.report, arguments.report.options);
+    commands.report
+        ->add_option("--json", arguments.report.jsonFile, "Write everything that was read and worked out as JSON")
         ->type_name("FILE");
-    command->add_flag("--quiet", report.quiet, "No progress line and no summary");
+    commands.report->add_flag("--quiet", arguments.report.quiet, "No progress line and no summary");
 
+    commands.explain = app.add_subcommand("explain", "Show what the readers see in one statement");
+    DeclareExplainOptions(*commands.explain, arguments.explain);
+
+    commands.layouts = app.add_subcommand("layouts", "List the statement layouts that can be read");
+
+    CLI::App* const templates = app.add_subcommand("template", "Work on statement templates");
+    templates->require_subcommand(1);
+    commands.templateCheck = templates->add_subcommand("check", "Find what a template says in vain");
+    commands.templateCheck->add_option("FILE", arguments.templateFile, "The template")->required()->type_name("");
+    return commands;
+}
+
+/// "tradebill report" for the command at hand, as far as the command line got.
+std::string HelpCommand(const CLI::App& app) {
+    std::string name = app.get_name();
+    for (const CLI::App* const command : app.get_subcommands()) name += " " + HelpCommand(*command);
+    return name;
+}
+
+int Run(int argc, char** argv) {
+    CLI::App app("Makes a report page from the daily settlement statements of a futures account.", "tradebill");
+    Arguments arguments;
+    const Commands commands = Declare(app, arguments);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0) return app.exit(error);  // --help and --version
-        throw CUsageError(std::string(error.what()) + " (tradebill report --help lists what is expected)");
+        throw CUsageError(std::string(error.what()) + " (" + HelpCommand(app) + " --help lists what is expected)");
     }
-    return RunReportCommand(report);
+    if (commands.explain->parsed()) return RunExplainCommand(arguments.explain);
+    if (commands.templateCheck->parsed()) return RunTemplateCheck(arguments.templateFile);
+    if (commands.report->parsed()) return RunReportCommand(arguments.report);
+    PrintLayouts();
+    return kExitDone;
 }
 
 }  // namespace

@@ -99,6 +99,9 @@ int RunReportCommand(const ReportCommand& command) {
     CheckJsonFile(command.jsonFile);
     const PreparedRequest prepared = PrepareRequest(command.options);
     for (const std::string& warning : prepared.warnings) Warn(warning);
+    if (!command.quiet) {
+        for (const std::string& note : prepared.notes) std::cerr << "tradebill: " << note << "\n";
+    }
 
     RunResult result;
     try {

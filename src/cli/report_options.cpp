@@ -12,13 +12,13 @@
 #include "base/day.h"
 #include "base/report_error.h"
 #include "base/text.h"
+#include "cli/format_choice.h"
 #include "cli/host_tables.h"
 #include "cli/input_ini.h"
 #include "cli/live_figures.h"
 #include "cli/usage_error.h"
 #include "platform/local_time.h"
 #include "platform/root_folder.h"
-#include "readers/statement_loader.h"
 #include "statement/request_copy.h"
 
 namespace tradebill {
@@ -97,26 +97,6 @@ void SetName(char (&field)[N], const std::string& text, const char* option) {
     SetText(field, text, option);
 }
 
-std::int32_t KindOf(const ReportOptions& options) {
-    const std::string kind = options.kind.value_or("domestic");
-    if (kind == "domestic") return 1;
-    if (kind == "foreign") return kForeignKind;
-    throw CUsageError("--kind: expected domestic or foreign, found \"" + kind + "\"");
-}
-
-std::int32_t FormatOf(const ReportOptions& options, const GenerateBillRequest& request) {
-    if (!options.format && request.StatementKind == kForeignKind) return 0;  // its statements have one layout
-    const std::string text = Required(options.format, "--format", "0, 1, 2, 3, 6 or 201, the broker's layout");
-    const auto format = WholeNumber(text);
-    const bool served = format && (IsKnownFormat(*format) || request.TemplateName[0] != '\0');
-    if (!served) {
-        throw CUsageError(
-            "--format: expected 0, 1, 2, 3, 6 or 201, or another number together with --template, found \"" + text +
-            "\"");
-    }
-    return *format;
-}
-
 bool OffsetsMargins(const ReportOptions& options) {
     return NumberOf(options.marginOffset.value_or("0"), "margin_offset", 0, 1) == 1;
 }
@@ -169,6 +149,22 @@ void CheckFolders(const std::string& root, const GenerateBillRequest& request) {
     }
 }
 
+/// Returns whether the format is left to the marks in a statement. Foreign statements have one layout and need none.
+bool SetFormat(const ReportOptions& options, GenerateBillRequest& request) {
+    const bool isForeign = request.StatementKind == kForeignKind;
+    if (options.format == kAutoFormat) return !isForeign;
+    if (isForeign && !options.format) return false;
+    request.StatementFormat = FormatNumber(options.format, request.TemplateName[0] != '\0');
+    return false;
+}
+
+void SetFormatByMarks(PreparedRequest& prepared) {
+    const PickedFormat picked = PickFormat(prepared.request);
+    prepared.request.StatementFormat = picked.format;
+    prepared.notes.push_back("reading format " + std::to_string(picked.format) + " (" + picked.layout +
+                             "), by the marks in " + picked.file);
+}
+
 }  // namespace
 
 void DeclareReportOptions(CLI::App& command, ReportOptions& options) {
@@ -178,7 +174,7 @@ void DeclareReportOptions(CLI::App& command, ReportOptions& options) {
         ->type_name("NO");
     command.add_option("--from", options.from, "First day, year-month-day (default: today alone)")->type_name("DATE");
     command.add_option("--to", options.to, "Last day")->type_name("DATE");
-    command.add_option("--format", options.format, "Layout of the broker's statements: 0, 1, 2, 3, 6 or 201")
+    command.add_option("--format", options.format, "Layout of the broker's statements: 0, 1, 2, 3, 6, 201 or auto")
         ->type_name("N");
     command.add_option("--kind", options.kind, "Statement family: domestic (default) or foreign")->type_name("KIND");
     command.add_option("--template", options.templateName, "Statement template below BillTemplate, without .ini")
@@ -199,14 +195,14 @@ void DeclareReportOptions(CLI::App& command, ReportOptions& options) {
 
 PreparedRequest PrepareRequest(const ReportOptions& given) {
     const ReportOptions options = WithRequestFile(given);
-    PreparedRequest prepared{ClearedRequest(), {}};
+    PreparedRequest prepared{ClearedRequest(), {}, {}};
     GenerateBillRequest& request = prepared.request;
     const std::string root = Required(options.root, "--root", "the folder that holds Users, sys and BillTemplate");
     SetName(request.UserFolder, Required(options.user, "--user", "the user's folder below Users"), "--user");
     SetName(request.Account, Required(options.account, "--account", "the account's number"), "--account");
     SetName(request.TemplateName, options.templateName.value_or(""), "--template");
-    request.StatementKind = KindOf(options);
-    request.StatementFormat = FormatOf(options, request);
+    request.StatementKind = KindNumber(options.kind);
+    const bool byMarks = SetFormat(options, request);
     request.Dpi = NumberOf(options.dpi.value_or("0"), "--dpi", 0, 1200);
     request.MarginOffsetFlag = OffsetsMargins(options) ? 1 : 0;
     SetDates(options, prepared);
@@ -215,6 +211,7 @@ PreparedRequest PrepareRequest(const ReportOptions& given) {
     if (options.productFile) UseProductFile(*options.productFile, request);
     if (options.liveFile) UseLiveFile(*options.liveFile, request);
     SetRootFolderPath(root);
+    if (byMarks) SetFormatByMarks(prepared);
     return prepared;
 }
 

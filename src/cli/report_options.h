@@ -38,6 +38,7 @@ void DeclareReportOptions(CLI::App& command, ReportOptions& options);
 struct PreparedRequest {
     GenerateBillRequest request;
     std::vector<std::string> warnings;
+    std::vector<std::string> notes;  ///< what was chosen for the user
 };
 
 /// Checks everything and fills a request. What the command line doesn't say is taken from the request file. Throws

@@ -175,6 +175,7 @@ struct ParsedTemplate {
     CStatementTemplate content;
 };
 std::unique_ptr<ParsedTemplate> Parsed;
+std::filesystem::path TemplateFile;  // empty: the request names it
 
 }  // namespace
 
@@ -196,7 +197,12 @@ bool CStatementTemplate::HoldsNewScheme(std::string_view day) const {
     return time >= MidnightOf(ParsePackedDay(changeDate_));
 }
 
+void SetTemplateFile(const std::filesystem::path& path) {
+    TemplateFile = path;
+}
+
 std::filesystem::path RequestTemplatePath() {
+    if (!TemplateFile.empty()) return TemplateFile;
     return RootFolder() + "/BillTemplate/" + std::string(FieldText(Request.TemplateName)) + ".ini";
 }
 

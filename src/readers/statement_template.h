@@ -92,6 +92,9 @@ private:
 /// Where the request's template is expected.
 [[nodiscard]] std::filesystem::path RequestTemplatePath();
 
+/// Takes the template from `path`, whatever the request names; an empty path gives the request its say again.
+void SetTemplateFile(const std::filesystem::path& path);
+
 /// Drops the parsed template, so that a new run reads the file anew.
 void ForgetRequestTemplate();
 

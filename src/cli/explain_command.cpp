@@ -1,0 +1,153 @@
+#include "cli/explain_command.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+
+#include "base/day.h"
+#include "base/report_error.h"
+#include "base/text.h"
+#include "cli/format_choice.h"
+#include "cli/usage_error.h"
+#include "driver/report_run.h"
+#include "platform/file.h"
+#include "platform/local_time.h"
+#include "readers/layout_marks.h"
+#include "readers/statement_loader.h"
+#include "readers/statement_template.h"
+#include "statement/request_copy.h"
+
+namespace tradebill {
+namespace {
+
+/// Eight digits between a dot and something else, as statement files bear their day.
+std::optional<std::string> DayInFileName(const std::string& path) {
+    constexpr std::size_t kDayLength = 8;
+    const std::string name = std::filesystem::path(path).filename().string();
+    for (std::size_t dot = name.find('.'); dot != std::string::npos; dot = name.find('.', dot + 1)) {
+        const std::string digits = name.substr(dot + 1, kDayLength);
+        if (digits.size() == kDayLength && std::ranges::all_of(digits, IsDigit)) return digits;
+    }
+    return std::nullopt;
+}
+
+void SetDay(const ExplainCommand& command, Explanation& explanation) {
+    if (command.day) {
+        const bool isDay = command.day->size() == 8 && std::ranges::all_of(*command.day, IsDigit);
+        if (!isDay) throw CUsageError("--day: expected yyyymmdd, found \"" + *command.day + "\"");
+        explanation.day = *command.day;
+        explanation.daySource = "--day";
+    } else if (const auto day = DayInFileName(command.statementFile)) {
+        explanation.day = *day;
+        explanation.daySource = "the file's name";
+    } else {
+        explanation.day = DayText(LocalDayOf(PresentTime()));
+        explanation.daySource = "today";
+    }
+}
+
+std::string ReadText(const std::string& path) {
+    const auto text = ReadStatementFile(path);
+    if (text) return *text;
+    if (std::ifstream(path).good() && std::filesystem::is_regular_file(path)) {
+        throw CUsageError("can't open " + path +
+                          " for reading and writing: a report passes over such a statement as if it were missing");
+    }
+    throw CUsageError("can't read " + path + ": expected a statement file");
+}
+
+void UseTemplate(const ExplainCommand& command) {
+    if (!command.templateFile) return;
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(*command.templateFile, error)) {
+        throw CUsageError("--template: expected a template file, found none at \"" + *command.templateFile + "\"");
+    }
+    SetTemplateFile(*command.templateFile);
+}
+
+std::string OptionFor(const Layout& layout) {
+    return layout.isForeign ? "--kind foreign" : "--format " + std::to_string(layout.format);
+}
+
+/// The options for all layouts whose marks stand in `text`, if the reader that was used may be the wrong one.
+std::vector<std::string> LooksLike(std::string_view text, const CScanReport& report, int exitCode) {
+    const bool byTemplate = report.Template() && report.Template()->outcome == TemplateSeen::Outcome::Read;
+    bool isMarked = byTemplate;
+    std::vector<std::string> options;
+    for (const Layout* const layout : MarkedLayouts(text)) {
+        options.push_back(OptionFor(*layout));
+        isMarked |= layout->isForeign == IsForeign() && (IsForeign() || layout->format == Request.StatementFormat);
+    }
+    if (exitCode == kExitDone && isMarked) options.clear();
+    return options;
+}
+
+std::int32_t FormatFor(const ExplainCommand& command, std::string_view text, Explanation& explanation) {
+    if (command.format == kAutoFormat) {
+        const std::int32_t format = FormatByMarks(text, command.statementFile);
+        explanation.format = "format " + std::to_string(format) + ", by the marks in the text";
+        return format;
+    }
+    const std::int32_t format = FormatNumber(command.format, command.templateFile.has_value());
+    explanation.format = "format " + std::to_string(format);
+    return format;
+}
+
+void PrepareReading(const ExplainCommand& command, std::string_view text, Explanation& explanation) {
+    ClearResults();
+    SetTemplateFile({});
+    GenerateBillRequest request = ClearedRequest();
+    request.StatementKind = KindNumber(command.kind);
+    if (request.StatementKind == kForeignKind) {
+        explanation.format = "kind foreign";
+    } else {
+        request.StatementFormat = FormatFor(command, text, explanation);
+        UseTemplate(command);
+    }
+    CopyRequest(request);
+}
+
+int ExitCodeOf(const CScanReport& report, const Explanation& explanation) {
+    if (!explanation.stop.empty()) return kExitFailed;
+    if (report.FoundSections() == 0 && report.MoneyRecords() == 0) return kExitNothingRecognised;
+    return report.MoneyRecords() > 0 ? kExitDone : kExitFailed;
+}
+
+}  // namespace
+
+void DeclareExplainOptions(CLI::App& command, ExplainCommand& explain) {
+    command.add_option("FILE", explain.statementFile, "The statement")->required()->type_name("");
+    command.add_option("--format", explain.format, "Layout: 0, 1, 2, 3, 6, 201 or auto")->type_name("N");
+    command.add_option("--kind", explain.kind, "Statement family: domestic (default) or foreign")->type_name("KIND");
+    command.add_option("--template", explain.templateFile, "Statement template")->type_name("FILE.ini");
+    command.add_option("--day", explain.day, "The statement's day, yyyymmdd (default: from the file's name)")
+        ->type_name("DAY");
+    command.add_flag("--json", explain.asJson, "Print as JSON");
+}
+
+int RunExplainCommand(const ExplainCommand& command) {
+    Explanation explanation{.file = command.statementFile};
+    SetDay(command, explanation);
+    const std::string text = ReadText(command.statementFile);
+    PrepareReading(command, text, explanation);
+
+    CScanReport report(text);
+    try {
+        ReadStatement(explanation.day, text, &report);
+    } catch (const CReportError& error) {
+        explanation.stop = error.what();
+    }
+    report.Finish();
+    explanation.exitCode = ExitCodeOf(report, explanation);
+    explanation.looksLike = LooksLike(text, report, explanation.exitCode);
+    if (command.asJson) {
+        PrintExplanationAsJson(explanation, report);
+    } else {
+        PrintExplanation(explanation, report);
+    }
+    return explanation.exitCode;
+}
+
+}  // namespace tradebill

@@ -1,0 +1,48 @@
+// The command `explain`: reads one statement with the readers of a report and shows what they saw.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/scan_report.h"
+
+namespace CLI {
+class App;
+}
+
+namespace tradebill {
+
+struct ExplainCommand {
+    std::string statementFile;
+    std::optional<std::string> format;  ///< a number or "auto"
+    std::optional<std::string> kind;
+    std::optional<std::string> templateFile;
+    std::optional<std::string> day;
+    bool asJson = false;
+};
+
+void DeclareExplainOptions(CLI::App& command, ExplainCommand& explain);
+
+inline constexpr int kExitNothingRecognised = 3;
+
+/// One statement, read; all that is shown of it.
+struct Explanation {
+    std::string file;
+    std::string day = {};
+    std::string daySource = {};  ///< "--day", "the file's name" or "today"
+    std::string format = {};     ///< why this format or kind
+    std::string stop = {};       ///< the error that ended the reading, or empty
+    std::vector<std::string> looksLike =
+        {};  ///< options for layouts whose marks the text shows, if it wasn't recognised
+    int exitCode = 0;
+};
+
+/// Reads the statement and prints what was seen. Returns 0 if a money record and a section were found, 3 if nothing was
+/// recognised, 1 for what lies between. Throws CUsageError.
+[[nodiscard]] int RunExplainCommand(const ExplainCommand& command);
+
+void PrintExplanation(const Explanation& explanation, const CScanReport& report);
+void PrintExplanationAsJson(const Explanation& explanation, const CScanReport& report);
+
+}  // namespace tradebill

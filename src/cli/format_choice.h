@@ -1,0 +1,36 @@
+// Which layout a statement is read by: as the user says, or by the marks in a statement.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "driver/report_request.h"
+
+namespace tradebill {
+
+inline constexpr std::string_view kAutoFormat = "auto";
+
+/// The request's kind for "domestic", "foreign" or nothing. Throws CUsageError.
+[[nodiscard]] std::int32_t KindNumber(const std::optional<std::string>& kind);
+
+/// The request's format for a number. One that no fixed reader serves needs a template. Throws CUsageError.
+[[nodiscard]] std::int32_t FormatNumber(const std::optional<std::string>& format, bool hasTemplate);
+
+/// The domestic format whose marks stand in `text`. Throws CUsageError, with `file` in it, if there is none or more
+/// than one.
+[[nodiscard]] std::int32_t FormatByMarks(std::string_view text, const std::string& file);
+
+/// A format, and the statement that shows it.
+struct PickedFormat {
+    std::int32_t format;
+    std::string layout;
+    std::string file;
+};
+
+/// Picks the format by the first statement in the request's range that can be read; the root folder must be set. Throws
+/// CUsageError if there is no statement or it doesn't tell.
+[[nodiscard]] PickedFormat PickFormat(const GenerateBillRequest& request);
+
+}  // namespace tradebill

@@ -1,0 +1,19 @@
+// What a statement's layout can be told by, for people who don't know its number. Reports never guess.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "readers/layout_table.h"
+
+namespace tradebill {
+
+/// The layouts whose marks stand in `text`, one for each format, in the order of the table; the foreign one last.
+[[nodiscard]] std::vector<const Layout*> MarkedLayouts(std::string_view text);
+
+/// The domestic layouts among them that read `text` differently: of formats 2 and 201, which print the same sheets, the
+/// one that the money figures speak for, or both if they don't tell.
+[[nodiscard]] std::vector<const Layout*> LikelyLayouts(std::string_view text);
+
+}  // namespace tradebill
