@@ -23,6 +23,7 @@
 #include "platform/local_time.h"
 #include "platform/root_folder.h"
 #include "readers/statement_loader.h"
+#include "sample_days.h"
 #include "statement/report_document.h"
 #include "statement/request_copy.h"
 #include "statement/stores.h"
@@ -124,8 +125,28 @@ void ShowReading(const Account& account) {
     });
     const double reading = LeastSecondsOf([&] { ReadDays(account, kManyDays); });
     std::printf("reading and keeping / bare pass in memory   %6.2f   (at most 5)   %.1f ms, %zu words\n",
-                reading / bare, reading * 1e3, words);
+                reading / bare, reading * 1e3, words / (2 * kRepeats));
     std::printf("reading and keeping / bare pass from files  %6.2f\n", reading / bareFromFiles);
+}
+
+/// Every layout on its own data. Days before and behind a change date are both among them.
+void ShowLayouts() {
+    constexpr int kRounds = 40;
+    std::printf("reading and keeping / bare pass in memory, by layout (each at most 5)\n");
+    for (const SampleDays& sample : RepeatSamples(TRADEBILL_SAMPLES, kRounds)) {
+        CopyRequest(sample.request);
+        SetRootFolderPath(sample.root);
+        std::size_t words = 0;
+        const double bare = LeastSecondsOf([&] {
+            for (const auto& day : sample.days) words += BarePass(day.second);
+        });
+        const double reading = LeastSecondsOf([&] {
+            ClearResults();
+            for (const auto& [day, text] : sample.days) ReadStatement(day, text);
+        });
+        std::printf("  %-24s %6.2f   %zu words, %d records\n", sample.name.c_str(), reading / bare, words / kRepeats,
+                    RowsKept());
+    }
 }
 
 void WritePage(const std::string& path) {
@@ -208,6 +229,8 @@ int main() {
     ShowMemory(account);
     CopyRequest(RequestFor(kManyDays));
     ShowReading(account);
+    ShowLayouts();
+    SetRootFolderPath(account.root);
     ShowPage(account);
     ShowRowCosts(account);
     std::filesystem::remove_all(account.root);

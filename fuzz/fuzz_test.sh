@@ -9,9 +9,16 @@ corpus=$work/corpus
 mkdir "$corpus"
 index=0
 for sample in "$samples"/*/; do
-    statement=$(find "$sample/root/Users" -name 'D*.txt' | sort | sed -n 3p)
-    for format in 0 1 2; do
-        { printf "\\x0$format"; cat "$statement"; } >"$corpus/seed$((index++))"
+    for statement in $(find "$sample/root/Users" -name 'D*.txt' | sort | sed -n '3p;20p'); do
+        for choice in 00 01 02 03 04 05 06; do
+            { printf "\\x$choice"; cat "$statement"; } >"$corpus/seed$((index++))"
+        done
+        for template in "$sample"/root/BillTemplate/*.ini; do
+            [ -f "$template" ] || continue
+            for choice in 07 08 09 0a; do
+                { printf "\\x$choice"; cat "$template"; printf '\0'; cat "$statement"; } >"$corpus/seed$((index++))"
+            done
+        done
     done
 done
 cd "$work"

@@ -1,7 +1,8 @@
-// Any bytes as a statement: the first byte picks the layout, the rest is the text. Reading, statistics and page must
-// come through without a fault.
+// Any bytes as a statement: the first byte picks the layout, the rest is the text; with a template, its text comes
+// first, up to a zero byte. Reading, explaining, statistics and page must come through without a fault.
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -9,10 +10,16 @@
 #include <string>
 #include <string_view>
 
+#include "base/report_error.h"
+#include "cli/scan_report.h"
+#include "cli/template_check.h"
 #include "driver/report_run.h"
 #include "page/html_builder.h"
 #include "page/page_sections.h"
+#include "platform/file.h"
+#include "readers/layout_marks.h"
 #include "readers/statement_loader.h"
+#include "readers/statement_template.h"
 #include "statement/request_copy.h"
 #include "statistics/account_figures.h"
 #include "statistics/trade_statistics.h"
@@ -20,30 +27,76 @@
 namespace tradebill {
 namespace {
 
-constexpr std::array<std::int32_t, 3> kFormats = {0, 1, 3};
+/// A choice: the format, the family, and whether the input begins with a template.
+struct Choice {
+    std::int32_t format;
+    std::int32_t kind;
+    bool hasTemplate;
+};
+
+constexpr std::array<Choice, 11> kChoices = {{
+    {0, 1, false},
+    {1, 1, false},
+    {3, 1, false},
+    {2, 1, false},
+    {6, 1, false},
+    {201, 1, false},
+    {0, kForeignKind, false},
+    {1, 1, true},
+    {3, 1, true},
+    {201, 1, true},
+    {5, 1, true},
+}};
+
+std::string FileOf(const char* ending) {
+    return (std::filesystem::temp_directory_path() / ("statement-fuzz-" + std::to_string(::getpid()) + ending))
+        .string();
+}
+
+/// Writes the template in front of the text and takes it off.
+std::string_view UseTemplate(std::string_view input) {
+    static const std::string path = FileOf(".ini");
+    const std::size_t end = std::min(input.find('\0'), input.size());
+    CFile file(path, FileMode::Create);
+    static_cast<void>(file.Write(input.substr(0, end)));
+    SetTemplateFile(path);
+    static_cast<void>(CheckTemplate(CIniFile::Parse(input.substr(0, end))));
+    return input.substr(std::min(end + 1, input.size()));
+}
+
+/// An error ends a run, and only the reading.
+void Read(std::string_view day, std::string_view text, CScanListener* listener) {
+    try {
+        ReadStatement(day, text, listener);
+    } catch (const CReportError&) {
+    }
+}
 
 std::int32_t UnitOf(const char* /*account*/, const char* contract, const char* delivery) {
     return static_cast<std::int32_t>(std::string_view(contract).size() + std::string_view(delivery).size());
 }
 
-void RunOn(std::uint8_t choice, std::string_view text) {
+void RunOn(std::uint8_t number, std::string_view input) {
+    const Choice& choice = kChoices[number % kChoices.size()];
     ClearResults();
+    SetTemplateFile({});
     Request = ClearedRequest();
-    Request.StatementFormat = kFormats[choice % kFormats.size()];
-    if (choice >= 128) Request.ContractUnitCallback = UnitOf;
-    ReadStatement("20240102", text.substr(0, text.find('\0')));
-    ReadStatement("20240103", text.substr(0, text.find('\0')));
+    Request.StatementFormat = choice.format;
+    Request.StatementKind = choice.kind;
+    if (number >= 128) Request.ContractUnitCallback = UnitOf;
+    if (choice.hasTemplate) input = UseTemplate(input);
+    const std::string_view text = input.substr(0, input.find('\0'));
+    CScanReport report(text);
+    Read("20240102", text, &report);
+    report.Finish();
+    Read("20240103", text, nullptr);
+    static_cast<void>(LikelyLayouts(text));
     TradeStatistics.OffsetMargins();
     TradeStatistics.ComputeYields();
     ComputeAccountStatistics();
-    static const std::string path =
-        std::filesystem::temp_directory_path() / ("statement-fuzz-" + std::to_string(::getpid()) + ".html");
+    static const std::string path = FileOf(".html");
     CHtmlBuilder page(path);
-    AddTradeSection(page);
-    AddPositionSection(page);
-    AddMatchSection(page);
-    AddOffsetSection(page);
-    AddNotesSection(page);
+    AddPageSections(page);
 }
 
 }  // namespace

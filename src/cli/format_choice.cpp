@@ -65,7 +65,9 @@ std::int32_t FormatByMarks(std::string_view text, const std::string& file) {
     const auto likely = LikelyLayouts(text);
     if (likely.size() == 1) return likely.front()->format;
     if (likely.empty()) {
-        throw CUsageError("--format auto: no layout's mark stands in " + file + ": expected a number instead of auto");
+        const bool isForeign = !MarkedLayouts(text).empty();
+        throw CUsageError("--format auto: no layout's mark stands in " + file + ": expected " +
+                          (isForeign ? "--kind foreign, which it looks like" : "a number instead of auto"));
     }
     std::string formats;
     for (const Layout* const layout : likely) {

@@ -39,6 +39,16 @@ private:
     int descriptor_;
 };
 
+/// What tells whether a file is still the one that was read.
+struct FileStamp {
+    std::int64_t changed = 0;  ///< time of the last change, in the system's own finest steps
+    std::uint64_t size = 0;    ///< bytes
+    bool operator==(const FileStamp&) const = default;
+};
+
+/// The stamp of a plain file; nothing if there is none. One look at the file system.
+[[nodiscard]] std::optional<FileStamp> StampOf(const std::string& path);
+
 /// The bytes of a statement, up to its first zero byte. Nothing if the file isn't there, isn't a plain file or can't be
 /// opened for reading and writing. Content and length of the file stay as they are.
 [[nodiscard]] std::optional<std::string> ReadStatementFile(const std::string& path);

@@ -129,7 +129,7 @@ void ReadOpen(std::string_view day, CSectionScan& scan) {
     constexpr std::size_t kTotalColumn = 3;
     const auto rows = scan.Find(kOpen);
     if (!rows) return;
-    ReportSheetTotal(day, scan.RowText(rows->terminator), kTotalColumn, ReportDayPositionPL);
+    ReportSheetTotal(day, scan.TerminatorText(*rows), kTotalColumn, ReportDayPositionPL);
     scan.ReadRows(kOpen, *rows, [&](Row row) {
         return ReadBothSides(row, kSides, day, SumFeed::Yes, scan.Listener(), [](const OpiSum&) {});
     });
@@ -139,7 +139,7 @@ void ReadClosed(std::string_view day, CSectionScan& scan) {
     constexpr std::size_t kTotalColumn = 2;
     const auto rows = scan.Find(kClosed.section);
     if (!rows) return;
-    ReportSheetTotal(day, scan.RowText(rows->terminator), kTotalColumn, ReportDayClosedPL);
+    ReportSheetTotal(day, scan.TerminatorText(*rows), kTotalColumn, ReportDayClosedPL);
     ReadTableRows(scan, kClosed, *rows, day);
 }
 

@@ -95,6 +95,9 @@ public:
     /// A row's text, without what surrounds it. Throws likewise.
     [[nodiscard]] std::string_view RowText(std::int64_t row) const;
 
+    /// The row that ends a found section.
+    [[nodiscard]] std::string_view TerminatorText(const SectionRows& rows) const { return rows_[rows.terminator]; }
+
     /// The row that is being read.
     [[nodiscard]] std::string_view CurrentRow() const { return currentRow_; }
 

@@ -1,14 +1,13 @@
 #include "readers/statement_template.h"
 
 #include <memory>
-#include <optional>
 #include <span>
-#include <system_error>
 #include <utility>
 
 #include "base/day.h"
 #include "base/gbk.h"
 #include "base/text.h"
+#include "platform/file.h"
 #include "platform/root_folder.h"
 #include "readers/template_keys.h"
 #include "statement/request_copy.h"
@@ -155,27 +154,13 @@ private:
     bool isNew_;
 };
 
-/// What tells whether a file is still the one that was parsed.
-struct FileStamp {
-    std::filesystem::path path;
-    std::filesystem::file_time_type changed;
-    std::uintmax_t size = 0;
-    bool operator==(const FileStamp&) const = default;
-};
-
-std::optional<FileStamp> StampOf(const std::filesystem::path& path) {
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
-    FileStamp stamp{path, std::filesystem::last_write_time(path, error), std::filesystem::file_size(path, error)};
-    return stamp;
-}
-
 struct ParsedTemplate {
+    std::string path;
     FileStamp stamp;
     CStatementTemplate content;
 };
 std::unique_ptr<ParsedTemplate> Parsed;
-std::filesystem::path TemplateFile;  // empty: the request names it
+std::string TemplateFile;  // empty: the request names it
 
 }  // namespace
 
@@ -197,22 +182,23 @@ bool CStatementTemplate::HoldsNewScheme(std::string_view day) const {
     return time >= MidnightOf(ParsePackedDay(changeDate_));
 }
 
-void SetTemplateFile(const std::filesystem::path& path) {
+void SetTemplateFile(const std::string& path) {
     TemplateFile = path;
 }
 
-std::filesystem::path RequestTemplatePath() {
+std::string RequestTemplatePath() {
     if (!TemplateFile.empty()) return TemplateFile;
     return RootFolder() + "/BillTemplate/" + std::string(FieldText(Request.TemplateName)) + ".ini";
 }
 
 const CStatementTemplate* RequestTemplate() {
-    const auto stamp = StampOf(RequestTemplatePath());
+    const std::string path = RequestTemplatePath();
+    const auto stamp = StampOf(path);
     if (!stamp) return nullptr;
-    if (Parsed == nullptr || Parsed->stamp != *stamp) {
-        auto file = CIniFile::Load(stamp->path);
+    if (Parsed == nullptr || Parsed->path != path || Parsed->stamp != *stamp) {
+        auto file = CIniFile::Load(path);
         if (!file) return nullptr;
-        Parsed.reset(new ParsedTemplate{*stamp, CStatementTemplate(std::move(*file))});
+        Parsed.reset(new ParsedTemplate{path, *stamp, CStatementTemplate(std::move(*file))});
     }
     return &Parsed->content;
 }

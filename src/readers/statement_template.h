@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -90,10 +89,10 @@ private:
 [[nodiscard]] const CStatementTemplate* RequestTemplate();
 
 /// Where the request's template is expected.
-[[nodiscard]] std::filesystem::path RequestTemplatePath();
+[[nodiscard]] std::string RequestTemplatePath();
 
 /// Takes the template from `path`, whatever the request names; an empty path gives the request its say again.
-void SetTemplateFile(const std::filesystem::path& path);
+void SetTemplateFile(const std::string& path);
 
 /// Drops the parsed template, so that a new run reads the file anew.
 void ForgetRequestTemplate();

@@ -17,7 +17,7 @@ constexpr Column<MatchRecord> kTrades[] = {{Slot<&MatchRecord::CONTRACT>, 0}};
 constexpr Column<PingDetail> kClosed[] = {{Slot<&PingDetail::CONTRACT>, 0}};
 constexpr Column<OpiDetail> kOpen[] = {{Slot<&OpiDetail::CONTRACT>, 0}};
 constexpr Column<OpiSum> kSums[] = {{Slot<&OpiSum::CONTRACT>, 0}};
-constexpr SummarySide kSides[] = {{1, "long", kSums}, {2, "short", kSums}};
+constexpr PositionSide kSides[] = {{1, "long", kSums}, {2, "short", kSums}};
 
 constexpr SectionLayout SectionOf(std::string_view title, std::size_t minColumns) {
     return {.title = title, .terminator = "end", .firstRow = 1, .minColumns = minColumns};

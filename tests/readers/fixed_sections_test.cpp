@@ -16,12 +16,10 @@
 namespace tradebill {
 namespace {
 
-using Reader = void (*)(std::string_view day, std::string_view text);
-
 /// How a section must be read. Money sections have no rows to count: their rows fill KHQY.
 struct Section {
     const char* name;
-    Reader reader;
+    Reader* reader;
     const char* title;
     const char* terminator;
     int terminatorOffset;
@@ -84,7 +82,7 @@ protected:
         ClearAll();
         std::string text = "head\r\n";
         for (const std::string& row : rows) text += Gbk(row) + "\r\n";
-        GetParam().reader(kDay, text);
+        GetParam().reader(kDay, text, nullptr);
     }
 
     /// Records made of a section of these rows below its title row.

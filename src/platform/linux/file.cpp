@@ -88,6 +88,14 @@ std::optional<std::string> CFile::ReadAll() const {
     return content;
 }
 
+std::optional<FileStamp> StampOf(const std::string& path) {
+    constexpr std::int64_t kNanoseconds = 1'000'000'000;
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+    return FileStamp{status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec,
+                     static_cast<std::uint64_t>(status.st_size)};
+}
+
 std::optional<std::string> ReadStatementFile(const std::string& path) {
     const CFile file(path, FileMode::Update);
     if (!file.IsOpen()) return std::nullopt;

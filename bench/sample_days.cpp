@@ -1,0 +1,81 @@
+#include "sample_days.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "base/day.h"
+#include "base/ini_file.h"
+#include "base/text.h"
+#include "platform/file.h"
+#include "platform/local_time.h"
+#include "statement/request_copy.h"
+
+namespace tradebill {
+namespace {
+
+constexpr std::size_t kDayLength = 8;
+constexpr std::string_view kChangeDate = "20240119";  // of the samples whose layout changes
+constexpr int kDaysApart = 400;                       // more than any sample spans
+
+/// The day of a statement in a later round: further and further away from the change date, on its own side of it.
+std::string DayInRound(const std::string& own, int round) {
+    const std::time_t noon = MidnightOf(ParsePackedDay(own)) + kSecondsPerDay / 2;
+    const std::time_t shift = kSecondsPerDay * kDaysApart * round;
+    return DayText(LocalDayOf(own < kChangeDate ? noon - shift : noon + shift));
+}
+
+/// The statement with `day` in all places where it says its own.
+std::string Redated(std::string text, const std::string& own, const std::string& day) {
+    for (std::size_t at = text.find(own); at != std::string::npos; at = text.find(own, at + kDayLength)) {
+        text.replace(at, kDayLength, day);
+    }
+    return text;
+}
+
+GenerateBillRequest RequestOf(const std::filesystem::path& file) {
+    GenerateBillRequest request = ClearedRequest();
+    const auto ini = CIniFile::Load(file);
+    if (!ini) return request;
+    request.StatementFormat = ini->Integer("REQUEST", "format", 0);
+    request.StatementKind = ini->Text("REQUEST", "kind") == "foreign" ? kForeignKind : 1;
+    CopyField(request.TemplateName, ini->Text("REQUEST", "template"));
+    return request;
+}
+
+std::vector<std::filesystem::path> StatementsIn(const std::filesystem::path& root) {
+    std::vector<std::filesystem::path> paths;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(root / "Users")) {
+        if (entry.path().extension() == ".txt") paths.push_back(entry.path());
+    }
+    std::ranges::sort(paths);
+    return paths;
+}
+
+SampleDays RepeatSample(const std::filesystem::path& folder, int rounds) {
+    SampleDays sample{folder.filename().string(), RequestOf(folder / "request.ini"), (folder / "root").string(), {}};
+    std::vector<std::pair<std::string, std::string>> originals;
+    for (const auto& path : StatementsIn(folder / "root")) {
+        const std::string name = path.filename().string();
+        originals.emplace_back(name.substr(name.find('.') + 1, kDayLength), ReadStatementFile(path).value_or(""));
+    }
+    for (int round = 0; round < rounds; ++round) {
+        for (const auto& [own, text] : originals) {
+            const std::string day = DayInRound(own, round);
+            sample.days.emplace_back(day, Redated(text, own, day));
+        }
+    }
+    return sample;
+}
+
+}  // namespace
+
+std::vector<SampleDays> RepeatSamples(const std::string& samples, int rounds) {
+    std::vector<SampleDays> all;
+    for (const auto& entry : std::filesystem::directory_iterator(samples)) {
+        if (entry.is_directory()) all.push_back(RepeatSample(entry.path(), rounds));
+    }
+    std::ranges::sort(all, {}, &SampleDays::name);
+    return all;
+}
+
+}  // namespace tradebill

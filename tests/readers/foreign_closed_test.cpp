@@ -1,0 +1,185 @@
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "readers/foreign_fixture.h"
+#include "statement/account_statistics.h"
+
+namespace tradebill {
+namespace {
+
+class ForeignClosed : public ForeignFixture {
+protected:
+    /// Reads a table of these rows alone.
+    static void ReadRows(std::initializer_list<std::string_view> rows) {
+        ReadText(Statement({"平仓明细", "--------", "Date Contract", "--------"}) + Statement(rows) +
+                 Statement({"--------", "持仓明细"}));
+    }
+
+    /// Reads a table of the rows "1" to "9", of 7 columns each, of which one holds a word, and of an ending row.
+    static void ReadNumberedRows(int wordRow, std::string_view word, std::string_view end) {
+        std::string text = Statement({"平仓明细"});
+        for (int row = 1; row <= 9; ++row) {
+            const std::string date = row == wordRow ? std::string(word) : "c0";
+            text += Statement({date + " " + std::to_string(row) + " c2 c3 c4 c5 c6"});
+        }
+        ReadText(text + Statement({end}));
+    }
+
+    /// The contracts of the tally, in order of first appearance.
+    static Texts Contracts() {
+        Texts contracts;
+        for (const auto& offset : ReportDocument.Offsets) contracts.emplace_back(offset->CONTRACT);
+        return contracts;
+    }
+
+    /// The only contract of the tally.
+    static ContractOffset Tally() {
+        EXPECT_EQ(ReportDocument.Offsets.size(), 1U);
+        return ReportDocument.Offsets.empty() ? ContractOffset{} : *ReportDocument.Offsets.front();
+    }
+};
+
+TEST_F(ForeignClosed, CountsTheSecondRowOfEachPair) {
+    ReadRows({"a A c d 1 5 6", "b B c d 1 5 6", "c C c d 1 5 6", "d D c d 1 5 6", "e E c d 1 5 6"});
+    EXPECT_EQ(Contracts(), (Texts{"B", "D"}));
+    ReadRows({"a A c d 1 5 6"});
+    EXPECT_EQ(Contracts(), Texts{});
+}
+
+TEST_F(ForeignClosed, DoesNotCountSubtotalsHeadingsAndShortRows) {
+    for (const std::string_view between : {"小计 A c d 1 5 6", "合计：", "共 2", "a A c d 1 5 设计",
+                                           "a 公共 c d 1 5 6 7", "HKEX", "a b", "a A c d 1 5"}) {
+        ReadRows({between, "a A c d 1 5 6", between, "b B c d 1 5 6", between, between, "c C c d 1 5 6", between,
+                  "d D c d 1 5 6", between});
+        EXPECT_EQ(Contracts(), (Texts{"B", "D"})) << between;
+    }
+}
+
+TEST_F(ForeignClosed, CountsRowsFromSevenColumnsOn) {
+    ReadRows({"a A c d 1 5", "b B c d 1 5 6", "c C c d 1 5 6"});
+    EXPECT_EQ(Contracts(), (Texts{"C"}));
+    ReadRows({"a A c d 1 5 6 7 8 9", "b B c d 1 5 6", "c C c d 1 5 6 7 8 9"});
+    EXPECT_EQ(Contracts(), (Texts{"B"}));
+}
+
+TEST_F(ForeignClosed, CountsAnewInEachStatement) {
+    ReadRows({"a A c d 1 5 6", "b B c d 1 5 6", "c C c d 1 5 6"});
+    ReadNextDay({"平仓明细", "--", "--", "--", "e E c d 1 5 6", "f F c d 1 5 6", "--", "资金汇总"});
+    EXPECT_EQ(Contracts(), (Texts{"B", "F"}));
+}
+
+TEST_F(ForeignClosed, TalliesContractLotsResultAndCurrency) {
+    ReadRows({"a0 a1 a2 a3 11 12 13 a7", "p0 p1 p2 p3 4 5 6.5 p7 p8"});
+    const ContractOffset tally = Tally();
+    EXPECT_STREQ(tally.CONTRACT, "p1");
+    EXPECT_STREQ(tally.DELIVERY, "");
+    EXPECT_STREQ(tally.CURRENCY, "p7");
+    EXPECT_EQ(tally.LONG_VOL, 4);
+    EXPECT_EQ(tally.LONG_COUNT, 1);
+    EXPECT_EQ(tally.LONG_WIN_VOL, 4);
+    EXPECT_EQ(tally.LONG_WIN_COUNT, 1);
+    EXPECT_EQ(tally.LONG_WIN_PL, 6.5);
+    EXPECT_EQ(tally.LONG_MAX_WIN, 6.5);
+    EXPECT_EQ(tally.LONG_LOSE_COUNT, 0);
+    EXPECT_EQ(AccountStatistics.WinCount, 1);
+    EXPECT_EQ(AccountStatistics.TotalPL, 6.5);
+    EXPECT_EQ(AccountStatistics.MaxProfit, 6.5);
+}
+
+TEST_F(ForeignClosed, HasNoCurrencyInRowsOfSevenColumns) {
+    ReadRows({"a0 a1 a2 a3 11 12 13 a7", "p0 p1 p2 p3 4 5 6.5"});
+    EXPECT_STREQ(Tally().CURRENCY, "");
+}
+
+TEST_F(ForeignClosed, TalliesBuysAndSellsAlike) {
+    ReadRows({"a A c d 1 5 6", "b HSI c ref      2 5 -6", "c C c d 1 5 6", "d HSI c ref       3 5 -7"});
+    const ContractOffset tally = Tally();
+    EXPECT_EQ(tally.LONG_VOL, 5);
+    EXPECT_EQ(tally.LONG_COUNT, 2);
+    EXPECT_EQ(tally.LONG_LOSE_VOL, 5);
+    EXPECT_EQ(tally.LONG_LOSE_PL, -13);
+    EXPECT_EQ(tally.LONG_MAX_LOSS, -7);
+    EXPECT_EQ(tally.SHORT_COUNT, 0);
+    EXPECT_EQ(tally.SHORT_VOL, 0);
+    EXPECT_EQ(AccountStatistics.LoseCount, 2);
+    EXPECT_EQ(AccountStatistics.TotalPL, -13);
+    EXPECT_EQ(AccountStatistics.MaxLoss, -7);
+}
+
+TEST_F(ForeignClosed, TakesTheResultAsPrinted) {
+    const struct {
+        std::string_view result;
+        double amount;
+    } cases[] = {{"250.00", 250}, {"-3.25", -3.25}, {"1,234.50", 1}, {"none", 0}, {"+2", 2}};
+    for (const auto& row : cases) {
+        Begin();
+        Request.ContractUnitCallback = [](const char*, const char*, const char*) -> std::int32_t { return 10; };
+        ReadNextDay({"平仓明细", "--", "--", "--", "a A c d 1 5 6", "b B c d 2 100 " + std::string(row.result), "--",
+                     "持仓明细"});
+        EXPECT_EQ(AccountStatistics.TotalPL, row.amount) << row.result;
+        EXPECT_EQ(AccountStatistics.FlatCount, row.amount == 0 ? 1 : 0) << row.result;
+    }
+}
+
+TEST_F(ForeignClosed, KeepsThousandsMarksInLots) {
+    ReadRows({"a A c d 1 5 6", "b B c d 1,000 5 6"});
+    EXPECT_EQ(Tally().LONG_VOL, 1);
+}
+
+TEST_F(ForeignClosed, KeepsTheCurrencyOfAContractsFirstRow) {
+    ReadRows({"a A c d 1 5 6", "b HSI c d 1 5 6 HKD", "c C c d 1 5 6", "d HSI c d 2 5 7 USD"});
+    EXPECT_STREQ(Tally().CURRENCY, "HKD");
+    EXPECT_EQ(Tally().LONG_WIN_VOL, 3);
+    EXPECT_EQ(Tally().LONG_WIN_PL, 13);
+    EXPECT_EQ(Tally().LONG_MAX_WIN, 7);
+}
+
+TEST_F(ForeignClosed, AddsNothingToTheRowStores) {
+    ReadRows({"a A c d 1 5 6", "b B c d 1 5 6"});
+    EXPECT_EQ(Contracts(), (Texts{"B"}));
+    EXPECT_EQ(PingDetailStore.Count(), 0);
+    EXPECT_EQ(MatchStore.Count() + OpiDetailStore.Count() + OpiSumStore.Count(), 0);
+}
+
+// Of the rows 4 to 8 the second and the fourth count.
+TEST_F(ForeignClosed, BeginsInTheFourthRowAndEndsAboveTheRowOverTheNextTitle) {
+    for (const std::string_view terminator : {"持仓明细", "资金汇总"}) {
+        ReadNumberedRows(0, "", terminator);
+        EXPECT_EQ(Contracts(), (Texts{"5", "7"})) << terminator;
+        ReadNumberedRows(8, terminator, terminator);
+        EXPECT_EQ(Contracts(), (Texts{"5"})) << terminator;
+    }
+}
+
+TEST_F(ForeignClosed, LooksForItsEndFromTheThirdRowBelowTheTitle) {
+    for (const std::string_view terminator : {"持仓明细", "资金汇总"}) {
+        for (const int row : {1, 2}) {
+            ReadNumberedRows(row, terminator, terminator);
+            EXPECT_EQ(Contracts(), (Texts{"5", "7"})) << terminator << row;
+        }
+        ReadNumberedRows(3, terminator, terminator);
+        EXPECT_EQ(Contracts(), Texts{}) << terminator;
+    }
+}
+
+TEST_F(ForeignClosed, EndsAtTheFirstOfTwoWords) {
+    ReadNumberedRows(7, "持仓明细", "资金汇总");
+    EXPECT_EQ(Contracts(), (Texts{"5"}));
+    ReadNumberedRows(7, "资金汇总", "持仓明细");
+    EXPECT_EQ(Contracts(), (Texts{"5"}));
+}
+
+TEST_F(ForeignClosed, EndsAtTheTitlesOfItsNeighboursOnly) {
+    ReadNumberedRows(6, "成交记录", "持仓明细");
+    EXPECT_EQ(Contracts(), (Texts{"5", "7"}));
+    ReadNumberedRows(0, "", "成交记录");
+    EXPECT_EQ(Contracts(), Texts{});
+}
+
+}  // namespace
+}  // namespace tradebill
