@@ -64,17 +64,24 @@ constexpr SectionLayout kClosed =
     Table(SectionKind::Closed, "平仓明细"_gbk, "持仓明细"_gbk, "资金汇总"_gbk, 3, kLeastColumns);
 constexpr SectionLayout kOpen = Table(SectionKind::Open, "持仓明细"_gbk, "资金汇总"_gbk, "平仓明细"_gbk, 2, 1);
 
-template <class Record>
-void SetSide(GapSide side, Record& record) {
-    if (side == GapSide::Buy) CopyField(record.BID, "买"_gbk);
-    if (side == GapSide::Sell) CopyField(record.BID, "卖"_gbk);
+/// What BID becomes; empty if the gap doesn't tell.
+std::string_view SideText(GapSide side) {
+    switch (side) {
+        case GapSide::Buy:
+            return "买"_gbk;
+        case GapSide::Sell:
+            return "卖"_gbk;
+        case GapSide::Undecided:
+            break;
+    }
+    return {};
 }
 
 /// Side and lots of a trade; both stay empty if the gap doesn't tell the side.
 template <class Record>
 void SetSideAndLots(std::string_view rowText, Row row, Record& record) {
     const GapSide side = ClassifySideByGap(rowText, " ");
-    SetSide(side, record);
+    CopyField(record.BID, SideText(side));
     if (side != GapSide::Undecided) CopyField(record.MATCH_VOL, row[kLotsColumn]);
 }
 
@@ -122,7 +129,7 @@ void ReadOpen(std::string_view day, CSectionScan& scan) {
     ReadUnderHeadings(scan, kOpen, [&](Row row, std::string_view exchange) {
         auto record = MakeRecord(day, row, kOpenColumns);
         CopyField(record->EXCH_NAME, exchange);
-        SetSide(ClassifySideByGap(scan.CurrentRow(), " "), *record);
+        CopyField(record->BID, SideText(ClassifySideByGap(scan.CurrentRow(), " ")));
         HandOver(std::move(record), scan.Listener());
     });
 }
