@@ -7,73 +7,65 @@
 
 namespace tradebill {
 
+namespace {
+
+struct KindWords {
+    SectionKind kind;
+    std::string_view text;
+    std::string_view name;
+};
+
+struct FateWords {
+    RowFate fate;
+    std::string_view text;  ///< a short row says its columns instead
+    std::string_view name;
+};
+
+// clang-format off
+constexpr KindWords kKinds[] = {
+    {SectionKind::Money,   "money",            "money"},
+    {SectionKind::Trades,  "trades",           "trades"},
+    {SectionKind::Closed,  "closed positions", "closed"},
+    {SectionKind::Open,    "open positions",   "open"},
+    {SectionKind::Summary, "position summary", "summary"},
+};
+
+constexpr FateWords kFates[] = {
+    {RowFate::Read,        "read",                                           "read"},
+    {RowFate::TooShort,    "",                                               "too_short"},
+    {RowFate::NoLots,      "no lots on either side",                         "no_lots"},
+    {RowFate::Subtotal,    "a subtotal or count",                            "subtotal"},
+    {RowFate::Heading,     "a heading, the exchange of the rows below",      "heading"},
+    {RowFate::FirstOfPair, "the first of the two rows of a closed position", "first_of_pair"},
+};
+// clang-format on
+
+const KindWords& WordsOf(SectionKind kind) {
+    return *std::ranges::find(kKinds, kind, &KindWords::kind);
+}
+
+const FateWords& WordsOf(RowFate fate) {
+    return *std::ranges::find(kFates, fate, &FateWords::fate);
+}
+
+}  // namespace
+
 std::string_view KindText(SectionKind kind) {
-    switch (kind) {
-        case SectionKind::Money:
-            return "money";
-        case SectionKind::Trades:
-            return "trades";
-        case SectionKind::Closed:
-            return "closed positions";
-        case SectionKind::Open:
-            return "open positions";
-        case SectionKind::Summary:
-            return "position summary";
-    }
-    return {};
+    return WordsOf(kind).text;
 }
 
 std::string_view KindName(SectionKind kind) {
-    switch (kind) {
-        case SectionKind::Money:
-            return "money";
-        case SectionKind::Trades:
-            return "trades";
-        case SectionKind::Closed:
-            return "closed";
-        case SectionKind::Open:
-            return "open";
-        case SectionKind::Summary:
-            return "summary";
-    }
-    return {};
+    return WordsOf(kind).name;
 }
 
 std::string FateText(const PassedOverRow& row) {
-    switch (row.fate) {
-        case RowFate::Read:
-            return "read";
-        case RowFate::TooShort:
-            return std::to_string(row.columns) + (row.columns == 1 ? " column, " : " columns, ") +
-                   std::to_string(row.needed) + " needed";
-        case RowFate::NoLots:
-            return "no lots on either side";
-        case RowFate::Subtotal:
-            return "a subtotal or count";
-        case RowFate::Heading:
-            return "a heading, the exchange of the rows below";
-        case RowFate::FirstOfPair:
-            return "the first of the two rows of a closed position";
-    }
-    return {};
+    if (row.fate != RowFate::TooShort) return std::string(WordsOf(row.fate).text);
+    return std::to_string(row.columns) + (row.columns == 1 ? " column, " : " columns, ") + std::to_string(row.needed) +
+           " needed";
 }
 
 std::string_view FateName(RowFate fate) {
-    switch (fate) {
-        case RowFate::Read:
-            return "read";
-        case RowFate::TooShort:
-            return "too_short";
-        case RowFate::NoLots:
-            return "no_lots";
-        case RowFate::Subtotal:
-            return "subtotal";
-        case RowFate::Heading:
-            return "heading";
-        case RowFate::FirstOfPair:
-            return "first_of_pair";
-    }
-    return {};
+    return WordsOf(fate).name;
 }
 
 std::string ReasonText(std::string_view layout) {

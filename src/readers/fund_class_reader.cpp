@@ -1,6 +1,6 @@
 #include "readers/fixed_layout.h"
 #include "readers/fixed_readers.h"
-#include "readers/fund_columns.h"
+#include "readers/shared_columns.h"
 
 namespace tradebill {
 namespace {
@@ -55,11 +55,11 @@ constexpr FixedLayout kLayout{
                kClosedColumns},
     .open =
         {{.kind = SectionKind::Open, .title = "持仓明细"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 13},
-         kFundOpenColumns},
+         kOpenDetailColumns},
 };
 static_assert(LastColumn(kFundTradeColumns) < kLayout.trades.section.minColumns);
 static_assert(LastColumn(kClosedColumns) < kLayout.closed.section.minColumns);
-static_assert(LastColumn(kFundOpenColumns) < kLayout.open.section.minColumns);
+static_assert(LastColumn(kOpenDetailColumns) < kLayout.open.section.minColumns);
 
 }  // namespace
 

@@ -1,6 +1,6 @@
 #include "readers/fixed_layout.h"
 #include "readers/fixed_readers.h"
-#include "readers/fund_columns.h"
+#include "readers/shared_columns.h"
 
 namespace tradebill {
 namespace {
@@ -82,7 +82,7 @@ constexpr FixedLayout kLayout{
                kClosedColumns},
     .open =
         {{.kind = SectionKind::Open, .title = "持仓明细"_gbk, .terminator = "共"_gbk, .firstRow = 3, .minColumns = 13},
-         kFundOpenColumns},
+         kOpenDetailColumns},
     .summary = {.kind = SectionKind::Summary,
                 .title = "持仓汇总"_gbk,
                 .terminator = "共"_gbk,
@@ -93,7 +93,7 @@ constexpr FixedLayout kLayout{
 };
 static_assert(LastColumn(kFundTradeColumns) < kLayout.trades.section.minColumns);
 static_assert(LastColumn(kClosedColumns) < kLayout.closed.section.minColumns);
-static_assert(LastColumn(kFundOpenColumns) < kLayout.open.section.minColumns);
+static_assert(LastColumn(kOpenDetailColumns) < kLayout.open.section.minColumns);
 static_assert(LastColumn(kBuyColumns) < kLayout.summary.minColumns);
 static_assert(LastColumn(kSellColumns) < kLayout.summary.minColumns);
 

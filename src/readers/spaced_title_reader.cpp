@@ -1,5 +1,6 @@
 #include "base/number.h"
 #include "readers/fixed_readers.h"
+#include "readers/shared_columns.h"
 #include "readers/table_layout.h"
 
 namespace tradebill {
@@ -79,22 +80,6 @@ constexpr Column<PingDetail> kPremiumClosedColumns[] = {
     {Slot<&PingDetail::OFFSETPL>,     9},
 };
 
-constexpr Column<OpiDetail> kOpenColumns[] = {
-    {Slot<&OpiDetail::EXCH_NAME>,      0},
-    {Slot<&OpiDetail::CONTRACT>,       1},
-    {Slot<&OpiDetail::DELIVERY>,       2},
-    {Slot<&OpiDetail::OPEN_DATE>,      3},
-    {Slot<&OpiDetail::BID>,            4},
-    {Slot<&OpiDetail::HEDGE>,          5},
-    {Slot<&OpiDetail::POSITION_VOL>,   6},
-    {Slot<&OpiDetail::OPEN_PRICE>,     7},
-    {Slot<&OpiDetail::YSETTLE_PRICE>,  8},
-    {Slot<&OpiDetail::SETTLE_PRICE>,   9},
-    {Slot<&OpiDetail::FLOATPL>,       10},
-    {Slot<&OpiDetail::DSYK>,          11},
-    {Slot<&OpiDetail::DEPOSIT>,       12},
-};
-
 constexpr Column<OpiSum> kSumColumns[] = {
     {Slot<&OpiSum::CONTRACT>,       0},
     {Slot<&OpiSum::POSITION_VOL>,   1},
@@ -138,7 +123,7 @@ static_assert(LastColumn(kMoneyColumns) < kMoney.minColumns && LastColumn(kPremi
 static_assert(LastColumn(kTradeColumns) < kTrades.minColumns && LastColumn(kPremiumTradeColumns) < kTrades.minColumns);
 static_assert(LastColumn(kClosedColumns) < kClosed.minColumns);
 static_assert(LastColumn(kPremiumClosedColumns) < kClosed.minColumns);
-static_assert(LastColumn(kOpenColumns) < kOpen.minColumns);
+static_assert(LastColumn(kOpenDetailColumns) < kOpen.minColumns);
 static_assert(LastColumn(kSumColumns) < kSums.minColumns && LastColumn(kPremiumSumColumns) < kSums.minColumns);
 
 constexpr SpacedTitleColumns kPlain{kMoneyColumns, kTradeColumns, kClosedColumns, kSumColumns};
@@ -172,7 +157,7 @@ void ReadSpacedTitles(const SpacedTitleColumns& columns, std::string_view day, s
     CSectionScan scan(text, SearchFrom::Cursor, listener);
     ReadTable(scan, TableLayout<MatchRecord>{kTrades, columns.trades}, day);
     ReadTable(scan, TableLayout<PingDetail>{kClosed, columns.closed}, day);
-    ReadTable(scan, TableLayout<OpiDetail>{kOpen, kOpenColumns}, day);
+    ReadTable(scan, TableLayout<OpiDetail>{kOpen, kOpenDetailColumns}, day);
     ReadTable(scan, TableLayout<OpiSum>{kSums, columns.sums}, day);
     ReadMoney(day, scan, columns.money);
 }

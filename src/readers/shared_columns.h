@@ -1,4 +1,5 @@
-// Columns that the two layouts headed by a block of funds (class and status) print alike.
+// Columns that several layouts print alike: trades of the two headed by a block of funds (class and status), and the
+// detail of open positions in these and in the sheets with spaced titles.
 #pragma once
 
 #include "readers/columns.h"
@@ -22,7 +23,7 @@ inline constexpr Column<MatchRecord> kFundTradeColumns[] = {
     {Slot<&MatchRecord::HEDGE>,       11},
 };
 
-inline constexpr Column<OpiDetail> kFundOpenColumns[] = {
+inline constexpr Column<OpiDetail> kOpenDetailColumns[] = {
     {Slot<&OpiDetail::EXCH_NAME>,      0},
     {Slot<&OpiDetail::CONTRACT>,       1},
     {Slot<&OpiDetail::DELIVERY>,       2},
