@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "readers/fixed_readers.h"
+#include "readers/near_words.h"
 #include "readers/reader_fixture.h"
 #include "readers/statement_loader.h"
 
@@ -133,12 +134,14 @@ TEST_F(BilingualReader, ComparesWholeColumnsWithItsLabels) {
          {"客户权益 Client Equity：  5", "客户权益 Client Equity：：：  5", "客户权益  Client Equity：：  5",
           "(客户权益 Client Equity：：  5", "客户权益：：  5", "Client Equity：：  5", "客户权益 client equity：：  5",
           "手续费 Commission：  5", "出入金 Deposit/Withdrawal：  5", "手 续 费  Commission：  5",
-          "权利金收入 premium received：  5", "权利金收入：  5", "上日结存 Balance b/f：  5"}) {
+          "权利金收入 premium received：  5", "权利金收入：  5", "上日结存 Balance b/f：  5",
+          "(权利金收入 Premium received：  5", "权利金收入 Premium received：x  5"}) {
         EXPECT_EQ(ReadOldRows(row), OnlyPremium("0.00")) << row;
     }
     for (const std::string_view row :
          {"客户权益 Client Equity：  5", "客户权益 Client Equity::  5", "客户权益 Client Equity  5",
-          "手续费 Commission:  5", "权利金收入 Premium received:  5", "权利金支出 Premium paid:  5"}) {
+          "手续费 Commission:  5", "权利金收入 Premium received:  5", "权利金支出 Premium paid:  5",
+          "(权利金收入 premium received:  5", "权利金支出 premium paid:x  5"}) {
         EXPECT_EQ(ReadNewRows(row), OnlyPremium("0.00")) << row;
     }
 }
@@ -261,6 +264,25 @@ TEST_F(BilingualReader, MakesNoMoneyRecordWithoutTitleOrTerminatingRow) {
         Begin();
         statement.read(kDay, statement.text, nullptr);
         EXPECT_TRUE(NothingRead()) << statement.text;
+    }
+}
+
+TEST_F(BilingualReader, NeedsTheWholeWordsOfMoney) {
+    for (const std::string& title : NearWords("资金状况")) {
+        Begin();
+        ReadBilingualStatement(kDay, Statement({title, "----", kOldEquity, "权利金支出"}));
+        ReadBilingualStatementNew(kDay, Statement({title, "----", kNewEquity, "成交记录"}));
+        EXPECT_TRUE(NothingRead()) << title;
+    }
+    for (const std::string& word : NearWords("权利金支出")) {
+        Begin();
+        ReadBilingualStatement(kDay, Statement({"资金状况", "----", kOldEquity, word}));
+        EXPECT_TRUE(NothingRead()) << word;
+    }
+    for (const std::string& word : NearWords("成交记录")) {
+        Begin();
+        ReadBilingualStatementNew(kDay, Statement({"资金状况", "----", kNewEquity, word}));
+        EXPECT_TRUE(NothingRead()) << word;
     }
 }
 

@@ -6,12 +6,13 @@
 #include <vector>
 
 #include "readers/fixed_readers.h"
+#include "readers/near_words.h"
 #include "readers/reader_fixture.h"
 
 namespace tradebill {
 namespace {
 
-/// One of the tables, the field that its first column fills, and the first row whose count is seen.
+/// One of the tables, and the first row below its title in which the word of the count is seen.
 struct Table {
     std::string_view title;
     int terminatorOffset;
@@ -185,6 +186,17 @@ TEST_P(BilingualTables, AreAbsentWithoutACount) {
         Read({table.title, "----------", "|head 2|", "|head 3|", "----------", "|a|x1|x2|x3|x4|x5|x6|x7|x8|x9|x10|",
               "----------", "合计"});
         EXPECT_TRUE(NothingRead()) << table.title;
+    }
+}
+
+TEST_P(BilingualTables, NeedTheirWholeTitles) {
+    for (const Table& table : kTables) {
+        for (const std::string& title : NearWords(table.title)) {
+            ReadRows(title, {"|a|x1|x2|x3|x4|x5|x6|x7|x8|x9|x10|"});
+            EXPECT_EQ(FirstColumns(), Texts{}) << title;
+        }
+        ReadRows("(" + std::string(table.title) + ")", {"|a|x1|x2|x3|x4|x5|x6|x7|x8|x9|x10|"});
+        EXPECT_EQ(FirstColumns(), (Texts{"a"})) << table.title;
     }
 }
 

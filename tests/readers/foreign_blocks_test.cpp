@@ -8,6 +8,7 @@
 #include "platform/root_folder.h"
 #include "readers/foreign_fixture.h"
 #include "readers/foreign_money.h"
+#include "readers/near_words.h"
 #include "readers/statement_loader.h"
 #include "support/temp_folder.h"
 
@@ -163,6 +164,32 @@ TEST_F(ForeignBlocks, NeedTheSummary) {
     Read({"借贷成本", "01234567890123456789HKD", "当前权益 1", "追加保证金"});
     EXPECT_TRUE(CurrencyMoneyStore.Names.empty());
     EXPECT_TRUE(NothingRead());
+}
+
+TEST_F(ForeignBlocks, NeedTheWholeWordsOfALaterOne) {
+    for (const std::string& title : NearWords("借贷成本")) {
+        Read({"资金汇总", "Base USD", "追加保证金", title, "01234567890123456789HKD", "手续费 2", "追加保证金"});
+        EXPECT_EQ(CurrencyMoneyStore.Names, (Names{"USD"})) << title;
+    }
+    for (const std::string& word : NearWords("追加保证金")) {
+        Read({"资金汇总", "Base USD", "追加保证金", "借贷成本", "01234567890123456789HKD", "手续费 2", word});
+        EXPECT_EQ(CurrencyMoneyStore.Names, (Names{"USD"})) << word;
+    }
+}
+
+TEST_F(ForeignBlocks, ReadLaterOnesFromTheSecondRowBelowTheTitle) {
+    Read({"资金汇总", "Base USD", "追加保证金",  //
+          "借贷成本 手续费 1", "可用资金 2          HKD", "出入金 3", "期初资金 4", "维持保证金 5 追加保证金"});
+    EXPECT_EQ(RecordsOf("HKD"), OneRecord({{"CRJ", "3"}, {"QCQY", "4"}}));
+}
+
+TEST_F(ForeignBlocks, LookForTheEndOfLaterOnesFromTheSecondRowBelowTheTitle) {
+    Read({"资金汇总", "Base USD", "追加保证金",  //
+          "借贷成本 追加保证金", "追加保证金          HKD", "手续费 5", "追加保证金"});
+    EXPECT_EQ(RecordsOf("HKD"), OneRecord({{"SXF", "5"}}));
+    Read({"资金汇总", "Base USD", "追加保证金",  //
+          "借贷成本", "01234567890123456789HKD", "追加保证金", "手续费 5", "追加保证金"});
+    EXPECT_EQ(RecordsOf("HKD"), OneRecord({}));
 }
 
 TEST_F(ForeignBlocks, KeepWhatWasReadBeforeAnUnendedOne) {

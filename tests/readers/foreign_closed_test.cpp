@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "readers/foreign_fixture.h"
+#include "readers/near_words.h"
 #include "statement/account_statistics.h"
 
 namespace tradebill {
@@ -21,8 +22,9 @@ protected:
     }
 
     /// Reads a table of the rows "1" to "9", of 7 columns each, of which one holds a word, and of an ending row.
-    static void ReadNumberedRows(int wordRow, std::string_view word, std::string_view end) {
-        std::string text = Statement({"平仓明细"});
+    static void ReadNumberedRows(int wordRow, std::string_view word, std::string_view end,
+                                 std::string_view title = "平仓明细") {
+        std::string text = Statement({title});
         for (int row = 1; row <= 9; ++row) {
             const std::string date = row == wordRow ? std::string(word) : "c0";
             text += Statement({date + " " + std::to_string(row) + " c2 c3 c4 c5 c6"});
@@ -172,6 +174,21 @@ TEST_F(ForeignClosed, EndsAtTheFirstOfTwoWords) {
     EXPECT_EQ(Contracts(), (Texts{"5"}));
     ReadNumberedRows(7, "资金汇总", "持仓明细");
     EXPECT_EQ(Contracts(), (Texts{"5"}));
+}
+
+TEST_F(ForeignClosed, NeedsItsWholeTitleAndEnds) {
+    for (const std::string& title : NearWords("平仓明细")) {
+        ReadNumberedRows(0, "", "持仓明细", title);
+        EXPECT_EQ(Contracts(), Texts{}) << title;
+    }
+    for (const std::string_view terminator : {"持仓明细", "资金汇总"}) {
+        for (const std::string& word : NearWords(terminator)) {
+            ReadNumberedRows(0, "", word);
+            EXPECT_EQ(Contracts(), Texts{}) << word;
+        }
+    }
+    ReadNumberedRows(0, "", "(资金汇总)", "(平仓明细)");
+    EXPECT_EQ(Contracts(), (Texts{"5", "7"}));
 }
 
 TEST_F(ForeignClosed, EndsAtTheTitlesOfItsNeighboursOnly) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "readers/foreign_fixture.h"
+#include "readers/near_words.h"
 
 namespace tradebill {
 namespace {
@@ -90,6 +91,15 @@ TEST_F(ForeignMoney, ChoosesFieldsByTheWordsOfARow) {
         {"手 续 费 5", {}},
     };
     for (const auto& row : cases) EXPECT_EQ(FilledBy(row.row), row.filled) << row.row;
+}
+
+TEST_F(ForeignMoney, NeedsTheWholeWordsOfARow) {
+    for (const std::string_view word :
+         {"当前权益", "维持保证金", "手续费", "可用资金", "出入金", "期初资金", "浮动盈亏"}) {
+        for (const std::string& nearWord : NearWords(word)) EXPECT_EQ(FilledBy(nearWord + " 5"), Fields{}) << nearWord;
+    }
+    EXPECT_EQ(FilledBy("仓盈亏 Realized P/L 5"), Fields{});
+    EXPECT_EQ(FilledBy("平仓盈亏 Realized P/ 5"), Fields{});
 }
 
 TEST_F(ForeignMoney, GivesARowOfSeveralWordsToTheFirstThatIsTried) {
@@ -217,6 +227,19 @@ TEST_F(ForeignMoney, IsAbsentWithoutTitleOrMarginCall) {
         EXPECT_TRUE(NothingRead()) << text;
         EXPECT_TRUE(CurrencyMoneyStore.Names.empty()) << text;
     }
+}
+
+TEST_F(ForeignMoney, NeedsItsWholeTitleAndTheWholeMarginCall) {
+    for (const std::string& title : NearWords("资金汇总")) {
+        Read({title, "Base USD", "手续费 5", "追加保证金"});
+        EXPECT_TRUE(NothingRead()) << title;
+    }
+    for (const std::string& word : NearWords("追加保证金")) {
+        Read({"资金汇总", "Base USD", "手续费 5", word});
+        EXPECT_TRUE(NothingRead()) << word;
+    }
+    Read({"(资金汇总)", "Base USD", "手续费 5", "(追加保证金)"});
+    EXPECT_EQ(RecordsOf("USD"), OneRecord({{"SXF", "5"}}));
 }
 
 TEST_F(ForeignMoney, HasRateOneAndNoCurrencyInItsRecords) {

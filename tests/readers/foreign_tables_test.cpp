@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "readers/foreign_fixture.h"
+#include "readers/near_words.h"
 
 namespace tradebill {
 namespace {
@@ -209,6 +210,23 @@ TEST_F(ForeignTables, EndAtTheTitlesOfTheirNeighboursOnly) {
         EXPECT_EQ(FirstColumns(), (Texts{"4", "5", "6", "7"})) << table.title;
         ReadNumberedRows(table.title, 0, "", table.other);
         EXPECT_EQ(FirstColumns(), Texts{}) << table.title;
+    }
+}
+
+TEST_F(ForeignTables, NeedTheirWholeTitlesAndEnds) {
+    for (const Table& table : kTables) {
+        for (const std::string& title : NearWords(table.title)) {
+            ReadNumberedRows(title, 0, "", table.terminators[0]);
+            EXPECT_EQ(FirstColumns(), Texts{}) << title;
+        }
+        for (const std::string_view terminator : table.terminators) {
+            for (const std::string& word : NearWords(terminator)) {
+                ReadNumberedRows(table.title, 0, "", word);
+                EXPECT_EQ(FirstColumns(), Texts{}) << table.title << word;
+            }
+        }
+        ReadNumberedRows("(" + std::string(table.title) + ")", 0, "", "(" + std::string(table.terminators[1]) + ")");
+        EXPECT_EQ(FirstColumns(), (Texts{"4", "5", "6", "7"})) << table.title;
     }
 }
 

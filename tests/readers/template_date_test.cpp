@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -103,28 +101,22 @@ TEST_F(TemplateDate, IsNotLookedForBehindAnEmptyWord) {
     EXPECT_TRUE(IsRead("DATE_FORMAT=\r\n", "20240105\r\n日期：20240105\r\n"));
 }
 
+// An empty template names no money section: what it doesn't know by its date goes to the fixed reader.
 TEST_F(TemplateDate, KeepsAKnownDayFromTheFixedReaderToo) {
-    const std::string status =
-        Statement({"结算单", "日期：20240105", "日  期:20240109", "资金状况", "-", "客户权益: 1", "-", "---------"});
-    BeginWith(1, "");  // names no money section, so that every other statement goes to the fixed reader
-    ReadStatement("20240105", status);
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "BILL_DATE"), (Texts{"20240109"}));
-    MoneyStore.Clear();
-    BeginWith(1, MoneyTemplate(""));
-    Read({"结算单", "资金", "-", "权益|1", "合计"}, "20240105");
-    WriteTemplate(std::string("\r\n"));
-    std::filesystem::last_write_time(folder_->Path("BillTemplate/broker.ini"),
-                                     std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
-    EXPECT_TRUE(ReadTemplateStatement("20240108", status));
-    ReadStatement("20240108", status);
+    BeginWith(1, "");
+    ReadStatement("20240105", Statement({"结算单", "日期：20240103", "日  期:20240105", "资金状况", "-", "---------"}));
+    EXPECT_EQ(TextsOf(MoneyStore.Records, "BILL_DATE"), (Texts{"20240105"}));
+    const std::string next = Statement({"结算单", "日期：20240105", "日  期:20240109", "资金状况", "-", "---------"});
+    EXPECT_TRUE(ReadTemplateStatement("20240108", next));
+    ReadStatement("20240108", next);
     EXPECT_EQ(TextsOf(MoneyStore.Records, "BILL_DATE"), (Texts{"20240105"}));
 }
 
 TEST_F(TemplateDate, IsLookedUpBehindTheChangeDate) {
     BeginWith(1, MoneyTemplate(""));
     Read({"结算单", "资金", "-", "权益|1", "合计"}, "20240105");
-    std::filesystem::remove(folder_->Path("BillTemplate/broker.ini"));
-    WriteTemplate("[DEALFIELD]\r\nBILLFORMAT_NEWDATE=20249999\r\n");
+    CopyField(Request.TemplateName, "other");
+    folder_->Write("BillTemplate/other.ini", "[DEALFIELD]\r\nBILLFORMAT_NEWDATE=20249999\r\n");
     EXPECT_EQ(ErrorOf({"结算单", "日期：20240105"}, "20240108"), 0x80004005U);
 }
 

@@ -54,7 +54,7 @@ TEST_F(TemplateScheme, DeclinesWithoutATemplateFile) {
 }
 
 TEST_F(TemplateScheme, TakesTheFileThatTheRequestNames) {
-    for (const std::string_view name : {"b", "broker1234", "a b.c"}) {
+    for (const std::string_view name : {"b", "broker1234", "a b.c", ""}) {
         Begin(1);
         CopyField(Request.TemplateName, name);
         folder_->Write("BillTemplate/" + std::string(name) + ".ini", Gbk(BothSchemes("")));
@@ -82,6 +82,17 @@ TEST_F(TemplateScheme, ReadsAFileAnewThatHasChanged) {
     WriteTemplate(BothSchemes(""));
     EXPECT_TRUE(ReadBoth("20240110"));
     EXPECT_EQ(TextsOf(MoneyStore.Records, "KHQY"), (Texts{"old", "new", "old"}));
+}
+
+TEST_F(TemplateScheme, ReadsAFileAnewThatHasChangedButNotInLength) {
+    WriteTemplate(BothSchemes("BILLFORMAT_NEWDATE=20250101\r\n"));
+    const std::string path = folder_->Path("BillTemplate/broker.ini");
+    const auto written = std::filesystem::last_write_time(path);
+    ReadBoth("20240105");
+    WriteTemplate(BothSchemes("BILLFORMAT_NEWDATE=20240101\r\n"));
+    std::filesystem::last_write_time(path, written - std::chrono::milliseconds(10));  // an older copy put back
+    ReadBoth("20240108");
+    EXPECT_EQ(TextsOf(MoneyStore.Records, "KHQY"), (Texts{"old", "new"}));
 }
 
 TEST_F(TemplateScheme, ChangesOnTheChangeDate) {

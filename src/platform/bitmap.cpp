@@ -1,0 +1,13 @@
+#include "platform/bitmap.h"
+
+namespace tradebill {
+
+CBitmap::CBitmap(std::int32_t width, std::int32_t height, Color color) {
+    constexpr std::int64_t kMostPixels = std::int64_t{1} << 28;
+    if (width <= 0 || height <= 0 || std::int64_t{width} * height > kMostPixels) return;
+    width_ = width;
+    height_ = height;
+    pixels_.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), PixelOf(color));
+}
+
+}  // namespace tradebill

@@ -1,0 +1,91 @@
+// What charts and tables are painted on: pen, brush and position, and the shapes drawn with them.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+
+#include "platform/bitmap.h"
+#include "platform/geometry.h"
+
+namespace tradebill {
+
+/// A solid pen. Width 0 and 1 are thin lines, which leave out their last pixel; wider pens are round.
+struct Pen {
+    std::int32_t width = 1;
+    Color color = 0;
+    bool operator==(const Pen&) const = default;
+};
+
+/// A solid brush; nothing is the null brush, which leaves alone what it would fill.
+using Brush = std::optional<Color>;
+
+inline constexpr Color kWhite = 0xFFFFFF;
+
+/// Begins with a black pen of width 1, a white brush and the position (0, 0). Coordinates are device pixels; anything
+/// outside of the bitmap is clipped, wherever it lies.
+class CCanvas {
+public:
+    CCanvas() = default;
+    CCanvas(const CCanvas&) = delete;
+    CCanvas& operator=(const CCanvas&) = delete;
+    virtual ~CCanvas() = default;
+
+    // Each takes the place of the one in use, which is returned.
+    virtual Pen SelectPen(const Pen& pen) = 0;
+    virtual Brush SelectBrush(const Brush& brush) = 0;
+
+    virtual void MoveTo(Point point) = 0;
+    /// From the position to `point`, which becomes the position.
+    virtual void LineTo(Point point) = 0;
+
+    // The corners of a box may come in any order; it lacks its right and bottom edge. None of these moves the position.
+    virtual void Rectangle(const Box& box) = 0;
+    virtual void Ellipse(const Box& box) = 0;
+    /// Counter-clockwise from the direction of `start` to that of `end`, as seen from the middle.
+    virtual void Pie(const Box& box, Point start, Point end) = 0;
+    /// Closes itself; parts that are walked round twice stay empty.
+    virtual void Polygon(std::span<const Point> corners) = 0;
+
+    /// From here to EndPath, MoveTo and LineTo paint nothing and make figures.
+    virtual void BeginPath() = 0;
+    virtual void EndPath() = 0;
+    /// Fills the figures together, without an outline, and drops them.
+    virtual void FillPath() = 0;
+
+    /// Right and bottom are left out; uses neither pen nor brush.
+    virtual void FillSolid(const Box& box, Color color) = 0;
+    virtual void SetPixel(Point point, Color color) = 0;
+};
+
+/// A canvas on `bitmap`, which must outlive it.
+[[nodiscard]] std::unique_ptr<CCanvas> MakeCanvas(CBitmap& bitmap);
+
+/// Another pen for as long as it lives.
+class CPenScope {
+public:
+    CPenScope(CCanvas& canvas, const Pen& pen) : canvas_(canvas), before_(canvas.SelectPen(pen)) {}
+    ~CPenScope() { canvas_.SelectPen(before_); }
+    CPenScope(const CPenScope&) = delete;
+    CPenScope& operator=(const CPenScope&) = delete;
+
+private:
+    CCanvas& canvas_;
+    Pen before_;
+};
+
+/// Another brush for as long as it lives.
+class CBrushScope {
+public:
+    CBrushScope(CCanvas& canvas, const Brush& brush) : canvas_(canvas), before_(canvas.SelectBrush(brush)) {}
+    ~CBrushScope() { canvas_.SelectBrush(before_); }
+    CBrushScope(const CBrushScope&) = delete;
+    CBrushScope& operator=(const CBrushScope&) = delete;
+
+private:
+    CCanvas& canvas_;
+    Brush before_;
+};
+
+}  // namespace tradebill

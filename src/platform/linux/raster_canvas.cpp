@@ -1,0 +1,85 @@
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "platform/canvas.h"
+#include "platform/linux/raster.h"
+
+namespace tradebill {
+namespace {
+
+class CRasterCanvas final : public CCanvas {
+public:
+    explicit CRasterCanvas(CBitmap& bitmap) : raster_(bitmap) {}
+
+    Pen SelectPen(const Pen& pen) override { return std::exchange(pen_, pen); }
+    Brush SelectBrush(const Brush& brush) override {
+        if (brush) brushPixel_ = PixelOf(*brush);
+        return std::exchange(brush_, brush);
+    }
+
+    void MoveTo(Point point) override {
+        if (isInPath_) path_.push_back({{point.x, point.y}});
+        position_ = point;
+    }
+    void LineTo(Point point) override {
+        if (isInPath_) {
+            if (path_.empty()) path_.push_back({{position_.x, position_.y}});
+            path_.back().push_back({point.x, point.y});
+        } else {
+            raster_.DrawLine(position_, point, StrokeOfPen());
+        }
+        position_ = point;
+    }
+
+    void Rectangle(const Box& box) override { raster_.DrawBox(box, StrokeOfPen(), FillOfBrush()); }
+    void Ellipse(const Box& box) override { raster_.DrawEllipse(box, StrokeOfPen(), FillOfBrush()); }
+    void Pie(const Box& box, Point start, Point end) override {
+        raster_.DrawPie(box, start, end, StrokeOfPen(), FillOfBrush());
+    }
+    void Polygon(std::span<const Point> corners) override {
+        raster_.DrawPolygon(corners, StrokeOfPen(), FillOfBrush());
+    }
+
+    void BeginPath() override {
+        path_.clear();
+        isInPath_ = true;
+        hasPath_ = false;
+    }
+    void EndPath() override { hasPath_ = std::exchange(isInPath_, false); }
+    void FillPath() override {
+        if (!hasPath_) return;
+        if (brush_) raster_.FillFigures(path_, FillRule::Alternate, brushPixel_);
+        path_.clear();
+        hasPath_ = false;
+    }
+
+    void FillSolid(const Box& box, Color color) override {
+        raster_.FillBox({box.left, box.top}, {box.right, box.bottom}, PixelOf(color));
+    }
+    void SetPixel(Point point, Color color) override { raster_.SetPixel(point.x, point.y, PixelOf(color)); }
+
+private:
+    [[nodiscard]] Stroke StrokeOfPen() const {
+        constexpr std::int32_t kWidest = 1 << 24;  // wider than any bitmap
+        return {.width = std::min(pen_.width, kWidest), .pixel = PixelOf(pen_.color)};
+    }
+    [[nodiscard]] const std::uint32_t* FillOfBrush() const { return brush_ ? &brushPixel_ : nullptr; }
+
+    CRaster raster_;
+    Pen pen_;
+    Brush brush_ = kWhite;
+    std::uint32_t brushPixel_ = PixelOf(kWhite);
+    Point position_;
+    std::vector<Figure> path_;
+    bool isInPath_ = false;
+    bool hasPath_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<CCanvas> MakeCanvas(CBitmap& bitmap) {
+    return std::make_unique<CRasterCanvas>(bitmap);
+}
+
+}  // namespace tradebill
