@@ -61,7 +61,7 @@ public:
 
 private:
     [[nodiscard]] Stroke StrokeOfPen() const {
-        constexpr std::int32_t kWidest = 1 << 24;  // wider than any bitmap
+        constexpr std::int32_t kWidest = 1 << 12;  // wider pens paint as this one
         return {.width = std::min(pen_.width, kWidest), .pixel = PixelOf(pen_.color)};
     }
     [[nodiscard]] const std::uint32_t* FillOfBrush() const { return brush_ ? &brushPixel_ : nullptr; }
