@@ -6,9 +6,9 @@ build_packages=(
     g++ cmake ninja-build pkg-config
     libfreetype-dev libfontconfig-dev libpng-dev libturbojpeg0-dev
     libcli11-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev
-    fonts-liberation fonts-arphic-uming
+    fonts-liberation fonts-arphic-uming fonts-wine
 )
-test_packages=(clang clang-format libclang-rt-14-dev python3)
+test_packages=(clang clang-format libclang-rt-14-dev python3 fonts-wqy-zenhei)
 
 wanted=("${build_packages[@]}")
 [ "${1:-}" = test ] && wanted+=("${test_packages[@]}")

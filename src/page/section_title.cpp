@@ -6,8 +6,8 @@
 #include "base/scale.h"
 #include "page/html_builder.h"
 #include "page/page_pictures.h"
+#include "platform/font.h"
 #include "platform/picture_file.h"
-#include "platform/text_measure.h"
 #include "statement/request_copy.h"
 
 namespace tradebill {

@@ -5,8 +5,10 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <string_view>
 
 #include "platform/bitmap.h"
+#include "platform/font.h"
 #include "platform/geometry.h"
 
 namespace tradebill {
@@ -23,8 +25,11 @@ using Brush = std::optional<Color>;
 
 inline constexpr Color kWhite = 0xFFFFFF;
 
-/// Begins with a black pen of width 1, a white brush and the position (0, 0). Coordinates are device pixels; anything
-/// outside of the bitmap is clipped, wherever it lies.
+/// What a text leaves of what it is written on: nothing of its cells, which become white, or all between its strokes.
+enum class TextBackground { Opaque, Transparent };
+
+/// Begins with a black pen of width 1, a white brush, the position (0, 0), and opaque black text of 16 pixels.
+/// Coordinates are device pixels; anything outside of the bitmap is clipped, wherever it lies.
 class CCanvas {
 public:
     CCanvas() = default;
@@ -35,6 +40,9 @@ public:
     // Each takes the place of the one in use, which is returned.
     virtual Pen SelectPen(const Pen& pen) = 0;
     virtual Brush SelectBrush(const Brush& brush) = 0;
+    virtual Font SelectFont(const Font& font) = 0;
+    virtual Color SelectTextColor(Color color) = 0;
+    virtual TextBackground SelectTextBackground(TextBackground background) = 0;
 
     virtual void MoveTo(Point point) = 0;
     /// From the position to `point`, which becomes the position.
@@ -57,6 +65,13 @@ public:
     /// Right and bottom are left out; uses neither pen nor brush.
     virtual void FillSolid(const Box& box, Color color) = 0;
     virtual void SetPixel(Point point, Color color) = 0;
+
+    /// One line of GBK text, the left top corner of its first cell at `point`; a font with an escapement turns it
+    /// around that corner.
+    virtual void WriteText(Point point, std::string_view text) = 0;
+    /// In the selected font, along the text.
+    [[nodiscard]] virtual TextExtent MeasureText(std::string_view text) const = 0;
+    [[nodiscard]] virtual TextMetrics Metrics() const = 0;
 };
 
 /// A canvas on `bitmap`, which must outlive it.
@@ -73,6 +88,19 @@ public:
 private:
     CCanvas& canvas_;
     Pen before_;
+};
+
+/// Another font for as long as it lives.
+class CFontScope {
+public:
+    CFontScope(CCanvas& canvas, const Font& font) : canvas_(canvas), before_(canvas.SelectFont(font)) {}
+    ~CFontScope() { canvas_.SelectFont(before_); }
+    CFontScope(const CFontScope&) = delete;
+    CFontScope& operator=(const CFontScope&) = delete;
+
+private:
+    CCanvas& canvas_;
+    Font before_;
 };
 
 /// Another brush for as long as it lives.

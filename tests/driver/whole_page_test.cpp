@@ -9,8 +9,8 @@
 
 #include "base/text.h"
 #include "driver/report_run.h"
+#include "platform/font.h"
 #include "platform/root_folder.h"
-#include "platform/text_measure.h"
 #include "statement/account_statistics.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"

@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "driver/report_request.h"
+#include "platform/font.h"
 #include "platform/text_encoding.h"
-#include "platform/text_measure.h"
 #include "statement/report_document.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"

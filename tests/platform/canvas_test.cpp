@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <memory>
@@ -208,6 +209,90 @@ TEST(Canvas, FillsAPathOnceAndForgetsIt) {
     picture.canvas->FillSolid({0, 0, 12, 12}, kWhite);
     picture.canvas->FillPath();
     EXPECT_EQ(picture.Painted(), 0);
+}
+
+/// The box of what isn't white; right and bottom are left out.
+Box PaintedBox(const CBitmap& bitmap) {
+    Box box{bitmap.Width(), bitmap.Height(), 0, 0};
+    for (std::int32_t y = 0; y < bitmap.Height(); ++y) {
+        for (std::int32_t x = 0; x < bitmap.Width(); ++x) {
+            if (bitmap.Row(y)[x] == kWhitePixel) continue;
+            box = {std::min(box.left, x), std::min(box.top, y), std::max(box.right, x + 1),
+                   std::max(box.bottom, y + 1)};
+        }
+    }
+    return box;
+}
+
+TEST(Canvas, WritesTextInsideItsCells) {
+    Picture picture(200, 60);
+    picture.canvas->SelectFont({.face = "Arial", .cellHeight = 20, .weight = 700});
+    picture.canvas->WriteText({30, 10}, "8888");
+    const TextExtent extent = picture.canvas->MeasureText("8888");
+    const Box box = PaintedBox(picture.bitmap);
+    EXPECT_GE(box.left, 30);
+    EXPECT_GE(box.top, 10);
+    EXPECT_LE(box.right, 30 + extent.width);
+    EXPECT_LE(box.bottom, 10 + extent.height);
+    EXPECT_GT((box.right - box.left) * 2, extent.width);  // and fills most of them
+    EXPECT_GT((box.bottom - box.top) * 2, extent.height);
+}
+
+TEST(Canvas, WhitensTheCellsOfAnOpaqueTextAlone) {
+    for (const TextBackground background : {TextBackground::Opaque, TextBackground::Transparent}) {
+        Picture picture(60, 40);
+        picture.canvas->FillSolid({0, 0, 60, 40}, kBlue);
+        picture.canvas->SelectFont({.face = "Arial", .cellHeight = 16});
+        EXPECT_EQ(picture.canvas->SelectTextBackground(background), TextBackground::Opaque);
+        picture.canvas->WriteText({10, 10}, "  ");
+        const TextExtent extent = picture.canvas->MeasureText("  ");
+        const bool isOpaque = background == TextBackground::Opaque;
+        EXPECT_EQ(picture.At(10, 10), isOpaque ? kWhitePixel : kBluePixel);
+        EXPECT_EQ(picture.At(10 + extent.width - 1, 10 + extent.height - 1), isOpaque ? kWhitePixel : kBluePixel);
+        EXPECT_EQ(picture.At(9, 10), kBluePixel);
+        EXPECT_EQ(picture.At(10, 9), kBluePixel);
+        EXPECT_EQ(picture.At(10 + extent.width, 10), kBluePixel);
+        EXPECT_EQ(picture.At(10, 10 + extent.height), kBluePixel);
+    }
+}
+
+TEST(Canvas, WritesInItsTextColor) {
+    Picture picture(60, 60);
+    picture.canvas->SelectFont({.face = "Arial", .cellHeight = 48, .weight = 700});
+    EXPECT_EQ(picture.canvas->SelectTextColor(kRed), 0u);
+    picture.canvas->WriteText({5, 5}, "I");
+    bool hasFullColor = false;
+    for (const std::uint32_t pixel : picture.bitmap.Pixels()) {
+        hasFullColor |= pixel == kRedPixel;
+        EXPECT_EQ(pixel >> 16, 0xFFu);  // between white and red no pixel loses its red
+    }
+    EXPECT_TRUE(hasFullColor);
+}
+
+TEST(Canvas, TurnsTextCounterClockwiseAroundItsCorner) {
+    Picture level(200, 200);
+    Picture upright(200, 200);
+    level.canvas->SelectFont({.face = "Arial", .cellHeight = 20});
+    upright.canvas->SelectFont({.face = "Arial", .cellHeight = 20, .weight = 400, .escapement = 900});
+    level.canvas->WriteText({100, 100}, "turned");
+    upright.canvas->WriteText({100, 100}, "turned");
+    const Box before = PaintedBox(level.bitmap);
+    const Box after = PaintedBox(upright.bitmap);
+    EXPECT_NEAR(after.left - 100, before.top - 100, 1);  // what lay below the corner lies to its right
+    EXPECT_NEAR(after.right - 100, before.bottom - 100, 1);
+    EXPECT_NEAR(100 - after.top, before.right - 100, 2);  // and what lay to the right above it
+    EXPECT_EQ(upright.canvas->MeasureText("turned").width, level.canvas->MeasureText("turned").width);
+}
+
+TEST(Canvas, ClipsTextAnywhere) {
+    Picture picture(20, 20);
+    for (const std::int32_t at :
+         {std::numeric_limits<std::int32_t>::min(), -10, 15, std::numeric_limits<std::int32_t>::max()}) {
+        for (const std::int32_t escapement : {0, 450, -2'000'000'000}) {
+            picture.canvas->SelectFont({.face = "Tahoma", .cellHeight = 16, .weight = 700, .escapement = escapement});
+            picture.canvas->WriteText({at, at}, "clipped \xB9\xFA \xFF");
+        }
+    }
 }
 
 }  // namespace

@@ -1,13 +1,15 @@
+#include "readers/fixed_readers.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdint>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <string_view>
 
 #include "base/report_error.h"
 #include "platform/root_folder.h"
-#include "readers/fixed_readers.h"
 #include "readers/reader_fixture.h"
 #include "readers/statement_loader.h"
 #include "support/temp_folder.h"

@@ -1,10 +1,11 @@
+#include "readers/fixed_readers.h"
+
 #include <gtest/gtest.h>
 
 #include <initializer_list>
 #include <string>
 #include <string_view>
 
-#include "readers/fixed_readers.h"
 #include "readers/near_words.h"
 #include "readers/reader_fixture.h"
 #include "readers/statement_loader.h"

@@ -1,3 +1,5 @@
+#include "readers/fixed_readers.h"
+
 #include <gtest/gtest.h>
 
 #include <initializer_list>
@@ -5,7 +7,6 @@
 #include <string_view>
 #include <vector>
 
-#include "readers/fixed_readers.h"
 #include "readers/near_words.h"
 #include "readers/reader_fixture.h"
 

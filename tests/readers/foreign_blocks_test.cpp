@@ -1,3 +1,5 @@
+#include "readers/foreign_money.h"
+
 #include <gtest/gtest.h>
 
 #include <initializer_list>
@@ -7,7 +9,6 @@
 
 #include "platform/root_folder.h"
 #include "readers/foreign_fixture.h"
-#include "readers/foreign_money.h"
 #include "readers/near_words.h"
 #include "readers/statement_loader.h"
 #include "support/temp_folder.h"

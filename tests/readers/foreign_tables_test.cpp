@@ -1,3 +1,5 @@
+#include "readers/fixed_readers.h"
+
 #include <gtest/gtest.h>
 
 #include <initializer_list>

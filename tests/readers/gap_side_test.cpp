@@ -90,5 +90,15 @@ TEST(GapSide, SplitsAtTheDelimiterGiven) {
     for (const auto& row : cases) EXPECT_EQ(ClassifySideByGap(row.row, row.delimiter), row.side) << row.row;
 }
 
+TEST(GapSide, FindsALongColumnBehindItsOwnBeginning) {
+    const std::string beginning(100, 'a');
+    for (const std::size_t gap : {std::size_t{1}, std::size_t{6}, std::size_t{7}}) {
+        const std::string row = beginning + " x y " + beginning + "b" + std::string(gap, ' ') + "4 5 6";
+        EXPECT_EQ(ClassifySideByGap(row, " "), gap < 7 ? GapSide::Buy : GapSide::Sell) << gap;
+    }
+    const std::string twice = beginning + "b z y " + beginning + "b      3 5 6";  // the first one counts
+    EXPECT_EQ(ClassifySideByGap(twice, " "), GapSide::Sell);
+}
+
 }  // namespace
 }  // namespace tradebill

@@ -5,17 +5,26 @@
 #include <ft2build.h>
 #include FT_FREETYPE_H
 
+#include <mutex>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace tradebill {
 
-/// The faces to try for `family`, best first: its own file, then those that cover what it lacks. `family` is UTF-8;
-/// empty if no font is installed. The faces belong to the cache.
-[[nodiscard]] const std::vector<FT_Face>& FacesFor(const std::string& family, bool bold);
+/// A face for some of a text's characters.
+struct FaceChoice {
+    FT_Face face;      ///< belongs to the cache
+    bool isThickened;  ///< bold was asked for, and the family has no bold file
+};
 
-/// The em size in pixels at which ascent and descent of `face` together fill `cellHeight`.
-[[nodiscard]] double EmSizeFor(FT_Face face, int cellHeight);
+/// The faces to try for `family`, best first: its own file, then those that cover what it lacks. `family` is UTF-8;
+/// empty if no font is installed.
+[[nodiscard]] const std::vector<FaceChoice>& FacesFor(const std::string& family, bool bold);
+
+/// Opens the face number `index` of a file. Null if it is none.
+[[nodiscard]] FT_Face OpenFontFile(const char* path, int index);
+
+/// Held while a face is used: FreeType's faces aren't for two threads.
+[[nodiscard]] std::recursive_mutex& FontLock();
 
 }  // namespace tradebill

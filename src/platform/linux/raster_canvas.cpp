@@ -4,18 +4,24 @@
 
 #include "platform/canvas.h"
 #include "platform/linux/raster.h"
+#include "platform/linux/raster_text.h"
 
 namespace tradebill {
 namespace {
 
 class CRasterCanvas final : public CCanvas {
 public:
-    explicit CRasterCanvas(CBitmap& bitmap) : raster_(bitmap) {}
+    explicit CRasterCanvas(CBitmap& bitmap) : bitmap_(bitmap), raster_(bitmap) {}
 
     Pen SelectPen(const Pen& pen) override { return std::exchange(pen_, pen); }
     Brush SelectBrush(const Brush& brush) override {
         if (brush) brushPixel_ = PixelOf(*brush);
         return std::exchange(brush_, brush);
+    }
+    Font SelectFont(const Font& font) override { return std::exchange(font_, font); }
+    Color SelectTextColor(Color color) override { return std::exchange(textColor_, color); }
+    TextBackground SelectTextBackground(TextBackground background) override {
+        return std::exchange(textBackground_, background);
     }
 
     void MoveTo(Point point) override {
@@ -59,6 +65,18 @@ public:
     }
     void SetPixel(Point point, Color color) override { raster_.SetPixel(point.x, point.y, PixelOf(color)); }
 
+    void WriteText(Point point, std::string_view text) override {
+        if (textBackground_ == TextBackground::Opaque) {
+            const Figure cells = TextCells(font_, point, text);
+            raster_.FillFigures({&cells, 1}, FillRule::Alternate, PixelOf(kWhite));
+        }
+        PaintText(bitmap_, font_, point, text, PixelOf(textColor_));
+    }
+    [[nodiscard]] TextExtent MeasureText(std::string_view text) const override {
+        return tradebill::MeasureText(font_, text);
+    }
+    [[nodiscard]] TextMetrics Metrics() const override { return MetricsOf(font_); }
+
 private:
     [[nodiscard]] Stroke StrokeOfPen() const {
         constexpr std::int32_t kWidest = 1 << 12;  // wider pens paint as this one
@@ -66,7 +84,11 @@ private:
     }
     [[nodiscard]] const std::uint32_t* FillOfBrush() const { return brush_ ? &brushPixel_ : nullptr; }
 
+    CBitmap& bitmap_;
     CRaster raster_;
+    Font font_{.face = "Arial", .cellHeight = 16};
+    Color textColor_ = 0;
+    TextBackground textBackground_ = TextBackground::Opaque;
     Pen pen_;
     Brush brush_ = kWhite;
     std::uint32_t brushPixel_ = PixelOf(kWhite);

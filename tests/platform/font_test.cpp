@@ -1,4 +1,4 @@
-#include "platform/text_measure.h"
+#include "platform/font.h"
 
 #include <gtest/gtest.h>
 
@@ -14,9 +14,14 @@ int WidthOf(std::string_view text, int cellHeight = 20) {
     return MeasureText({.face = "Arial", .cellHeight = cellHeight, .weight = 400}, text).width;
 }
 
-TEST(MeasureText, IsAsHighAsTheFontsCell) {
-    for (const int height : {1, 12, 48}) {
-        EXPECT_EQ(MeasureText({.face = "Arial", .cellHeight = height, .weight = 400}, "abc").height, height);
+TEST(MeasureText, IsAsHighAsTheFontsOwnCell) {
+    for (const int height : {1, 12, 13, 48}) {
+        const Font font{.face = "Arial", .cellHeight = height, .weight = 400};
+        const TextMetrics metrics = MetricsOf(font);
+        EXPECT_EQ(MeasureText(font, "abc").height, metrics.height);
+        EXPECT_EQ(metrics.height, metrics.ascent + metrics.descent);
+        EXPECT_LE(metrics.height, height + 1);  // ascent and descent are rounded each for itself
+        EXPECT_GE(metrics.height, height - 2);
     }
 }
 
@@ -46,6 +51,13 @@ TEST(MeasureText, TakesAnyFaceWeightAndBytes) {
     }
     EXPECT_GT(MeasureText({.face = "", .cellHeight = 16, .weight = 400}, "abc").width, 0);
     EXPECT_GE(WidthOf("\x80\xFF\xC2"), 0);
+}
+
+TEST(MeasureText, IsSafeAtAnySize) {
+    for (const int height : {-2'000'000'000, -1, 0, 5000, 2'000'000'000}) {
+        EXPECT_GE(MeasureText({.face = "Arial", .cellHeight = height}, "a").width, 0) << height;
+        EXPECT_GE(MetricsOf({.face = "Arial", .cellHeight = height}).height, 1) << height;
+    }
 }
 
 }  // namespace

@@ -1,0 +1,84 @@
+#include "platform/linux/raster_text.h"
+
+#include <algorithm>
+#include <cmath>
+#include <mutex>
+#include <numbers>
+
+#include "platform/linux/text_layout.h"
+
+namespace tradebill {
+namespace {
+
+/// Places along a text and down from it, on a bitmap whose y grows downwards.
+class CTurn {
+public:
+    CTurn(Point origin, std::int32_t escapement)
+        : origin_(origin),
+          cosine_(std::cos(escapement * std::numbers::pi / 1800)),
+          sine_(std::sin(escapement * std::numbers::pi / 1800)) {}
+
+    [[nodiscard]] FarPoint At(double along, double down) const {
+        return {origin_.x + std::llround(along * cosine_ + down * sine_),
+                origin_.y + std::llround(down * cosine_ - along * sine_)};
+    }
+
+private:
+    Point origin_;
+    double cosine_;
+    double sine_;
+};
+
+std::uint32_t Blended(std::uint32_t under, std::uint32_t over, std::uint32_t coverage) {
+    std::uint32_t result = 0;
+    for (int shift = 0; shift <= 16; shift += 8) {
+        const std::uint32_t from = under >> shift & 0xFF;
+        const std::uint32_t to = over >> shift & 0xFF;
+        result |= (from * (255 - coverage) + to * coverage + 127) / 255 << shift;
+    }
+    return result;
+}
+
+void BlendPicture(CBitmap& bitmap, const GlyphPicture& picture, FarPoint leftTop, std::uint32_t pixel) {
+    for (std::int32_t row = 0; row < picture.height; ++row) {
+        const std::int64_t y = leftTop.y + row;
+        if (y < 0 || y >= bitmap.Height()) continue;
+        std::uint32_t* const target = bitmap.Row(static_cast<std::int32_t>(y));
+        const std::uint8_t* const coverage = picture.coverage.data() + static_cast<std::ptrdiff_t>(row) * picture.width;
+        const std::int64_t first = std::max<std::int64_t>(0, -leftTop.x);
+        const std::int64_t last = std::min<std::int64_t>(picture.width, bitmap.Width() - leftTop.x);
+        for (std::int64_t column = first; column < last; ++column) {
+            std::uint32_t& under = target[leftTop.x + column];
+            under = Blended(under, pixel, coverage[column]);
+        }
+    }
+}
+
+}  // namespace
+
+Figure TextCells(const Font& font, Point point, std::string_view text) {
+    const TextExtent extent = MeasureText(font, text);
+    const CTurn turn(point, font.escapement);
+    return {turn.At(0, 0), turn.At(extent.width, 0), turn.At(extent.width, extent.height), turn.At(0, extent.height)};
+}
+
+void PaintText(CBitmap& bitmap, const Font& font, Point point, std::string_view text, std::uint32_t pixel) {
+    const std::scoped_lock guard(FontLock());
+    const TextMetrics metrics = MetricsOf(font);
+    const CTurn turn(point, font.escapement);
+    for (const PlacedGlyph& glyph : LayOutText(font, text)) {
+        if (glyph.face == nullptr) {  // a box says that something stands here
+            const FarPoint corner = turn.At(glyph.offset + 1, metrics.ascent / 4.0);
+            const FarPoint end = turn.At(glyph.offset + glyph.advance - 1, metrics.ascent);
+            CRaster raster(bitmap);
+            const Figure box{corner, {end.x, corner.y}, end, {corner.x, end.y}};
+            raster.FillFigures({&box, 1}, FillRule::Alternate, pixel);
+            continue;
+        }
+        const GlyphPicture& picture = glyph.face->PictureOf(glyph.character, font.escapement);
+        const FarPoint base = turn.At(glyph.offset, metrics.ascent);
+        BlendPicture(bitmap, picture, {base.x + picture.left, base.y - picture.top}, pixel);
+    }
+}
+
+}  // namespace tradebill

@@ -1,0 +1,19 @@
+// Texts on a bitmap: glyphs blended by their coverage.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "platform/bitmap.h"
+#include "platform/font.h"
+#include "platform/linux/raster.h"
+
+namespace tradebill {
+
+/// The corners of the cells of a text that begins at `point`.
+[[nodiscard]] Figure TextCells(const Font& font, Point point, std::string_view text);
+
+/// Writes a GBK text, the left top corner of its first cell at `point`.
+void PaintText(CBitmap& bitmap, const Font& font, Point point, std::string_view text, std::uint32_t pixel);
+
+}  // namespace tradebill

@@ -1,0 +1,53 @@
+// A face at one size: its measures in whole pixels, and its glyphs.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "platform/font.h"
+#include "platform/linux/font_faces.h"
+
+namespace tradebill {
+
+/// A glyph's picture: coverage from 0 to 255, rows from the top.
+struct GlyphPicture {
+    std::int32_t left = 0;  ///< from the pen position to the picture
+    std::int32_t top = 0;   ///< from the base line up to the picture's first row
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    std::vector<std::uint8_t> coverage;
+};
+
+class CScaledFace {
+public:
+    /// Takes the size whose cell is nearest to `cellHeight` and not above it. `face` must have a scalable outline.
+    CScaledFace(const FaceChoice& choice, std::int32_t cellHeight);
+
+    [[nodiscard]] const TextMetrics& Metrics() const { return metrics_; }
+    [[nodiscard]] bool HasGlyph(char32_t character) const;
+
+    /// Pixels to the next glyph.
+    [[nodiscard]] std::int32_t AdvanceOf(char32_t character);
+
+    /// The glyph turned counter-clockwise by tenths of a degree around its pen position.
+    [[nodiscard]] const GlyphPicture& PictureOf(char32_t character, std::int32_t escapement);
+
+private:
+    [[nodiscard]] GlyphPicture Render(char32_t character, std::int32_t escapement);
+    [[nodiscard]] bool LoadGlyph(char32_t character, std::int32_t flags);
+
+    FaceChoice choice_;
+    std::uint32_t pixelsPerEm_ = 1;
+    TextMetrics metrics_;
+    bool hasHalfWidthLatin_ = false;
+    std::unordered_map<char32_t, std::int32_t> advances_;
+    std::map<std::pair<char32_t, std::int32_t>, GlyphPicture> pictures_;
+};
+
+/// The face at the size for `cellHeight`, from the cache.
+[[nodiscard]] CScaledFace& ScaledFaceFor(const FaceChoice& choice, std::int32_t cellHeight);
+
+}  // namespace tradebill
