@@ -14,10 +14,11 @@
 namespace tradebill {
 namespace {
 
+// Rows are cut only where their values begin.
 constexpr SectionLayout kSummaryBlock{
-    .title = "资金汇总"_gbk, .terminator = "追加保证金"_gbk, .terminatorOffset = 2, .firstRow = 2};
+    .title = "资金汇总"_gbk, .terminator = "追加保证金"_gbk, .terminatorOffset = 2, .firstRow = 2, .delimiter = ""};
 constexpr SectionLayout kLaterBlock{
-    .title = "借贷成本"_gbk, .terminator = "追加保证金"_gbk, .terminatorOffset = 2, .firstRow = 2};
+    .title = "借贷成本"_gbk, .terminator = "追加保证金"_gbk, .terminatorOffset = 2, .firstRow = 2, .delimiter = ""};
 
 constexpr std::string_view kEquity = "当前权益"_gbk;
 constexpr std::string_view kClosedPL = "平仓盈亏 Realized P/L"_gbk;

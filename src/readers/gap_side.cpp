@@ -36,16 +36,21 @@ std::size_t FindColumn(std::string_view row, std::string_view column) {
 
 }  // namespace
 
-GapSide ClassifySideByGap(std::string_view row, std::string_view delimiter) {
+GapSide SideByGap(std::string_view row, std::span<const std::string_view> columns) {
     constexpr std::size_t kLeastColumns = 6;
     constexpr std::size_t kSellGap = 7;  // the sell lots stand one column width further right
-    if (Contains(row, "计"_gbk) || Contains(row, "共"_gbk)) return GapSide::Undecided;
-    std::vector<std::string_view> columns;
-    if (SplitText(row, delimiter, columns) < kLeastColumns) return GapSide::Undecided;
+    if (columns.size() < kLeastColumns) return GapSide::Undecided;
     // Both are looked for as texts: the same figures further left in the row count too.
     const std::string_view rest = row.substr(FindColumn(row, columns[3]) + columns[3].size());
     const std::string_view near = rest.substr(0, kSellGap - 1 + columns[4].size());
     return Contains(near, columns[4]) ? GapSide::Buy : GapSide::Sell;
+}
+
+GapSide ClassifySideByGap(std::string_view row, std::string_view delimiter) {
+    if (Contains(row, "计"_gbk) || Contains(row, "共"_gbk)) return GapSide::Undecided;
+    std::vector<std::string_view> columns;
+    SplitText(row, delimiter, columns);
+    return SideByGap(row, columns);
 }
 
 }  // namespace tradebill
