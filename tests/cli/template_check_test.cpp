@@ -1,0 +1,181 @@
+#include "cli/template_check.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cli/usage_error.h"
+#include "support/gbk_text.h"
+#include "support/temp_folder.h"
+
+namespace tradebill {
+namespace {
+
+/// The lines of a template in which nothing is wrong; each of them can be replaced.
+std::vector<std::string> SoundLines() {
+    return {
+        "[DEALFIELD]",                  // 1
+        "BILLFORMAT_NEWDATE=20240119",  // 2
+        "MONEY_MODE=0",                 // 3
+        "MONEY_MODE_NEW=1",             // 4
+        "PING_DETAIL=1",                // 5
+        "OPI_SUM=0",                    // 6
+        "[MONEY_RECORD]",               // 7
+        "START_FLAG=资金",              // 8
+        "END_FLAG=成交",                // 9
+        "DELIMITER=SPACE",              // 10
+        "KHQY_NAME=客户权益",           // 11
+        "[MONEY_RECORD_NEW]",           // 12
+        "START_FLAG=资金",              // 13
+        "START_OFFSET=3",               // 14
+        "DELIMITER=|",                  // 15
+        "KHQY_NAME=6",                  // 16
+        "[PING_DETAIL]",                // 17
+        "START_FLAG=平仓",              // 18
+        "END_FLAG=合计",                // 19
+        "DELIMITER=SPACE",              // 20
+        "BID=3",                        // 21
+        "HEAD_FORMAT=日期,合约",        // 22
+        "[PING_DETAIL_NEW]",            // 23
+        "START_FLAG=平仓",              // 24
+        "END_FLAG=合计",                // 25
+        "DELIMITER=SPACE",              // 26
+        "BID=3",                        // 27
+    };
+}
+
+std::vector<TemplateFinding> Check(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines) text += Gbk(line) + "\r\n";
+    return CheckTemplate(CIniFile::Parse(text));
+}
+
+std::vector<TemplateFinding> CheckWith(std::size_t line, const std::string& replacement) {
+    auto lines = SoundLines();
+    lines.at(line - 1) = replacement;
+    return Check(lines);
+}
+
+TEST(TemplateCheck, FindsNothingInASoundTemplate) {
+    for (const TemplateFinding& finding : Check(SoundLines())) ADD_FAILURE() << finding.line << ": " << finding.text;
+}
+
+struct Fault {
+    std::size_t line;
+    const char* replacement;
+    int at;  ///< the line that the finding names
+    bool isError;
+    std::string_view phrase;
+};
+
+TEST(TemplateCheck, NamesEachFaultWithItsLine) {
+    const Fault faults[] = {
+        {2, "BILLFORMAT_NEWDATE=20241319", 2, true, "expected a day as yyyymmdd"},
+        {2, "BILLFORMAT_NEWDATE=2024-01-19", 2, true, "every report with this template would stop"},
+        {2, "BILLFORMAT_NEWDATE=99991231", 2, true, "expected a day"},
+        {2, "BILLFORMAT_NEWDATES=20240119", 2, true, "unknown key BILLFORMAT_NEWDATES in [DEALFIELD]"},
+        {3, "MONEY_MODE=0x", 3, true, "expected a whole number, found \"0x\", which is read as 0"},
+        {6, "OPI_SUM=1", 6, true, "[OPI_SUM] is turned on and lacks START_FLAG"},
+        {7, "[MONEY_RECORDS]", 7, true, "unknown section [MONEY_RECORDS]"},
+        {8, "START_FLAG=", 7, true, "[MONEY_RECORD] is turned on and lacks START_FLAG"},
+        {9, "END_FLAGG=成交", 7, true, "[MONEY_RECORD] is turned on and lacks END_FLAG"},
+        {10, "; no delimiter", 7, true, "[MONEY_RECORD] is turned on and lacks DELIMITER"},
+        {11, "KHQY_NAME=这个标签比三十一个字节还要长得多多多多多", 11, true, "only the first 31 bytes count"},
+        {11, "START_OFFSET=2", 11, false, "START_OFFSET has no effect here"},
+        {11, "RJ_NAME=入金", 11, true, "RJ_NAME can never take effect without CJ_NAME"},
+        {14, "START_OFFSET=three", 14, true, "which is read as 0"},
+        {14, "START_OFFSET=", 14, true, "found \"\""},
+        {16, "KHQY_NAME=-2", 16, true, "a column below 0 can never take effect"},
+        {16, "KHQY_NAME=客户权益", 16, true, "expected a whole number"},
+        {16, "XQSXF_NAME=3", 16, false, "XQSXF_NAME has no effect here"},
+        {16, "PCYK_NAME=3", 16, true, "unknown key PCYK_NAME in [MONEY_RECORD_NEW]"},
+        {17, "no equals sign", 17, true, "expected [section], key=value or ; comment"},
+        {21, "; no side", 17, true, "[PING_DETAIL] lacks BID"},
+        {22, "BID=4", 22, true, "BID stands here again"},
+        {23, "[PING_DETAIL]", 23, true, "[PING_DETAIL] stands here again"},
+        {22, "MATCH_PRICE=5x", 22, true, "which is read as 5"},
+    };
+    for (const Fault& fault : faults) {
+        bool isFound = false;
+        for (const TemplateFinding& finding : CheckWith(fault.line, fault.replacement)) {
+            isFound |= finding.line == fault.at && finding.isError == fault.isError &&
+                       finding.text.find(fault.phrase) != std::string::npos;
+        }
+        EXPECT_TRUE(isFound) << fault.replacement << ": " << fault.phrase;
+    }
+}
+
+TEST(TemplateCheck, TellsOneFaultOnce) {
+    EXPECT_EQ(CheckWith(2, "BILLFORMAT_NEWDATE=20241319").size(), 1u);
+    EXPECT_EQ(CheckWith(16, "KHQY_NAME=-2").size(), 1u);
+    EXPECT_EQ(CheckWith(6, "OPI_SUM=1").size(), 2u);  // in both descriptions
+}
+
+TEST(TemplateCheck, WarnsOfSectionsThatAreNeverRead) {
+    const auto withoutDate = CheckWith(2, "; no change date");
+    ASSERT_EQ(withoutDate.size(), 2u);
+    EXPECT_EQ(withoutDate[0].line, 12);
+    EXPECT_EQ(withoutDate[1].line, 23);
+    for (const TemplateFinding& finding : withoutDate) {
+        EXPECT_FALSE(finding.isError);
+        EXPECT_NE(finding.text.find("is never read: BILLFORMAT_NEWDATE is missing"), std::string::npos);
+    }
+    const auto turnedOff = CheckWith(5, "PING_DETAIL=0");
+    ASSERT_EQ(turnedOff.size(), 2u);
+    EXPECT_NE(turnedOff[0].text.find("PING_DETAIL in [DEALFIELD] turns it off"), std::string::npos);
+}
+
+TEST(TemplateCheck, LetsATemplateOfAChangeDateAloneBe) {
+    const auto findings = Check({"[DEALFIELD]", "BILLFORMAT_NEWDATE=20240119"});
+    ASSERT_EQ(findings.size(), 1u);
+    EXPECT_FALSE(findings[0].isError);
+    EXPECT_NE(findings[0].text.find("only the change date counts"), std::string::npos);
+}
+
+TEST(TemplateCheck, AsksForTheCommonSection) {
+    const auto findings = Check({"[MONEY_RECORD]", "START_FLAG=资金"});
+    ASSERT_EQ(findings.size(), 1u);
+    EXPECT_EQ(findings[0].text, "expected a section [DEALFIELD]");
+}
+
+TEST(TemplateCheck, LetsPositionsOfBothSidesGoOnIncomplete) {
+    auto lines = SoundLines();
+    lines[5] = "OPI_DETAIL=1";
+    for (const char* line : {"[OPI_DETAIL]", "BID_VOL=2", "[OPI_DETAIL_NEW]", "ASK_VOL=3"}) lines.emplace_back(line);
+    const auto findings = Check(lines);
+    ASSERT_EQ(findings.size(), 2u);
+    EXPECT_FALSE(findings[0].isError);
+    EXPECT_NE(findings[0].text.find("the reader goes on with what there is"), std::string::npos);
+}
+
+TEST(TemplateCheck, PassesTheSampleTemplates) {
+    for (const char* sample : {"template-pairs", "template-row", "bilingual-new"}) {
+        const auto file =
+            CIniFile::Load(std::string(TRADEBILL_SAMPLES) + "/" + sample + "/root/BillTemplate/songta.ini");
+        ASSERT_TRUE(file) << sample;
+        for (const TemplateFinding& finding : CheckTemplate(*file)) EXPECT_FALSE(finding.isError) << finding.text;
+    }
+}
+
+TEST(TemplateCheck, EndsWithOneForErrorsAndZeroForWarnings) {
+    const CTempFolder folder;
+    const auto run = [&](const std::string& text) {
+        testing::internal::CaptureStdout();
+        const int exit = RunTemplateCheck(folder.Write("t.ini", text));
+        return std::pair(exit, testing::internal::GetCapturedStdout());
+    };
+    const auto [good, goodText] = run("[DEALFIELD]\nBILLFORMAT_NEWDATE=20240119\n");
+    EXPECT_EQ(good, 0);
+    EXPECT_NE(goodText.find(": 0 errors, 1 warning\n"), std::string::npos);
+    const auto [bad, badText] = run("[DEALFIELD]\nTYPO=1\n");
+    EXPECT_EQ(bad, 1);
+    EXPECT_NE(badText.find("t.ini, line 2: error: unknown key TYPO"), std::string::npos);
+    EXPECT_NE(badText.find(": 1 error, 1 warning\n"), std::string::npos);
+    EXPECT_THROW(static_cast<void>(RunTemplateCheck(folder.Path("missing.ini"))), CUsageError);
+}
+
+}  // namespace
+}  // namespace tradebill
