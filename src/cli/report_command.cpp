@@ -16,6 +16,7 @@
 #include "driver/report_run.h"
 #include "platform/terminal.h"
 #include "statement/report_document.h"
+#include "statement/request_copy.h"
 #include "statement/stores.h"
 
 namespace tradebill {
@@ -57,13 +58,21 @@ std::string DaysText(int days) {
     return std::to_string(days) + (days == 1 ? " day" : " days");
 }
 
+/// The foreign family keeps no closed rows: they are only tallied.
+int ClosedRows() {
+    int rows = PingDetailStore.Count();
+    if (!IsForeign()) return rows;
+    for (const auto& offset : ReportDocument.Offsets) rows += offset->LONG_COUNT + offset->SHORT_COUNT;
+    return rows;
+}
+
 void ShowSummary(const RunResult& result) {
     std::cout << "Report from " << MoneyStore.StartDateText << " to " << MoneyStore.EndDateText << "\n"
               << "  statements read   " << result.statementsRead << " ("
               << DaysText(result.days - result.statementsRead) << " without a file)\n"
               << "  records           " << MoneyStore.Count() << " money, " << MatchStore.Count() << " trades, "
-              << PingDetailStore.Count() << " closed, " << OpiDetailStore.Count() << " positions, "
-              << OpiSumStore.Count() << " position sums" << CurrencyText() << "\n"
+              << ClosedRows() << " closed, " << OpiDetailStore.Count() << " positions, " << OpiSumStore.Count()
+              << " position sums" << CurrencyText() << "\n"
               << "  closing equity    " << CNumberText(MoneyStore.ClosingEquity).View() << "\n"
               << "  page              " << result.pagePath << "\n";
 }
@@ -72,7 +81,8 @@ void WarnOfEmptyReport(const RunResult& result) {
     if (result.statementsRead == 0) {
         Warn("no statement was found in the whole range");
     } else if (MoneyStore.Count() + MatchStore.Count() + OpiDetailStore.Count() == 0) {
-        Warn("nothing was recognised in " + std::to_string(result.statementsRead) + " statements: is --format right?");
+        Warn("nothing was recognised in " + std::to_string(result.statementsRead) +
+             " statements: is --format right? tradebill explain shows what is seen in one of them");
     }
 }
 

@@ -67,6 +67,16 @@ TEST_F(Command, MakesTheReportAndSumsItUp) {
     EXPECT_TRUE(ReadFile(PageFile()).ends_with("</html>\r\n"));
 }
 
+TEST_F(Command, CountsTheClosedRowsThatTheForeignFamilyOnlyTallies) {
+    options_.kind = "foreign";
+    options_.format.reset();
+    root_.Write("Users/demo/Data/Bill/DWP90010002.20240102o.txt",
+                Statement({"平仓明细", "-", "-", "-", "20240102 S2403 开仓 1     2 3.5 0.00 USD",
+                           "20240102 S2403 平仓 1     2 3.5 10.00 USD", "20240102 C2403 开仓 1     2 3.5 0.00 USD",
+                           "20240102 C2403 平仓 1     2 3.5 -5.00 USD", "-", "持仓明细"}));
+    EXPECT_TRUE(Says(Run().out, "0 money, 0 trades, 2 closed, 0 positions"));
+}
+
 TEST_F(Command, CountsCurrenciesOfTheForeignFamily) {
     options_.kind = "foreign";
     options_.from.reset();
