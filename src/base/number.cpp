@@ -77,6 +77,10 @@ CNumberText CNumberText::SixDecimals(double amount) {
     return {amount, 6};
 }
 
+CNumberText CNumberText::Fixed(double amount, int decimals) {
+    return {amount, std::clamp(decimals, 0, 9)};
+}
+
 CNumberText::CNumberText(std::int32_t count) {
     const auto result = std::to_chars(chars_.data(), chars_.data() + chars_.size(), count);
     size_ = static_cast<std::size_t>(result.ptr - chars_.data());

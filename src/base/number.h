@@ -46,6 +46,8 @@ public:
     explicit CNumberText(std::int32_t count);  ///< "%d"
 
     [[nodiscard]] static CNumberText SixDecimals(double amount);  ///< "%f"
+    /// "%.Nf"; N is held to 0 to 9.
+    [[nodiscard]] static CNumberText Fixed(double amount, int decimals);
 
     [[nodiscard]] std::string_view View() const { return {chars_.data(), size_}; }
     operator std::string_view() const& { return View(); }
@@ -54,7 +56,7 @@ public:
 private:
     CNumberText(double amount, int decimals);
 
-    static constexpr std::size_t kLongest = 320;  ///< sign, 309 digits, point and six more
+    static constexpr std::size_t kLongest = 320;  ///< sign, 309 digits, point and nine more
     std::array<char, kLongest> chars_;            // only size_ of them are ever set
     std::size_t size_ = 0;
 };

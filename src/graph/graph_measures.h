@@ -1,0 +1,43 @@
+// Small things that all painters of a chart share: pixels of numbers, fonts and colours.
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <string_view>
+
+#include "base/gbk.h"
+#include "platform/canvas.h"
+
+namespace tradebill {
+
+/// Cut towards zero. A value beyond 32 bits becomes the nearest end, one that is no number 0.
+[[nodiscard]] constexpr std::int32_t ToPixel(double value) {
+    if (!(value == value)) return 0;
+    constexpr double kLeast = std::numeric_limits<std::int32_t>::min();
+    constexpr double kMost = std::numeric_limits<std::int32_t>::max();
+    return value <= kLeast  ? std::numeric_limits<std::int32_t>::min()
+           : value >= kMost ? std::numeric_limits<std::int32_t>::max()
+                            : static_cast<std::int32_t>(value);
+}
+
+inline constexpr std::string_view kTahoma = "Tahoma";
+inline constexpr std::string_view kSong = "宋体"_gbk;
+
+/// All fonts of a chart are bold.
+[[nodiscard]] constexpr Font ChartFont(std::string_view face, std::int32_t height, std::int32_t escapement = 0) {
+    return {.face = face, .cellHeight = height, .weight = 700, .escapement = escapement};
+}
+
+inline constexpr Color kAxisColor = 0x383838;
+inline constexpr Color kGridColor = 0xD7D7D7;
+inline constexpr Pen kAxisPen{.width = 2, .color = kAxisColor};
+
+/// Between these a value shows as nothing.
+inline constexpr double kLeastShown = 1.1920928955078125e-07;
+
+inline void DrawLineBetween(CCanvas& canvas, Point from, Point to) {
+    canvas.MoveTo(from);
+    canvas.LineTo(to);
+}
+
+}  // namespace tradebill

@@ -1,0 +1,102 @@
+// A canvas that keeps what is painted instead of painting it. Its texts are 6 pixels a byte wide and as high as their
+// font, so every place in a chart can be worked out by hand.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/canvas.h"
+
+namespace tradebill {
+
+inline constexpr std::int32_t kByteWidth = 6;
+
+struct PaintedLine {
+    Point from;
+    Point to;
+    Pen pen;
+    bool operator==(const PaintedLine&) const = default;
+};
+
+struct PaintedShape {
+    Box box;
+    Pen pen;
+    Brush brush;
+    bool operator==(const PaintedShape&) const = default;
+};
+
+struct PaintedText {
+    Point at;
+    std::string text;
+    Font font;
+    Color color;
+    TextBackground background;
+};
+
+class CRecordingCanvas final : public CCanvas {
+public:
+    std::vector<PaintedLine> lines;
+    std::vector<PaintedShape> rectangles;
+    std::vector<PaintedShape> ellipses;
+    std::vector<PaintedText> texts;
+
+    Pen SelectPen(const Pen& pen) override { return std::exchange(pen_, pen); }
+    Brush SelectBrush(const Brush& brush) override { return std::exchange(brush_, brush); }
+    Font SelectFont(const Font& font) override { return std::exchange(font_, font); }
+    Color SelectTextColor(Color color) override { return std::exchange(textColor_, color); }
+    TextBackground SelectTextBackground(TextBackground background) override {
+        return std::exchange(background_, background);
+    }
+
+    void MoveTo(Point point) override { position_ = point; }
+    void LineTo(Point point) override { lines.push_back({std::exchange(position_, point), point, pen_}); }
+    void Rectangle(const Box& box) override { rectangles.push_back({box, pen_, brush_}); }
+    void Ellipse(const Box& box) override { ellipses.push_back({box, pen_, brush_}); }
+    void Pie(const Box&, Point, Point) override {}
+    void Polygon(std::span<const Point>) override {}
+    void BeginPath() override {}
+    void EndPath() override {}
+    void FillPath() override {}
+    void FillSolid(const Box&, Color) override {}
+    void SetPixel(Point, Color) override {}
+
+    void WriteText(Point point, std::string_view text) override {
+        texts.push_back({point, std::string(text), font_, textColor_, background_});
+    }
+    [[nodiscard]] TextExtent MeasureText(std::string_view text) const override {
+        return {static_cast<std::int32_t>(text.size()) * kByteWidth, font_.cellHeight};
+    }
+    [[nodiscard]] TextMetrics Metrics() const override {
+        return {.height = font_.cellHeight, .ascent = font_.cellHeight, .averageWidth = kByteWidth};
+    }
+
+    /// The places where a text of these bytes stands.
+    [[nodiscard]] std::vector<Point> PlacesOf(std::string_view text) const {
+        std::vector<Point> places;
+        for (const PaintedText& painted : texts) {
+            if (painted.text == text) places.push_back(painted.at);
+        }
+        return places;
+    }
+    /// Lines of a pen, in the order of painting.
+    [[nodiscard]] std::vector<PaintedLine> LinesOf(const Pen& pen) const {
+        std::vector<PaintedLine> found;
+        for (const PaintedLine& line : lines) {
+            if (line.pen == pen) found.push_back(line);
+        }
+        return found;
+    }
+
+private:
+    Pen pen_;
+    Brush brush_ = kWhite;
+    Font font_;
+    Color textColor_ = 0;
+    TextBackground background_ = TextBackground::Opaque;
+    Point position_;
+};
+
+}  // namespace tradebill
