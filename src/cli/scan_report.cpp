@@ -67,11 +67,12 @@ void CScanReport::OnSection(const SectionSeen& seen) {
     SectionReport report;
     report.kind = seen.kind;
     report.titleWord = GbkToUtf8(seen.titleWord);
+    report.needsEnd = seen.needsTerminator;
     report.terminatorWord = EndWords(seen);
     if (!seen.titleRow.empty()) report.titleLine = LineOf(seen.titleRow);
     if (!seen.terminatorRow.empty()) report.endLine = LineOf(seen.terminatorRow);
     const std::size_t anywhere = text_.find(seen.titleWord);
-    if (seen.titleRow.empty() && anywhere != std::string_view::npos) {
+    if (seen.titleRow.empty() && !seen.titleWord.empty() && anywhere != std::string_view::npos) {
         report.unseenTitleLine = LineOf(text_.substr(anywhere));
     }
     Pass().sections.push_back(std::move(report));
@@ -115,7 +116,7 @@ void CScanReport::Finish() {
             pass.sections, [&](const SectionReport& section) { return isMoney(section) && section.IsFound(); });
         if (hasMoney) {
             std::erase_if(pass.sections,
-                          [&](const SectionReport& section) { return isMoney(section) && !section.IsFound(); });
+                          [&](const SectionReport& section) { return isMoney(section) && !section.titleLine; });
         }
         std::ranges::stable_sort(pass.sections, {}, [](const SectionReport& section) {
             return section.titleLine.value_or(std::numeric_limits<int>::max());

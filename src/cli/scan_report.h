@@ -27,6 +27,7 @@ struct MoneySeen {
 struct SectionReport {
     SectionKind kind = SectionKind::Money;
     std::string titleWord;
+    bool needsEnd = true;
     std::string terminatorWord;  ///< two of them with " or "; empty if the section's end isn't looked for
     std::optional<int> titleLine;
     std::optional<int> endLine;
@@ -39,7 +40,7 @@ struct SectionReport {
     std::vector<std::string> labelsNotMet;
     std::vector<MoneySeen> money;
 
-    [[nodiscard]] bool IsFound() const { return titleLine && (endLine || terminatorWord.empty()); }
+    [[nodiscard]] bool IsFound() const { return titleLine && (endLine || !needsEnd); }
 };
 
 /// One reader's way through the statement.

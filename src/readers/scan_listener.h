@@ -31,8 +31,9 @@ struct RowVerdict {
 struct SectionSeen {
     SectionKind kind;
     std::string_view titleWord;
-    std::string_view terminatorWord;       ///< empty: the section is read without looking for its end
+    std::string_view terminatorWord;       ///< empty: every row contains it
     std::string_view otherTerminatorWord;  ///< a second word that ends it as well, or empty
+    bool needsTerminator = true;           ///< false: the section is read without looking for its end
     std::string_view titleRow;             ///< empty: not found
     std::string_view terminatorRow;        ///< empty: not found, or not looked for
 };

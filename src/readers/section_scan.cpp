@@ -38,7 +38,7 @@ CSectionScan::Frame CSectionScan::FindFrame(std::size_t from, const SectionLayou
         const std::size_t first = *frame.title + static_cast<std::size_t>(layout.terminatorOffset);
         frame.terminator = FindRow(first, layout.terminator, layout.otherTerminator);
     }
-    TellSection(layout, frame);
+    TellSection(layout, frame, true);
     return frame;
 }
 
@@ -66,17 +66,18 @@ std::optional<SectionRows> CSectionScan::FindBehind(std::size_t from, const Sect
 
 std::optional<std::size_t> CSectionScan::FindTitle(const SectionLayout& layout) const {
     const Frame frame{.title = FindRow(0, layout.title), .terminator = {}};
-    TellSection(layout, frame);
+    TellSection(layout, frame, false);
     return frame.title;
 }
 
-void CSectionScan::TellSection(const SectionLayout& layout, const Frame& frame) const {
+void CSectionScan::TellSection(const SectionLayout& layout, const Frame& frame, bool needsTerminator) const {
     if (listener_ == nullptr) return;
     const auto rowText = [&](std::optional<std::size_t> row) { return row ? rows_[*row] : std::string_view(); };
     listener_->OnSection({.kind = layout.kind,
                           .titleWord = layout.title,
                           .terminatorWord = layout.terminator,
                           .otherTerminatorWord = layout.otherTerminator,
+                          .needsTerminator = needsTerminator,
                           .titleRow = rowText(frame.title),
                           .terminatorRow = rowText(frame.terminator)});
 }

@@ -115,7 +115,7 @@ private:
     void Tell(const RowVerdict& verdict) const {
         if (listener_ != nullptr) listener_->OnRow(currentRow_, columns_.size(), verdict);
     }
-    void TellSection(const SectionLayout& layout, const Frame& frame) const;
+    void TellSection(const SectionLayout& layout, const Frame& frame, bool needsTerminator) const;
 
     std::vector<std::string_view> rows_;
     std::vector<std::string_view> columns_;  // of the row at hand

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <ostream>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "readers/template_fixture.h"
 

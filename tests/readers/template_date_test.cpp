@@ -116,7 +116,7 @@ TEST_F(TemplateDate, IsLookedUpBehindTheChangeDate) {
     BeginWith(1, MoneyTemplate(""));
     Read({"结算单", "资金", "-", "权益|1", "合计"}, "20240105");
     CopyField(Request.TemplateName, "other");
-    folder_->Write("BillTemplate/other.ini", "[DEALFIELD]\r\nBILLFORMAT_NEWDATE=20249999\r\n");
+    folder_.Write("BillTemplate/other.ini", "[DEALFIELD]\r\nBILLFORMAT_NEWDATE=20249999\r\n");
     EXPECT_EQ(ErrorOf({"结算单", "日期：20240105"}, "20240108"), 0x80004005U);
 }
 

@@ -1,9 +1,10 @@
 // Template files in a root folder of the test's own, and statements that are read by them.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <initializer_list>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -48,8 +49,8 @@ protected:
     /// Begins anew, without a template.
     void Begin(std::int32_t format) {
         ClearAll();
-        folder_.emplace();
-        SetRootFolderPath(folder_->Path());
+        std::filesystem::remove_all(folder_.Path("BillTemplate"));
+        SetRootFolderPath(folder_.Path());
         Request.StatementFormat = format;
         CopyField(Request.TemplateName, "broker");
     }
@@ -60,7 +61,7 @@ protected:
         WriteTemplate(content);
     }
 
-    void WriteTemplate(std::string_view content) const { folder_->Write("BillTemplate/broker.ini", Gbk(content)); }
+    void WriteTemplate(std::string_view content) const { folder_.Write("BillTemplate/broker.ini", Gbk(content)); }
 
     /// A template that reads one table, "明细" to "共", and no money. Of equal keys, the one in `keys` is read.
     static std::string TableTemplate(std::string_view section, std::string_view keys) {
@@ -101,7 +102,7 @@ protected:
     static std::vector<Fields> OneRecord(const Fields& fields) { return {Record(fields)}; }
 
     const std::string formerRoot_ = RootFolder();
-    std::optional<CTempFolder> folder_;
+    CTempFolder folder_;
 
 private:
     template <class Reading>

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "readers/template_fixture.h"
 

@@ -45,10 +45,10 @@ protected:
 TEST_F(TemplateScheme, DeclinesWithoutATemplateFile) {
     EXPECT_FALSE(ReadBoth("20240105"));
     EXPECT_TRUE(NothingRead());
-    EXPECT_FALSE(std::filesystem::exists(folder_->Path("BillTemplate")));
-    folder_->Write("BillTemplate/other.ini", Gbk(BothSchemes("")));
-    folder_->Write("broker.ini", Gbk(BothSchemes("")));
-    folder_->Write("BillTemplate/broker", Gbk(BothSchemes("")));
+    EXPECT_FALSE(std::filesystem::exists(folder_.Path("BillTemplate")));
+    folder_.Write("BillTemplate/other.ini", Gbk(BothSchemes("")));
+    folder_.Write("broker.ini", Gbk(BothSchemes("")));
+    folder_.Write("BillTemplate/broker", Gbk(BothSchemes("")));
     EXPECT_FALSE(ReadBoth("20240105"));
     EXPECT_TRUE(NothingRead());
 }
@@ -57,7 +57,7 @@ TEST_F(TemplateScheme, TakesTheFileThatTheRequestNames) {
     for (const std::string_view name : {"b", "broker1234", "a b.c", ""}) {
         Begin(1);
         CopyField(Request.TemplateName, name);
-        folder_->Write("BillTemplate/" + std::string(name) + ".ini", Gbk(BothSchemes("")));
+        folder_.Write("BillTemplate/" + std::string(name) + ".ini", Gbk(BothSchemes("")));
         EXPECT_TRUE(ReadBoth("20240105")) << name;
         EXPECT_EQ(Money(), Record({{"KHQY", "old"}})) << name;
     }
@@ -71,7 +71,7 @@ TEST_F(TemplateScheme, DeclinesForARequestWithoutATemplateName) {
 
 TEST_F(TemplateScheme, ReadsAFileAnewThatHasChanged) {
     WriteTemplate(BothSchemes(""));
-    const std::string path = folder_->Path("BillTemplate/broker.ini");
+    const std::string path = folder_.Path("BillTemplate/broker.ini");
     std::filesystem::last_write_time(path, std::filesystem::last_write_time(path) - std::chrono::hours(1));
     EXPECT_EQ(SchemeOf("20240105"), "old");
     WriteTemplate(BothSchemes("BILLFORMAT_NEWDATE=20240101\r\n"));
@@ -86,11 +86,22 @@ TEST_F(TemplateScheme, ReadsAFileAnewThatHasChanged) {
 
 TEST_F(TemplateScheme, ReadsAFileAnewThatHasChangedButNotInLength) {
     WriteTemplate(BothSchemes("BILLFORMAT_NEWDATE=20250101\r\n"));
-    const std::string path = folder_->Path("BillTemplate/broker.ini");
+    const std::string path = folder_.Path("BillTemplate/broker.ini");
     const auto written = std::filesystem::last_write_time(path);
     ReadBoth("20240105");
     WriteTemplate(BothSchemes("BILLFORMAT_NEWDATE=20240101\r\n"));
     std::filesystem::last_write_time(path, written - std::chrono::milliseconds(10));  // an older copy put back
+    ReadBoth("20240108");
+    EXPECT_EQ(TextsOf(MoneyStore.Records, "KHQY"), (Texts{"old", "new"}));
+}
+
+TEST_F(TemplateScheme, TellsTwoFilesOfOneTimeAndLengthApart) {
+    WriteTemplate(BothSchemes("BILLFORMAT_NEWDATE=20250101\r\n"));
+    const std::string other =
+        folder_.Write("BillTemplate/other.ini", Gbk(BothSchemes("BILLFORMAT_NEWDATE=20240101\r\n")));
+    std::filesystem::last_write_time(other, std::filesystem::last_write_time(folder_.Path("BillTemplate/broker.ini")));
+    ReadBoth("20240105");
+    CopyField(Request.TemplateName, "other");
     ReadBoth("20240108");
     EXPECT_EQ(TextsOf(MoneyStore.Records, "KHQY"), (Texts{"old", "new"}));
 }
