@@ -75,7 +75,12 @@ private:
     void CheckSchemes();
     void CheckScheme(bool isNew);
     void CheckComplete(const TemplatePart& part);
+    void CheckMoneyRow(const std::string& name);
     [[nodiscard]] bool HoldsBothSides(const Section& section) const;
+    /// Whether a template without sections declines every statement: only labelled money makes it.
+    [[nodiscard]] bool HandsEverythingOn() const {
+        return MoneyMode(false) == kMoneyLabelled && (!HasChangeDate() || MoneyMode(true) == kMoneyLabelled);
+    }
 
     const CIniFile& file_;
     std::vector<TemplateFinding> findings_;
@@ -182,8 +187,11 @@ void CTemplateCheck::CheckSides(const Section& section, const TemplatePart& part
 
 void CTemplateCheck::CheckComplete(const TemplatePart& part) {
     const std::string name = std::string(part.name) + (part.isNew ? "_NEW" : "");
-    const bool inOneRow = part.kind == SectionKind::Money && MoneyMode(part.isNew) == kMoneyInOneRow;
-    if (inOneRow || !IsEnabled(part)) return;
+    if (!IsEnabled(part)) return;
+    if (part.kind == SectionKind::Money && MoneyMode(part.isNew) == kMoneyInOneRow) {
+        CheckMoneyRow(name);
+        return;
+    }
     const Section* const section = file_.FindSection(name);
     const bool bothSides = part.kind == SectionKind::Open && section != nullptr && HoldsBothSides(*section);
     for (const std::string_view key : {"START_FLAG", "END_FLAG", "DELIMITER"}) {
@@ -200,6 +208,21 @@ void CTemplateCheck::CheckComplete(const TemplatePart& part) {
     }
 }
 
+/// Money in one row goes on with what there is, but a row above the title's or of one column is never what was meant.
+void CTemplateCheck::CheckMoneyRow(const std::string& name) {
+    const Section* const section = file_.FindSection(name);
+    const int line = section != nullptr ? section->line : 0;
+    const bool startsAnywhere = file_.Text(name, "START_FLAG").empty();
+    if (startsAnywhere && file_.Integer(name, "START_OFFSET", -1) < 0) {
+        Error(line, "[" + name + "] lacks START_FLAG and START_OFFSET: every statement would raise an error");
+    } else if (startsAnywhere) {
+        Warn(line, "[" + name + "] lacks START_FLAG: rows are counted from the top of the statement");
+    }
+    if (file_.Text(name, "DELIMITER").empty()) {
+        Error(line, "[" + name + "] lacks DELIMITER: its row is one column and never makes a record");
+    }
+}
+
 void CTemplateCheck::CheckScheme(bool isNew) {
     for (const std::string_view name : {"MONEY_RECORD", "MATCH_RECORD", "PING_DETAIL", "OPI_DETAIL", "OPI_SUM"}) {
         TemplatePart part = *FindTemplatePart(name);
@@ -213,10 +236,11 @@ void CTemplateCheck::CheckSchemes() {
         file_.Sections(), [](const Section& section) { return FindTemplatePart(section.name).has_value(); });
     if (file_.FindSection(kCommon) == nullptr) {
         Error(0, "expected a section [DEALFIELD]");
-    } else if (describesNothing) {
+    } else if (describesNothing && HandsEverythingOn()) {
         Warn(file_.FindSection(kCommon)->line,
              "no section is described: fixed readers read every statement, and only the change date counts (format 3)");
     } else {
+        if (describesNothing) Error(0, "no section is described, and the money mode keeps fixed readers from reading");
         CheckScheme(false);
         if (HasChangeDate()) CheckScheme(true);
     }

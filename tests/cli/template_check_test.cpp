@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -133,6 +134,35 @@ TEST(TemplateCheck, LetsATemplateOfAChangeDateAloneBe) {
     ASSERT_EQ(findings.size(), 1u);
     EXPECT_FALSE(findings[0].isError);
     EXPECT_NE(findings[0].text.find("only the change date counts"), std::string::npos);
+}
+
+TEST(TemplateCheck, RefusesATemplateOfNothingThatKeepsFixedReadersAway) {
+    for (const char* mode : {"MONEY_MODE=9", "MONEY_MODE=1"}) {
+        const auto findings = Check({"[DEALFIELD]", mode});
+        ASSERT_FALSE(findings.empty()) << mode;
+        EXPECT_TRUE(findings[0].isError);
+        EXPECT_NE(findings[0].text.find("keeps fixed readers from reading"), std::string::npos);
+    }
+    EXPECT_TRUE(Check({"[DEALFIELD]", "BILLFORMAT_NEWDATE=20240119", "MONEY_MODE_NEW=5"})[0].isError);
+}
+
+TEST(TemplateCheck, AsksWhereTheRowOfMoneyIs) {
+    const auto texts = [](std::initializer_list<const char*> money) {
+        std::vector<std::string> lines{"[DEALFIELD]", "MONEY_MODE=1", "[MONEY_RECORD]"};
+        lines.insert(lines.end(), money.begin(), money.end());
+        std::string all;
+        for (const TemplateFinding& finding : Check(lines))
+            all += (finding.isError ? "E " : "W ") + finding.text + "\n";
+        return all;
+    };
+    EXPECT_EQ(texts({"START_FLAG=资金", "START_OFFSET=3", "DELIMITER=|"}), "");
+    EXPECT_EQ(texts({"START_FLAG=资金", "DELIMITER=|"}), "");  // the row above the title
+    EXPECT_EQ(texts({"START_OFFSET=3", "DELIMITER=|"}),
+              "W [MONEY_RECORD] lacks START_FLAG: rows are counted from the top of the statement\n");
+    EXPECT_EQ(texts({"DELIMITER=|"}),
+              "E [MONEY_RECORD] lacks START_FLAG and START_OFFSET: every statement would raise an error\n");
+    EXPECT_EQ(texts({"START_FLAG=资金", "START_OFFSET=3"}),
+              "E [MONEY_RECORD] lacks DELIMITER: its row is one column and never makes a record\n");
 }
 
 TEST(TemplateCheck, AsksForTheCommonSection) {
