@@ -1,13 +1,11 @@
 #!/usr/bin/env python3
-"""Reads the sample accounts as a person does, by headings, labels and totals, and compares them with what the program
-reads: counts of all stores, sums of lots, turnover, fees and results, the money of the first and the last day, and the
-totals on the page.
+"""Makes the report of every sample and compares it with figures that sample_statements.py reads in the statements.
 
 Usage: check_samples.py PROGRAM SAMPLES
 """
 
-import collections
 import configparser
+import decimal
 import json
 import pathlib
 import re
@@ -16,267 +14,288 @@ import subprocess
 import sys
 import tempfile
 
-NUMBER = re.compile(r"-?[\d,]+(?:\.\d+)?")
-TOTALS = re.compile(r"^\|?\s*(共|合计|小计|总计)")
-# The first that fits a title wins.
-KINDS = [
-    ("positionSums", re.compile(r"持仓汇总|总览|持仓盈亏单|持仓盈亏汇总|持仓结算表|持仓表")),
-    ("positions", re.compile(r"持仓明细|持仓情况|持仓 Positions|Open Positions")),
-    ("closed", re.compile(r"平仓明细|平仓情况|平仓盈亏单|平仓结算表|平仓表|平仓 Closed")),
-    ("matches", re.compile(r"成交记录|成交情况|成交结算表|成交表|成交 Trades")),
-]
-# Headings, without what stands behind a blank, and the fields that they head.
-FIELDS = {
-    "matches": {"手数": "MATCH_VOL", "成交额": "TURNOVER", "手续费": "POUNDAGE", "平仓盈亏": "OFFSETPL"},
-    "closed": {"手数": "MATCH_VOL", "平仓盈亏": "OFFSETPL", "盯市盈亏": "OFFSETPL"},
-    "positions": {"持仓量": "POSITION_VOL", "浮动盈亏": "FLOATPL", "盯市盈亏": "DSYK", "保证金": "DEPOSIT"},
-    "positionSums": {},
+from sample_statements import ForeignStatement, PrintError, Statement, number, total
+
+Decimal = decimal.Decimal
+STORES = ("matches", "closed", "positions", "positionSums")
+HALF_A_CENT = Decimal("0.005")
+
+# What a layout prints and its reader leaves empty, by sample and store.
+LEFT_EMPTY = {
+    "client-bill": {"matches": "MATCHNO", "positionSums": "EXCH_NAME"},
+    "client-bill-premium": {"money": "XQSXF QLJSZ", "positionSums": "EXCH_NAME"},
+    "fund-class": {"money": "XQSXF"},
+    "fund-status-premium": {"matches": "OFFSETPL"},
+    "spaced-title": {"money": "CRJ", "matches": "MATCHNO"},
+    "spaced-title-premium": {"matches": "MATCHNO ROYALTY"},
+    "template-pairs": {"matches": "DELIVERY", "closed": "DELIVERY", "positions": "DELIVERY"},
+    "template-row": {"positionSums": "EXCH_NAME"},
 }
-MONEY = {
-    "上日结存": "QCQY", "期初结存": "QCQY", "当日结存": "QMJC", "期末结存": "QMJC", "出入金": "CRJ", "当日出入金": "CRJ",
-    "客户权益": "KHQY", "权益": "KHQY", "平仓盈亏": "PCYK", "盯市平仓盈亏": "PCYK", "持仓盯市盈亏": "CCDSYK",
-    "盯市盈亏": "CCDSYK", "持仓盈亏": "CCDSYK", "可用资金": "KYZJ", "保证金占用": "BZJZY", "总保证金占用": "BZJZY",
-    "占用保证金": "BZJZY", "手续费": "SXF", "行权手续费": "XQSXF", "行权费": "XQSXF",
-}
-# What a layout prints and nothing keeps.
-NOT_READ = {("fund-status-premium", "matches", "OFFSETPL")}
+# Samples whose reader keeps the lots of a summary row by side, in a field that the page doesn't show.
+LOTS_BY_SIDE = ("fund-status", "one-year", "template-pairs")
+# Samples whose reader takes premium received as the premium of the day, up to the day before this one.
+PREMIUM_PAID_FROM = {"bilingual": "99999999", "bilingual-new": "20240119"}
+# Samples whose reader adds up the P/L of positions itself, and so counts a row with lots of both sides twice.
+PL_OF_BOTH_SIDES = ("client-bill-premium",)
 
 
-def amount(text):
-    return float(text.replace(",", "")) if NUMBER.fullmatch(text.strip()) else 0.0
+class Differences:
+    """What the program has and the statements don't, or the other way round."""
+
+    def __init__(self):
+        self.found = []
+
+    def compare(self, what, printed, got):
+        """Texts and counts are equal, amounts are equal to the cent."""
+        if isinstance(printed, Decimal) and got != "":
+            equal = abs(Decimal(str(got)) - printed) < HALF_A_CENT
+        else:
+            equal = printed == got
+        if not equal:
+            self.found.append(f"{what}: the statements make {printed!s:.100}, the program has {got!s:.100}")
 
 
-def plain(word):
-    """A heading or label without blanks, its English and its colon."""
-    chinese = re.match(r"[^A-Za-z:：]*", word).group()
-    return re.sub(r"[\s:：()（）]", "", chinese)
+class Book:
+    """All statements of a sample, and what the program's stores have to hold after reading them."""
+
+    def __init__(self, sample):
+        request = configparser.ConfigParser()
+        request.read(sample / "request.ini", encoding="utf-8")
+        request = request["REQUEST"]
+        self.name = sample.name
+        self.units = {}
+        if (sample / "units.ini").exists():
+            units = configparser.ConfigParser()
+            units.optionxform = str
+            units.read(sample / "units.ini", encoding="utf-8")
+            self.units = units["UNITS"]
+        self.chains = len(re.findall(rb"^\[CHAIN\d+\]", (sample / "root/sys/chain.ini").read_bytes(), re.MULTILINE))
+        self.statements = []
+        read = ForeignStatement if request["kind"] == "foreign" else Statement
+        for path in sorted((sample / "root/Users/demo/Data/Bill").glob("*.txt")):
+            day = re.search(r"\.(\d{8})o\.txt$", path.name).group(1)
+            try:
+                self.statements.append(read(path, day))
+                self.statements[-1].printed = self.statements[-1].money_record()
+            except PrintError as error:
+                raise PrintError(f"{path.name}: {error}") from None
+        if self.statements[0].day != request["from"].replace("-", "") \
+                or self.statements[-1].day != request["to"].replace("-", ""):
+            raise PrintError("the statements aren't those of the days from and to")
+        for before, after in zip(self.statements, self.statements[1:]):
+            if read is Statement and before.printed["QMJC"] != after.printed["QCQY"]:
+                raise PrintError(f"{after.day} doesn't open with the balance that {before.day} closed with")
+        self.stores = {store: [self.kept(store, statement.day, row) for statement in self.statements
+                               for row in statement.records(store)] for store in STORES}
+        self.money = [self.kept_money(statement) for statement in self.statements]
+        self.currencies = {name: [{"BILL_DATE": statement.day, **statement.currency_records()[name]}
+                                  for statement in self.statements]
+                           for name in self.statements[0].currency_records()}
+        self.offsets = self.add_up_offsets()
+
+    def kept(self, store, day, row):
+        row = {"BILL_DATE": day, **row}
+        row.update((field, "") for field in LEFT_EMPTY.get(self.name, {}).get(store, "").split())
+        if store == "positionSums" and self.name in LOTS_BY_SIDE:
+            row[{"买": "BID_POSITION_VOL", "卖": "ASK_POSITION_VOL"}[row["BID"]]] = row.pop("POSITION_VOL")
+        return row
+
+    def kept_money(self, statement):
+        record = self.kept("money", statement.day, statement.printed)
+        if statement.day < PREMIUM_PAID_FROM.get(self.name, ""):
+            record["QLJSZ"] = statement.money["权利金收入"]
+        if self.name in PL_OF_BOTH_SIDES:
+            record["CCDSYK"] = total(statement.records("positionSums"), "DSYK")
+        return record
+
+    def add_up_offsets(self):
+        """Closed positions by contract and side: rows, lots and P/L of those with and without a loss."""
+        offsets = {}
+        for statement in self.statements:
+            for contract, delivery, side, lots, gain in statement.closings(self.units):
+                if "DELIVERY" in LEFT_EMPTY.get(self.name, {}).get("closed", ""):
+                    delivery = ""
+                outcome = "WIN" if gain >= 0 else "LOSE"
+                if (contract, delivery) not in offsets and side == "卖" and gain == 0:
+                    outcome = "FLAT"  # a contract's first closed position is kept as neither if it is short and flat
+                tally = offsets.setdefault((contract, delivery), {})
+                for field, more in (("COUNT", 1), ("VOL", lots), ("PL", gain)):
+                    field = f"{'LONG' if side == '买' else 'SHORT'}_{outcome}_{field}"
+                    tally[field] = tally.get(field, 0) + more
+        return offsets
+
+    def offset_total(self, field):
+        return sum(tally.get(f"{side}_{outcome}_{field}", 0) for tally in self.offsets.values()
+                   for side in ("LONG", "SHORT") for outcome in ("WIN", "LOSE", "FLAT"))
 
 
-def cells(line):
-    return [cell.strip() for cell in (line.strip().strip("|").split("|") if "|" in line else line.split())]
+def amount(records, field):
+    return sum((record[field] or 0 for record in records if field in record), Decimal(0))
 
 
-class Table:
-    def __init__(self, kind, headings):
-        self.kind, self.headings, self.rows, self.totals = kind, headings, [], None
-
-    def column(self, field):
-        names = [FIELDS[self.kind].get(name) for name in self.headings]
-        return names.index(field) if field in names else None
-
-
-def is_rule(line):
-    return not re.sub(r"[-=|\s]", "", line)
-
-
-def kind_of(line):
-    """What a title opens; titles may be printed with blanks between their characters."""
-    title = re.sub(r"(?<=[^ -~]) +(?=[^ -~])", "", line)
-    if "|" in title or len(title.split()) > 4:
-        return None
-    return next((kind for kind, words in KINDS if words.search(title)), None)
+def check_money(differences, what, records, store):
+    """The record of every day field by field, and the sums of the range."""
+    differences.compare(f"{what} count", len(records), store["Count"])
+    differences.compare(f"{what} days", [record["BILL_DATE"] for record in records],
+                        [record["BILL_DATE"] for record in store["Records"]])
+    for record, got in zip(records, store["Records"]):
+        for field, text in got.items():
+            if field == "EXCHANGE_RATE":
+                differences.compare(f"{what} {record['BILL_DATE']} {field}", Decimal(1), text)
+            else:
+                differences.compare(f"{what} {record['BILL_DATE']} {field}", record.get(field, ""), text)
+    for name, printed in (("OpeningEquity", records[0]["QCQY"]), ("ClosingEquity", records[-1]["KHQY"]),
+                          ("TotalClosedPL", amount(records, "PCYK")), ("TotalPositionPL", amount(records, "CCDSYK")),
+                          ("TotalCashFlow", amount(records, "CRJ")), ("TotalFees", amount(records, "SXF")),
+                          ("TotalPremium", amount(records, "QLJSZ")), ("Available", records[-1]["KYZJ"]),
+                          ("PositionMargin", records[-1]["BZJZY"])):
+        differences.compare(f"{what} {name}", printed, store[name])
 
 
-def read_tables(lines):
-    """Every table with a rule above and below its heading, under a title of its own."""
-    tables, kind, table = [], None, None
-    for before, line in zip([""] + lines, lines):
-        if is_rule(line):
-            continue
-        if table is None and kind_of(line):
-            kind = kind_of(line)
-        elif kind and table is None and is_rule(before) and len(cells(line)) >= 8:
-            table = Table(kind, [plain(cell) for cell in cells(line)])
-        elif table is not None and TOTALS.match(line):
-            table.totals = [amount(text) for text in NUMBER.findall(line)]
-            tables.append(table)
-            kind = table = None
-        elif table is not None and re.search(r"\d", line):  # a second heading in English has no figures
-            table.rows.append(cells(line))
-    return tables
+def check_stores(differences, book, found):
+    """Counts of all stores, and every field of every record."""
+    for store in STORES:
+        differences.compare(f"{store} count", len(book.stores[store]), len(found[store]))
+        for position, (row, got) in enumerate(zip(book.stores[store], found[store])):
+            for field, text in got.items():
+                differences.compare(f"{store}[{position}] {row['BILL_DATE']} {row['CONTRACT']} {field}",
+                                    row.get(field, ""), text)
+    differences.compare("chains count", book.chains, len(found["chains"]))
+    check_money(differences, "money", book.money, found["money"])
+    differences.compare("currencies", list(book.currencies), [entry["name"] for entry in found["currencies"]])
+    for entry in found["currencies"]:
+        if entry["name"] in book.currencies:
+            check_money(differences, entry["name"], book.currencies[entry["name"]], entry["store"])
+    differences.compare("offsets", list(book.offsets),
+                        [(entry["CONTRACT"], entry["DELIVERY"]) for entry in found["offsets"]])
+    for tally, got in zip(book.offsets.values(), found["offsets"]):
+        for field in [f"{side}_{outcome}_{figure}" for side in ("LONG", "SHORT") for outcome in ("WIN", "LOSE")
+                      for figure in ("COUNT", "VOL", "PL")]:
+            printed = Decimal(tally.get(field, 0)) if field.endswith("PL") else tally.get(field, 0)
+            differences.compare(f"offsets {got['CONTRACT']}{got['DELIVERY']} {field}", printed, got[field])
+    differences.compare("days count", len(book.money), len(found["days"]))
+    for record, day in zip(book.money, found["days"]):
+        for name, field in (("Day", "BILL_DATE"), ("ClosedPL", "PCYK"), ("PositionPL", "CCDSYK"),
+                            ("CashFlow", "CRJ"), ("Closing", "KHQY")):
+            differences.compare(f"days {record['BILL_DATE']} {name}", record.get(field, "") or Decimal(0), day[name])
 
 
-def read_money(lines):
-    """Labels with their values, or headings with the row below them."""
-    text = "\n".join(lines)
-    found = {}
-    for label, value in re.findall(r"([^\s:：|][^:：|\n]{0,40}?)[:：]+\s*\|?\s*(-?[\d,]+\.\d\d)\b", text):
-        found.setdefault(MONEY.get(plain(label)), value)
-    for label, value in re.findall(r"\|\s*([^|\d]+?)\s*\|\s*(-?[\d,]+\.\d\d)\s*(?=\|)", text):
-        found.setdefault(MONEY.get(plain(label)), value)
-    for at, line in enumerate(lines):
-        names = [plain(cell) for cell in cells(line)]
-        values = next((cells(below) for below in lines[at + 1:at + 4] if re.search(r"\d\.\d\d", below)), [])
-        if sum(name in MONEY for name in names) < 3 or len(names) != len(values):
-            continue
-        for name, value in zip(names, values):
-            found.setdefault(MONEY.get(name), value)
-        if "入金" in names and "出金" in names:
-            flow = amount(values[names.index("入金")]) - amount(values[names.index("出金")])
-            found["CRJ"] = f"{flow:.2f}"
-    found.pop(None, None)
-    return found
+def totals_of(page, table):
+    """Of a table of the page: its headings, and of each of its totals rows the cells that hold figures."""
+    start = page.find(f'id= "{table}"'.encode())
+    if start < 0:
+        return None, None
+    lines = page[start:page.index(b"</table>", start)].split(b"</tr>")
+    mark = re.compile("|".join(f">{label}</span>" for label in ("小计", "总计")).encode("gbk"))
+    headings, *sums = [[cell.strip() for cell in re.findall(r"<span[^>]*>([^<]*)</span>", line.decode("gbk"))]
+                       for position, line in enumerate(lines) if position == 0 or mark.search(line)]
+    return headings, [{name: text for name, text in list(zip(headings, cells))[1:] if text} for cells in sums]
 
 
-def fail(sample, text):
-    raise SystemExit(f"{sample}: {text}")
+def check_table(differences, page, table, printed):
+    """`printed` are the figures of each totals row by heading; integers stand for counts."""
+    headings, sums = totals_of(page, table)
+    if headings is None:
+        differences.compare(f"page {table}", printed, None)
+        return
+    differences.compare(f"page {table}: totals rows", len(printed), len(sums))
+    for position, (figures, cells) in enumerate(zip(printed, sums)):
+        differences.compare(f"page {table} totals {position}: headings", sorted(figures), sorted(cells))
+        for name in figures.keys() & cells.keys():
+            figure = cells[name]
+            if isinstance(figures[name], int):
+                figure = int(figure) if re.fullmatch(r"-?\d+", figure) else figure
+            elif not re.fullmatch(r"-?\d+\.\d\d", figure):
+                differences.compare(f"page {table} totals {position}: {name}", "two decimals", figure)
+                continue
+            differences.compare(f"page {table} totals {position}: {name}", figures[name], figure)
 
 
-def near(left, right):
-    return abs(left - right) < 0.005
+def by_day(rows):
+    days = {}
+    for row in rows:
+        days.setdefault(row["BILL_DATE"], []).append(row)
+    return days.values()
 
 
-def check_money(sample, lines, record):
-    printed = read_money(lines)
-    if len(printed) < 5:
-        fail(sample, f"only {printed} was found in the statement of {record['BILL_DATE']}")
-    if sample == "spaced-title":
-        printed.pop("CRJ")  # this layout's deposits aren't read
-    for field, value in printed.items():
-        if not near(amount(value), amount(record[field] or "0")):
-            fail(sample, f"{field} of {record['BILL_DATE']}: printed {value}, read {record[field]!r}")
-    return len(printed)
+def check_page(differences, book, page):
+    foreign = bool(book.currencies)
+    count, lots, gain = book.offset_total("COUNT"), book.offset_total("VOL"), Decimal(book.offset_total("PL"))
+    check_table(differences, page, "tabTrade", [{
+        "交易次数": count, "手数": lots, "利润": gain, "平均单次利润": gain / count if count else Decimal(0),
+        "平均每手利润": gain / lots if lots else Decimal(0)}])
+
+    headings = totals_of(page, "tabMatch")[0] or []
+    columns = {"成交额": "TURNOVER", "平仓盈亏": "OFFSETPL", "手续费": "POUNDAGE"}
+    check_table(differences, page, "tabMatch", [{
+        "手数": sum(int(row["MATCH_VOL"]) for row in day),
+        **{name: total(day, field) for name, field in columns.items() if name in headings}}
+        for day in by_day(book.stores["matches"])])
+
+    if "持仓盈亏" in (totals_of(page, "tabPositions")[0] or []):  # the summary adds up all days
+        days, columns = [book.stores["positionSums"]], {"持仓盈亏": "DSYK", "占用保证金": "DEPOSIT"}
+    else:
+        days = by_day(book.stores["positions"])
+        columns = {"浮动盈亏": "FLOATPL"} if foreign else {"浮动盈亏": "DSYK", "占用保证金": "DEPOSIT"}
+    check_table(differences, page, "tabPositions",
+                [{name: total(day, field) for name, field in columns.items()} for day in days])
+
+    if foreign:
+        differences.compare("page tabOffset", None, totals_of(page, "tabOffset")[0])
+    else:
+        check_table(differences, page, "tabOffset", [{
+            "逐笔平仓盈亏": gain, "手续费": total(book.stores["closed"], "POUNDAGE")}])
 
 
-def sides(table):
-    """Rows that hold both sides of a contract: how many records they are."""
-    buy, sell = table.headings.index("买持"), table.headings.index("卖持")
-    return sum((amount(row[buy]) > 0) + (amount(row[sell]) > 0) for row in table.rows)
+def make_report(program, sample):
+    output = sample / "report.json"
+    command = [program, "report", "--quiet", "--root", sample / "root", "--request", sample / "request.ini",
+               "--json", output]
+    for option in ("units", "products", "live"):
+        if (sample / f"{option}.ini").exists():
+            command += [f"--{option}", sample / f"{option}.ini"]
+    subprocess.run(command, check=True, timeout=60)
+    page = sample / "root/Users/demo/Data/Bill/Image/TradeBill.html"
+    return json.loads(output.read_text(encoding="utf-8"), parse_float=Decimal), page.read_bytes()
 
 
-def check_table(sample, day, table, data):
-    rows = [row for row in data[table.kind] if row["BILL_DATE"] == day]
-    both = table.kind == "positionSums" and "买持" in table.headings
-    expected = sides(table) if both else len(table.rows)
-    if len(rows) != expected:
-        fail(sample, f"{day}: {expected} {table.kind} are printed, {len(rows)} were read")
-    sums = {}
-    for field in sorted(set(FIELDS[table.kind].values())):
-        column = table.column(field)
-        if column is None or (sample, table.kind, field) in NOT_READ:
-            continue
-        printed = sum(amount(row[column]) for row in table.rows)
-        read = sum(amount(row[field]) for row in rows)
-        if not near(printed, read):
-            fail(sample, f"{day}: {field} of {table.kind}: printed {printed:.2f}, read {read:.2f}")
-        if table.rows and not any(near(printed, total) for total in table.totals):
-            fail(sample, f"{day}: {field} of {table.kind} adds up to {printed:.2f}, which is no total of {table.totals}")
-        sums[field] = printed
-    return expected, sums
-
-
-def page_rows(page):
-    text = page.read_bytes().decode("gbk")
-    return [[re.sub("<[^>]*>", "", cell).strip() for cell in re.findall(r"<t[dh][^>]*>(.*?)</t[dh]>", row, re.S)]
-            for row in re.findall(r"<tr[^>]*>(.*?)</tr>", text, re.S)]
-
-
-def check_page(sample, page, day_lots, closed_rows, closed_lots):
-    rows = page_rows(page)
-    counted = [[int(cell) for cell in row[1:] if re.fullmatch(r"\d+", cell)] for row in rows if row[0] == "小计"]
-    lots = [numbers[0] for numbers in counted if numbers]
-    if lots != day_lots:
-        fail(sample, f"lots traded a day on the page {lots}, in the statements {day_lots}")
-    grand = next((row for row in rows if row[0] == "总计"), None)
-    if grand is None or [int(grand[3]), int(grand[4])] != [closed_rows, closed_lots]:
-        fail(sample, f"closed rows and lots in all: on the page {grand}, in the statements {closed_rows}, {closed_lots}")
-
-
-def check_domestic(sample, statements, data, page):
-    counts, day_lots, closed = collections.Counter(), [], [0, 0]
-    records = data["money"]["Records"]
-    if [record["BILL_DATE"] for record in records] != [day for day, _ in statements]:
-        fail(sample, "the days read aren't the days of the files")
-    figures = 0
-    for (day, lines), record in zip(statements, records):
-        if record in (records[0], records[-1]):
-            figures += check_money(sample, lines, record)
-        for table in read_tables(lines):
-            count, sums = check_table(sample, day, table, data)
-            counts[table.kind] += count
-            if table.kind == "matches" and count:
-                day_lots.append(round(sums["MATCH_VOL"]))
-            if table.kind == "closed":
-                closed = [closed[0] + count, closed[1] + round(sums["MATCH_VOL"])]
-    for kind in ("matches", "closed", "positions", "positionSums"):
-        if counts[kind] != len(data[kind]):
-            fail(sample, f"{counts[kind]} {kind} in all are printed, {len(data[kind])} were read")
-    check_page(sample, page, day_lots, *closed)
-    return f"{len(records)} days, {dict(counts)}, {figures} money figures"
-
-
-def foreign_rows(lines, title):
-    """Rows of a table that begin with a date, and the headings above them."""
-    start = next(i for i, line in enumerate(lines) if title in line)
-    rows = []
-    for line in lines[start + 4:]:
-        if is_rule(line):
-            break
-        if re.match(r"\d{8} ", line):
-            rows.append(line)
-    return rows
-
-
-def check_foreign(sample, statements, data, page):
-    matches = [row for _, lines in statements for row in foreign_rows(lines, "成交记录")]
-    positions = [row for _, lines in statements for row in foreign_rows(lines, "持仓明细")]
-    closed = [row for _, lines in statements for row in foreign_rows(lines, "平仓明细") if " 平仓 " in row]
-    for kind, rows in (("matches", matches), ("positions", positions)):
-        read = [(row.get("MATCH_DATE") or row.get("OPEN_DATE"), row["CONTRACT"], row.get("MATCH_VOL") or
-                 row.get("POSITION_VOL"), row["CURRENCY"]) for row in data[kind]]
-        printed = [(row.split()[0], row.split()[1], row.split()[4], row.split()[-1]) for row in rows]
-        if read != printed:
-            fail(sample, f"{kind}: {len(printed)} rows are printed, {len(read)} were read, or they differ")
-    lots = sum(int(row.split()[4]) for row in closed)
-    profit = sum(amount(row.split()[6]) for row in closed)
-    read_lots = sum(offset["LONG_VOL"] for offset in data["offsets"])
-    read_profit = sum(offset["LONG_WIN_PL"] + offset["LONG_LOSE_PL"] for offset in data["offsets"])
-    if lots != read_lots or not near(profit, read_profit):
-        fail(sample, f"closed lots and profit: printed {lots}, {profit}, read {read_lots}, {read_profit}")
-    for currency in data["currencies"]:
-        name, records = currency["name"], currency["store"]["Records"]
-        for (day, lines), record in ((statements[0], records[0]), (statements[-1], records[-1])):
-            heading = next(i for i, line in enumerate(lines) if name in line.split() and "Base" in line or
-                           i > 0 and "借贷成本" in lines[i - 1] and name in line.split())
-            column = [word for word in lines[heading].split() if re.fullmatch(r"[A-Z]{3}\*?", word)].index(name)
-            for line in lines[heading:]:
-                if "追加保证金" in line:
-                    break
-                for word, field in (("期初资金", "QCQY"), ("出入金", "CRJ"), ("可用资金", "KYZJ"), ("当前权益", "KHQY")):
-                    if word in line and not near(amount(NUMBER.findall(line)[column]), amount(record[field])):
-                        fail(sample, f"{field} of {name}, {day}: {line} against {record[field]}")
-    if page_rows(page)[0][0] != "合约":
-        fail(sample, "the page doesn't begin with the trade statistics")
-    return f"{len(matches)} matches, {len(positions)} positions, {len(closed)} closed, {len(data['currencies'])} currencies"
-
-
-def check(program, folder):
-    request = configparser.ConfigParser()
-    request.read(folder / "request.ini", encoding="utf-8")
-    with tempfile.TemporaryDirectory() as temporary:
-        copy = pathlib.Path(shutil.copytree(folder, pathlib.Path(temporary) / folder.name))
-        command = [program, "report", "--root", copy / "root", "--request", copy / "request.ini", "--quiet", "--json",
-                   copy / "data.json"]
-        for option in ("units", "products"):
-            if (copy / f"{option}.ini").exists():
-                command += [f"--{option}", copy / f"{option}.ini"]
-        subprocess.run(command, check=True)
-        data = json.loads((copy / "data.json").read_text(encoding="utf-8"))
-        bills = copy / "root" / "Users" / "demo" / "Data" / "Bill"
-        statements = []
-        for path in sorted(bills.glob("D*.txt")):
-            lines = [line.strip() for line in path.read_bytes().decode("gbk").splitlines()]
-            statements.append((path.name.split(".")[1][:8], [line for line in lines if line]))
-        reader = check_foreign if request["REQUEST"]["kind"] == "foreign" else check_domestic
-        print(f"{folder.name}: {reader(folder.name, statements, data, bills / 'Image' / 'TradeBill.html')}")
+def check_sample(program, sample):
+    """One sample; returns the differences. Prints what was compared."""
+    differences = Differences()
+    with tempfile.TemporaryDirectory() as folder:
+        copy = shutil.copytree(sample, pathlib.Path(folder) / sample.name)
+        try:
+            book = Book(copy)
+            found, page = make_report(program, copy)
+            check_stores(differences, book, found)
+            check_page(differences, book, page)
+        except (PrintError, OSError, subprocess.SubprocessError, ValueError, KeyError) as error:
+            differences.found.append(f"{type(error).__name__}: {error}")
+            return differences.found
+    counts = ", ".join(f"{len(book.stores[store])} {store}" for store in STORES)
+    print(f"{sample.name}: {len(book.money)} days, {len(book.currencies)} currencies, {counts}, "
+          f"{len(book.offsets)} offsets, totals of {3 if book.currencies else 4} page tables: "
+          + ("DIFFERENT" if differences.found else "agree"))
+    return differences.found
 
 
 def main():
     if len(sys.argv) != 3:
         raise SystemExit(__doc__)
-    for folder in sorted(pathlib.Path(sys.argv[2]).iterdir()):
-        if folder.is_dir():
-            check(sys.argv[1], folder)
+    program, samples = sys.argv[1], pathlib.Path(sys.argv[2])
+    folders = sorted(folder for folder in samples.iterdir() if (folder / "request.ini").exists())
+    if len(folders) != 14:
+        raise SystemExit(f"{len(folders)} samples instead of 14 in {samples}")
+    failed = False
+    for sample in folders:
+        found = check_sample(program, sample)
+        for line in found[:20]:
+            print(f"{sample.name}: {line}", file=sys.stderr)
+        if len(found) > 20:
+            print(f"{sample.name}: {len(found) - 20} more differences", file=sys.stderr)
+        failed = failed or bool(found)
+    return 1 if failed else 0
 
 
-main()
+if __name__ == "__main__":
+    sys.exit(main())
