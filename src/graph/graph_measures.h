@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
 #include <string_view>
 
 #include "base/gbk.h"
@@ -10,14 +9,15 @@
 
 namespace tradebill {
 
-/// Cut towards zero. A value beyond 32 bits becomes the nearest end, one that is no number 0.
+/// No pixel of a chart lies further away, so that sums of a few of them stay inside 32 bits.
+inline constexpr std::int32_t kFurthestPixel = 1 << 28;
+
+/// Cut towards zero. What lies too far away becomes the nearest end, what is no number 0.
 [[nodiscard]] constexpr std::int32_t ToPixel(double value) {
     if (!(value == value)) return 0;
-    constexpr double kLeast = std::numeric_limits<std::int32_t>::min();
-    constexpr double kMost = std::numeric_limits<std::int32_t>::max();
-    return value <= kLeast  ? std::numeric_limits<std::int32_t>::min()
-           : value >= kMost ? std::numeric_limits<std::int32_t>::max()
-                            : static_cast<std::int32_t>(value);
+    return value <= -kFurthestPixel  ? -kFurthestPixel
+           : value >= kFurthestPixel ? kFurthestPixel
+                                     : static_cast<std::int32_t>(value);
 }
 
 inline constexpr std::string_view kTahoma = "Tahoma";

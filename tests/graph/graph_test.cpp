@@ -58,12 +58,12 @@ TEST(GraphModel, FindsTheFirstValueOfAGroup) {
     EXPECT_EQ(series.FindData(2), nullptr);
 }
 
-TEST(GraphMeasures, CutPixelsTowardsZeroAndHoldThemTo32Bits) {
+TEST(GraphMeasures, CutPixelsTowardsZeroAndHoldThemInReach) {
     EXPECT_EQ(ToPixel(1.99), 1);
     EXPECT_EQ(ToPixel(-1.99), -1);
-    EXPECT_EQ(ToPixel(1e300), std::numeric_limits<std::int32_t>::max());
-    EXPECT_EQ(ToPixel(-1e300), std::numeric_limits<std::int32_t>::min());
-    EXPECT_EQ(ToPixel(std::numeric_limits<double>::infinity()), std::numeric_limits<std::int32_t>::max());
+    EXPECT_EQ(ToPixel(1e300), kFurthestPixel);
+    EXPECT_EQ(ToPixel(-1e300), -kFurthestPixel);
+    EXPECT_EQ(ToPixel(std::numeric_limits<double>::infinity()), kFurthestPixel);
     EXPECT_EQ(ToPixel(std::numeric_limits<double>::quiet_NaN()), 0);
 }
 
