@@ -22,21 +22,31 @@
 namespace tradebill {
 namespace {
 
+bool IsDay(const std::string& text) {
+    constexpr std::size_t kDayLength = 8;
+    if (text.size() != kDayLength || !std::ranges::all_of(text, IsDigit)) return false;
+    try {
+        static_cast<void>(MidnightOf(ParsePackedDay(text)));
+        return true;
+    } catch (const CReportError&) {
+        return false;
+    }
+}
+
 /// Eight digits between a dot and something else, as statement files bear their day.
 std::optional<std::string> DayInFileName(const std::string& path) {
     constexpr std::size_t kDayLength = 8;
     const std::string name = std::filesystem::path(path).filename().string();
     for (std::size_t dot = name.find('.'); dot != std::string::npos; dot = name.find('.', dot + 1)) {
         const std::string digits = name.substr(dot + 1, kDayLength);
-        if (digits.size() == kDayLength && std::ranges::all_of(digits, IsDigit)) return digits;
+        if (IsDay(digits)) return digits;
     }
     return std::nullopt;
 }
 
 void SetDay(const ExplainCommand& command, Explanation& explanation) {
     if (command.day) {
-        const bool isDay = command.day->size() == 8 && std::ranges::all_of(*command.day, IsDigit);
-        if (!isDay) throw CUsageError("--day: expected yyyymmdd, found \"" + *command.day + "\"");
+        if (!IsDay(*command.day)) throw CUsageError("--day: expected yyyymmdd, found \"" + *command.day + "\"");
         explanation.day = *command.day;
         explanation.daySource = "--day";
     } else if (const auto day = DayInFileName(command.statementFile)) {

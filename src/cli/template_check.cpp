@@ -22,6 +22,7 @@ namespace {
 constexpr std::string_view kCommon = "DEALFIELD";
 constexpr std::size_t kLongestText = 31;
 constexpr std::string_view kChangeDate = "BILLFORMAT_NEWDATE";
+constexpr std::string_view kTableFlags[] = {"MATCH_RECORD", "PING_DETAIL", "OPI_DETAIL", "OPI_SUM"};
 
 using Entry = CIniFile::Entry;
 using Section = CIniFile::Section;
@@ -80,6 +81,10 @@ private:
     /// Whether a template without sections declines every statement: only labelled money makes it.
     [[nodiscard]] bool HandsEverythingOn() const {
         return MoneyMode(false) == kMoneyLabelled && (!HasChangeDate() || MoneyMode(true) == kMoneyLabelled);
+    }
+    [[nodiscard]] bool TurnsOnTables() const {
+        return std::ranges::any_of(kTableFlags,
+                                   [&](std::string_view flag) { return file_.Integer(kCommon, flag, 0) != 0; });
     }
 
     const CIniFile& file_;
@@ -236,11 +241,12 @@ void CTemplateCheck::CheckSchemes() {
         file_.Sections(), [](const Section& section) { return FindTemplatePart(section.name).has_value(); });
     if (file_.FindSection(kCommon) == nullptr) {
         Error(0, "expected a section [DEALFIELD]");
-    } else if (describesNothing && HandsEverythingOn()) {
+    } else if (describesNothing && HandsEverythingOn() && !TurnsOnTables()) {
         Warn(file_.FindSection(kCommon)->line,
              "no section is described: fixed readers read every statement, and only the change date counts (format 3)");
     } else {
-        if (describesNothing) Error(0, "no section is described, and the money mode keeps fixed readers from reading");
+        if (describesNothing && !HandsEverythingOn())
+            Error(0, "no section is described, and the money mode keeps fixed readers from reading");
         CheckScheme(false);
         if (HasChangeDate()) CheckScheme(true);
     }

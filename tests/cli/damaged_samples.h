@@ -40,31 +40,35 @@ inline void PrintTo(const DamagedSample& sample, std::ostream* out) {
 inline const std::vector<DamagedSample>& DamagedSamples() {
     static const std::vector<DamagedSample> samples{
         {"fund-class", "0", false, false, true, "客户权益", {
-            {"money", "资金类别", 2, 0}, {"trades", "成交记录", 3, 12}, {"closed", "平仓明细", 3, 13}, {"open", "持仓明细", 3, 13}}},
+            {"money", "资金类别", 2, 0}, {"trades", "成交记录", 3, 12}, {"closed", "平仓明细", 3, 13},
+            {"open", "持仓明细", 3, 13}}},
         {"fund-status", "1", false, false, true, "客户权益", {
-            {"money", "资金状况", 2, 0}, {"trades", "成交记录", 3, 12}, {"closed", "平仓明细", 3, 12}, {"open", "持仓明细", 3, 13},
-            {"summary", "持仓汇总", 3, 13}}},
+            {"money", "资金状况", 2, 0}, {"trades", "成交记录", 3, 12}, {"closed", "平仓明细", 3, 12},
+            {"open", "持仓明细", 3, 13}, {"summary", "持仓汇总", 3, 13}}},
         {"fund-status-premium", "1", false, false, false, "客户权益:", {
-            {"money", "资金状况", 2, 0}, {"trades", "成交记录", 3, 11}, {"closed", "平仓明细", 3, 11}, {"open", "持仓明细", 3, 11}}},
+            {"money", "资金状况", 2, 0}, {"trades", "成交记录", 3, 11}, {"closed", "平仓明细", 3, 11},
+            {"open", "持仓明细", 3, 11}}},
         {"tabulated", "3", false, false, true, "客户权益", {
-            {"money", "资金状况", 2, 0}, {"trades", "成交记录", 4, 12}, {"closed", "平仓明细", 4, 11}, {"open", "持仓明细", 4, 13},
-            {"summary", "持仓汇总", 4, 11}}},
+            {"money", "资金状况", 2, 0}, {"trades", "成交记录", 4, 12}, {"closed", "平仓明细", 4, 11},
+            {"open", "持仓明细", 4, 13}, {"summary", "持仓汇总", 4, 11}}},
         {"client-bill", "2", false, false, true, "", {
-            {"money", "客户帐单_资金清单", 4, 9}, {"trades", "客户帐单_成交记录单", 4, 12}, {"open", "客户帐单_持仓盈亏单", 4, 11},
-            {"closed", "客户帐单_平仓盈亏单", 4, 12}}},
+            {"money", "客户帐单_资金清单", 4, 9}, {"trades", "客户帐单_成交记录单", 4, 12},
+            {"open", "客户帐单_持仓盈亏单", 4, 11}, {"closed", "客户帐单_平仓盈亏单", 4, 12}}},
         {"client-bill-premium", "201", false, false, false, "", {
-            {"money", "客户帐单_资金清单", 4, 9}, {"trades", "客户帐单_成交记录单", 4, 13}, {"open", "客户帐单_持仓盈亏单", 4, 11},
-            {"closed", "客户帐单_平仓盈亏单", 4, 11}}},
+            {"money", "客户帐单_资金清单", 4, 9}, {"trades", "客户帐单_成交记录单", 4, 13},
+            {"open", "客户帐单_持仓盈亏单", 4, 11}, {"closed", "客户帐单_平仓盈亏单", 4, 11}}},
         {"spaced-title", "6", false, false, true, "", {
-            {"money", "资 金 清 单", 3, 5}, {"trades", "成 交 记 录 单", 3, 9}, {"closed", "平 仓 盈 亏 单", 3, 10}, {"open", "持仓明细", 3, 13},
-            {"summary", "持 仓 盈 亏 汇 总", 3, 8}}},
+            {"money", "资 金 清 单", 3, 5}, {"trades", "成 交 记 录 单", 3, 9}, {"closed", "平 仓 盈 亏 单", 3, 10},
+            {"open", "持仓明细", 3, 13}, {"summary", "持 仓 盈 亏 汇 总", 3, 8}}},
         {"spaced-title-premium", "6", false, false, true, "", {
-            {"money", "资 金 清 单", 3, 5}, {"trades", "成 交 记 录 单", 3, 9}, {"closed", "平 仓 盈 亏 单", 3, 10}, {"open", "持仓明细", 3, 13},
-            {"summary", "持 仓 盈 亏 汇 总", 3, 8}}},
+            {"money", "资 金 清 单", 3, 5}, {"trades", "成 交 记 录 单", 3, 9}, {"closed", "平 仓 盈 亏 单", 3, 10},
+            {"open", "持仓明细", 3, 13}, {"summary", "持 仓 盈 亏 汇 总", 3, 8}}},
         {"bilingual", "3", false, false, false, "客户权益 Client Equity：：", {
-            {"money", "资金状况", 2, 0}, {"trades", "成交记录", 5, 11}, {"closed", "平仓明细", 5, 11}, {"open", "持仓明细", 5, 11}}},
+            {"money", "资金状况", 2, 0}, {"trades", "成交记录", 5, 11}, {"closed", "平仓明细", 5, 11},
+            {"open", "持仓明细", 5, 11}}},
         {"bilingual-new", "3", false, true, false, "客户权益 Client Equity:", {
-            {"money", "资金状况", 2, 0}, {"trades", "成交记录", 5, 11}, {"closed", "平仓明细", 5, 11}, {"open", "持仓明细", 5, 11}}},
+            {"money", "资金状况", 2, 0}, {"trades", "成交记录", 5, 11}, {"closed", "平仓明细", 5, 11},
+            {"open", "持仓明细", 5, 11}}},
         {"template-pairs", "1", false, true, false, "权益 Equity", {
             {"money", "资金 Funds", 2, 0}, {"trades", "成交 Trades", 4, 11}, {"closed", "平仓 Closed", 4, 11},
             {"open", "持仓 Positions", 4, 11}, {"summary", "总览 Overview", 4, 12}}},
@@ -72,7 +76,8 @@ inline const std::vector<DamagedSample>& DamagedSamples() {
             {"money", "资金表 Funds", 4, 9}, {"trades", "成交表 Trades", 4, 11}, {"closed", "平仓表 Closed", 4, 11},
             {"open", "持仓表 Positions", 4, 11}}},
         {"foreign", "0", true, false, false, "当前权益", {
-            {"trades", "成交记录", 5, 7}, {"closed", "平仓明细", 4, 7}, {"open", "持仓明细", 5, 7}, {"money", "资金汇总", 2, 0}}},
+            {"trades", "成交记录", 5, 7}, {"closed", "平仓明细", 4, 7}, {"open", "持仓明细", 5, 7},
+            {"money", "资金汇总", 2, 0}}},
     };
     return samples;
 }
