@@ -77,43 +77,22 @@ public:
 /// A canvas on `bitmap`, which must outlive it.
 [[nodiscard]] std::unique_ptr<CCanvas> MakeCanvas(CBitmap& bitmap);
 
-/// Another pen for as long as it lives.
-class CPenScope {
+/// Another tool for as long as it lives; then the one before comes back.
+template <class Tool, Tool (CCanvas::*Select)(const Tool&)>
+class CSelectScope {
 public:
-    CPenScope(CCanvas& canvas, const Pen& pen) : canvas_(canvas), before_(canvas.SelectPen(pen)) {}
-    ~CPenScope() { canvas_.SelectPen(before_); }
-    CPenScope(const CPenScope&) = delete;
-    CPenScope& operator=(const CPenScope&) = delete;
+    CSelectScope(CCanvas& canvas, const Tool& tool) : canvas_(canvas), before_((canvas.*Select)(tool)) {}
+    ~CSelectScope() { (canvas_.*Select)(before_); }
+    CSelectScope(const CSelectScope&) = delete;
+    CSelectScope& operator=(const CSelectScope&) = delete;
 
 private:
     CCanvas& canvas_;
-    Pen before_;
+    Tool before_;
 };
 
-/// Another font for as long as it lives.
-class CFontScope {
-public:
-    CFontScope(CCanvas& canvas, const Font& font) : canvas_(canvas), before_(canvas.SelectFont(font)) {}
-    ~CFontScope() { canvas_.SelectFont(before_); }
-    CFontScope(const CFontScope&) = delete;
-    CFontScope& operator=(const CFontScope&) = delete;
-
-private:
-    CCanvas& canvas_;
-    Font before_;
-};
-
-/// Another brush for as long as it lives.
-class CBrushScope {
-public:
-    CBrushScope(CCanvas& canvas, const Brush& brush) : canvas_(canvas), before_(canvas.SelectBrush(brush)) {}
-    ~CBrushScope() { canvas_.SelectBrush(before_); }
-    CBrushScope(const CBrushScope&) = delete;
-    CBrushScope& operator=(const CBrushScope&) = delete;
-
-private:
-    CCanvas& canvas_;
-    Brush before_;
-};
+using CPenScope = CSelectScope<Pen, &CCanvas::SelectPen>;
+using CBrushScope = CSelectScope<Brush, &CCanvas::SelectBrush>;
+using CFontScope = CSelectScope<Font, &CCanvas::SelectFont>;
 
 }  // namespace tradebill

@@ -113,7 +113,8 @@ void AddFallbacks(const char* family, bool bold, std::vector<FaceChoice>& faces)
     if (sorted == nullptr) return;
     for (int i = 0; i < sorted->nfont && i < kMostFallbacks; ++i) {
         const auto choice = ChoiceOf(sorted->fonts[i], bold);
-        if (choice) faces.push_back(*choice);
+        const bool isNew = choice && std::ranges::find(faces, choice->face, &FaceChoice::face) == faces.end();
+        if (isNew) faces.push_back(*choice);
     }
 }
 
