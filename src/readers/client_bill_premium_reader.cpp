@@ -101,8 +101,8 @@ static_assert(LastColumn(kSellColumns) < kOpen.minColumns);
 
 void ReadMoney(std::string_view day, CSectionScan& scan) {
     const auto title = scan.FindTitle(kMoney);
-    if (!title || *title + kMoneyRow >= scan.RowCount()) return;
-    const auto row = scan.ReadRow(static_cast<std::int64_t>(*title) + kMoneyRow, kMoney);
+    if (!title) return;
+    const auto row = scan.ReadRowBelow(*title, kMoneyRow, kMoney);
     if (row) HandOver(MakeMoneyRecord(day, *row, kMoneyColumns, kCashFlow), scan.Listener());
 }
 

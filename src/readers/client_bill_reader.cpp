@@ -110,8 +110,8 @@ static_assert(LastColumn(kSellColumns) < kOpen.minColumns);
 
 void ReadMoney(std::string_view day, CSectionScan& scan) {
     const auto section = scan.Find(kMoney);
-    if (!section || section->title + kMoneyRow >= scan.RowCount()) return;
-    const auto row = scan.ReadRow(static_cast<std::int64_t>(section->title) + kMoneyRow, kMoney);
+    if (!section) return;
+    const auto row = scan.ReadRowBelow(section->title, kMoneyRow, kMoney);
     if (row) HandOver(MakeMoneyRecord(day, *row, kMoneyColumns, kCashFlow), scan.Listener());
 }
 

@@ -80,7 +80,7 @@ std::string_view SideText(GapSide side) {
 /// Side and lots of a trade; both stay empty if the gap doesn't tell the side.
 template <class Record>
 void SetSideAndLots(std::string_view rowText, Row row, Record& record) {
-    const GapSide side = SideByGap(rowText, row);
+    const GapSide side = ClassifySideByGap(rowText, row);
     CopyField(record.BID, SideText(side));
     if (side != GapSide::Undecided) CopyField(record.MATCH_VOL, row[kLotsColumn]);
 }
@@ -129,7 +129,7 @@ void ReadOpen(std::string_view day, CSectionScan& scan) {
     ReadUnderHeadings(scan, kOpen, [&](Row row, std::string_view exchange) {
         auto record = MakeRecord(day, row, kOpenColumns);
         CopyField(record->EXCH_NAME, exchange);
-        CopyField(record->BID, SideText(SideByGap(scan.CurrentRow(), row)));
+        CopyField(record->BID, SideText(ClassifySideByGap(scan.CurrentRow(), row)));
         HandOver(std::move(record), scan.Listener());
     });
 }

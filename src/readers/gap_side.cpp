@@ -36,7 +36,7 @@ std::size_t FindColumn(std::string_view row, std::string_view column) {
 
 }  // namespace
 
-GapSide SideByGap(std::string_view row, std::span<const std::string_view> columns) {
+GapSide ClassifySideByGap(std::string_view row, std::span<const std::string_view> columns) {
     constexpr std::size_t kLeastColumns = 6;
     constexpr std::size_t kSellGap = 7;  // the sell lots stand one column width further right
     if (columns.size() < kLeastColumns) return GapSide::Undecided;
@@ -50,7 +50,7 @@ GapSide ClassifySideByGap(std::string_view row, std::string_view delimiter) {
     if (Contains(row, "计"_gbk) || Contains(row, "共"_gbk)) return GapSide::Undecided;
     std::vector<std::string_view> columns;
     SplitText(row, delimiter, columns);
-    return SideByGap(row, columns);
+    return ClassifySideByGap(row, columns);
 }
 
 }  // namespace tradebill

@@ -13,6 +13,6 @@ enum class GapSide { Undecided = 0, Buy = 1, Sell = 2 };
 [[nodiscard]] GapSide ClassifySideByGap(std::string_view row, std::string_view delimiter);
 
 /// The same of a row that is neither subtotal nor count, and is split already.
-[[nodiscard]] GapSide SideByGap(std::string_view row, std::span<const std::string_view> columns);
+[[nodiscard]] GapSide ClassifySideByGap(std::string_view row, std::span<const std::string_view> columns);
 
 }  // namespace tradebill

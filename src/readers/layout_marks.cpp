@@ -26,8 +26,8 @@ bool HasFramedRows(std::string_view text) {
 /// The marks as the table has them, but for those that stand in other layouts too.
 bool ShowsMark(const Layout& layout, std::string_view text) {
     if (layout.isForeign) return Contains(text, layout.mark) && Contains(text, "Base");
-    if (layout.format == kSpacedFormat && Contains(text, "资 金 清 单"_gbk))
-        return true;  // also on days without trades
+    // Also on days without trades.
+    if (layout.format == kSpacedFormat && Contains(text, "资 金 清 单"_gbk)) return true;
     if (!Contains(text, layout.mark)) return false;
     return layout.format != kFramedFormat || layout.premium == PremiumRule::With || HasFramedRows(text);
 }
@@ -41,17 +41,16 @@ struct BillFigures {
 
 /// Which of two formats with the same sheets; both if the figures don't tell.
 std::vector<std::int32_t> ClientBillFormats(std::string_view text) {
-    constexpr std::int64_t kMoneyRow = 4;
+    constexpr std::int32_t kMoneyRow = 4;
     constexpr std::size_t kColumnsWithEquity = 16;
     constexpr double kHalfACent = 0.005;
     const std::vector<std::int32_t> both{kEquityByMargin, kEquityAsPrinted};
     const SectionLayout money{.title = "客户帐单_资金清单"_gbk, .minColumns = 9};
     CSectionScan scan(text, SearchFrom::Top);
     const auto title = scan.FindTitle(money);
-    if (!title || *title + kMoneyRow >= scan.RowCount()) return both;
-    const auto row = scan.ReadRow(static_cast<std::int64_t>(*title) + kMoneyRow, money);
-    const bool withPremium = Contains(text, PremiumWord());
+    const auto row = title ? scan.ReadRowBelow(*title, kMoneyRow, money) : std::nullopt;
     if (!row) return both;
+    const bool withPremium = Contains(text, PremiumWord());
     if (withPremium && row->size() >= kColumnsWithEquity) return {kEquityAsPrinted};
     const BillFigures at = withPremium ? BillFigures{6, 7, 9} : BillFigures{5, 6, 8};
     if (at.margin >= row->size()) return both;

@@ -1,5 +1,7 @@
 #include "readers/layout_table.h"
 
+#include <algorithm>
+
 #include "base/gbk.h"
 #include "base/text.h"
 
@@ -43,6 +45,10 @@ const Layout* FindLayout(std::int32_t format, std::string_view text) {
         if (!layout.isForeign && layout.format == format && Fits(layout.premium, text)) return &layout;
     }
     return nullptr;
+}
+
+const Layout& ForeignLayout() {
+    return *std::ranges::find_if(kLayouts, &Layout::isForeign);
 }
 
 }  // namespace tradebill

@@ -31,4 +31,7 @@ struct Layout {
 /// The layout whose reader serves a domestic `text` of `format`, or null.
 [[nodiscard]] const Layout* FindLayout(std::int32_t format, std::string_view text);
 
+/// The one of the foreign kind.
+[[nodiscard]] const Layout& ForeignLayout();
+
 }  // namespace tradebill

@@ -52,8 +52,9 @@ struct TemplateSeen {
     std::string_view missingKey = {};  ///< what it lacks
 };
 
-/// Told in the order of reading: the template, the reader, its date, then each section with its rows and records. A
-/// listener changes nothing in what is read.
+/// Told in the order of reading: a reader's name, its date, then each section with its rows and records. A template's
+/// reading has no name and is summed up when it is over: OnTemplate comes last of it. A listener changes nothing in
+/// what is read.
 class CScanListener {
 public:
     CScanListener() = default;

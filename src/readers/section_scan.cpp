@@ -107,4 +107,10 @@ std::optional<Row> CSectionScan::ReadRow(std::int64_t row, const SectionLayout& 
     return Row(columns_);
 }
 
+std::optional<Row> CSectionScan::ReadRowBelow(std::size_t title, std::int32_t offset, const SectionLayout& layout) {
+    const std::int64_t row = static_cast<std::int64_t>(title) + offset;
+    if (row >= static_cast<std::int64_t>(rows_.size())) return std::nullopt;
+    return ReadRow(row, layout);
+}
+
 }  // namespace tradebill

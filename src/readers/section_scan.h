@@ -54,7 +54,6 @@ public:
     CSectionScan(std::string_view text, SearchFrom searchFrom, CScanListener* listener = nullptr);
 
     [[nodiscard]] CScanListener* Listener() const { return listener_; }
-    [[nodiscard]] std::size_t RowCount() const { return rows_.size(); }
 
     /// Finds a section and moves the cursor on.
     std::optional<SectionRows> Find(const SectionLayout& layout);
@@ -91,6 +90,10 @@ public:
     /// One row for itself, or nothing if it is too short. Throws CReportError for a row before the first or past the
     /// last.
     std::optional<Row> ReadRow(std::int64_t row, const SectionLayout& layout);
+
+    /// The row `offset` below a title, for itself; nothing if it is too short or past the last. Throws for one before
+    /// the first.
+    std::optional<Row> ReadRowBelow(std::size_t title, std::int32_t offset, const SectionLayout& layout);
 
     /// A row's text, without what surrounds it. Throws likewise.
     [[nodiscard]] std::string_view RowText(std::int64_t row) const;

@@ -11,12 +11,9 @@
 namespace tradebill {
 namespace {
 
-constexpr std::string_view kForeignLayout = "foreign";
-
-void ReadWith(Reader* read, std::string_view name, std::string_view day, std::string_view text,
-              CScanListener* listener) {
-    if (listener != nullptr) listener->OnReader(name);
-    read(day, text, listener);
+void ReadWith(const Layout& layout, std::string_view day, std::string_view text, CScanListener* listener) {
+    if (listener != nullptr) listener->OnReader(layout.name);
+    layout.read(day, text, listener);
 }
 
 }  // namespace
@@ -28,12 +25,12 @@ bool IsKnownFormat(std::int32_t format) {
 
 void ReadStatement(std::string_view day, std::string_view text, CScanListener* listener) {
     if (IsForeign()) {
-        ReadWith(ReadForeignStatement, kForeignLayout, day, text, listener);
+        ReadWith(ForeignLayout(), day, text, listener);
         return;
     }
     if (ReadTemplateStatement(day, text, listener)) return;
     const Layout* const layout = FindLayout(Request.StatementFormat, text);
-    if (layout != nullptr) ReadWith(layout->read, layout->name, day, text, listener);
+    if (layout != nullptr) ReadWith(*layout, day, text, listener);
 }
 
 bool LoadStatement(std::string_view day, const std::string& path) {
