@@ -88,6 +88,15 @@ std::time_t MidnightOf(const CalendarDay& day) {
     return time;
 }
 
+bool HasMidnight(const CalendarDay& day) {
+    try {
+        static_cast<void>(MidnightOf(day));
+        return true;
+    } catch (const CReportError&) {
+        return false;
+    }
+}
+
 std::string DayText(const CalendarDay& day) {
     return Formatted("%4d%02d%02d", day);
 }

@@ -32,6 +32,9 @@ inline constexpr std::time_t kSecondsPerDay =
 /// the year 3000.
 [[nodiscard]] std::time_t MidnightOf(const CalendarDay& day);
 
+/// Whether MidnightOf has a time for `day`.
+[[nodiscard]] bool HasMidnight(const CalendarDay& day);
+
 /// "yyyymmdd".
 [[nodiscard]] std::string DayText(const CalendarDay& day);
 

@@ -22,20 +22,14 @@
 namespace tradebill {
 namespace {
 
+constexpr std::size_t kDayLength = 8;
+
 bool IsDay(const std::string& text) {
-    constexpr std::size_t kDayLength = 8;
-    if (text.size() != kDayLength || !std::ranges::all_of(text, IsDigit)) return false;
-    try {
-        static_cast<void>(MidnightOf(ParsePackedDay(text)));
-        return true;
-    } catch (const CReportError&) {
-        return false;
-    }
+    return text.size() == kDayLength && std::ranges::all_of(text, IsDigit) && HasMidnight(ParsePackedDay(text));
 }
 
-/// Eight digits between a dot and something else, as statement files bear their day.
+/// Eight digits behind a dot, as statement files bear their day.
 std::optional<std::string> DayInFileName(const std::string& path) {
-    constexpr std::size_t kDayLength = 8;
     const std::string name = std::filesystem::path(path).filename().string();
     for (std::size_t dot = name.find('.'); dot != std::string::npos; dot = name.find('.', dot + 1)) {
         const std::string digits = name.substr(dot + 1, kDayLength);

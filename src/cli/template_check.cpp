@@ -2,27 +2,24 @@
 
 #include <algorithm>
 #include <iostream>
-#include <map>
 #include <optional>
 #include <utility>
 
 #include "base/day.h"
 #include "base/number.h"
-#include "base/report_error.h"
 #include "base/text.h"
 #include "cli/input_ini.h"
 #include "cli/template_known_keys.h"
 #include "cli/usage_error.h"
 #include "platform/text_encoding.h"
 #include "readers/statement_template.h"
+#include "readers/template_keys.h"
 
 namespace tradebill {
 namespace {
 
-constexpr std::string_view kCommon = "DEALFIELD";
-constexpr std::size_t kLongestText = 31;
-constexpr std::string_view kChangeDate = "BILLFORMAT_NEWDATE";
-constexpr std::string_view kTableFlags[] = {"MATCH_RECORD", "PING_DETAIL", "OPI_DETAIL", "OPI_SUM"};
+constexpr SectionKind kKinds[] = {SectionKind::Money, SectionKind::Trades, SectionKind::Closed, SectionKind::Open,
+                                  SectionKind::Summary};
 
 using Entry = CIniFile::Entry;
 using Section = CIniFile::Section;
@@ -33,7 +30,7 @@ std::string Quoted(std::string_view gbk) {
 
 class CTemplateCheck {
 public:
-    explicit CTemplateCheck(const CIniFile& file) : file_(file) {}
+    explicit CTemplateCheck(const CIniFile& file) : file_(file), parsed_(file) {}
 
     [[nodiscard]] std::vector<TemplateFinding> Run() {
         for (const auto& problem : file_.Problems()) {
@@ -51,20 +48,13 @@ private:
     void Warn(int line, std::string text) { findings_.push_back({line, false, std::move(text)}); }
 
     [[nodiscard]] const Entry* CommonEntry(std::string_view key) const {
-        const Section* const common = file_.FindSection(kCommon);
+        const Section* const common = file_.FindSection(kTemplateCommonSection);
         return common != nullptr ? FindEntry(*common, key) : nullptr;
     }
-    [[nodiscard]] bool HasChangeDate() const { return !Trim(file_.Text(kCommon, kChangeDate)).empty(); }
-
-    [[nodiscard]] std::int32_t MoneyMode(bool isNew) const {
-        const std::int32_t own = isNew ? file_.Integer(kCommon, "MONEY_MODE_NEW", -1) : -1;
-        return own != -1 ? own : file_.Integer(kCommon, "MONEY_MODE", 0);
-    }
-    [[nodiscard]] bool IsEnabled(const TemplatePart& part) const {
-        if (part.kind == SectionKind::Money) {
-            return MoneyMode(part.isNew) == kMoneyLabelled || MoneyMode(part.isNew) == kMoneyInOneRow;
-        }
-        return file_.Integer(kCommon, part.name, 0) != 0;
+    [[nodiscard]] bool HasChangeDate() const { return !parsed_.ChangeDate().empty(); }
+    [[nodiscard]] bool IsInOneRow(bool isNew) const { return parsed_.Scheme(isNew).moneyMode == kMoneyInOneRow; }
+    [[nodiscard]] const TemplateSection& Parsed(const TemplatePart& part) const {
+        return parsed_.Scheme(part.isNew).Section(part.kind);
     }
 
     void CheckChangeDate();
@@ -75,31 +65,30 @@ private:
     void CheckSides(const Section& section, const TemplatePart& part);
     void CheckSchemes();
     void CheckScheme(bool isNew);
-    void CheckComplete(const TemplatePart& part);
-    void CheckMoneyRow(const std::string& name);
+    void CheckComplete(SectionKind kind, const TemplateSection& section);
+    void CheckMoneyRow(const TemplateSection& section);
     [[nodiscard]] bool HoldsBothSides(const Section& section) const;
     /// Whether a template without sections declines every statement: only labelled money makes it.
     [[nodiscard]] bool HandsEverythingOn() const {
-        return MoneyMode(false) == kMoneyLabelled && (!HasChangeDate() || MoneyMode(true) == kMoneyLabelled);
+        return parsed_.Scheme(false).moneyMode == kMoneyLabelled &&
+               (!HasChangeDate() || parsed_.Scheme(true).moneyMode == kMoneyLabelled);
     }
     [[nodiscard]] bool TurnsOnTables() const {
-        return std::ranges::any_of(kTableFlags,
-                                   [&](std::string_view flag) { return file_.Integer(kCommon, flag, 0) != 0; });
+        return std::ranges::any_of(kKinds, [this](SectionKind kind) {
+            return kind != SectionKind::Money && parsed_.Scheme(false).Section(kind).isEnabled;
+        });
     }
 
     const CIniFile& file_;
+    CStatementTemplate parsed_;  // as the reader understands it
     std::vector<TemplateFinding> findings_;
 };
 
 void CTemplateCheck::CheckChangeDate() {
-    const Entry* const entry = CommonEntry(kChangeDate);
-    if (entry == nullptr || !HasChangeDate()) return;
-    try {
-        static_cast<void>(MidnightOf(ParsePackedDay(Trim(entry->value))));
-    } catch (const CReportError&) {
-        Error(entry->line, std::string(kChangeDate) + ": expected a day as yyyymmdd, found " + Quoted(entry->value) +
-                               "; every report with this template would stop with an error");
-    }
+    if (!HasChangeDate() || HasMidnight(ParsePackedDay(parsed_.ChangeDate()))) return;
+    const Entry* const entry = CommonEntry(kTemplateChangeDate);
+    Error(entry->line, std::string(kTemplateChangeDate) + ": expected a day as yyyymmdd, found " +
+                           Quoted(entry->value) + "; every report with this template would stop with an error");
 }
 
 void CTemplateCheck::CheckSection(const Section& section) {
@@ -107,14 +96,14 @@ void CTemplateCheck::CheckSection(const Section& section) {
         Error(section.line, "[" + GbkToUtf8(section.name) + "] stands here again: only the first one is read");
         return;
     }
-    const bool isCommon = EqualsIgnoringCase(section.name, kCommon);
+    const bool isCommon = EqualsIgnoringCase(section.name, kTemplateCommonSection);
     const auto part = FindTemplatePart(section.name);
     if (!isCommon && !part) {
         Error(section.line, "unknown section [" + GbkToUtf8(section.name) + "]");
         return;
     }
     for (const Entry& entry : section.entries) {
-        const bool inOneRow = part && MoneyMode(part->isNew) == kMoneyInOneRow;
+        const bool inOneRow = part && IsInOneRow(part->isNew);
         CheckKey(section, entry, isCommon ? FindCommonKey(entry.key) : FindPartKey(part->kind, inOneRow, entry.key));
     }
     if (part) CheckPart(section, *part);
@@ -129,7 +118,7 @@ void CTemplateCheck::CheckKey(const Section& section, const Entry& entry, const 
     } else if (known->use == KeyUse::NotUsed) {
         Warn(entry.line, name + " has no effect here");
     } else if (known->use == KeyUse::Text) {
-        if (entry.value.size() > kLongestText) Error(entry.line, name + ": only the first 31 bytes count");
+        if (entry.value.size() > kLongestTemplateText) Error(entry.line, name + ": only the first 31 bytes count");
     } else if (known->use != KeyUse::Remark) {
         CheckNumber(entry, known->use);
     }
@@ -148,11 +137,11 @@ void CTemplateCheck::CheckNumber(const Entry& entry, KeyUse use) {
 
 void CTemplateCheck::CheckPart(const Section& section, const TemplatePart& part) {
     if (part.isNew && !HasChangeDate()) {
-        Warn(section.line, "[" + section.name + "] is never read: " + std::string(kChangeDate) + " is missing");
-    } else if (!IsEnabled(part)) {
+        Warn(section.line, "[" + section.name + "] is never read: " + std::string(kTemplateChangeDate) + " is missing");
+    } else if (!Parsed(part).isEnabled) {
         Warn(section.line, "[" + section.name + "] is never read: " +
                                (part.kind == SectionKind::Money ? "the money mode" : std::string(part.name)) + " in [" +
-                               std::string(kCommon) + "] turns it off");
+                               std::string(kTemplateCommonSection) + "] turns it off");
     }
     CheckSides(section, part);
 }
@@ -180,73 +169,68 @@ void CTemplateCheck::CheckSides(const Section& section, const TemplatePart& part
         if (pair.kind != part.kind || entry == nullptr || FindEntry(section, pair.needs) != nullptr) continue;
         Error(entry->line, std::string(pair.key) + " can never take effect without " + std::string(pair.needs));
     }
-    if (part.kind == SectionKind::Closed && IsEnabled(part) && FindEntry(section, "BID") == nullptr) {
+    if (part.kind == SectionKind::Closed && Parsed(part).isEnabled && FindEntry(section, "BID") == nullptr) {
         Error(section.line, "[" + section.name + "] lacks BID: every row of closed positions would raise an error");
     }
     const Entry* const deposits = FindEntry(section, "RJ_NAME");
-    const bool isLabel = part.kind == SectionKind::Money && MoneyMode(part.isNew) == kMoneyLabelled;
+    const bool isLabel = part.kind == SectionKind::Money && parsed_.Scheme(part.isNew).moneyMode == kMoneyLabelled;
     if (isLabel && deposits != nullptr && ParseAmount(deposits->value) <= 0) {
         Warn(deposits->line, "RJ_NAME and CJ_NAME compute nothing with labels: net deposits come from CRJ_NAME alone");
     }
 }
 
-void CTemplateCheck::CheckComplete(const TemplatePart& part) {
-    const std::string name = std::string(part.name) + (part.isNew ? "_NEW" : "");
-    if (!IsEnabled(part)) return;
-    if (part.kind == SectionKind::Money && MoneyMode(part.isNew) == kMoneyInOneRow) {
-        CheckMoneyRow(name);
-        return;
-    }
-    const Section* const section = file_.FindSection(name);
-    const bool bothSides = part.kind == SectionKind::Open && section != nullptr && HoldsBothSides(*section);
-    for (const std::string_view key : {"START_FLAG", "END_FLAG", "DELIMITER"}) {
-        if (!file_.Text(name, key).empty()) continue;
-        const Entry* const flag = CommonEntry(part.kind == SectionKind::Money ? "MONEY_MODE" : part.name);
-        const int line = section != nullptr ? section->line : flag != nullptr ? flag->line : 0;
-        const std::string text = "[" + name + "] is turned on and lacks " + std::string(key);
-        if (bothSides) {
-            Warn(line, text + ": the reader goes on with what there is");
-        } else {
-            Error(line, text + ": the template declines, and a fixed reader reads every statement again");
-        }
-        return;
+void CTemplateCheck::CheckComplete(SectionKind kind, const TemplateSection& section) {
+    if (!section.isEnabled || section.MissingKey().empty()) return;
+    const Section* const written = file_.FindSection(section.name);
+    const bool bothSides = kind == SectionKind::Open && written != nullptr && HoldsBothSides(*written);
+    const TemplatePart part = *FindTemplatePart(section.name);
+    const Entry* const flag = CommonEntry(kind == SectionKind::Money ? "MONEY_MODE" : part.name);
+    const int line = written != nullptr ? written->line : flag != nullptr ? flag->line : 0;
+    const std::string text = "[" + section.name + "] is turned on and lacks " + std::string(section.MissingKey());
+    if (bothSides) {
+        Warn(line, text + ": the reader goes on with what there is");
+    } else {
+        Error(line, text + ": the template declines, and a fixed reader reads every statement again");
     }
 }
 
 /// Money in one row goes on with what there is, but a row above the title's or of one column is never what was meant.
-void CTemplateCheck::CheckMoneyRow(const std::string& name) {
-    const Section* const section = file_.FindSection(name);
-    const int line = section != nullptr ? section->line : 0;
-    const bool startsAnywhere = file_.Text(name, "START_FLAG").empty();
-    if (startsAnywhere && file_.Integer(name, "START_OFFSET", -1) < 0) {
-        Error(line, "[" + name + "] lacks START_FLAG and START_OFFSET: every statement would raise an error");
-    } else if (startsAnywhere) {
-        Warn(line, "[" + name + "] lacks START_FLAG: rows are counted from the top of the statement");
+void CTemplateCheck::CheckMoneyRow(const TemplateSection& section) {
+    const Section* const written = file_.FindSection(section.name);
+    const int line = written != nullptr ? written->line : 0;
+    const std::string name = "[" + section.name + "]";
+    if (section.title.empty() && section.firstRow < 0) {
+        Error(line, name + " lacks START_FLAG and START_OFFSET: every statement would raise an error");
+    } else if (section.title.empty()) {
+        Warn(line, name + " lacks START_FLAG: rows are counted from the top of the statement");
     }
-    if (file_.Text(name, "DELIMITER").empty()) {
-        Error(line, "[" + name + "] lacks DELIMITER: its row is one column and never makes a record");
-    }
+    if (section.delimiter.empty())
+        Error(line, name + " lacks DELIMITER: its row is one column and never makes a record");
 }
 
 void CTemplateCheck::CheckScheme(bool isNew) {
-    for (const std::string_view name : {"MONEY_RECORD", "MATCH_RECORD", "PING_DETAIL", "OPI_DETAIL", "OPI_SUM"}) {
-        TemplatePart part = *FindTemplatePart(name);
-        part.isNew = isNew;
-        CheckComplete(part);
+    const TemplateScheme& scheme = parsed_.Scheme(isNew);
+    for (const SectionKind kind : kKinds) {
+        if (kind == SectionKind::Money && IsInOneRow(isNew)) {
+            CheckMoneyRow(scheme.money);
+        } else {
+            CheckComplete(kind, scheme.Section(kind));
+        }
     }
 }
 
 void CTemplateCheck::CheckSchemes() {
     const bool describesNothing = std::ranges::none_of(
         file_.Sections(), [](const Section& section) { return FindTemplatePart(section.name).has_value(); });
-    if (file_.FindSection(kCommon) == nullptr) {
+    if (file_.FindSection(kTemplateCommonSection) == nullptr) {
         Error(0, "expected a section [DEALFIELD]");
     } else if (describesNothing && HandsEverythingOn() && !TurnsOnTables()) {
-        Warn(file_.FindSection(kCommon)->line,
+        Warn(file_.FindSection(kTemplateCommonSection)->line,
              "no section is described: fixed readers read every statement, and only the change date counts (format 3)");
     } else {
-        if (describesNothing && !HandsEverythingOn())
+        if (describesNothing && !HandsEverythingOn()) {
             Error(0, "no section is described, and the money mode keeps fixed readers from reading");
+        }
         CheckScheme(false);
         if (HasChangeDate()) CheckScheme(true);
     }

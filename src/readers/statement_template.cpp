@@ -15,8 +15,6 @@
 namespace tradebill {
 namespace {
 
-constexpr std::string_view kCommon = "DEALFIELD";
-constexpr std::size_t kLongestText = 31;
 constexpr std::int32_t kNoKey = -1;
 
 /// The keys of one INI section of the template, found once.
@@ -26,7 +24,7 @@ public:
 
     [[nodiscard]] std::string_view Text(std::string_view key, std::string_view fallback = {}) const {
         const CIniFile::Entry* const entry = Find(key);
-        return (entry != nullptr ? std::string_view(entry->value) : fallback).substr(0, kLongestText);
+        return (entry != nullptr ? std::string_view(entry->value) : fallback).substr(0, kLongestTemplateText);
     }
     [[nodiscard]] std::int32_t Integer(std::string_view key, std::int32_t fallback) const {
         const CIniFile::Entry* const entry = Find(key);
@@ -78,7 +76,8 @@ TemplateSide SideOf(const CKeys& keys, std::string_view side, std::string_view l
 /// Reads one of the two schemes.
 class CSchemeReader {
 public:
-    CSchemeReader(const CIniFile& file, bool isNew) : file_(file), common_(file, kCommon), isNew_(isNew) {}
+    CSchemeReader(const CIniFile& file, bool isNew)
+        : file_(file), common_(file, kTemplateCommonSection), isNew_(isNew) {}
 
     [[nodiscard]] TemplateScheme Read() const {
         TemplateScheme scheme;
@@ -170,9 +169,25 @@ std::string_view TemplateSection::MissingKey() const {
     return delimiter.empty() ? "DELIMITER" : "";
 }
 
+const TemplateSection& TemplateScheme::Section(SectionKind kind) const {
+    switch (kind) {
+        case SectionKind::Money:
+            break;
+        case SectionKind::Trades:
+            return trades.section;
+        case SectionKind::Closed:
+            return closed.section;
+        case SectionKind::Open:
+            return open.section;
+        case SectionKind::Summary:
+            return summary;
+    }
+    return money;
+}
+
 CStatementTemplate::CStatementTemplate(CIniFile file)
     : file_(std::move(file)),
-      changeDate_(Trim(CKeys(file_, kCommon).Text("BILLFORMAT_NEWDATE"))),
+      changeDate_(Trim(CKeys(file_, kTemplateCommonSection).Text(kTemplateChangeDate))),
       oldScheme_(CSchemeReader(file_, false).Read()),
       newScheme_(CSchemeReader(file_, true).Read()) {}
 

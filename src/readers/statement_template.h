@@ -63,6 +63,8 @@ struct TemplateScheme {
     std::size_t openPLColumn = kNoColumn;
     TemplateSection summary;
     TemplateSide summarySides[2];
+
+    [[nodiscard]] const TemplateSection& Section(SectionKind kind) const;
 };
 
 class CStatementTemplate {
@@ -74,6 +76,9 @@ public:
     /// Whether `day` (yyyymmdd) is at or behind the change date. Throws CReportError for a change date, or a day, that
     /// is no date.
     [[nodiscard]] bool HoldsNewScheme(std::string_view day) const;
+
+    /// Trimmed; empty: the old scheme holds always.
+    [[nodiscard]] std::string_view ChangeDate() const { return changeDate_; }
 
     [[nodiscard]] const TemplateScheme& Scheme(bool isNew) const { return isNew ? newScheme_ : oldScheme_; }
 

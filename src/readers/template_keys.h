@@ -9,6 +9,10 @@
 
 namespace tradebill {
 
+inline constexpr std::string_view kTemplateCommonSection = "DEALFIELD";
+inline constexpr std::string_view kTemplateChangeDate = "BILLFORMAT_NEWDATE";
+inline constexpr std::size_t kLongestTemplateText = 31;  ///< bytes that count of a text
+
 /// A column key and its field.
 template <class Record>
 struct TemplateColumnKey {

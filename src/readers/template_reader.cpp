@@ -76,9 +76,7 @@ void CTemplateReader::ReadMoneyInOneRow() {
         .title = scheme_.money.title, .minColumns = kLeastMoneyColumns, .delimiter = scheme_.money.delimiter};
     const auto title = scan_.FindTitle(layout);
     if (!title) return;
-    const std::int64_t line = static_cast<std::int64_t>(*title) + scheme_.money.firstRow;
-    if (line >= static_cast<std::int64_t>(scan_.RowCount())) return;
-    const auto row = scan_.ReadRow(line, layout);
+    const auto row = scan_.ReadRowBelow(*title, scheme_.money.firstRow, layout);
     if (row) HandOver(MakeMoneyRecord(day_, *row, scheme_.moneyColumns, scheme_.cashFlow), scan_.Listener());
 }
 
