@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "support/png_bytes.h"
 #include "support/temp_folder.h"
 
 namespace tradebill {
@@ -11,30 +12,9 @@ namespace {
 
 using namespace std::string_literals;
 
-std::string BigEndian(unsigned value, int bytes) {
-    std::string text;
-    for (int shift = 8 * (bytes - 1); shift >= 0; shift -= 8) text += static_cast<char>((value >> shift) & 0xFF);
-    return text;
-}
-
-/// The check sum that ends a PNG chunk.
-unsigned CheckSum(const std::string& bytes) {
-    unsigned sum = 0xFFFFFFFF;
-    for (const char byte : bytes) {
-        sum ^= static_cast<unsigned char>(byte);
-        for (int bit = 0; bit < 8; ++bit) sum = (sum >> 1) ^ ((sum & 1) != 0 ? 0xEDB88320U : 0);
-    }
-    return ~sum;
-}
-
-std::string Chunk(const std::string& type, const std::string& data) {
-    return BigEndian(static_cast<unsigned>(data.size()), 4) + type + data + BigEndian(CheckSum(type + data), 4);
-}
-
 /// A PNG of RGB pixels as far as a size is concerned: its image data stops at once.
 std::string Png(unsigned width, unsigned height) {
-    return "\x89PNG\r\n\x1A\n" + Chunk("IHDR", BigEndian(width, 4) + BigEndian(height, 4) + "\x08\x02\0\0\0"s) +
-           Chunk("IDAT", "\x78\x9C"s) + Chunk("IEND", "");
+    return PngOf({.width = width, .height = height, .depth = 8, .kind = 2}, "\x78\x9C");
 }
 
 /// A grey JPEG as far as the start of its pixels.

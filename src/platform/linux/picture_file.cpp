@@ -4,6 +4,7 @@
 #include <turbojpeg.h>
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -19,6 +20,9 @@
 namespace tradebill {
 namespace {
 
+/// 0xAARRGGBB in memory.
+constexpr png_uint_32 kPicturePixels = std::endian::native == std::endian::little ? PNG_FORMAT_BGRA : PNG_FORMAT_ARGB;
+
 struct DestroyCodec {
     void operator()(tjhandle handle) const { tjDestroy(handle); }
 };
@@ -28,13 +32,36 @@ struct FreeJpeg {
     void operator()(unsigned char* bytes) const { tjFree(bytes); }
 };
 
+/// A PNG as far as its header is read.
+class CPngReader {
+public:
+    explicit CPngReader(std::string_view content) {
+        image_.version = PNG_IMAGE_VERSION;
+        isOpen_ = png_image_begin_read_from_memory(&image_, content.data(), content.size()) != 0;
+    }
+    ~CPngReader() { png_image_free(&image_); }
+    CPngReader(const CPngReader&) = delete;
+    CPngReader& operator=(const CPngReader&) = delete;
+
+    [[nodiscard]] bool IsOpen() const { return isOpen_; }
+    [[nodiscard]] PictureSize Size() const { return {static_cast<int>(image_.width), static_cast<int>(image_.height)}; }
+
+    /// Fills a picture of this size.
+    [[nodiscard]] bool ReadPixels(CPicture& picture) {
+        // Sixteen bits without a word on their meaning are taken as eight are: as screens show them.
+        image_.flags |= PNG_IMAGE_FLAG_16BIT_sRGB;
+        image_.format = kPicturePixels;
+        return png_image_finish_read(&image_, nullptr, picture.Row(0), 0, nullptr) != 0;
+    }
+
+private:
+    png_image image_{};
+    bool isOpen_ = false;
+};
+
 std::optional<PictureSize> PngSize(std::string_view content) {
-    png_image image{};
-    image.version = PNG_IMAGE_VERSION;
-    const bool isPng = png_image_begin_read_from_memory(&image, content.data(), content.size()) != 0;
-    const PictureSize size{static_cast<int>(image.width), static_cast<int>(image.height)};
-    png_image_free(&image);
-    return isPng ? std::optional(size) : std::nullopt;
+    const CPngReader reader(content);
+    return reader.IsOpen() ? std::optional(reader.Size()) : std::nullopt;
 }
 
 std::optional<PictureSize> JpegSize(std::string_view content) {
@@ -78,7 +105,30 @@ std::vector<std::uint8_t> RgbRows(const CBitmap& bitmap) {
     return bytes;
 }
 
+/// Writes rows from the top, in a pixel format of the library; nothing without a width and a height.
+bool SavePixels(PictureSize size, png_uint_32 format, const void* pixels, const std::string& path) {
+    if (size.width <= 0 || size.height <= 0) return false;
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    image.width = static_cast<png_uint_32>(size.width);
+    image.height = static_cast<png_uint_32>(size.height);
+    image.format = format;
+    png_alloc_size_t written = PNG_IMAGE_PNG_SIZE_MAX(image);
+    std::vector<unsigned char> bytes(written);
+    const int isMade = png_image_write_to_memory(&image, bytes.data(), &written, 0, pixels, 0, nullptr);
+    png_image_free(&image);
+    return isMade != 0 && SaveBytes(BytesOf(bytes.data(), written), path);
+}
+
 }  // namespace
+
+std::optional<CPicture> DecodePng(std::string_view content) {
+    CPngReader reader(content);
+    if (!reader.IsOpen()) return std::nullopt;
+    CPicture picture(reader.Size().width, reader.Size().height);
+    if (picture.Pixels().empty() || !reader.ReadPixels(picture)) return std::nullopt;
+    return picture;
+}
 
 PictureSize ReadPictureSize(const std::string& path) {
     const CFile file(path, FileMode::Read);
@@ -102,18 +152,12 @@ bool SaveJpeg(const CBitmap& bitmap, const std::string& path, int quality) {
 }
 
 bool SavePng(const CBitmap& bitmap, const std::string& path) {
-    if (bitmap.Pixels().empty()) return false;
-    png_image image{};
-    image.version = PNG_IMAGE_VERSION;
-    image.width = static_cast<png_uint_32>(bitmap.Width());
-    image.height = static_cast<png_uint_32>(bitmap.Height());
-    image.format = PNG_FORMAT_RGB;
     const std::vector<std::uint8_t> rows = RgbRows(bitmap);
-    png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(image);
-    std::vector<unsigned char> bytes(size);
-    const int written = png_image_write_to_memory(&image, bytes.data(), &size, 0, rows.data(), 0, nullptr);
-    png_image_free(&image);
-    return written != 0 && SaveBytes(BytesOf(bytes.data(), size), path);
+    return SavePixels({bitmap.Width(), bitmap.Height()}, PNG_FORMAT_RGB, rows.data(), path);
+}
+
+bool SavePng(const CPicture& picture, const std::string& path) {
+    return SavePixels({picture.Width(), picture.Height()}, kPicturePixels, picture.Pixels().data(), path);
 }
 
 }  // namespace tradebill
