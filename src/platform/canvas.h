@@ -10,6 +10,7 @@
 #include "platform/bitmap.h"
 #include "platform/font.h"
 #include "platform/geometry.h"
+#include "platform/picture.h"
 
 namespace tradebill {
 
@@ -65,6 +66,8 @@ public:
     /// Right and bottom are left out; uses neither pen nor brush.
     virtual void FillSolid(const Box& box, Color color) = 0;
     virtual void SetPixel(Point point, Color color) = 0;
+    /// Pixel by pixel over what is there, as far as each is opaque.
+    virtual void DrawPicture(const CPicture& picture, Point leftTop) = 0;
 
     /// One line of GBK text, the left top corner of its first cell at `point`; a font with an escapement turns it
     /// around that corner.

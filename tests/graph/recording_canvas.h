@@ -36,12 +36,18 @@ struct PaintedText {
     TextBackground background;
 };
 
+struct PaintedPicture {
+    CPicture picture;
+    Point at;
+};
+
 class CRecordingCanvas final : public CCanvas {
 public:
     std::vector<PaintedLine> lines;
     std::vector<PaintedShape> rectangles;
     std::vector<PaintedShape> ellipses;
     std::vector<PaintedText> texts;
+    std::vector<PaintedPicture> pictures;
 
     Pen SelectPen(const Pen& pen) override { return std::exchange(pen_, pen); }
     Brush SelectBrush(const Brush& brush) override { return std::exchange(brush_, brush); }
@@ -62,6 +68,7 @@ public:
     void FillPath() override {}
     void FillSolid(const Box&, Color) override {}
     void SetPixel(Point, Color) override {}
+    void DrawPicture(const CPicture& picture, Point leftTop) override { pictures.push_back({picture, leftTop}); }
 
     void WriteText(Point point, std::string_view text) override {
         texts.push_back({point, std::string(text), font_, textColor_, background_});

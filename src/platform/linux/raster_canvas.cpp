@@ -64,6 +64,7 @@ public:
         raster_.FillBox({box.left, box.top}, {box.right, box.bottom}, PixelOf(color));
     }
     void SetPixel(Point point, Color color) override { raster_.SetPixel(point.x, point.y, PixelOf(color)); }
+    void DrawPicture(const CPicture& picture, Point leftTop) override { raster_.DrawPicture(picture, leftTop); }
 
     void WriteText(Point point, std::string_view text) override {
         if (textBackground_ == TextBackground::Opaque) {

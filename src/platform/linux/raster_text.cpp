@@ -1,10 +1,10 @@
 #include "platform/linux/raster_text.h"
 
-#include <algorithm>
 #include <cmath>
 #include <mutex>
 #include <numbers>
 
+#include "platform/linux/blend.h"
 #include "platform/linux/text_layout.h"
 
 namespace tradebill {
@@ -29,25 +29,13 @@ private:
     double sine_;
 };
 
-std::uint32_t Blended(std::uint32_t under, std::uint32_t over, std::uint32_t coverage) {
-    std::uint32_t result = 0;
-    for (int shift = 0; shift <= 16; shift += 8) {
-        const std::uint32_t from = under >> shift & 0xFF;
-        const std::uint32_t to = over >> shift & 0xFF;
-        result |= (from * (255 - coverage) + to * coverage + 127) / 255 << shift;
-    }
-    return result;
-}
-
-void BlendPicture(CBitmap& bitmap, const GlyphPicture& picture, FarPoint leftTop, std::uint32_t pixel) {
-    for (std::int32_t row = 0; row < picture.height; ++row) {
-        const std::int64_t y = leftTop.y + row;
-        if (y < 0 || y >= bitmap.Height()) continue;
-        std::uint32_t* const target = bitmap.Row(static_cast<std::int32_t>(y));
-        const std::uint8_t* const coverage = picture.coverage.data() + static_cast<std::ptrdiff_t>(row) * picture.width;
-        const std::int64_t first = std::max<std::int64_t>(0, -leftTop.x);
-        const std::int64_t last = std::min<std::int64_t>(picture.width, bitmap.Width() - leftTop.x);
-        for (std::int64_t column = first; column < last; ++column) {
+void BlendGlyph(CBitmap& bitmap, const GlyphPicture& picture, FarPoint leftTop, std::uint32_t pixel) {
+    const SeenPart rows(leftTop.y, picture.height, bitmap.Height());
+    const SeenPart columns(leftTop.x, picture.width, bitmap.Width());
+    for (std::int64_t row = rows.first; row < rows.end; ++row) {
+        std::uint32_t* const target = bitmap.Row(static_cast<std::int32_t>(leftTop.y + row));
+        const std::uint8_t* const coverage = picture.coverage.data() + row * picture.width;
+        for (std::int64_t column = columns.first; column < columns.end; ++column) {
             std::uint32_t& under = target[leftTop.x + column];
             under = Blended(under, pixel, coverage[column]);
         }
@@ -77,7 +65,7 @@ void PaintText(CBitmap& bitmap, const Font& font, Point point, std::string_view 
         }
         const GlyphPicture& picture = glyph.face->PictureOf(glyph.character, font.escapement);
         const FarPoint base = turn.At(glyph.offset, metrics.ascent);
-        BlendPicture(bitmap, picture, {base.x + picture.left, base.y - picture.top}, pixel);
+        BlendGlyph(bitmap, picture, {base.x + picture.left, base.y - picture.top}, pixel);
     }
 }
 
