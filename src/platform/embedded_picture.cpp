@@ -1,0 +1,11 @@
+#include "platform/embedded_picture.h"
+
+#include "platform/picture_file.h"
+
+namespace tradebill {
+
+std::optional<CPicture> LoadPngResource(int id) {
+    return DecodePng(EmbeddedPicture(id));
+}
+
+}  // namespace tradebill
