@@ -9,7 +9,7 @@ namespace tradebill {
 
 [[nodiscard]] std::time_t PresentTime();
 
-/// The local calendar day of `time`.
+/// The local calendar day of `time`; all zeros if the calendar has none for it.
 [[nodiscard]] CalendarDay LocalDayOf(std::time_t time);
 
 }  // namespace tradebill

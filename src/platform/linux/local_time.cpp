@@ -1,6 +1,13 @@
 #include "platform/local_time.h"
 
+#include <climits>
+
 namespace tradebill {
+namespace {
+
+constexpr int kYearZero = 1900;  // of tm_year
+
+}  // namespace
 
 std::time_t PresentTime() {
     return std::time(nullptr);
@@ -8,8 +15,8 @@ std::time_t PresentTime() {
 
 CalendarDay LocalDayOf(std::time_t time) {
     std::tm parts{};
-    if (::localtime_r(&time, &parts) == nullptr) return {};
-    return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday};
+    if (::localtime_r(&time, &parts) == nullptr || parts.tm_year > INT_MAX - kYearZero) return {};
+    return {parts.tm_year + kYearZero, parts.tm_mon + 1, parts.tm_mday};
 }
 
 }  // namespace tradebill
