@@ -1,0 +1,60 @@
+#include "images/header_block.h"
+
+#include <string>
+
+#include "base/day.h"
+#include "base/gbk.h"
+#include "platform/embedded_picture.h"
+#include "platform/local_time.h"
+
+namespace tradebill {
+namespace {
+
+constexpr Font kHeaderFont{.face = "Arial", .cellHeight = 16, .weight = 600};
+constexpr Color kBannerTextColor = 0xFBEEEE;
+constexpr std::int32_t kBannerTextIndent = 200;  // from the right
+constexpr std::int32_t kAccountTop = 40;
+constexpr std::int32_t kDaysTop = 60;
+constexpr std::int32_t kBannerStep = 100;  // from banner to title bar
+constexpr std::int32_t kTitleIndent = 60;  // from the right
+constexpr std::string_view kTitle;         // the page lays its own titles over the bar
+
+std::string AccountText(std::string_view account) {
+    return std::string("账号:\r\r"_gbk).append(account);
+}
+
+std::string DaysText(const ReportRange& days) {
+    return std::string("报告期间:\r\r"_gbk) + DayText(LocalDayOf(days.first)) + "-" + DayText(LocalDayOf(days.last));
+}
+
+void PaintBanner(CCanvas& canvas, const HeaderBlock& block, std::int32_t y) {
+    if (const auto banner = LoadPngResource(kBannerId)) canvas.DrawPicture(*banner, {0, y});
+    const CFontScope font(canvas, kHeaderFont);
+    canvas.SelectTextColor(kBannerTextColor);
+    const std::int32_t left = block.width - kBannerTextIndent;
+    canvas.WriteText({left, y + kAccountTop}, AccountText(block.account));
+    canvas.WriteText({left, y + kDaysTop}, DaysText(block.days));
+}
+
+void PaintTitleBar(CCanvas& canvas, const HeaderBlock& block, std::int32_t y) {
+    const auto bar = LoadPngResource(kTitleBarId);
+    if (bar) canvas.DrawPicture(*bar, {0, y});
+    const CFontScope font(canvas, kHeaderFont);
+    canvas.SelectTextColor(kWhite);
+    const std::int32_t barHeight = bar ? bar->Height() : 0;
+    const std::int32_t textHeight = canvas.MeasureText(kTitle).height;
+    canvas.WriteText({block.width - kTitleIndent, y + (barHeight - textHeight) / 2}, kTitle);
+}
+
+}  // namespace
+
+std::int32_t PaintHeaderBlock(CCanvas& canvas, const HeaderBlock& block, std::int32_t y) {
+    if (block.withBanner) {
+        PaintBanner(canvas, block, y);
+        y += kBannerStep;
+    }
+    PaintTitleBar(canvas, block, y);
+    return y;
+}
+
+}  // namespace tradebill
