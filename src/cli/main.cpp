@@ -6,6 +6,7 @@
 #include <string>
 
 #include "cli/explain_command.h"
+#include "cli/gallery_command.h"
 #include "cli/layouts_command.h"
 #include "cli/report_command.h"
 #include "cli/template_check.h"
@@ -19,6 +20,7 @@ struct Arguments {
     ReportCommand report;
     ExplainCommand explain;
     std::string templateFile;
+    std::string galleryFolder;
 };
 
 /// The commands; the one that the command line names is the parsed one.
@@ -27,6 +29,7 @@ struct Commands {
     CLI::App* explain;
     CLI::App* layouts;
     CLI::App* templateCheck;
+    CLI::App* gallery;
 };
 
 Commands Declare(CLI::App& app, Arguments& arguments) {
@@ -49,6 +52,9 @@ Commands Declare(CLI::App& app, Arguments& arguments) {
     templates->require_subcommand(1);
     commands.templateCheck = templates->add_subcommand("check", "Find what a template says in vain");
     commands.templateCheck->add_option("FILE", arguments.templateFile, "The template")->required()->type_name("");
+
+    commands.gallery = app.add_subcommand("gallery", "Paint every kind of chart, with a page that shows them");
+    commands.gallery->add_option("DIR", arguments.galleryFolder, "Where to")->required()->type_name("");
     return commands;
 }
 
@@ -72,6 +78,7 @@ int Run(int argc, char** argv) {
     if (commands.explain->parsed()) return RunExplainCommand(arguments.explain);
     if (commands.templateCheck->parsed()) return RunTemplateCheck(arguments.templateFile);
     if (commands.report->parsed()) return RunReportCommand(arguments.report);
+    if (commands.gallery->parsed()) return RunGalleryCommand(arguments.galleryFolder);
     PrintLayouts();
     return kExitDone;
 }

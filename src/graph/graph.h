@@ -1,13 +1,12 @@
 // A chart that knows nothing of accounts: a caller fills a CGraph with series, colours and scale and asks it once to
-// paint itself. graph_layout.cpp shares out the rectangle, graph_title.cpp, graph_axes.cpp and graph_labels.cpp draw
-// what stands around the data, graph_lines.cpp and graph_second.cpp the series.
-//
-// What is painted so far are upright line charts in the first quadrant, with a second axis if need be. Charts of other
-// kinds show frame, title and axes.
+// paint itself. graph_layout.cpp shares out the rectangle; graph_title.cpp, graph_axes.cpp, graph_labels.cpp,
+// crossed_axes.cpp and box_axes.cpp draw what stands around the data; graph_painters.h lists the painters of the data,
+// one for each kind of chart.
 #pragma once
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,6 +35,9 @@ public:
     [[nodiscard]] const CGraphDataSet* FindData(std::int32_t group) const;
 };
 
+/// The value of a group as all painters but that of the upright line take it: -1 and less is a missing one.
+[[nodiscard]] std::optional<double> ValueToDraw(const CGraphSeries& series, std::int32_t group);
+
 /// The colour of a group. Painters go by the place in the list.
 struct CGraphDataColor {
     std::int32_t group = 0;
@@ -51,7 +53,20 @@ struct CGraphLegend {
 using SeriesList = std::vector<std::unique_ptr<CGraphSeries>>;
 using ColorList = std::vector<std::unique_ptr<CGraphDataColor>>;
 
-inline constexpr std::int32_t kLineGraph = 1;  ///< of `graphType`: a line with dots
+/// Of `graphType`.
+enum GraphKind : std::int32_t {
+    kBarGraph = 0,
+    kLineGraph = 1,  ///< with dots; with `fillArea` 1 filled bands
+    kPieGraph = 2,
+    kScatterGraph = 3,  ///< numeric on both axes
+    kBoxGraph = 4,
+    kStackedBarGraph = 20,
+    kSlotLineGraph = 21,  ///< lines whose points stand where bars would
+    kBar3dGraph = 30,
+    kLine3dGraph = 31,
+    kPie3dGraph = 32,
+    kStackedBar3dGraph = 320,
+};
 
 /// Fields are public and written directly. Coordinates are device pixels, texts GBK. Those marked computed hold nothing
 /// before DrawGraph, which is meant to run once.
@@ -136,8 +151,27 @@ public:
     std::int32_t dpi = 0;             ///< screen resolution that fixed distances grow with; 0 leaves them
     std::int32_t screenWidth = 1920;  ///< pixels; the gap between value labels follows it
 
+    std::string message;  ///< computed: what kept the data from being painted; empty if nothing did
+
     /// Paints the chart into `rect`.
     void DrawGraph(CCanvas& canvas, const Box& rect);
+
+    // The steps of DrawGraph behind frame, title and layout.
+    void DrawGridLines(CCanvas& canvas);
+    void DrawAxis(CCanvas& canvas);
+    void DrawRightAxis(CCanvas& canvas);
+    void DrawSeries(CCanvas& canvas);
+
+    [[nodiscard]] Color GroupColor(std::int32_t group) const;
+    /// Of a secondary value: by whether it shows as more than 50.
+    [[nodiscard]] Color SecondColor(double value) const;
+    /// Groups that painters walk: `seriesSize` and `seriesSize2`, within reason.
+    [[nodiscard]] std::int32_t Groups() const;
+    [[nodiscard]] std::int32_t SecondGroups() const;
+    /// Tick intervals that are drawn: `numTicks`, within reason.
+    [[nodiscard]] std::int32_t TickCount() const;
+    /// Height of the font in which the axis titles fit their sides.
+    [[nodiscard]] std::int32_t AxisTitleHeight() const;
 
 private:
     // graph_title.cpp
@@ -152,42 +186,33 @@ private:
 
     // graph_layout.cpp
     void LayOut(CCanvas& canvas, const TextExtent& title);
+    void LayOutUpright(CCanvas& canvas, const TextExtent& title);
+    void LayOutNumeric(CCanvas& canvas);
+    void LayOutPies();
+    void MoveApexToQuadrant();
+    [[nodiscard]] std::int32_t DetectQuadrant() const;
     [[nodiscard]] std::int32_t Scaled(std::int32_t value) const;
-    [[nodiscard]] Color GroupColor(std::int32_t group) const;
-    [[nodiscard]] std::int32_t TickCount() const;
     [[nodiscard]] std::int32_t Rows() const;
     [[nodiscard]] double TickStep() const;
     [[nodiscard]] std::int32_t TickY(std::int32_t tick) const;
-    [[nodiscard]] std::int32_t PointX(std::size_t position, std::size_t count) const;
     [[nodiscard]] std::string LeftTickText(std::int32_t tick) const;
     [[nodiscard]] std::string RightTickTextMeasured(std::int32_t tick) const;
     template <class TextOfTick>
     [[nodiscard]] std::string Longest(TextOfTick textOf) const;
 
     // graph_axes.cpp, graph_labels.cpp
-    void DrawGridLines(CCanvas& canvas);
-    void DrawAxis(CCanvas& canvas);
+    void DrawPlainAxes(CCanvas& canvas);
     void DrawAxisLines(CCanvas& canvas) const;
-    [[nodiscard]] std::int32_t AxisTitleHeight() const;
-    void DrawAxisTitles(CCanvas& canvas) const;
+    void DrawYTitle(CCanvas& canvas) const;
+    void DrawXTitle(CCanvas& canvas) const;
     void DrawLeftTicks(CCanvas& canvas);
-    void DrawRightAxis(CCanvas& canvas);
     void DrawXTick(CCanvas& canvas, std::int32_t x) const;
     void DrawXLabels(CCanvas& canvas);
-
-    // graph_lines.cpp
-    void DrawSeries(CCanvas& canvas);
-    void DrawLineSeries(CCanvas& canvas);
-    void DrawPoint(CCanvas& canvas, Color color, const Point* previous, Point at) const;
-    [[nodiscard]] std::int32_t HeightOf(double value) const;
-    [[nodiscard]] std::int32_t LabelGap() const;
-
-    // graph_second.cpp
-    void CollectPointX(std::vector<std::int32_t>& positions) const;
-    [[nodiscard]] Color SecondColor(double value) const;
-    void DrawSecondBars(CCanvas& canvas);
-    void DrawSecondBar(CCanvas& canvas, std::int32_t x0, std::int32_t x1, double value) const;
-    void DrawSecondLine(CCanvas& canvas);
+    void DrawTurnedLabels(CCanvas& canvas);
+    void DrawLabelsApart(CCanvas& canvas, std::int32_t averageWidth);
+    void DrawThinnedLabels(CCanvas& canvas, std::int32_t averageWidth);
+    [[nodiscard]] std::int32_t XTickY() const;
+    [[nodiscard]] std::int32_t XLabelY() const;
 };
 
 }  // namespace tradebill

@@ -1,11 +1,13 @@
-// Grid, axes, ticks and captions of an upright chart.
+// Grid, axes, ticks and captions of an upright chart in the first quadrant, and its right axis.
 #include <algorithm>
 #include <string>
 
 #include "base/number.h"
 #include "base/text.h"
 #include "graph/graph.h"
+#include "graph/graph_axes.h"
 #include "graph/graph_measures.h"
+#include "graph/graph_plane.h"
 
 namespace tradebill {
 namespace {
@@ -14,7 +16,10 @@ constexpr std::int32_t kHalfTick = 3;
 
 }  // namespace
 
+/// Axes that aren't plain bring their own grid.
 void CGraph::DrawGridLines(CCanvas& canvas) {
+    const AxisStyle style = AxisStyleOf(*this);
+    if (style == AxisStyle::Crossed || style == AxisStyle::Box) return;
     const std::int32_t xEnd = xAxisWidth + xApexPoint - 10;
     if (graphSeries.size() < 2) xAxisLast = xEnd;
     for (std::int32_t tick = 0; tick <= TickCount(); ++tick) {
@@ -23,26 +28,35 @@ void CGraph::DrawGridLines(CCanvas& canvas) {
         DrawLineBetween(canvas, {xApexPoint, TickY(tick)}, {xEnd, TickY(tick)});
     }
     const std::int32_t top = TickY(topRowMode == 1 ? TickCount() + 1 : TickCount());
+    const CPlotPlane plane(*this);
     const CPenScope pen(canvas, {.width = 1, .color = kGridColor});
     for (std::size_t position = 2; position <= graphSeries.size(); ++position) {
-        const std::int32_t x = PointX(position, graphSeries.size());
+        const std::int32_t x = plane.PointX(position, graphSeries.size());
         DrawLineBetween(canvas, {x, top}, {x, axisBottom});
     }
 }
 
 void CGraph::DrawAxis(CCanvas& canvas) {
+    const AxisStyle style = AxisStyleOf(*this);
+    if (style == AxisStyle::None) return;
     canvas.SelectTextColor(kAxisColor);
     const CFontScope font(canvas, ChartFont(kTahoma, 12));
+    if (style == AxisStyle::Plain) DrawPlainAxes(canvas);
+    if (style == AxisStyle::Crossed) DrawCrossedAxes(*this, canvas);
+    if (style == AxisStyle::Box) DrawBoxAxes(*this, canvas);
+    if (!IsLying(*this) && graphType != kScatterGraph) DrawXLabels(canvas);
+}
+
+void CGraph::DrawPlainAxes(CCanvas& canvas) {
     DrawAxisLines(canvas);
-    DrawAxisTitles(canvas);
+    DrawYTitle(canvas);
+    DrawXTitle(canvas);
     DrawLeftTicks(canvas);
-    if (unitText[0] != '\0') {
-        const CFontScope unitFont(canvas, ChartFont(kSong, tickFontSize));
-        const std::string caption = " " + std::string(FieldText(unitText)) + " ";
-        canvas.SelectTextBackground(TextBackground::Transparent);
-        canvas.WriteText({xApexPoint - canvas.MeasureText(caption).width, axisBottom - plotHeight}, caption);
-    }
-    DrawXLabels(canvas);
+    if (unitText[0] == '\0') return;
+    const CFontScope unitFont(canvas, ChartFont(kSong, tickFontSize));
+    const std::string caption = " " + std::string(FieldText(unitText)) + " ";
+    canvas.SelectTextBackground(TextBackground::Transparent);
+    canvas.WriteText({xApexPoint - canvas.MeasureText(caption).width, axisBottom - plotHeight}, caption);
 }
 
 void CGraph::DrawAxisLines(CCanvas& canvas) const {
@@ -68,17 +82,19 @@ std::int32_t CGraph::AxisTitleHeight() const {
     return height;
 }
 
-void CGraph::DrawAxisTitles(CCanvas& canvas) const {
+void CGraph::DrawYTitle(CCanvas& canvas) const {
+    if (axisYLabel.empty()) return;
     const CFontScope font(canvas, ChartFont(kTahoma, AxisTitleHeight()));
-    if (!axisYLabel.empty()) {
-        const std::int32_t height = canvas.MeasureText(axisYLabel).height;
-        canvas.WriteText({outline.left + 10, yApexPoint - height / 2 - yAxisHeight / 2}, axisYLabel);
-    }
-    if (!axisXLabel.empty()) {
-        const auto halfLength = static_cast<std::int32_t>(axisXLabel.size() / 2);
-        const std::int32_t x = xAxisWidth / 2 - halfLength * canvas.Metrics().averageWidth + xApexPoint;
-        canvas.WriteText({x, yApexPoint + 25}, axisXLabel);
-    }
+    const std::int32_t height = canvas.MeasureText(axisYLabel).height;
+    canvas.WriteText({outline.left + 10, yApexPoint - height / 2 - yAxisHeight / 2}, axisYLabel);
+}
+
+void CGraph::DrawXTitle(CCanvas& canvas) const {
+    if (axisXLabel.empty()) return;
+    const CFontScope font(canvas, ChartFont(kTahoma, AxisTitleHeight()));
+    const std::int32_t halfWidth =
+        ToPixel(static_cast<double>(LengthOf(axisXLabel) / 2) * canvas.Metrics().averageWidth);
+    canvas.WriteText({xAxisWidth / 2 - halfWidth + xApexPoint, yApexPoint + 25}, axisXLabel);
 }
 
 void CGraph::DrawLeftTicks(CCanvas& canvas) {
@@ -100,6 +116,7 @@ void CGraph::DrawRightAxis(CCanvas& canvas) {
         const CPenScope pen(canvas, kAxisPen);
         DrawLineBetween(canvas, {xRight, axisBottom}, {xRight, ToPixel(axisBottom - Rows() * TickStep())});
     }
+    DrawYTitle(canvas);  // once more, where it stands already
     {
         const CFontScope font(canvas, ChartFont(kTahoma, tickFontSize));
         for (std::int32_t tick = 0; tick <= TickCount(); ++tick) {

@@ -1,6 +1,8 @@
 // Labels of the X axis, thinned out.
+#include "base/number.h"
 #include "graph/graph.h"
 #include "graph/graph_measures.h"
+#include "graph/graph_plane.h"
 
 namespace tradebill {
 namespace {
@@ -17,49 +19,94 @@ bool Holds(const Box& box, Point point) {
     return point.x >= box.left && point.x < box.right && point.y >= box.top && point.y < box.bottom;
 }
 
+std::int32_t LabelWidth(const std::string& label, std::int32_t averageWidth) {
+    return ToPixel(static_cast<double>(LengthOf(label)) * averageWidth);
+}
+
 }  // namespace
 
+/// Bands and crossed axes have their ticks at the lowest value, above the spare row.
+std::int32_t CGraph::XTickY() const {
+    return AxisStyleOf(*this) != AxisStyle::Plain || IsArea(*this) ? yApexPoint : axisBottom;
+}
+
+/// Labels stay out of a plot whose axis runs through its middle.
+std::int32_t CGraph::XLabelY() const {
+    return (AxisStyleOf(*this) == AxisStyle::Plain && IsArea(*this) ? yApexPoint : axisBottom) + 8;
+}
+
 void CGraph::DrawXTick(CCanvas& canvas, std::int32_t x) const {
-    DrawLineBetween(canvas, {x, axisBottom - 3}, {x, axisBottom + 3});
+    const std::int32_t y = XTickY();
+    if (AxisStyleOf(*this) == AxisStyle::Box) {
+        const std::int32_t outward = ToPixel(depth * 0.2);
+        DrawLineBetween(canvas, {x, y}, {x - outward, y + outward});
+    } else {
+        DrawLineBetween(canvas, {x, y - 3}, {x, y + 3});
+    }
 }
 
 void CGraph::DrawXLabels(CCanvas& canvas) {
-    const std::size_t count = graphSeries.size();
     std::int32_t averageWidth = 0;
     {
         const CFontScope font(canvas, ChartFont(kTahoma, AxisTitleHeight()));
         averageWidth = canvas.Metrics().averageWidth;  // of the axis titles, not of the labels
     }
-    const CFontScope font(canvas, ChartFont(kTahoma, xLabelFontSize, xAxisAlign * 10));
-    std::int32_t lastRight = 0;
+    const CFontScope font(canvas, ChartFont(kTahoma, xLabelFontSize, WrapMultiply(xAxisAlign, 10)));
+    if (xAxisAlign != 0) {
+        DrawTurnedLabels(canvas);
+    } else if (avoidLabelOverlap != 0) {
+        DrawLabelsApart(canvas, averageWidth);
+    } else {
+        DrawThinnedLabels(canvas, averageWidth);
+    }
+}
+
+/// All of them, without ticks.
+void CGraph::DrawTurnedLabels(CCanvas& canvas) {
+    const CPlotPlane plane(*this);
+    const std::int32_t reserved = ToPixel(static_cast<double>(xAxisLabelLength) * canvas.Metrics().averageWidth);
+    for (std::size_t position = 1; position <= graphSeries.size(); ++position) {
+        const std::int32_t x = plane.PointX(position, graphSeries.size());
+        const Point at = xAxisAlign >= 180 ? Point{x + 2, yApexPoint + 8} : Point{x - 8, reserved + yApexPoint + 8};
+        canvas.WriteText(at, graphSeries[position - 1]->seriesLabel);
+        xAxisLast = x;
+    }
+}
+
+/// A tick for each, and each label that doesn't begin inside the one before.
+void CGraph::DrawLabelsApart(CCanvas& canvas, std::int32_t averageWidth) {
+    const CPlotPlane plane(*this);
     Box lastLabel;
+    for (std::size_t position = 1; position <= graphSeries.size(); ++position) {
+        const std::string& label = graphSeries[position - 1]->seriesLabel;
+        const std::int32_t x = plane.PointX(position, graphSeries.size());
+        const std::int32_t halfWidth = LabelWidth(label, averageWidth) / 2;
+        const Box box{x - halfWidth, XLabelY(), x + halfWidth, XLabelY() + canvas.MeasureText(label).height};
+        DrawXTick(canvas, x);
+        xAxisLast = x;
+        if (position > 1 && (Holds(lastLabel, {box.left, box.top}) || Holds(lastLabel, {box.left, box.bottom})))
+            continue;
+        canvas.WriteText({box.left, box.top}, label);
+        lastLabel = box;
+    }
+}
+
+/// Ticks and labels at every so many positions, and at the last one if there is room.
+void CGraph::DrawThinnedLabels(CCanvas& canvas, std::int32_t averageWidth) {
+    const CPlotPlane plane(*this);
+    const std::size_t count = graphSeries.size();
+    std::int32_t lastRight = 0;
     for (std::size_t position = 1; position <= count; ++position) {
         const std::string& label = graphSeries[position - 1]->seriesLabel;
-        const std::int32_t x = PointX(position, count);
-        const std::int32_t width = static_cast<std::int32_t>(label.size()) * averageWidth;
+        const std::int32_t x = plane.PointX(position, count);
+        const std::int32_t halfWidth = LabelWidth(label, averageWidth) / 2;
         xAxisLast = x;
-        if (xAxisAlign != 0) {
-            const Point at = xAxisAlign >= 180
-                                 ? Point{x + 2, yApexPoint + 8}
-                                 : Point{x - 8, xAxisLabelLength * canvas.Metrics().averageWidth + yApexPoint + 8};
-            canvas.WriteText(at, label);
-            continue;
-        }
-        const Point at{x - width / 2, axisBottom + 8};
-        if (avoidLabelOverlap != 0) {
-            DrawXTick(canvas, x);
-            const Box box{at.x, at.y, x + width / 2, at.y + canvas.MeasureText(label).height};
-            if (position > 1 && (Holds(lastLabel, at) || Holds(lastLabel, {at.x, box.bottom}))) continue;
-            canvas.WriteText(at, label);
-            lastLabel = box;
-            continue;
-        }
-        const bool isRegular = count <= kAllShown || position == 1 || (position - 1) % LabelInterval(count) == 0;
-        const bool isLast = position == count && x - lastRight >= width / 2;
+        const bool isRegular = position == 1 || (position - 1) % LabelInterval(count) == 0;
+        const bool isLast = position == count && x - lastRight >= halfWidth;
         if (!isRegular && !isLast) continue;
-        if (isRegular && position > 1) lastRight = x + width / 2;
+        if (isRegular && position > 1) lastRight = x + halfWidth;
         DrawXTick(canvas, x);
-        canvas.WriteText(at, label);
+        canvas.WriteText({x - halfWidth, XLabelY()}, label);
     }
 }
 

@@ -1,4 +1,5 @@
-// How the rectangle is shared out among title, axes, tick rows and captions.
+// How the rectangle is shared out among title, axes, tick rows and captions: in full for upright charts, with fixed
+// margins for those whose values run along X, and not at all for pies.
 #include <algorithm>
 #include <cmath>
 
@@ -7,6 +8,7 @@
 #include "base/text.h"
 #include "graph/graph.h"
 #include "graph/graph_measures.h"
+#include "graph/graph_plane.h"
 
 namespace tradebill {
 namespace {
@@ -22,17 +24,6 @@ std::int32_t CGraph::Scaled(std::int32_t value) const {
     return ScaleByDpi(value, dpi);
 }
 
-Color CGraph::GroupColor(std::int32_t group) const {
-    const auto index = static_cast<std::size_t>(group);
-    return group >= 0 && index < colorList.size() ? colorList[index]->color : 0;
-}
-
-/// Ticks that are drawn; a scale of more would only be a black bar.
-std::int32_t CGraph::TickCount() const {
-    constexpr std::int32_t kMostTicks = 10'000;
-    return std::min(numTicks, kMostTicks);
-}
-
 /// Tick rows with the spare ones above and below.
 std::int32_t CGraph::Rows() const {
     return TickCount() + (topRowMode == 0 || topRowMode == 1 ? 1 : 0) + (baseRow == 1 ? 1 : 0);
@@ -44,13 +35,6 @@ double CGraph::TickStep() const {
 
 std::int32_t CGraph::TickY(std::int32_t tick) const {
     return ToPixel(yApexPoint - tick * TickStep());
-}
-
-/// X of a position, counted from 1, among `count` of them.
-std::int32_t CGraph::PointX(std::size_t position, std::size_t count) const {
-    if (position == 1) return xApexPoint;
-    const double step = static_cast<double>(xAxisWidth - 10) / (static_cast<double>(count) - 1);
-    return ToPixel(step * (static_cast<double>(position) - 1) + xApexPoint);
 }
 
 std::string CGraph::LeftTickText(std::int32_t tick) const {
@@ -76,6 +60,19 @@ std::string CGraph::Longest(TextOfTick textOf) const {
 }
 
 void CGraph::LayOut(CCanvas& canvas, const TextExtent& title) {
+    if (IsPie(graphType)) {
+        LayOutPies();
+        return;
+    }
+    if (IsLying(*this) || graphType == kScatterGraph) {
+        LayOutNumeric(canvas);
+    } else {
+        LayOutUpright(canvas, title);
+    }
+    MoveApexToQuadrant();
+}
+
+void CGraph::LayOutUpright(CCanvas& canvas, const TextExtent& title) {
     const Font tickFont = ChartFont(kTahoma, tickFontSize);
     const Font unitFont = ChartFont(kSong, tickFontSize);
     const std::int32_t left = WidthIn(canvas, tickFont, Longest([this](auto tick) { return LeftTickText(tick); }));
@@ -84,7 +81,8 @@ void CGraph::LayOut(CCanvas& canvas, const TextExtent& title) {
     xApexPoint = ToPixel(outline.left + 10 + std::max(left, leftUnit) + yTitle * 1.5 + 20.0);
 
     if (xAxisAlign != 0) {
-        axisBottom = maxHeight - xAxisLabelLength * (xLabelFontSize / 2) + outline.top - 15;
+        axisBottom =
+            ToPixel(maxHeight - static_cast<double>(xAxisLabelLength) * (xLabelFontSize / 2)) + outline.top - 15;
     } else if (!axisXLabel.empty()) {
         const CFontScope scope(canvas, tickFont);
         axisBottom = maxHeight - canvas.MeasureText(axisXLabel).height - Scaled(35) + outline.top;
@@ -105,23 +103,47 @@ void CGraph::LayOut(CCanvas& canvas, const TextExtent& title) {
     yAxisHeight = row * TickCount();
 }
 
-void CGraph::DrawGraph(CCanvas& canvas, const Box& rect) {
-    canvas.SelectTextColor(kAxisColor);
-    outline = rect;
-    DrawFrame(canvas);
-    maxHeight = rect.bottom - rect.top;
-    maxWidth = rect.right - rect.left;
-    const TextExtent title = DrawTitle(canvas);
-    LayOut(canvas, title);
-    if (graphHasGridLines == 1) DrawGridLines(canvas);
-    hideAxisLabels = 0;
-    DrawAxis(canvas);
-    if (dualAxis == 1) {
-        DrawRightAxis(canvas);
-        if (graphType2 == 1) DrawSecondLine(canvas);
-        if (graphType2 == 0) DrawSecondBars(canvas);
+/// Lying charts and scattered dots: room for labels of a length told beforehand at the left, for numbers below.
+void CGraph::LayOutNumeric(CCanvas& canvas) {
+    const CFontScope font(canvas, ChartFont(kTahoma, graphType == kLineGraph ? tickFontSize : AxisTitleHeight()));
+    const TextMetrics metrics = canvas.Metrics();
+    const std::string& sideTitle = IsLying(*this) ? axisXLabel : axisYLabel;
+    const std::int32_t titleGap = sideTitle.empty() ? 0 : metrics.height + 10;
+    const std::string longest = Longest([this](auto tick) { return LeftTickText(tick); });
+    xApexPoint = ToPixel(static_cast<double>(xAxisLabelLength) * metrics.averageWidth) + outline.left + titleGap + 5;
+    yApexPoint = maxHeight - metrics.height + outline.top - 15;
+    yAxisHeight = yApexPoint - outline.top - 50;
+    xAxisWidth = ToPixel(maxWidth - tickFontSize / 2 * static_cast<double>(LengthOf(longest))) - 65;
+    axisBottom = yApexPoint;
+    plotHeight = yAxisHeight;
+}
+
+void CGraph::LayOutPies() {
+    xAxisWidth = maxWidth - 10;
+    yAxisHeight = maxHeight - 50;
+    xApexPoint = outline.left + 5;
+    yApexPoint = maxHeight + outline.top - 5;
+    axisBottom = yApexPoint;
+    plotHeight = yAxisHeight;
+}
+
+/// Bars can have their quadrant found: by the least position and value of the first data of each series.
+std::int32_t CGraph::DetectQuadrant() const {
+    std::int32_t leastX = 0;
+    std::int32_t leastY = 0;
+    for (const auto& series : graphSeries) {
+        if (series->dataValues.empty()) continue;
+        leastX = std::min(leastX, series->dataValues.front()->xPosition);
+        leastY = std::min(leastY, ToPixel(series->dataValues.front()->yValue));
     }
-    DrawSeries(canvas);
+    if (leastX < 0) return leastY < 0 ? 4 : 2;
+    return leastY < 0 ? 3 : 1;
+}
+
+void CGraph::MoveApexToQuadrant() {
+    if (quadSetManually == 0 && graphType == kBarGraph) graphQuadType = DetectQuadrant();
+    if (IsXCentred(*this)) xApexPoint += xAxisWidth / 2;
+    if (IsYCentred(*this)) yApexPoint -= yAxisHeight / 2;
 }
 
 }  // namespace tradebill

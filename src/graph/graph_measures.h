@@ -20,6 +20,10 @@ inline constexpr std::int32_t kFurthestPixel = 1 << 28;
                                      : static_cast<std::int32_t>(value);
 }
 
+[[nodiscard]] constexpr std::int32_t HeldPixel(std::int32_t pixel) {
+    return pixel < -kFurthestPixel ? -kFurthestPixel : pixel > kFurthestPixel ? kFurthestPixel : pixel;
+}
+
 inline constexpr std::string_view kTahoma = "Tahoma";
 inline constexpr std::string_view kSong = "宋体"_gbk;
 
@@ -35,9 +39,21 @@ inline constexpr Pen kAxisPen{.width = 2, .color = kAxisColor};
 /// Between these a value shows as nothing.
 inline constexpr double kLeastShown = 1.1920928955078125e-07;
 
+/// Bytes of a text, as widths are reckoned with; more than a screen can show is as much.
+[[nodiscard]] constexpr std::int32_t LengthOf(std::string_view text) {
+    constexpr std::size_t kLongest = 100'000;
+    return static_cast<std::int32_t>(text.size() < kLongest ? text.size() : kLongest);
+}
+
 inline void DrawLineBetween(CCanvas& canvas, Point from, Point to) {
     canvas.MoveTo(from);
     canvas.LineTo(to);
+}
+
+/// Outlined by the pen in use.
+inline void DrawDot(CCanvas& canvas, Color color, Point at, std::int32_t radius) {
+    const CBrushScope brush(canvas, color);
+    canvas.Ellipse({at.x - radius, at.y - radius, at.x + radius, at.y + radius});
 }
 
 }  // namespace tradebill

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -28,6 +30,23 @@ struct PaintedShape {
     bool operator==(const PaintedShape&) const = default;
 };
 
+struct PaintedPie {
+    Box box;
+    Point start;
+    Point end;
+    Pen pen;
+    Brush brush;
+    bool operator==(const PaintedPie&) const = default;
+};
+
+/// A polygon, or one figure of a filled path: then without a pen.
+struct PaintedPolygon {
+    std::vector<Point> corners;
+    std::optional<Pen> pen;
+    Brush brush;
+    bool operator==(const PaintedPolygon&) const = default;
+};
+
 struct PaintedText {
     Point at;
     std::string text;
@@ -46,6 +65,8 @@ public:
     std::vector<PaintedLine> lines;
     std::vector<PaintedShape> rectangles;
     std::vector<PaintedShape> ellipses;
+    std::vector<PaintedPie> pies;
+    std::vector<PaintedPolygon> polygons;
     std::vector<PaintedText> texts;
     std::vector<PaintedPicture> pictures;
 
@@ -57,15 +78,34 @@ public:
         return std::exchange(background_, background);
     }
 
-    void MoveTo(Point point) override { position_ = point; }
-    void LineTo(Point point) override { lines.push_back({std::exchange(position_, point), point, pen_}); }
+    void MoveTo(Point point) override {
+        position_ = point;
+        if (inPath_) figures_.push_back({point});
+    }
+    void LineTo(Point point) override {
+        const Point from = std::exchange(position_, point);
+        if (!inPath_) {
+            lines.push_back({from, point, pen_});
+            return;
+        }
+        if (figures_.empty()) figures_.push_back({from});
+        figures_.back().push_back(point);
+    }
     void Rectangle(const Box& box) override { rectangles.push_back({box, pen_, brush_}); }
     void Ellipse(const Box& box) override { ellipses.push_back({box, pen_, brush_}); }
-    void Pie(const Box&, Point, Point) override {}
-    void Polygon(std::span<const Point>) override {}
-    void BeginPath() override {}
-    void EndPath() override {}
-    void FillPath() override {}
+    void Pie(const Box& box, Point start, Point end) override { pies.push_back({box, start, end, pen_, brush_}); }
+    void Polygon(std::span<const Point> corners) override {
+        polygons.push_back({{corners.begin(), corners.end()}, pen_, brush_});
+    }
+    void BeginPath() override {
+        inPath_ = true;
+        figures_.clear();
+    }
+    void EndPath() override { inPath_ = false; }
+    void FillPath() override {
+        for (std::vector<Point>& figure : figures_) polygons.push_back({std::move(figure), std::nullopt, brush_});
+        figures_.clear();
+    }
     void FillSolid(const Box&, Color) override {}
     void SetPixel(Point, Color) override {}
     void DrawPicture(const CPicture& picture, Point leftTop) override { pictures.push_back({picture, leftTop}); }
@@ -104,6 +144,8 @@ private:
     Color textColor_ = 0;
     TextBackground background_ = TextBackground::Opaque;
     Point position_;
+    bool inPath_ = false;
+    std::vector<std::vector<Point>> figures_;
 };
 
 }  // namespace tradebill

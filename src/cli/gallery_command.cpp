@@ -1,0 +1,78 @@
+#include "cli/gallery_command.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <stdexcept>
+#include <string_view>
+#include <vector>
+
+#include "cli/font_warning.h"
+#include "cli/gallery_charts.h"
+#include "cli/usage_error.h"
+#include "platform/picture_file.h"
+
+namespace tradebill {
+namespace {
+
+constexpr std::string_view kHead = R"(<!DOCTYPE html>
+<html lang="en">
+<head>
+<meta charset="utf-8">
+<title>tradebill gallery</title>
+<style>
+body { font-family: sans-serif; margin: 24px; color: #383838; }
+section { display: flex; flex-wrap: wrap; gap: 16px; }
+figure { margin: 0; }
+img { width: 500px; border: 1px solid #d7d7d7; }
+figcaption { font-size: 13px; padding: 4px 0; }
+</style>
+</head>
+<body>
+<h1>All kinds of charts</h1>
+)";
+
+std::string FigureOf(const GalleryChart& chart) {
+    return "<figure><img src=\"" + chart.fileName + "\" alt=\"" + chart.section + "\"><figcaption>" + chart.caption +
+           "</figcaption></figure>\n";
+}
+
+std::string PageOf(const std::vector<GalleryChart>& charts) {
+    std::string page(kHead);
+    std::string_view section;
+    for (const GalleryChart& chart : charts) {
+        if (chart.section != section) {
+            if (!section.empty()) page += "</section>\n";
+            section = chart.section;
+            page += "<h2>" + chart.section + "</h2>\n<section>\n";
+        }
+        page += FigureOf(chart);
+    }
+    return page + "</section>\n</body>\n</html>\n";
+}
+
+void Paint(const GalleryChart& chart, const std::string& path) {
+    CBitmap bitmap(chart.width, chart.height, kWhite);
+    const auto canvas = MakeCanvas(bitmap);
+    chart.make()->DrawGraph(*canvas, {0, 0, chart.width, chart.height});
+    if (!SavePng(bitmap, path)) throw std::runtime_error("cannot write " + path);
+}
+
+}  // namespace
+
+int RunGalleryCommand(const std::string& folder) {
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    if (!std::filesystem::is_directory(folder, error)) throw std::runtime_error("cannot make the folder " + folder);
+    WarnWithoutFonts();
+    const std::vector<GalleryChart> charts = GalleryCharts();
+    for (const GalleryChart& chart : charts) Paint(chart, folder + "/" + chart.fileName);
+    const std::string pagePath = folder + "/index.html";
+    std::ofstream page(pagePath, std::ios::binary);
+    page << PageOf(charts);
+    if (!page.flush()) throw std::runtime_error("cannot write " + pagePath);
+    std::cout << charts.size() << " charts: " << pagePath << "\n";
+    return kExitDone;
+}
+
+}  // namespace tradebill

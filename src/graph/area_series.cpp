@@ -1,0 +1,82 @@
+// Bands between the lines of neighbouring groups, and one under the first.
+#include <cstddef>
+
+#include "graph/graph_measures.h"
+#include "graph/graph_painters.h"
+#include "graph/graph_plane.h"
+
+namespace tradebill {
+namespace {
+
+constexpr Color kBandColor = 0xBB937A;
+constexpr Color kGroundColor = 0x62599C;
+constexpr Pen kGroundPen{.width = 0, .color = 0x6259BC};
+constexpr std::int32_t kOverlap = 2;  ///< pixels that a band rises over its lower line
+
+/// The points of a group, one per position; nothing where its value is missing.
+using Edge = std::vector<std::optional<Point>>;
+
+Edge EdgeOf(const CGraph& graph, std::int32_t group) {
+    const CPlotPlane plane(graph);
+    const std::size_t count = graph.graphSeries.size();
+    Edge edge;
+    for (std::size_t position = 1; position <= count; ++position) {
+        const auto value = ValueToDraw(*graph.graphSeries[position - 1], group);
+        const std::int32_t along =
+            plane.IsLying() ? plane.SlotMiddle(position) : plane.PointX(position, count) - plane.Left();
+        edge.push_back(value ? std::optional(plane.At(along, plane.LineHeight(*value))) : std::nullopt);
+    }
+    return edge;
+}
+
+/// Calls `paint` with the two ends of each part of the edge, and its place.
+template <class Paint>
+void ForEachPart(const Edge& edge, Paint paint) {
+    for (std::size_t second = 1; second < edge.size(); ++second) {
+        if (edge[second - 1] && edge[second]) paint(second, *edge[second - 1], *edge[second]);
+    }
+}
+
+void FillBand(CCanvas& canvas, const Edge& lower, const Edge& upper) {
+    const CBrushScope brush(canvas, kBandColor);
+    ForEachPart(lower, [&](std::size_t second, Point from, Point to) {
+        if (!upper[second - 1] || !upper[second]) return;
+        canvas.BeginPath();
+        canvas.MoveTo({from.x, from.y - kOverlap});
+        canvas.LineTo({to.x, to.y - kOverlap});
+        canvas.LineTo(*upper[second]);
+        canvas.LineTo(*upper[second - 1]);
+        canvas.EndPath();
+        canvas.FillPath();
+    });
+}
+
+void FillGround(const CGraph& graph, CCanvas& canvas, const Edge& edge) {
+    const CPenScope pen(canvas, kGroundPen);
+    const CBrushScope brush(canvas, kGroundColor);
+    const bool isLying = IsLying(graph);
+    const auto onAxis = [&](Point point) {
+        return isLying ? Point{graph.xApexPoint, point.y} : Point{point.x, graph.yApexPoint};
+    };
+    ForEachPart(edge, [&](std::size_t, Point from, Point to) {
+        const Point corners[] = {from, to, onAxis(to), onAxis(from)};
+        canvas.Polygon(corners);
+    });
+}
+
+}  // namespace
+
+void DrawAreaSeries(CGraph& graph, CCanvas& canvas) {
+    if (graph.graphSeries.size() < 2) return;
+    std::vector<Edge> edges;
+    for (std::int32_t group = 0; group < graph.Groups(); ++group) edges.push_back(EdgeOf(graph, group));
+    for (std::size_t upper = 1; upper < edges.size(); ++upper) FillBand(canvas, edges[upper - 1], edges[upper]);
+    if (!edges.empty()) FillGround(graph, canvas, edges.front());
+    for (std::int32_t group = 0; group < graph.Groups(); ++group) {
+        const CPenScope pen(canvas, {.width = graph.lineWidth, .color = graph.GroupColor(group)});
+        ForEachPart(edges[static_cast<std::size_t>(group)],
+                    [&](std::size_t, Point from, Point to) { DrawLineBetween(canvas, from, to); });
+    }
+}
+
+}  // namespace tradebill

@@ -1,0 +1,114 @@
+#include "graph/graph_plane.h"
+
+#include <algorithm>
+
+#include "graph/graph_measures.h"
+
+namespace tradebill {
+namespace {
+
+bool IsBox(std::int32_t kind) {
+    return kind == kBar3dGraph || kind == kLine3dGraph || kind == kStackedBar3dGraph;
+}
+
+bool IsFlat(std::int32_t kind) {
+    return kind == kBarGraph || kind == kLineGraph || kind == kScatterGraph || kind == kBoxGraph ||
+           kind == kStackedBarGraph || kind == kSlotLineGraph;
+}
+
+bool IsInQuadrant(const CGraph& graph, std::int32_t one, std::int32_t other) {
+    return IsFlat(graph.graphType) && (graph.graphQuadType == one || graph.graphQuadType == other);
+}
+
+}  // namespace
+
+bool IsArea(const CGraph& graph) {
+    return graph.graphType == kLineGraph && graph.fillArea == 1;
+}
+
+bool IsPie(std::int32_t kind) {
+    return kind == kPieGraph || kind == kPie3dGraph;
+}
+
+bool IsLying(const CGraph& graph) {
+    return graph.graphAlignment == 0;
+}
+
+bool IsXCentred(const CGraph& graph) {
+    return IsInQuadrant(graph, 2, 4);
+}
+
+bool IsYCentred(const CGraph& graph) {
+    return IsInQuadrant(graph, 3, 4);
+}
+
+AxisStyle AxisStyleOf(const CGraph& graph) {
+    if (IsBox(graph.graphType)) return AxisStyle::Box;
+    if (!IsFlat(graph.graphType)) return AxisStyle::None;
+    const bool isCrossed = IsLying(graph) || graph.graphType == kScatterGraph || IsXCentred(graph) || IsYCentred(graph);
+    return isCrossed ? AxisStyle::Crossed : AxisStyle::Plain;
+}
+
+CPlotPlane::CPlotPlane(const CGraph& graph)
+    : graph_(graph),
+      isLying_(tradebill::IsLying(graph)),
+      left_(graph.xApexPoint - (IsXCentred(graph) ? graph.xAxisWidth / 2 : 0)),
+      bottom_(graph.yApexPoint + (IsYCentred(graph) ? graph.yAxisHeight / 2 : 0)) {}
+
+std::int32_t CPlotPlane::PointX(std::size_t position, std::size_t count) const {
+    if (graph_.graphType == kBar3dGraph || graph_.graphType == kStackedBar3dGraph) return left_ + SlotMiddle(position);
+    if (graph_.graphType == kLine3dGraph) return ToPixel((Slot() + 1.0) * static_cast<double>(position) + left_);
+    if (position == 1) return left_;
+    const double steps = static_cast<double>(position) - 1;
+    if (IsArea(graph_)) {
+        const auto last = static_cast<std::int64_t>(std::max<std::size_t>(count, 2) - 1);
+        return ToPixel(static_cast<double>(graph_.xAxisWidth / last) * steps + left_);
+    }
+    return ToPixel((graph_.xAxisWidth - 10) / (static_cast<double>(count) - 1) * steps + left_);
+}
+
+std::int32_t CPlotPlane::Slot() const {
+    const auto count = static_cast<std::int64_t>(graph_.graphSeries.size());
+    return count > 0 ? static_cast<std::int32_t>(PositionLength() / count) : 0;
+}
+
+std::int32_t CPlotPlane::SlotMiddle(std::size_t position) const {
+    return ToPixel(static_cast<double>(Slot()) * static_cast<double>(position)) - Slot() / 2;
+}
+
+Point CPlotPlane::At(std::int32_t along, std::int32_t height) const {
+    return isLying_ ? Point{graph_.xApexPoint + height, bottom_ - along}
+                    : Point{left_ + along, graph_.yApexPoint - height};
+}
+
+Box CPlotPlane::Bar(std::int32_t along, std::int32_t thickness, std::int32_t from, std::int32_t to) const {
+    const Point first = At(along, from);
+    const Point second = At(along + thickness, to);
+    return {first.x, second.y, second.x, first.y};
+}
+
+/// A value just over the bottom lifts off the axis by the pixels of one unit.
+std::int32_t CPlotPlane::LiftedHeight(double value, double scale) const {
+    const double above = value - graph_.minTick;
+    const std::int32_t height = ToPixel(above * scale);
+    return above > 0.0 && height < 1 ? ToPixel(scale) : height;
+}
+
+std::int32_t CPlotPlane::BarHeight(double value) const {
+    return LiftedHeight(value, (ValueLength() - 10) / (graph_.maxTick - graph_.minTick));
+}
+
+std::int32_t CPlotPlane::LineHeight(double value) const {
+    const double range = graph_.maxTick - graph_.minTick;
+    const double scale = ValueLength() / range;
+    const std::int32_t height = LiftedHeight(value, scale);
+    return !isLying_ && height > graph_.yApexPoint ? ToPixel(range * scale) + 5 : height;
+}
+
+std::int32_t CPlotPlane::Limited(std::int32_t height) const {
+    if (!IsXCentred(graph_) && !IsYCentred(graph_)) return std::min(height, ValueLength());
+    const std::int32_t half = std::max(ValueLength() / 2, 0);
+    return std::clamp(height, -half, half);
+}
+
+}  // namespace tradebill

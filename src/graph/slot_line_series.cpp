@@ -1,0 +1,24 @@
+// Lines without dots whose points stand where bars would.
+#include "graph/graph_measures.h"
+#include "graph/graph_painters.h"
+#include "graph/graph_plane.h"
+
+namespace tradebill {
+
+/// A missing value is bridged.
+void DrawSlotLineSeries(CGraph& graph, CCanvas& canvas) {
+    const CPlotPlane plane(graph);
+    for (std::int32_t group = 0; group < graph.Groups(); ++group) {
+        const CPenScope pen(canvas, {.width = 2, .color = graph.GroupColor(group)});
+        std::optional<Point> last;
+        for (std::size_t position = 1; position <= graph.graphSeries.size(); ++position) {
+            const auto value = ValueToDraw(*graph.graphSeries[position - 1], group);
+            if (!value) continue;
+            const Point at = plane.At(plane.SlotMiddle(position), plane.LineHeight(*value));
+            if (last) DrawLineBetween(canvas, *last, at);
+            last = at;
+        }
+    }
+}
+
+}  // namespace tradebill
