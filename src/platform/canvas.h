@@ -24,6 +24,10 @@ struct Pen {
 /// A solid brush; nothing is the null brush, which leaves alone what it would fill.
 using Brush = std::optional<Color>;
 
+/// A box outside of which nothing is painted, its right and bottom edge included; one without inside hides all. Nothing
+/// is no limit but the bitmap's edges.
+using Clip = std::optional<Box>;
+
 inline constexpr Color kWhite = 0xFFFFFF;
 
 /// What a text leaves of what it is written on: nothing of its cells, which become white, or all between its strokes.
@@ -44,6 +48,7 @@ public:
     virtual Font SelectFont(const Font& font) = 0;
     virtual Color SelectTextColor(Color color) = 0;
     virtual TextBackground SelectTextBackground(TextBackground background) = 0;
+    virtual Clip SelectClip(const Clip& clip) = 0;
 
     virtual void MoveTo(Point point) = 0;
     /// From the position to `point`, which becomes the position.
@@ -97,5 +102,20 @@ private:
 using CPenScope = CSelectScope<Pen, &CCanvas::SelectPen>;
 using CBrushScope = CSelectScope<Brush, &CCanvas::SelectBrush>;
 using CFontScope = CSelectScope<Font, &CCanvas::SelectFont>;
+
+/// Nothing outside of `box` is painted for as long as it lives, nor anything that was hidden before.
+class CClipScope {
+public:
+    CClipScope(CCanvas& canvas, const Box& box) : canvas_(canvas), before_(canvas.SelectClip(box)) {
+        if (before_) canvas_.SelectClip(Intersection(*before_, box));
+    }
+    ~CClipScope() { canvas_.SelectClip(before_); }
+    CClipScope(const CClipScope&) = delete;
+    CClipScope& operator=(const CClipScope&) = delete;
+
+private:
+    CCanvas& canvas_;
+    Clip before_;
+};
 
 }  // namespace tradebill

@@ -1,6 +1,7 @@
 // Points, boxes and colours of whatever is painted, in device pixels; y grows downwards.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 namespace tradebill {
@@ -19,6 +20,17 @@ struct Box {
     std::int32_t bottom = 0;
     bool operator==(const Box&) const = default;
 };
+
+/// What lies in both boxes; a box without inside if nothing does.
+[[nodiscard]] constexpr Box Intersection(const Box& one, const Box& other) {
+    return {std::max(one.left, other.left), std::max(one.top, other.top), std::min(one.right, other.right),
+            std::min(one.bottom, other.bottom)};
+}
+
+/// A coordinate worked out with 64 bits, held at the ends of the range: they are beyond every bitmap too.
+[[nodiscard]] constexpr std::int32_t HeldCoordinate(std::int64_t value) {
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, INT32_MIN, INT32_MAX));
+}
 
 /// 0x00BBGGRR.
 using Color = std::uint32_t;

@@ -53,6 +53,13 @@ struct PaintedText {
     Font font;
     Color color;
     TextBackground background;
+    Clip clip = {};
+};
+
+struct PaintedFill {
+    Box box;
+    Color color;
+    bool operator==(const PaintedFill&) const = default;
 };
 
 struct PaintedPicture {
@@ -69,6 +76,8 @@ public:
     std::vector<PaintedPolygon> polygons;
     std::vector<PaintedText> texts;
     std::vector<PaintedPicture> pictures;
+    std::vector<PaintedFill> fills;
+    std::string order;  ///< of lines and texts: an 'L' or 'T' for each
 
     Pen SelectPen(const Pen& pen) override { return std::exchange(pen_, pen); }
     Brush SelectBrush(const Brush& brush) override { return std::exchange(brush_, brush); }
@@ -78,6 +87,8 @@ public:
         return std::exchange(background_, background);
     }
 
+    Clip SelectClip(const Clip& clip) override { return std::exchange(clip_, clip); }
+
     void MoveTo(Point point) override {
         position_ = point;
         if (inPath_) figures_.push_back({point});
@@ -86,6 +97,7 @@ public:
         const Point from = std::exchange(position_, point);
         if (!inPath_) {
             lines.push_back({from, point, pen_});
+            order += 'L';
             return;
         }
         if (figures_.empty()) figures_.push_back({from});
@@ -106,12 +118,13 @@ public:
         for (std::vector<Point>& figure : figures_) polygons.push_back({std::move(figure), std::nullopt, brush_});
         figures_.clear();
     }
-    void FillSolid(const Box&, Color) override {}
+    void FillSolid(const Box& box, Color color) override { fills.push_back({box, color}); }
     void SetPixel(Point, Color) override {}
     void DrawPicture(const CPicture& picture, Point leftTop) override { pictures.push_back({picture, leftTop}); }
 
     void WriteText(Point point, std::string_view text) override {
-        texts.push_back({point, std::string(text), font_, textColor_, background_});
+        texts.push_back({point, std::string(text), font_, textColor_, background_, clip_});
+        order += 'T';
     }
     [[nodiscard]] TextExtent MeasureText(std::string_view text) const override {
         return {static_cast<std::int32_t>(text.size()) * kByteWidth, font_.cellHeight};
@@ -143,6 +156,7 @@ private:
     Font font_;
     Color textColor_ = 0;
     TextBackground background_ = TextBackground::Opaque;
+    Clip clip_;
     Point position_;
     bool inPath_ = false;
     std::vector<std::vector<Point>> figures_;

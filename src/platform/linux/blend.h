@@ -17,14 +17,14 @@ namespace tradebill {
     return result;
 }
 
-/// First and end of those of `count` rows or columns that are seen, if number 0 lies at `start` of a bitmap that is
-/// `limit` long; end isn't above first if none is.
+/// First and end of those of `count` rows or columns that lie from `from` up to `to`, if number 0 lies at `start`; end
+/// isn't above first if none does.
 struct SeenPart {
     std::int64_t first;
     std::int64_t end;
 
-    SeenPart(std::int64_t start, std::int64_t count, std::int64_t limit)
-        : first(std::max<std::int64_t>(0, -start)), end(std::min(count, limit - start)) {}
+    SeenPart(std::int64_t start, std::int64_t count, std::int64_t from, std::int64_t to)
+        : first(std::max<std::int64_t>(0, from - start)), end(std::min(count, to - start)) {}
 };
 
 }  // namespace tradebill

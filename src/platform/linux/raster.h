@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -35,7 +36,13 @@ struct Stroke {
 
 class CRaster {
 public:
-    explicit CRaster(CBitmap& bitmap) : bitmap_(bitmap) {}
+    explicit CRaster(CBitmap& bitmap) : bitmap_(bitmap), seen_(WholeOf(bitmap)) {}
+
+    /// From here on nothing outside of the box is painted; without one all of the bitmap is.
+    void ClipTo(const std::optional<Box>& clip);
+
+    /// The part of the bitmap that is painted on; right and bottom are left out.
+    [[nodiscard]] const Box& Seen() const { return seen_; }
 
     void SetPixel(std::int64_t x, std::int64_t y, std::uint32_t pixel);
 
@@ -59,6 +66,7 @@ public:
     void DrawPicture(const CPicture& picture, Point leftTop);
 
 private:
+    [[nodiscard]] static Box WholeOf(const CBitmap& bitmap) { return {0, 0, bitmap.Width(), bitmap.Height()}; }
     [[nodiscard]] bool IsSeen(FarPoint from, FarPoint to, std::int64_t reach) const;
     void DrawThinLine(FarPoint from, FarPoint to, std::uint32_t pixel);
     void DrawWideLine(FarPoint from, FarPoint to, std::int32_t width, std::uint32_t pixel);
@@ -68,6 +76,7 @@ private:
     void FillEllipse(const Box& box, std::uint32_t pixel);
 
     CBitmap& bitmap_;
+    Box seen_;
 };
 
 /// A box with its corners in order.

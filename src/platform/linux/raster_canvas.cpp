@@ -23,6 +23,10 @@ public:
     TextBackground SelectTextBackground(TextBackground background) override {
         return std::exchange(textBackground_, background);
     }
+    Clip SelectClip(const Clip& clip) override {
+        raster_.ClipTo(clip);
+        return std::exchange(clip_, clip);
+    }
 
     void MoveTo(Point point) override {
         if (isInPath_) path_.push_back({{point.x, point.y}});
@@ -71,7 +75,7 @@ public:
             const Figure cells = TextCells(font_, point, text);
             raster_.FillFigures({&cells, 1}, FillRule::Alternate, PixelOf(kWhite));
         }
-        PaintText(bitmap_, font_, point, text, PixelOf(textColor_));
+        PaintText(bitmap_, raster_.Seen(), font_, point, text, PixelOf(textColor_));
     }
     [[nodiscard]] TextExtent MeasureText(std::string_view text) const override {
         return tradebill::MeasureText(font_, text);
@@ -90,6 +94,7 @@ private:
     Font font_{.face = "Arial", .cellHeight = 16};
     Color textColor_ = 0;
     TextBackground textBackground_ = TextBackground::Opaque;
+    Clip clip_;
     Pen pen_;
     Brush brush_ = kWhite;
     std::uint32_t brushPixel_ = PixelOf(kWhite);

@@ -41,23 +41,28 @@ Box Sorted(const Box& box) {
             std::max(box.top, box.bottom)};
 }
 
+void CRaster::ClipTo(const std::optional<Box>& clip) {
+    const Box whole = WholeOf(bitmap_);
+    seen_ = clip ? Intersection(whole, *clip) : whole;
+}
+
 void CRaster::SetPixel(std::int64_t x, std::int64_t y, std::uint32_t pixel) {
-    if (x < 0 || y < 0 || x >= bitmap_.Width() || y >= bitmap_.Height()) return;
+    if (x < seen_.left || y < seen_.top || x >= seen_.right || y >= seen_.bottom) return;
     bitmap_.Row(static_cast<std::int32_t>(y))[x] = pixel;
 }
 
 void CRaster::FillRow(std::int64_t left, std::int64_t right, std::int64_t y, std::uint32_t pixel) {
-    if (y < 0 || y >= bitmap_.Height()) return;
-    left = std::max<std::int64_t>(left, 0);
-    right = std::min<std::int64_t>(right, bitmap_.Width());
+    if (y < seen_.top || y >= seen_.bottom) return;
+    left = std::max<std::int64_t>(left, seen_.left);
+    right = std::min<std::int64_t>(right, seen_.right);
     if (left >= right) return;
     std::uint32_t* const row = bitmap_.Row(static_cast<std::int32_t>(y));
     std::fill(row + left, row + right, pixel);
 }
 
 void CRaster::FillBox(FarPoint leftTop, FarPoint rightBottom, std::uint32_t pixel) {
-    const std::int64_t top = std::max<std::int64_t>(leftTop.y, 0);
-    const std::int64_t bottom = std::min<std::int64_t>(rightBottom.y, bitmap_.Height());
+    const std::int64_t top = std::max<std::int64_t>(leftTop.y, seen_.top);
+    const std::int64_t bottom = std::min<std::int64_t>(rightBottom.y, seen_.bottom);
     for (std::int64_t y = top; y < bottom; ++y) FillRow(leftTop.x, rightBottom.x, y, pixel);
 }
 

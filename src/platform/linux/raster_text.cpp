@@ -29,9 +29,9 @@ private:
     double sine_;
 };
 
-void BlendGlyph(CBitmap& bitmap, const GlyphPicture& picture, FarPoint leftTop, std::uint32_t pixel) {
-    const SeenPart rows(leftTop.y, picture.height, bitmap.Height());
-    const SeenPart columns(leftTop.x, picture.width, bitmap.Width());
+void BlendGlyph(CBitmap& bitmap, const Box& seen, const GlyphPicture& picture, FarPoint leftTop, std::uint32_t pixel) {
+    const SeenPart rows(leftTop.y, picture.height, seen.top, seen.bottom);
+    const SeenPart columns(leftTop.x, picture.width, seen.left, seen.right);
     for (std::int64_t row = rows.first; row < rows.end; ++row) {
         std::uint32_t* const target = bitmap.Row(static_cast<std::int32_t>(leftTop.y + row));
         const std::uint8_t* const coverage = picture.coverage.data() + row * picture.width;
@@ -50,7 +50,8 @@ Figure TextCells(const Font& font, Point point, std::string_view text) {
     return {turn.At(0, 0), turn.At(extent.width, 0), turn.At(extent.width, extent.height), turn.At(0, extent.height)};
 }
 
-void PaintText(CBitmap& bitmap, const Font& font, Point point, std::string_view text, std::uint32_t pixel) {
+void PaintText(CBitmap& bitmap, const Box& seen, const Font& font, Point point, std::string_view text,
+               std::uint32_t pixel) {
     const std::scoped_lock guard(FontLock());
     const TextMetrics metrics = MetricsOf(font);
     const CTurn turn(point, font.escapement);
@@ -59,13 +60,14 @@ void PaintText(CBitmap& bitmap, const Font& font, Point point, std::string_view 
             const FarPoint corner = turn.At(glyph.offset + 1, metrics.ascent / 4.0);
             const FarPoint end = turn.At(glyph.offset + glyph.advance - 1, metrics.ascent);
             CRaster raster(bitmap);
+            raster.ClipTo(seen);
             const Figure box{corner, {end.x, corner.y}, end, {corner.x, end.y}};
             raster.FillFigures({&box, 1}, FillRule::Alternate, pixel);
             continue;
         }
         const GlyphPicture& picture = glyph.face->PictureOf(glyph.character, font.escapement);
         const FarPoint base = turn.At(glyph.offset, metrics.ascent);
-        BlendGlyph(bitmap, picture, {base.x + picture.left, base.y - picture.top}, pixel);
+        BlendGlyph(bitmap, seen, picture, {base.x + picture.left, base.y - picture.top}, pixel);
     }
 }
 

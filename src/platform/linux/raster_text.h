@@ -13,7 +13,9 @@ namespace tradebill {
 /// The corners of the cells of a text that begins at `point`.
 [[nodiscard]] Figure TextCells(const Font& font, Point point, std::string_view text);
 
-/// Writes a GBK text, the left top corner of its first cell at `point`.
-void PaintText(CBitmap& bitmap, const Font& font, Point point, std::string_view text, std::uint32_t pixel);
+/// Writes a GBK text, the left top corner of its first cell at `point`. Nothing outside of `seen`, which lies in the
+/// bitmap, is painted.
+void PaintText(CBitmap& bitmap, const Box& seen, const Font& font, Point point, std::string_view text,
+               std::uint32_t pixel);
 
 }  // namespace tradebill
