@@ -5,6 +5,7 @@
 #include <ctime>
 #include <string_view>
 
+#include "base/scale.h"
 #include "driver/report_request.h"
 
 namespace tradebill {
@@ -28,6 +29,11 @@ void CopyRequest(const GenerateBillRequest& request);
 
 [[nodiscard]] inline bool IsForeign() {
     return Request.StatementKind == kForeignKind;
+}
+
+/// A measure of 96 dots per inch in pixels at the request's resolution.
+[[nodiscard]] inline int ScaleByRequest(int value) {
+    return ScaleByDpi(value, Request.Dpi);
 }
 
 /// Whether the layouts of `format` print product and delivery month in two columns (0, 1 and 3), so that both together

@@ -148,5 +148,11 @@ TEST_F(RequestCopy, TakesOneAsTheUnitWithoutAHost) {
     EXPECT_EQ(AskContractUnit("cu", "1105"), 1);
 }
 
+TEST_F(RequestCopy, ScalesMeasuresByItsResolution) {
+    EXPECT_EQ(ScaleByRequest(825), 825);
+    Request.Dpi = 120;
+    EXPECT_EQ(ScaleByRequest(825), 1031);
+}
+
 }  // namespace
 }  // namespace tradebill
