@@ -3,36 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <cstdlib>
 #include <string>
 
 #include "base/report_error.h"
+#include "support/time_zone.h"
 
 namespace tradebill {
 namespace {
-
-/// Another time zone for one test.
-class CTimeZone {
-public:
-    explicit CTimeZone(const char* zone) {
-        if (const char* const former = std::getenv("TZ"); former != nullptr) former_ = former;
-        ::setenv("TZ", zone, 1);
-        ::tzset();
-    }
-    ~CTimeZone() {
-        if (former_.empty()) {
-            ::unsetenv("TZ");
-        } else {
-            ::setenv("TZ", former_.c_str(), 1);
-        }
-        ::tzset();
-    }
-    CTimeZone(const CTimeZone&) = delete;
-    CTimeZone& operator=(const CTimeZone&) = delete;
-
-private:
-    std::string former_;
-};
 
 std::tm LocalParts(std::time_t time) {
     std::tm parts{};

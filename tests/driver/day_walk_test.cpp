@@ -1,15 +1,14 @@
 // Which days a run walks, and the statement file that it reads on each.
 #include <gtest/gtest.h>
-#include <time.h>
 
 #include <cstdint>
-#include <cstdlib>
 #include <limits>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "driver/run_fixture.h"
+#include "support/time_zone.h"
 
 namespace tradebill {
 namespace {
@@ -17,33 +16,6 @@ namespace {
 using Texts = std::vector<std::string>;
 
 class DayWalk : public RunFixture {};
-
-/// Another time zone, for as long as it lives.
-class CTimeZone {
-public:
-    explicit CTimeZone(const char* zone) {
-        if (const char* const former = std::getenv("TZ"); former != nullptr) {
-            former_ = former;
-            hadOne_ = true;
-        }
-        ::setenv("TZ", zone, 1);
-        ::tzset();
-    }
-    ~CTimeZone() {
-        if (hadOne_) {
-            ::setenv("TZ", former_.c_str(), 1);
-        } else {
-            ::unsetenv("TZ");
-        }
-        ::tzset();
-    }
-    CTimeZone(const CTimeZone&) = delete;
-    CTimeZone& operator=(const CTimeZone&) = delete;
-
-private:
-    std::string former_;
-    bool hadOne_ = false;
-};
 
 TEST_F(DayWalk, GoesFromTheFirstDayToTheLast) {
     SetDates("2024-2-27", "2024-3-2");
