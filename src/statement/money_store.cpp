@@ -116,8 +116,12 @@ MoneyRecord* CMoneyStore::Find(std::string_view day) const {
 }
 
 bool CMoneyStore::HasDay(std::string_view day) const {
+    return FindDay(day) != nullptr;
+}
+
+const MoneyRecord* CMoneyStore::FindDay(std::string_view day) const {
     const std::scoped_lock guard(lock_);
-    return Find(day) != nullptr;
+    return Find(day);
 }
 
 void CMoneyStore::SetDayClosedPL(std::string_view day, std::string_view value) {

@@ -59,6 +59,9 @@ public:
     /// Whether a record of `day` is here. Up to 14 bytes of `day` are compared with the whole key.
     [[nodiscard]] bool HasDay(std::string_view day) const;
 
+    /// The record of `day`, likewise, or null; valid until the day comes again or Clear().
+    [[nodiscard]] const MoneyRecord* FindDay(std::string_view day) const;
+
     /// Sets PCYK of the day's record in the account's store, whichever store is asked, and adds it to TotalClosedPL
     /// without taking off what was there before. Nothing for a day that isn't here.
     static void SetDayClosedPL(std::string_view day, std::string_view value);

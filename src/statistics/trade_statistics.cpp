@@ -151,6 +151,18 @@ void CTradeStatistics::ComputeYields() {
     }
 }
 
+double CTradeStatistics::RiskOf(std::string_view day) const {
+    const std::scoped_lock guard(usageLock_);
+    const CDayUsage* const usage = DayUsages.Find(day);
+    return usage != nullptr ? usage->Risk : 0.0;
+}
+
+double CTradeStatistics::YieldOf(std::string_view day) const {
+    const std::scoped_lock guard(figureLock_);
+    const DayFigure* const figure = DayFigures.Find(day);
+    return figure != nullptr ? figure->Yield : 0.0;
+}
+
 double CTradeStatistics::MaxRisk() const {
     const std::scoped_lock guard(usageLock_);
     return HighestOf(DayUsages, &CDayUsage::Risk);

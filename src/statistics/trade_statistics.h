@@ -84,6 +84,10 @@ public:
     /// equity.
     void ComputeYields();
 
+    // Figures of one day (yyyymmdd); 0 for a day that was never fed.
+    [[nodiscard]] double RiskOf(std::string_view day) const;
+    [[nodiscard]] double YieldOf(std::string_view day) const;
+
     // The highest of all days, taken from the first day on, however low; 0 without days.
     [[nodiscard]] double MaxRisk() const;
     [[nodiscard]] double MaxYield() const;

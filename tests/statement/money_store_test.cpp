@@ -334,5 +334,17 @@ TEST_F(MoneyStoreTest, KeepsPremiumDatesAndChartSizesAtClear) {
     EXPECT_EQ(MoneyStore.TotalPremium, 2);
 }
 
+TEST_F(MoneyStoreTest, FindsTheRecordOfADayThatCameLast) {
+    AddStatement(Money("20240102", {{"KHQY", "1"}}));
+    AddStatement(Money("20240103", {{"KHQY", "2"}}));
+    AddLive(Money("20240102", {{"KHQY", "3"}}));
+    ASSERT_NE(MoneyStore.FindDay("20240102"), nullptr);
+    EXPECT_STREQ(MoneyStore.FindDay("20240102")->KHQY, "3");
+    ASSERT_NE(MoneyStore.FindDay("20240103"), nullptr);
+    EXPECT_STREQ(MoneyStore.FindDay("20240103")->KHQY, "2");
+    EXPECT_EQ(MoneyStore.FindDay("20240104"), nullptr);
+    EXPECT_EQ(MoneyStore.FindDay(""), nullptr);
+}
+
 }  // namespace
 }  // namespace tradebill

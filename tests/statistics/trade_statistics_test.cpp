@@ -252,5 +252,17 @@ TEST_F(Yields, LeaveRisksAlone) {
     EXPECT_EQ(TradeStatistics.MaxRisk(), 0.6);
 }
 
+TEST_F(DayFiguresTest, AreToldByDayAndAreZeroForAnUnknownOne) {
+    TradeStatistics.SetEquity("20240102", 200, 50);
+    TradeStatistics.DayFigures.Find("20240102")->Yield = -0.5;
+    TradeStatistics.SetEquity("20240103", 100, 75);
+    EXPECT_EQ(TradeStatistics.RiskOf("20240102"), 0.25);
+    EXPECT_EQ(TradeStatistics.RiskOf("20240103"), 0.75);
+    EXPECT_EQ(TradeStatistics.YieldOf("20240102"), -0.5);
+    EXPECT_EQ(TradeStatistics.RiskOf("20240104"), 0);
+    EXPECT_EQ(TradeStatistics.YieldOf("20240104"), 0);
+    EXPECT_EQ(TradeStatistics.DayUsages.Days.size(), 2u);  // asking makes no day
+}
+
 }  // namespace
 }  // namespace tradebill
