@@ -1,0 +1,16 @@
+// Charts of the account, filled from the stores but not painted yet.
+#pragma once
+
+#include "graph/graph.h"
+#include "images/chart_kinds.h"
+#include "statement/request_copy.h"
+
+namespace tradebill {
+
+/// Gives a new `graph` the settings, points and scale of `chart` in one of its forms: a point for each day of `days`
+/// that has a record, but for those before 1970. The size of the dots is left alone. Returns false if the chart isn't
+/// to be painted.
+[[nodiscard]] bool FillChart(CGraph& graph, const AccountChart& chart, const FormSettings& form,
+                             const ReportRange& days);
+
+}  // namespace tradebill

@@ -1,0 +1,137 @@
+#include "images/chart_kinds.h"
+
+#include "base/gbk.h"
+#include "statement/money_store.h"
+
+namespace tradebill {
+namespace {
+
+constexpr Color kBlack = 0x000000;
+constexpr Color kOrange = 0x007CFE;
+constexpr Color kBlue = 0xC48037;
+
+constexpr FormSettings kBare{.avoidLabelOverlap = 0, .showValues = 0, .holdsLastValue = true, .needsTicks = true};
+constexpr FormSettings kLabelled{.avoidLabelOverlap = 1, .showValues = 1, .holdsLastValue = true, .needsTicks = true};
+constexpr FormSettings kAtLarge{.avoidLabelOverlap = 1, .showValues = 1, .holdsLastValue = false, .needsTicks = false};
+
+ChartScale ScaleOfEquity(const SeriesList& /*points*/) {
+    return EquityScale(MoneyStore.OpeningEquity, MoneyStore.MinEquity, MoneyStore.MaxEquity);
+}
+
+ChartScale ScaleOfRealised(const SeriesList& /*points*/) {
+    return RealisedScale(MoneyStore.MinDayPL, MoneyStore.MaxDayPL);
+}
+
+/// The ends start at 1 and 0, so a yield axis reaches at least from 0 down and from 1 up to what the points show.
+ChartScale ScaleOfYields(const SeriesList& points) {
+    double lowest = 1.0;
+    double highest = 0.0;
+    for (const auto& point : points) {
+        const double value = point->ValueOf(0);
+        if (value < lowest) lowest = value;
+        if (value > highest) highest = value;
+    }
+    return YieldScale(lowest, highest);
+}
+
+constexpr SecondAxisSettings kCapitalUsage{
+    .title = "资金使用率"_gbk,
+    .unit = "资金使用率"_gbk,
+    .suffix = "%",
+    .graphType = 0,
+    .legendKind = 2,
+    .colorLow = 0xB0CDA4,
+    .colorHigh = 0xB3AADD,
+    .valueDivisor = 0.01,
+    .minTick = 0.0,
+    .maxTick = 1.0,
+    .decimals = 0,
+};
+
+/// Both yield charts look alike but for their name and line.
+constexpr ChartSettings YieldSettings(std::string_view title, Color lineColor) {
+    return {
+        .title = title,
+        .lineColor = lineColor,
+        .unit = title,
+        .suffix = "%",
+        .valueDivisor = 0.01,
+        .decimals = 0,
+        .titleFontSize = 12,
+        .topRowMode = 1,
+        .baseRow = 1,
+        .rightBorder = 1,
+        .swatchTitle = 1,
+        .midLineThick = 1,
+    };
+}
+
+}  // namespace
+
+constexpr AccountChart kEquityChart{
+    .settings =
+        {
+            .title = "权益曲线"_gbk,
+            .lineColor = kBlack,
+            .unit = "权益"_gbk,
+            .valueDivisor = 10000.0,
+            .titleFontSize = 12,
+            .topRowMode = 1,
+            .second = kCapitalUsage,
+        },
+    .plain = kBare,
+    .stretched = kAtLarge,
+    .ownSize = kEquitySize,
+    .comparedSize = kEquitySize,
+    .days = MoneyDays,
+    .beginsWithOpening = true,
+    .value = EquityOf,
+    .secondValue = CapitalUsageOf,
+    .scale = ScaleOfEquity,
+};
+
+constexpr AccountChart kRealisedChart{
+    .settings =
+        {
+            .title = "平仓盈亏曲线图"_gbk,
+            .lineColor = kOrange,
+            .valueGapDivisor = 100,
+        },
+    .plain = kLabelled,
+    .stretched = kAtLarge,
+    .ownSize = kRealisedSize,
+    .comparedSize = kEquitySize,
+    .days = MoneyDays,
+    .beginsWithOpening = false,
+    .value = RealisedOf,
+    .secondValue = nullptr,
+    .scale = ScaleOfRealised,
+};
+
+constexpr AccountChart kAccountYieldChart{
+    .settings = YieldSettings("账户收益率"_gbk, kOrange),
+    .plain = kBare,
+    .stretched = kAtLarge,
+    .ownSize = kAccountYieldSize,
+    .comparedSize = kAccountYieldSize,
+    .days = UsageDays,
+    .beginsWithOpening = false,
+    .value = AccountYieldOf,
+    .secondValue = nullptr,
+    .scale = ScaleOfYields,
+};
+
+constexpr AccountChart kTradeYieldChart{
+    .settings = YieldSettings("交易收益率"_gbk, kBlue),
+    .plain = kBare,
+    .stretched = kAtLarge,
+    .ownSize = kTradeYieldSize,
+    .comparedSize = kAccountYieldSize,
+    .days = UsageDays,
+    .beginsWithOpening = false,
+    .value = TradeYieldOf,
+    .secondValue = nullptr,
+    .scale = ScaleOfYields,
+};
+
+}  // namespace tradebill
