@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -30,6 +29,7 @@
 #include "statement_maker.h"
 #include "statistics/account_figures.h"
 #include "statistics/trade_statistics.h"
+#include "timing.h"
 
 namespace tradebill {
 namespace {
@@ -38,21 +38,6 @@ constexpr int kRepeats = 5;
 constexpr int kManyDays = 2500;
 constexpr int kFewDays = 250;
 constexpr CalendarDay kFirstDay{2015, 1, 1};
-
-template <class Action>
-double SecondsOf(Action action) {
-    const auto start = std::chrono::steady_clock::now();
-    action();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-/// The quickest of some runs: what the work costs when nothing else disturbs it.
-template <class Action>
-double LeastSecondsOf(Action action) {
-    double least = SecondsOf(action);
-    for (int i = 1; i < kRepeats; ++i) least = std::min(least, SecondsOf(action));
-    return least;
-}
 
 std::string DayTextAfter(int days) {
     return DayText(LocalDayOf(MidnightOf(kFirstDay) + kSecondsPerDay / 2 + days * kSecondsPerDay));
@@ -117,13 +102,13 @@ void ShowReading(const Account& account) {
     std::vector<std::string> texts;
     for (const std::string& path : account.paths) texts.push_back(ReadStatementFile(path).value_or(""));
     std::size_t words = 0;
-    const double bare = LeastSecondsOf([&] {
+    const double bare = LeastSecondsOf(kRepeats, [&] {
         for (const std::string& text : texts) words += BarePass(text);
     });
-    const double bareFromFiles = LeastSecondsOf([&] {
+    const double bareFromFiles = LeastSecondsOf(kRepeats, [&] {
         for (const std::string& path : account.paths) words += BarePass(ReadStatementFile(path).value_or(""));
     });
-    const double reading = LeastSecondsOf([&] { ReadDays(account, kManyDays); });
+    const double reading = LeastSecondsOf(kRepeats, [&] { ReadDays(account, kManyDays); });
     std::printf("reading and keeping / bare pass in memory   %6.2f   (at most 5)   %.1f ms, %zu words\n",
                 reading / bare, reading * 1e3, words / (2 * kRepeats));
     std::printf("reading and keeping / bare pass from files  %6.2f\n", reading / bareFromFiles);
@@ -137,10 +122,10 @@ void ShowLayouts() {
         CopyRequest(sample.request);
         SetRootFolderPath(sample.root);
         std::size_t words = 0;
-        const double bare = LeastSecondsOf([&] {
+        const double bare = LeastSecondsOf(kRepeats, [&] {
             for (const auto& day : sample.days) words += BarePass(day.second);
         });
-        const double reading = LeastSecondsOf([&] {
+        const double reading = LeastSecondsOf(kRepeats, [&] {
             ClearResults();
             for (const auto& [day, text] : sample.days) ReadStatement(day, text);
         });
@@ -158,14 +143,14 @@ void ShowPage(const Account& account) {
     CopyRequest(RequestFor(kManyDays));
     PrepareBillFolders();
     const std::string path = PagePath();
-    const double writing = LeastSecondsOf([&] { WritePage(path); });
+    const double writing = LeastSecondsOf(kRepeats, [&] { WritePage(path); });
     std::string bytes;
     {
         std::ifstream file(path, std::ios::binary);
         bytes.assign(std::istreambuf_iterator<char>(file), {});
     }
     const std::string copyPath = account.root + "/copy.html";
-    const double once = LeastSecondsOf([&] {
+    const double once = LeastSecondsOf(kRepeats, [&] {
         CFile file(copyPath, FileMode::Create);
         static_cast<void>(file.Write(bytes));
     });
@@ -182,13 +167,14 @@ void ShowRowCosts(const Account& account) {
     for (const int days : {kFewDays, kManyDays}) {
         CopyRequest(RequestFor(days));
         ReadDays(account, days);
-        reading[index] = LeastSecondsOf([&] { ReadDays(account, days); }) / RowsKept();
-        statistics[index] = LeastSecondsOf([] {
-                                TradeStatistics.ComputeYields();
-                                ComputeAccountStatistics();
-                            }) /
+        reading[index] = LeastSecondsOf(kRepeats, [&] { ReadDays(account, days); }) / RowsKept();
+        statistics[index] = LeastSecondsOf(kRepeats,
+                                           [] {
+                                               TradeStatistics.ComputeYields();
+                                               ComputeAccountStatistics();
+                                           }) /
                             RowsKept();
-        page[index] = LeastSecondsOf([] { WritePage(PagePath()); }) / RowsKept();
+        page[index] = LeastSecondsOf(kRepeats, [] { WritePage(PagePath()); }) / RowsKept();
         ++index;
     }
     std::printf("cost per row, %d against %d days           %6.2f reading, %.2f statistics, %.2f page   (about 1)\n",

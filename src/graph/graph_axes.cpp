@@ -30,9 +30,11 @@ void CGraph::DrawGridLines(CCanvas& canvas) {
     const std::int32_t top = TickY(topRowMode == 1 ? TickCount() + 1 : TickCount());
     const CPlotPlane plane(*this);
     const CPenScope pen(canvas, {.width = 1, .color = kGridColor});
+    std::optional<std::int32_t> last;  // where positions are many, several fall on one column
     for (std::size_t position = 2; position <= graphSeries.size(); ++position) {
         const std::int32_t x = plane.PointX(position, graphSeries.size());
-        DrawLineBetween(canvas, {x, top}, {x, axisBottom});
+        if (x != last) DrawLineBetween(canvas, {x, top}, {x, axisBottom});
+        last = x;
     }
 }
 

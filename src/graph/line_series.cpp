@@ -48,8 +48,9 @@ void DrawGroup(const CGraph& graph, CCanvas& canvas, const Line& line, std::int3
         const Point at{plane.PointX(position, count), graph.yApexPoint - line.heightOf(graph, value)};
         DrawPoint(graph, canvas, line.colorOf(graph, group, value), position > 1 ? &previous : nullptr, at);
         if (graph.showValues == 1) {
-            labels.Place(canvas, {at, plane.PointX(position + 1, count), position == 1, position == count},
-                         ShownValue(value, line.divisor, line.decimals));
+            canvas.SelectTextBackground(TextBackground::Transparent);
+            const LabelledPoint point{at, plane.PointX(position + 1, count), position == 1, position == count};
+            if (labels.IsWanted(point)) labels.Place(canvas, point, ShownValue(value, line.divisor, line.decimals));
         }
         previous = at;
         labels.PassPoint(at);

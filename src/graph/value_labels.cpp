@@ -27,15 +27,15 @@ bool CValueLabels::IsFree(const Box& label, const Box& nextDot, bool isLast) con
     return !Meet(label, lastLabel_) && !Meet(label, previousDot_) && (isLast || !Meet(label, nextDot));
 }
 
-/// Above the point if there is room, else below it, else nowhere. All but the last also keep their distance from the
-/// label before.
+/// Never the first. All but the last keep their distance from the label before.
+bool CValueLabels::IsWanted(const LabelledPoint& point) const {
+    if (point.isFirst) return false;
+    return point.isLast || point.at.x - (lastLabel_.right - lastLabel_.left) / 2 - lastLabel_.left > minGap_;
+}
+
 void CValueLabels::Place(CCanvas& canvas, const LabelledPoint& point, const std::string& text) {
     const TextExtent extent = canvas.MeasureText(text);
-    canvas.SelectTextBackground(TextBackground::Transparent);
-    if (point.isFirst) return;
     const auto [x, y] = point.at;
-    const std::int32_t gap = x - (lastLabel_.right - lastLabel_.left) / 2 - lastLabel_.left;
-    if (!point.isLast && gap <= minGap_) return;
     const std::int32_t left = x - extent.width / 2;
     const std::int32_t right = x + extent.width / 2;
     const Box above{left, y - radius_ - extent.height - 5, right, y - radius_ - 5};

@@ -27,6 +27,9 @@ class CValueLabels {
 public:
     CValueLabels(std::int32_t radius, std::int32_t minGap) : radius_(radius), minGap_(minGap) {}
 
+    /// Whether a label is wanted at a point at all: `text` of Place is only needed then.
+    [[nodiscard]] bool IsWanted(const LabelledPoint& point) const;
+    /// Above the point if there is room, else below it, else nowhere.
     void Place(CCanvas& canvas, const LabelledPoint& point, const std::string& text);
     /// To be called for each point, behind Place.
     void PassPoint(Point at);

@@ -115,22 +115,6 @@ std::vector<RimPixel> RimIn(const Box& box) {
     return rim;
 }
 
-/// Each row's outermost rim pixels.
-struct Extent {
-    std::int64_t left;
-    std::int64_t right;
-};
-
-std::vector<Extent> RowExtents(const std::vector<RimPixel>& rim, const Box& box) {
-    const auto height = static_cast<std::size_t>(std::int64_t{box.bottom} - box.top);
-    std::vector<Extent> extents(height, Extent{box.right, box.left});
-    for (const RimPixel& pixel : rim) {
-        Extent& extent = extents[static_cast<std::size_t>(pixel.at.y - box.top)];
-        extent = {std::min(extent.left, pixel.at.x), std::max(extent.right, pixel.at.x)};
-    }
-    return extents;
-}
-
 }  // namespace
 
 /// Joins the corners and closes.
@@ -146,34 +130,49 @@ void CRaster::DrawOutline(const Figure& corners, std::int32_t width, std::uint32
 }
 
 /// Outline and fill come from the same pixels: a row's brush lies between its outermost ones.
-void CRaster::FillEllipse(const Box& box, std::uint32_t pixel) {
-    const std::vector<RimPixel> rim = RimIn(box);
-    if (IsFar(box)) {
-        Figure corners;
-        for (const RimPixel& corner : rim) corners.push_back(corner.at);
-        FillFigures({&corners, 1}, FillRule::Alternate, pixel);
-        return;
+const EllipseShape& CRaster::ShapeOf(std::int64_t width, std::int64_t height) {
+    if (shape_.width == width && shape_.height == height) return shape_;
+    shape_ = {.width = width, .height = height, .rim = {}, .rows = {}};
+    shape_.rows.assign(static_cast<std::size_t>(height), {width, 0});
+    for (const RimPixel& pixel : Rim(width, height)) {
+        shape_.rim.push_back(pixel.at);
+        EllipseShape::Extent& row = shape_.rows[static_cast<std::size_t>(pixel.at.y)];
+        row = {std::min(row.left, pixel.at.x), std::max(row.right, pixel.at.x)};
     }
-    std::int64_t y = box.top;
-    for (const Extent& extent : RowExtents(rim, box)) FillRow(extent.left, extent.right, y++, pixel);
+    return shape_;
+}
+
+void CRaster::DrawFarEllipse(const Box& box, const Stroke& stroke, const std::uint32_t* brush) {
+    Figure corners;
+    for (const RimPixel& corner : RimIn(box)) corners.push_back(corner.at);
+    if (brush != nullptr) FillFigure(corners, FillRule::Alternate, *brush);
+    DrawOutline(corners, stroke.width, stroke.pixel);
 }
 
 void CRaster::DrawEllipse(const Box& box, const Stroke& stroke, const std::uint32_t* brush) {
     constexpr std::int64_t kMostLikeABox = 2;  // wide or high
     const Box sorted = Sorted(box);
-    const std::int64_t least =
-        std::min(std::int64_t{sorted.right} - sorted.left, std::int64_t{sorted.bottom} - sorted.top);
-    if (least <= kMostLikeABox) {
+    const std::int64_t width = std::int64_t{sorted.right} - sorted.left;
+    const std::int64_t height = std::int64_t{sorted.bottom} - sorted.top;
+    if (std::min(width, height) <= kMostLikeABox) {
         DrawBox(sorted, stroke, brush);
         return;
     }
-    if (brush != nullptr) FillEllipse(sorted, *brush);
-    Figure rim;
-    for (const RimPixel& pixel : RimIn(sorted)) rim.push_back(pixel.at);
-    if (stroke.width > 1 || IsFar(sorted)) {
+    if (IsFar(sorted)) {
+        DrawFarEllipse(sorted, stroke, brush);
+        return;
+    }
+    const EllipseShape& shape = ShapeOf(width, height);
+    if (brush != nullptr) {
+        std::int64_t y = sorted.top;
+        for (const auto& row : shape.rows) FillRow(sorted.left + row.left, sorted.left + row.right, y++, *brush);
+    }
+    if (stroke.width > 1) {
+        Figure rim = shape.rim;  // a wide pen's caps are ellipses themselves
+        for (FarPoint& at : rim) at = {at.x + sorted.left, at.y + sorted.top};
         DrawOutline(rim, stroke.width, stroke.pixel);
     } else {
-        for (const FarPoint& at : rim) SetPixel(at.x, at.y, stroke.pixel);
+        for (const FarPoint& at : shape.rim) SetPixel(at.x + sorted.left, at.y + sorted.top, stroke.pixel);
     }
 }
 
@@ -193,7 +192,7 @@ void CRaster::DrawPie(const Box& box, Point start, Point end, const Stroke& stro
         at = (at + 1) % rim.size();
     } while (at != behind);
     outline.push_back(middle);
-    if (brush != nullptr) FillFigures({&outline, 1}, FillRule::NonZero, *brush);
+    if (brush != nullptr) FillFigure(outline, FillRule::NonZero, *brush);
     DrawOutline(outline, stroke.width, stroke.pixel);
 }
 

@@ -46,24 +46,29 @@ void CRaster::ClipTo(const std::optional<Box>& clip) {
     seen_ = clip ? Intersection(whole, *clip) : whole;
 }
 
-void CRaster::SetPixel(std::int64_t x, std::int64_t y, std::uint32_t pixel) {
-    if (x < seen_.left || y < seen_.top || x >= seen_.right || y >= seen_.bottom) return;
-    bitmap_.Row(static_cast<std::int32_t>(y))[x] = pixel;
-}
-
-void CRaster::FillRow(std::int64_t left, std::int64_t right, std::int64_t y, std::uint32_t pixel) {
-    if (y < seen_.top || y >= seen_.bottom) return;
-    left = std::max<std::int64_t>(left, seen_.left);
-    right = std::min<std::int64_t>(right, seen_.right);
-    if (left >= right) return;
-    std::uint32_t* const row = bitmap_.Row(static_cast<std::int32_t>(y));
-    std::fill(row + left, row + right, pixel);
-}
-
 void CRaster::FillBox(FarPoint leftTop, FarPoint rightBottom, std::uint32_t pixel) {
+    const std::int64_t left = std::max<std::int64_t>(leftTop.x, seen_.left);
+    const std::int64_t right = std::min<std::int64_t>(rightBottom.x, seen_.right);
     const std::int64_t top = std::max<std::int64_t>(leftTop.y, seen_.top);
     const std::int64_t bottom = std::min<std::int64_t>(rightBottom.y, seen_.bottom);
-    for (std::int64_t y = top; y < bottom; ++y) FillRow(leftTop.x, rightBottom.x, y, pixel);
+    if (left >= right || top >= bottom) return;
+    std::uint32_t* row = bitmap_.Row(static_cast<std::int32_t>(bottom - 1)) + left;
+    if (right - left == 1) {  // a grid's columns
+        for (std::int64_t y = top; y < bottom; ++y, row += bitmap_.Width()) *row = pixel;
+        return;
+    }
+    for (std::int64_t y = top; y < bottom; ++y, row += bitmap_.Width()) std::fill(row, row + (right - left), pixel);
+}
+
+/// A thin line along a row or a column, without its last pixel.
+void CRaster::DrawStraightLine(FarPoint from, FarPoint to, std::uint32_t pixel) {
+    if (from.y == to.y) {
+        const std::int64_t left = to.x > from.x ? from.x : to.x + 1;
+        FillRow(left, left + std::abs(to.x - from.x), from.y, pixel);
+    } else {
+        const std::int64_t top = to.y > from.y ? from.y : to.y + 1;
+        FillBox({from.x, top}, {from.x + 1, top + std::abs(to.y - from.y)}, pixel);
+    }
 }
 
 /// One pixel for each step along the longer axis, at the nearest whole coordinate of the other; an exact half goes to
@@ -71,9 +76,12 @@ void CRaster::FillBox(FarPoint leftTop, FarPoint rightBottom, std::uint32_t pixe
 void CRaster::DrawThinLine(FarPoint from, FarPoint to, std::uint32_t pixel) {
     const std::int64_t dx = to.x - from.x;
     const std::int64_t dy = to.y - from.y;
+    if (dx == 0 || dy == 0) {
+        DrawStraightLine(from, to, pixel);
+        return;
+    }
     const bool isFlat = std::abs(dx) >= std::abs(dy);
     const std::int64_t length = isFlat ? std::abs(dx) : std::abs(dy);
-    if (length == 0) return;
     const std::int64_t direction = (isFlat ? dx : dy) > 0 ? 1 : -1;
     const std::int64_t rise = isFlat ? dy : dx;
     const std::int64_t start = isFlat ? from.x : from.y;
@@ -127,8 +135,8 @@ void CRaster::DrawSlantedBody(FarPoint from, FarPoint to, std::int32_t width, st
     const std::int64_t down = (dx > 0) == (dy > 0) ? -1 : 1;  // of a line that falls to the right, the upper corner
     const auto leftOf = [&](FarPoint at) { return FarPoint{at.x - left.across, at.y - down * left.along}; };
     const auto rightOf = [&](FarPoint at) { return FarPoint{at.x + right.across, at.y + down * right.along}; };
-    const Figure body{leftOf(from), rightOf(from), rightOf(to), leftOf(to)};
-    FillFigures({&body, 1}, FillRule::Alternate, pixel);
+    const FarPoint body[] = {leftOf(from), rightOf(from), rightOf(to), leftOf(to)};
+    FillFigure(body, FillRule::Alternate, pixel);
 }
 
 void CRaster::DrawWideLine(FarPoint from, FarPoint to, std::int32_t width, std::uint32_t pixel) {
@@ -155,16 +163,28 @@ void CRaster::DrawLine(Point from, Point to, const Stroke& stroke) {
     }
 }
 
+/// The outline of a box, its last column and row told, where each line leaves out its last pixel: of one pixel there is
+/// nothing to see.
+void CRaster::DrawThinBox(FarPoint leftTop, FarPoint last, std::uint32_t pixel) {
+    if (leftTop == last) return;
+    FillRow(leftTop.x, last.x + 1, leftTop.y, pixel);
+    FillRow(leftTop.x, last.x + 1, last.y, pixel);
+    FillBox({leftTop.x, leftTop.y + 1}, {leftTop.x + 1, last.y}, pixel);
+    FillBox({last.x, leftTop.y + 1}, {last.x + 1, last.y}, pixel);
+}
+
 /// A box without width or height paints nothing at all, not even a line.
 void CRaster::DrawBox(const Box& box, const Stroke& stroke, const std::uint32_t* brush) {
     const Box sorted = Sorted(box);
     if (sorted.left == sorted.right || sorted.top == sorted.bottom) return;
-    const std::int64_t right = std::int64_t{sorted.right} - 1;
-    const std::int64_t bottom = std::int64_t{sorted.bottom} - 1;
-    if (brush != nullptr)
-        FillBox({sorted.left + std::int64_t{1}, sorted.top + std::int64_t{1}}, {right, bottom}, *brush);
-    DrawOutline({{sorted.left, sorted.top}, {right, sorted.top}, {right, bottom}, {sorted.left, bottom}}, stroke.width,
-                stroke.pixel);
+    const FarPoint leftTop{sorted.left, sorted.top};
+    const FarPoint last{std::int64_t{sorted.right} - 1, std::int64_t{sorted.bottom} - 1};
+    if (brush != nullptr) FillBox({leftTop.x + 1, leftTop.y + 1}, last, *brush);
+    if (stroke.width <= 1) {
+        DrawThinBox(leftTop, last, stroke.pixel);
+    } else {
+        DrawOutline({leftTop, {last.x, leftTop.y}, last, {leftTop.x, last.y}}, stroke.width, stroke.pixel);
+    }
 }
 
 }  // namespace tradebill

@@ -23,8 +23,14 @@ char32_t TakeCharacter(std::string_view& text) {
     return point;
 }
 
+/// Most texts of a chart are numbers, which are the same in both encodings.
+std::string Utf8Of(std::string_view gbk) {
+    const bool isAscii = std::ranges::all_of(gbk, [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+    return isAscii ? std::string(gbk) : GbkToUtf8(gbk);
+}
+
 const std::vector<FaceChoice>& FacesOf(const Font& font) {
-    return FacesFor(GbkToUtf8(font.face), font.weight >= kBoldFrom);
+    return FacesFor(Utf8Of(font.face), font.weight >= kBoldFrom);
 }
 
 /// The best face that has the character, or null.
@@ -46,7 +52,7 @@ std::int32_t BoxWidth(char32_t character, std::int32_t cellHeight) {
 
 std::vector<PlacedGlyph> LayOutText(const Font& font, std::string_view text) {
     const std::vector<FaceChoice>& faces = FacesOf(font);
-    const std::string characters = GbkToUtf8(text);
+    const std::string characters = Utf8Of(text);
     std::vector<PlacedGlyph> glyphs;
     std::int32_t offset = 0;
     for (std::string_view rest = characters; !rest.empty();) {
