@@ -6,6 +6,7 @@
 
 #include "base/text.h"
 #include "driver/bill_folders.h"
+#include "images/report_images.h"
 #include "page/html_builder.h"
 #include "page/page_sections.h"
 #include "platform/host_link.h"
@@ -124,6 +125,8 @@ RunResult RunReport(const GenerateBillRequest& request, CRunWatcher* watcher) {
     if (LocalDayOf(ReportDays.last) == today) MergeLiveFigures();
     if (watcher != nullptr) watcher->OnStage("statistics");
     FinishStatistics();
+    if (watcher != nullptr) watcher->OnStage("pictures");
+    BuildReportImages();
     if (watcher != nullptr) watcher->OnStage("page");
     WritePage(result);
     NotifyHost();

@@ -6,6 +6,7 @@
 
 #include "base/gbk.h"
 #include "base/number.h"
+#include "images/picture_names.h"
 #include "page/page_sections.h"
 #include "page/table_section.h"
 #include "statement/request_copy.h"
@@ -18,7 +19,7 @@ constexpr TableSection kSection{
     .title = {.title = "成交明细"_gbk,
               .handler = "clickMatch",
               .buttonId = "Matchbtn",
-              .picture = "MatchDetails.jpg",
+              .picture = kMatchDetails,
               .titleTail = "</div>\r\n",
               .heightTail = "  "},
     .tableId = "tabMatch",

@@ -6,6 +6,7 @@
 
 #include "base/gbk.h"
 #include "base/number.h"
+#include "images/picture_names.h"
 #include "page/page_sections.h"
 #include "page/table_section.h"
 #include "statement/request_copy.h"
@@ -18,7 +19,7 @@ constexpr TableSection kSection{
     .title = {.title = "平仓记录"_gbk,
               .handler = "clickOfferset",
               .buttonId = "Offersetbtn",
-              .picture = "OffsetRecords.jpg",
+              .picture = kOffsetRecords,
               .titleTail = " </div>\r\n",
               .heightTail = " "},
     .tableId = "tabOffset",

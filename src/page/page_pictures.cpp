@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
+#include "base/scale.h"
 #include "page/page_text.h"
 #include "statement/report_document.h"
+#include "statement/request_copy.h"
 
 namespace tradebill {
 
@@ -17,8 +19,17 @@ std::string ScriptPicturePath(std::string_view picture) {
     return path;
 }
 
-std::string FullPicturePath(std::string_view picture) {
-    return Joined(ReportDocument.BillFolder, "/", ReportDocument.ImageFolderName, "/", picture);
+PictureSize SizeOf(std::string_view picture) {
+    return ReadPictureSize(FullPicturePath(picture));
+}
+
+PictureSize ScaledSizeOf(std::string_view picture) {
+    const PictureSize size = SizeOf(picture);
+    return {ScaleByDpi(size.width, Request.Dpi), ScaleByDpi(size.height, Request.Dpi)};
+}
+
+TextExtent MeasureTitle(std::string_view title) {
+    return MeasureText({.face = "Arial", .cellHeight = ScaleByDpi(16, Request.Dpi), .weight = 600}, title);
 }
 
 }  // namespace tradebill

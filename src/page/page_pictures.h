@@ -1,14 +1,14 @@
-// The pictures that the page points at, and the two ways to name them.
+// The pictures that the page points at: the ways to name them, and their sizes.
 #pragma once
 
 #include <string>
 #include <string_view>
 
-namespace tradebill {
+#include "images/picture_names.h"
+#include "platform/font.h"
+#include "platform/picture_file.h"
 
-inline constexpr std::string_view kShrinkPicture = "BillShrink.png";
-inline constexpr std::string_view kExpandPicture = "BillExpand.png";
-inline constexpr std::string_view kOffsetFigure = "OffsetFigure.jpg";
+namespace tradebill {
 
 /// Relative to the page, as its src attributes spell it: with a backslash.
 [[nodiscard]] std::string PagePicturePath(std::string_view picture);
@@ -16,7 +16,13 @@ inline constexpr std::string_view kOffsetFigure = "OffsetFigure.jpg";
 /// Relative to the page, as its scripts spell it: with slashes.
 [[nodiscard]] std::string ScriptPicturePath(std::string_view picture);
 
-/// Where the file lies.
-[[nodiscard]] std::string FullPicturePath(std::string_view picture);
+/// Size of the file, 0 by 0 if it can't be read.
+[[nodiscard]] PictureSize SizeOf(std::string_view picture);
+
+/// The same by the screen's resolution: title bars and buttons lie on disk unscaled, and the page stretches them.
+[[nodiscard]] PictureSize ScaledSizeOf(std::string_view picture);
+
+/// Size of a section's title in the font that the class titletext names, so that the button stands right of it.
+[[nodiscard]] TextExtent MeasureTitle(std::string_view title);
 
 }  // namespace tradebill

@@ -7,6 +7,10 @@ namespace tradebill {
 
 class CHtmlBuilder;
 
+/// The account's pictures. Tells the host the sizes of the charts, with the page whole so far.
+bool AddAccountSection(CHtmlBuilder& page);
+bool AddForeignAccountSection(CHtmlBuilder& page);
+
 bool AddTradeSection(CHtmlBuilder& page);
 bool AddForeignTradeSection(CHtmlBuilder& page);
 

@@ -16,7 +16,7 @@ bool AddNotes(CHtmlBuilder& page) {
     return true;
 }
 
-/// An anchor and the section under it. Without a writer there is the anchor alone.
+/// An anchor and the section under it.
 struct PageSection {
     std::string_view anchor;
     SectionWriter domestic;
@@ -26,7 +26,7 @@ struct PageSection {
 
 // clang-format off
 constexpr PageSection kSections[] = {
-    {"账户统计"_gbk, nullptr,            nullptr},
+    {"账户统计"_gbk, AddAccountSection,  AddForeignAccountSection},
     {"交易统计"_gbk, AddTradeSection,    AddForeignTradeSection},
     {"期末持仓"_gbk, AddPositionSection, AddForeignPositionSection},
     {"成交明细"_gbk, AddMatchSection,    AddForeignMatchSection},
@@ -43,7 +43,7 @@ void AddPageSections(CHtmlBuilder& page) {
         if (IsForeign() && !section.inForeignPages) continue;
         page.AddAnchor(section.anchor);
         const SectionWriter writer = IsForeign() ? section.foreign : section.domestic;
-        if (writer != nullptr) writer(page);  // a section that saw the stop doesn't end the page
+        writer(page);  // a section that saw the stop doesn't end the page
     }
     page.ClosePage();
 }

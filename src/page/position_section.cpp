@@ -6,6 +6,7 @@
 #include "base/day.h"
 #include "base/gbk.h"
 #include "base/number.h"
+#include "images/picture_names.h"
 #include "page/page_sections.h"
 #include "page/table_section.h"
 #include "platform/local_time.h"
@@ -19,7 +20,7 @@ constexpr TableSection kSection{
     .title = {.title = "期末持仓"_gbk,
               .handler = "clickPositions",
               .buttonId = "Positionsbtn",
-              .picture = "LastPositions.jpg",
+              .picture = kLastPositions,
               .titleTail = "</div>\r\n",
               .heightTail = "  "},
     .tableId = "tabPositions",

@@ -6,8 +6,6 @@
 #include "base/scale.h"
 #include "page/html_builder.h"
 #include "page/page_pictures.h"
-#include "platform/font.h"
-#include "platform/picture_file.h"
 #include "statement/request_copy.h"
 
 namespace tradebill {
@@ -15,17 +13,6 @@ namespace {
 
 int Scaled(int value) {
     return ScaleByDpi(value, Request.Dpi);
-}
-
-/// The title bars and buttons lie on disk unscaled, and the page stretches them.
-PictureSize ScaledSizeOf(std::string_view picture) {
-    const PictureSize size = ReadPictureSize(FullPicturePath(picture));
-    return {Scaled(size.width), Scaled(size.height)};
-}
-
-/// In the font that the class titletext names, so that the button stands right of the title.
-TextExtent MeasureTitle(std::string_view title) {
-    return MeasureText({.face = "Arial", .cellHeight = Scaled(16), .weight = 600}, title);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "base/gbk.h"
 #include "base/number.h"
+#include "images/picture_names.h"
 #include "page/page_sections.h"
 #include "page/table_section.h"
 #include "statement/offset_sides.h"
@@ -21,7 +22,7 @@ constexpr TableSection kSection{
     .title = {.title = "交易统计"_gbk,
               .handler = "clickStatistics",
               .buttonId = "Statisticsbtn",
-              .picture = "TradeStatistics.jpg",
+              .picture = kTradeStatistics,
               .titleTail = " </div> \r\n",
               .heightTail = " "},
     .tableId = "tabTrade",

@@ -33,22 +33,29 @@ protected:
     }
 };
 
-TEST_F(ReportRun, GoesFromDaysOverStatisticsToThePage) {
+TEST_F(ReportRun, GoesFromDaysOverStatisticsAndPicturesToThePage) {
     PutBothDays();
     bool readBeforeStatistics = false;
     bool figuresBeforePage = false;
     bool pageStood = true;
+    bool picturesStood = true;
+    const auto banner = [this] {
+        return fs::exists(root_.Path("Users/u/Data/Bill/Image/Image_files/AccountSummary.jpg"));
+    };
     watcher_.onStage = [&](const std::string& stage) {
         if (stage == "statistics") readBeforeStatistics = MoneyStore.Count() == 2 && AccountStatistics.MaxRisk == 0;
+        if (stage == "pictures") picturesStood = banner();
         if (stage == "page") {
             figuresBeforePage = AccountStatistics.MaxRisk != 0;
             pageStood = fs::exists(PageFile());
         }
     };
     const RunResult result = Run();
-    EXPECT_EQ(watcher_.stages, (Texts{"statistics", "page"}));
+    EXPECT_EQ(watcher_.stages, (Texts{"statistics", "pictures", "page"}));
     EXPECT_TRUE(readBeforeStatistics);
     EXPECT_TRUE(figuresBeforePage);
+    EXPECT_FALSE(picturesStood);
+    EXPECT_TRUE(banner());
     EXPECT_FALSE(pageStood);
     EXPECT_EQ(result.end, RunEnd::Finished);
     EXPECT_EQ(result.days, 2);
@@ -190,6 +197,12 @@ TEST_F(ReportRun, WritesNothingOutsideTheUsersData) {
     EXPECT_EQ(after.erase("Users/u/Data/Bill/Image/"), 1U);
     EXPECT_EQ(after.erase("Users/u/Data/Bill/Image/Image_files/"), 1U);
     EXPECT_EQ(after.erase("Users/u/Data/Bill/Image/TradeBill.html"), 1U);
+    for (const std::string picture :
+         {"AccountSummary.jpg", "AccountDetail.jpg", "AccountFigure.jpg", "BillStatistics.jpg", "AccountStatics.jpg",
+          "HealthFigure.jpg", "RiskFigure.jpg", "TradeStatistics.jpg", "LastPositions.jpg", "MatchDetails.jpg",
+          "OffsetRecords.jpg", "OffsetFigure.jpg", "BillShrink.png", "BillExpand.png"}) {
+        EXPECT_EQ(after.erase("Users/u/Data/Bill/Image/Image_files/" + picture), 1U) << picture;
+    }
     EXPECT_EQ(after, before);  // statements included
 }
 

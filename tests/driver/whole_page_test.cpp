@@ -73,7 +73,8 @@ TEST_F(WholePage, IsTheOneWorkedOutByHand) {
     std::string expected = Expected("expected.html");
     const TextExtent title = MeasureText({.face = "Arial", .cellHeight = 16, .weight = 600}, Gbk("交易统计"));
     ReplaceAll(expected, "@TITLE_WIDTH@", title.width + 10);
-    ReplaceAll(expected, "@BUTTON_TOP@", 10 + title.height / 2);
+    ReplaceAll(expected, "@BUTTON_TOP@", 10 + (title.height - 8) / 2);
+    ReplaceAll(expected, "@SUMMARY_BUTTON_TOP@", 108 + (title.height - 8) / 2);
     ReplaceAll(expected, "@BUTTON_LEFT@", 730 + title.width);
     EXPECT_TRUE(result.pageWritten);
     EXPECT_EQ(result.pagePath, root_.Path("Users/u/Data/Bill/Image/TradeBill.html"));

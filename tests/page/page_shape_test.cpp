@@ -67,14 +67,15 @@ protected:
     }
 
     std::string DomesticPage() {
-        return WithScripts("<a name = 账户统计></a>\r\n<a name = 交易统计></a>\r\n" + Alone(AddTradeSection) +
-                           "<a name = 期末持仓></a>\r\n" + Alone(AddPositionSection) + "<a name = 成交明细></a>\r\n" +
-                           Alone(AddMatchSection) + "<a name = 平仓记录></a>\r\n" + Alone(AddOffsetSection) +
-                           "<a name = 报告说明></a>\r\n" + Alone(AddNotes));
+        return WithScripts("<a name = 账户统计></a>\r\n" + Alone(AddAccountSection) + "<a name = 交易统计></a>\r\n" +
+                           Alone(AddTradeSection) + "<a name = 期末持仓></a>\r\n" + Alone(AddPositionSection) +
+                           "<a name = 成交明细></a>\r\n" + Alone(AddMatchSection) + "<a name = 平仓记录></a>\r\n" +
+                           Alone(AddOffsetSection) + "<a name = 报告说明></a>\r\n" + Alone(AddNotes));
     }
 
     std::string ForeignPage() {
-        return WithScripts("<a name = 账户统计></a>\r\n<a name = 交易统计></a>\r\n" + Alone(AddForeignTradeSection) +
+        return WithScripts("<a name = 账户统计></a>\r\n" + Alone(AddForeignAccountSection) +
+                           "<a name = 交易统计></a>\r\n" + Alone(AddForeignTradeSection) +
                            "<a name = 期末持仓></a>\r\n" + Alone(AddForeignPositionSection) +
                            "<a name = 成交明细></a>\r\n" + Alone(AddForeignMatchSection) +
                            "<a name = 报告说明></a>\r\n" + Alone(AddNotes));

@@ -1,0 +1,13 @@
+// The pictures of a report: painted off-screen, one after another, and saved in the folder that the page points at.
+// What they show comes from the head of a section (header_block.h), the painted tables (account_table.h,
+// currency_tables.h, statistics_panel.h) and the charts (account_charts.h).
+#pragma once
+
+namespace tradebill {
+
+/// Makes twelve JPEG and two PNG files from the stores of the finished run and sets PageWidth. A picture that can't be
+/// made or saved is passed over. Returns false if the banner is missing: then there are only the PNG files, and
+/// PageWidth stays as it was.
+bool BuildReportImages();
+
+}  // namespace tradebill
