@@ -1,9 +1,13 @@
 // The functions that a host finds in the module.
 #include <new>
 
+#include "base/gbk.h"
 #include "base/report_error.h"
+#include "driver/repaint.h"
 #include "driver/report_request.h"
 #include "driver/report_run.h"
+#include "images/account_charts.h"
+#include "page/html_builder.h"
 #include "platform/root_folder.h"
 
 namespace tradebill {
@@ -41,4 +45,28 @@ std::uint32_t TryGenerateBill(const GenerateBillRequest* request) {
 
 void SetRootFolder(const char* path) {
     if (path != nullptr) tradebill::SetRootFolderPath(path);
+}
+
+void ResetTradeBillFile(const char* path, int32_t finished) {
+    using namespace tradebill;
+    if (path == nullptr) return;
+    CHtmlBuilder page(path);
+    page.AddHeading(2, "", finished != 0 ? "请查询！"_gbk : "账单查询中..."_gbk);
+    page.ClosePage();
+}
+
+void StretchZjGraph(ChartTarget* target, const ChartRect* rect, int32_t width, int32_t height) {
+    tradebill::Repaint(target, rect, {width, height}, tradebill::StretchEquityChart);
+}
+
+void StretchRiskAndProfit(ChartTarget* target, const ChartRect* rect, int32_t width, int32_t height) {
+    tradebill::Repaint(target, rect, {width, height}, tradebill::StretchAccountYieldChart);
+}
+
+void StretchRisk(ChartTarget* target, const ChartRect* rect, int32_t width, int32_t height) {
+    tradebill::Repaint(target, rect, {width, height}, tradebill::StretchTradeYieldChart);
+}
+
+void StretchOffsetGraph(ChartTarget* target, const ChartRect* rect, int32_t width, int32_t height) {
+    tradebill::Repaint(target, rect, {width, height}, tradebill::StretchOffsetChart);
 }

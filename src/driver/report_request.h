@@ -89,6 +89,46 @@ TRADEBILL_API uint32_t TryGenerateBill(const GenerateBillRequest* request);
  * Default: the executable's folder. */
 TRADEBILL_API void SetRootFolder(const char* path);
 
+/* Writes a placeholder page to `path` (the full path of the page, zero-terminated, at most 259 bytes, copied), for the
+ * host to show before (`finished` not 0) or while a report is made. A path that can't be written is passed over. */
+TRADEBILL_API void ResetTradeBillFile(const char* path, int32_t finished);
+
+/* Left, top, right and bottom in pixels, as a RECT. */
+typedef struct ChartRect {
+    int32_t Left, Top, Right, Bottom;
+} ChartRect;
+
+/* What a chart is repainted on. On Windows `target` is the host's Gdiplus::Graphics object. */
+#if defined(_WIN32)
+typedef void ChartTarget;
+#else
+typedef struct ChartTarget {
+    uint32_t* Pixels;   /* 0xAARRGGBB, the top row first; painted ones become opaque */
+    int32_t Width;      /* pixels */
+    int32_t Height;     /* rows */
+    int32_t Stride;     /* bytes from one row to the next, at least 4 * Width */
+    int32_t LastStatus; /* one of ChartStatus, if not kChartDone; never cleared */
+} ChartTarget;
+#endif
+
+/* Numbers as GDI+ has them. */
+enum ChartStatus {
+    kChartDone = 0,
+    kChartInvalidParameter = 2, /* a painting area or target that can't be */
+    kChartOutOfMemory = 3,
+    kChartWrongState = 8 /* there has been no report */
+};
+
+/* Repaint one chart from what the last run left, at any size, on the host's target: a painting area of `width` by
+ * `height` pixels is made (at most 2^28 of them), the chart fills `rect` of it, and that part is drawn with its middle
+ * where the middle of the area would be; what lies outside of the target is cut off. An account without days shows an
+ * empty frame. Nothing is drawn if `target` or `rect` is null, if `rect` is empty or reversed, or, with a status, if
+ * there has been no report. Not to be called during a run. */
+TRADEBILL_API void StretchZjGraph(ChartTarget* target, const ChartRect* rect, int32_t width, int32_t height);
+TRADEBILL_API void StretchRiskAndProfit(ChartTarget* target, const ChartRect* rect, int32_t width, int32_t height);
+TRADEBILL_API void StretchRisk(ChartTarget* target, const ChartRect* rect, int32_t width, int32_t height);
+TRADEBILL_API void StretchOffsetGraph(ChartTarget* target, const ChartRect* rect, int32_t width, int32_t height);
+
 #if !defined(_WIN32)
 /* Stand-ins for the windows and events of a Windows host. Objects belong to the caller, who destroys them after the
  * run. */
