@@ -73,6 +73,20 @@ bool HasHalfWidthLatin(FT_Face face) {
     return wide > 0 && 2 * UnscaledAdvance(face, U'0') == wide && 2 * UnscaledAdvance(face, U'W') == wide;
 }
 
+/// A bold file whose strokes are as thin as a plain one's. The Tahoma of free fonts is one: only its advances are bold.
+bool IsFaintlyBold(FT_Face face, double em) {
+    constexpr double kLeastStem = 0.1;  // of the em; plain faces have 0.09, bold ones 0.11 and more
+    const FT_UInt stem = FT_Get_Char_Index(face, U'l');
+    if ((face->style_flags & FT_STYLE_FLAG_BOLD) == 0 || stem == 0) return false;
+    if (FT_Load_Glyph(face, stem, FT_LOAD_NO_SCALE) != 0) return false;
+    return static_cast<double>(face->glyph->metrics.width) < kLeastStem * em;
+}
+
+/// What makes its strokes bold: 1/20 of the em, and no less than shows.
+FT_Pos StrengthAt(std::uint32_t pixelsPerEm) {
+    return std::max(kOnePixel * 3 / 4, kOnePixel * static_cast<FT_Pos>(pixelsPerEm) / 20);
+}
+
 /// Counter-clockwise by tenths of a degree.
 void Turn(FT_Outline& outline, std::int32_t escapement) {
     const double angle = escapement * std::numbers::pi / 1800;
@@ -89,6 +103,7 @@ CScaledFace::CScaledFace(const FaceChoice& choice, std::int32_t cellHeight) : ch
     pixelsPerEm_ = PixelsPerEm(units, std::clamp(cellHeight, 1, kLargestCell));
     metrics_ = MetricsAt(choice.face, units, pixelsPerEm_);
     hasHalfWidthLatin_ = HasHalfWidthLatin(choice.face);
+    isFaint_ = !choice.isThickened && IsFaintlyBold(choice.face, units.em);
     if (choice.isThickened) {
         ++metrics_.averageWidth;
         ++metrics_.maxWidth;
@@ -129,6 +144,7 @@ GlyphPicture CScaledFace::Render(char32_t character, std::int32_t escapement) {
     FT_GlyphSlot const slot = choice_.face->glyph;
     if (slot->format == FT_GLYPH_FORMAT_OUTLINE) {
         if (choice_.isThickened) FT_Outline_EmboldenXY(&slot->outline, kOnePixel, 0);
+        if (isFaint_) FT_Outline_EmboldenXY(&slot->outline, StrengthAt(pixelsPerEm_), 0);
         if (escapement != 0) Turn(slot->outline, escapement);
     }
     if (FT_Render_Glyph(slot, FT_RENDER_MODE_NORMAL) != 0) return {};

@@ -43,6 +43,7 @@ private:
     std::uint32_t pixelsPerEm_ = 1;
     TextMetrics metrics_;
     bool hasHalfWidthLatin_ = false;
+    bool isFaint_ = false;
     std::unordered_map<char32_t, std::int32_t> advances_;
     std::map<std::pair<char32_t, std::int32_t>, GlyphPicture> pictures_;
 };
