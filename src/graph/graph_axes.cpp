@@ -1,5 +1,6 @@
 // Grid, axes, ticks and captions of an upright chart in the first quadrant, and its right axis.
 #include <algorithm>
+#include <optional>
 #include <string>
 
 #include "base/number.h"
@@ -8,6 +9,7 @@
 #include "graph/graph_axes.h"
 #include "graph/graph_measures.h"
 #include "graph/graph_plane.h"
+#include "platform/text_block.h"
 
 namespace tradebill {
 namespace {
@@ -46,7 +48,10 @@ void CGraph::DrawAxis(CCanvas& canvas) {
     if (style == AxisStyle::Plain) DrawPlainAxes(canvas);
     if (style == AxisStyle::Crossed) DrawCrossedAxes(*this, canvas);
     if (style == AxisStyle::Box) DrawBoxAxes(*this, canvas);
-    if (!IsLying(*this) && graphType != kScatterGraph) DrawXLabels(canvas);
+    if (IsLying(*this)) return;
+    if (style == AxisStyle::Crossed) DrawYTitle(canvas);
+    if (style != AxisStyle::Plain) DrawXTitle(canvas);
+    if (graphType != kScatterGraph) DrawXLabels(canvas);
 }
 
 void CGraph::DrawPlainAxes(CCanvas& canvas) {
@@ -87,16 +92,23 @@ std::int32_t CGraph::AxisTitleHeight() const {
 void CGraph::DrawYTitle(CCanvas& canvas) const {
     if (axisYLabel.empty()) return;
     const CFontScope font(canvas, ChartFont(kTahoma, AxisTitleHeight()));
-    const std::int32_t height = canvas.MeasureText(axisYLabel).height;
-    canvas.WriteText({outline.left + 10, yApexPoint - height / 2 - yAxisHeight / 2}, axisYLabel);
+    const std::int32_t height = MeasureTextBlock(canvas, axisYLabel).height;
+    const CPlotPlane plane(*this);
+    WriteTextBlock(canvas, {outline.left + 10, plane.Bottom() - height / 2 - yAxisHeight / 2}, axisYLabel);
 }
 
+/// Under the labels; scattered dots leave no room there, and have it over the end of the axis.
 void CGraph::DrawXTitle(CCanvas& canvas) const {
     if (axisXLabel.empty()) return;
     const CFontScope font(canvas, ChartFont(kTahoma, AxisTitleHeight()));
-    const std::int32_t halfWidth =
-        ToPixel(static_cast<double>(LengthOf(axisXLabel) / 2) * canvas.Metrics().averageWidth);
-    canvas.WriteText({xAxisWidth / 2 - halfWidth + xApexPoint, yApexPoint + 25}, axisXLabel);
+    const CPlotPlane plane(*this);
+    if (graphType == kScatterGraph) {
+        const TextExtent extent = canvas.MeasureText(axisXLabel);
+        canvas.WriteText({plane.Left() + xAxisWidth - extent.width, plane.Bottom() - extent.height - 5}, axisXLabel);
+        return;
+    }
+    const double halfWidth = static_cast<double>(LengthOf(axisXLabel) / 2) * canvas.Metrics().averageWidth;
+    canvas.WriteText({xAxisWidth / 2 - ToPixel(halfWidth) + plane.Left(), plane.Bottom() + 25}, axisXLabel);
 }
 
 void CGraph::DrawLeftTicks(CCanvas& canvas) {

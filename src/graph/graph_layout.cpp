@@ -9,13 +9,20 @@
 #include "graph/graph.h"
 #include "graph/graph_measures.h"
 #include "graph/graph_plane.h"
+#include "platform/text_block.h"
 
 namespace tradebill {
 namespace {
 
 std::int32_t WidthIn(CCanvas& canvas, const Font& font, std::string_view text) {
     const CFontScope scope(canvas, font);
-    return text.empty() ? 0 : canvas.MeasureText(text).width;
+    return canvas.MeasureText(text).width;
+}
+
+/// Of a title or caption, which may have several lines.
+TextExtent BlockIn(CCanvas& canvas, const Font& font, std::string_view text) {
+    const CFontScope scope(canvas, font);
+    return MeasureTextBlock(canvas, text);
 }
 
 }  // namespace
@@ -76,16 +83,16 @@ void CGraph::LayOutUpright(CCanvas& canvas, const TextExtent& title) {
     const Font tickFont = ChartFont(kTahoma, tickFontSize);
     const Font unitFont = ChartFont(kSong, tickFontSize);
     const std::int32_t left = WidthIn(canvas, tickFont, Longest([this](auto tick) { return LeftTickText(tick); }));
-    const std::int32_t leftUnit = WidthIn(canvas, unitFont, FieldText(unitText));
-    const std::int32_t yTitle = WidthIn(canvas, tickFont, axisYLabel);
+    const std::int32_t leftUnit = BlockIn(canvas, unitFont, FieldText(unitText)).width;
+    const std::int32_t yTitle = BlockIn(canvas, tickFont, axisYLabel).width;
+    const std::int32_t xTitle = BlockIn(canvas, tickFont, axisXLabel).height;
     xApexPoint = ToPixel(outline.left + 10 + std::max(left, leftUnit) + yTitle * 1.5 + 20.0);
 
     if (xAxisAlign != 0) {
         axisBottom =
             ToPixel(maxHeight - static_cast<double>(xAxisLabelLength) * (xLabelFontSize / 2)) + outline.top - 15;
-    } else if (!axisXLabel.empty()) {
-        const CFontScope scope(canvas, tickFont);
-        axisBottom = maxHeight - canvas.MeasureText(axisXLabel).height - Scaled(35) + outline.top;
+    } else if (xTitle != 0) {
+        axisBottom = maxHeight - xTitle - Scaled(35) + outline.top;
     } else {
         axisBottom = maxHeight - Scaled(30) + outline.top;
     }
@@ -96,7 +103,7 @@ void CGraph::LayOutUpright(CCanvas& canvas, const TextExtent& title) {
     if (dualAxis == 1) {
         const std::int32_t right =
             WidthIn(canvas, tickFont, Longest([this](auto tick) { return RightTickTextMeasured(tick); }));
-        xAxisWidth -= std::max(right, WidthIn(canvas, unitFont, FieldText(unitText2)));
+        xAxisWidth -= std::max(right, BlockIn(canvas, unitFont, FieldText(unitText2)).width);
     }
     const std::int32_t row = Rows() > 0 ? plotHeight / Rows() : 0;
     yApexPoint = axisBottom - (baseRow == 1 ? row : 0);

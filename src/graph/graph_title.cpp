@@ -1,6 +1,7 @@
 // The frame, and the title in one of its three forms.
 #include "graph/graph.h"
 #include "graph/graph_measures.h"
+#include "platform/text_block.h"
 
 namespace tradebill {
 
@@ -10,15 +11,16 @@ void CGraph::DrawFrame(CCanvas& canvas) const {
     canvas.Rectangle(outline);
 }
 
-/// Returns the size of the title drawn last: the plot leaves room for its height.
+/// Returns the size of the title drawn last, as a text of several lines has it: the plot leaves room for its height.
 TextExtent CGraph::DrawTitle(CCanvas& canvas) {
     if (dualAxis != 1 && swatchTitle != 1) return DrawCentredTitle(canvas);
     const CFontScope font(canvas, ChartFont(kSong, tickFontSize));
     const TextExtent first = canvas.MeasureText(graphTitle);
     DrawSwatchTitle(canvas, first);
-    if (dualAxis != 1) return first;
+    if (dualAxis != 1) return MeasureTextBlock(canvas, graphTitle);
     const std::int32_t x = outline.left + 10 + Scaled(40) + first.width + 25;
-    return DrawSecondSwatch(canvas, {x, outline.top}, first.height) ? canvas.MeasureText(graphTitle2) : TextExtent{};
+    return DrawSecondSwatch(canvas, {x, outline.top}, first.height) ? MeasureTextBlock(canvas, graphTitle2)
+                                                                    : TextExtent{};
 }
 
 /// A piece of the first group's line, and the title behind it.
@@ -100,7 +102,7 @@ TextExtent CGraph::DrawCentredTitle(CCanvas& canvas) const {
     const auto halfLength = static_cast<std::int32_t>(graphTitle.size() / 2);
     const std::int32_t x = maxWidth / 2 - halfLength * canvas.Metrics().averageWidth + outline.left;
     canvas.WriteText({x, outline.top + 10}, graphTitle);
-    return graphTitle.empty() ? TextExtent{} : canvas.MeasureText(graphTitle);
+    return MeasureTextBlock(canvas, graphTitle);
 }
 
 }  // namespace tradebill
