@@ -148,15 +148,17 @@ void AddSecondAxis(CGraph& graph, const Choice& choice, std::int32_t positions) 
     const std::int32_t count = choice.kind->second == SecondAxis::Bars ? positions - 1 : positions;
     for (std::int32_t position = 0; position < count; ++position) {
         auto series = std::make_unique<CGraphSeries>();
-        series->SetData(0, ValueAt(*choice.data, position, 1) / 100);
+        const double value = ValueAt(*choice.data, position, 1);
+        series->SetData(0, value > 0 ? value / 100 : value);
         graph.graphSeries2.push_back(std::move(series));
     }
     graph.seriesSize2 = 1;
 }
 
-/// In the other quadrants there is half an axis on either side, and values lie on both where they can.
+/// Where the axis of values runs both ways, values lie on both sides of its origin as far as they can.
 void SetScale(CGraph& graph, const Choice& choice) {
-    if (choice.quadrant == 1) return;
+    const bool isCentred = choice.quadrant == 4 || choice.quadrant == (choice.isLying ? 2 : 3);
+    if (!isCentred) return;
     const bool startsAtZero = IsStacked(*choice.kind) || choice.kind->graphType == kScatterGraph;
     graph.minTick = startsAtZero ? 0.0 : 50.0;
     graph.maxTick = IsStacked(*choice.kind) ? 200.0 : graph.minTick + 100.0;
