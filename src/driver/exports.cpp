@@ -9,6 +9,7 @@
 #include "images/account_charts.h"
 #include "page/html_builder.h"
 #include "platform/root_folder.h"
+#include "platform/screen.h"
 
 namespace tradebill {
 namespace {
@@ -45,6 +46,10 @@ std::uint32_t TryGenerateBill(const GenerateBillRequest* request) {
 
 void SetRootFolder(const char* path) {
     if (path != nullptr) tradebill::SetRootFolderPath(path);
+}
+
+void SetScreenWidth(std::int32_t width) {
+    tradebill::SetScreenWidthPixels(width);
 }
 
 void ResetTradeBillFile(const char* path, int32_t finished) {

@@ -130,6 +130,9 @@ TRADEBILL_API void StretchRisk(ChartTarget* target, const ChartRect* rect, int32
 TRADEBILL_API void StretchOffsetGraph(ChartTarget* target, const ChartRect* rect, int32_t width, int32_t height);
 
 #if !defined(_WIN32)
+/* The display's width in pixels, which the distances of value labels in charts follow; below 1: the usual 1920. */
+TRADEBILL_API void SetScreenWidth(int32_t width);
+
 /* Stand-ins for the windows and events of a Windows host. Objects belong to the caller, who destroys them after the
  * run. */
 

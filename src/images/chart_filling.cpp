@@ -14,6 +14,7 @@
 #include "base/scale.h"
 #include "base/text.h"
 #include "platform/local_time.h"
+#include "platform/screen.h"
 #include "statement/money_store.h"
 
 namespace tradebill {
@@ -44,6 +45,7 @@ void ApplySecondAxis(CGraph& graph, const SecondAxisSettings& second) {
 
 void ApplySettings(CGraph& graph, const ChartSettings& settings, const FormSettings& form) {
     graph.dpi = Request.Dpi;
+    graph.screenWidth = ScreenWidth();
     graph.graphHasGridLines = 1;
     graph.lineWidth = kLineWidth;
     graph.tickFontSize = graph.xLabelFontSize = ScaleByDpi(kFontSize, Request.Dpi);
