@@ -36,6 +36,7 @@ public:
         for (const auto& problem : file_.Problems()) {
             Error(problem.line, "expected [section], key=value or ; comment, found " + Quoted(problem.text));
         }
+        CheckEncoding();
         CheckChangeDate();
         for (const Section& section : file_.Sections()) CheckSection(section);
         CheckSchemes();
@@ -57,6 +58,7 @@ private:
         return parsed_.Scheme(part.isNew).Section(part.kind);
     }
 
+    void CheckEncoding();
     void CheckChangeDate();
     void CheckSection(const Section& section);
     void CheckPart(const Section& section, const TemplatePart& part);
@@ -83,6 +85,22 @@ private:
     CStatementTemplate parsed_;  // as the reader understands it
     std::vector<TemplateFinding> findings_;
 };
+
+/// Chinese text of one encoding is as good as never sound in the other.
+void CTemplateCheck::CheckEncoding() {
+    const Entry* first = nullptr;
+    for (const Section& section : file_.Sections()) {
+        for (const Entry& entry : section.entries) {
+            if (std::ranges::all_of(entry.value, [](char byte) { return static_cast<unsigned char>(byte) < 0x80; })) {
+                continue;
+            }
+            if (!Utf8ToGbk(entry.value)) return;
+            if (first == nullptr) first = &entry;
+        }
+    }
+    if (first != nullptr)
+        Error(first->line, "the template is saved as UTF-8: none of its texts stands in a GBK statement");
+}
 
 void CTemplateCheck::CheckChangeDate() {
     if (!HasChangeDate() || HasMidnight(ParsePackedDay(parsed_.ChangeDate()))) return;

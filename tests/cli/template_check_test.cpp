@@ -207,5 +207,15 @@ TEST(TemplateCheck, EndsWithOneForErrorsAndZeroForWarnings) {
     EXPECT_THROW(static_cast<void>(RunTemplateCheck(folder.Path("missing.ini"))), CUsageError);
 }
 
+TEST(TemplateCheck, NamesTheWrongEncoding) {
+    std::string text;
+    for (const std::string& line : SoundLines()) text += line + "\n";
+    const auto findings = CheckTemplate(CIniFile::Parse(text));
+    ASSERT_FALSE(findings.empty());
+    EXPECT_EQ(findings.front().line, 8);
+    EXPECT_TRUE(findings.front().isError);
+    EXPECT_EQ(findings.front().text, "the template is saved as UTF-8: none of its texts stands in a GBK statement");
+}
+
 }  // namespace
 }  // namespace tradebill
