@@ -81,7 +81,7 @@ std::int32_t CGraph::SecondGroups() const {
 
 /// More of them would only be a black bar.
 std::int32_t CGraph::TickCount() const {
-    constexpr std::int32_t kMostTicks = 10'000;
+    constexpr std::int32_t kMostTicks = 1'000;
     return std::min(numTicks, kMostTicks);
 }
 

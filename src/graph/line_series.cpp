@@ -26,7 +26,7 @@ std::int32_t SecondHeight(const CGraph& graph, double value) {
 }
 
 std::int32_t LeastLabelGap(const CGraph& graph) {
-    return graph.valueGapDivisor != 0 ? graph.screenWidth / graph.valueGapDivisor : 0;
+    return graph.valueGapDivisor != 0 ? ToPixel(static_cast<double>(graph.screenWidth) / graph.valueGapDivisor) : 0;
 }
 
 /// The segment that arrives at a point, and its dot, outlined by the pen in use.
