@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -33,7 +35,35 @@ protected:
         for (const double value : values) Add(graph_.graphSeries, "01-02", value);
         graph_.seriesSize = 1;
     }
+    /// One position with a value for each group, and the groups of all counted.
+    void AddGroups(const std::vector<double>& values) {
+        auto series = std::make_unique<CGraphSeries>();
+        series->seriesLabel = "01-02";
+        for (const double value : values) {
+            series->SetData(static_cast<std::int32_t>(series->dataValues.size()), value);
+        }
+        graph_.seriesSize = std::max(graph_.seriesSize, static_cast<std::int32_t>(values.size()));
+        graph_.graphSeries.push_back(std::move(series));
+    }
     void Draw() { graph_.DrawGraph(canvas_, {0, 0, 825, 250}); }
+
+    /// All rectangles but the frame.
+    [[nodiscard]] std::vector<PaintedShape> Bars() const {
+        return {canvas_.rectangles.begin() + 1, canvas_.rectangles.end()};
+    }
+    [[nodiscard]] std::vector<Box> BarBoxes() const {
+        std::vector<Box> boxes;
+        for (const PaintedShape& bar : Bars()) boxes.push_back(bar.box);
+        return boxes;
+    }
+    /// Middles of the dots.
+    [[nodiscard]] std::vector<Point> Dots() const {
+        std::vector<Point> points;
+        for (const PaintedShape& dot : canvas_.ellipses) {
+            points.push_back({(dot.box.left + dot.box.right) / 2, (dot.box.top + dot.box.bottom) / 2});
+        }
+        return points;
+    }
 
     CGraph graph_;
     CRecordingCanvas canvas_;

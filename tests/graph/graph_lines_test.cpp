@@ -14,17 +14,7 @@ using Points = std::vector<Point>;
 
 constexpr Color kBlue = 0xC08000;
 
-class GraphLines : public GraphFixture {
-protected:
-    /// Middles of the dots.
-    [[nodiscard]] Points Dots() const {
-        Points points;
-        for (const PaintedShape& dot : canvas_.ellipses) {
-            points.push_back({(dot.box.left + dot.box.right) / 2, (dot.box.top + dot.box.bottom) / 2});
-        }
-        return points;
-    }
-};
+class GraphLines : public GraphFixture {};
 
 // The scale is 160 pixels for 100.
 TEST_F(GraphLines, PutAPointAtItsValue) {
@@ -127,10 +117,6 @@ protected:
         graph_.color2High = 0x0000E0;
         graph_.legendKind2 = 0;  // no second title, which leaves the plot its full height
         AddPoints({10, 20, 30});
-    }
-    /// The bars, without the frame.
-    [[nodiscard]] std::vector<PaintedShape> Bars() const {
-        return {canvas_.rectangles.begin() + 1, canvas_.rectangles.end()};
     }
     void AddBars(const std::vector<double>& values) {
         for (const double value : values) Add(graph_.graphSeries2, "", value);
