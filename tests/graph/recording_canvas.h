@@ -141,6 +141,13 @@ public:
         }
         return places;
     }
+    /// The first text of these bytes; nothing if there is none.
+    [[nodiscard]] std::optional<PaintedText> FindText(std::string_view text) const {
+        for (const PaintedText& painted : texts) {
+            if (painted.text == text) return painted;
+        }
+        return std::nullopt;
+    }
     /// Lines of a pen, in the order of painting.
     [[nodiscard]] std::vector<PaintedLine> LinesOf(const Pen& pen) const {
         std::vector<PaintedLine> found;
