@@ -2,6 +2,7 @@
 // font, so every place in a chart can be worked out by hand.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -127,10 +128,10 @@ public:
         order += 'T';
     }
     [[nodiscard]] TextExtent MeasureText(std::string_view text) const override {
-        return {static_cast<std::int32_t>(text.size()) * kByteWidth, font_.cellHeight};
+        return {static_cast<std::int32_t>(text.size()) * kByteWidth, CellHeight()};
     }
     [[nodiscard]] TextMetrics Metrics() const override {
-        return {.height = font_.cellHeight, .ascent = font_.cellHeight, .averageWidth = kByteWidth};
+        return {.height = CellHeight(), .ascent = CellHeight(), .averageWidth = kByteWidth};
     }
 
     /// The places where a text of these bytes stands.
@@ -158,6 +159,9 @@ public:
     }
 
 private:
+    /// Held, as that of real fonts.
+    [[nodiscard]] std::int32_t CellHeight() const { return std::clamp(font_.cellHeight, 0, 2'000); }
+
     Pen pen_;
     Brush brush_ = kWhite;
     Font font_;
