@@ -117,10 +117,10 @@ TEST_F(ValueMarks, AreNoneWithoutTicks) {
 }
 
 TEST_F(ValueMarks, AreNoMoreThanCanBeTold) {
-    graph_.numTicks = 10'001;
-    EXPECT_EQ(MarksOf(graph_, {100, 0, false}).size(), 10'001u);
+    graph_.numTicks = 1'001;
+    EXPECT_EQ(MarksOf(graph_, {100, 0, false}).size(), 1'001u);
     graph_.numTicks = std::numeric_limits<std::int32_t>::max();
-    EXPECT_EQ(MarksOf(graph_, {100, 0, false}).size(), 10'001u);
+    EXPECT_EQ(MarksOf(graph_, {100, 0, false}).size(), 1'001u);
 }
 
 }  // namespace
