@@ -43,7 +43,7 @@ void PaintStackedBars(CGraph& graph, CCanvas& canvas, double share, HeightOfValu
         for (std::int32_t group = 0; group < graph.Groups(); ++group) {
             const auto value = ValueToDraw(*graph.graphSeries[position - 1], group);
             if (!value) continue;
-            const std::int32_t end = plane.Limited(base + (plane.*heightOf)(*value));
+            const std::int32_t end = plane.Limited(HeldPixel(base + (plane.*heightOf)(*value)));
             paint(graph, canvas, group, plane.Bar(start, thickness, base, end));
             base = end;
         }

@@ -58,12 +58,14 @@ CPlotPlane::CPlotPlane(const CGraph& graph)
 std::int32_t CPlotPlane::PointX(std::size_t position, std::size_t count) const {
     if (graph_.graphType == kBar3dGraph || graph_.graphType == kStackedBar3dGraph) return left_ + SlotMiddle(position);
     if (graph_.graphType == kLine3dGraph) return ToPixel((Slot() + 1.0) * static_cast<double>(position) + left_);
+    if (!IsArea(graph_)) return LineX(position, count);
+    const auto last = static_cast<std::int64_t>(std::max<std::size_t>(count, 2) - 1);
+    return ToPixel(static_cast<double>(graph_.xAxisWidth / last) * (static_cast<double>(position) - 1) + left_);
+}
+
+std::int32_t CPlotPlane::LineX(std::size_t position, std::size_t count) const {
     if (position == 1) return left_;
     const double steps = static_cast<double>(position) - 1;
-    if (IsArea(graph_)) {
-        const auto last = static_cast<std::int64_t>(std::max<std::size_t>(count, 2) - 1);
-        return ToPixel(static_cast<double>(graph_.xAxisWidth / last) * steps + left_);
-    }
     return ToPixel((graph_.xAxisWidth - 10) / (static_cast<double>(count) - 1) * steps + left_);
 }
 

@@ -40,6 +40,8 @@ public:
 
     /// X of a position of an upright chart, also the one behind the last.
     [[nodiscard]] std::int32_t PointX(std::size_t position, std::size_t count) const;
+    /// The same as lines on plain axes have it, whatever the chart's kind: the secondary series go by it.
+    [[nodiscard]] std::int32_t LineX(std::size_t position, std::size_t count) const;
     /// Pixels of a position's slot, and to its middle from where positions begin.
     [[nodiscard]] std::int32_t Slot() const;
     [[nodiscard]] std::int32_t SlotMiddle(std::size_t position) const;

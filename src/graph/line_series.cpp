@@ -45,11 +45,11 @@ void DrawGroup(const CGraph& graph, CCanvas& canvas, const Line& line, std::int3
     Point previous;
     for (std::size_t position = 1; position <= count; ++position) {
         const double value = line.series[position - 1]->ValueOf(group);
-        const Point at{plane.PointX(position, count), graph.yApexPoint - line.heightOf(graph, value)};
+        const Point at{plane.LineX(position, count), graph.yApexPoint - line.heightOf(graph, value)};
         DrawPoint(graph, canvas, line.colorOf(graph, group, value), position > 1 ? &previous : nullptr, at);
         if (graph.showValues == 1) {
             canvas.SelectTextBackground(TextBackground::Transparent);
-            const LabelledPoint point{at, plane.PointX(position + 1, count), position == 1, position == count};
+            const LabelledPoint point{at, plane.LineX(position + 1, count), position == 1, position == count};
             if (labels.IsWanted(point)) labels.Place(canvas, point, ShownValue(value, line.divisor, line.decimals));
         }
         previous = at;
@@ -69,7 +69,8 @@ void DrawLyingDots(const CGraph& graph, CCanvas& canvas) {
         for (std::size_t position = 1; position <= graph.graphSeries.size(); ++position) {
             const auto value = ValueToDraw(*graph.graphSeries[position - 1], group);
             if (!value) continue;
-            const Point at = plane.At(plane.SlotMiddle(position), plane.LineHeight(*value));
+            const double rowsBelow = static_cast<double>(position) * plane.Slot() - plane.Slot() * 0.5;
+            const Point at{graph.xApexPoint + plane.LineHeight(*value), ToPixel(plane.Bottom() - rowsBelow)};
             DrawDot(canvas, graph.GroupColor(group), at, graph.markerRadius);
         }
     }

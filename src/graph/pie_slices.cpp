@@ -112,8 +112,9 @@ std::vector<PieSlice> SlicesOf(const CGraphSeries& series, std::int32_t groups) 
     std::vector<PieSlice> slices;
     double run = 0;
     for (std::int32_t group = 0; group < groups; ++group) {
-        const double value = std::trunc(ValueToDraw(series, group).value_or(0.0));
-        if (!(value > 0.0)) continue;
+        const double whole = ValueToDraw(series, group).value_or(0.0);
+        if (!(whole > 0.0)) continue;
+        const double value = std::trunc(whole);
         const std::int32_t start = degreesAt(run);
         run += value;
         slices.push_back({group, start, degreesAt(run - value / 2), degreesAt(run), ToPixel(value * 100 / total)});

@@ -44,7 +44,7 @@ void CollectPointX(const CGraph& graph, std::vector<std::int32_t>& positions) {
     const CPlotPlane plane(graph);
     positions.clear();
     for (std::size_t position = 1; position <= graph.graphSeries.size(); ++position) {
-        positions.push_back(plane.PointX(position, graph.graphSeries.size()));
+        positions.push_back(plane.LineX(position, graph.graphSeries.size()));
     }
 }
 

@@ -208,5 +208,18 @@ TEST_F(LyingAxes, ShowTheirTitles) {
     EXPECT_EQ(canvas_.FindText("Yuan")->font.escapement, 0);
 }
 
+TEST_F(CrossedAxes, HaveTitlesInEveryStyle) {
+    graph_.axisXLabel = "Day";
+    graph_.axisYLabel = "Yuan";
+    for (const std::int32_t kind : {1, 3, 30}) {
+        CRecordingCanvas canvas;
+        graph_.graphType = kind;
+        graph_.graphQuadType = 4;
+        graph_.DrawGraph(canvas, {0, 0, 825, 250});
+        EXPECT_TRUE(canvas.FindText("Day")) << kind;
+        EXPECT_TRUE(canvas.FindText("Yuan")) << kind;
+    }
+}
+
 }  // namespace
 }  // namespace tradebill

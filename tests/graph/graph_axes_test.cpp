@@ -199,5 +199,15 @@ TEST_F(GraphAxes, HaveARightOneForTheSecondSeries) {
     EXPECT_EQ(canvas_.PlacesOf("Use"), (Points{{10 + 40 + 36 + 25 + 40 + 10, 10}}));
 }
 
+TEST_F(GraphAxes, GrowWithoutASwatchTitleToo) {
+    graph_.graphTitle.clear();
+    graph_.swatchTitle = 1;
+    Draw();
+    EXPECT_EQ(graph_.plotHeight, 210);
+    graph_.dualAxis = 1;
+    Draw();
+    EXPECT_EQ(graph_.plotHeight, 210);
+}
+
 }  // namespace
 }  // namespace tradebill

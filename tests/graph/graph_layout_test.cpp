@@ -3,10 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/text.h"
 #include "graph/graph_fixture.h"
+#include "graph/graph_measures.h"
+#include "platform/font.h"
 
 namespace tradebill {
 namespace {
@@ -69,6 +72,23 @@ TEST_F(GraphLayout, LooksAtAllTicksButTheLowest) {
     CopyField(graph_.valueSuffix, "!!");
     Draw();
     EXPECT_EQ(graph_.xApexPoint, 10 + 10 * 6 + 20);
+}
+
+// With real fonts a minus sign is narrower than a digit.
+TEST_F(GraphLayout, MeasuresTheLastOfEquallyLongNumbers) {
+    struct {
+        double lowest, space;
+        std::string_view last;
+    } const kCases[] = {{-120, 110, "100"}, {210, -110, "-10"}};  // of -10 and 100, of 100 and -10
+    graph_.unitText[0] = '\0';
+    graph_.numTicks = 2;
+    CBitmap bitmap(1, 1, kWhite);
+    for (const auto& row : kCases) {
+        graph_.minTick = row.lowest;
+        graph_.tickSpace = row.space;
+        graph_.DrawGraph(*MakeCanvas(bitmap), {0, 0, 825, 250});
+        EXPECT_EQ(graph_.xApexPoint, 30 + MeasureText(ChartFont(kTahoma, 11), row.last).width) << row.last;
+    }
 }
 
 TEST_F(GraphLayout, MeasuresTheRightAxisByItsDivisor) {

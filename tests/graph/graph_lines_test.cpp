@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "graph/graph_fixture.h"
+#include "graph/graph_painters.h"
 #include "graph/value_labels.h"
 
 namespace tradebill {
@@ -168,6 +169,27 @@ TEST_F(SecondSeries, LineTakesTheColorOfEachPoint) {
     EXPECT_EQ(canvas_.ellipses[1].box, (Box{403, 220 - 95 - 3, 409, 220 - 95 + 3}));
     const Pen high{.width = 1, .color = 0x0000E0};
     EXPECT_EQ(canvas_.LinesOf(high), (std::vector<PaintedLine>{{{406, 125}, {759, 106}, high}}));
+}
+
+// Rows of 174 / 6 = 29 pixels: -26 - 14.5 is cut to -40.
+TEST_F(GraphLines, CutLyingPointsTowardsZero) {
+    graph_.graphAlignment = 0;
+    AddPoints({1, 1, 1, 1, 1, 1});
+    graph_.DrawGraph(canvas_, {0, -250, 825, 0});
+    EXPECT_EQ(Dots().front(), (Point{5 + 7, -26 - 14}));
+}
+
+TEST_F(GraphLines, CollectTheirPointsAlikeForAllKinds) {
+    AddPoints({1, 2});
+    for (const std::int32_t kind : {1, 30, 31, 320}) {
+        graph_.graphType = kind;
+        graph_.fillArea = 1;
+        graph_.xApexPoint = 54;
+        graph_.xAxisWidth = 751;
+        std::vector<std::int32_t> positions;
+        CollectPointX(graph_, positions);
+        EXPECT_EQ(positions, (std::vector<std::int32_t>{54, 795})) << kind;
+    }
 }
 
 }  // namespace

@@ -172,6 +172,18 @@ TEST_F(GraphSteps, GiveEachPositionATickWhereLabelsAvoidOneAnother) {
     EXPECT_EQ(canvas_.LinesOf(kThin).size(), 11u + 31u);
 }
 
+// The seventh of eight points stands at 700, the last one at 808.
+TEST_F(GraphSteps, LabelTheLastPointIfJustItsHalfFits) {
+    AddPoints(std::vector<double>(8, 1.0));
+    graph_.graphSeries[6]->seriesLabel.assign(18, 'a');  // to 700 + 54
+    graph_.graphSeries[7]->seriesLabel.assign(18, 'z');
+    graph_.DrawGraph(canvas_, {0, 0, 838, 250});
+    EXPECT_EQ(canvas_.PlacesOf(std::string(18, 'z')), (Points{{808 - 54, 228}}));
+    graph_.graphSeries[7]->seriesLabel.assign(19, 'y');
+    graph_.DrawGraph(canvas_, {0, 0, 838, 250});
+    EXPECT_EQ(canvas_.PlacesOf(std::string(19, 'y')), Points{});
+}
+
 TEST_F(GraphSteps, CountAnAbsentSecondValueAsZero) {
     graph_.dualAxis = 1;
     graph_.graphType2 = 0;

@@ -215,5 +215,12 @@ TEST(PieLabels, BeginAgainAfterAMove) {
     EXPECT_EQ(labels[2].topLeftY, 111);
 }
 
+TEST_F(PieSeries, LabelsASliceOfLessThanOne) {
+    graph_.graphType = kPieGraph;
+    AddGroups({0.5, 1});
+    Draw();
+    EXPECT_TRUE(canvas_.FindText("0%"));
+}
+
 }  // namespace
 }  // namespace tradebill

@@ -103,5 +103,14 @@ TEST_F(StackedBars, LieInRows) {
     EXPECT_EQ(BarBoxes(), (Boxes{{53, 83, 347, 184}, {347, 83, 567, 184}, {567, 83, 798, 184}}));
 }
 
+TEST_F(StackedBars, StandFarUnderTheLowestTick) {
+    graph_.graphType = kStackedBarGraph;
+    graph_.minTick = 1e10;
+    graph_.maxTick = 1e10 + 1;
+    AddGroups({0, 0, 0, 0, 0, 0, 0, 0, 0, 0});
+    Draw();
+    EXPECT_EQ(canvas_.rectangles.size(), 11U);  // the frame, and all of them
+}
+
 }  // namespace
 }  // namespace tradebill
