@@ -60,7 +60,8 @@ TEST(TextVectors, GiveTheRecordedMeasures) {
         SCOPED_TRACE(font.name + " " + font.file + " " + std::to_string(font.cellHeight));
         FT_Face const file = OpenFontFile(FontFiles().at(font.file).c_str(), 0);
         ASSERT_NE(file, nullptr);
-        CScaledFace face({file, font.isThickened}, font.cellHeight);
+        const FaceChoice choice{file, font.isThickened};
+        CScaledFace face(choice, EmForCell(choice, font.cellHeight));
         ExpectNear(face.Metrics(), font.metrics);
         ASSERT_FALSE(font.texts.empty());
         for (const TextVector& text : font.texts) {

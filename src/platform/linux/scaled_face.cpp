@@ -42,13 +42,6 @@ std::int32_t Rounded(double value) {
     return static_cast<std::int32_t>(std::floor(value + 0.5));
 }
 
-std::uint32_t PixelsPerEm(const CellUnits& units, std::int32_t cellHeight) {
-    const double cell = units.ascent + units.descent;
-    std::int32_t pixels = Rounded(units.em * cellHeight / cell);
-    if (Rounded(cell * pixels / units.em) > cellHeight) --pixels;
-    return static_cast<std::uint32_t>(std::max(pixels, 1));
-}
-
 TextMetrics MetricsAt(FT_Face face, const CellUnits& units, double pixelsPerEm) {
     const double scale = pixelsPerEm / units.em;
     TextMetrics metrics;
@@ -83,7 +76,7 @@ bool IsFaintlyBold(FT_Face face, double em) {
 }
 
 /// What makes its strokes bold: 1/20 of the em, and no less than shows.
-FT_Pos StrengthAt(std::uint32_t pixelsPerEm) {
+FT_Pos StrengthAt(std::int32_t pixelsPerEm) {
     return std::max(kOnePixel * 3 / 4, kOnePixel * static_cast<FT_Pos>(pixelsPerEm) / 20);
 }
 
@@ -98,9 +91,18 @@ void Turn(FT_Outline& outline, std::int32_t escapement) {
 
 }  // namespace
 
-CScaledFace::CScaledFace(const FaceChoice& choice, std::int32_t cellHeight) : choice_(choice) {
+std::int32_t EmForCell(const FaceChoice& choice, std::int32_t cellHeight) {
     const CellUnits units = UnitsOf(choice.face);
-    pixelsPerEm_ = PixelsPerEm(units, std::clamp(cellHeight, 1, kLargestCell));
+    const std::int32_t height = std::clamp(cellHeight, 1, kLargestCell);
+    const double cell = units.ascent + units.descent;
+    std::int32_t pixels = Rounded(units.em * height / cell);
+    if (Rounded(cell * pixels / units.em) > height) --pixels;
+    return std::max(pixels, 1);
+}
+
+CScaledFace::CScaledFace(const FaceChoice& choice, std::int32_t pixelsPerEm)
+    : choice_(choice), pixelsPerEm_(std::max(pixelsPerEm, 1)) {
+    const CellUnits units = UnitsOf(choice.face);
     metrics_ = MetricsAt(choice.face, units, pixelsPerEm_);
     hasHalfWidthLatin_ = HasHalfWidthLatin(choice.face);
     isFaint_ = !choice.isThickened && IsFaintlyBold(choice.face, units.em);
@@ -115,7 +117,7 @@ bool CScaledFace::HasGlyph(char32_t character) const {
 }
 
 bool CScaledFace::LoadGlyph(char32_t character, std::int32_t flags) {
-    FT_Set_Pixel_Sizes(choice_.face, 0, pixelsPerEm_);
+    FT_Set_Pixel_Sizes(choice_.face, 0, static_cast<FT_UInt>(pixelsPerEm_));
     return FT_Load_Glyph(choice_.face, FT_Get_Char_Index(choice_.face, character), flags) == 0;
 }
 
@@ -162,10 +164,10 @@ GlyphPicture CScaledFace::Render(char32_t character, std::int32_t escapement) {
     return picture;
 }
 
-CScaledFace& ScaledFaceFor(const FaceChoice& choice, std::int32_t cellHeight) {
+CScaledFace& ScaledFaceFor(const FaceChoice& choice, std::int32_t pixelsPerEm) {
     static std::map<std::tuple<FT_Face, bool, std::int32_t>, std::unique_ptr<CScaledFace>> cache;
-    auto& entry = cache[{choice.face, choice.isThickened, cellHeight}];
-    if (entry == nullptr) entry = std::make_unique<CScaledFace>(choice, cellHeight);
+    auto& entry = cache[{choice.face, choice.isThickened, pixelsPerEm}];
+    if (entry == nullptr) entry = std::make_unique<CScaledFace>(choice, pixelsPerEm);
     return *entry;
 }
 

@@ -23,8 +23,8 @@ struct GlyphPicture {
 
 class CScaledFace {
 public:
-    /// Takes the size whose cell is nearest to `cellHeight` and not above it. `face` must have a scalable outline.
-    CScaledFace(const FaceChoice& choice, std::int32_t cellHeight);
+    /// `face` must have a scalable outline.
+    CScaledFace(const FaceChoice& choice, std::int32_t pixelsPerEm);
 
     [[nodiscard]] const TextMetrics& Metrics() const { return metrics_; }
     [[nodiscard]] bool HasGlyph(char32_t character) const;
@@ -40,7 +40,7 @@ private:
     [[nodiscard]] bool LoadGlyph(char32_t character, std::int32_t flags);
 
     FaceChoice choice_;
-    std::uint32_t pixelsPerEm_ = 1;
+    std::int32_t pixelsPerEm_ = 1;
     TextMetrics metrics_;
     bool hasHalfWidthLatin_ = false;
     bool isFaint_ = false;
@@ -48,7 +48,11 @@ private:
     std::map<std::pair<char32_t, std::int32_t>, GlyphPicture> pictures_;
 };
 
-/// The face at the size for `cellHeight`, from the cache.
-[[nodiscard]] CScaledFace& ScaledFaceFor(const FaceChoice& choice, std::int32_t cellHeight);
+/// Pixels per em at which the face's cell is nearest to `cellHeight` and not above it.
+[[nodiscard]] std::int32_t EmForCell(const FaceChoice& choice, std::int32_t cellHeight);
+
+/// The face at a size, from the cache. What stands in for a face's missing glyphs takes that face's em, so that letters
+/// of one text match.
+[[nodiscard]] CScaledFace& ScaledFaceFor(const FaceChoice& choice, std::int32_t pixelsPerEm);
 
 }  // namespace tradebill

@@ -34,9 +34,9 @@ const std::vector<FaceChoice>& FacesOf(const Font& font) {
 }
 
 /// The best face that has the character, or null.
-CScaledFace* FaceWith(char32_t character, const Font& font, const std::vector<FaceChoice>& faces) {
+CScaledFace* FaceWith(char32_t character, std::int32_t pixelsPerEm, const std::vector<FaceChoice>& faces) {
     for (const FaceChoice& choice : faces) {
-        CScaledFace& face = ScaledFaceFor(choice, font.cellHeight);
+        CScaledFace& face = ScaledFaceFor(choice, pixelsPerEm);
         if (face.HasGlyph(character)) return &face;
     }
     return nullptr;
@@ -53,11 +53,12 @@ std::int32_t BoxWidth(char32_t character, std::int32_t cellHeight) {
 std::vector<PlacedGlyph> LayOutText(const Font& font, std::string_view text) {
     const std::vector<FaceChoice>& faces = FacesOf(font);
     const std::string characters = Utf8Of(text);
+    const std::int32_t pixelsPerEm = faces.empty() ? 1 : EmForCell(faces.front(), font.cellHeight);
     std::vector<PlacedGlyph> glyphs;
     std::int32_t offset = 0;
     for (std::string_view rest = characters; !rest.empty();) {
         const char32_t character = TakeCharacter(rest);
-        CScaledFace* const face = FaceWith(character, font, faces);
+        CScaledFace* const face = FaceWith(character, pixelsPerEm, faces);
         const std::int32_t advance =
             face != nullptr ? face->AdvanceOf(character) : BoxWidth(character, font.cellHeight);
         glyphs.push_back({face, character, offset, advance});
@@ -76,7 +77,7 @@ TextExtent MeasureText(const Font& font, std::string_view text) {
 TextMetrics MetricsOf(const Font& font) {
     const std::scoped_lock guard(FontLock());
     const auto& faces = FacesOf(font);
-    if (!faces.empty()) return ScaledFaceFor(faces.front(), font.cellHeight).Metrics();
+    if (!faces.empty()) return ScaledFaceFor(faces.front(), EmForCell(faces.front(), font.cellHeight)).Metrics();
     const std::int32_t height = std::max(font.cellHeight, 1);
     const std::int32_t descent = height / 5;
     return {.height = height,
