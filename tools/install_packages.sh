@@ -8,7 +8,8 @@ build_packages=(
     libcli11-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev
     fonts-liberation fonts-arphic-uming fonts-wine
 )
-test_packages=(clang clang-format libclang-rt-14-dev python3 fonts-wqy-zenhei)
+test_packages=(clang clang-format libclang-rt-14-dev python3 fonts-wqy-zenhei chromium)
+command -v npm >/dev/null || test_packages+=(nodejs npm)  # another build of Node has its own npm, and no such package
 
 wanted=("${build_packages[@]}")
 [ "${1:-}" = test ] && wanted+=("${test_packages[@]}")

@@ -1,0 +1,157 @@
+// A page opened in Chromium, what it asked for while it loaded, and what can be measured in it.
+import { readFileSync } from "node:fs";
+import { createRequire } from "node:module";
+import { join } from "node:path";
+import { fileURLToPath, pathToFileURL } from "node:url";
+
+// The client lives in the build folder, which the tests run in, and not beside these sources.
+const { chromium } = createRequire(join(process.cwd(), "package.json"))("playwright-core");
+
+/// The page names no charset: Chromium finds GBK in its bytes, even in an English locale, so none is chosen here.
+export function startBrowser() {
+    return chromium.launch({ executablePath: "/usr/bin/chromium", chromiumSandbox: false }); // root has no sandbox
+}
+
+function bytesOf(source) {
+    if (source.startsWith("file:")) return readFileSync(fileURLToPath(source));
+    const [, base64] = /^data:image\/\w+[^,]*;base64,([^#]*)/.exec(source) ?? [];
+    if (base64 === undefined) throw new Error(`no picture at ${source.slice(0, 100)}`);
+    return Buffer.from(decodeURIComponent(base64), "base64");
+}
+
+export class OpenedPage {
+    #page;
+    requests = [];
+    complaints = [];
+
+    constructor(page) {
+        this.#page = page;
+        page.on("request", (request) => this.requests.push(request.url()));
+        page.on("requestfailed", (request) => this.complaints.push(`failed: ${request.url()}`));
+        page.on("pageerror", (error) => this.complaints.push(`script: ${error.message}`));
+        page.on("console", (message) => this.complaints.push(`console: ${message.text()}`));
+    }
+
+    static async open(browser, path, scale) {
+        const viewport = { width: 860 * scale, height: 900 * scale };
+        const opened = new OpenedPage(await browser.newPage({ viewport }));
+        opened.#page.setDefaultTimeout(120_000);
+        await opened.#page.goto(pathToFileURL(path).href);
+        return opened;
+    }
+
+    title() {
+        return this.#page.title();
+    }
+
+    html() {
+        return this.#page.evaluate(() => document.documentElement.outerHTML);
+    }
+
+    sectionTitles() {
+        return this.#page.locator(".titletext").allTextContents();
+    }
+
+    /// Every picture with its width and height: as the page gives them (null if it doesn't), of the file, and as shown.
+    pictures() {
+        return this.#page.evaluate(() => {
+            const pixels = (length) => (length === "" ? null : Number.parseFloat(length));
+            return [...document.images].map((image) => {
+                const { width, height } = image.getBoundingClientRect();
+                return {
+                    name: image.alt || image.id,
+                    loaded: image.complete,
+                    given: [pixels(image.style.width), pixels(image.style.height)],
+                    natural: [image.naturalWidth, image.naturalHeight],
+                    shown: [width, height],
+                };
+            });
+        });
+    }
+
+    tableWidths() {
+        return this.#page.evaluate(() =>
+            [...document.querySelectorAll("table")].map((table) => table.getBoundingClientRect().width),
+        );
+    }
+
+    /// Those of `ids` that take room on the page.
+    shownOf(ids) {
+        return this.#page.evaluate(
+            (all) => all.filter((id) => document.getElementById(id).getClientRects().length > 0),
+            ids,
+        );
+    }
+
+    async pictureOf(buttonId) {
+        return bytesOf(await this.#page.locator(`#${buttonId}`).evaluate((button) => button.src));
+    }
+
+    clickTitle(title) {
+        return this.#page.locator(".titletext", { hasText: title }).click();
+    }
+
+    clickButton(buttonId) {
+        return this.#page.locator(`#${buttonId}`).click();
+    }
+
+    /// The painted table of a part, and the boxes of the charts over it, both in pixels of the table.
+    async chartsOver(partId) {
+        const { source, ...boxes } = await this.#page.evaluate((id) => {
+            const part = document.getElementById(id);
+            const table = part.querySelector(":scope > img");
+            const origin = table.getBoundingClientRect();
+            const boxOf = (image) => {
+                const { left, top, width, height } = image.getBoundingClientRect();
+                return { left: left - origin.left, top: top - origin.top, width, height };
+            };
+            const charts = [...part.querySelectorAll("img")].filter((image) => image !== table);
+            return { source: table.src, table: boxOf(table), charts: charts.map(boxOf) };
+        }, partId);
+        return { ...boxes, picture: bytesOf(source) };
+    }
+
+    /// Puts the section of that title at the top of the window, or the end of the page at its bottom, and keeps what is
+    /// seen. A page of hundreds of thousands of pixels doesn't go into one picture.
+    async shoot(path, title) {
+        await this.#page.evaluate((name) => {
+            const anchor = [...document.querySelectorAll("a[name]")].find((candidate) => candidate.name === name);
+            if (anchor) anchor.scrollIntoView();
+            else window.scrollTo(0, document.body.scrollHeight);
+        }, title);
+        await this.#page.screenshot({ path });
+    }
+
+    shootWhole(path) {
+        return this.#page.screenshot({ path, fullPage: true });
+    }
+
+    close() {
+        return this.#page.close();
+    }
+}
+
+/// The darkest byte of all colours of a JPEG picture within each of `boxes`. Works in a page of its own: one that was
+/// opened from a file may not look into its pictures.
+export async function darkestWithin(browser, picture, boxes) {
+    const page = await browser.newPage();
+    try {
+        return await page.evaluate(
+            async ([source, areas]) => {
+                const image = new Image();
+                image.src = source;
+                await image.decode();
+                const canvas = document.createElement("canvas");
+                [canvas.width, canvas.height] = [image.width, image.height];
+                const context = canvas.getContext("2d");
+                context.drawImage(image, 0, 0);
+                const darkest = ({ left, top, width, height }) =>
+                    context.getImageData(left, top, width, height).data.reduce((a, b) => Math.min(a, b), 255);
+                return areas.map(darkest);
+            },
+            [`data:image/jpeg;base64,${picture.toString("base64")}`, boxes],
+        );
+    } finally {
+        await page.close();
+    }
+}
