@@ -5,12 +5,15 @@
 #include <iostream>
 #include <string>
 
+#include "cli/chart_command.h"
 #include "cli/explain_command.h"
 #include "cli/gallery_command.h"
 #include "cli/layouts_command.h"
 #include "cli/report_command.h"
 #include "cli/template_check.h"
 #include "cli/usage_error.h"
+#include "cli/watched_run.h"
+#include "page/page_sections.h"
 
 namespace tradebill {
 namespace {
@@ -18,7 +21,10 @@ namespace {
 /// What the command line says, whichever command it names.
 struct Arguments {
     ReportCommand report;
+    ChartCommand chart;
     ExplainCommand explain;
+    std::string placeholderPage;
+    bool isFinished = false;
     std::string templateFile;
     std::string galleryFolder;
 };
@@ -26,6 +32,8 @@ struct Arguments {
 /// The commands; the one that the command line names is the parsed one.
 struct Commands {
     CLI::App* report;
+    CLI::App* chart;
+    CLI::App* reset;
     CLI::App* explain;
     CLI::App* layouts;
     CLI::App* templateCheck;
@@ -41,7 +49,28 @@ Commands Declare(CLI::App& app, Arguments& arguments) {
     commands.report
         ->add_option("--json", arguments.report.jsonFile, "Write everything that was read and worked out as JSON")
         ->type_name("FILE");
+    commands.report
+        ->add_option("--standalone", arguments.report.standaloneFile, "Write the page and its pictures as one file too")
+        ->type_name("FILE");
+    commands.report->add_flag("--open", arguments.report.opensPage, "Show the page on the desktop");
     commands.report->add_flag("--quiet", arguments.report.quiet, "No progress line and no summary");
+
+    commands.chart = app.add_subcommand("chart", "Paint one chart of an account at any size");
+    DeclareReportOptions(*commands.chart, arguments.chart.options);
+    commands.chart->add_option("CHART", arguments.chart.chart, "equity, realised, account-yield or trading-yield")
+        ->required()
+        ->type_name("");
+    commands.chart->add_option("--size", arguments.chart.size, "Painting area; that of the report's chart if not given")
+        ->type_name("WxH");
+    commands.chart->add_option("--rect", arguments.chart.rect, "The chart's rectangle in it; all of it if not given")
+        ->type_name("L,T,R,B");
+    commands.chart->add_option("-o,--output", arguments.chart.outputFile, "The picture, a PNG file")
+        ->required()
+        ->type_name("FILE");
+
+    commands.reset = app.add_subcommand("reset", "Write the page that stands for a report until it is there");
+    commands.reset->add_option("PAGE", arguments.placeholderPage, "The page's file")->required()->type_name("");
+    commands.reset->add_flag("--finished", arguments.isFinished, "Say that the report can be asked for");
 
     commands.explain = app.add_subcommand("explain", "Show what the readers see in one statement");
     DeclareExplainOptions(*commands.explain, arguments.explain);
@@ -65,6 +94,10 @@ std::string HelpCommand(const CLI::App& app) {
     return name;
 }
 
+int ResetPage(const std::string& path, bool isFinished) {
+    return WritePlaceholderPage(path, isFinished) ? kExitDone : Fail("can't write the page " + path);
+}
+
 int Run(int argc, char** argv) {
     CLI::App app("Makes a report page from the daily settlement statements of a futures account.", "tradebill");
     Arguments arguments;
@@ -78,6 +111,8 @@ int Run(int argc, char** argv) {
     if (commands.explain->parsed()) return RunExplainCommand(arguments.explain);
     if (commands.templateCheck->parsed()) return RunTemplateCheck(arguments.templateFile);
     if (commands.report->parsed()) return RunReportCommand(arguments.report);
+    if (commands.chart->parsed()) return RunChartCommand(arguments.chart);
+    if (commands.reset->parsed()) return ResetPage(arguments.placeholderPage, arguments.isFinished);
     if (commands.gallery->parsed()) return RunGalleryCommand(arguments.galleryFolder);
     PrintLayouts();
     return kExitDone;

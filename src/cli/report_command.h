@@ -10,8 +10,10 @@ namespace tradebill {
 
 struct ReportCommand {
     ReportOptions options;
-    std::optional<std::string> jsonFile;  ///< where everything that the run left in memory goes
-    bool quiet = false;                   ///< no progress line and no summary; warnings are shown all the same
+    std::optional<std::string> jsonFile;        ///< where everything that the run left in memory goes
+    std::optional<std::string> standaloneFile;  ///< the page with its pictures inside
+    bool opensPage = false;
+    bool quiet = false;  ///< no progress line and no summary; warnings are shown all the same
 };
 
 /// Makes the report. Returns the program's exit code; throws CUsageError before anything is done.

@@ -1,13 +1,12 @@
 // The functions that a host finds in the module.
 #include <new>
 
-#include "base/gbk.h"
 #include "base/report_error.h"
 #include "driver/repaint.h"
 #include "driver/report_request.h"
 #include "driver/report_run.h"
 #include "images/account_charts.h"
-#include "page/html_builder.h"
+#include "page/page_sections.h"
 #include "platform/root_folder.h"
 #include "platform/screen.h"
 
@@ -53,11 +52,7 @@ void SetScreenWidth(std::int32_t width) {
 }
 
 void ResetTradeBillFile(const char* path, int32_t finished) {
-    using namespace tradebill;
-    if (path == nullptr) return;
-    CHtmlBuilder page(path);
-    page.AddHeading(2, "", finished != 0 ? "请查询！"_gbk : "账单查询中..."_gbk);
-    page.ClosePage();
+    if (path != nullptr) tradebill::WritePlaceholderPage(path, finished != 0);
 }
 
 void StretchZjGraph(ChartTarget* target, const ChartRect* rect, int32_t width, int32_t height) {

@@ -81,6 +81,27 @@ void FinishStatistics() {
     ComputeAccountStatistics();
 }
 
+void Begin(const GenerateBillRequest& request) {
+    ClearResults();
+    ChainTable.Load();  // before the copy: the chain file follows the kind of the call before this one
+    CopyRequest(request);
+    SetReportDays();
+}
+
+/// From the first statement to the statistics. The run has ended if the host's stop was seen.
+RunResult ReadAndCompute(CRunWatcher* watcher) {
+    RunResult result;
+    const CalendarDay today = LocalDayOf(PresentTime());
+    if (!ReadDays(today, result, watcher)) {
+        result.end = RunEnd::Stopped;
+        return result;
+    }
+    if (LocalDayOf(ReportDays.last) == today) MergeLiveFigures();
+    if (watcher != nullptr) watcher->OnStage("statistics");
+    FinishStatistics();
+    return result;
+}
+
 void WritePage(RunResult& result) {
     result.pagePath = PagePath();
     CHtmlBuilder page(result.pagePath);
@@ -110,21 +131,18 @@ void ClearResults() {
     ForgetRequestTemplate();
 }
 
+RunResult ReadAccount(const GenerateBillRequest& request, CRunWatcher* watcher) {
+    Begin(request);
+    RunResult result = ReadAndCompute(watcher);
+    NoteChartSizes();
+    return result;
+}
+
 RunResult RunReport(const GenerateBillRequest& request, CRunWatcher* watcher) {
-    RunResult result;
-    ClearResults();
-    ChainTable.Load();  // before the copy: the chain file follows the kind of the call before this one
-    CopyRequest(request);
-    SetReportDays();
+    Begin(request);
     PrepareBillFolders();
-    const CalendarDay today = LocalDayOf(PresentTime());
-    if (!ReadDays(today, result, watcher)) {
-        result.end = RunEnd::Stopped;
-        return result;
-    }
-    if (LocalDayOf(ReportDays.last) == today) MergeLiveFigures();
-    if (watcher != nullptr) watcher->OnStage("statistics");
-    FinishStatistics();
+    RunResult result = ReadAndCompute(watcher);
+    if (result.end == RunEnd::Stopped) return result;
     if (watcher != nullptr) watcher->OnStage("pictures");
     BuildReportImages();
     if (watcher != nullptr) watcher->OnStage("page");

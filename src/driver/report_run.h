@@ -40,4 +40,8 @@ void ClearResults();
 /// Makes the report. Throws CReportError; the stores are empty then. `watcher` may be null.
 RunResult RunReport(const GenerateBillRequest& request, CRunWatcher* watcher);
 
+/// The same up to the statistics: nothing is written, and nobody is told. Charts can be repainted from it as after a
+/// report.
+RunResult ReadAccount(const GenerateBillRequest& request, CRunWatcher* watcher);
+
 }  // namespace tradebill

@@ -15,6 +15,7 @@
 #include "platform/picture_file.h"
 #include "statement/report_document.h"
 #include "statement/request_copy.h"
+#include "statement/stores.h"
 
 namespace tradebill {
 namespace {
@@ -137,6 +138,17 @@ void MakePicture(const ReportPicture& picture, BaseWidth base) {
 }
 
 }  // namespace
+
+void NoteChartSizes() {
+    const auto banner = LoadPngResource(kBannerId);
+    if (!banner) return;
+    const BaseWidth base{banner->Width()};
+    const PictureSize equity = EquityChartSize(base);
+    const PictureSize realised = WideChartSize(base);
+    const PictureSize yield = ChartSize(base);
+    MoneyStore.ChartSizes = {equity.width, equity.height, realised.width, realised.height,
+                             yield.width,  yield.height,  yield.width,    yield.height};
+}
 
 bool BuildReportImages() {
     SaveButton(kShrinkId, kShrinkPicture);

@@ -10,4 +10,7 @@ namespace tradebill {
 /// PageWidth stays as it was.
 bool BuildReportImages();
 
+/// Sets the ChartSizes that a report leaves in MoneyStore, without painting anything.
+void NoteChartSizes();
+
 }  // namespace tradebill

@@ -3,6 +3,8 @@
 // stop acknowledged.
 #pragma once
 
+#include <string_view>
+
 namespace tradebill {
 
 class CHtmlBuilder;
@@ -29,5 +31,9 @@ void AddNotesSection(CHtmlBuilder& page);
 
 /// The whole page in order: scripts, an anchor and a section each, and the last ClosePage.
 void AddPageSections(CHtmlBuilder& page);
+
+/// A page of one line that stands for the report until it is there: that it is being made, or is `finished` and can be
+/// asked for. Returns whether it could be written.
+bool WritePlaceholderPage(std::string_view path, bool finished);
 
 }  // namespace tradebill

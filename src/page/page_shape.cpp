@@ -37,6 +37,13 @@ constexpr PageSection kSections[] = {
 
 }  // namespace
 
+bool WritePlaceholderPage(std::string_view path, bool finished) {
+    CHtmlBuilder page(path);
+    page.AddHeading(2, "", finished ? "请查询！"_gbk : "账单查询中..."_gbk);
+    page.ClosePage();
+    return !page.HasFailed();
+}
+
 void AddPageSections(CHtmlBuilder& page) {
     page.AddPageScripts();
     for (const PageSection& section : kSections) {

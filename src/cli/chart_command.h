@@ -1,0 +1,23 @@
+// The command `chart`: one chart of an account at any size, as a host would repaint it.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "cli/report_options.h"
+
+namespace tradebill {
+
+struct ChartCommand {
+    ReportOptions options;
+    std::string chart;                ///< equity, realised, account-yield or trading-yield
+    std::optional<std::string> size;  ///< of the painting area, "WxH"; that of the report's chart if it isn't given
+    std::optional<std::string> rect;  ///< "L,T,R,B" in the area; all of it if it isn't given
+    std::string outputFile;
+};
+
+/// Reads the account, which leaves its folders as they are, and writes the chart as PNG. Returns the program's exit
+/// code; throws CUsageError before anything is done.
+[[nodiscard]] int RunChartCommand(const ChartCommand& command);
+
+}  // namespace tradebill

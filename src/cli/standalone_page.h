@@ -1,0 +1,12 @@
+// The page as one file that can be sent: its pictures inside, its text in UTF-8.
+#pragma once
+
+#include <string>
+
+namespace tradebill {
+
+/// Makes `file` of the finished page at `pagePath` and the pictures of its image folder. A picture that is missing
+/// shows as nothing. False if the page can't be read or the file not be written.
+[[nodiscard]] bool WriteStandalonePage(const std::string& pagePath, const std::string& file);
+
+}  // namespace tradebill

@@ -1,0 +1,23 @@
+// A run of the module as the program makes it: with warnings, a progress line, and words for what went wrong.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "cli/report_options.h"
+#include "driver/report_run.h"
+
+namespace tradebill {
+
+void Warn(const std::string& text);
+
+/// Says on stderr what failed. Returns kExitFailed.
+int Fail(const std::string& text);
+
+using RunFunction = RunResult(const GenerateBillRequest& request, CRunWatcher* watcher);
+
+/// Tells what the request's options were warned of, runs, and warns if there was nothing to read. Nothing if the run
+/// failed, which is told. `quiet` leaves out notes and progress.
+[[nodiscard]] std::optional<RunResult> RunWatched(const PreparedRequest& prepared, bool quiet, RunFunction* run);
+
+}  // namespace tradebill

@@ -1,0 +1,101 @@
+// Charts, placeholder pages and standalone pages made by the program.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+#include <string>
+
+#include "cli/program_fixture.h"
+#include "platform/picture_file.h"
+#include "support/gbk_text.h"
+
+namespace tradebill {
+namespace {
+
+class ChartCommands : public Program {
+protected:
+    [[nodiscard]] std::string Chart(const std::string& name, const std::string& more = {}) const {
+        return "chart " + name + " --root " + Quoted(root_) + " --request " + Quoted(sample_ + "/request.ini") +
+               " -o " + Quoted(file_) + " " + more;
+    }
+    /// All files below the sample.
+    [[nodiscard]] std::set<std::string> Files() const {
+        std::set<std::string> files;
+        for (const auto& entry : fs::recursive_directory_iterator(sample_)) files.insert(entry.path());
+        return files;
+    }
+
+    std::string file_ = folder_.Path("图 1.png");
+};
+
+TEST_F(ChartCommands, PaintEachChartAtItsUsualSizeAndLeaveNothingElse) {
+    const auto before = Files();
+    std::set<std::string> pictures;
+    for (const std::string name : {"equity", "account-yield", "trading-yield"}) {
+        const Answer answer = Run(Chart(name));
+        EXPECT_EQ(answer.exit, 0) << answer.err;
+        EXPECT_EQ(answer.out + answer.err, "");
+        EXPECT_EQ(ReadPictureSize(file_), (PictureSize{500, 250})) << name;
+        pictures.insert(ReadFile(file_));
+    }
+    EXPECT_EQ(Run(Chart("realised")).exit, 0);
+    EXPECT_EQ(ReadPictureSize(file_), (PictureSize{825, 250}));
+    EXPECT_EQ(pictures.size(), 3U);
+    EXPECT_EQ(Files(), before);
+}
+
+TEST_F(ChartCommands, PaintAtAnySize) {
+    EXPECT_EQ(Run(Chart("equity", "--size 1200x400")).exit, 0);
+    EXPECT_EQ(ReadPictureSize(file_), (PictureSize{1200, 400}));
+    EXPECT_EQ(Run(Chart("equity", "--size 1x1")).exit, 0);
+    EXPECT_EQ(ReadPictureSize(file_), (PictureSize{1, 1}));
+}
+
+// 200 by 100 in 400 by 300: its frame begins at (100, 100), where the middle of the area is its own.
+TEST_F(ChartCommands, PaintARectangleInTheMiddle) {
+    EXPECT_EQ(Run(Chart("equity", "--size 400x300 --rect 10,20,210,120")).exit, 0);
+    const auto picture = DecodePng(ReadFile(file_));
+    ASSERT_TRUE(picture.has_value());
+    EXPECT_EQ(picture->Row(99)[200], 0xFFFFFFFF);
+    EXPECT_EQ(picture->Row(100)[200], 0xFF383838);
+    EXPECT_EQ(picture->Row(150)[99], 0xFFFFFFFF);
+    EXPECT_EQ(picture->Row(150)[100], 0xFF383838);
+    EXPECT_EQ(picture->Row(150)[300], 0xFFFFFFFF);
+}
+
+TEST_F(ChartCommands, RefuseWhatCannotBe) {
+    EXPECT_TRUE(IsWrongUse(Run(Chart("pie")), "pie"));
+    for (const std::string size :
+         {"0x10", "10x0", "-1x5", "10", "10x", "x10", "10x10x10", "5000x5000", "10 x 10"}) {
+        EXPECT_TRUE(IsWrongUse(Run(Chart("equity", "--size=" + Quoted(size))), "--size")) << size;
+    }
+    for (const std::string rect : {"0,0,0,5", "0,5,5,5", "5,0,0,5", "1,2,3", "1,2,3,4,5", "a,b,c,d"}) {
+        EXPECT_TRUE(IsWrongUse(Run(Chart("equity", "--rect=" + Quoted(rect))), "--rect")) << rect;
+    }
+    file_ = folder_.Path("none/c.png");
+    EXPECT_TRUE(IsWrongUse(Run(Chart("equity")), "--output"));
+}
+
+TEST_F(ChartCommands, WritePlaceholders) {
+    const std::string page = folder_.Path("页 1.html");
+    EXPECT_EQ(Run("reset " + Quoted(page)).exit, 0);
+    EXPECT_TRUE(Says(GbkToUtf8(ReadFile(page)), "<h2>账单查询中...</h2>"));
+    EXPECT_EQ(Run("reset --finished " + Quoted(page)).exit, 0);
+    EXPECT_TRUE(Says(GbkToUtf8(ReadFile(page)), "<h2>请查询！</h2>"));
+    const Answer refused = Run("reset " + Quoted(folder_.Path("none/page.html")));
+    EXPECT_EQ(refused.exit, 1);
+    EXPECT_TRUE(Says(refused.err, "none/page.html")) << refused.err;
+}
+
+TEST_F(ChartCommands, WriteStandalonePages) {
+    const std::string page = folder_.Path("页 1.html");
+    ASSERT_EQ(Run(Report("--quiet --standalone " + Quoted(page))).exit, 0);
+    const std::string text = ReadFile(page);
+    EXPECT_FALSE(Says(text, "Image_files"));
+    EXPECT_TRUE(Says(text, "<title> 交易及账单报告 </title>"));
+    EXPECT_TRUE(ReadFile(PageFile()).find("Image_files") != std::string::npos);
+    EXPECT_TRUE(IsWrongUse(Run(Report("--standalone " + Quoted(folder_.Path("none/x.html")))), "--standalone"));
+}
+
+}  // namespace
+}  // namespace tradebill
