@@ -1,0 +1,185 @@
+// The picture files of a report: names, sizes by the resolution of the screen, and what can't be made.
+#include "images/report_images.h"
+
+#include <gtest/gtest.h>
+#include <turbojpeg.h>
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "images/picture_names.h"
+#include "platform/embedded_picture.h"
+#include "platform/picture_file.h"
+#include "support/store_fixture.h"
+#include "support/temp_folder.h"
+
+namespace tradebill {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kBars[] = {"BillStatistics.jpg", "TradeStatistics.jpg", "LastPositions.jpg",
+                                      "MatchDetails.jpg", "OffsetRecords.jpg"};
+
+/// Measures of 96 dots per inch at another resolution, each worked out and rounded by hand.
+struct Measures {
+    int dpi;
+    int width;        ///< 825
+    int chartWidth;   ///< 500
+    int chartHeight;  ///< 250
+    int panelHeight;  ///< 534
+    int blockHeight;  ///< 230
+};
+constexpr Measures kMeasures[] = {{0, 825, 500, 250, 534, 230},
+                                  {96, 825, 500, 250, 534, 230},
+                                  {120, 1031, 625, 313, 668, 288},
+                                  {144, 1238, 750, 375, 801, 345},
+                                  {192, 1650, 1000, 500, 1068, 460}};
+
+class ReportImages : public StoreFixture {
+protected:
+    ReportImages() {
+        ReportDocument.BillFolder = folder_.Path();
+        ReportDocument.ImageFolderName = "Image_files";
+        fs::create_directories(folder_.Path("Image_files"));
+    }
+
+    [[nodiscard]] std::string PathOf(std::string_view name) const {
+        return folder_.Path("Image_files/" + std::string(name));
+    }
+    [[nodiscard]] PictureSize SizeOf(std::string_view name) const { return ReadPictureSize(PathOf(name)); }
+
+    void ExpectBars() const {
+        EXPECT_EQ(SizeOf("AccountSummary.jpg"), (PictureSize{825, 135}));
+        for (const std::string_view name : kBars) EXPECT_EQ(SizeOf(name), (PictureSize{825, 35})) << name;
+    }
+    static void AddCurrencies(int count) {
+        for (int i = 0; i < count; ++i) {
+            auto money = std::make_unique<MoneyRecord>();
+            money->EXCHANGE_RATE = 1;
+            CurrencyMoneyStore.Add(std::move(money), "C" + std::to_string(i), MoneySource::Statement);
+        }
+    }
+    /// Red, green and blue of a pixel of a JPEG file.
+    [[nodiscard]] std::array<int, 3> PixelOf(std::string_view name, int x, int y) const {
+        const std::string bytes = ReadFile(PathOf(name));
+        const PictureSize size = SizeOf(name);
+        std::vector<unsigned char> pixels(static_cast<std::size_t>(size.width * size.height * 3));
+        const tjhandle decoder = tjInitDecompress();
+        tjDecompress2(decoder, reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size(), pixels.data(),
+                      size.width, 0, size.height, TJPF_RGB, 0);
+        tjDestroy(decoder);
+        const auto at = static_cast<std::size_t>((y * size.width + x) * 3);
+        return {pixels[at], pixels[at + 1], pixels[at + 2]};
+    }
+
+    CTempFolder folder_;
+};
+
+TEST_F(ReportImages, HaveTheirSizesAtEveryResolution) {
+    for (const Measures& measures : kMeasures) {
+        SCOPED_TRACE(measures.dpi);
+        Request.Dpi = measures.dpi;
+        ASSERT_TRUE(BuildReportImages());
+        const PictureSize chart{measures.chartWidth, measures.chartHeight};
+        EXPECT_EQ(ReportDocument.PageWidth, measures.width);
+        ExpectBars();
+        EXPECT_EQ(SizeOf("AccountDetail.jpg"), (PictureSize{measures.width, measures.chartHeight + 20}));
+        EXPECT_EQ(SizeOf("AccountFigure.jpg"), chart);
+        EXPECT_EQ(SizeOf("AccountStatics.jpg"), (PictureSize{measures.width, measures.panelHeight}));
+        EXPECT_EQ(SizeOf("HealthFigure.jpg"), chart);
+        EXPECT_EQ(SizeOf("RiskFigure.jpg"), chart);
+        EXPECT_EQ(SizeOf("OffsetFigure.jpg"), (PictureSize{measures.width, measures.chartHeight}));
+        EXPECT_EQ(MoneyStore.ChartSizes, (std::array<int, 8>{chart.width, chart.height, measures.width, chart.height,
+                                                             chart.width, chart.height, chart.width, chart.height}));
+    }
+}
+
+// Five columns of 160 fit at every resolution; each block spends one on the labels.
+TEST_F(ReportImages, GrowWithTheCurrenciesOfAForeignAccount) {
+    Request.StatementKind = 2;
+    const std::map<int, int> blocks{{0, 1}, {1, 1}, {4, 1}, {5, 2}, {8, 2}, {9, 3}, {12, 3}, {16, 4}, {20, 5}};
+    for (const Measures& measures : kMeasures) {
+        Request.Dpi = measures.dpi;
+        for (const auto& [currencies, expected] : blocks) {
+            CurrencyMoneyStore.Clear();
+            AddCurrencies(currencies);
+            ASSERT_TRUE(BuildReportImages());
+            EXPECT_EQ(SizeOf("AccountDetail.jpg"), (PictureSize{measures.width, expected * measures.blockHeight + 40}))
+                << measures.dpi << " " << currencies;
+            if (measures.dpi > 0) break;  // the size of a block is what the resolution changes
+        }
+        EXPECT_EQ(SizeOf("AccountFigure.jpg"), (PictureSize{measures.width, measures.chartHeight}));
+        EXPECT_EQ(SizeOf("OffsetFigure.jpg"), (PictureSize{measures.width, measures.chartHeight}));
+        ExpectBars();
+    }
+}
+
+TEST_F(ReportImages, SaveTheTwoButtons) {
+    ASSERT_TRUE(BuildReportImages());
+    EXPECT_EQ(DecodePng(ReadFile(PathOf("BillShrink.png"))), LoadPngResource(5002));
+    EXPECT_EQ(DecodePng(ReadFile(PathOf("BillExpand.png"))), LoadPngResource(5001));
+}
+
+/// A realised P/L that isn't 0 and has no tenth: no ticks, no chart.
+TEST_F(ReportImages, LeaveBlackWhatTheGroundOfTheRealisedChartDoesNotReach) {
+    MoneyStore.MinDayPL = MoneyStore.MaxDayPL = 5e-324;
+    Request.Dpi = 192;
+    ASSERT_TRUE(BuildReportImages());
+    EXPECT_EQ(PixelOf("OffsetFigure.jpg", 400, 120), (std::array{255, 255, 255}));
+    EXPECT_EQ(PixelOf("OffsetFigure.jpg", 1000, 120), (std::array{0, 0, 0}));
+    EXPECT_EQ(PixelOf("OffsetFigure.jpg", 400, 400), (std::array{0, 0, 0}));
+    MoneyStore.MinDayPL = MoneyStore.MaxDayPL = 0;
+    ASSERT_TRUE(BuildReportImages());
+    EXPECT_EQ(PixelOf("OffsetFigure.jpg", 1640, 490), (std::array{255, 255, 255}));
+}
+
+TEST_F(ReportImages, OverwriteThoseOfTheLastReport) {
+    folder_.Write("Image_files/RiskFigure.jpg", "rubbish");
+    ASSERT_TRUE(BuildReportImages());
+    EXPECT_EQ(SizeOf("RiskFigure.jpg"), (PictureSize{500, 250}));
+}
+
+TEST_F(ReportImages, PassOverOneThatCannotBeSaved) {
+    fs::create_directories(PathOf("AccountDetail.jpg") + "/in the way");
+    fs::create_directories(PathOf("BillShrink.png") + "/in the way");
+    ASSERT_TRUE(BuildReportImages());
+    EXPECT_EQ(SizeOf("AccountDetail.jpg"), (PictureSize{0, 0}));
+    EXPECT_EQ(SizeOf("OffsetFigure.jpg"), (PictureSize{825, 250}));
+    EXPECT_EQ(SizeOf("BillExpand.png"), (PictureSize{8, 8}));
+}
+
+TEST_F(ReportImages, PassOverAFolderThatIsGone) {
+    fs::remove_all(folder_.Path("Image_files"));
+    ASSERT_TRUE(BuildReportImages());
+    EXPECT_FALSE(fs::exists(folder_.Path("Image_files")));
+    EXPECT_EQ(ReportDocument.PageWidth, 825);
+}
+
+TEST_F(ReportImages, AreSafeAtAbsurdResolutions) {
+    for (const int dpi : {-96, 1, 2'000'000'000}) {
+        Request.Dpi = dpi;
+        EXPECT_TRUE(BuildReportImages()) << dpi;
+        ExpectBars();
+    }
+}
+
+TEST_F(ReportImages, LeaveTheSizesThatAreNotedWithoutPainting) {
+    for (const int kind : {1, 2}) {
+        Request.StatementKind = kind;
+        Request.Dpi = 144;
+        ASSERT_TRUE(BuildReportImages());
+        const auto painted = MoneyStore.ChartSizes;
+        MoneyStore.ChartSizes = {};
+        NoteChartSizes();
+        EXPECT_EQ(MoneyStore.ChartSizes, painted);
+    }
+}
+
+}  // namespace
+}  // namespace tradebill
