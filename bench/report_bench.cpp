@@ -1,8 +1,9 @@
 // Makes an account of its own and prints what a report costs, as ratios that hold on any machine: reading against a
 // bare pass over the same bytes, the page against writing its bytes once, memory against the bytes of all statements,
-// and the cost of a row with ten times the days.
+// the cost of a row with ten times the days, and a whole report against the work that nothing can spare it.
 #include <sys/resource.h>
 #include <sys/wait.h>
+#include <turbojpeg.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -18,8 +19,10 @@
 #include "driver/report_run.h"
 #include "page/html_builder.h"
 #include "page/page_sections.h"
+#include "platform/canvas.h"
 #include "platform/file.h"
 #include "platform/local_time.h"
+#include "platform/picture_file.h"
 #include "platform/root_folder.h"
 #include "readers/statement_loader.h"
 #include "sample_days.h"
@@ -158,6 +161,49 @@ void ShowPage(const Account& account) {
                 writing * 1e3, static_cast<double>(bytes.size()) / 1e6);
 }
 
+/// Twelve pictures as a report saved them, ready to be encoded again.
+std::vector<CBitmap> PicturesOfTheReport() {
+    std::vector<CBitmap> pictures;
+    for (const auto& entry : std::filesystem::directory_iterator(ReportDocument.BillFolder + "/Image_files")) {
+        if (entry.path().extension() != ".jpg") continue;
+        const std::string bytes = CFile(entry.path().string(), FileMode::Read).ReadAll().value_or("");
+        const PictureSize size = ReadPictureSize(entry.path().string());
+        CBitmap& picture = pictures.emplace_back(size.width, size.height, kWhite);
+        const tjhandle decoder = tjInitDecompress();
+        // rows lie bottom-up, the lowest first
+        tjDecompress2(decoder, reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size(),
+                      reinterpret_cast<unsigned char*>(picture.Row(size.height - 1)), size.width, 0, size.height,
+                      TJPF_BGRX, TJFLAG_BOTTOMUP);
+        tjDestroy(decoder);
+    }
+    return pictures;
+}
+
+/// A year with all of its output against reading the statements, writing the page and encoding the pictures once.
+void ShowWholeReport(const Account& account) {
+    const double whole = LeastSecondsOf(kRepeats, [] { RunReport(RequestFor(kFewDays), nullptr); });
+    const std::string page = CFile(PagePath(), FileMode::Read).ReadAll().value_or("");
+    const std::vector<CBitmap> pictures = PicturesOfTheReport();
+    std::size_t bytes = 0;
+    const double reading = LeastSecondsOf(kRepeats, [&] {
+        for (int day = 0; day < kFewDays; ++day) {
+            bytes += CFile(account.paths[static_cast<std::size_t>(day)], FileMode::Read).ReadAll().value_or("").size();
+        }
+    });
+    const double writing = LeastSecondsOf(kRepeats, [&] {
+        CFile file(account.root + "/copy.html", FileMode::Create);
+        static_cast<void>(file.Write(page));
+    });
+    const double encoding = LeastSecondsOf(kRepeats, [&] {
+        for (const CBitmap& picture : pictures) static_cast<void>(SaveJpeg(picture, account.root + "/copy.jpg"));
+    });
+    std::printf(
+        "whole report of %d days / unavoidable work %6.2f   (at most 3)   %.1f ms of %.1f reading, %.1f writing, "
+        "%.1f encoding %zu pictures\n",
+        kFewDays, whole / (reading + writing + encoding), whole * 1e3, reading * 1e3, writing * 1e3, encoding * 1e3,
+        pictures.size());
+}
+
 /// Reading, statistics and page per row kept.
 void ShowRowCosts(const Account& account) {
     double reading[2];
@@ -219,6 +265,7 @@ int main() {
     SetRootFolderPath(account.root);
     ShowPage(account);
     ShowRowCosts(account);
+    ShowWholeReport(account);
     std::filesystem::remove_all(account.root);
     return 0;
 }
