@@ -11,11 +11,11 @@
 #include <utility>
 
 #include "base/day.h"
-#include "base/scale.h"
 #include "base/text.h"
 #include "platform/local_time.h"
 #include "platform/screen.h"
 #include "statement/money_store.h"
+#include "statement/request_copy.h"
 
 namespace tradebill {
 namespace {
@@ -48,7 +48,7 @@ void ApplySettings(CGraph& graph, const ChartSettings& settings, const FormSetti
     graph.screenWidth = ScreenWidth();
     graph.graphHasGridLines = 1;
     graph.lineWidth = kLineWidth;
-    graph.tickFontSize = graph.xLabelFontSize = ScaleByDpi(kFontSize, Request.Dpi);
+    graph.tickFontSize = graph.xLabelFontSize = ScaleByRequest(kFontSize);
     graph.graphTitle = settings.title;
     graph.colorList.push_back(std::make_unique<CGraphDataColor>(CGraphDataColor{0, settings.lineColor}));
     if (!settings.unit.empty()) CopyField(graph.unitText, settings.unit);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "base/scale.h"
 #include "statement/request_copy.h"
 
 namespace tradebill {
@@ -15,7 +14,7 @@ constexpr std::int32_t kSmallRadius = 2;
 
 std::int32_t MarkerRadius(std::int32_t width, std::int32_t days) {
     const bool isLarge = days < 1 || width / days / 2 >= kLargeRadius;
-    return ScaleByDpi(isLarge ? kLargeRadius : kSmallRadius, Request.Dpi);
+    return ScaleByRequest(isLarge ? kLargeRadius : kSmallRadius);
 }
 
 std::int32_t StretchedMarkerRadius(std::int32_t width, std::int32_t days, std::int32_t savedWidth) {

@@ -3,7 +3,6 @@
 #include <string_view>
 
 #include "base/number.h"
-#include "base/scale.h"
 #include "base/text.h"
 #include "images/account_charts.h"
 #include "images/account_table.h"
@@ -24,15 +23,11 @@ constexpr int kBlockHeight = 230;
 constexpr int kChartWidth = 500;
 constexpr int kChartHeight = 250;
 
-int Scaled(int value) {
-    return ScaleByDpi(value, Request.Dpi);
-}
-
 /// The report's base width: that of the banner, whatever it is.
 struct BaseWidth {
     int pixels;
 
-    [[nodiscard]] int Scaled() const { return tradebill::Scaled(pixels); }
+    [[nodiscard]] int Scaled() const { return ScaleByRequest(pixels); }
 };
 
 struct ReportPicture {
@@ -69,18 +64,18 @@ void PaintBar(CCanvas& canvas, BaseWidth base, const PictureSize& /*size*/) {
 // The tables.
 PictureSize DetailSize(BaseWidth base) {
     const int width = base.Scaled();
-    if (!IsForeign()) return {width, Scaled(kChartHeight) + 20};
-    return {width, WrapAdd(WrapMultiply(CountCurrencyBlocks(width), Scaled(kBlockHeight)), 40)};
+    if (!IsForeign()) return {width, ScaleByRequest(kChartHeight) + 20};
+    return {width, WrapAdd(WrapMultiply(CountCurrencyBlocks(width), ScaleByRequest(kBlockHeight)), 40)};
 }
 void PaintDetail(CCanvas& canvas, BaseWidth base, const PictureSize& /*size*/) {
     if (IsForeign()) {
-        PaintCurrencyTables(canvas, {.width = base.Scaled(), .blockHeight = Scaled(kBlockHeight)});
+        PaintCurrencyTables(canvas, {.width = base.Scaled(), .blockHeight = ScaleByRequest(kBlockHeight)});
     } else {
         PaintAccountTable(canvas);
     }
 }
 PictureSize PanelSize(BaseWidth base) {
-    return {base.Scaled(), Scaled(534)};
+    return {base.Scaled(), ScaleByRequest(534)};
 }
 void PaintPanel(CCanvas& canvas, BaseWidth /*base*/, const PictureSize& /*size*/) {
     PaintStatisticsPanel(canvas);
@@ -88,10 +83,10 @@ void PaintPanel(CCanvas& canvas, BaseWidth /*base*/, const PictureSize& /*size*/
 
 // The charts.
 PictureSize WideChartSize(BaseWidth base) {
-    return {base.Scaled(), Scaled(kChartHeight)};
+    return {base.Scaled(), ScaleByRequest(kChartHeight)};
 }
 PictureSize ChartSize(BaseWidth /*base*/) {
-    return {Scaled(kChartWidth), Scaled(kChartHeight)};
+    return {ScaleByRequest(kChartWidth), ScaleByRequest(kChartHeight)};
 }
 PictureSize EquityChartSize(BaseWidth base) {
     return IsForeign() ? WideChartSize(base) : ChartSize(base);

@@ -3,7 +3,6 @@
 #include <string>
 
 #include "base/gbk.h"
-#include "base/scale.h"
 #include "page/html_builder.h"
 #include "page/page_pictures.h"
 #include "page/page_sections.h"
@@ -20,10 +19,6 @@ constexpr std::string_view kLinkEnd = "</a>\r\n";
 constexpr int kChartTop = 7;
 constexpr int kChartLeft = 310;
 constexpr int kSecondChartTop = 267;
-
-int Scaled(int value) {
-    return ScaleByDpi(value, Request.Dpi);
-}
 
 std::string BlockStart(std::string_view id) {
     return Joined("<div id = \"", id, "\" style=\"position:relative;\">\r\n");
@@ -49,8 +44,8 @@ void AddSummaryBlock(CHtmlBuilder& page) {
     const PictureSize banner = ScaledSizeOf(kAccountSummary);
     const PictureSize button = ScaledSizeOf(kShrinkPicture);
     const TextExtent title = MeasureTitle(kTitle);
-    const int top = Scaled(108);
-    const int left = Scaled(730);
+    const int top = ScaleByRequest(108);
+    const int left = ScaleByRequest(730);
     std::string text =
         "<div style=\"position:relative; -moz-user-select:-moz-none; \"  onselectstart=\"return false;\" >\r\n";
     Append(text, "<img border=\"0\" style=\"position:relative; letf:0px; top:0px; width:", banner.width,
@@ -69,17 +64,18 @@ void AddSummaryBlock(CHtmlBuilder& page) {
 /// The account table with the equity chart over it.
 void AddAccountBlock(CHtmlBuilder& page) {
     page.AddText(Joined(BlockStart("account"), Image(kAccountDetail, "账户明细"_gbk),
-                        PlacedStart(Scaled(kChartTop), Scaled(kChartLeft)), LinkStart("javascript:void(0)"),
-                        Image(kAccountFigure, "权益走势图"_gbk), kLinkEnd, kBlockEnd, kBlockEnd));
+                        PlacedStart(ScaleByRequest(kChartTop), ScaleByRequest(kChartLeft)),
+                        LinkStart("javascript:void(0)"), Image(kAccountFigure, "权益走势图"_gbk), kLinkEnd, kBlockEnd,
+                        kBlockEnd));
 }
 
 /// The statistics panel with both yield charts over it, the second one below the first. One end serves both links.
 void AddStatisticsBlock(CHtmlBuilder& page) {
     page.AddText(Joined(BlockStart("tabStatistics"), Image(kAccountStatics, kTitle),
-                        PlacedStart(Scaled(kChartTop), Scaled(kChartLeft)), LinkStart("javascript:void(2)"),
-                        Image(kHealthFigure, "资金收益图"_gbk), PlacedStart(Scaled(kSecondChartTop), 0),
-                        LinkStart("javascript:void(3)"), Image(kRiskFigure, "交易收益率"_gbk), kLinkEnd, kBlockEnd,
-                        kBlockEnd, kBlockEnd));
+                        PlacedStart(ScaleByRequest(kChartTop), ScaleByRequest(kChartLeft)),
+                        LinkStart("javascript:void(2)"), Image(kHealthFigure, "资金收益图"_gbk),
+                        PlacedStart(ScaleByRequest(kSecondChartTop), 0), LinkStart("javascript:void(3)"),
+                        Image(kRiskFigure, "交易收益率"_gbk), kLinkEnd, kBlockEnd, kBlockEnd, kBlockEnd));
 }
 
 /// One picture in a block of its own, with a link if `href` isn't empty.

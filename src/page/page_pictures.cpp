@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "base/scale.h"
 #include "page/page_text.h"
 #include "statement/report_document.h"
 #include "statement/request_copy.h"
@@ -25,11 +24,11 @@ PictureSize SizeOf(std::string_view picture) {
 
 PictureSize ScaledSizeOf(std::string_view picture) {
     const PictureSize size = SizeOf(picture);
-    return {ScaleByDpi(size.width, Request.Dpi), ScaleByDpi(size.height, Request.Dpi)};
+    return {ScaleByRequest(size.width), ScaleByRequest(size.height)};
 }
 
 TextExtent MeasureTitle(std::string_view title) {
-    return MeasureText({.face = "Arial", .cellHeight = ScaleByDpi(16, Request.Dpi), .weight = 600}, title);
+    return MeasureText({.face = "Arial", .cellHeight = ScaleByRequest(16), .weight = 600}, title);
 }
 
 }  // namespace tradebill

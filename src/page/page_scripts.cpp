@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "base/gbk.h"
-#include "base/scale.h"
 #include "page/html_builder.h"
 #include "page/page_pictures.h"
 #include "statement/request_copy.h"
@@ -133,7 +132,7 @@ void CHtmlBuilder::AddPageScripts() {
     text += "</script>\r\n";
     AddText(text);
     for (Style style : kStyles) {
-        style.size = style.size > 0 ? ScaleByDpi(style.size, Request.Dpi) : style.size;
+        style.size = style.size > 0 ? ScaleByRequest(style.size) : style.size;
         AddStyle(style);
     }
 }

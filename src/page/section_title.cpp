@@ -3,26 +3,19 @@
 #include <string>
 
 #include "base/gbk.h"
-#include "base/scale.h"
 #include "page/html_builder.h"
 #include "page/page_pictures.h"
 #include "statement/request_copy.h"
 
 namespace tradebill {
-namespace {
-
-int Scaled(int value) {
-    return ScaleByDpi(value, Request.Dpi);
-}
-
-}  // namespace
+namespace {}  // namespace
 
 void CHtmlBuilder::AddSectionTitle(const SectionTitle& words) {
     const PictureSize bar = ScaledSizeOf(words.picture);
     const PictureSize button = ScaledSizeOf(kShrinkPicture);
     const TextExtent title = MeasureTitle(words.title);
-    const int top = Scaled(10);
-    const int left = Scaled(730);
+    const int top = ScaleByRequest(10);
+    const int left = ScaleByRequest(730);
     std::string text =
         "<div style=\"position:relative; -moz-user-select:-moz-none; \"  onselectstart=\"return false;\">\r\n";
     Append(text, "<img border=\"0\" style=\"width:", bar.width, "px; height:", bar.height, "px; \" src=\"",
