@@ -65,8 +65,7 @@ TEST_F(ChartCommands, PaintARectangleInTheMiddle) {
 
 TEST_F(ChartCommands, RefuseWhatCannotBe) {
     EXPECT_TRUE(IsWrongUse(Run(Chart("pie")), "pie"));
-    for (const std::string size :
-         {"0x10", "10x0", "-1x5", "10", "10x", "x10", "10x10x10", "5000x5000", "10 x 10"}) {
+    for (const std::string size : {"0x10", "10x0", "-1x5", "10", "10x", "x10", "10x10x10", "5000x5000", "10 x 10"}) {
         EXPECT_TRUE(IsWrongUse(Run(Chart("equity", "--size=" + Quoted(size))), "--size")) << size;
     }
     for (const std::string rect : {"0,0,0,5", "0,5,5,5", "5,0,0,5", "1,2,3", "1,2,3,4,5", "a,b,c,d"}) {

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <cstdint>
 #include <limits>
 #include <memory>
@@ -55,24 +54,6 @@ inline void DrawPixels(CGraph& graph, const Box& rect = kUsual) {
     graph.DrawGraph(*MakeCanvas(bitmap), rect);
 }
 
-/// Fails a test that takes seconds for one painting.
-class BadCharts : public testing::Test {
-protected:
-    using Clock = std::chrono::steady_clock;
-
-    template <class Draw>
-    static void ExpectSoon(const std::string& what, Draw draw) {
-        const auto start = Clock::now();
-        draw();
-        const std::chrono::duration<double> taken = Clock::now() - start;
-        EXPECT_LT(taken.count(), kPatience) << what;
-    }
-
-#if defined(__SANITIZE_ADDRESS__)
-    static constexpr double kPatience = 10.0;
-#else
-    static constexpr double kPatience = 3.0;
-#endif
-};
+class BadCharts : public testing::Test {};
 
 }  // namespace tradebill

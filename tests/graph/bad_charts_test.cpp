@@ -80,7 +80,7 @@ TEST_F(BadCharts, TakeTheEndsOfEveryInteger) {
                     Fill(graph, kind);
                     graph.graphAlignment = alignment;
                     graph.*kIntegers[field] = value;
-                    ExpectSoon(std::to_string(kind) + " " + std::to_string(field), [&] { DrawRecorded(graph); });
+                    DrawRecorded(graph);
                 }
             }
         }
@@ -94,7 +94,7 @@ TEST_F(BadCharts, TakeTheEndsOfEveryIntegerOnPixels) {
                 CGraph graph(1);
                 Fill(graph, kind);
                 graph.*kIntegers[field] = value;
-                ExpectSoon(std::to_string(kind) + " " + std::to_string(field), [&] { DrawPixels(graph); });
+                DrawPixels(graph);
             }
         }
     }

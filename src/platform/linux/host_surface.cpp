@@ -33,6 +33,7 @@ ChartStatus ShowOnSurface(ChartTarget& target, const CBitmap& bitmap, const Box&
     if (!hasPixels || target.Stride < kPixelBytes * target.Width) return kChartInvalidParameter;
     const Overlap across = OverlapOf(part.left, part.right, bitmap.Width(), at.x, target.Width);
     const Overlap down = OverlapOf(part.top, part.bottom, bitmap.Height(), at.y, target.Height);
+    if (across.count == 0) return kChartDone;
     std::vector<std::uint32_t> row(static_cast<std::size_t>(across.count));
     auto* const bytes = reinterpret_cast<std::byte*>(target.Pixels);
     for (std::int64_t y = 0; y < down.count; ++y) {
