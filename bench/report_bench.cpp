@@ -52,13 +52,13 @@ struct Account {
     std::uintmax_t bytes = 0;
 };
 
-Account MakeAccount() {
-    Account account{(std::filesystem::temp_directory_path() / ("report-bench-" + std::to_string(::getpid()))).string(),
-                    {}};
+Account MakeAccount(const std::string& name, int days, StatementShape shape) {
+    const std::string folderName = "report-bench-" + name + std::to_string(::getpid());
+    Account account{(std::filesystem::temp_directory_path() / folderName).string(), {}};
     const std::string folder = account.root + "/Users/bench/Data/Bill/";
     std::filesystem::create_directories(folder);
-    CStatementMaker maker({});
-    for (int day = 0; day < kManyDays; ++day) {
+    CStatementMaker maker(shape);
+    for (int day = 0; day < days; ++day) {
         account.paths.push_back(folder + "D90019999." + DayTextAfter(day) + "o.txt");
         const std::string text = maker.Next(DayTextAfter(day));
         std::ofstream(account.paths.back(), std::ios::binary) << text;
@@ -179,8 +179,11 @@ std::vector<CBitmap> PicturesOfTheReport() {
     return pictures;
 }
 
-/// A year with all of its output against reading the statements, writing the page and encoding the pictures once.
-void ShowWholeReport(const Account& account) {
+/// A year of 20 trades a day with all of its output against reading the statements, writing the page and encoding the
+/// pictures once.
+void ShowWholeReport() {
+    const Account account = MakeAccount("year-", kFewDays, {.trades = 20, .closed = 8, .positions = 10});
+    SetRootFolderPath(account.root);
     const double whole = LeastSecondsOf(kRepeats, [] { RunReport(RequestFor(kFewDays), nullptr); });
     const std::string page = CFile(PagePath(), FileMode::Read).ReadAll().value_or("");
     const std::vector<CBitmap> pictures = PicturesOfTheReport();
@@ -202,6 +205,7 @@ void ShowWholeReport(const Account& account) {
         "%.1f encoding %zu pictures\n",
         kFewDays, whole / (reading + writing + encoding), whole * 1e3, reading * 1e3, writing * 1e3, encoding * 1e3,
         pictures.size());
+    std::filesystem::remove_all(account.root);
 }
 
 /// Reading, statistics and page per row kept.
@@ -255,7 +259,7 @@ void ShowMemory(const Account& account) {
 
 int main() {
     using namespace tradebill;
-    const Account account = MakeAccount();
+    const Account account = MakeAccount("", kManyDays, {});
     SetRootFolderPath(account.root);
     std::printf("%d days, %.1f MB of statements\n", kManyDays, static_cast<double>(account.bytes) / 1e6);
     ShowMemory(account);
@@ -265,7 +269,7 @@ int main() {
     SetRootFolderPath(account.root);
     ShowPage(account);
     ShowRowCosts(account);
-    ShowWholeReport(account);
     std::filesystem::remove_all(account.root);
+    ShowWholeReport();
     return 0;
 }

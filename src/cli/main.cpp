@@ -95,6 +95,8 @@ std::string HelpCommand(const CLI::App& app) {
 }
 
 int ResetPage(const std::string& path, bool isFinished) {
+    constexpr std::size_t kLongestPath = 259;  // a longer one would be cut to another file's name
+    if (path.size() > kLongestPath) throw CUsageError("expected a path of at most 259 bytes, found \"" + path + "\"");
     return WritePlaceholderPage(path, isFinished) ? kExitDone : Fail("can't write the page " + path);
 }
 

@@ -1,6 +1,7 @@
 #include "cli/standalone_page.h"
 
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <ostream>
 #include <string_view>
@@ -34,9 +35,9 @@ std::string Base64(std::string_view bytes) {
 /// The picture itself in place of its path. It bears its name, by which the page's scripts tell the two buttons apart.
 std::string DataAddress(std::string_view picture) {
     const auto bytes = CFile(FullPicturePath(picture), FileMode::Read).ReadAll();
-    if (!bytes) return "data:,";
     const std::string_view type = picture.ends_with(".png") ? "image/png" : "image/jpeg";
-    return std::string("data:").append(type).append(";name=").append(picture).append(";base64,") + Base64(*bytes);
+    return std::string("data:").append(type).append(";name=").append(picture).append(";base64,") +
+           Base64(bytes.value_or(""));
 }
 
 void ReplaceAll(std::string& text, const std::string& from, const std::string& to) {
@@ -64,7 +65,8 @@ void TakeInPictures(std::string& page) {
 bool WriteStandalonePage(const std::string& pagePath, const std::string& file) {
     constexpr std::string_view kHead = "<head>\r\n";
     const auto bytes = CFile(pagePath, FileMode::Read).ReadAll();
-    if (!bytes) return false;
+    std::error_code error;
+    if (!bytes || std::filesystem::equivalent(pagePath, file, error)) return false;
     std::string page = GbkToUtf8(*bytes);
     TakeInPictures(page);
     const std::size_t head = page.find(kHead);

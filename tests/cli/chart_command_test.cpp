@@ -84,6 +84,7 @@ TEST_F(ChartCommands, WritePlaceholders) {
     const Answer refused = Run("reset " + Quoted(folder_.Path("none/page.html")));
     EXPECT_EQ(refused.exit, 1);
     EXPECT_TRUE(Says(refused.err, "none/page.html")) << refused.err;
+    EXPECT_TRUE(IsWrongUse(Run("reset " + Quoted(std::string(260, 'x'))), "259"));
 }
 
 TEST_F(ChartCommands, WriteStandalonePages) {

@@ -53,7 +53,8 @@ TEST_F(StandalonePage, FoldsByTheNamesOfItsButtons) {
 }
 
 TEST_F(StandalonePage, LeavesOutMissingPictures) {
-    EXPECT_EQ(Made("<img src=\"Image_files\\HealthFigure.jpg\" />"), "<img src=\"data:,\" />");
+    EXPECT_EQ(Made("<img src=\"Image_files\\HealthFigure.jpg\" />"),
+              "<img src=\"data:image/jpeg;name=HealthFigure.jpg;base64,\" />");
 }
 
 TEST_F(StandalonePage, TakesInNothingElse) {
@@ -67,6 +68,10 @@ TEST_F(StandalonePage, TellsWhatCannotBeReadOrWritten) {
     EXPECT_FALSE(std::filesystem::exists(file_));
     folder_.Write("page.html", "<head>\r\n");
     EXPECT_FALSE(WriteStandalonePage(folder_.Path("page.html"), folder_.Path("none/file.html")));
+    EXPECT_FALSE(
+        WriteStandalonePage(folder_.Path("page.html"),
+                            folder_.Path("../" + folder_.Path().substr(folder_.Path().rfind('/') + 1) + "/page.html")));
+    EXPECT_EQ(ReadFile(folder_.Path("page.html")), "<head>\r\n");
 }
 
 }  // namespace
