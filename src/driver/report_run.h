@@ -31,7 +31,7 @@ class CRunWatcher {
 public:
     virtual ~CRunWatcher() = default;
     virtual void OnDay(int day, int days, std::string_view dayText) = 0;  ///< `day` counts from 1
-    virtual void OnStage(std::string_view stage) = 0;                     ///< in English: "statistics", "pictures", "page"
+    virtual void OnStage(std::string_view stage) = 0;  ///< in English: "statistics", "pictures", "page"
 };
 
 /// Empties stores, statistics and chains, as at the start of a run.
