@@ -7,6 +7,7 @@
 #include "base/ini_file.h"
 #include "base/text.h"
 #include "platform/file.h"
+#include "platform/ini_load.h"
 #include "platform/local_time.h"
 #include "statement/request_copy.h"
 
@@ -34,7 +35,7 @@ std::string Redated(std::string text, const std::string& own, const std::string&
 
 GenerateBillRequest RequestOf(const std::filesystem::path& file) {
     GenerateBillRequest request = ClearedRequest();
-    const auto ini = CIniFile::Load(file);
+    const auto ini = LoadIniFile(file);
     if (!ini) return request;
     request.StatementFormat = ini->Integer("REQUEST", "format", 0);
     request.StatementKind = ini->Text("REQUEST", "kind") == "foreign" ? kForeignKind : 1;

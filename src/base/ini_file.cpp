@@ -1,8 +1,6 @@
 #include "base/ini_file.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 
 #include "base/number.h"
 #include "base/text.h"
@@ -44,16 +42,6 @@ CIniFile CIniFile::Parse(std::string_view content) {
         content.remove_prefix(std::min(end + 1, content.size()));
     }
     return file;
-}
-
-std::optional<CIniFile> CIniFile::Load(const std::filesystem::path& path) {
-    std::error_code ignored;
-    if (!std::filesystem::is_regular_file(path, ignored)) return std::nullopt;
-    std::ifstream stream(path, std::ios::binary);
-    if (!stream) return std::nullopt;
-    const std::string content{std::istreambuf_iterator<char>(stream), {}};
-    if (stream.bad()) return std::nullopt;
-    return Parse(content);
 }
 
 void CIniFile::ParseLine(std::string_view line, int number) {

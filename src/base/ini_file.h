@@ -2,8 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,9 +31,6 @@ public:
 
     /// Parses `content`; a UTF-8 byte order mark is passed over.
     [[nodiscard]] static CIniFile Parse(std::string_view content);
-
-    /// Reads and parses a file; nothing if it can't be read.
-    [[nodiscard]] static std::optional<CIniFile> Load(const std::filesystem::path& path);
 
     [[nodiscard]] const Section* FindSection(std::string_view name) const;
     [[nodiscard]] const std::vector<Section>& Sections() const { return sections_; }

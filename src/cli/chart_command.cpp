@@ -10,6 +10,7 @@
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"
 #include "driver/repaint.h"
+#include "platform/host_surface.h"
 #include "platform/picture_file.h"
 #include "statement/stores.h"
 
@@ -96,13 +97,9 @@ int RunChartCommand(const ChartCommand& command) {
     const ChartRect rect = part.value_or(ChartRect{0, 0, size.width, size.height});
     CPicture picture = WhitePicture(size);
     if (picture.Width() == 0) return Fail("the chart is too large for a picture: choose another --size");
-    ChartTarget target{.Pixels = picture.Row(0),
-                       .Width = size.width,
-                       .Height = size.height,
-                       .Stride = size.width * static_cast<std::int32_t>(sizeof(std::uint32_t)),
-                       .LastStatus = kChartDone};
-    chart.stretch(&target, &rect, size.width, size.height);
-    if (target.LastStatus != kChartDone) return Fail("the chart can't be painted at this size");
+    const std::int32_t status =
+        PaintAsHost(picture, [&](ChartTarget* target) { chart.stretch(target, &rect, size.width, size.height); });
+    if (status != kChartDone) return Fail("the chart can't be painted at this size");
     if (!SavePng(picture, command.outputFile)) return Fail("can't write " + command.outputFile);
     return kExitDone;
 }

@@ -3,8 +3,6 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 
 #include "base/day.h"
 #include "base/report_error.h"
@@ -14,6 +12,7 @@
 #include "driver/report_run.h"
 #include "platform/file.h"
 #include "platform/local_time.h"
+#include "platform/paths.h"
 #include "readers/layout_marks.h"
 #include "readers/statement_loader.h"
 #include "readers/statement_template.h"
@@ -30,7 +29,7 @@ bool IsDay(const std::string& text) {
 
 /// Eight digits behind a dot, as statement files bear their day.
 std::optional<std::string> DayInFileName(const std::string& path) {
-    const std::string name = std::filesystem::path(path).filename().string();
+    const std::string name = FileNameOf(path);
     for (std::size_t dot = name.find('.'); dot != std::string::npos; dot = name.find('.', dot + 1)) {
         const std::string digits = name.substr(dot + 1, kDayLength);
         if (IsDay(digits)) return digits;
@@ -55,7 +54,7 @@ void SetDay(const ExplainCommand& command, Explanation& explanation) {
 std::string ReadText(const std::string& path) {
     const auto text = ReadStatementFile(path);
     if (text) return *text;
-    if (std::ifstream(path).good() && std::filesystem::is_regular_file(path)) {
+    if (ReadPlainFile(path)) {
         throw CUsageError("can't open " + path +
                           " for reading and writing: a report passes over such a statement as if it were missing");
     }
@@ -64,8 +63,7 @@ std::string ReadText(const std::string& path) {
 
 void UseTemplate(const ExplainCommand& command) {
     if (!command.templateFile) return;
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(*command.templateFile, error)) {
+    if (!IsPlainFile(*command.templateFile)) {
         throw CUsageError("--template: expected a template file, found none at \"" + *command.templateFile + "\"");
     }
     SetTemplateFile(*command.templateFile);

@@ -1,6 +1,5 @@
 #include "cli/gallery_command.h"
 
-#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <stdexcept>
@@ -10,6 +9,7 @@
 #include "cli/font_warning.h"
 #include "cli/gallery_charts.h"
 #include "cli/usage_error.h"
+#include "platform/paths.h"
 #include "platform/picture_file.h"
 
 namespace tradebill {
@@ -61,9 +61,7 @@ void Paint(const GalleryChart& chart, const std::string& path) {
 }  // namespace
 
 int RunGalleryCommand(const std::string& folder) {
-    std::error_code error;
-    std::filesystem::create_directories(folder, error);
-    if (!std::filesystem::is_directory(folder, error)) throw std::runtime_error("cannot make the folder " + folder);
+    if (!MakeFolders(folder)) throw std::runtime_error("cannot make the folder " + folder);
     WarnWithoutFonts();
     const std::vector<GalleryChart> charts = GalleryCharts();
     for (const GalleryChart& chart : charts) Paint(chart, folder + "/" + chart.fileName);

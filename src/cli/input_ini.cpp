@@ -4,12 +4,13 @@
 #include <utility>
 
 #include "cli/usage_error.h"
+#include "platform/ini_load.h"
 #include "platform/text_encoding.h"
 
 namespace tradebill {
 
 InputIni LoadInputIni(const std::string& path) {
-    auto file = CIniFile::Load(path);
+    auto file = LoadIniFile(path);
     if (!file) throw CUsageError("can't read " + path + ": expected an INI file");
     InputIni ini{path, std::move(*file)};
     if (!ini.file.Problems().empty()) {

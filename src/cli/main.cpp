@@ -14,6 +14,7 @@
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"
 #include "page/page_sections.h"
+#include "platform/terminal.h"
 
 namespace tradebill {
 namespace {
@@ -42,6 +43,7 @@ struct Commands {
 
 Commands Declare(CLI::App& app, Arguments& arguments) {
     app.set_version_flag("--version", std::string(TRADEBILL_VERSION));
+    app.allow_windows_style_options(false);  // "/folder" is a path on both systems
     app.require_subcommand(1);
     Commands commands{};
     commands.report = app.add_subcommand("report", "Read the statements of a range of days and write the page");
@@ -124,6 +126,7 @@ int Run(int argc, char** argv) {
 }  // namespace tradebill
 
 int main(int argc, char** argv) {
+    const tradebill::CUtf8Terminal terminal;
     try {
         return tradebill::Run(argc, argv);
     } catch (const tradebill::CUsageError& error) {

@@ -4,10 +4,8 @@
 
 #include <algorithm>
 #include <cstring>
-#include <filesystem>
 #include <iterator>
 #include <string_view>
-#include <system_error>
 
 #include "base/day.h"
 #include "base/report_error.h"
@@ -18,6 +16,7 @@
 #include "cli/live_figures.h"
 #include "cli/usage_error.h"
 #include "platform/local_time.h"
+#include "platform/paths.h"
 #include "platform/root_folder.h"
 #include "statement/request_copy.h"
 
@@ -135,12 +134,11 @@ void SetDates(const ReportOptions& options, PreparedRequest& prepared) {
 /// Root and user folder must be there, and no path may be longer than the module's 259 bytes.
 void CheckFolders(const std::string& root, const GenerateBillRequest& request) {
     constexpr std::size_t kLongestPath = 259;
-    std::error_code error;
-    if (!std::filesystem::is_directory(root, error)) {
+    if (!IsFolder(root)) {
         throw CUsageError("--root: expected a folder, found none at \"" + root + "\"");
     }
     const std::string user = root + "/Users/" + request.UserFolder;
-    if (!std::filesystem::is_directory(user, error)) {
+    if (!IsFolder(user)) {
         throw CUsageError("--user: expected the folder \"" + user + "\"");
     }
     const std::string longest = user + "/Data/Bill/DWP" + request.Account + ".20000101o.txt";

@@ -1,7 +1,6 @@
 #include "cli/standalone_page.h"
 
 #include <cstdint>
-#include <filesystem>
 #include <optional>
 #include <ostream>
 #include <string_view>
@@ -10,6 +9,7 @@
 #include "images/picture_names.h"
 #include "page/page_pictures.h"
 #include "platform/file.h"
+#include "platform/paths.h"
 #include "platform/text_encoding.h"
 
 namespace tradebill {
@@ -65,8 +65,7 @@ void TakeInPictures(std::string& page) {
 bool WriteStandalonePage(const std::string& pagePath, const std::string& file) {
     constexpr std::string_view kHead = "<head>\r\n";
     const auto bytes = CFile(pagePath, FileMode::Read).ReadAll();
-    std::error_code error;
-    if (!bytes || std::filesystem::equivalent(pagePath, file, error)) return false;
+    if (!bytes || IsSameFile(pagePath, file)) return false;
     std::string page = GbkToUtf8(*bytes);
     TakeInPictures(page);
     const std::size_t head = page.find(kHead);

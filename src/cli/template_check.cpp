@@ -11,6 +11,7 @@
 #include "cli/input_ini.h"
 #include "cli/template_known_keys.h"
 #include "cli/usage_error.h"
+#include "platform/ini_load.h"
 #include "platform/text_encoding.h"
 #include "readers/statement_template.h"
 #include "readers/template_keys.h"
@@ -261,7 +262,7 @@ std::vector<TemplateFinding> CheckTemplate(const CIniFile& file) {
 }
 
 int RunTemplateCheck(const std::string& path) {
-    const auto file = CIniFile::Load(path);
+    const auto file = LoadIniFile(path);
     if (!file) throw CUsageError("can't read " + path + ": expected a template file");
     int errors = 0;
     int warnings = 0;

@@ -1,9 +1,8 @@
 #include "driver/bill_folders.h"
 
 #include <cstddef>
-#include <filesystem>
-#include <system_error>
 
+#include "platform/paths.h"
 #include "platform/root_folder.h"
 #include "statement/report_document.h"
 #include "statement/request_copy.h"
@@ -16,11 +15,6 @@ constexpr const char* kImageFolder = "Image_files";
 
 std::string DataFolder() {
     return RootFolder() + "/Users/" + Request.UserFolder + "/Data";
-}
-
-bool MakeFolder(const std::string& path) {
-    std::error_code error;
-    return std::filesystem::is_directory(path, error) || std::filesystem::create_directory(path, error);
 }
 
 }  // namespace

@@ -7,48 +7,41 @@
 #include "driver/report_run.h"
 #include "images/account_charts.h"
 #include "page/page_sections.h"
+#include "platform/host_link.h"
 #include "platform/root_folder.h"
-#include "platform/screen.h"
 
 namespace tradebill {
 namespace {
 
-/// Only CReportError leaves the module.
-void RunForHost(const GenerateBillRequest* request) {
-    if (request == nullptr) throw CReportError(kErrorInvalidArgument);
+/// 0, or the code of what went wrong. Lets no exception out.
+std::uint32_t RunForHost(const GenerateBillRequest* request) {
+    if (request == nullptr) return kErrorInvalidArgument;
     try {
         RunReport(*request, nullptr);
-    } catch (const CReportError&) {
-        throw;
+    } catch (const CReportError& error) {
+        return error.Code();
     } catch (const std::bad_alloc&) {
-        throw CReportError(kErrorOutOfMemory);
+        return kErrorOutOfMemory;
     } catch (...) {
-        throw CReportError(kErrorUnspecified);
+        return kErrorUnspecified;
     }
+    return 0;
 }
 
 }  // namespace
 }  // namespace tradebill
 
 void GenerateBill(const GenerateBillRequest* request) {
-    tradebill::RunForHost(request);
+    const std::uint32_t code = tradebill::RunForHost(request);
+    if (code != 0) tradebill::RaiseInHost(code);
 }
 
 std::uint32_t TryGenerateBill(const GenerateBillRequest* request) {
-    try {
-        tradebill::RunForHost(request);
-    } catch (const tradebill::CReportError& error) {
-        return error.Code();
-    }
-    return 0;
+    return tradebill::RunForHost(request);
 }
 
 void SetRootFolder(const char* path) {
     if (path != nullptr) tradebill::SetRootFolderPath(path);
-}
-
-void SetScreenWidth(std::int32_t width) {
-    tradebill::SetScreenWidthPixels(width);
 }
 
 void ResetTradeBillFile(const char* path, int32_t finished) {

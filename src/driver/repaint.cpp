@@ -13,7 +13,7 @@ std::int32_t CentredEdge(std::int32_t from, std::int32_t to, std::int32_t area) 
     return static_cast<std::int32_t>((std::int64_t{from} - to + area) / 2);
 }
 
-ChartStatus PaintAndShow(ChartTarget& target, const Box& part, const PictureSize& size, ChartPainter* paint) {
+std::int32_t PaintAndShow(ChartTarget* target, const Box& part, const PictureSize& size, ChartPainter* paint) {
     CBitmap area(size.width, size.height, 0);
     if (area.Width() == 0) return kChartInvalidParameter;
     paint(*MakeCanvas(area), part);
@@ -21,7 +21,7 @@ ChartStatus PaintAndShow(ChartTarget& target, const Box& part, const PictureSize
     return ShowOnSurface(target, area, part, at);
 }
 
-ChartStatus StatusOf(ChartTarget& target, const Box& part, const PictureSize& size, ChartPainter* paint) {
+std::int32_t StatusOf(ChartTarget* target, const Box& part, const PictureSize& size, ChartPainter* paint) {
     try {
         return PaintAndShow(target, part, size, paint);
     } catch (const CReportError&) {
@@ -39,8 +39,8 @@ void Repaint(ChartTarget* target, const ChartRect* rect, const PictureSize& size
     if (target == nullptr || rect == nullptr) return;
     const Box part{rect->Left, rect->Top, rect->Right, rect->Bottom};
     if (part.right <= part.left || part.bottom <= part.top) return;
-    const ChartStatus status = StatusOf(*target, part, size, paint);
-    if (status != kChartDone) SetSurfaceStatus(*target, status);
+    const std::int32_t status = StatusOf(target, part, size, paint);
+    if (status != kChartDone) SetSurfaceStatus(target, status);
 }
 
 }  // namespace tradebill

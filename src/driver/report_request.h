@@ -13,7 +13,7 @@
 
 #if defined(_WIN32)
 #if defined(TRADEBILL_BUILDING)
-#define TRADEBILL_API __declspec(dllexport)
+#define TRADEBILL_API /* tradebill.def names the exports */
 #else
 #define TRADEBILL_API __declspec(dllimport)
 #endif

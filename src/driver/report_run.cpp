@@ -11,6 +11,7 @@
 #include "page/page_sections.h"
 #include "platform/host_link.h"
 #include "platform/local_time.h"
+#include "platform/picture_file.h"
 #include "readers/statement_loader.h"
 #include "readers/statement_template.h"
 #include "statement/account_statistics.h"
@@ -139,6 +140,7 @@ RunResult ReadAccount(const GenerateBillRequest& request, CRunWatcher* watcher) 
 }
 
 RunResult RunReport(const GenerateBillRequest& request, CRunWatcher* watcher) {
+    const CPictureWork pictures;
     Begin(request);
     PrepareBillFolders();
     RunResult result = ReadAndCompute(watcher);

@@ -1,5 +1,7 @@
 #include "platform/bitmap.h"
 
+#include <algorithm>
+
 namespace tradebill {
 
 CBitmap::CBitmap(std::int32_t width, std::int32_t height, Color color) {
@@ -7,7 +9,8 @@ CBitmap::CBitmap(std::int32_t width, std::int32_t height, Color color) {
     if (width <= 0 || height <= 0 || std::int64_t{width} * height > kMostPixels) return;
     width_ = width;
     height_ = height;
-    pixels_.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), PixelOf(color));
+    memory_ = CPixelMemory(width, height);
+    std::fill_n(memory_.Pixels(), Count(), PixelOf(color));
 }
 
 }  // namespace tradebill

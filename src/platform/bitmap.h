@@ -3,9 +3,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <vector>
+#include <span>
 
 #include "platform/geometry.h"
+#include "platform/pixel_memory.h"
 
 namespace tradebill {
 
@@ -19,20 +20,27 @@ public:
     [[nodiscard]] std::int32_t Height() const { return height_; }
 
     /// Width() pixels; `y` from 0 to Height() - 1.
-    [[nodiscard]] std::uint32_t* Row(std::int32_t y) { return pixels_.data() + RowOffset(y); }
-    [[nodiscard]] const std::uint32_t* Row(std::int32_t y) const { return pixels_.data() + RowOffset(y); }
+    [[nodiscard]] std::uint32_t* Row(std::int32_t y) { return memory_.Pixels() + RowOffset(y); }
+    [[nodiscard]] const std::uint32_t* Row(std::int32_t y) const { return memory_.Pixels() + RowOffset(y); }
 
     /// All rows, the lowest first.
-    [[nodiscard]] const std::vector<std::uint32_t>& Pixels() const { return pixels_; }
+    [[nodiscard]] std::span<const std::uint32_t> Pixels() const { return {memory_.Pixels(), Count()}; }
+
+    /// Where the pixels lie, for what paints on them.
+    [[nodiscard]] const CPixelMemory& Memory() const { return memory_; }
 
 private:
     [[nodiscard]] std::size_t RowOffset(std::int32_t y) const {
         return static_cast<std::size_t>(height_ - 1 - y) * static_cast<std::size_t>(width_);
     }
 
+    [[nodiscard]] std::size_t Count() const {
+        return static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_);
+    }
+
     std::int32_t width_ = 0;
     std::int32_t height_ = 0;
-    std::vector<std::uint32_t> pixels_;
+    CPixelMemory memory_;
 };
 
 /// A colour as a pixel.

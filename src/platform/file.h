@@ -36,7 +36,7 @@ public:
     [[nodiscard]] std::optional<std::string> ReadAll() const;
 
 private:
-    int descriptor_;
+    std::intptr_t handle_;  ///< the system's own
 };
 
 /// What tells whether a file is still the one that was read.
@@ -48,6 +48,9 @@ struct FileStamp {
 
 /// The stamp of a plain file; nothing if there is none. One look at the file system.
 [[nodiscard]] std::optional<FileStamp> StampOf(const std::string& path);
+
+/// All bytes of a plain file. Nothing if there is none, or if it can't be read.
+[[nodiscard]] std::optional<std::string> ReadPlainFile(const std::string& path);
 
 /// The bytes of a statement, up to its first zero byte. Nothing if the file isn't there, isn't a plain file or can't be
 /// opened for reading and writing. Content and length of the file stay as they are.

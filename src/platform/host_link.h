@@ -16,6 +16,10 @@ void SendHostMessage(HostWindowHandle window, std::uint32_t message, std::uint64
 
 void SignalEvent(HostEventHandle event);
 
+/// What a failed GenerateBill ends with: a structured exception of that code on Windows, a CReportError on Linux.
+/// Nothing of the caller's may need an orderly end: not every host unwinds the stack.
+[[noreturn]] void RaiseInHost(std::uint32_t code);
+
 /// Looks at the request's stop event for a millisecond. If the stop is asked for, `beforeAnswer` runs (what must be
 /// true before the host hears of it), the answer is given, and the result is true.
 template <class Action>

@@ -1,6 +1,7 @@
 // Picture files: JPEG and PNG, written from bitmaps and pictures, measured for the page, and PNG read from memory.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,6 +10,19 @@
 #include "platform/picture.h"
 
 namespace tradebill {
+
+/// Keeps what reads and writes pictures ready for as long as it lives. Everything here works without it; one around
+/// many pictures saves the time to begin anew for each.
+class CPictureWork {
+public:
+    CPictureWork();
+    ~CPictureWork();
+    CPictureWork(const CPictureWork&) = delete;
+    CPictureWork& operator=(const CPictureWork&) = delete;
+
+private:
+    [[maybe_unused]] std::uintptr_t token_;  ///< the library's own
+};
 
 struct PictureSize {
     int width = 0;   ///< pixels

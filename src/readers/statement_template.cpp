@@ -8,6 +8,7 @@
 #include "base/gbk.h"
 #include "base/text.h"
 #include "platform/file.h"
+#include "platform/ini_load.h"
 #include "platform/root_folder.h"
 #include "readers/template_keys.h"
 #include "statement/request_copy.h"
@@ -211,7 +212,7 @@ const CStatementTemplate* RequestTemplate() {
     const auto stamp = StampOf(path);
     if (!stamp) return nullptr;
     if (Parsed == nullptr || Parsed->path != path || Parsed->stamp != *stamp) {
-        auto file = CIniFile::Load(path);
+        auto file = LoadIniFile(path);
         if (!file) return nullptr;
         Parsed.reset(new ParsedTemplate{path, *stamp, CStatementTemplate(std::move(*file))});
     }

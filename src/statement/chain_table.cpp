@@ -4,12 +4,14 @@
 #include <charconv>
 #include <cstdint>
 #include <map>
+#include <mutex>
 #include <optional>
 #include <utility>
 
 #include "base/ini_file.h"
 #include "base/number.h"
 #include "base/text.h"
+#include "platform/ini_load.h"
 #include "platform/root_folder.h"
 #include "statement/request_copy.h"
 
@@ -82,8 +84,8 @@ void CChainTable::Load() {
     Load(path.substr(0, kLongestPath));
 }
 
-void CChainTable::Load(const std::filesystem::path& path) {
-    const auto file = CIniFile::Load(path);
+void CChainTable::Load(const std::string& path) {
+    const auto file = LoadIniFile(path);
     if (!file) return;
     const std::scoped_lock guard(lock_);
     for (const auto& [number, section] : ChainSections(*file, file->Integer("CHAINNUM", "Num", 0))) {

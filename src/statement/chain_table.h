@@ -2,13 +2,13 @@
 // start of every run.
 #pragma once
 
-#include <filesystem>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
+
+#include "platform/lock.h"
 
 namespace tradebill {
 
@@ -25,7 +25,7 @@ public:
     [[nodiscard]] bool Contains(std::string_view product) const;
 
 private:
-    mutable std::mutex lock_;
+    mutable CLock lock_;
 };
 
 class CChainTable {
@@ -38,7 +38,7 @@ public:
     void Load();
 
     /// Reads `path` in the same way.
-    void Load(const std::filesystem::path& path);
+    void Load(const std::string& path);
 
     /// The chain headed by `product`, or null; the later one of two.
     [[nodiscard]] const CContractChain* FindChain(std::string_view product) const;
@@ -47,7 +47,7 @@ public:
 
 private:
     std::unordered_map<std::string, const CContractChain*> byBase_;
-    mutable std::mutex lock_;
+    mutable CLock lock_;
 };
 
 extern CChainTable ChainTable;

@@ -1,5 +1,6 @@
 #include "statement/currency_money_store.h"
 
+#include <mutex>
 #include <utility>
 
 namespace tradebill {

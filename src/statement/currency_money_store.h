@@ -2,12 +2,12 @@
 #pragma once
 
 #include <memory>
-#include <mutex>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
+#include "platform/lock.h"
 #include "statement/money_store.h"
 
 namespace tradebill {
@@ -30,7 +30,7 @@ public:
 
 private:
     std::unordered_map<std::string, CMoneyStore*> byName_;
-    std::mutex lock_;
+    CLock lock_;
 };
 
 extern CCurrencyMoneyStore CurrencyMoneyStore;

@@ -4,12 +4,12 @@
 #include <array>
 #include <cstdint>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
+#include "platform/lock.h"
 #include "statement/records.h"
 
 namespace tradebill {
@@ -79,7 +79,7 @@ private:
     void Keep(std::unique_ptr<MoneyRecord> record);
 
     std::unordered_map<std::string, MoneyRecord*> byDay_;
-    mutable std::mutex lock_;
+    mutable CLock lock_;
 };
 
 extern CMoneyStore MoneyStore;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdio>
+#include <mutex>
 
 #include "base/gbk.h"
 #include "base/number.h"

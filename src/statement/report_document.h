@@ -5,12 +5,12 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
+#include "platform/lock.h"
 #include "statement/records.h"
 
 namespace tradebill {
@@ -46,7 +46,7 @@ private:
     Found FindOrCreate(std::string_view key, const PingDetail& row);
 
     std::unordered_map<std::string, ContractOffset*, TextHash, std::equal_to<>> byKey_;
-    std::mutex lock_;
+    CLock lock_;
 };
 
 extern CReportDocument ReportDocument;

@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/lock.h"
+
 namespace tradebill {
 
 /// Rows in the order of reading. A row belongs to the store until Clear; the same row twice is two rows. Rows is read
@@ -33,7 +35,7 @@ public:
     }
 
 private:
-    std::mutex lock_;
+    CLock lock_;
 };
 
 }  // namespace tradebill

@@ -2,9 +2,9 @@
 
 namespace tradebill {
 
-constinit CMatchStore MatchStore;
-constinit CPingDetailStore PingDetailStore;
-constinit COpiDetailStore OpiDetailStore;
-constinit COpiSumStore OpiSumStore;
+CMatchStore MatchStore;
+CPingDetailStore PingDetailStore;
+COpiDetailStore OpiDetailStore;
+COpiSumStore OpiSumStore;
 
 }  // namespace tradebill

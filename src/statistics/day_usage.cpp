@@ -1,5 +1,7 @@
 #include "statistics/day_usage.h"
 
+#include <mutex>
+
 #include "base/number.h"
 #include "statement/chain_table.h"
 

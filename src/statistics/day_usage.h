@@ -3,11 +3,12 @@
 
 #include <cstdint>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
+
+#include "platform/lock.h"
 
 namespace tradebill {
 
@@ -49,7 +50,7 @@ public:
 
 private:
     std::unordered_map<std::string, ContractPosition*> byProduct_;
-    std::mutex lock_;
+    CLock lock_;
 };
 
 }  // namespace tradebill

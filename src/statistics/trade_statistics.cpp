@@ -1,6 +1,7 @@
 #include "statistics/trade_statistics.h"
 
 #include <algorithm>
+#include <mutex>
 
 #include "base/gbk.h"
 #include "base/number.h"

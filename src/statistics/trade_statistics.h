@@ -6,12 +6,12 @@
 #pragma once
 
 #include <memory>
-#include <mutex>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
+#include "platform/lock.h"
 #include "statement/records.h"
 #include "statistics/day_usage.h"
 
@@ -98,8 +98,8 @@ private:
     void SetFigure(std::string_view day, double DayFigure::*figure, double amount);
     void AddRow(std::string_view billDate, std::string_view product, const PositionRow& row);
 
-    mutable std::mutex usageLock_;
-    mutable std::mutex figureLock_;
+    mutable CLock usageLock_;
+    mutable CLock figureLock_;
 };
 
 extern CTradeStatistics TradeStatistics;

@@ -6,8 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "support/temp_folder.h"
-
 namespace tradebill {
 namespace {
 
@@ -134,20 +132,6 @@ TEST(IniFile, FindsNothingInAnEmptyText) {
     EXPECT_TRUE(file.Sections().empty());
     EXPECT_TRUE(file.Problems().empty());
     EXPECT_EQ(file.Text("A", "x", "none"), "none");
-}
-
-TEST(IniFile, LoadsAFile) {
-    const CTempFolder folder;
-    const auto file = CIniFile::Load(folder.Write("a.ini", "[A]\r\nx=1\r\n"));
-    ASSERT_TRUE(file.has_value());
-    EXPECT_EQ(file->Text("A", "x"), "1");
-}
-
-TEST(IniFile, LoadsNothingFromWhatIsNoFile) {
-    const CTempFolder folder;
-    EXPECT_FALSE(CIniFile::Load(folder.Path("missing.ini")).has_value());
-    EXPECT_FALSE(CIniFile::Load(folder.Path()).has_value());
-    EXPECT_FALSE(CIniFile::Load("").has_value());
 }
 
 }  // namespace

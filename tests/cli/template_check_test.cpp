@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "cli/usage_error.h"
+#include "platform/ini_load.h"
 #include "support/gbk_text.h"
 #include "support/temp_folder.h"
 
@@ -183,8 +184,7 @@ TEST(TemplateCheck, LetsPositionsOfBothSidesGoOnIncomplete) {
 
 TEST(TemplateCheck, PassesTheSampleTemplates) {
     for (const char* sample : {"template-pairs", "template-row", "bilingual-new"}) {
-        const auto file =
-            CIniFile::Load(std::string(TRADEBILL_SAMPLES) + "/" + sample + "/root/BillTemplate/songta.ini");
+        const auto file = LoadIniFile(std::string(TRADEBILL_SAMPLES) + "/" + sample + "/root/BillTemplate/songta.ini");
         ASSERT_TRUE(file) << sample;
         for (const TemplateFinding& finding : CheckTemplate(*file)) EXPECT_FALSE(finding.isError) << finding.text;
     }

@@ -1,5 +1,6 @@
 #include "platform/canvas.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -35,8 +36,8 @@ struct Picture {
 TEST(Bitmap, LiesBottomUpInMemoryAndCountsRowsFromTheTop) {
     CBitmap bitmap(3, 2, kRed);
     bitmap.Row(0)[1] = kBluePixel;
-    EXPECT_EQ(bitmap.Pixels(), (std::vector<std::uint32_t>{kRedPixel, kRedPixel, kRedPixel,  //
-                                                           kRedPixel, kBluePixel, kRedPixel}));
+    EXPECT_THAT(bitmap.Pixels(), testing::ElementsAre(kRedPixel, kRedPixel, kRedPixel,  //
+                                                      kRedPixel, kBluePixel, kRedPixel));
 }
 
 TEST(Bitmap, HasNoPixelsWithoutASizeOrBeyondAllMeasure) {

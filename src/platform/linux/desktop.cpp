@@ -4,13 +4,12 @@
 #include <spawn.h>
 #include <unistd.h>
 
-#include <filesystem>
+#include "platform/paths.h"
 
 namespace tradebill {
 
 bool OpenOnDesktop(const std::string& path) {
-    std::error_code error;
-    std::string file = std::filesystem::absolute(path, error).string();  // never read as an option
+    std::string file = AbsolutePath(path);  // never read as an option
     std::string opener = "xdg-open";
     char* arguments[] = {opener.data(), file.data(), nullptr};
     posix_spawn_file_actions_t silent;

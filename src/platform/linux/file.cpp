@@ -4,7 +4,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 
 namespace tradebill {
@@ -26,7 +25,11 @@ int FlagsOf(FileMode mode) {
     return O_RDWR;
 }
 
-bool IsPlainFile(int descriptor) {
+int Descriptor(std::intptr_t handle) {
+    return static_cast<int>(handle);
+}
+
+bool IsOnDisk(int descriptor) {
     struct stat status {};
     return ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
 }
@@ -34,24 +37,24 @@ bool IsPlainFile(int descriptor) {
 }  // namespace
 
 CFile::CFile(const std::string& path, FileMode mode)
-    : descriptor_(::open(path.c_str(), FlagsOf(mode) | O_CLOEXEC | O_NONBLOCK, kNewFileRights)) {}
+    : handle_(::open(path.c_str(), FlagsOf(mode) | O_CLOEXEC | O_NONBLOCK, kNewFileRights)) {}
 
 CFile::~CFile() {
-    if (descriptor_ >= 0) ::close(descriptor_);
+    if (IsOpen()) ::close(Descriptor(handle_));
 }
 
 bool CFile::IsOpen() const {
-    return descriptor_ >= 0;
+    return handle_ >= 0;
 }
 
 std::uint64_t CFile::Size() const {
     struct stat status {};
-    return ::fstat(descriptor_, &status) == 0 ? static_cast<std::uint64_t>(status.st_size) : 0;
+    return ::fstat(Descriptor(handle_), &status) == 0 ? static_cast<std::uint64_t>(status.st_size) : 0;
 }
 
 bool CFile::Write(std::string_view bytes) {
     while (!bytes.empty()) {
-        const ssize_t written = ::write(descriptor_, bytes.data(), bytes.size());
+        const ssize_t written = ::write(Descriptor(handle_), bytes.data(), bytes.size());
         if (written < 0 && errno == EINTR) continue;
         if (written <= 0) return false;
         bytes.remove_prefix(static_cast<std::size_t>(written));
@@ -61,7 +64,7 @@ bool CFile::Write(std::string_view bytes) {
 
 bool CFile::WriteAt(std::uint64_t offset, std::string_view bytes) {
     while (!bytes.empty()) {
-        const ssize_t written = ::pwrite(descriptor_, bytes.data(), bytes.size(), static_cast<off_t>(offset));
+        const ssize_t written = ::pwrite(Descriptor(handle_), bytes.data(), bytes.size(), static_cast<off_t>(offset));
         if (written < 0 && errno == EINTR) continue;
         if (written <= 0) return false;
         bytes.remove_prefix(static_cast<std::size_t>(written));
@@ -73,7 +76,7 @@ bool CFile::WriteAt(std::uint64_t offset, std::string_view bytes) {
 std::size_t CFile::ReadAt(std::uint64_t offset, char* buffer, std::size_t size) const {
     std::size_t done = 0;
     while (done < size) {
-        const ssize_t got = ::pread(descriptor_, buffer + done, size - done, static_cast<off_t>(offset + done));
+        const ssize_t got = ::pread(Descriptor(handle_), buffer + done, size - done, static_cast<off_t>(offset + done));
         if (got < 0 && errno == EINTR) continue;
         if (got <= 0) break;
         done += static_cast<std::size_t>(got);
@@ -82,7 +85,7 @@ std::size_t CFile::ReadAt(std::uint64_t offset, char* buffer, std::size_t size) 
 }
 
 std::optional<std::string> CFile::ReadAll() const {
-    if (!IsPlainFile(descriptor_)) return std::nullopt;
+    if (!IsOnDisk(Descriptor(handle_))) return std::nullopt;
     std::string content(static_cast<std::size_t>(Size()), '\0');
     content.resize(ReadAt(0, content.data(), content.size()));
     return content;
@@ -94,14 +97,6 @@ std::optional<FileStamp> StampOf(const std::string& path) {
     if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
     return FileStamp{status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec,
                      static_cast<std::uint64_t>(status.st_size)};
-}
-
-std::optional<std::string> ReadStatementFile(const std::string& path) {
-    const CFile file(path, FileMode::Update);
-    if (!file.IsOpen()) return std::nullopt;
-    std::optional<std::string> text = file.ReadAll();
-    if (text) text->resize(std::min(text->find('\0'), text->size()));
-    return text;
 }
 
 }  // namespace tradebill

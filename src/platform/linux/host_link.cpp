@@ -5,6 +5,8 @@
 #include <mutex>
 #include <new>
 
+#include "base/report_error.h"
+
 struct HostWindowObject {
     HostWindowFunction function;
     void* context;
@@ -31,6 +33,10 @@ bool WaitForEvent(HostEventHandle event, int milliseconds) {
 
 void SignalEvent(HostEventHandle event) {
     SignalHostEvent(event);
+}
+
+void RaiseInHost(std::uint32_t code) {
+    throw CReportError(code);
 }
 
 }  // namespace tradebill

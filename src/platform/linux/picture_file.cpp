@@ -6,16 +6,15 @@
 #include <algorithm>
 #include <bit>
 #include <cstdint>
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <span>
 #include <string_view>
-#include <system_error>
 #include <type_traits>
 #include <vector>
 
 #include "platform/file.h"
+#include "platform/paths.h"
 
 namespace tradebill {
 namespace {
@@ -86,10 +85,8 @@ bool SaveBytes(std::string_view bytes, const std::string& path) {
         CFile file(unfinished, FileMode::Create);
         saved = file.IsOpen() && file.Write(bytes);
     }
-    std::error_code error;
-    if (saved) std::filesystem::rename(unfinished, path, error);
-    if (saved && !error) return true;
-    std::filesystem::remove(unfinished, error);
+    if (saved && MoveOver(unfinished, path)) return true;
+    RemoveFile(unfinished);
     return false;
 }
 
@@ -121,6 +118,10 @@ bool SavePixels(PictureSize size, png_uint_32 format, const void* pixels, const 
 }
 
 }  // namespace
+
+// The libraries need nothing beforehand.
+CPictureWork::CPictureWork() : token_(0) {}
+CPictureWork::~CPictureWork() = default;
 
 std::optional<CPicture> DecodePng(std::string_view content) {
     CPngReader reader(content);

@@ -1,5 +1,9 @@
 #include "platform/screen.h"
 
+#include <cstdint>
+
+#include "driver/report_request.h"
+
 namespace tradebill {
 namespace {
 
@@ -18,3 +22,7 @@ void SetScreenWidthPixels(int width) {
 }
 
 }  // namespace tradebill
+
+void SetScreenWidth(std::int32_t width) {
+    tradebill::SetScreenWidthPixels(width);
+}

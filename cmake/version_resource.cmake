@@ -1,0 +1,12 @@
+# Gives a Windows file what its properties show. TYPE is VFT_DLL or VFT_APP.
+function(add_version_resource TARGET TYPE FILE_DESCRIPTION)
+    set(FILE_TYPE ${TYPE})
+    if(TYPE STREQUAL VFT_DLL)
+        set(FILE_NAME TradeBill.dll)
+    else()
+        set(FILE_NAME ${TARGET}.exe)
+    endif()
+    set(RESOURCE ${CMAKE_CURRENT_BINARY_DIR}/${TARGET}_version.rc)
+    configure_file(${PROJECT_SOURCE_DIR}/resources/version.rc.in ${RESOURCE} @ONLY)
+    target_sources(${TARGET} PRIVATE ${RESOURCE})
+endfunction()

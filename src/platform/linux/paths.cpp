@@ -1,0 +1,58 @@
+#include "platform/paths.h"
+
+#include <filesystem>
+#include <system_error>
+
+namespace tradebill {
+
+bool IsFolder(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::is_directory(path, error);
+}
+
+bool IsPlainFile(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::is_regular_file(path, error);
+}
+
+bool IsSameFile(const std::string& one, const std::string& other) {
+    std::error_code error;
+    return std::filesystem::equivalent(one, other, error);
+}
+
+bool MakeFolder(const std::string& path) {
+    std::error_code error;
+    return IsFolder(path) || std::filesystem::create_directory(path, error);
+}
+
+bool MakeFolders(const std::string& path) {
+    std::error_code error;
+    std::filesystem::create_directories(path, error);
+    return IsFolder(path);
+}
+
+bool MoveOver(const std::string& from, const std::string& to) {
+    std::error_code error;
+    std::filesystem::rename(from, to, error);
+    return !error;
+}
+
+void RemoveFile(const std::string& path) {
+    std::error_code error;
+    std::filesystem::remove(path, error);
+}
+
+std::string AbsolutePath(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::absolute(path, error).string();
+}
+
+std::string FolderOf(const std::string& path) {
+    return std::filesystem::path(AbsolutePath(path)).parent_path().string();
+}
+
+std::string FileNameOf(const std::string& path) {
+    return std::filesystem::path(path).filename().string();
+}
+
+}  // namespace tradebill

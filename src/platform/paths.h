@@ -1,0 +1,31 @@
+// What stands at a path. Paths are spelled as the system's own file functions take them: on Windows in the system's
+// code page, with either separator.
+#pragma once
+
+#include <string>
+
+namespace tradebill {
+
+[[nodiscard]] bool IsFolder(const std::string& path);
+[[nodiscard]] bool IsPlainFile(const std::string& path);
+
+/// Whether both paths lead to one file, however they are spelled. False if either isn't there.
+[[nodiscard]] bool IsSameFile(const std::string& one, const std::string& other);
+
+/// Makes the last level of `path`. True if the folder is there afterwards.
+bool MakeFolder(const std::string& path);
+/// Makes all levels that are missing. True if the folder is there afterwards.
+bool MakeFolders(const std::string& path);
+
+/// Puts a file in the place of another, which may be there. False if it stayed where it was.
+[[nodiscard]] bool MoveOver(const std::string& from, const std::string& to);
+/// Nothing happens if it isn't there.
+void RemoveFile(const std::string& path);
+
+[[nodiscard]] std::string AbsolutePath(const std::string& path);
+/// The folder that a file lies in, as an absolute path.
+[[nodiscard]] std::string FolderOf(const std::string& path);
+/// What stands behind the last separator.
+[[nodiscard]] std::string FileNameOf(const std::string& path);
+
+}  // namespace tradebill

@@ -1,0 +1,127 @@
+#include "platform/file.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <limits>
+
+#include "platform/windows/unique_handle.h"
+
+namespace tradebill {
+namespace {
+
+struct OpenWay {
+    DWORD access;
+    DWORD disposition;
+};
+
+OpenWay WayOf(FileMode mode) {
+    switch (mode) {
+        case FileMode::Read:
+            return {GENERIC_READ, OPEN_EXISTING};
+        case FileMode::Create:
+            return {GENERIC_WRITE, CREATE_ALWAYS};
+        case FileMode::Append:
+            return {FILE_APPEND_DATA, OPEN_EXISTING};
+        case FileMode::Update:
+            break;
+    }
+    return {GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING};
+}
+
+HANDLE HandleOf(std::intptr_t file) {
+    return reinterpret_cast<HANDLE>(file);
+}
+
+bool IsOnDisk(std::intptr_t file) {
+    return ::GetFileType(HandleOf(file)) == FILE_TYPE_DISK;
+}
+
+/// One call of the system moves at most this many bytes.
+DWORD StepOf(std::size_t size) {
+    return static_cast<DWORD>(std::min<std::size_t>(size, std::numeric_limits<DWORD>::max() / 2));
+}
+
+OVERLAPPED PlaceAt(std::uint64_t offset) {
+    OVERLAPPED place{};
+    place.Offset = static_cast<DWORD>(offset & 0xFFFFFFFF);
+    place.OffsetHigh = static_cast<DWORD>(offset >> 32);
+    return place;
+}
+
+/// Writes all of `bytes`; each step goes where `place`, given the bytes that are done, says.
+template <class Place>
+bool WriteSteps(std::intptr_t file, std::string_view bytes, Place place) {
+    for (std::uint64_t done = 0; !bytes.empty();) {
+        DWORD written = 0;
+        const BOOL isDone = ::WriteFile(HandleOf(file), bytes.data(), StepOf(bytes.size()), &written, place(done));
+        if (isDone == FALSE || written == 0) return false;
+        bytes.remove_prefix(written);
+        done += written;
+    }
+    return true;
+}
+
+}  // namespace
+
+CFile::CFile(const std::string& path, FileMode mode) {
+    const OpenWay way = WayOf(mode);
+    handle_ =
+        reinterpret_cast<std::intptr_t>(::CreateFileA(path.c_str(), way.access, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                                      nullptr, way.disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+CFile::~CFile() {
+    if (IsOpen()) ::CloseHandle(HandleOf(handle_));
+}
+
+bool CFile::IsOpen() const {
+    return HandleOf(handle_) != INVALID_HANDLE_VALUE;
+}
+
+std::uint64_t CFile::Size() const {
+    LARGE_INTEGER size{};
+    return ::GetFileSizeEx(HandleOf(handle_), &size) != FALSE ? static_cast<std::uint64_t>(size.QuadPart) : 0;
+}
+
+bool CFile::Write(std::string_view bytes) {
+    return WriteSteps(handle_, bytes, [](std::uint64_t) { return nullptr; });
+}
+
+bool CFile::WriteAt(std::uint64_t offset, std::string_view bytes) {
+    OVERLAPPED place{};
+    return WriteSteps(handle_, bytes, [&](std::uint64_t done) {
+        place = PlaceAt(offset + done);
+        return &place;
+    });
+}
+
+std::size_t CFile::ReadAt(std::uint64_t offset, char* buffer, std::size_t size) const {
+    std::size_t done = 0;
+    while (done < size) {
+        OVERLAPPED place = PlaceAt(offset + done);
+        DWORD got = 0;
+        if (::ReadFile(HandleOf(handle_), buffer + done, StepOf(size - done), &got, &place) == FALSE || got == 0) break;
+        done += got;
+    }
+    return done;
+}
+
+std::optional<std::string> CFile::ReadAll() const {
+    if (!IsOnDisk(handle_)) return std::nullopt;
+    std::string content(static_cast<std::size_t>(Size()), '\0');
+    content.resize(ReadAt(0, content.data(), content.size()));
+    return content;
+}
+
+std::optional<FileStamp> StampOf(const std::string& path) {
+    WIN32_FILE_ATTRIBUTE_DATA status{};
+    if (::GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &status) == FALSE) return std::nullopt;
+    if ((status.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return std::nullopt;
+    const auto joined = [](DWORD high, DWORD low) { return std::uint64_t{high} << 32 | low; };
+    const FILETIME& changed = status.ftLastWriteTime;
+    return FileStamp{static_cast<std::int64_t>(joined(changed.dwHighDateTime, changed.dwLowDateTime)),
+                     joined(status.nFileSizeHigh, status.nFileSizeLow)};
+}
+
+}  // namespace tradebill

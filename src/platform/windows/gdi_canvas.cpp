@@ -1,0 +1,172 @@
+#include <windows.h>
+
+#include <array>
+#include <utility>
+#include <vector>
+
+#include "platform/canvas.h"
+#include "platform/windows/gdi_font.h"
+#include "platform/windows/gdi_objects.h"
+#include "platform/windows/gdiplus_image.h"
+#include "platform/windows/wide_text.h"
+
+namespace tradebill {
+namespace {
+
+/// Calls reach the bitmap at once for as long as it lives: its pixels are read in between.
+class CUnbatchedScope {
+public:
+    CUnbatchedScope() : former_(::GdiSetBatchLimit(1)) {}
+    ~CUnbatchedScope() { ::GdiSetBatchLimit(former_); }
+    CUnbatchedScope(const CUnbatchedScope&) = delete;
+    CUnbatchedScope& operator=(const CUnbatchedScope&) = delete;
+
+private:
+    DWORD former_;
+};
+
+/// A tool that is selected into a context, and the context's own one before it.
+class CSelectedTool {
+public:
+    explicit CSelectedTool(HDC context) : context_(context) {}
+    CSelectedTool(const CSelectedTool&) = delete;
+    CSelectedTool& operator=(const CSelectedTool&) = delete;
+    ~CSelectedTool() {
+        if (stock_ != nullptr) ::SelectObject(context_, stock_);
+    }
+
+    void Select(CGdiObject tool) {
+        const HGDIOBJ before = ::SelectObject(context_, tool.Get());
+        if (stock_ == nullptr) stock_ = before;
+        tool_ = std::move(tool);
+    }
+
+private:
+    HDC context_;
+    HGDIOBJ stock_ = nullptr;
+    CGdiObject tool_;
+};
+
+CGdiObject MakePen(const Pen& pen) {
+    return CGdiObject(::CreatePen(PS_SOLID, pen.width, pen.color));
+}
+
+CGdiObject MakeBrush(const Brush& brush) {
+    return CGdiObject(brush ? ::CreateSolidBrush(*brush) : ::GetStockObject(NULL_BRUSH));
+}
+
+/// A box without inside hides all, however far its edges have passed each other.
+CGdiObject MakeRegion(const Box& box) {
+    const bool isEmpty = box.right <= box.left || box.bottom <= box.top;
+    return CGdiObject(isEmpty ? ::CreateRectRgn(0, 0, 0, 0)
+                              : ::CreateRectRgn(box.left, box.top, box.right, box.bottom));
+}
+
+class CGdiCanvas final : public CCanvas {
+public:
+    explicit CGdiCanvas(CBitmap& bitmap) {
+        // Without pixels it paints on the one pixel that every context begins with.
+        if (bitmap.Memory().NativeBitmap() != nullptr) {
+            formerBitmap_ = ::SelectObject(context_.Get(), bitmap.Memory().NativeBitmap());
+        }
+        SelectPen(pen_);
+        SelectBrush(brush_);
+        ::SetPolyFillMode(context_.Get(), ALTERNATE);
+    }
+    ~CGdiCanvas() override {
+        if (formerBitmap_ != nullptr) ::SelectObject(context_.Get(), formerBitmap_);
+    }
+
+    Pen SelectPen(const Pen& pen) override {
+        selectedPen_.Select(MakePen(pen));
+        return std::exchange(pen_, pen);
+    }
+    Brush SelectBrush(const Brush& brush) override {
+        selectedBrush_.Select(MakeBrush(brush));
+        return std::exchange(brush_, brush);
+    }
+    Font SelectFont(const Font& font) override {
+        isFontSelected_ = false;
+        return std::exchange(font_, font);
+    }
+    Color SelectTextColor(Color color) override { return ::SetTextColor(context_.Get(), color); }
+    TextBackground SelectTextBackground(TextBackground background) override {
+        const int former = ::SetBkMode(context_.Get(), background == TextBackground::Opaque ? OPAQUE : TRANSPARENT);
+        return former == OPAQUE ? TextBackground::Opaque : TextBackground::Transparent;
+    }
+    Clip SelectClip(const Clip& clip) override {
+        const CGdiObject region = clip ? MakeRegion(*clip) : CGdiObject();
+        ::SelectClipRgn(context_.Get(), static_cast<HRGN>(region.Get()));  // which copies it
+        return std::exchange(clip_, clip);
+    }
+
+    void MoveTo(Point point) override { ::MoveToEx(context_.Get(), point.x, point.y, nullptr); }
+    void LineTo(Point point) override { ::LineTo(context_.Get(), point.x, point.y); }
+
+    void Rectangle(const Box& box) override { ::Rectangle(context_.Get(), box.left, box.top, box.right, box.bottom); }
+    void Ellipse(const Box& box) override { ::Ellipse(context_.Get(), box.left, box.top, box.right, box.bottom); }
+    void Pie(const Box& box, Point start, Point end) override {
+        ::Pie(context_.Get(), box.left, box.top, box.right, box.bottom, start.x, start.y, end.x, end.y);
+    }
+    void Polygon(std::span<const Point> corners) override {
+        std::vector<POINT> points;
+        points.reserve(corners.size());
+        for (const Point& corner : corners) points.push_back({corner.x, corner.y});
+        ::Polygon(context_.Get(), points.data(), static_cast<int>(points.size()));
+    }
+
+    void BeginPath() override { ::BeginPath(context_.Get()); }
+    void EndPath() override { ::EndPath(context_.Get()); }
+    void FillPath() override { ::FillPath(context_.Get()); }
+
+    void FillSolid(const Box& box, Color color) override {
+        const RECT area{box.left, box.top, box.right, box.bottom};
+        ::SetBkColor(context_.Get(), color);
+        ::ExtTextOutW(context_.Get(), 0, 0, ETO_OPAQUE, &area, nullptr, 0, nullptr);
+        ::SetBkColor(context_.Get(), kWhite);
+    }
+    void SetPixel(Point point, Color color) override { ::SetPixelV(context_.Get(), point.x, point.y, color); }
+    void DrawPicture(const CPicture& picture, Point leftTop) override {
+        DrawOnContext(context_.Get(), picture, leftTop);
+    }
+
+    void WriteText(Point point, std::string_view text) override {
+        UseFont();
+        const std::wstring wide = WideOf(text);
+        ::TextOutW(context_.Get(), point.x, point.y, wide.data(), static_cast<int>(wide.size()));
+    }
+    [[nodiscard]] TextExtent MeasureText(std::string_view text) const override {
+        UseFont();
+        return ExtentIn(context_.Get(), WideOf(text));
+    }
+    [[nodiscard]] TextMetrics Metrics() const override {
+        UseFont();
+        return MetricsIn(context_.Get());
+    }
+
+private:
+    /// A font is made when the first text needs it.
+    void UseFont() const {
+        if (!std::exchange(isFontSelected_, true)) selectedFont_.Select(MakeFont(font_));
+    }
+
+    CUnbatchedScope unbatched_;
+    CMemoryContext context_;
+    CSelectedTool selectedPen_{context_.Get()};
+    CSelectedTool selectedBrush_{context_.Get()};
+    mutable CSelectedTool selectedFont_{context_.Get()};
+    mutable bool isFontSelected_ = false;
+    HGDIOBJ formerBitmap_ = nullptr;
+    Pen pen_;
+    Brush brush_ = kWhite;
+    Font font_{.face = "Arial", .cellHeight = 16};
+    Clip clip_;
+};
+
+}  // namespace
+
+std::unique_ptr<CCanvas> MakeCanvas(CBitmap& bitmap) {
+    return std::make_unique<CGdiCanvas>(bitmap);
+}
+
+}  // namespace tradebill

@@ -1,0 +1,80 @@
+#include "platform/paths.h"
+
+#include <windows.h>
+
+#include <shlwapi.h>
+
+#include <optional>
+
+#include "platform/windows/unique_handle.h"
+
+namespace tradebill {
+namespace {
+
+/// What tells one file from all others.
+std::optional<BY_HANDLE_FILE_INFORMATION> IdentityOf(const std::string& path) {
+    constexpr DWORD kAllSharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const CUniqueHandle file(
+        ::CreateFileA(path.c_str(), 0, kAllSharing, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    BY_HANDLE_FILE_INFORMATION identity{};
+    if (!file.IsValid() || ::GetFileInformationByHandle(file.Get(), &identity) == FALSE) return std::nullopt;
+    return identity;
+}
+
+}  // namespace
+
+bool IsFolder(const std::string& path) {
+    const DWORD attributes = ::GetFileAttributesA(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+bool IsPlainFile(const std::string& path) {
+    constexpr DWORD kOtherKinds = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE;
+    const DWORD attributes = ::GetFileAttributesA(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & kOtherKinds) == 0;
+}
+
+bool IsSameFile(const std::string& one, const std::string& other) {
+    const auto first = IdentityOf(one);
+    const auto second = IdentityOf(other);
+    return first && second && first->dwVolumeSerialNumber == second->dwVolumeSerialNumber &&
+           first->nFileIndexHigh == second->nFileIndexHigh && first->nFileIndexLow == second->nFileIndexLow;
+}
+
+bool MakeFolder(const std::string& path) {
+    return IsFolder(path) || ::CreateDirectoryA(path.c_str(), nullptr) != FALSE;
+}
+
+bool MakeFolders(const std::string& path) {
+    if (IsFolder(path)) return true;
+    const std::string above = FolderOf(path);
+    if (above == AbsolutePath(path)) return false;
+    return MakeFolders(above) && MakeFolder(path);
+}
+
+bool MoveOver(const std::string& from, const std::string& to) {
+    return ::MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) != FALSE;
+}
+
+void RemoveFile(const std::string& path) {
+    ::DeleteFileA(path.c_str());
+}
+
+std::string AbsolutePath(const std::string& path) {
+    const DWORD size = ::GetFullPathNameA(path.c_str(), 0, nullptr, nullptr);
+    std::string absolute(size, '\0');
+    absolute.resize(::GetFullPathNameA(path.c_str(), size, absolute.data(), nullptr));
+    return absolute;
+}
+
+std::string FolderOf(const std::string& path) {
+    std::string folder = AbsolutePath(path);
+    if (!folder.empty()) ::PathRemoveFileSpecA(folder.data());
+    return folder.c_str();
+}
+
+std::string FileNameOf(const std::string& path) {
+    return ::PathFindFileNameA(path.c_str());
+}
+
+}  // namespace tradebill

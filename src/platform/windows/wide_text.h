@@ -1,0 +1,15 @@
+// Texts as the system's own functions take them, whatever the system's locale.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tradebill {
+
+/// GBK as UTF-16; each byte that belongs to no character becomes one U+FFFD.
+[[nodiscard]] std::wstring WideOf(std::string_view gbk);
+
+/// A path in the system's code page as UTF-16.
+[[nodiscard]] std::wstring WidePath(const std::string& path);
+
+}  // namespace tradebill
