@@ -121,15 +121,10 @@ void SaveButton(int id, std::string_view name) {
     if (const auto button = LoadPngResource(id)) static_cast<void>(SavePng(*button, FullPicturePath(name)));
 }
 
-void MakePicture(const ReportPicture& picture, BaseWidth base) {
-    const PictureSize size = picture.size(base);
-    const PictureSize ground = picture.ground != nullptr ? picture.ground(base) : size;
+void SavePicture(std::string_view name, const PictureSize& size, const PicturePainter& paint) {
     CBitmap bitmap(size.width, size.height, 0);
-    const auto canvas = MakeCanvas(bitmap);
-    canvas->SelectTextBackground(TextBackground::Transparent);
-    canvas->FillSolid({0, 0, ground.width, ground.height}, kWhite);
-    picture.paint(*canvas, base, size);
-    static_cast<void>(SaveJpeg(bitmap, FullPicturePath(picture.name)));
+    paint(*MakeCanvas(bitmap));
+    static_cast<void>(SaveJpeg(bitmap, FullPicturePath(name)));
 }
 
 }  // namespace
@@ -145,6 +140,19 @@ void NoteChartSizes() {
                              yield.width,  yield.height,  yield.width,    yield.height};
 }
 
+void ShowReportPictures(int baseWidth, const PictureViewer& show) {
+    const BaseWidth base{baseWidth};
+    for (const ReportPicture& picture : kPictures) {
+        const PictureSize size = picture.size(base);
+        const PictureSize ground = picture.ground != nullptr ? picture.ground(base) : size;
+        show(picture.name, size, [&](CCanvas& canvas) {
+            canvas.SelectTextBackground(TextBackground::Transparent);
+            canvas.FillSolid({0, 0, ground.width, ground.height}, kWhite);
+            picture.paint(canvas, base, size);
+        });
+    }
+}
+
 bool BuildReportImages() {
     SaveButton(kShrinkId, kShrinkPicture);
     SaveButton(kExpandId, kExpandPicture);
@@ -152,7 +160,7 @@ bool BuildReportImages() {
     if (!banner) return false;
     const BaseWidth base{banner->Width()};
     ReportDocument.PageWidth = base.Scaled();
-    for (const ReportPicture& picture : kPictures) MakePicture(picture, base);
+    ShowReportPictures(base.pixels, SavePicture);
     return true;
 }
 

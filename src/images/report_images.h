@@ -3,7 +3,20 @@
 // currency_tables.h, statistics_panel.h) and the charts (account_charts.h).
 #pragma once
 
+#include <functional>
+#include <string_view>
+
+#include "platform/canvas.h"
+#include "platform/picture_file.h"
+
 namespace tradebill {
+
+using PicturePainter = std::function<void(CCanvas& canvas)>;
+using PictureViewer = std::function<void(std::string_view name, const PictureSize& size, const PicturePainter& paint)>;
+
+/// Hands the twelve pictures to `show`, in the order of the report, as for a banner of `baseWidth` pixels: each with
+/// the name of its file, its size, and what paints it on a canvas of that size.
+void ShowReportPictures(int baseWidth, const PictureViewer& show);
 
 /// Makes twelve JPEG and two PNG files from the stores of the finished run and sets PageWidth. A picture that can't be
 /// made or saved is passed over. Returns false if the banner is missing: then there are only the PNG files, and

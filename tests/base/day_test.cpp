@@ -12,9 +12,7 @@ namespace tradebill {
 namespace {
 
 std::tm LocalParts(std::time_t time) {
-    std::tm parts{};
-    ::localtime_r(&time, &parts);
-    return parts;
+    return *std::localtime(&time);
 }
 
 /// The code with which `day` is refused; 0 if it isn't.

@@ -21,7 +21,7 @@ protected:
     /// All files below the sample.
     [[nodiscard]] std::set<std::string> Files() const {
         std::set<std::string> files;
-        for (const auto& entry : fs::recursive_directory_iterator(sample_)) files.insert(entry.path());
+        for (const auto& entry : fs::recursive_directory_iterator(sample_)) files.insert(entry.path().string());
         return files;
     }
 

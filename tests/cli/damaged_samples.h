@@ -94,8 +94,8 @@ protected:
     /// The bytes of the sample's statement.
     [[nodiscard]] static std::string Whole() {
         for (const auto& entry : std::filesystem::directory_iterator(Folder() + "/Users/demo/Data/Bill")) {
-            const std::string name = entry.path().filename();
-            if (name.find(".20240129o.") != std::string::npos) return ReadFile(entry.path());
+            const std::string name = entry.path().filename().string();
+            if (name.find(".20240129o.") != std::string::npos) return ReadFile(entry.path().string());
         }
         ADD_FAILURE() << "no statement in " << Folder();
         return {};

@@ -21,7 +21,7 @@ protected:
     [[nodiscard]] static std::string StatementOf(std::string_view sample, const std::string& day = "20240129") {
         for (const auto& entry : std::filesystem::directory_iterator(Folder(sample) + "/Users/demo/Data/Bill")) {
             if (entry.path().filename().string().find("." + day + "o.") != std::string::npos) {
-                return ReadFile(entry.path());
+                return ReadFile(entry.path().string());
             }
         }
         ADD_FAILURE() << "no statement of " << sample << " on " << day;

@@ -18,9 +18,9 @@ protected:
         ExplainCommand command{
             .statementFile = {}, .format = format, .kind = {}, .templateFile = {}, .day = {}, .asJson = true};
         for (const auto& entry : std::filesystem::directory_iterator(root + "/Users/demo/Data/Bill")) {
-            const std::string name = entry.path().filename();
+            const std::string name = entry.path().filename().string();
             if (name.find(".20240104o.") != std::string::npos) {
-                command.statementFile = folder_.Write(name, ReadFile(entry.path()));
+                command.statementFile = folder_.Write(name, ReadFile(entry.path().string()));
             }
         }
         const std::string templateFile = root + "/BillTemplate/songta.ini";

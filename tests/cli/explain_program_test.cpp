@@ -1,15 +1,14 @@
 // `explain`, `layouts`, `template check` and `--format auto` as commands of the program: exit codes and outputs.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
 
 #include "support/gbk_text.h"
+#include "support/shell.h"
 #include "support/temp_folder.h"
 
 namespace tradebill {
@@ -18,40 +17,9 @@ namespace {
 namespace fs = std::filesystem;
 using Json = nlohmann::json;
 
-struct Answer {
-    int exit;
-    std::string out;
-    std::string err;
-};
-
-std::string Quoted(const std::string& text) {
-    return "'" + text + "'";
-}
-
-bool Says(const std::string& text, std::string_view words) {
-    return text.find(words) != std::string::npos;
-}
-
-/// Exit 2, nothing on the output, and one line on the other that names `words` and what was expected.
-testing::AssertionResult IsWrongUse(const Answer& answer, std::string_view words) {
-    const bool oneLine = std::ranges::count(answer.err, '\n') == 1 && answer.err.ends_with("\n");
-    if (answer.exit == 2 && answer.out.empty() && oneLine && answer.err.starts_with("tradebill: ") &&
-        Says(answer.err, words) && Says(answer.err, "expected")) {
-        return testing::AssertionSuccess();
-    }
-    return testing::AssertionFailure() << words << ": exit " << answer.exit << "\n" << answer.out << answer.err;
-}
-
 class ExplainingProgram : public testing::Test {
 protected:
-    Answer Run(const std::string& arguments) const {
-        const std::string out = folder_.Path("out");
-        const std::string err = folder_.Path("err");
-        const int status = std::system(
-            (Quoted(TRADEBILL_PROGRAM) + " " + arguments + " >" + Quoted(out) + " 2>" + Quoted(err) + " </dev/null")
-                .c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadFile(out), ReadFile(err)};
-    }
+    Answer Run(const std::string& arguments) const { return RunProgram(folder_, arguments); }
     [[nodiscard]] Answer Explain(const std::string& file, const std::string& options) const {
         return Run("explain " + Quoted(file) + " " + options);
     }
@@ -134,7 +102,7 @@ TEST_F(ExplainingProgram, RefusesADayThatIsNoDate) {
 TEST_F(ExplainingProgram, RefusesFilesThatCannotBeRead) {
     EXPECT_TRUE(IsWrongUse(Explain(folder_.Path("missing.txt"), "--format 1"), "missing.txt"));
     EXPECT_TRUE(IsWrongUse(Explain(folder_.Path(), "--format 1"), folder_.Path()));
-    EXPECT_TRUE(IsWrongUse(Explain("/dev/null", "--format 1"), "/dev/null"));
+    EXPECT_TRUE(IsWrongUse(Explain(kNullDevice, "--format 1"), kNullDevice));
     EXPECT_TRUE(IsWrongUse(Explain(folder_.Path("missing.txt"), "--format auto"), "missing.txt"));
     EXPECT_FALSE(fs::exists(folder_.Path("missing.txt")));
 }

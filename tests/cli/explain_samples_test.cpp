@@ -55,7 +55,7 @@ protected:
             if (entry.path().extension() == ".txt") files.push_back(entry.path());
         }
         std::ranges::sort(files);
-        const std::filesystem::path copy = folder_.Path(files.at(19).filename().string());
+        const std::string copy = folder_.Path(files.at(19).filename().string());
         std::filesystem::copy_file(files.at(19), copy, std::filesystem::copy_options::overwrite_existing);
         return copy;
     }

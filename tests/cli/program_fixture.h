@@ -1,54 +1,28 @@
 // The program run as a shell runs it, on a copy of a sample.
 #pragma once
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <stdlib.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <algorithm>
-#include <array>
-#include <cstddef>
-#include <cstdlib>
 #include <filesystem>
 #include <initializer_list>
 #include <nlohmann/json.hpp>
 #include <string>
-#include <string_view>
 #include <utility>
 
 #include "platform/local_time.h"
+#include "support/shell.h"
 #include "support/temp_folder.h"
 
 namespace tradebill {
 
 namespace fs = std::filesystem;
 
-struct Answer {
-    int exit;
-    std::string out;
-    std::string err;
-};
-
-inline std::string Quoted(const std::string& text) {
-    return "'" + text + "'";
-}
-
 class Program : public testing::Test {
 protected:
     /// A copy of the sample account that bears all of an account's files.
     Program() { fs::copy(std::string(TRADEBILL_SAMPLES) + "/fund-status", sample_, fs::copy_options::recursive); }
 
-    /// Runs the program with its outputs in files; `arguments` as a shell reads them.
-    Answer Run(const std::string& arguments) const {
-        const std::string out = folder_.Path("out");
-        const std::string err = folder_.Path("err");
-        const int status = std::system(
-            (Quoted(TRADEBILL_PROGRAM) + " " + arguments + " >" + Quoted(out) + " 2>" + Quoted(err) + " </dev/null")
-                .c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadFile(out), ReadFile(err)};
-    }
+    Answer Run(const std::string& arguments) const { return RunProgram(folder_, arguments); }
 
     /// The report of the sample, with `more` behind its options.
     [[nodiscard]] std::string Report(const std::string& more = {}) const {
@@ -74,19 +48,5 @@ protected:
     std::string sample_ = folder_.Path("sample");
     std::string root_ = sample_ + "/root";
 };
-
-inline bool Says(const std::string& text, std::string_view words) {
-    return text.find(words) != std::string::npos;
-}
-
-/// Exit 2, nothing on the output, and one line on the other that names `words` and what was expected.
-inline testing::AssertionResult IsWrongUse(const Answer& answer, std::string_view words) {
-    const bool oneLine = std::ranges::count(answer.err, '\n') == 1 && answer.err.ends_with("\n");
-    if (answer.exit == 2 && answer.out.empty() && oneLine && answer.err.starts_with("tradebill: ") &&
-        Says(answer.err, words) && Says(answer.err, "expected")) {
-        return testing::AssertionSuccess();
-    }
-    return testing::AssertionFailure() << words << ": exit " << answer.exit << "\n" << answer.out << answer.err;
-}
 
 }  // namespace tradebill

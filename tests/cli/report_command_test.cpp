@@ -145,6 +145,7 @@ TEST_F(Command, FailsIfThePageCantBeWritten) {
     EXPECT_EQ(answer.out, "");
 }
 
+#if !defined(_WIN32)  // which has no device that is always full
 TEST_F(Command, FailsIfTheDiskIsFull) {
     PutStatement("20240102", "1500.25");
     fs::create_directories(fs::path(PageFile()).parent_path());
@@ -153,6 +154,7 @@ TEST_F(Command, FailsIfTheDiskIsFull) {
     EXPECT_EQ(answer.exit, 1);
     EXPECT_TRUE(Says(answer.err, "can't write the page " + PageFile())) << answer.err;
 }
+#endif
 
 TEST_F(Command, FailsIfThePagesFolderCantBeMade) {
     root_.Write("Users/demo/Data/Bill", "a file in its place");
@@ -211,11 +213,12 @@ TEST_F(Command, WritesNothingOutsideTheUsersDataButTheJson) {
     command_.jsonFile = root_.Path("run.json");
     Run();
     std::vector<std::string> top;
-    for (const auto& entry : fs::directory_iterator(root_.Path())) top.push_back(entry.path().filename());
+    for (const auto& entry : fs::directory_iterator(root_.Path())) top.push_back(entry.path().filename().string());
     std::ranges::sort(top);
     EXPECT_EQ(top, (std::vector<std::string>{"Users", "run.json"}));
     std::vector<std::string> user;
-    for (const auto& entry : fs::directory_iterator(root_.Path("Users/demo"))) user.push_back(entry.path().filename());
+    for (const auto& entry : fs::directory_iterator(root_.Path("Users/demo")))
+        user.push_back(entry.path().filename().string());
     EXPECT_EQ(user, (std::vector<std::string>{"Data"}));
 }
 

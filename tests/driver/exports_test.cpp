@@ -4,21 +4,17 @@
 #include <cstdint>
 #include <string>
 
-#include "base/report_error.h"
 #include "driver/run_fixture.h"
+#include "support/host_objects.h"
+#include "support/raised_code.h"
 
 namespace tradebill {
 namespace {
 
 class Exports : public RunFixture {};
 
-std::uint32_t CodeThrownFor(const GenerateBillRequest* request) {
-    try {
-        GenerateBill(request);
-    } catch (const CReportError& error) {
-        return error.Code();
-    }
-    return 0;
+std::uint32_t CodeRaisedFor(const GenerateBillRequest* request) {
+    return CodeRaisedBy([request] { GenerateBill(request); });
 }
 
 TEST_F(Exports, MakeAReport) {
@@ -37,10 +33,10 @@ TEST_F(Exports, MakeAReportForHostsThatCantCatch) {
 
 TEST_F(Exports, CarryTheCodeOfARefusedDate) {
     SetDates("1899-12-31", "2024-1-2");
-    EXPECT_EQ(CodeThrownFor(&request_), 0x80004005);
+    EXPECT_EQ(CodeRaisedFor(&request_), 0x80004005);
     EXPECT_EQ(TryGenerateBill(&request_), 0x80004005);
     SetDates("2024-1-2", "1969-12-30");
-    EXPECT_EQ(CodeThrownFor(&request_), 0x80070057);
+    EXPECT_EQ(CodeRaisedFor(&request_), 0x80070057);
     EXPECT_EQ(TryGenerateBill(&request_), 0x80070057);
 }
 
@@ -54,7 +50,7 @@ TEST_F(Exports, LeaveStoresEmptyForARefusedDate) {
 }
 
 TEST_F(Exports, RefuseANullRequest) {
-    EXPECT_EQ(CodeThrownFor(nullptr), 0x80070057);
+    EXPECT_EQ(CodeRaisedFor(nullptr), 0x80070057);
     EXPECT_EQ(TryGenerateBill(nullptr), 0x80070057);
 }
 

@@ -10,6 +10,8 @@
 #include <vector>
 
 #include "driver/run_fixture.h"
+#include "support/host_objects.h"
+#include "support/surface.h"
 
 namespace tradebill {
 namespace {
@@ -35,12 +37,11 @@ using Pixels = std::vector<std::uint32_t>;
 
 /// The surface of a host after repainting a chart into all of it but a margin.
 Pixels Repainted(StretchFunction* stretch, std::int32_t width, std::int32_t height, std::int32_t margin) {
-    Pixels pixels(static_cast<std::size_t>(width * height), kUntouched);
-    ChartTarget target{pixels.data(), width, height, width * 4, kChartDone};
+    CSurface surface(width, height, kUntouched);
     const ChartRect rect{margin, margin, width - margin, height - margin};
-    stretch(&target, &rect, width, height);
-    EXPECT_EQ(target.LastStatus, kChartDone);
-    return pixels;
+    stretch(surface.Target(), &rect, width, height);
+    EXPECT_EQ(surface.LastStatus(), kChartDone);
+    return surface.Pixels();
 }
 
 class HostSession : public RunFixture {

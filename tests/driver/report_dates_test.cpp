@@ -7,6 +7,7 @@
 
 #include "base/report_error.h"
 #include "driver/run_fixture.h"
+#include "support/host_objects.h"
 
 namespace tradebill {
 namespace {

@@ -142,9 +142,5 @@ TEST(RequestLayout, HasNumbersOfFixedSigns) {
     EXPECT_TRUE((std::is_same_v<decltype(MoneyRecord::EXCHANGE_RATE), double>));
 }
 
-TEST(RequestLayout, LetsAHostInCUseAllOfTheHeader) {
-    EXPECT_EQ(RunHostInC(), 0);
-}
-
 }  // namespace
 }  // namespace tradebill

@@ -22,6 +22,7 @@
 #include "platform/local_time.h"
 #include "platform/root_folder.h"
 #include "support/gbk_text.h"
+#include "support/host_objects.h"
 #include "support/store_fixture.h"
 #include "support/temp_folder.h"
 
@@ -132,9 +133,8 @@ inline CalendarDay DayFromToday(int offset) {
     while (LocalDayOf(PresentTime()) != LocalDayOf(PresentTime() + kRunTime)) {
         std::this_thread::sleep_for(std::chrono::seconds(1));
     }
-    std::time_t now = PresentTime();
-    std::tm parts{};
-    ::localtime_r(&now, &parts);
+    const std::time_t now = PresentTime();
+    std::tm parts = *std::localtime(&now);
     parts.tm_hour = 12;  // no change of the clock moves noon into another day
     parts.tm_mday += offset;
     parts.tm_isdst = -1;
@@ -145,11 +145,11 @@ inline CalendarDay DayFromToday(int offset) {
 inline std::map<std::string, std::string> ContentOf(const std::string& folder) {
     std::map<std::string, std::string> content;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-        const std::string path = std::filesystem::relative(entry.path(), folder);
+        const std::string path = std::filesystem::relative(entry.path(), folder).generic_string();
         if (entry.is_directory()) {
             content[path + "/"] = "";
         } else {
-            content[path] = ReadFile(entry.path());
+            content[path] = ReadFile(entry.path().string());
         }
     }
     return content;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "driver/run_fixture.h"
+#include "support/host_objects.h"
 
 namespace tradebill {
 namespace {

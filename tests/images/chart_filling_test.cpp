@@ -247,6 +247,7 @@ TEST_F(ChartFilling, StepsInDaysFromAnyTimeOfDay) {
     EXPECT_EQ(ValuesOf(Plain(kRealisedChart)->graphSeries), (Values{1, 2}));
 }
 
+#if !defined(_WIN32)  // where a process has no say in when clocks change
 TEST_F(ChartFilling, MeetsADayTwiceThatHasAnHourMore) {
     const CTimeZone zone("EST5EDT,M3.2.0,M11.1.0");
     SetDays("2024-11-2", "2024-11-5");  // clocks go back on the 3rd, so each step behind it ends an hour early
@@ -259,6 +260,7 @@ TEST_F(ChartFilling, MeetsADayTwiceThatHasAnHourMore) {
     AddDay("20241104", "12000");
     EXPECT_EQ(LabelsOf(Plain(kRealisedChart)->graphSeries), (Texts{"11/04"}));
 }
+#endif
 
 TEST_F(ChartFilling, FindsItsDaysInTheMiddleOfCenturies) {
     SetDays("1970-1-2", "3000-12-31");

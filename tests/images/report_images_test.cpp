@@ -2,7 +2,6 @@
 #include "images/report_images.h"
 
 #include <gtest/gtest.h>
-#include <turbojpeg.h>
 
 #include <array>
 #include <cstdint>
@@ -15,6 +14,7 @@
 #include "images/picture_names.h"
 #include "platform/embedded_picture.h"
 #include "platform/picture_file.h"
+#include "support/decoded_picture.h"
 #include "support/store_fixture.h"
 #include "support/temp_folder.h"
 
@@ -67,15 +67,10 @@ protected:
     }
     /// Red, green and blue of a pixel of a JPEG file.
     [[nodiscard]] std::array<int, 3> PixelOf(std::string_view name, int x, int y) const {
-        const std::string bytes = ReadFile(PathOf(name));
-        const PictureSize size = SizeOf(name);
-        std::vector<unsigned char> pixels(static_cast<std::size_t>(size.width * size.height * 3));
-        const tjhandle decoder = tjInitDecompress();
-        tjDecompress2(decoder, reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size(), pixels.data(),
-                      size.width, 0, size.height, TJPF_RGB, 0);
-        tjDestroy(decoder);
-        const auto at = static_cast<std::size_t>((y * size.width + x) * 3);
-        return {pixels[at], pixels[at + 1], pixels[at + 2]};
+        const CPicture picture = DecodedPicture(PathOf(name));
+        const std::uint32_t pixel = picture.Row(y)[x];
+        return {static_cast<int>(pixel >> 16 & 0xFF), static_cast<int>(pixel >> 8 & 0xFF),
+                static_cast<int>(pixel & 0xFF)};
     }
 
     CTempFolder folder_;

@@ -12,6 +12,7 @@
 #include "platform/picture_file.h"
 #include "statement/request_copy.h"
 #include "statement/stores.h"
+#include "support/host_objects.h"
 
 namespace tradebill {
 namespace {

@@ -17,6 +17,7 @@
 #include "platform/text_encoding.h"
 #include "statement/report_document.h"
 #include "support/gbk_text.h"
+#include "support/host_objects.h"
 #include "support/store_fixture.h"
 #include "support/temp_folder.h"
 

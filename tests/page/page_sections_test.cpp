@@ -17,6 +17,7 @@
 #include "page/page_fixture.h"
 #include "page/statement_rows.h"
 #include "statement/request_copy.h"
+#include "support/host_objects.h"
 
 namespace tradebill {
 namespace {

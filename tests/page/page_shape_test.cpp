@@ -11,6 +11,7 @@
 #include "page/page_sections.h"
 #include "page/statement_rows.h"
 #include "statement/request_copy.h"
+#include "support/host_objects.h"
 
 namespace tradebill {
 namespace {

@@ -1,57 +1,40 @@
 // The blocks that stretch pictures: sizes come from real picture files, places from the measure of the title.
 #include <gtest/gtest.h>
-#include <png.h>
-#include <turbojpeg.h>
 
 #include <cstddef>
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "page/html_builder.h"
 #include "page/page_fixture.h"
 #include "page/page_sections.h"
+#include "platform/picture_file.h"
 #include "statement/request_copy.h"
 
 namespace tradebill {
 namespace {
-
-/// A white PNG.
-std::string Png(unsigned width, unsigned height) {
-    const std::vector<unsigned char> pixels(std::size_t{3} * width * height, 255);
-    png_image image{};
-    image.version = PNG_IMAGE_VERSION;
-    image.width = width;
-    image.height = height;
-    image.format = PNG_FORMAT_RGB;
-    png_alloc_size_t size = 0;
-    EXPECT_NE(png_image_write_to_memory(&image, nullptr, &size, 0, pixels.data(), 0, nullptr), 0);
-    std::string bytes(size, '\0');
-    EXPECT_NE(png_image_write_to_memory(&image, bytes.data(), &size, 0, pixels.data(), 0, nullptr), 0);
-    bytes.resize(size);
-    return bytes;
-}
-
-/// A white JPEG.
-std::string Jpeg(int width, int height) {
-    const std::vector<unsigned char> pixels(static_cast<std::size_t>(3 * width * height), 255);
-    const tjhandle encoder = tjInitCompress();
-    unsigned char* buffer = nullptr;
-    unsigned long size = 0;
-    EXPECT_EQ(tjCompress2(encoder, pixels.data(), width, 0, height, TJPF_RGB, &buffer, &size, TJSAMP_444, 90, 0), 0);
-    const std::string bytes(reinterpret_cast<const char*>(buffer), size);
-    tjFree(buffer);
-    tjDestroy(encoder);
-    return bytes;
-}
 
 const std::string kDivStart =
     "<div style=\"position:relative; -moz-user-select:-moz-none; \"  onselectstart=\"return false;\">\r\n";
 
 class SectionTitleBlock : public PageFixture {
 protected:
+    // White pictures.
+    void PutPng(const std::string& name, int width, int height) {
+        EXPECT_TRUE(SavePng(CBitmap(width, height, 0xFFFFFF), PlaceOf(name)));
+    }
+    void PutJpeg(const std::string& name, int width, int height) {
+        EXPECT_TRUE(SaveJpeg(CBitmap(width, height, 0xFFFFFF), PlaceOf(name)));
+    }
     void AddPictures() {
-        folder_.Write("Image_files/Bar.jpg", Jpeg(100, 27));
-        folder_.Write("Image_files/BillShrink.png", Png(13, 11));
+        PutJpeg("Bar.jpg", 100, 27);
+        PutPng("BillShrink.png", 13, 11);
+    }
+
+    [[nodiscard]] std::string PlaceOf(const std::string& name) const {
+        std::filesystem::create_directories(folder_.Path("Image_files"));
+        return folder_.Path("Image_files/" + name);
     }
 
     std::string Block() {
@@ -131,7 +114,7 @@ TEST_F(SectionTitleBlock, ScalesPicturesPlacesAndFontAt120Dpi) {
 
 TEST_F(SectionTitleBlock, HalvesAnOddDifferenceTowardsZero) {
     const auto topWithButton = [this](unsigned height) {
-        folder_.Write("Image_files/BillShrink.png", Png(5, height));
+        PutPng("BillShrink.png", 5, height);
         const std::string block = Block();
         const std::string before = "<img style = \"cursor:hand; position:absolute; top:";
         const std::size_t from = block.find(before) + before.size();
@@ -171,10 +154,10 @@ TEST_F(SectionTitleBlock, OfEachSectionNamesItsPicture) {
         {AddMatchSection, "MatchDetails.jpg"},     {AddForeignMatchSection, "MatchDetails.jpg"},
         {AddOffsetSection, "OffsetRecords.jpg"},
     };
-    folder_.Write("Image_files/BillShrink.png", Png(13, 11));
+    PutPng("BillShrink.png", 13, 11);
     int width = 200;
     for (const Section& section : sections) {
-        folder_.Write("Image_files/" + section.picture, Jpeg(++width, 30));
+        PutJpeg(section.picture, ++width, 30);
         CHtmlBuilder page(path_);
         section.add(page);
         const std::string bar = "<img border=\"0\" style=\"width:" + std::to_string(width) +
@@ -195,7 +178,7 @@ TEST_F(SectionTitleBlock, OffsetFigureShowsItsChart) {
                "</a>\r\n</div>\r\n";
     };
     EXPECT_EQ(Figure(), figure("0", "0"));
-    folder_.Write("Image_files/OffsetFigure.jpg", Jpeg(90, 41));
+    PutJpeg("OffsetFigure.jpg", 90, 41);
     EXPECT_EQ(Figure(), figure("90", "41"));
     Request.Dpi = 96;
     EXPECT_EQ(Figure(), figure("90", "41"));

@@ -8,6 +8,7 @@
 #include "page/page_fixture.h"
 #include "page/page_sections.h"
 #include "page/statement_rows.h"
+#include "support/host_objects.h"
 
 namespace tradebill {
 namespace {

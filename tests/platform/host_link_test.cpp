@@ -10,6 +10,8 @@
 #include <type_traits>
 #include <vector>
 
+#include "support/host_objects.h"
+
 namespace tradebill {
 namespace {
 

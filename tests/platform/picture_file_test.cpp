@@ -33,15 +33,14 @@ protected:
     CTempFolder folder_;
 };
 
-TEST_F(PictureSizeOf, PngIsItsPixels) {
-    EXPECT_EQ(Read(Png(1, 2)), (PictureSize{1, 2}));
-    EXPECT_EQ(Read(Png(825, 310)), (PictureSize{825, 310}));
-    EXPECT_EQ(Read(Png(70000, 3)), (PictureSize{70000, 3}));
-}
-
-TEST_F(PictureSizeOf, JpegIsItsPixels) {
-    EXPECT_EQ(Read(Jpeg(1, 2)), (PictureSize{1, 2}));
-    EXPECT_EQ(Read(Jpeg(825, 310)), (PictureSize{825, 310}));
+TEST_F(PictureSizeOf, IsThatOfASavedPicture) {
+    const std::string path = folder_.Path("picture");
+    for (const PictureSize& size : {PictureSize{1, 2}, {825, 310}, {4000, 1}}) {
+        ASSERT_TRUE(SavePng(CBitmap(size.width, size.height, 0), path));
+        EXPECT_EQ(ReadPictureSize(path), size);
+        ASSERT_TRUE(SaveJpeg(CBitmap(size.width, size.height, 0), path));
+        EXPECT_EQ(ReadPictureSize(path), size);
+    }
 }
 
 TEST_F(PictureSizeOf, AnythingElseIsNothing) {

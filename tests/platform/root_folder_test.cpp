@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
 #include <string>
 
 namespace tradebill {
@@ -16,12 +14,6 @@ protected:
 private:
     std::string former_ = RootFolder();
 };
-
-TEST_F(RootFolderPath, IsTheExecutablesFolderAtFirst) {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");  // a process of its own, in which nobody has set another
-    const std::string folder = std::filesystem::read_symlink("/proc/self/exe").parent_path();
-    EXPECT_EXIT(std::exit(RootFolder() == folder ? 0 : 1), testing::ExitedWithCode(0), "");
-}
 
 TEST_F(RootFolderPath, IsWhatItWasSetTo) {
     SetRootFolderPath("/srv/accounts");

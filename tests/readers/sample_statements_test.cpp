@@ -120,8 +120,9 @@ protected:
         const std::string folder = std::string(TRADEBILL_SAMPLES "/") + GetParam().name + "/root/Users/demo/Data/Bill";
         std::vector<Day> days;
         for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-            const std::string name = entry.path().filename();  // D90010001.20240102o.txt
-            if (name.ends_with("o.txt")) days.push_back({name.substr(name.find('.') + 1, 8), ReadFile(entry.path())});
+            const std::string name = entry.path().filename().string();  // D90010001.20240102o.txt
+            if (name.ends_with("o.txt"))
+                days.push_back({name.substr(name.find('.') + 1, 8), ReadFile(entry.path().string())});
         }
         std::ranges::sort(days, {}, &Day::day);
         EXPECT_EQ(days.size(), kDays);

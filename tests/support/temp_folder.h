@@ -14,7 +14,7 @@ namespace tradebill {
 
 class CTempFolder {
 public:
-    CTempFolder() : path_(std::filesystem::temp_directory_path() / UniqueName()) {
+    CTempFolder() : path_((std::filesystem::temp_directory_path() / UniqueName()).generic_string()) {
         std::filesystem::remove_all(path_);
         std::filesystem::create_directories(path_);
     }
@@ -25,12 +25,15 @@ public:
     CTempFolder(const CTempFolder&) = delete;
     CTempFolder& operator=(const CTempFolder&) = delete;
 
-    [[nodiscard]] std::string Path(std::string_view name = {}) const { return name.empty() ? path_ : path_ / name; }
+    /// With forward slashes, which every system takes.
+    [[nodiscard]] std::string Path(std::string_view name = {}) const {
+        return name.empty() ? path_ : path_ + "/" + std::string(name);
+    }
 
     /// Writes a file below the folder, with all folders above it. Returns its path.
     std::string Write(std::string_view name, std::string_view content) const {
-        const std::filesystem::path file = path_ / name;
-        std::filesystem::create_directories(file.parent_path());
+        const std::string file = Path(name);
+        std::filesystem::create_directories(std::filesystem::path(file).parent_path());
         std::ofstream(file, std::ios::binary) << content;
         return file;
     }
@@ -41,7 +44,7 @@ private:
         return "tradebill-test-" + std::to_string(::getpid()) + "-" + std::to_string(++counter);
     }
 
-    std::filesystem::path path_;
+    std::string path_;
 };
 
 /// All bytes of a file; empty if it isn't there.

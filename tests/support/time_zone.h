@@ -14,21 +14,28 @@ public:
     /// `zone` as in TZ, such as "CST-8".
     explicit CTimeZone(const char* zone) {
         if (const char* const former = std::getenv("TZ"); former != nullptr) former_ = former;
-        ::setenv("TZ", zone, 1);
-        ::tzset();
+        Set(zone);
     }
-    ~CTimeZone() {
-        if (former_) {
-            ::setenv("TZ", former_->c_str(), 1);
-        } else {
-            ::unsetenv("TZ");
-        }
-        ::tzset();
-    }
+    ~CTimeZone() { Set(former_ ? former_->c_str() : nullptr); }
     CTimeZone(const CTimeZone&) = delete;
     CTimeZone& operator=(const CTimeZone&) = delete;
 
 private:
+    /// Null takes it away.
+    static void Set(const char* zone) {
+#if defined(_WIN32)
+        ::_putenv_s("TZ", zone != nullptr ? zone : "");
+        ::_tzset();
+#else
+        if (zone != nullptr) {
+            ::setenv("TZ", zone, 1);
+        } else {
+            ::unsetenv("TZ");
+        }
+        ::tzset();
+#endif
+    }
+
     std::optional<std::string> former_;
 };
 

@@ -2,8 +2,7 @@
 // smoothing, thin lines without their last pixel, boxes without their right and bottom edge. Everything is clipped at
 // the bitmap's edge and costs no more than what can be seen, wherever its coordinates lie.
 //
-// raster_lines.cpp has lines and boxes, raster_polygon.cpp fills, raster_ellipse.cpp has all that is round,
-// raster_picture.cpp lays pictures over what is there.
+// raster_lines.cpp has lines and boxes, raster_polygon.cpp fills, raster_ellipse.cpp has all that is round.
 #pragma once
 
 #include <algorithm>
@@ -14,7 +13,6 @@
 
 #include "platform/bitmap.h"
 #include "platform/geometry.h"
-#include "platform/picture.h"
 
 namespace tradebill {
 
@@ -95,8 +93,6 @@ public:
     /// From one direction to the other counter-clockwise, as seen from the middle.
     void DrawPie(const Box& box, Point start, Point end, const Stroke& stroke, const std::uint32_t* brush);
     void DrawPolygon(std::span<const Point> corners, const Stroke& stroke, const std::uint32_t* brush);
-
-    void DrawPicture(const CPicture& picture, Point leftTop);
 
 private:
     [[nodiscard]] static Box WholeOf(const CBitmap& bitmap) { return {0, 0, bitmap.Width(), bitmap.Height()}; }

@@ -2,6 +2,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/blend.h"
 #include "platform/canvas.h"
 #include "platform/linux/raster.h"
 #include "platform/linux/raster_text.h"
@@ -68,7 +69,9 @@ public:
         raster_.FillBox({box.left, box.top}, {box.right, box.bottom}, PixelOf(color));
     }
     void SetPixel(Point point, Color color) override { raster_.SetPixel(point.x, point.y, PixelOf(color)); }
-    void DrawPicture(const CPicture& picture, Point leftTop) override { raster_.DrawPicture(picture, leftTop); }
+    void DrawPicture(const CPicture& picture, Point leftTop) override {
+        BlendPicture(bitmap_, raster_.Seen(), picture, leftTop);
+    }
 
     void WriteText(Point point, std::string_view text) override {
         if (textBackground_ == TextBackground::Opaque) {

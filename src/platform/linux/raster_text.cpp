@@ -4,7 +4,7 @@
 #include <mutex>
 #include <numbers>
 
-#include "platform/linux/blend.h"
+#include "platform/blend.h"
 #include "platform/linux/text_layout.h"
 
 namespace tradebill {

@@ -1,13 +1,14 @@
 #include <windows.h>
 
-#include <array>
+#include <algorithm>
 #include <utility>
 #include <vector>
 
+#include "platform/blend.h"
 #include "platform/canvas.h"
+#include "platform/windows/far_line.h"
 #include "platform/windows/gdi_font.h"
 #include "platform/windows/gdi_objects.h"
-#include "platform/windows/gdiplus_image.h"
 #include "platform/windows/wide_text.h"
 
 namespace tradebill {
@@ -48,7 +49,8 @@ private:
 };
 
 CGdiObject MakePen(const Pen& pen) {
-    return CGdiObject(::CreatePen(PS_SOLID, pen.width, pen.color));
+    constexpr std::int32_t kWidest = 1 << 12;  // wider pens paint as this one
+    return CGdiObject(::CreatePen(PS_SOLID, std::clamp(pen.width, 1, kWidest), pen.color));
 }
 
 CGdiObject MakeBrush(const Brush& brush) {
@@ -64,7 +66,7 @@ CGdiObject MakeRegion(const Box& box) {
 
 class CGdiCanvas final : public CCanvas {
 public:
-    explicit CGdiCanvas(CBitmap& bitmap) {
+    explicit CGdiCanvas(CBitmap& bitmap) : bitmap_(bitmap) {
         // Without pixels it paints on the one pixel that every context begins with.
         if (bitmap.Memory().NativeBitmap() != nullptr) {
             formerBitmap_ = ::SelectObject(context_.Get(), bitmap.Memory().NativeBitmap());
@@ -100,40 +102,70 @@ public:
         return std::exchange(clip_, clip);
     }
 
-    void MoveTo(Point point) override { ::MoveToEx(context_.Get(), point.x, point.y, nullptr); }
-    void LineTo(Point point) override { ::LineTo(context_.Get(), point.x, point.y); }
+    void MoveTo(Point point) override {
+        position_ = point;
+        if (isInPath_) PlaceAt(point);
+    }
+    void LineTo(Point point) override {
+        const Point from = std::exchange(position_, point);
+        if (isInPath_) {
+            const Point held = Held(point);
+            ::LineTo(context_.Get(), held.x, held.y);
+        } else if (const auto line = NearPartOf(from, point)) {
+            PlaceAt(line->first);
+            ::LineTo(context_.Get(), line->second.x, line->second.y);
+        }
+    }
 
-    void Rectangle(const Box& box) override { ::Rectangle(context_.Get(), box.left, box.top, box.right, box.bottom); }
-    void Ellipse(const Box& box) override { ::Ellipse(context_.Get(), box.left, box.top, box.right, box.bottom); }
+    void Rectangle(const Box& box) override {
+        const Box held = Held(box);
+        ::Rectangle(context_.Get(), held.left, held.top, held.right, held.bottom);
+    }
+    void Ellipse(const Box& box) override {
+        const Box held = Held(box);
+        ::Ellipse(context_.Get(), held.left, held.top, held.right, held.bottom);
+    }
     void Pie(const Box& box, Point start, Point end) override {
-        ::Pie(context_.Get(), box.left, box.top, box.right, box.bottom, start.x, start.y, end.x, end.y);
+        const Box held = Held(box);
+        const Point from = Held(start);
+        const Point to = Held(end);
+        ::Pie(context_.Get(), held.left, held.top, held.right, held.bottom, from.x, from.y, to.x, to.y);
     }
     void Polygon(std::span<const Point> corners) override {
         std::vector<POINT> points;
         points.reserve(corners.size());
-        for (const Point& corner : corners) points.push_back({corner.x, corner.y});
+        for (const Point& corner : corners) points.push_back({Held(corner).x, Held(corner).y});
         ::Polygon(context_.Get(), points.data(), static_cast<int>(points.size()));
     }
 
-    void BeginPath() override { ::BeginPath(context_.Get()); }
-    void EndPath() override { ::EndPath(context_.Get()); }
+    void BeginPath() override {
+        PlaceAt(position_);
+        isInPath_ = ::BeginPath(context_.Get()) != FALSE;
+    }
+    void EndPath() override {
+        isInPath_ = false;
+        ::EndPath(context_.Get());
+    }
     void FillPath() override { ::FillPath(context_.Get()); }
 
     void FillSolid(const Box& box, Color color) override {
-        const RECT area{box.left, box.top, box.right, box.bottom};
+        const Box held = Held(box);
+        const RECT area{held.left, held.top, held.right, held.bottom};
         ::SetBkColor(context_.Get(), color);
         ::ExtTextOutW(context_.Get(), 0, 0, ETO_OPAQUE, &area, nullptr, 0, nullptr);
         ::SetBkColor(context_.Get(), kWhite);
     }
     void SetPixel(Point point, Color color) override { ::SetPixelV(context_.Get(), point.x, point.y, color); }
     void DrawPicture(const CPicture& picture, Point leftTop) override {
-        DrawOnContext(context_.Get(), picture, leftTop);
+        const Box whole{0, 0, bitmap_.Width(), bitmap_.Height()};
+        BlendPicture(bitmap_, clip_ ? Intersection(whole, *clip_) : whole, picture, leftTop);
     }
 
     void WriteText(Point point, std::string_view text) override {
         UseFont();
         const std::wstring wide = WideOf(text);
-        ::TextOutW(context_.Get(), point.x, point.y, wide.data(), static_cast<int>(wide.size()));
+        const Point held = Held(point);
+        ::TextOutW(context_.Get(), held.x, held.y, wide.data(), static_cast<int>(wide.size()));
     }
     [[nodiscard]] TextExtent MeasureText(std::string_view text) const override {
         UseFont();
@@ -150,6 +182,12 @@ private:
         if (!std::exchange(isFontSelected_, true)) selectedFont_.Select(MakeFont(font_));
     }
 
+    void PlaceAt(Point point) {
+        const Point held = Held(point);
+        ::MoveToEx(context_.Get(), held.x, held.y, nullptr);
+    }
+
+    CBitmap& bitmap_;
     CUnbatchedScope unbatched_;
     CMemoryContext context_;
     CSelectedTool selectedPen_{context_.Get()};
@@ -161,6 +199,8 @@ private:
     Brush brush_ = kWhite;
     Font font_{.face = "Arial", .cellHeight = 16};
     Clip clip_;
+    Point position_;
+    bool isInPath_ = false;
 };
 
 }  // namespace

@@ -36,13 +36,4 @@ CGdiplusImage ImageOf(const CPicture& picture) {
     return CGdiplusImage(status == Ok ? image : nullptr);
 }
 
-void DrawOnContext(HDC context, const CPicture& picture, Point leftTop) {
-    const CPictureWork work;
-    const CGdiplusImage image = ImageOf(picture);
-    GpGraphics* graphics = nullptr;
-    if (image.Get() == nullptr || GdipCreateFromHDC(context, &graphics) != Ok) return;
-    GdipDrawImageRectI(graphics, image.Get(), leftTop.x, leftTop.y, picture.Width(), picture.Height());
-    GdipDeleteGraphics(graphics);
-}
-
 }  // namespace tradebill

@@ -38,7 +38,4 @@ private:
 /// Works on the picture's own pixels: it must outlive the image.
 [[nodiscard]] CGdiplusImage ImageOf(const CPicture& picture);
 
-/// Pixel by pixel over what is there, as far as each is opaque.
-void DrawOnContext(HDC context, const CPicture& picture, Point leftTop);
-
 }  // namespace tradebill

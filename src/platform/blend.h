@@ -4,6 +4,10 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "platform/bitmap.h"
+#include "platform/geometry.h"
+#include "platform/picture.h"
+
 namespace tradebill {
 
 /// `over` on `under`, 0 to 255 of it; the top byte of both is passed over, that of the result 0.
@@ -26,5 +30,9 @@ struct SeenPart {
     SeenPart(std::int64_t start, std::int64_t count, std::int64_t from, std::int64_t to)
         : first(std::max<std::int64_t>(0, from - start)), end(std::min(count, to - start)) {}
 };
+
+/// Lays a picture over a bitmap, pixel by pixel as far as each is opaque, its left top corner at `leftTop`. Nothing
+/// outside of `seen`, which lies on the bitmap, changes.
+void BlendPicture(CBitmap& bitmap, const Box& seen, const CPicture& picture, Point leftTop);
 
 }  // namespace tradebill

@@ -1,4 +1,4 @@
-#include "platform/text_vectors.h"
+#include "platform/linux/text_vectors.h"
 
 #include <fstream>
 #include <sstream>

@@ -1,0 +1,52 @@
+#include "platform/file.h"
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <string>
+
+#include "platform/paths.h"
+#include "platform/windows/unique_handle.h"
+#include "support/temp_folder.h"
+
+namespace tradebill {
+namespace {
+
+TEST(WindowsStatementFile, IsNotReadIfAnotherHoldsItForItself) {
+    const CTempFolder folder;
+    const std::string path = folder.Write("a.txt", "text");
+    {
+        const CUniqueHandle other(
+            ::CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+        ASSERT_TRUE(other.IsValid());
+        EXPECT_FALSE(ReadStatementFile(path).has_value());
+    }
+    EXPECT_EQ(ReadStatementFile(path), "text");
+}
+
+TEST(WindowsStatementFile, IsNoDevice) {
+    EXPECT_FALSE(ReadStatementFile("NUL").has_value());
+    EXPECT_FALSE(ReadPlainFile("NUL").has_value());
+}
+
+// The second byte of the first character is a backslash.
+TEST(WindowsPath, MayHaveChineseCharacters) {
+    ASSERT_EQ(::GetACP(), 936u);
+    const CTempFolder folder;
+    const std::string name = "\x81\x5C\xD5\xCB\xBB\xA7";
+    ASSERT_TRUE(MakeFolders(folder.Path(name + "/deep")));
+    EXPECT_TRUE(IsFolder(folder.Path(name)));
+    const std::string file = folder.Path(name + "/deep/" + name);
+    {
+        CFile made(file, FileMode::Create);
+        ASSERT_TRUE(made.Write("text"));
+    }
+    EXPECT_EQ(ReadPlainFile(file), "text");
+    EXPECT_EQ(FileNameOf(file), name);
+    EXPECT_TRUE(IsSameFile(FolderOf(file), folder.Path(name + "\\deep")));
+    EXPECT_TRUE(MoveOver(file, folder.Path(name + "/moved")));
+    EXPECT_FALSE(IsPlainFile(file));
+}
+
+}  // namespace
+}  // namespace tradebill
