@@ -10,14 +10,15 @@ set -euo pipefail
 source=$(dirname "${BASH_SOURCE[0]}")
 installed=$1 folder=$2
 shift 2
-[ $# -gt 0 ] || set -- report_host stop_host repaint_host
+[ $# -gt 0 ] || set -- report_host stop_host repaint_host load_host
 
 # Product names reach the module in GBK.
 options=(-std=c++20 -O2 -Wall -Wextra -Wconversion -Wshadow -Werror -fexec-charset=GBK -static)
 declare -A sources=(
     [report_host]="guarded_call.cpp request_file.cpp"
     [stop_host]="request_file.cpp"
-    [repaint_host]="request_file.cpp"
+    [load_host]="request_file.cpp resource_count.cpp"
+    [repaint_host]="request_file.cpp resource_count.cpp"
 )
 for host in "$@"; do
     read -ra others <<<"${sources[$host]}"

@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "request_file.h"
+#include "resource_count.h"
 
 namespace {
 
@@ -147,6 +148,20 @@ void TryImpossibleRequests() {
     std::printf("%s\n", HasChart(surface.Pixels()) ? "painted" : "blank");
 }
 
+/// A window that is being resized repaints all day long.
+bool RepaintManyTimes() {
+    constexpr int kRounds = 50;
+    constexpr int kWarmRounds = 10;
+    CSurface surface(500, 250);
+    ResourceCount warm{};
+    for (int round = 0; round < kRounds; ++round) {
+        if (round == kWarmRounds) warm = CountResources();
+        for (const Chart& chart : kCharts) surface.Repaint(chart.stretch, {0, 0, 500, 250}, 500, 250);
+        surface.Repaint(StretchRisk, {0, 0, 500, 250}, 1 << 20, 1 << 20);  // which is refused
+    }
+    return IsSteady("repaints 11 to 50", warm, CountResources());
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -160,5 +175,5 @@ int main(int argc, char** argv) {
     }
     ShowAllCharts(argv[2]);
     TryImpossibleRequests();
-    return 0;
+    return RepaintManyTimes() ? 0 : 1;
 }

@@ -19,6 +19,7 @@ no rectangle: status 0
 a reversed rectangle: status 0
 the surface after them: untouched
 a possible request again: status 0, painted
+repaints 11 to 50: steady
 REQUESTS
 }
 

@@ -1,0 +1,18 @@
+#!/usr/bin/env bash
+# The DLL loaded and unloaded ten times in one process, and 50 reports from one loading: nothing may pile up.
+#
+# Usage: load_host_test.sh SOURCE BUILD WORK
+. "$(dirname "${BASH_SOURCE[0]}")/host_setup.sh"
+
+set_up_terminals load_host fund-status foreign
+for sample in fund-status foreign; do
+    mv "$work/$sample" "$work/root" # apart from the host, which names it
+    cp -r "$work/built" "$work/$sample"
+    run_host zh_CN.UTF-8 "$sample" load_host TradeBill.dll ../root ../root/request.ini
+    expect <<'COUNTS'
+loads 4 to 10: steady
+reports 11 to 50: steady
+COUNTS
+    [ -s "$work/root/Users/demo/Data/Bill/Image/TradeBill.html" ]
+    rm -r "$work/root"
+done
