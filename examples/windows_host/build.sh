@@ -10,7 +10,7 @@ set -euo pipefail
 source=$(dirname "${BASH_SOURCE[0]}")
 installed=$1 folder=$2
 shift 2
-[ $# -gt 0 ] || set -- report_host stop_host repaint_host load_host
+[ $# -gt 0 ] || set -- report_host stop_host repaint_host load_host odd_host
 
 # Product names reach the module in GBK.
 options=(-std=c++20 -O2 -Wall -Wextra -Wconversion -Wshadow -Werror -fexec-charset=GBK -static)
@@ -18,6 +18,7 @@ declare -A sources=(
     [report_host]="guarded_call.cpp request_file.cpp"
     [stop_host]="request_file.cpp"
     [load_host]="request_file.cpp resource_count.cpp"
+    [odd_host]="guarded_call.cpp request_file.cpp"
     [repaint_host]="request_file.cpp resource_count.cpp"
 )
 for host in "$@"; do
