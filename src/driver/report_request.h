@@ -78,8 +78,8 @@ typedef struct GenerateBillRequest {
 
 /* Makes the report: reads the statements, fills the stores, writes the page, and as its last act sends HostWindow the
  * message NotifyMessage with wParam 4 and lParam 0. What is missing is passed over. A date out of bounds leaves as an
- * error: on Linux as the C++ exception tradebill::CReportError, 0x80004005 for bad numbers, 0x80070057 for a day that
- * has no time value. */
+ * error: on Windows as a structured exception, on Linux as the C++ exception tradebill::CReportError, with the code
+ * 0x80004005 for bad numbers, 0x80070057 for a day that has no time value (and for a null request). */
 TRADEBILL_API void GenerateBill(const GenerateBillRequest* request);
 
 /* GenerateBill for hosts whose language can't catch: returns 0, or the error's code. */
