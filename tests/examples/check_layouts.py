@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Fails if a record is laid out otherwise than in C: by the host in Python, or by the compiler for Windows.
+"""Fails if a record is laid out otherwise than in C: by the hosts in Python and C#, or by the compiler for
+Windows.
 
 Usage: check_layouts.py SOURCE COMPILER [COMPILER-FOR-WINDOWS]
 """
@@ -8,6 +9,7 @@ import ctypes
 import pathlib
 import sys
 
+from csharp_layout import csharp_records
 from header_layout import measured, refused
 
 ON_LINUX_ONLY = ("ChartTarget",)  # a Windows host has its own surface
@@ -43,7 +45,8 @@ def main(source, compiler, *windows_compilers):
     source = pathlib.Path(source)
     layout = measured(source, compiler)
     on_windows = [name for name in layout if name not in ON_LINUX_ONLY]
-    found = list(differences("tradebill.py", layout, python_layout(source, layout)))
+    found = [*differences("tradebill.py", layout, python_layout(source, layout)),
+             *differences("TradeBill.cs", only(layout, on_windows), csharp_records(source))]
     for windows_compiler in windows_compilers:
         found += refused(source, windows_compiler, only(layout, on_windows)).splitlines()
     if found:

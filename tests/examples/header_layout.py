@@ -1,4 +1,8 @@
+#!/usr/bin/env python3
 """The records of the public header as a C compiler lays them out.
+
+Usage: header_layout.py SOURCE COMPILER
+prints "RECORD OFFSET FIELD" of every field and "RECORD SIZE" of every record.
 
 A layout is {record: [(field, offset, size), ...]}; the last entry of a record is ("", 0, its size).
 """
@@ -6,6 +10,7 @@ A layout is {record: [(field, offset, size), ...]}; the last entry of a record i
 import pathlib
 import re
 import subprocess
+import sys
 import tempfile
 
 HEADER = "driver/report_request.h"
@@ -69,3 +74,9 @@ def refused(source, compiler, layout):
         expected = known[record, field]
         lines.append(f'_Static_assert({offset} == {expected[0]} && {size} == {expected[1]}, "{record} {field}");')
     return compiled(source, compiler, "\n".join(lines), "-fsyntax-only").stderr
+
+
+if __name__ == "__main__":
+    for name, places_in_it in measured(pathlib.Path(sys.argv[1]), sys.argv[2]).items():
+        for field_name, field_offset, field_size in places_in_it:
+            print(name, *((field_offset, field_name) if field_name else (field_size,)))
