@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Fails if a record is laid out otherwise than in C: by the hosts in Python and C#, or by the compiler for
-Windows.
+"""Fails if a record is laid out otherwise than in C: by the hosts in Python and C#, in the tables of the
+embedding guide, or by the compiler for Windows.
 
 Usage: check_layouts.py SOURCE COMPILER [COMPILER-FOR-WINDOWS]
 """
@@ -10,9 +10,11 @@ import pathlib
 import sys
 
 from csharp_layout import csharp_records
-from header_layout import measured, refused
+from guide_tables import guide_layout, guide_types
+from header_layout import header_records, measured, refused
 
 ON_LINUX_ONLY = ("ChartTarget",)  # a Windows host has its own surface
+IN_GUIDE = ("GenerateBillRequest", "MoneyRecord")
 
 
 def python_layout(source, records):
@@ -46,7 +48,9 @@ def main(source, compiler, *windows_compilers):
     layout = measured(source, compiler)
     on_windows = [name for name in layout if name not in ON_LINUX_ONLY]
     found = [*differences("tradebill.py", layout, python_layout(source, layout)),
-             *differences("TradeBill.cs", only(layout, on_windows), csharp_records(source))]
+             *differences("TradeBill.cs", only(layout, on_windows), csharp_records(source)),
+             *differences("embedding.md", only(layout, IN_GUIDE), guide_layout(source)),
+             *differences("embedding.md", only(header_records(source), IN_GUIDE), guide_types(source))]
     for windows_compiler in windows_compilers:
         found += refused(source, windows_compiler, only(layout, on_windows)).splitlines()
     if found:
