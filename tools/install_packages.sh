@@ -9,6 +9,7 @@ build_packages=(
     fonts-liberation fonts-arphic-uming fonts-wine
 )
 test_packages=(clang clang-format libclang-rt-14-dev python3 fonts-wqy-zenhei chromium)
+test_packages+=(g++-mingw-w64-x86-64-posix googletest wine wine64 locales zip unzip)  # the Windows build
 command -v npm >/dev/null || test_packages+=(nodejs npm)  # another build of Node has its own npm, and no such package
 
 wanted=("${build_packages[@]}")

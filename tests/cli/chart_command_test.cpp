@@ -25,7 +25,7 @@ protected:
         return files;
     }
 
-    std::string file_ = folder_.Path("图 1.png");
+    std::string file_ = folder_.Path(kOddName + ".png");
 };
 
 TEST_F(ChartCommands, PaintEachChartAtItsUsualSizeAndLeaveNothingElse) {
@@ -76,7 +76,7 @@ TEST_F(ChartCommands, RefuseWhatCannotBe) {
 }
 
 TEST_F(ChartCommands, WritePlaceholders) {
-    const std::string page = folder_.Path("页 1.html");
+    const std::string page = folder_.Path(kOddName + ".html");
     EXPECT_EQ(Run("reset " + Quoted(page)).exit, 0);
     EXPECT_TRUE(Says(GbkToUtf8(ReadFile(page)), "<h2>账单查询中...</h2>"));
     EXPECT_EQ(Run("reset --finished " + Quoted(page)).exit, 0);
@@ -88,7 +88,7 @@ TEST_F(ChartCommands, WritePlaceholders) {
 }
 
 TEST_F(ChartCommands, WriteStandalonePages) {
-    const std::string page = folder_.Path("页 1.html");
+    const std::string page = folder_.Path(kOddName + ".html");
     ASSERT_EQ(Run(Report("--quiet --standalone " + Quoted(page))).exit, 0);
     const std::string text = ReadFile(page);
     EXPECT_FALSE(Says(text, "Image_files"));

@@ -35,7 +35,7 @@ protected:
     }
 
     CTempFolder folder_;
-    std::string file_ = folder_.Path("单 页.html");
+    std::string file_ = folder_.Path(kOddName + ".html");
 };
 
 // "abcd" is 01100001 01100010 01100011 01100100: YWJj, and 01100100 alone: ZA==. "ab" is YWI=.

@@ -12,6 +12,14 @@
 
 namespace tradebill {
 
+/// What a file may be called that isn't just letters.
+#if defined(_WIN32)
+inline const std::string kOddName =
+    "one 1";  // the test's own files and the module's are spelled in two encodings there
+#else
+inline const std::string kOddName = "图 1";
+#endif
+
 class CTempFolder {
 public:
     CTempFolder() : path_((std::filesystem::temp_directory_path() / UniqueName()).generic_string()) {

@@ -18,12 +18,8 @@ REGEDIT4
 
 [HKEY_CURRENT_USER\Software\Wine\Fonts\Replacements]
 "Arial"="Liberation Sans"
-"SimSun"="AR PL UMing CN"
+"SimSun"="WenQuanYi Zen Hei"
 "宋体"="AR PL UMing CN"
-
-[HKEY_LOCAL_MACHINE\Software\Microsoft\Windows NT\CurrentVersion\FontLink\SystemLink]
-"Liberation Sans"=hex(7):75,6d,69,6e,67,2e,74,74,63,2c,41,52,20,50,4c,20,55,4d,69,6e,67,20,43,4e,00,00
-"Tahoma"=hex(7):75,6d,69,6e,67,2e,74,74,63,2c,41,52,20,50,4c,20,55,4d,69,6e,67,20,43,4e,00,00
 REG
 iconv -f UTF-8 -t GBK "$build/wine/fonts.reg" >"$build/wine/fonts_gbk.reg"
 wine regedit "$build/wine/fonts_gbk.reg" >>"$build/wine/boot.log" 2>&1

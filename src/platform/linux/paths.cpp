@@ -1,5 +1,7 @@
 #include "platform/paths.h"
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <system_error>
 
@@ -38,8 +40,7 @@ bool MoveOver(const std::string& from, const std::string& to) {
 }
 
 void RemoveFile(const std::string& path) {
-    std::error_code error;
-    std::filesystem::remove(path, error);
+    ::unlink(path.c_str());
 }
 
 std::string AbsolutePath(const std::string& path) {

@@ -10,8 +10,11 @@
 
 namespace tradebill {
 
-/// Nothing that far off can be seen.
+/// Of corners and of the ends of wide lines: what it costs to paint a shape may grow with its size, and nothing that
+/// far off can be seen.
 inline constexpr std::int32_t kFarthest = 1 << 16;
+/// Of the ends of thin lines, which cost no more for being long.
+inline constexpr std::int32_t kFarthestThin = 1 << 26;
 
 [[nodiscard]] constexpr std::int32_t Held(std::int32_t coordinate) {
     return std::clamp(coordinate, -kFarthest, kFarthest);
@@ -23,7 +26,8 @@ inline constexpr std::int32_t kFarthest = 1 << 16;
     return {Held(box.left), Held(box.top), Held(box.right), Held(box.bottom)};
 }
 
-/// The part of a line that isn't too far off, with the direction it has; nothing if all of it is.
-[[nodiscard]] std::optional<std::pair<Point, Point>> NearPartOf(Point from, Point to);
+/// The part of a line whose coordinates lie between -limit and limit, with the direction it has; nothing if there is
+/// none.
+[[nodiscard]] std::optional<std::pair<Point, Point>> NearPartOf(Point from, Point to, std::int32_t limit);
 
 }  // namespace tradebill

@@ -7,9 +7,8 @@
 #include "platform/blend.h"
 #include "platform/canvas.h"
 #include "platform/windows/far_line.h"
-#include "platform/windows/gdi_font.h"
 #include "platform/windows/gdi_objects.h"
-#include "platform/windows/wide_text.h"
+#include "platform/windows/gdi_text.h"
 
 namespace tradebill {
 namespace {
@@ -73,6 +72,7 @@ public:
         }
         SelectPen(pen_);
         SelectBrush(brush_);
+        text_.Select(font_);
         ::SetPolyFillMode(context_.Get(), ALTERNATE);
     }
     ~CGdiCanvas() override {
@@ -88,7 +88,7 @@ public:
         return std::exchange(brush_, brush);
     }
     Font SelectFont(const Font& font) override {
-        isFontSelected_ = false;
+        text_.Select(font);
         return std::exchange(font_, font);
     }
     Color SelectTextColor(Color color) override { return ::SetTextColor(context_.Get(), color); }
@@ -111,8 +111,8 @@ public:
         if (isInPath_) {
             const Point held = Held(point);
             ::LineTo(context_.Get(), held.x, held.y);
-        } else if (const auto line = NearPartOf(from, point)) {
-            PlaceAt(line->first);
+        } else if (const auto line = NearPartOf(from, point, pen_.width > 1 ? kFarthest : kFarthestThin)) {
+            ::MoveToEx(context_.Get(), line->first.x, line->first.y, nullptr);
             ::LineTo(context_.Get(), line->second.x, line->second.y);
         }
     }
@@ -161,27 +161,11 @@ public:
         BlendPicture(bitmap_, clip_ ? Intersection(whole, *clip_) : whole, picture, leftTop);
     }
 
-    void WriteText(Point point, std::string_view text) override {
-        UseFont();
-        const std::wstring wide = WideOf(text);
-        const Point held = Held(point);
-        ::TextOutW(context_.Get(), held.x, held.y, wide.data(), static_cast<int>(wide.size()));
-    }
-    [[nodiscard]] TextExtent MeasureText(std::string_view text) const override {
-        UseFont();
-        return ExtentIn(context_.Get(), WideOf(text));
-    }
-    [[nodiscard]] TextMetrics Metrics() const override {
-        UseFont();
-        return MetricsIn(context_.Get());
-    }
+    void WriteText(Point point, std::string_view text) override { text_.Write(Held(point), text); }
+    [[nodiscard]] TextExtent MeasureText(std::string_view text) const override { return text_.Measure(text); }
+    [[nodiscard]] TextMetrics Metrics() const override { return text_.Metrics(); }
 
 private:
-    /// A font is made when the first text needs it.
-    void UseFont() const {
-        if (!std::exchange(isFontSelected_, true)) selectedFont_.Select(MakeFont(font_));
-    }
-
     void PlaceAt(Point point) {
         const Point held = Held(point);
         ::MoveToEx(context_.Get(), held.x, held.y, nullptr);
@@ -192,8 +176,7 @@ private:
     CMemoryContext context_;
     CSelectedTool selectedPen_{context_.Get()};
     CSelectedTool selectedBrush_{context_.Get()};
-    mutable CSelectedTool selectedFont_{context_.Get()};
-    mutable bool isFontSelected_ = false;
+    mutable CGdiText text_{context_.Get()};  // measuring selects fonts
     HGDIOBJ formerBitmap_ = nullptr;
     Pen pen_;
     Brush brush_ = kWhite;
