@@ -1,5 +1,6 @@
 #include "images/report_images.h"
 
+#include <new>
 #include <string_view>
 
 #include "base/number.h"
@@ -121,10 +122,15 @@ void SaveButton(int id, std::string_view name) {
     if (const auto button = LoadPngResource(id)) static_cast<void>(SavePng(*button, FullPicturePath(name)));
 }
 
+/// Passed over if it can't be made: the report comes out with what there is.
 void SavePicture(std::string_view name, const PictureSize& size, const PicturePainter& paint) {
-    CBitmap bitmap(size.width, size.height, 0);
-    paint(*MakeCanvas(bitmap));
-    static_cast<void>(SaveJpeg(bitmap, FullPicturePath(name)));
+    try {
+        CBitmap bitmap(size.width, size.height, 0);
+        paint(*MakeCanvas(bitmap));
+        static_cast<void>(SaveJpeg(bitmap, FullPicturePath(name)));
+    } catch (const std::bad_alloc&) {
+        return;  // a large one may find no memory where the next finds it
+    }
 }
 
 }  // namespace

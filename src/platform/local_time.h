@@ -2,12 +2,16 @@
 #pragma once
 
 #include <ctime>
+#include <optional>
 
 #include "base/day.h"
 
 namespace tradebill {
 
 [[nodiscard]] std::time_t PresentTime();
+
+/// `time` in the local time zone; nothing if the system's calendar doesn't reach so far.
+[[nodiscard]] std::optional<std::tm> LocalPartsOf(std::time_t time);
 
 /// The local calendar day of `time`; all zeros if the calendar has none for it.
 [[nodiscard]] CalendarDay LocalDayOf(std::time_t time);

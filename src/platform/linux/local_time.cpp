@@ -1,22 +1,11 @@
 #include "platform/local_time.h"
 
-#include <climits>
-
 namespace tradebill {
-namespace {
 
-constexpr int kYearZero = 1900;  // of tm_year
-
-}  // namespace
-
-std::time_t PresentTime() {
-    return std::time(nullptr);
-}
-
-CalendarDay LocalDayOf(std::time_t time) {
+std::optional<std::tm> LocalPartsOf(std::time_t time) {
     std::tm parts{};
-    if (::localtime_r(&time, &parts) == nullptr || parts.tm_year > INT_MAX - kYearZero) return {};
-    return {parts.tm_year + kYearZero, parts.tm_mon + 1, parts.tm_mday};
+    if (::localtime_r(&time, &parts) == nullptr) return std::nullopt;
+    return parts;
 }
 
 }  // namespace tradebill
