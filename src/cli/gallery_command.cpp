@@ -69,7 +69,7 @@ int RunGalleryCommand(const std::string& folder) {
     std::ofstream page(pagePath, std::ios::binary);
     page << PageOf(charts);
     if (!page.flush()) throw std::runtime_error("cannot write " + pagePath);
-    std::cout << charts.size() << " charts: " << pagePath << "\n";
+    std::cout << charts.size() << " charts: " << NativePath(pagePath) << "\n";
     return kExitDone;
 }
 

@@ -9,6 +9,7 @@
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"
 #include "platform/desktop.h"
+#include "platform/paths.h"
 #include "statement/report_document.h"
 #include "statement/request_copy.h"
 #include "statement/stores.h"
@@ -41,7 +42,7 @@ void ShowSummary(const RunResult& result) {
               << ClosedRows() << " closed, " << OpiDetailStore.Count() << " positions, " << OpiSumStore.Count()
               << " position sums" << CurrencyText() << "\n"
               << "  closing equity    " << CNumberText(MoneyStore.ClosingEquity).View() << "\n"
-              << "  page              " << result.pagePath << "\n";
+              << "  page              " << NativePath(result.pagePath) << "\n";
 }
 
 }  // namespace
@@ -52,7 +53,7 @@ int RunReportCommand(const ReportCommand& command) {
     const auto result = RunWatched(PrepareRequest(command.options), command.quiet, RunReport);
     if (!result) return kExitFailed;
     if (command.jsonFile && !SaveWhole(*command.jsonFile, WriteJson)) return Fail("can't write " + *command.jsonFile);
-    if (!result->pageWritten) return Fail("can't write the page " + result->pagePath);
+    if (!result->pageWritten) return Fail("can't write the page " + NativePath(result->pagePath));
     if (command.standaloneFile && !WriteStandalonePage(result->pagePath, *command.standaloneFile)) {
         return Fail("can't write " + *command.standaloneFile);
     }

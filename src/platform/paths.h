@@ -28,4 +28,7 @@ void RemoveFile(const std::string& path);
 /// What stands behind the last separator.
 [[nodiscard]] std::string FileNameOf(const std::string& path);
 
+/// As people of this system read a path: with its own separators.
+[[nodiscard]] std::string NativePath(std::string path);
+
 }  // namespace tradebill

@@ -11,6 +11,7 @@
 
 #include "cli/program_fixture.h"
 #include "platform/local_time.h"
+#include "platform/paths.h"
 
 namespace tradebill {
 namespace {
@@ -21,7 +22,7 @@ TEST_F(Program, MakesTheReportOfASample) {
     EXPECT_EQ(answer.err, "");
     EXPECT_TRUE(Says(answer.out, "25 (10 days without a file)")) << answer.out;  // 35 days, of them 25 of trading
     EXPECT_TRUE(Says(answer.out, "771053.71")) << answer.out;                    // as the last statement closes
-    EXPECT_TRUE(Says(answer.out, PageFile())) << answer.out;
+    EXPECT_TRUE(Says(answer.out, NativePath(PageFile()))) << answer.out;
     EXPECT_TRUE(ReadFile(PageFile()).ends_with("</html>\r\n"));
 }
 
@@ -159,7 +160,7 @@ TEST_F(Program, FailsIfThePageCantBeWritten) {
     const Answer answer = Run(Report());
     EXPECT_EQ(answer.exit, 1);
     EXPECT_EQ(answer.out, "");
-    EXPECT_EQ(answer.err, "tradebill: can't write the page " + PageFile() + "\n");
+    EXPECT_EQ(answer.err, "tradebill: can't write the page " + NativePath(PageFile()) + "\n");
 }
 
 #if !defined(_WIN32)  // which has no device that is always full
@@ -168,7 +169,7 @@ TEST_F(Program, FailsIfTheDiskIsFull) {
     fs::create_symlink("/dev/full", PageFile());
     const Answer answer = Run(Report());
     EXPECT_EQ(answer.exit, 1);
-    EXPECT_EQ(answer.err, "tradebill: can't write the page " + PageFile() + "\n");
+    EXPECT_EQ(answer.err, "tradebill: can't write the page " + NativePath(PageFile()) + "\n");
 }
 #endif
 

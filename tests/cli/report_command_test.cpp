@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "cli/cli_fixture.h"
+#include "platform/paths.h"
 
 namespace tradebill {
 namespace {
@@ -63,7 +64,7 @@ TEST_F(Command, MakesTheReportAndSumsItUp) {
     EXPECT_TRUE(Says(answer.out, "statements read   1 (1 day without a file)")) << answer.out;
     EXPECT_TRUE(Says(answer.out, "1 money, 0 trades, 0 closed, 1 positions, 0 position sums")) << answer.out;
     EXPECT_TRUE(Says(answer.out, "closing equity    1500.25")) << answer.out;
-    EXPECT_TRUE(Says(answer.out, PageFile()));
+    EXPECT_TRUE(Says(answer.out, NativePath(PageFile())));
     EXPECT_TRUE(ReadFile(PageFile()).ends_with("</html>\r\n"));
 }
 
@@ -141,7 +142,7 @@ TEST_F(Command, FailsIfThePageCantBeWritten) {
     fs::create_directories(PageFile());
     const Answer answer = Run();
     EXPECT_EQ(answer.exit, 1);
-    EXPECT_TRUE(Says(answer.err, "can't write the page " + PageFile())) << answer.err;
+    EXPECT_TRUE(Says(answer.err, "can't write the page " + NativePath(PageFile()))) << answer.err;
     EXPECT_EQ(answer.out, "");
 }
 
@@ -152,7 +153,7 @@ TEST_F(Command, FailsIfTheDiskIsFull) {
     fs::create_symlink("/dev/full", PageFile());
     const Answer answer = Run();
     EXPECT_EQ(answer.exit, 1);
-    EXPECT_TRUE(Says(answer.err, "can't write the page " + PageFile())) << answer.err;
+    EXPECT_TRUE(Says(answer.err, "can't write the page " + NativePath(PageFile()))) << answer.err;
 }
 #endif
 

@@ -56,4 +56,8 @@ std::string FileNameOf(const std::string& path) {
     return std::filesystem::path(path).filename().string();
 }
 
+std::string NativePath(std::string path) {
+    return path;
+}
+
 }  // namespace tradebill

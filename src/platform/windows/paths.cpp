@@ -4,6 +4,7 @@
 
 #include <shlwapi.h>
 
+#include <algorithm>
 #include <optional>
 
 #include "platform/windows/unique_handle.h"
@@ -75,6 +76,11 @@ std::string FolderOf(const std::string& path) {
 
 std::string FileNameOf(const std::string& path) {
     return ::PathFindFileNameA(path.c_str());
+}
+
+std::string NativePath(std::string path) {
+    std::ranges::replace(path, '/', '\\');  // a slash is never half of a character
+    return path;
 }
 
 }  // namespace tradebill

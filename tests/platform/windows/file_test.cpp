@@ -48,5 +48,10 @@ TEST(WindowsPath, MayHaveChineseCharacters) {
     EXPECT_FALSE(IsPlainFile(file));
 }
 
+TEST(WindowsPath, IsShownWithBackslashes) {
+    EXPECT_EQ(NativePath("C:\\trade/Users/a"), "C:\\trade\\Users\\a");
+    EXPECT_EQ(NativePath(""), "");
+}
+
 }  // namespace
 }  // namespace tradebill
