@@ -113,7 +113,7 @@ TEST_F(SectionTitleBlock, ScalesPicturesPlacesAndFontAt120Dpi) {
 }
 
 TEST_F(SectionTitleBlock, HalvesAnOddDifferenceTowardsZero) {
-    const auto topWithButton = [this](unsigned height) {
+    const auto topWithButton = [this](int height) {
         PutPng("BillShrink.png", 5, height);
         const std::string block = Block();
         const std::string before = "<img style = \"cursor:hand; position:absolute; top:";
