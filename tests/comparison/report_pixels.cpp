@@ -5,12 +5,12 @@
 #include <string>
 
 #include "cli/report_options.h"
+#include "comparison/text_area_canvas.h"
 #include "driver/report_run.h"
 #include "images/report_images.h"
 #include "platform/embedded_picture.h"
 #include "platform/paths.h"
 #include "platform/screen.h"
-#include "comparison/text_area_canvas.h"
 
 namespace tradebill {
 namespace {
