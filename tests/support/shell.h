@@ -8,11 +8,15 @@
 #include <string>
 #include <string_view>
 
-#if !defined(_WIN32)
+#include "support/temp_folder.h"
+
+#if defined(_WIN32)
+#include <windows.h>
+
+#include "platform/windows/unique_handle.h"
+#else
 #include <sys/wait.h>
 #endif
-
-#include "support/temp_folder.h"
 
 namespace tradebill {
 
@@ -35,22 +39,53 @@ inline std::string Quoted(const std::string& text) {
     return kQuote + text + kQuote;
 }
 
+#if defined(_WIN32)
+/// Where a program's output or input goes, for programs to inherit.
+inline HANDLE OpenForProgram(const std::string& path, DWORD access, DWORD disposition) {
+    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+    return ::CreateFileA(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited, disposition,
+                         FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
+/// Runs a command line without a shell between, which would take most of the time. -1 if it can't be started.
+inline int RunWithOutputs(std::string command, const std::string& out, const std::string& err) {
+    const CUniqueHandle input(OpenForProgram("NUL", GENERIC_READ, OPEN_EXISTING));
+    const CUniqueHandle output(OpenForProgram(out, GENERIC_WRITE, CREATE_ALWAYS));
+    const CUniqueHandle error(OpenForProgram(err, GENERIC_WRITE, CREATE_ALWAYS));
+    STARTUPINFOA start{};
+    start.cb = sizeof start;
+    start.dwFlags = STARTF_USESTDHANDLES;
+    start.hStdInput = input.Get();
+    start.hStdOutput = output.Get();
+    start.hStdError = error.Get();
+    PROCESS_INFORMATION started{};
+    if (!::CreateProcessA(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &started)) {
+        return -1;
+    }
+    const CUniqueHandle process(started.hProcess);
+    const CUniqueHandle thread(started.hThread);
+    DWORD exit = 0;
+    ::WaitForSingleObject(process.Get(), INFINITE);
+    ::GetExitCodeProcess(process.Get(), &exit);
+    return static_cast<int>(exit);
+}
+#else
 /// Runs a command line of the system's shell; -1 if it didn't end by itself.
 inline int RunShell(const std::string& command) {
-#if defined(_WIN32)
-    return std::system(("\"" + command + "\"").c_str());  // of which the shell takes one pair of quotes away
-#else
     const int status = std::system(command.c_str());
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-#endif
 }
+
+inline int RunWithOutputs(const std::string& command, const std::string& out, const std::string& err) {
+    return RunShell(command + " >" + Quoted(out) + " 2>" + Quoted(err) + " <" + kNullDevice);
+}
+#endif
 
 /// Runs the program with its outputs in files of `folder`; `arguments` as a shell reads them.
 inline Answer RunProgram(const CTempFolder& folder, const std::string& arguments) {
     const std::string out = folder.Path("out");
     const std::string err = folder.Path("err");
-    const int exit = RunShell(Quoted(TRADEBILL_PROGRAM) + " " + arguments + " >" + Quoted(out) + " 2>" + Quoted(err) +
-                              " <" + kNullDevice);
+    const int exit = RunWithOutputs(Quoted(TRADEBILL_PROGRAM) + " " + arguments, out, err);
     const auto lines = [](std::string text) {
         std::erase(text, '\r');
         return text;
