@@ -4,6 +4,7 @@
 
 #include "cli/usage_error.h"
 #include "platform/paths.h"
+#include "platform/whole_file.h"
 
 namespace tradebill {
 
@@ -15,17 +16,12 @@ void CheckOutputFile(const char* option, const std::optional<std::string>& path)
 }
 
 bool SaveWhole(const std::string& path, const std::function<void(std::ostream&)>& write) {
-    const std::string unfinished = path + ".part";
-    {
+    return SaveInOneStep(path, [&write](const std::string& unfinished) {
         std::ofstream out(unfinished, std::ios::binary);
         write(out);
         out.close();
-        if (!out) {
-            RemoveFile(unfinished);
-            return false;
-        }
-    }
-    return MoveOver(unfinished, path);
+        return !out.fail();
+    });
 }
 
 }  // namespace tradebill

@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "platform/file.h"
-#include "platform/paths.h"
+#include "platform/whole_file.h"
 
 namespace tradebill {
 namespace {
@@ -79,15 +79,10 @@ std::string_view BytesOf(const unsigned char* bytes, std::size_t size) {
 }
 
 bool SaveBytes(std::string_view bytes, const std::string& path) {
-    const std::string unfinished = path + ".part";
-    bool saved = false;
-    {
+    return SaveInOneStep(path, [bytes](const std::string& unfinished) {
         CFile file(unfinished, FileMode::Create);
-        saved = file.IsOpen() && file.Write(bytes);
-    }
-    if (saved && MoveOver(unfinished, path)) return true;
-    RemoveFile(unfinished);
-    return false;
+        return file.IsOpen() && file.Write(bytes);
+    });
 }
 
 /// Red, green and blue, rows from the top.

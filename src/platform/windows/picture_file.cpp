@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "platform/file.h"
-#include "platform/paths.h"
+#include "platform/whole_file.h"
 #include "platform/windows/gdiplus_image.h"
 #include "platform/windows/wide_text.h"
 
@@ -44,11 +44,9 @@ bool SaveImage(const CGdiplusImage& image, const std::string& path, std::wstring
                const EncoderParameters* parameters) {
     const auto encoder = FindEncoderClsid(mimeType);
     if (image.Get() == nullptr || !encoder) return false;
-    const std::string unfinished = path + ".part";
-    const bool isSaved = GdipSaveImageToFile(image.Get(), WidePath(unfinished).c_str(), &*encoder, parameters) == Ok;
-    if (isSaved && MoveOver(unfinished, path)) return true;
-    RemoveFile(unfinished);
-    return false;
+    return SaveInOneStep(path, [&](const std::string& unfinished) {
+        return GdipSaveImageToFile(image.Get(), WidePath(unfinished).c_str(), &*encoder, parameters) == Ok;
+    });
 }
 
 PictureSize SizeOf(const CGdiplusImage& image) {

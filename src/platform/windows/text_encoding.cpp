@@ -7,8 +7,6 @@
 namespace tradebill {
 namespace {
 
-constexpr UINT kGbk = 936;
-
 std::optional<std::wstring> WideOfUtf8(std::string_view text) {
     const int size = static_cast<int>(text.size());
     std::wstring wide(text.size(), L'\0');
@@ -37,7 +35,7 @@ std::string GbkToUtf8(std::string_view text) {
 std::optional<std::string> Utf8ToGbk(std::string_view text) {
     const auto wide = WideOfUtf8(text);
     if (!wide) return std::nullopt;
-    std::string gbk = Narrow(kGbk, *wide);
+    std::string gbk = Narrow(kGbkCodePage, *wide);
     // The code page puts likenesses in the place of what it lacks: only what comes back was there.
     if (WideOf(gbk) != *wide || text.find("\xEF\xBF\xBD") != std::string_view::npos) return std::nullopt;
     return gbk;

@@ -8,7 +8,6 @@
 namespace tradebill {
 namespace {
 
-constexpr UINT kGbk = 936;
 constexpr wchar_t kReplacement = 0xFFFD;
 
 bool IsAscii(char byte) {
@@ -25,7 +24,7 @@ wchar_t DoubleByteCharacter(std::string_view text) {
     const auto lead = static_cast<unsigned char>(text.front());
     if (text.size() < 2 || lead <= 0x80 || lead == 0xFF) return 0;
     std::array<wchar_t, 2> wide{};
-    const int count = ::MultiByteToWideChar(kGbk, MB_ERR_INVALID_CHARS, text.data(), 2, wide.data(), 2);
+    const int count = ::MultiByteToWideChar(kGbkCodePage, MB_ERR_INVALID_CHARS, text.data(), 2, wide.data(), 2);
     return count == 1 && !IsPrivate(wide[0]) ? wide[0] : L'\0';
 }
 

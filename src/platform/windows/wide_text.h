@@ -6,6 +6,8 @@
 
 namespace tradebill {
 
+inline constexpr unsigned kGbkCodePage = 936;
+
 /// GBK as UTF-16; each byte that belongs to no character becomes one U+FFFD.
 [[nodiscard]] std::wstring WideOf(std::string_view gbk);
 
