@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "graph/graph.h"
-#include "platform/picture_file.h"
+#include "paint/picture_file.h"
 #include "timing.h"
 
 namespace tradebill {

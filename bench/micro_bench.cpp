@@ -10,7 +10,7 @@
 #include "driver/report_run.h"
 #include "page/page_text.h"
 #include "readers/statement_loader.h"
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
 #include "statement_maker.h"
 #include "statistics/account_figures.h"
 

@@ -9,7 +9,7 @@
 #include "platform/file.h"
 #include "platform/ini_load.h"
 #include "platform/local_time.h"
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

@@ -20,9 +20,9 @@
 #include "readers/layout_marks.h"
 #include "readers/statement_loader.h"
 #include "readers/statement_template.h"
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
+#include "report/trade_statistics.h"
 #include "statistics/account_figures.h"
-#include "statistics/trade_statistics.h"
 
 namespace tradebill {
 namespace {

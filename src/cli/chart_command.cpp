@@ -10,9 +10,9 @@
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"
 #include "driver/repaint.h"
+#include "paint/picture_file.h"
 #include "platform/host_surface.h"
-#include "platform/picture_file.h"
-#include "statement/stores.h"
+#include "report/stores.h"
 
 namespace tradebill {
 namespace {

@@ -16,7 +16,7 @@
 #include "readers/layout_marks.h"
 #include "readers/statement_loader.h"
 #include "readers/statement_template.h"
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

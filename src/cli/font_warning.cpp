@@ -2,7 +2,7 @@
 
 #include <iostream>
 
-#include "platform/font.h"
+#include "paint/font.h"
 
 namespace tradebill {
 

@@ -12,7 +12,7 @@
 #include "platform/local_time.h"
 #include "readers/layout_marks.h"
 #include "readers/statement_loader.h"
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

@@ -9,8 +9,8 @@
 #include "cli/font_warning.h"
 #include "cli/gallery_charts.h"
 #include "cli/usage_error.h"
+#include "paint/picture_file.h"
 #include "platform/paths.h"
-#include "platform/picture_file.h"
 
 namespace tradebill {
 namespace {

@@ -7,12 +7,12 @@
 #include <string_view>
 
 #include "platform/text_encoding.h"
-#include "statement/account_statistics.h"
-#include "statement/chain_table.h"
-#include "statement/record_fields.h"
-#include "statement/report_document.h"
-#include "statement/stores.h"
-#include "statistics/trade_statistics.h"
+#include "report/account_statistics.h"
+#include "report/chain_table.h"
+#include "report/record_fields.h"
+#include "report/report_document.h"
+#include "report/stores.h"
+#include "report/trade_statistics.h"
 
 namespace tradebill {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "cli/input_ini.h"
 #include "cli/usage_error.h"
-#include "statement/record_fields.h"
+#include "report/record_fields.h"
 
 namespace tradebill {
 namespace {

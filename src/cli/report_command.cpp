@@ -10,9 +10,9 @@
 #include "cli/watched_run.h"
 #include "platform/desktop.h"
 #include "platform/paths.h"
-#include "statement/report_document.h"
-#include "statement/request_copy.h"
-#include "statement/stores.h"
+#include "report/report_document.h"
+#include "report/request_copy.h"
+#include "report/stores.h"
 
 namespace tradebill {
 namespace {

@@ -18,7 +18,7 @@
 #include "platform/local_time.h"
 #include "platform/paths.h"
 #include "platform/root_folder.h"
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

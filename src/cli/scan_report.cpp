@@ -5,7 +5,7 @@
 
 #include "base/text.h"
 #include "platform/text_encoding.h"
-#include "statement/record_fields.h"
+#include "report/record_fields.h"
 
 namespace tradebill {
 namespace {

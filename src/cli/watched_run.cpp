@@ -11,7 +11,7 @@
 #include "cli/progress_line.h"
 #include "cli/usage_error.h"
 #include "platform/terminal.h"
-#include "statement/stores.h"
+#include "report/stores.h"
 
 namespace tradebill {
 namespace {

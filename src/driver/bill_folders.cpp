@@ -4,8 +4,8 @@
 
 #include "platform/paths.h"
 #include "platform/root_folder.h"
-#include "statement/report_document.h"
-#include "statement/request_copy.h"
+#include "report/report_document.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "driver/report_request.h"
-#include "platform/canvas.h"
-#include "platform/picture_file.h"
+#include "paint/canvas.h"
+#include "paint/picture_file.h"
 
 namespace tradebill {
 

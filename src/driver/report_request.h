@@ -9,7 +9,7 @@
 
 #include <stdint.h>
 
-#include "statement/money_record.h"
+#include "report/money_record.h"
 
 #if defined(_WIN32)
 #if defined(TRADEBILL_BUILDING)

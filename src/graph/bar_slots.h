@@ -5,7 +5,7 @@
 
 #include "graph/graph.h"
 #include "graph/graph_plane.h"
-#include "platform/canvas.h"
+#include "paint/canvas.h"
 
 namespace tradebill {
 

@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/canvas.h"
-#include "platform/geometry.h"
+#include "paint/canvas.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 

@@ -9,7 +9,7 @@
 #include "graph/graph_axes.h"
 #include "graph/graph_measures.h"
 #include "graph/graph_plane.h"
-#include "platform/text_block.h"
+#include "paint/text_block.h"
 
 namespace tradebill {
 namespace {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "graph/graph.h"
-#include "platform/canvas.h"
+#include "paint/canvas.h"
 
 namespace tradebill {
 

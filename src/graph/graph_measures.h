@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "base/gbk.h"
-#include "platform/canvas.h"
+#include "paint/canvas.h"
 
 namespace tradebill {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "graph/graph.h"
-#include "platform/canvas.h"
+#include "paint/canvas.h"
 
 namespace tradebill {
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "graph/graph.h"
-#include "platform/geometry.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 

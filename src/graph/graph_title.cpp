@@ -1,7 +1,7 @@
 // The frame, and the title in one of its three forms.
 #include "graph/graph.h"
 #include "graph/graph_measures.h"
-#include "platform/text_block.h"
+#include "paint/text_block.h"
 
 namespace tradebill {
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "graph/graph.h"
-#include "platform/canvas.h"
+#include "paint/canvas.h"
 
 namespace tradebill {
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "platform/geometry.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 

@@ -12,7 +12,7 @@
 #include "images/chart_filling.h"
 #include "images/chart_kinds.h"
 #include "images/chart_markers.h"
-#include "statement/money_store.h"
+#include "report/money_store.h"
 
 namespace tradebill {
 namespace {

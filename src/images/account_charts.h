@@ -4,10 +4,10 @@
 // chart_kinds.h says what the charts are, chart_filling.h makes them, graph/graph.h paints them.
 #pragma once
 
-#include "platform/canvas.h"
-#include "platform/geometry.h"
-#include "platform/picture_file.h"
-#include "statement/request_copy.h"
+#include "paint/canvas.h"
+#include "paint/geometry.h"
+#include "paint/picture_file.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 

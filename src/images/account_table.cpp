@@ -3,8 +3,8 @@
 #include "base/gbk.h"
 #include "images/money_figures.h"
 #include "images/painted_table.h"
-#include "statement/money_store.h"
-#include "statement/request_copy.h"
+#include "report/money_store.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

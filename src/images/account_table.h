@@ -1,7 +1,7 @@
 // The account's figures over the report, in a picture beside the equity chart.
 #pragma once
 
-#include "platform/canvas.h"
+#include "paint/canvas.h"
 
 namespace tradebill {
 

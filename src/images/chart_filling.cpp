@@ -14,8 +14,8 @@
 #include "base/text.h"
 #include "platform/local_time.h"
 #include "platform/screen.h"
-#include "statement/money_store.h"
-#include "statement/request_copy.h"
+#include "report/money_store.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

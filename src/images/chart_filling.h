@@ -3,7 +3,7 @@
 
 #include "graph/graph.h"
 #include "images/chart_kinds.h"
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 

@@ -1,7 +1,7 @@
 #include "images/chart_kinds.h"
 
 #include "base/gbk.h"
-#include "statement/money_store.h"
+#include "report/money_store.h"
 
 namespace tradebill {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

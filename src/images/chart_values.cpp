@@ -1,8 +1,8 @@
 #include "images/chart_values.h"
 
 #include "base/number.h"
-#include "statement/money_store.h"
-#include "statistics/trade_statistics.h"
+#include "report/money_store.h"
+#include "report/trade_statistics.h"
 
 namespace tradebill {
 namespace {

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-#include "statement/records.h"
+#include "report/records.h"
 
 namespace tradebill {
 

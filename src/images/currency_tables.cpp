@@ -12,8 +12,8 @@
 #include "base/text.h"
 #include "images/money_figures.h"
 #include "images/painted_table.h"
-#include "statement/currency_money_store.h"
-#include "statement/request_copy.h"
+#include "report/currency_money_store.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "platform/canvas.h"
+#include "paint/canvas.h"
 
 namespace tradebill {
 

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "platform/canvas.h"
-#include "statement/request_copy.h"
+#include "paint/canvas.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "images/painted_table.h"
-#include "statement/money_store.h"
+#include "report/money_store.h"
 
 namespace tradebill {
 

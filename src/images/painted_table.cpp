@@ -1,6 +1,6 @@
 #include "images/painted_table.h"
 
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "base/number.h"
-#include "platform/canvas.h"
+#include "paint/canvas.h"
 
 namespace tradebill {
 

@@ -1,6 +1,6 @@
 #include "images/picture_names.h"
 
-#include "statement/report_document.h"
+#include "report/report_document.h"
 
 namespace tradebill {
 

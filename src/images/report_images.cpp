@@ -11,11 +11,11 @@
 #include "images/header_block.h"
 #include "images/picture_names.h"
 #include "images/statistics_panel.h"
+#include "paint/picture_file.h"
 #include "platform/embedded_picture.h"
-#include "platform/picture_file.h"
-#include "statement/report_document.h"
-#include "statement/request_copy.h"
-#include "statement/stores.h"
+#include "report/report_document.h"
+#include "report/request_copy.h"
+#include "report/stores.h"
 
 namespace tradebill {
 namespace {

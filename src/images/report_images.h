@@ -6,8 +6,8 @@
 #include <functional>
 #include <string_view>
 
-#include "platform/canvas.h"
-#include "platform/picture_file.h"
+#include "paint/canvas.h"
+#include "paint/picture_file.h"
 
 namespace tradebill {
 

@@ -6,9 +6,9 @@
 
 #include "base/gbk.h"
 #include "images/painted_table.h"
-#include "platform/text_block.h"
-#include "statement/account_statistics.h"
-#include "statement/request_copy.h"
+#include "paint/text_block.h"
+#include "report/account_statistics.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

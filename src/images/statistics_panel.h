@@ -1,7 +1,7 @@
 // How the account did: win rate, extremes and yields, with notes on how each is worked out.
 #pragma once
 
-#include "platform/canvas.h"
+#include "paint/canvas.h"
 
 namespace tradebill {
 

@@ -7,8 +7,8 @@
 #include "page/page_pictures.h"
 #include "page/page_sections.h"
 #include "page/page_text.h"
-#include "statement/request_copy.h"
-#include "statement/stores.h"
+#include "report/request_copy.h"
+#include "report/stores.h"
 
 namespace tradebill {
 namespace {

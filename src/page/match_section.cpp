@@ -9,8 +9,8 @@
 #include "images/picture_names.h"
 #include "page/page_sections.h"
 #include "page/table_section.h"
-#include "statement/request_copy.h"
-#include "statement/stores.h"
+#include "report/request_copy.h"
+#include "report/stores.h"
 
 namespace tradebill {
 namespace {

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "page/page_text.h"
-#include "statement/report_document.h"
-#include "statement/request_copy.h"
+#include "report/report_document.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 

@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "images/picture_names.h"
-#include "platform/font.h"
-#include "platform/picture_file.h"
+#include "paint/font.h"
+#include "paint/picture_file.h"
 
 namespace tradebill {
 

@@ -4,7 +4,7 @@
 #include "base/gbk.h"
 #include "page/html_builder.h"
 #include "page/page_sections.h"
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

@@ -10,8 +10,8 @@
 #include "page/page_sections.h"
 #include "page/table_section.h"
 #include "platform/local_time.h"
-#include "statement/request_copy.h"
-#include "statement/stores.h"
+#include "report/request_copy.h"
+#include "report/stores.h"
 
 namespace tradebill {
 namespace {

@@ -5,7 +5,7 @@
 #include "base/gbk.h"
 #include "page/html_builder.h"
 #include "page/page_pictures.h"
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {}  // namespace

@@ -1,8 +1,8 @@
 #include "page/table_section.h"
 
 #include "platform/host_link.h"
-#include "statement/report_document.h"
-#include "statement/request_copy.h"
+#include "report/report_document.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

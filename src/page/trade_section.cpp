@@ -9,9 +9,9 @@
 #include "images/picture_names.h"
 #include "page/page_sections.h"
 #include "page/table_section.h"
-#include "statement/offset_sides.h"
-#include "statement/report_document.h"
-#include "statement/request_copy.h"
+#include "report/offset_sides.h"
+#include "report/report_document.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

@@ -1,6 +1,6 @@
 #include "platform/embedded_picture.h"
 
-#include "platform/picture_file.h"
+#include "paint/picture_file.h"
 
 namespace tradebill {
 

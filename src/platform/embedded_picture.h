@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-#include "platform/picture.h"
+#include "paint/picture.h"
 
 namespace tradebill {
 

@@ -5,8 +5,8 @@
 #include <functional>
 
 #include "driver/report_request.h"
-#include "platform/bitmap.h"
-#include "platform/picture.h"
+#include "paint/bitmap.h"
+#include "paint/picture.h"
 
 // No target may be null.
 namespace tradebill {

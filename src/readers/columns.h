@@ -10,7 +10,7 @@
 #include "base/report_error.h"
 #include "base/text.h"
 #include "readers/section_scan.h"
-#include "statement/records.h"
+#include "report/records.h"
 
 namespace tradebill {
 

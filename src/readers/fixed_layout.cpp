@@ -7,7 +7,7 @@
 #include "base/text.h"
 #include "readers/date_scan.h"
 #include "readers/hand_over.h"
-#include "statement/money_store.h"
+#include "report/money_store.h"
 
 namespace tradebill {
 namespace {

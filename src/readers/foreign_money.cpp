@@ -8,8 +8,8 @@
 
 #include "base/text.h"
 #include "readers/columns.h"
-#include "statement/currency_money_store.h"
-#include "statistics/trade_statistics.h"
+#include "report/currency_money_store.h"
+#include "report/trade_statistics.h"
 
 namespace tradebill {
 namespace {

@@ -5,7 +5,7 @@
 #include "readers/foreign_money.h"
 #include "readers/gap_side.h"
 #include "readers/table_layout.h"
-#include "statement/report_document.h"
+#include "report/report_document.h"
 
 namespace tradebill {
 namespace {

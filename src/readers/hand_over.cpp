@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "statement/report_document.h"
-#include "statement/stores.h"
-#include "statistics/trade_statistics.h"
+#include "report/report_document.h"
+#include "report/stores.h"
+#include "report/trade_statistics.h"
 
 namespace tradebill {
 namespace {

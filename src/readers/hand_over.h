@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "readers/scan_listener.h"
-#include "statement/records.h"
+#include "report/records.h"
 
 namespace tradebill {
 

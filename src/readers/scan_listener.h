@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "statement/records.h"
+#include "report/records.h"
 
 namespace tradebill {
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "readers/columns.h"
-#include "statement/records.h"
+#include "report/records.h"
 
 namespace tradebill {
 

@@ -6,7 +6,7 @@
 #include "readers/layout_table.h"
 #include "readers/scan_listener.h"
 #include "readers/template_reader.h"
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

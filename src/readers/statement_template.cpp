@@ -11,7 +11,7 @@
 #include "platform/ini_load.h"
 #include "platform/root_folder.h"
 #include "readers/template_keys.h"
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

@@ -8,8 +8,8 @@
 #include "readers/date_scan.h"
 #include "readers/statement_template.h"
 #include "readers/table_layout.h"
-#include "statement/money_store.h"
-#include "statement/request_copy.h"
+#include "report/money_store.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

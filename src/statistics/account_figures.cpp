@@ -4,9 +4,9 @@
 
 #include "base/number.h"
 #include "base/text.h"
-#include "statement/account_statistics.h"
-#include "statement/money_store.h"
-#include "statistics/trade_statistics.h"
+#include "report/account_statistics.h"
+#include "report/money_store.h"
+#include "report/trade_statistics.h"
 
 namespace tradebill {
 namespace {

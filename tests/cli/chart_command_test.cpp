@@ -6,7 +6,7 @@
 #include <string>
 
 #include "cli/program_fixture.h"
-#include "platform/picture_file.h"
+#include "paint/picture_file.h"
 #include "support/gbk_text.h"
 
 namespace tradebill {

@@ -11,7 +11,7 @@
 #include "cli/json_writer.h"
 #include "cli/usage_error.h"
 #include "readers/statement_loader.h"
-#include "statement/stores.h"
+#include "report/stores.h"
 
 namespace tradebill {
 namespace {

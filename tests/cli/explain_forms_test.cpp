@@ -12,7 +12,7 @@
 #include "cli/json_writer.h"
 #include "readers/statement_loader.h"
 #include "readers/statement_template.h"
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

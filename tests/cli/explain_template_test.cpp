@@ -7,7 +7,7 @@
 
 #include "cli/explain_fixture.h"
 #include "readers/statement_template.h"
-#include "statement/stores.h"
+#include "report/stores.h"
 
 namespace tradebill {
 namespace {

@@ -9,7 +9,7 @@
 #include "cli/cli_fixture.h"
 #include "cli/format_choice.h"
 #include "platform/local_time.h"
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

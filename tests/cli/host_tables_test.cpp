@@ -7,7 +7,7 @@
 #include <string>
 
 #include "cli/cli_fixture.h"
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

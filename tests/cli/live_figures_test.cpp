@@ -7,7 +7,7 @@
 
 #include "base/text.h"
 #include "cli/cli_fixture.h"
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <string>
 
-#include "statement/report_document.h"
+#include "report/report_document.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 #include "support/temp_folder.h"

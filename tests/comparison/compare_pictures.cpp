@@ -11,7 +11,7 @@
 #include <set>
 #include <string>
 
-#include "platform/picture_file.h"
+#include "paint/picture_file.h"
 
 namespace tradebill {
 namespace {

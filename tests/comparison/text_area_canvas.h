@@ -8,7 +8,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/canvas.h"
+#include "paint/canvas.h"
 
 namespace tradebill {
 

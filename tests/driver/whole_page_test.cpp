@@ -9,9 +9,9 @@
 
 #include "base/text.h"
 #include "driver/report_run.h"
-#include "platform/font.h"
+#include "paint/font.h"
 #include "platform/root_folder.h"
-#include "statement/account_statistics.h"
+#include "report/account_statistics.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 #include "support/temp_folder.h"

@@ -21,7 +21,7 @@ COMMENT = re.compile(r"/\*.*?\*/", re.DOTALL)
 def header_records(source):
     """{record: [(field, C type), ...]}, in the header's order; an array's type is like "char[64]"."""
     text = "".join((source / "src" / name).read_text(encoding="utf-8")
-                   for name in ("statement/money_record.h", HEADER))
+                   for name in ("report/money_record.h", HEADER))
     return {record: list(fields_of(body)) for record, body in RECORD.findall(COMMENT.sub("", text))}
 
 

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "graph/graph.h"
-#include "platform/canvas.h"
-#include "platform/picture_file.h"
+#include "paint/canvas.h"
+#include "paint/picture_file.h"
 
 using namespace tradebill;
 

@@ -9,7 +9,7 @@
 #include "base/text.h"
 #include "graph/graph_fixture.h"
 #include "graph/graph_measures.h"
-#include "platform/font.h"
+#include "paint/font.h"
 
 namespace tradebill {
 namespace {

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/canvas.h"
+#include "paint/canvas.h"
 
 namespace tradebill {
 

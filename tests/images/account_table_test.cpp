@@ -12,8 +12,8 @@
 
 #include "graph/recording_canvas.h"
 #include "images/table_fixture.h"
-#include "statement/money_store.h"
-#include "statement/request_copy.h"
+#include "report/money_store.h"
+#include "report/request_copy.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 

@@ -12,7 +12,7 @@
 #include "graph/graph.h"
 #include "images/chart_filling.h"
 #include "images/chart_kinds.h"
-#include "statement/record_makers.h"
+#include "report/record_makers.h"
 #include "support/store_fixture.h"
 
 namespace tradebill {

@@ -14,9 +14,9 @@
 
 #include "graph/recording_canvas.h"
 #include "images/table_fixture.h"
-#include "statement/currency_money_store.h"
-#include "statement/records.h"
-#include "statement/request_copy.h"
+#include "report/currency_money_store.h"
+#include "report/records.h"
+#include "report/request_copy.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 

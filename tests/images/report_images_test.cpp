@@ -12,8 +12,8 @@
 #include <vector>
 
 #include "images/picture_names.h"
+#include "paint/picture_file.h"
 #include "platform/embedded_picture.h"
-#include "platform/picture_file.h"
 #include "support/decoded_picture.h"
 #include "support/store_fixture.h"
 #include "support/temp_folder.h"

@@ -13,8 +13,8 @@
 
 #include "graph/recording_canvas.h"
 #include "images/table_fixture.h"
-#include "statement/account_statistics.h"
-#include "statement/request_copy.h"
+#include "report/account_statistics.h"
+#include "report/request_copy.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 

@@ -12,7 +12,7 @@
 #include "page/page_fixture.h"
 #include "page/page_sections.h"
 #include "page/statement_rows.h"
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

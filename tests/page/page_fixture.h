@@ -13,9 +13,9 @@
 #include <vector>
 
 #include "driver/report_request.h"
-#include "platform/font.h"
+#include "paint/font.h"
 #include "platform/text_encoding.h"
-#include "statement/report_document.h"
+#include "report/report_document.h"
 #include "support/gbk_text.h"
 #include "support/host_objects.h"
 #include "support/store_fixture.h"

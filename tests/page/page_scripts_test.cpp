@@ -8,7 +8,7 @@
 
 #include "page/html_builder.h"
 #include "page/page_fixture.h"
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

@@ -16,7 +16,7 @@
 #include "page/html_builder.h"
 #include "page/page_fixture.h"
 #include "page/statement_rows.h"
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
 #include "support/host_objects.h"
 
 namespace tradebill {

@@ -9,8 +9,8 @@
 #include "page/html_builder.h"
 #include "page/page_fixture.h"
 #include "page/page_sections.h"
-#include "platform/picture_file.h"
-#include "statement/request_copy.h"
+#include "paint/picture_file.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

@@ -10,10 +10,10 @@
 #include <string>
 #include <string_view>
 
-#include "statement/record_fields.h"
-#include "statement/records.h"
-#include "statement/report_document.h"
-#include "statement/stores.h"
+#include "report/record_fields.h"
+#include "report/records.h"
+#include "report/report_document.h"
+#include "report/stores.h"
 #include "support/gbk_text.h"
 
 namespace tradebill {

@@ -14,7 +14,7 @@
 
 #include "page/page_fixture.h"
 #include "platform/host_link.h"
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
 #include "support/host_objects.h"
 
 namespace tradebill {

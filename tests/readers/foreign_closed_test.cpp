@@ -10,7 +10,7 @@
 
 #include "readers/foreign_fixture.h"
 #include "readers/near_words.h"
-#include "statement/account_statistics.h"
+#include "report/account_statistics.h"
 
 namespace tradebill {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "readers/fixed_readers.h"
 #include "readers/reader_fixture.h"
-#include "statement/request_copy.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 

@@ -9,8 +9,8 @@
 
 #include "base/text.h"
 #include "platform/text_encoding.h"
-#include "statement/record_fields.h"
-#include "statement/stores.h"
+#include "report/record_fields.h"
+#include "report/stores.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 

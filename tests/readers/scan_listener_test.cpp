@@ -10,9 +10,9 @@
 #include "readers/scan_recorder.h"
 #include "readers/statement_loader.h"
 #include "readers/template_fixture.h"
-#include "statement/money_store.h"
-#include "statement/request_copy.h"
-#include "statement/stores.h"
+#include "report/money_store.h"
+#include "report/request_copy.h"
+#include "report/stores.h"
 
 namespace tradebill {
 namespace {

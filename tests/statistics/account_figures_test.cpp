@@ -12,9 +12,9 @@
 #include <vector>
 
 #include "base/number.h"
-#include "statement/record_makers.h"
-#include "statement/report_document.h"
-#include "statistics/trade_statistics.h"
+#include "report/record_makers.h"
+#include "report/report_document.h"
+#include "report/trade_statistics.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 

@@ -5,16 +5,16 @@
 
 #include <string>
 
-#include "platform/picture.h"
+#include "paint/picture.h"
 #include "support/temp_folder.h"
 
 #if defined(_WIN32)
-#include "platform/windows/gdiplus_image.h"
+#include "paint/codecs/gdiplus_image.h"
 #include "platform/windows/wide_text.h"
 #else
 #include <turbojpeg.h>
 
-#include "platform/picture_file.h"
+#include "paint/picture_file.h"
 #endif
 
 namespace tradebill {

@@ -4,12 +4,12 @@
 #include <gtest/gtest.h>
 
 #include "driver/report_run.h"
-#include "statement/account_statistics.h"
-#include "statement/chain_table.h"
-#include "statement/report_document.h"
-#include "statement/request_copy.h"
-#include "statement/stores.h"
-#include "statistics/trade_statistics.h"
+#include "report/account_statistics.h"
+#include "report/chain_table.h"
+#include "report/report_document.h"
+#include "report/request_copy.h"
+#include "report/stores.h"
+#include "report/trade_statistics.h"
 
 namespace tradebill {
 

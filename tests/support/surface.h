@@ -7,11 +7,11 @@
 #include <vector>
 
 #include "driver/report_request.h"
-#include "platform/picture.h"
+#include "paint/picture.h"
 
 #if defined(_WIN32)
-#include "platform/picture_file.h"
-#include "platform/windows/gdiplus_image.h"
+#include "paint/codecs/gdiplus_image.h"
+#include "paint/picture_file.h"
 #endif
 
 namespace tradebill {

@@ -33,7 +33,7 @@ examples/python_host/tradebill.py
 examples/python_host/windows_side.py
 include/tradebill/report_error.h
 include/tradebill/report_request.h
-include/tradebill/statement/money_record.h
+include/tradebill/report/money_record.h
 lib/TradeBill.def
 lib/TradeBill.lib
 FILES

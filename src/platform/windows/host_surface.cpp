@@ -1,6 +1,6 @@
 #include "platform/host_surface.h"
 
-#include "platform/windows/gdiplus_image.h"
+#include "paint/codecs/gdiplus_image.h"
 
 namespace tradebill {
 

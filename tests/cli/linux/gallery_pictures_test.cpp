@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "cli/gallery_charts.h"
-#include "platform/picture_file.h"
+#include "paint/picture_file.h"
 #include "support/temp_folder.h"
 
 namespace tradebill {

@@ -1,0 +1,133 @@
+#include "paint/picture_file.h"
+
+#include <windows.h>
+
+#include <objidl.h>
+#include <shlwapi.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+#include "paint/codecs/gdiplus_image.h"
+#include "platform/file.h"
+#include "platform/whole_file.h"
+#include "platform/windows/wide_text.h"
+
+namespace tradebill {
+
+using namespace Gdiplus;
+using namespace Gdiplus::DllExports;
+
+namespace {
+
+constexpr std::wstring_view kJpegType = L"image/jpeg";
+constexpr std::wstring_view kPngType = L"image/png";
+constexpr CLSID kEncoderQuality = {0x1D5BE4B5, 0xFA4A, 0x452D, {0x9C, 0xDD, 0x5D, 0xB3, 0x51, 0x05, 0xE7, 0xEB}};
+
+/// The class of the first encoder that has just this MIME type.
+std::optional<CLSID> FindEncoderClsid(std::wstring_view mimeType) {
+    UINT count = 0;
+    UINT size = 0;
+    if (GdipGetImageEncodersSize(&count, &size) != Ok || size == 0) return std::nullopt;
+    const auto bytes = std::make_unique<std::byte[]>(size);  // the texts lie behind the records
+    auto* const encoders = reinterpret_cast<ImageCodecInfo*>(bytes.get());
+    if (GdipGetImageEncoders(count, size, encoders) != Ok) return std::nullopt;
+    const auto* const end = encoders + count;
+    const auto* const found =
+        std::find_if(encoders, encoders + count, [&](const auto& encoder) { return encoder.MimeType == mimeType; });
+    return found == end ? std::nullopt : std::optional(found->Clsid);
+}
+
+bool SaveImage(const CGdiplusImage& image, const std::string& path, std::wstring_view mimeType,
+               const EncoderParameters* parameters) {
+    const auto encoder = FindEncoderClsid(mimeType);
+    if (image.Get() == nullptr || !encoder) return false;
+    return SaveInOneStep(path, [&](const std::string& unfinished) {
+        return GdipSaveImageToFile(image.Get(), WidePath(unfinished).c_str(), &*encoder, parameters) == Ok;
+    });
+}
+
+PictureSize SizeOf(const CGdiplusImage& image) {
+    UINT width = 0;
+    UINT height = 0;
+    GdipGetImageWidth(image.Get(), &width);
+    GdipGetImageHeight(image.Get(), &height);
+    return {static_cast<int>(width), static_cast<int>(height)};
+}
+
+struct ReleaseStream {
+    void operator()(IStream* stream) const { stream->Release(); }
+};
+
+/// A picture file in memory. The image reads on from the stream while it lives.
+struct DecodedFile {
+    std::unique_ptr<IStream, ReleaseStream> stream;
+    CGdiplusImage image;
+};
+
+DecodedFile Decode(std::string_view content) {
+    const auto* const bytes = reinterpret_cast<const BYTE*>(content.data());
+    std::unique_ptr<IStream, ReleaseStream> stream(::SHCreateMemStream(bytes, static_cast<UINT>(content.size())));
+    GpBitmap* image = nullptr;
+    if (stream == nullptr || GdipCreateBitmapFromStream(stream.get(), &image) != Ok) image = nullptr;
+    return {std::move(stream), CGdiplusImage(image)};
+}
+
+bool ReadPixels(const CGdiplusImage& image, CPicture& picture) {
+    constexpr UINT kRead = ImageLockModeRead | ImageLockModeUserInputBuf;
+    const Rect whole(0, 0, picture.Width(), picture.Height());
+    BitmapData data{};
+    data.Width = static_cast<UINT>(picture.Width());
+    data.Height = static_cast<UINT>(picture.Height());
+    data.Stride = picture.Width() * static_cast<INT>(sizeof(std::uint32_t));
+    data.PixelFormat = PixelFormat32bppARGB;
+    data.Scan0 = picture.Row(0);
+    auto* const bitmap = static_cast<GpBitmap*>(image.Get());
+    return GdipBitmapLockBits(bitmap, &whole, kRead, PixelFormat32bppARGB, &data) == Ok &&
+           GdipBitmapUnlockBits(bitmap, &data) == Ok;
+}
+
+}  // namespace
+
+PictureSize ReadPictureSize(const std::string& path) {
+    const CPictureWork work;
+    const auto content = ReadPlainFile(path);
+    if (!content) return {};
+    const DecodedFile file = Decode(*content);
+    return file.image.Get() != nullptr ? SizeOf(file.image) : PictureSize{};
+}
+
+std::optional<CPicture> DecodePng(std::string_view content) {
+    constexpr std::string_view kSignature = "\x89PNG\r\n\x1A\n";
+    if (!content.starts_with(kSignature)) return std::nullopt;
+    const CPictureWork work;
+    const DecodedFile file = Decode(content);
+    if (file.image.Get() == nullptr) return std::nullopt;
+    const PictureSize size = SizeOf(file.image);
+    CPicture picture(size.width, size.height);
+    if (picture.Pixels().empty() || !ReadPixels(file.image, picture)) return std::nullopt;
+    return picture;
+}
+
+bool SaveJpeg(const CBitmap& bitmap, const std::string& path, int quality) {
+    const CPictureWork work;
+    ULONG percent = static_cast<ULONG>(std::clamp(quality, 1, 100));
+    EncoderParameters parameters{};
+    parameters.Count = 1;
+    parameters.Parameter[0] = {kEncoderQuality, 1, EncoderParameterValueTypeLong, &percent};
+    return SaveImage(ImageOf(bitmap), path, kJpegType, &parameters);
+}
+
+bool SavePng(const CBitmap& bitmap, const std::string& path) {
+    const CPictureWork work;
+    return SaveImage(ImageOf(bitmap), path, kPngType, nullptr);
+}
+
+bool SavePng(const CPicture& picture, const std::string& path) {
+    const CPictureWork work;
+    return SaveImage(ImageOf(picture), path, kPngType, nullptr);
+}
+
+}  // namespace tradebill

@@ -1,0 +1,153 @@
+#include "paint/freetype/font_faces.h"
+
+#include <fontconfig/fontconfig.h>
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+namespace tradebill {
+namespace {
+
+constexpr int kMostFallbacks = 4;  // files tried per family; each covers a script that the ones before lack
+constexpr const char* kFurtherFonts = "/usr/share/wine/fonts";  // where Debian's Tahoma lies, unknown to fontconfig
+
+/// Families that Debian ships, of the same measures where such exist.
+struct StandIn {
+    std::string_view family;
+    const char* wanted;
+};
+// clang-format off
+constexpr StandIn kStandIns[] = {
+    {"Arial",  "Arial"},
+    {"Arial",  "Liberation Sans"},
+    {"Tahoma", "Tahoma"},
+    {"宋体",   "SimSun"},
+    {"宋体",   "AR PL UMing CN"},
+    {"宋体",   "WenQuanYi Zen Hei"},
+};
+// clang-format on
+
+struct DestroyPattern {
+    void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
+};
+using Pattern = std::unique_ptr<FcPattern, DestroyPattern>;
+struct DestroyFontSet {
+    void operator()(FcFontSet* set) const { FcFontSetDestroy(set); }
+};
+
+FT_Library Library() {
+    static FT_Library library = [] {
+        FT_Library made = nullptr;
+        return FT_Init_FreeType(&made) == 0 ? made : nullptr;
+    }();
+    return library;
+}
+
+bool StartFontconfig() {
+    static const bool started = [] {
+        if (FcInit() == FcFalse) return false;
+        FcConfigAppFontAddDir(nullptr, reinterpret_cast<const FcChar8*>(kFurtherFonts));
+        return true;
+    }();
+    return started;
+}
+
+std::string_view TextOf(FcPattern* font, const char* property) {
+    FcChar8* text = nullptr;
+    if (FcPatternGetString(font, property, 0, &text) != FcResultMatch) return {};
+    return reinterpret_cast<const char*>(text);
+}
+
+/// One face for each file, whoever asks for it.
+FT_Face OpenFace(FcPattern* font) {
+    static std::map<std::pair<std::string, int>, FT_Face> faces;
+    int index = 0;
+    FcPatternGetInteger(font, FC_INDEX, 0, &index);
+    const std::string path(TextOf(font, FC_FILE));
+    const auto [entry, isNew] = faces.try_emplace({path, index & 0xFFFF});
+    if (isNew) entry->second = OpenFontFile(path.c_str(), index & 0xFFFF);
+    return entry->second;
+}
+
+Pattern Wanted(const char* family, bool bold) {
+    Pattern wanted(FcPatternCreate());
+    FcPatternAddString(wanted.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(family));
+    FcPatternAddInteger(wanted.get(), FC_WEIGHT, bold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
+    FcPatternAddString(wanted.get(), FC_LANG, reinterpret_cast<const FcChar8*>("zh-cn"));
+    FcConfigSubstitute(nullptr, wanted.get(), FcMatchPattern);
+    FcDefaultSubstitute(wanted.get());
+    return wanted;
+}
+
+/// The file itself knows best whether it is bold: fontconfig calls bold what it expects others to thicken.
+std::optional<FaceChoice> ChoiceOf(FcPattern* font, bool bold) {
+    FT_Face const face = OpenFace(font);
+    if (face == nullptr) return std::nullopt;
+    return FaceChoice{face, bold && (face->style_flags & FT_STYLE_FLAG_BOLD) == 0};
+}
+
+bool HasFamily(FcPattern* font, std::string_view family) {
+    FcChar8* name = nullptr;
+    for (int i = 0; FcPatternGetString(font, FC_FAMILY, i, &name) == FcResultMatch; ++i) {
+        if (reinterpret_cast<const char*>(name) == family) return true;
+    }
+    return false;
+}
+
+/// The family itself, if it is installed.
+std::optional<FaceChoice> FindFamily(const char* family, bool bold) {
+    FcResult result = FcResultMatch;
+    const Pattern found(FcFontMatch(nullptr, Wanted(family, bold).get(), &result));
+    if (found == nullptr || !HasFamily(found.get(), family)) return std::nullopt;
+    return ChoiceOf(found.get(), bold);
+}
+
+void AddFallbacks(const char* family, bool bold, std::vector<FaceChoice>& faces) {
+    FcResult result = FcResultMatch;
+    const std::unique_ptr<FcFontSet, DestroyFontSet> sorted(
+        FcFontSort(nullptr, Wanted(family, bold).get(), FcTrue, nullptr, &result));
+    if (sorted == nullptr) return;
+    for (int i = 0; i < sorted->nfont && i < kMostFallbacks; ++i) {
+        const auto choice = ChoiceOf(sorted->fonts[i], bold);
+        const bool isNew = choice && std::ranges::find(faces, choice->face, &FaceChoice::face) == faces.end();
+        if (isNew) faces.push_back(*choice);
+    }
+}
+
+std::vector<FaceChoice> FindFaces(const std::string& family, bool bold) {
+    std::vector<FaceChoice> faces;
+    if (Library() == nullptr || !StartFontconfig()) return faces;
+    for (const StandIn& standIn : kStandIns) {
+        if (!faces.empty() || standIn.family != family) continue;
+        const auto choice = FindFamily(standIn.wanted, bold);
+        if (choice) faces.push_back(*choice);
+    }
+    AddFallbacks(family.c_str(), bold, faces);
+    return faces;
+}
+
+}  // namespace
+
+FT_Face OpenFontFile(const char* path, int index) {
+    FT_Face face = nullptr;
+    return Library() != nullptr && FT_New_Face(Library(), path, index, &face) == 0 ? face : nullptr;
+}
+
+const std::vector<FaceChoice>& FacesFor(const std::string& family, bool bold) {
+    static std::map<std::pair<std::string, bool>, std::vector<FaceChoice>> cache;
+    const std::scoped_lock guard(FontLock());
+    const auto [entry, isNew] = cache.try_emplace({family, bold});
+    if (isNew) entry->second = FindFaces(family, bold);
+    return entry->second;
+}
+
+std::recursive_mutex& FontLock() {
+    static std::recursive_mutex lock;
+    return lock;
+}
+
+}  // namespace tradebill

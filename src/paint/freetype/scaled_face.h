@@ -1,0 +1,58 @@
+// A face at one size: its measures in whole pixels, and its glyphs.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "paint/font.h"
+#include "paint/freetype/font_faces.h"
+
+namespace tradebill {
+
+/// A glyph's picture: coverage from 0 to 255, rows from the top.
+struct GlyphPicture {
+    std::int32_t left = 0;  ///< from the pen position to the picture
+    std::int32_t top = 0;   ///< from the base line up to the picture's first row
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    std::vector<std::uint8_t> coverage;
+};
+
+class CScaledFace {
+public:
+    /// `face` must have a scalable outline.
+    CScaledFace(const FaceChoice& choice, std::int32_t pixelsPerEm);
+
+    [[nodiscard]] const TextMetrics& Metrics() const { return metrics_; }
+    [[nodiscard]] bool HasGlyph(char32_t character) const;
+
+    /// Pixels to the next glyph.
+    [[nodiscard]] std::int32_t AdvanceOf(char32_t character);
+
+    /// The glyph turned counter-clockwise by tenths of a degree around its pen position.
+    [[nodiscard]] const GlyphPicture& PictureOf(char32_t character, std::int32_t escapement);
+
+private:
+    [[nodiscard]] GlyphPicture Render(char32_t character, std::int32_t escapement);
+    [[nodiscard]] bool LoadGlyph(char32_t character, std::int32_t flags);
+
+    FaceChoice choice_;
+    std::int32_t pixelsPerEm_ = 1;
+    TextMetrics metrics_;
+    bool hasHalfWidthLatin_ = false;
+    bool isFaint_ = false;
+    std::unordered_map<char32_t, std::int32_t> advances_;
+    std::map<std::pair<char32_t, std::int32_t>, GlyphPicture> pictures_;
+};
+
+/// Pixels per em at which the face's cell is nearest to `cellHeight` and not above it.
+[[nodiscard]] std::int32_t EmForCell(const FaceChoice& choice, std::int32_t cellHeight);
+
+/// The face at a size, from the cache. What stands in for a face's missing glyphs takes that face's em, so that letters
+/// of one text match.
+[[nodiscard]] CScaledFace& ScaledFaceFor(const FaceChoice& choice, std::int32_t pixelsPerEm);
+
+}  // namespace tradebill

@@ -1,0 +1,95 @@
+#include "paint/freetype/text_layout.h"
+
+#include <algorithm>
+#include <string>
+
+#include "platform/text_encoding.h"
+
+namespace tradebill {
+namespace {
+
+constexpr std::int32_t kBoldFrom = 600;
+constexpr char32_t kFirstWide = 0x1100;
+
+/// Takes the first character off a UTF-8 text that is known to be sound.
+char32_t TakeCharacter(std::string_view& text) {
+    const auto lead = static_cast<unsigned char>(text.front());
+    const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+    char32_t point = length == 1 ? lead : lead & (0x7Fu >> length);
+    for (std::size_t i = 1; i < length && i < text.size(); ++i) {
+        point = (point << 6) | (static_cast<unsigned char>(text[i]) & 0x3Fu);
+    }
+    text.remove_prefix(std::min(length, text.size()));
+    return point;
+}
+
+/// Most texts of a chart are numbers, which are the same in both encodings.
+std::string Utf8Of(std::string_view gbk) {
+    const bool isAscii = std::ranges::all_of(gbk, [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+    return isAscii ? std::string(gbk) : GbkToUtf8(gbk);
+}
+
+const std::vector<FaceChoice>& FacesOf(const Font& font) {
+    return FacesFor(Utf8Of(font.face), font.weight >= kBoldFrom);
+}
+
+/// The best face that has the character, or null.
+CScaledFace* FaceWith(char32_t character, std::int32_t pixelsPerEm, const std::vector<FaceChoice>& faces) {
+    for (const FaceChoice& choice : faces) {
+        CScaledFace& face = ScaledFaceFor(choice, pixelsPerEm);
+        if (face.HasGlyph(character)) return &face;
+    }
+    return nullptr;
+}
+
+/// Of a character that no face has: a full cell beyond Latin, half a cell for others.
+std::int32_t BoxWidth(char32_t character, std::int32_t cellHeight) {
+    const std::int32_t cell = std::max(cellHeight, 1);
+    return character >= kFirstWide ? cell : (cell + 1) / 2;
+}
+
+}  // namespace
+
+std::vector<PlacedGlyph> LayOutText(const Font& font, std::string_view text) {
+    const std::vector<FaceChoice>& faces = FacesOf(font);
+    const std::string characters = Utf8Of(text);
+    const std::int32_t pixelsPerEm = faces.empty() ? 1 : EmForCell(faces.front(), font.cellHeight);
+    std::vector<PlacedGlyph> glyphs;
+    std::int32_t offset = 0;
+    for (std::string_view rest = characters; !rest.empty();) {
+        const char32_t character = TakeCharacter(rest);
+        CScaledFace* const face = FaceWith(character, pixelsPerEm, faces);
+        const std::int32_t advance =
+            face != nullptr ? face->AdvanceOf(character) : BoxWidth(character, font.cellHeight);
+        glyphs.push_back({face, character, offset, advance});
+        offset += advance;
+    }
+    return glyphs;
+}
+
+TextExtent MeasureText(const Font& font, std::string_view text) {
+    const std::scoped_lock guard(FontLock());
+    const auto glyphs = LayOutText(font, text);
+    const std::int32_t width = glyphs.empty() ? 0 : glyphs.back().offset + glyphs.back().advance;
+    return {width, MetricsOf(font).height};
+}
+
+TextMetrics MetricsOf(const Font& font) {
+    const std::scoped_lock guard(FontLock());
+    const auto& faces = FacesOf(font);
+    if (!faces.empty()) return ScaledFaceFor(faces.front(), EmForCell(faces.front(), font.cellHeight)).Metrics();
+    const std::int32_t height = std::max(font.cellHeight, 1);
+    const std::int32_t descent = height / 5;
+    return {.height = height,
+            .ascent = height - descent,
+            .descent = descent,
+            .internalLeading = 0,
+            .averageWidth = BoxWidth(U'0', height),
+            .maxWidth = height};
+}
+
+bool HasFonts() {
+    return !FacesFor("Arial", false).empty();
+}
+
+}  // namespace tradebill

@@ -1,0 +1,33 @@
+// Coordinates that the system's device contexts can work with: they count with fewer bits than ours have, and what they
+// do with others isn't the same in every version.
+#pragma once
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "paint/geometry.h"
+
+namespace tradebill {
+
+/// Of corners and of the ends of wide lines: what it costs to paint a shape may grow with its size, and nothing that
+/// far off can be seen.
+inline constexpr std::int32_t kFarthest = 1 << 16;
+/// Of the ends of thin lines, which cost no more for being long.
+inline constexpr std::int32_t kFarthestThin = 1 << 26;
+
+[[nodiscard]] constexpr std::int32_t Held(std::int32_t coordinate) {
+    return std::clamp(coordinate, -kFarthest, kFarthest);
+}
+[[nodiscard]] constexpr Point Held(Point point) {
+    return {Held(point.x), Held(point.y)};
+}
+[[nodiscard]] constexpr Box Held(const Box& box) {
+    return {Held(box.left), Held(box.top), Held(box.right), Held(box.bottom)};
+}
+
+/// The part of a line whose coordinates lie between -limit and limit, with the direction it has; nothing if there is
+/// none.
+[[nodiscard]] std::optional<std::pair<Point, Point>> NearPartOf(Point from, Point to, std::int32_t limit);
+
+}  // namespace tradebill

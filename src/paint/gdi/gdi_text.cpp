@@ -1,0 +1,135 @@
+#include "paint/gdi/gdi_text.h"
+
+#include <cmath>
+#include <numbers>
+
+#include "platform/windows/wide_text.h"
+
+namespace tradebill {
+namespace {
+
+constexpr const wchar_t* kStandInFace = L"SimSun";  // every Windows has it
+
+/// A negative height is that of the characters without the leading.
+CGdiObject MakeFont(const Font& font, std::int32_t height, DWORD charset, const wchar_t* face) {
+    return CGdiObject(::CreateFontW(height, 0, font.escapement, 0, font.weight, FALSE, FALSE, FALSE, charset,
+                                    OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH | FF_ROMAN,
+                                    face));
+}
+
+TextMetrics MetricsIn(HDC context) {
+    TEXTMETRICW metrics{};
+    ::GetTextMetricsW(context, &metrics);
+    return {.height = metrics.tmHeight,
+            .ascent = metrics.tmAscent,
+            .descent = metrics.tmDescent,
+            .internalLeading = metrics.tmInternalLeading,
+            .averageWidth = metrics.tmAveCharWidth,
+            .maxWidth = metrics.tmMaxCharWidth};
+}
+
+/// A place along a text and down from its corner.
+Point PlaceAlong(Point corner, std::int32_t escapement, std::int32_t along, std::int32_t down) {
+    const double angle = escapement * std::numbers::pi / 1800;
+    const double x = along * std::cos(angle) + down * std::sin(angle);
+    const double y = down * std::cos(angle) - along * std::sin(angle);
+    return {HeldCoordinate(corner.x + std::llround(x)), HeldCoordinate(corner.y + std::llround(y))};
+}
+
+}  // namespace
+
+CGdiText::~CGdiText() {
+    if (former_ != nullptr) ::SelectObject(context_, former_);
+}
+
+void CGdiText::Select(const Font& font) {
+    if (former_ != nullptr) ::SelectObject(context_, former_);
+    former_ = nullptr;
+    font_ = font;
+    own_ = CGdiObject();
+    standIn_ = CGdiObject();
+}
+
+void CGdiText::Use(Face face) {
+    if (own_.Get() == nullptr) own_ = MakeFont(font_, font_.cellHeight, ANSI_CHARSET, WideOf(font_.face).c_str());
+    const HGDIOBJ before = ::SelectObject(context_, own_.Get());
+    if (former_ == nullptr) former_ = before;
+    if (face == Face::Own) return;
+    if (standIn_.Get() == nullptr) {
+        const TextMetrics metrics = MetricsIn(context_);
+        standIn_ = MakeFont(font_, metrics.internalLeading - metrics.height, GB2312_CHARSET, kStandInFace);
+    }
+    ::SelectObject(context_, standIn_.Get());
+}
+
+std::vector<CGdiText::Run> CGdiText::RunsOf(const std::wstring& text) {
+    constexpr WORD kMissing = 0xFFFF;
+    Use(Face::Own);
+    std::vector<WORD> glyphs(text.size(), kMissing);
+    ::GetGlyphIndicesW(context_, text.data(), static_cast<int>(text.size()), glyphs.data(),
+                       GGI_MARK_NONEXISTING_GLYPHS);
+    std::vector<Run> runs;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const Face face = glyphs[i] == kMissing ? Face::StandIn : Face::Own;
+        if (runs.empty() || runs.back().face != face) runs.push_back({face, {}});
+        runs.back().text += text[i];
+    }
+    return runs;
+}
+
+std::int32_t CGdiText::WidthOf(const Run& run) {
+    SIZE size{};
+    Use(run.face);
+    ::GetTextExtentPoint32W(context_, run.text.data(), static_cast<int>(run.text.size()), &size);
+    return size.cx;
+}
+
+TextExtent CGdiText::Measure(std::string_view text) {
+    TextExtent extent{0, Metrics().height};
+    for (const Run& run : RunsOf(WideOf(text))) extent.width += WidthOf(run);
+    return extent;
+}
+
+TextMetrics CGdiText::Metrics() {
+    Use(Face::Own);
+    return MetricsIn(context_);
+}
+
+void CGdiText::Write(Point point, std::string_view text) {
+    const std::int32_t ascent = Metrics().ascent;
+    const UINT former = ::SetTextAlign(context_, TA_LEFT | TA_BASELINE);  // so that both faces stand on one line
+    std::int32_t along = 0;
+    for (const Run& run : RunsOf(WideOf(text))) {
+        const std::int32_t width = WidthOf(run);
+        const Point start = PlaceAlong(point, font_.escapement, along, ascent);
+        ::TextOutW(context_, start.x, start.y, run.text.data(), static_cast<int>(run.text.size()));
+        along += width;
+    }
+    ::SetTextAlign(context_, former);
+}
+
+namespace {
+
+/// A context of its own, for as long as a measure takes.
+struct MeasuringContext {
+    explicit MeasuringContext(const Font& font) { text.Select(font); }
+
+    CMemoryContext context;
+    CGdiText text{context.Get()};
+};
+
+}  // namespace
+
+TextExtent MeasureText(const Font& font, std::string_view text) {
+    return MeasuringContext(font).text.Measure(text);
+}
+
+TextMetrics MetricsOf(const Font& font) {
+    return MeasuringContext(font).text.Metrics();
+}
+
+bool HasFonts() {
+    return true;  // the system doesn't come without
+}
+
+}  // namespace tradebill

@@ -1,0 +1,51 @@
+// Picture files: JPEG and PNG, written from bitmaps and pictures, measured for the page, and PNG read from memory.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "paint/bitmap.h"
+#include "paint/picture.h"
+
+namespace tradebill {
+
+/// Keeps what reads and writes pictures ready for as long as it lives. Everything here works without it; one around
+/// many pictures saves the time to begin anew for each.
+class CPictureWork {
+public:
+    CPictureWork();
+    ~CPictureWork();
+    CPictureWork(const CPictureWork&) = delete;
+    CPictureWork& operator=(const CPictureWork&) = delete;
+
+private:
+    [[maybe_unused]] std::uintptr_t token_;  ///< the library's own
+};
+
+struct PictureSize {
+    int width = 0;   ///< pixels
+    int height = 0;  ///< pixels
+    bool operator==(const PictureSize&) const = default;
+};
+
+/// Size of a JPEG or PNG file; 0 by 0 if it can't be read as one.
+[[nodiscard]] PictureSize ReadPictureSize(const std::string& path);
+
+/// The picture in the bytes of a PNG file, whatever its kind of pixels. Nothing if they can't be read as one, or make
+/// more pixels than a picture may have.
+[[nodiscard]] std::optional<CPicture> DecodePng(std::string_view content);
+
+inline constexpr int kUsualJpegQuality = 75;
+
+// These write under another name first and then move the file to `path`, so that nobody meets half a picture. They
+// return false, and leave what was at `path`, for a picture without pixels and for a place that can't be written.
+
+/// `quality` is 1 to 100.
+[[nodiscard]] bool SaveJpeg(const CBitmap& bitmap, const std::string& path, int quality = kUsualJpegQuality);
+[[nodiscard]] bool SavePng(const CBitmap& bitmap, const std::string& path);
+/// Keeps what can be seen through.
+[[nodiscard]] bool SavePng(const CPicture& picture, const std::string& path);
+
+}  // namespace tradebill

@@ -1,0 +1,14 @@
+#include "paint/pixel_memory.h"
+
+#include <cstddef>
+
+namespace tradebill {
+
+CPixelMemory::CPixelMemory(std::int32_t width, std::int32_t height)
+    : pixels_(new std::uint32_t[static_cast<std::size_t>(width) * static_cast<std::size_t>(height)]) {}
+
+CPixelMemory::~CPixelMemory() {
+    delete[] pixels_;
+}
+
+}  // namespace tradebill

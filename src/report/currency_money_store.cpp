@@ -1,0 +1,37 @@
+#include "report/currency_money_store.h"
+
+#include <mutex>
+#include <utility>
+
+namespace tradebill {
+
+CCurrencyMoneyStore CurrencyMoneyStore;
+
+CMoneyStore* CCurrencyMoneyStore::Find(std::string_view currency) const {
+    const auto found = byName_.find(std::string(currency));
+    return found == byName_.end() ? nullptr : found->second;
+}
+
+bool CCurrencyMoneyStore::Add(std::unique_ptr<MoneyRecord> record, std::string_view currency, MoneySource source) {
+    if (CMoneyStore* const store = Find(currency); store != nullptr) {
+        if (record != nullptr) return store->Add(std::move(record), source);
+        std::erase(Names, currency);
+        byName_.erase(std::string(currency));
+    }
+    const std::scoped_lock guard(lock_);
+    auto store = std::make_unique<CMoneyStore>();
+    store->Add(std::move(record), source);
+    byName_.emplace(currency, store.get());
+    Names.emplace_back(currency);
+    Stores.push_back(std::move(store));
+    return true;
+}
+
+void CCurrencyMoneyStore::Clear() {
+    const std::scoped_lock guard(lock_);
+    Stores.clear();
+    Names.clear();
+    byName_.clear();
+}
+
+}  // namespace tradebill

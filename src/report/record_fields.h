@@ -1,0 +1,128 @@
+// The named text fields of each record, as tables: for whoever shows or fills a record field by field (the program's
+// JSON and its live figures, the tests). Spare fields are left out.
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string_view>
+
+#include "base/text.h"
+#include "report/records.h"
+
+namespace tradebill {
+
+/// One text field of `Record`.
+template <class Record>
+struct TextField {
+    std::string_view name;
+    std::span<char> (*bytes)(Record&);  ///< the whole field, terminator included
+
+    [[nodiscard]] std::string_view Text(const Record& record) const {
+        const std::span<char> field = bytes(const_cast<Record&>(record));  // only read here
+        return {field.data(), ::strnlen(field.data(), field.size())};
+    }
+};
+
+#define TRADEBILL_TEXT_FIELD(Record, Field)                                   \
+    TextField<Record> {                                                       \
+#Field, [](Record & record) { return std::span<char>(record.Field); } \
+    }
+
+// clang-format off
+inline constexpr TextField<MoneyRecord> kMoneyFields[] = {
+    TRADEBILL_TEXT_FIELD(MoneyRecord, BILL_DATE),
+    TRADEBILL_TEXT_FIELD(MoneyRecord, QCQY),
+    TRADEBILL_TEXT_FIELD(MoneyRecord, CRJ),
+    TRADEBILL_TEXT_FIELD(MoneyRecord, QMJC),
+    TRADEBILL_TEXT_FIELD(MoneyRecord, KYZJ),
+    TRADEBILL_TEXT_FIELD(MoneyRecord, PCYK),
+    TRADEBILL_TEXT_FIELD(MoneyRecord, CCDSYK),
+    TRADEBILL_TEXT_FIELD(MoneyRecord, HOST_CURRENT),
+    TRADEBILL_TEXT_FIELD(MoneyRecord, KHQY),
+    TRADEBILL_TEXT_FIELD(MoneyRecord, SXF),
+    TRADEBILL_TEXT_FIELD(MoneyRecord, BZJZY),
+    TRADEBILL_TEXT_FIELD(MoneyRecord, HOST_FROZEN_A),
+    TRADEBILL_TEXT_FIELD(MoneyRecord, HOST_FROZEN_B),
+    TRADEBILL_TEXT_FIELD(MoneyRecord, HOST_POSITION_MARGIN),
+    TRADEBILL_TEXT_FIELD(MoneyRecord, HOST_POSITION_PL),
+    TRADEBILL_TEXT_FIELD(MoneyRecord, XQSXF),
+    TRADEBILL_TEXT_FIELD(MoneyRecord, QLJSZ),
+    TRADEBILL_TEXT_FIELD(MoneyRecord, CURRENCY),
+};
+
+inline constexpr TextField<MatchRecord> kMatchFields[] = {
+    TRADEBILL_TEXT_FIELD(MatchRecord, BILL_DATE),
+    TRADEBILL_TEXT_FIELD(MatchRecord, MATCH_DATE),
+    TRADEBILL_TEXT_FIELD(MatchRecord, EXCH_NAME),
+    TRADEBILL_TEXT_FIELD(MatchRecord, CONTRACT),
+    TRADEBILL_TEXT_FIELD(MatchRecord, DELIVERY),
+    TRADEBILL_TEXT_FIELD(MatchRecord, HEDGE),
+    TRADEBILL_TEXT_FIELD(MatchRecord, BID),
+    TRADEBILL_TEXT_FIELD(MatchRecord, MATCH_PRICE),
+    TRADEBILL_TEXT_FIELD(MatchRecord, MATCH_VOL),
+    TRADEBILL_TEXT_FIELD(MatchRecord, TURNOVER),
+    TRADEBILL_TEXT_FIELD(MatchRecord, OFFSET),
+    TRADEBILL_TEXT_FIELD(MatchRecord, POUNDAGE),
+    TRADEBILL_TEXT_FIELD(MatchRecord, OFFSETPL),
+    TRADEBILL_TEXT_FIELD(MatchRecord, MATCHNO),
+    TRADEBILL_TEXT_FIELD(MatchRecord, ROYALTY),
+    TRADEBILL_TEXT_FIELD(MatchRecord, CURRENCY),
+};
+
+inline constexpr TextField<PingDetail> kPingFields[] = {
+    TRADEBILL_TEXT_FIELD(PingDetail, BILL_DATE),
+    TRADEBILL_TEXT_FIELD(PingDetail, MATCH_DATE),
+    TRADEBILL_TEXT_FIELD(PingDetail, EXCH_NAME),
+    TRADEBILL_TEXT_FIELD(PingDetail, CONTRACT),
+    TRADEBILL_TEXT_FIELD(PingDetail, DELIVERY),
+    TRADEBILL_TEXT_FIELD(PingDetail, BID),
+    TRADEBILL_TEXT_FIELD(PingDetail, MATCH_PRICE),
+    TRADEBILL_TEXT_FIELD(PingDetail, MATCH_VOL),
+    TRADEBILL_TEXT_FIELD(PingDetail, OPEN_DATE),
+    TRADEBILL_TEXT_FIELD(PingDetail, OPEN_PRICE),
+    TRADEBILL_TEXT_FIELD(PingDetail, SETTLE_PRICE),
+    TRADEBILL_TEXT_FIELD(PingDetail, POUNDAGE),
+    TRADEBILL_TEXT_FIELD(PingDetail, HEDGE),
+    TRADEBILL_TEXT_FIELD(PingDetail, OFFSETPL),
+    TRADEBILL_TEXT_FIELD(PingDetail, CURRENCY),
+};
+
+inline constexpr TextField<OpiDetail> kOpiDetailFields[] = {
+    TRADEBILL_TEXT_FIELD(OpiDetail, BILL_DATE),
+    TRADEBILL_TEXT_FIELD(OpiDetail, EXCH_NAME),
+    TRADEBILL_TEXT_FIELD(OpiDetail, CONTRACT),
+    TRADEBILL_TEXT_FIELD(OpiDetail, DELIVERY),
+    TRADEBILL_TEXT_FIELD(OpiDetail, OPEN_DATE),
+    TRADEBILL_TEXT_FIELD(OpiDetail, HEDGE),
+    TRADEBILL_TEXT_FIELD(OpiDetail, BID),
+    TRADEBILL_TEXT_FIELD(OpiDetail, POSITION_VOL),
+    TRADEBILL_TEXT_FIELD(OpiDetail, OPEN_PRICE),
+    TRADEBILL_TEXT_FIELD(OpiDetail, YSETTLE_PRICE),
+    TRADEBILL_TEXT_FIELD(OpiDetail, SETTLE_PRICE),
+    TRADEBILL_TEXT_FIELD(OpiDetail, FLOATPL),
+    TRADEBILL_TEXT_FIELD(OpiDetail, DSYK),
+    TRADEBILL_TEXT_FIELD(OpiDetail, DEPOSIT),
+    TRADEBILL_TEXT_FIELD(OpiDetail, CURRENCY),
+};
+
+inline constexpr TextField<OpiSum> kOpiSumFields[] = {
+    TRADEBILL_TEXT_FIELD(OpiSum, BILL_DATE),
+    TRADEBILL_TEXT_FIELD(OpiSum, EXCH_NAME),
+    TRADEBILL_TEXT_FIELD(OpiSum, CONTRACT),
+    TRADEBILL_TEXT_FIELD(OpiSum, DELIVERY),
+    TRADEBILL_TEXT_FIELD(OpiSum, BID),
+    TRADEBILL_TEXT_FIELD(OpiSum, BID_POSITION_VOL),
+    TRADEBILL_TEXT_FIELD(OpiSum, ASK_POSITION_VOL),
+    TRADEBILL_TEXT_FIELD(OpiSum, POSITION_VOL),
+    TRADEBILL_TEXT_FIELD(OpiSum, POSITION_PRICE),
+    TRADEBILL_TEXT_FIELD(OpiSum, YSETTLE_PRICE),
+    TRADEBILL_TEXT_FIELD(OpiSum, SETTLE_PRICE),
+    TRADEBILL_TEXT_FIELD(OpiSum, DSYK),
+    TRADEBILL_TEXT_FIELD(OpiSum, DEPOSIT),
+    TRADEBILL_TEXT_FIELD(OpiSum, HEDGE),
+};
+// clang-format on
+
+#undef TRADEBILL_TEXT_FIELD
+
+}  // namespace tradebill

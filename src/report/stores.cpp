@@ -1,0 +1,10 @@
+#include "report/stores.h"
+
+namespace tradebill {
+
+CMatchStore MatchStore;
+CPingDetailStore PingDetailStore;
+COpiDetailStore OpiDetailStore;
+COpiSumStore OpiSumStore;
+
+}  // namespace tradebill

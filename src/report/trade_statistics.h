@@ -1,0 +1,107 @@
+// The report's daily series. Readers feed it money figures and open positions while they read; two passes at the end
+// turn them into the ratios that charts and account figures show: each day's use of margin (Risk) and the gain since
+// the start (Yield).
+//
+// day_usage.h keeps the positions of one day; account_figures.h computes what is told once for the whole report.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/lock.h"
+#include "report/day_usage.h"
+#include "report/records.h"
+
+namespace tradebill {
+
+/// One day's money figures, in base currency.
+struct DayFigure {
+    std::string Day;  ///< yyyymmdd
+    double ClosedPL = 0;
+    double PositionPL = 0;
+    double CashFlow = 0;
+    double Opening = 0;
+    double Closing = 0;
+    double Yield = 0;  ///< gain since the start as a fraction, see ComputeYields
+};
+
+/// Records of one kind under their day, in the order in which the days were first fed.
+template <class Figures>
+class CDaySeries {
+public:
+    std::vector<std::unique_ptr<Figures>> Days;
+
+    [[nodiscard]] Figures* Find(std::string_view day) const {
+        const auto found = byDay_.find(std::string(day));
+        return found == byDay_.end() ? nullptr : found->second;
+    }
+
+    Figures& FindOrCreate(std::string_view day) {
+        Figures*& slot = byDay_[std::string(day)];
+        if (slot == nullptr) {
+            Days.push_back(std::make_unique<Figures>());
+            slot = Days.back().get();
+            slot->Day = day;
+        }
+        return *slot;
+    }
+
+    void Clear() {
+        Days.clear();
+        byDay_.clear();
+    }
+
+private:
+    std::unordered_map<std::string, Figures*> byDay_;
+};
+
+class CTradeStatistics {
+public:
+    CDaySeries<CDayUsage> DayUsages;
+    CDaySeries<DayFigure> DayFigures;
+
+    /// Sets all figures of the record's day, each divided by the record's rate. Null does nothing.
+    void FeedDayMoney(const MoneyRecord* record);
+
+    // Each overwrites one figure of `day`; a new day starts with zeros.
+    void SetClosedPL(std::string_view day, double amount);
+    void SetPositionPL(std::string_view day, double amount);
+    void SetCashFlow(std::string_view day, double amount);
+    void SetOpening(std::string_view day, double amount);
+    void SetEquity(std::string_view day, double equity, double margin);
+
+    // Each adds a row to the net position of its product on the row's day.
+    void FeedOpiSum(const OpiSum& row);
+    void FeedOpiDetail(const OpiDetail& row);
+
+    /// Nets opposite positions of products in one chain, and recomputes margin and Risk of each day that has positions.
+    void OffsetMargins();
+
+    /// Computes each day's Yield: the gain since the start, net of all money paid in, as a fraction of the opening
+    /// equity.
+    void ComputeYields();
+
+    // Figures of one day (yyyymmdd); 0 for a day that was never fed.
+    [[nodiscard]] double RiskOf(std::string_view day) const;
+    [[nodiscard]] double YieldOf(std::string_view day) const;
+
+    // The highest of all days, taken from the first day on, however low; 0 without days.
+    [[nodiscard]] double MaxRisk() const;
+    [[nodiscard]] double MaxYield() const;
+
+    void Clear();
+
+private:
+    void SetFigure(std::string_view day, double DayFigure::*figure, double amount);
+    void AddRow(std::string_view billDate, std::string_view product, const PositionRow& row);
+
+    mutable CLock usageLock_;
+    mutable CLock figureLock_;
+};
+
+extern CTradeStatistics TradeStatistics;
+
+}  // namespace tradebill

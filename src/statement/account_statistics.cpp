@@ -1,7 +1,0 @@
-#include "statement/account_statistics.h"
-
-namespace tradebill {
-
-constinit CAccountStatistics AccountStatistics;
-
-}  // namespace tradebill
