@@ -7,7 +7,6 @@
 #include "base/ini_file.h"
 #include "base/text.h"
 #include "platform/file.h"
-#include "platform/ini_load.h"
 #include "platform/local_time.h"
 #include "report/request_copy.h"
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "cli/usage_error.h"
-#include "platform/ini_load.h"
+#include "platform/file.h"
 #include "platform/text_encoding.h"
 
 namespace tradebill {

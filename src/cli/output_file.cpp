@@ -3,8 +3,8 @@
 #include <fstream>
 
 #include "cli/usage_error.h"
+#include "platform/file.h"
 #include "platform/paths.h"
-#include "platform/whole_file.h"
 
 namespace tradebill {
 

@@ -11,7 +11,7 @@
 #include "cli/input_ini.h"
 #include "cli/template_known_keys.h"
 #include "cli/usage_error.h"
-#include "platform/ini_load.h"
+#include "platform/file.h"
 #include "platform/text_encoding.h"
 #include "readers/statement_template.h"
 #include "readers/template_keys.h"

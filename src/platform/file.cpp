@@ -20,4 +20,16 @@ std::optional<std::string> ReadPlainFile(const std::string& path) {
     return file.IsOpen() ? file.ReadAll() : std::nullopt;
 }
 
+std::optional<CIniFile> LoadIniFile(const std::string& path) {
+    const auto content = ReadPlainFile(path);
+    return content ? std::optional(CIniFile::Parse(*content)) : std::nullopt;
+}
+
+bool SaveInOneStep(const std::string& path, const std::function<bool(const std::string& unfinished)>& write) {
+    const std::string unfinished = path + ".part";
+    if (write(unfinished) && MoveOver(unfinished, path)) return true;
+    RemoveFile(unfinished);
+    return false;
+}
+
 }  // namespace tradebill

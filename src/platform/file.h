@@ -1,11 +1,15 @@
-// One open file, for the length of one operation. Others may read and write it meanwhile.
+// Files: one that is open for the length of one operation, while others may read and write it, and files that are read
+// or written as a whole.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include "base/ini_file.h"
 
 namespace tradebill {
 
@@ -55,5 +59,13 @@ struct FileStamp {
 /// The bytes of a statement, up to its first zero byte. Nothing if the file isn't there, isn't a plain file or can't be
 /// opened for reading and writing. Content and length of the file stay as they are.
 [[nodiscard]] std::optional<std::string> ReadStatementFile(const std::string& path);
+
+/// Reads and parses a plain file; nothing if it can't be read.
+[[nodiscard]] std::optional<CIniFile> LoadIniFile(const std::string& path);
+
+/// Has `write` make a file beside `path`, under the name that it is given, and puts it there in one step: nobody meets
+/// half of it. False, with what was at `path` still there, if `write` says so or the place can't be taken.
+[[nodiscard]] bool SaveInOneStep(const std::string& path,
+                                 const std::function<bool(const std::string& unfinished)>& write);
 
 }  // namespace tradebill

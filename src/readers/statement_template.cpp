@@ -8,7 +8,6 @@
 #include "base/gbk.h"
 #include "base/text.h"
 #include "platform/file.h"
-#include "platform/ini_load.h"
 #include "platform/root_folder.h"
 #include "readers/template_keys.h"
 #include "report/request_copy.h"

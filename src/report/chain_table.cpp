@@ -11,7 +11,7 @@
 #include "base/ini_file.h"
 #include "base/number.h"
 #include "base/text.h"
-#include "platform/ini_load.h"
+#include "platform/file.h"
 #include "platform/root_folder.h"
 #include "report/request_copy.h"
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "cli/usage_error.h"
-#include "platform/ini_load.h"
+#include "platform/file.h"
 #include "support/gbk_text.h"
 #include "support/temp_folder.h"
 

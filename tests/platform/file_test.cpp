@@ -152,5 +152,17 @@ TEST_F(StatementFile, IsReadWhileAnotherHasItOpen) {
     EXPECT_EQ(ReadStatementFile(path), "text");
 }
 
+TEST_F(File, IsParsedAsAnIniFile) {
+    const auto file = LoadIniFile(folder_.Write("a.ini", "[A]\r\nx=1\r\n"));
+    ASSERT_TRUE(file.has_value());
+    EXPECT_EQ(file->Text("A", "x"), "1");
+}
+
+TEST_F(File, IsNoIniFileIfItIsNone) {
+    EXPECT_FALSE(LoadIniFile(folder_.Path("missing.ini")).has_value());
+    EXPECT_FALSE(LoadIniFile(folder_.Path()).has_value());
+    EXPECT_FALSE(LoadIniFile("").has_value());
+}
+
 }  // namespace
 }  // namespace tradebill

@@ -12,7 +12,6 @@
 
 #include "paint/codecs/gdiplus_image.h"
 #include "platform/file.h"
-#include "platform/whole_file.h"
 #include "platform/windows/wide_text.h"
 
 namespace tradebill {

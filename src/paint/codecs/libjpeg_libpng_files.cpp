@@ -14,7 +14,6 @@
 #include <vector>
 
 #include "platform/file.h"
-#include "platform/whole_file.h"
 
 namespace tradebill {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/whole_file.h"
+#include "platform/file.h"
 
 #include <gtest/gtest.h>
 
@@ -13,9 +13,9 @@
 namespace tradebill {
 namespace {
 
-class WholeFile : public testing::Test {
+class SavedFile : public testing::Test {
 protected:
-    WholeFile() { folder_.Write("a.txt", "old"); }
+    SavedFile() { folder_.Write("a.txt", "old"); }
 
     [[nodiscard]] bool Save(const std::string& content, bool isWritten) const {
         return SaveInOneStep(path_, [&](const std::string& unfinished) {
@@ -32,19 +32,19 @@ protected:
     std::string path_ = folder_.Path("a.txt");
 };
 
-TEST_F(WholeFile, TakesThePlaceOfTheOldOne) {
+TEST_F(SavedFile, TakesThePlaceOfTheOldOne) {
     EXPECT_TRUE(Save("new", true));
     EXPECT_EQ(ReadFile(path_), "new");
     EXPECT_EQ(Files(), 1);
 }
 
-TEST_F(WholeFile, LeavesTheOldOneAndNothingElseIfItCantBeWritten) {
+TEST_F(SavedFile, LeavesTheOldOneAndNothingElseIfItCantBeWritten) {
     EXPECT_FALSE(Save("half", false));
     EXPECT_EQ(ReadFile(path_), "old");
     EXPECT_EQ(Files(), 1);
 }
 
-TEST_F(WholeFile, LeavesAFolderInItsPlace) {
+TEST_F(SavedFile, LeavesAFolderInItsPlace) {
     std::filesystem::remove(path_);
     std::filesystem::create_directories(path_ + "/inner");
     EXPECT_FALSE(SaveInOneStep(path_, [](const std::string& unfinished) {
