@@ -98,7 +98,8 @@ int RunChartCommand(const ChartCommand& command) {
     CPicture picture = WhitePicture(size);
     if (picture.Width() == 0) return Fail("the chart is too large for a picture: choose another --size");
     const std::int32_t status =
-        PaintAsHost(picture, [&](ChartTarget* target) { chart.stretch(target, &rect, size.width, size.height); });
+        PaintAsHost({picture.Row(0), picture.Width(), picture.Height()},
+                    [&](ChartTarget* target) { chart.stretch(target, &rect, size.width, size.height); });
     if (status != kChartDone) return Fail("the chart can't be painted at this size");
     if (!SavePng(picture, command.outputFile)) return Fail("can't write " + command.outputFile);
     return kExitDone;

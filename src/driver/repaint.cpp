@@ -13,15 +13,21 @@ std::int32_t CentredEdge(std::int32_t from, std::int32_t to, std::int32_t area) 
     return static_cast<std::int32_t>((std::int64_t{from} - to + area) / 2);
 }
 
-std::int32_t PaintAndShow(ChartTarget* target, const Box& part, const PictureSize& size, ChartPainter* paint) {
-    CBitmap area(size.width, size.height, 0);
-    if (area.Width() == 0) return kChartInvalidParameter;
-    paint(*MakeCanvas(area), part);
-    const Point at{CentredEdge(part.left, part.right, size.width), CentredEdge(part.top, part.bottom, size.height)};
-    return ShowOnSurface(target, area, part, at);
+/// All of a bitmap; its rows lie bottom-up.
+ShownPixels PixelsOf(const CBitmap& bitmap) {
+    return {.top = bitmap.Row(0), .width = bitmap.Width(), .height = bitmap.Height(), .pitch = -bitmap.Width()};
 }
 
-std::int32_t StatusOf(ChartTarget* target, const Box& part, const PictureSize& size, ChartPainter* paint) {
+std::int32_t PaintAndShow(ChartTarget* target, const ChartRect& part, const PictureSize& size, ChartPainter* paint) {
+    CBitmap area(size.width, size.height, 0);
+    if (area.Width() == 0) return kChartInvalidParameter;
+    paint(*MakeCanvas(area), {part.Left, part.Top, part.Right, part.Bottom});
+    const SurfacePlace at{CentredEdge(part.Left, part.Right, size.width),
+                          CentredEdge(part.Top, part.Bottom, size.height)};
+    return ShowOnSurface(target, PixelsOf(area), part, at);
+}
+
+std::int32_t StatusOf(ChartTarget* target, const ChartRect& part, const PictureSize& size, ChartPainter* paint) {
     try {
         return PaintAndShow(target, part, size, paint);
     } catch (const CReportError&) {
@@ -37,9 +43,8 @@ std::int32_t StatusOf(ChartTarget* target, const Box& part, const PictureSize& s
 
 void Repaint(ChartTarget* target, const ChartRect* rect, const PictureSize& size, ChartPainter* paint) {
     if (target == nullptr || rect == nullptr) return;
-    const Box part{rect->Left, rect->Top, rect->Right, rect->Bottom};
-    if (part.right <= part.left || part.bottom <= part.top) return;
-    const std::int32_t status = StatusOf(target, part, size, paint);
+    if (rect->Right <= rect->Left || rect->Bottom <= rect->Top) return;
+    const std::int32_t status = StatusOf(target, *rect, size, paint);
     if (status != kChartDone) SetSurfaceStatus(target, status);
 }
 

@@ -4,6 +4,7 @@
 
 #include "base/day.h"
 #include "base/gbk.h"
+#include "paint/picture_file.h"
 #include "platform/embedded_picture.h"
 #include "platform/local_time.h"
 

@@ -6,7 +6,7 @@
 #include <span>
 
 #include "paint/geometry.h"
-#include "paint/pixel_memory.h"
+#include "platform/pixel_memory.h"
 
 namespace tradebill {
 

@@ -37,6 +37,9 @@ struct PictureSize {
 /// more pixels than a picture may have.
 [[nodiscard]] std::optional<CPicture> DecodePng(std::string_view content);
 
+/// A picture that the module carries inside, by its id in embedded_picture.h; nothing for any other id.
+[[nodiscard]] std::optional<CPicture> LoadPngResource(int id);
+
 inline constexpr int kUsualJpegQuality = 75;
 
 // These write under another name first and then move the file to `path`, so that nobody meets half a picture. They

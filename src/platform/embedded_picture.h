@@ -1,10 +1,7 @@
 // The pictures that the module carries inside, so that a report needs no file but its statements.
 #pragma once
 
-#include <optional>
 #include <string_view>
-
-#include "paint/picture.h"
 
 namespace tradebill {
 
@@ -15,8 +12,5 @@ inline constexpr int kBannerId = 5003;    ///< top of the report; its width is t
 
 /// A picture's PNG bytes, which live as long as the module; empty for any other id.
 [[nodiscard]] std::string_view EmbeddedPicture(int id);
-
-/// The picture itself; nothing for any other id.
-[[nodiscard]] std::optional<CPicture> LoadPngResource(int id);
 
 }  // namespace tradebill

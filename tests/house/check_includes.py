@@ -11,7 +11,7 @@ import sys
 # What a room may include beside itself. "graph" knows nothing of accounts; nobody but the program includes "cli".
 BELOW = {
     "base": set(),
-    "platform": {"base", "paint"},
+    "platform": {"base"},
     "paint": {"base", "platform"},
     "report": {"base", "platform"},
     "graph": {"base", "platform", "paint"},

@@ -9,7 +9,7 @@
 #include "support/temp_folder.h"
 
 #if defined(_WIN32)
-#include "paint/codecs/gdiplus_image.h"
+#include "platform/windows/gdiplus.h"
 #include "platform/windows/wide_text.h"
 #else
 #include <turbojpeg.h>
@@ -24,7 +24,7 @@ namespace tradebill {
 inline CPicture DecodedPicture(const std::string& path) {
     using namespace Gdiplus;
     using namespace Gdiplus::DllExports;
-    const CPictureWork work;
+    const CGdiplusUse use;
     GpBitmap* bitmap = nullptr;
     EXPECT_EQ(GdipCreateBitmapFromFile(WidePath(path).c_str(), &bitmap), Ok) << path;
     const CGdiplusImage owner(bitmap);

@@ -10,8 +10,7 @@
 #include "paint/picture.h"
 
 #if defined(_WIN32)
-#include "paint/codecs/gdiplus_image.h"
-#include "paint/picture_file.h"
+#include "platform/windows/gdiplus.h"
 #endif
 
 namespace tradebill {
@@ -81,7 +80,7 @@ private:
     }
 
 #if defined(_WIN32)
-    CPictureWork work_;  // before what it is needed for
+    CGdiplusUse use_;  // before what it is needed for
 #endif
     std::int32_t width_;
     std::int32_t height_;

@@ -10,8 +10,8 @@
 #include <memory>
 #include <vector>
 
-#include "paint/codecs/gdiplus_image.h"
 #include "platform/file.h"
+#include "platform/windows/gdiplus.h"
 #include "platform/windows/wide_text.h"
 
 namespace tradebill {
@@ -56,6 +56,24 @@ PictureSize SizeOf(const CGdiplusImage& image) {
     return {static_cast<int>(width), static_cast<int>(height)};
 }
 
+/// A copy of the bitmap's pixels, without transparency.
+CGdiplusImage ImageOf(const CBitmap& bitmap) {
+    GpBitmap* image = nullptr;
+    const auto native = static_cast<HBITMAP>(bitmap.Memory().NativeBitmap());
+    if (native == nullptr || GdipCreateBitmapFromHBITMAP(native, nullptr, &image) != Ok) return CGdiplusImage(nullptr);
+    return CGdiplusImage(image);
+}
+
+/// Works on the picture's own pixels.
+CGdiplusImage ImageOf(const CPicture& picture) {
+    if (picture.Pixels().empty()) return CGdiplusImage(nullptr);
+    return ImageOn({.top = const_cast<std::uint32_t*>(picture.Row(0)),  // only read
+                    .width = picture.Width(),
+                    .height = picture.Height(),
+                    .pitch = picture.Width(),
+                    .format = PixelFormat32bppARGB});
+}
+
 struct ReleaseStream {
     void operator()(IStream* stream) const { stream->Release(); }
 };
@@ -89,6 +107,12 @@ bool ReadPixels(const CGdiplusImage& image, CPicture& picture) {
 }
 
 }  // namespace
+
+CPictureWork::CPictureWork() : token_(StartGdiplus()) {}
+
+CPictureWork::~CPictureWork() {
+    StopGdiplus(token_);
+}
 
 PictureSize ReadPictureSize(const std::string& path) {
     const CPictureWork work;

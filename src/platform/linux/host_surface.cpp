@@ -27,17 +27,17 @@ Overlap OverlapOf(std::int64_t from, std::int64_t to, std::int64_t sourceSize, s
 
 }  // namespace
 
-std::int32_t ShowOnSurface(ChartTarget* target, const CBitmap& bitmap, const Box& part, Point at) {
+std::int32_t ShowOnSurface(ChartTarget* target, const ShownPixels& pixels, const ChartRect& part, SurfacePlace at) {
     constexpr std::int64_t kPixelBytes = sizeof(std::uint32_t);
     const bool hasPixels = target->Pixels != nullptr && target->Width > 0 && target->Height > 0;
     if (!hasPixels || target->Stride < kPixelBytes * target->Width) return kChartInvalidParameter;
-    const Overlap across = OverlapOf(part.left, part.right, bitmap.Width(), at.x, target->Width);
-    const Overlap down = OverlapOf(part.top, part.bottom, bitmap.Height(), at.y, target->Height);
+    const Overlap across = OverlapOf(part.Left, part.Right, pixels.width, at.x, target->Width);
+    const Overlap down = OverlapOf(part.Top, part.Bottom, pixels.height, at.y, target->Height);
     if (across.count == 0) return kChartDone;
     std::vector<std::uint32_t> row(static_cast<std::size_t>(across.count));
     auto* const bytes = reinterpret_cast<std::byte*>(target->Pixels);
     for (std::int64_t y = 0; y < down.count; ++y) {
-        const std::uint32_t* const source = bitmap.Row(static_cast<std::int32_t>(down.source + y)) + across.source;
+        const std::uint32_t* const source = pixels.top + (down.source + y) * pixels.pitch + across.source;
         std::transform(source, source + across.count, row.begin(), [](std::uint32_t pixel) { return pixel | kOpaque; });
         std::byte* const to = bytes + (down.target + y) * target->Stride + across.target * kPixelBytes;
         std::memcpy(to, row.data(), row.size() * sizeof(std::uint32_t));  // a stride needn't be a multiple of 4
@@ -49,11 +49,11 @@ void SetSurfaceStatus(ChartTarget* target, std::int32_t status) {
     target->LastStatus = status;
 }
 
-std::int32_t PaintAsHost(CPicture& picture, const std::function<void(ChartTarget* target)>& paint) {
-    ChartTarget target{.Pixels = picture.Row(0),
-                       .Width = picture.Width(),
-                       .Height = picture.Height(),
-                       .Stride = picture.Width() * static_cast<std::int32_t>(sizeof(std::uint32_t)),
+std::int32_t PaintAsHost(const PaintedPixels& pixels, const std::function<void(ChartTarget* target)>& paint) {
+    ChartTarget target{.Pixels = pixels.top,
+                       .Width = pixels.width,
+                       .Height = pixels.height,
+                       .Stride = pixels.width * static_cast<std::int32_t>(sizeof(std::uint32_t)),
                        .LastStatus = kChartDone};
     paint(&target);
     return target.LastStatus;

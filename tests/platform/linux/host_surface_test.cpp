@@ -18,9 +18,11 @@ TEST(HostSurface, TellsOfATargetThatCannotBe) {
     bad[1].Width = 0;
     bad[2].Height = -1;
     bad[3].Stride = 31;
-    const CBitmap bitmap(8, 8, 0xFFFFFF);
+    std::array<std::uint32_t, 64> white{};
+    white.fill(0xFFFFFF);
+    const ShownPixels shown{.top = white.data(), .width = 8, .height = 8, .pitch = 8};
     for (ChartTarget& target : bad) {
-        EXPECT_EQ(ShowOnSurface(&target, bitmap, {0, 0, 8, 8}, {0, 0}), kChartInvalidParameter);
+        EXPECT_EQ(ShowOnSurface(&target, shown, {0, 0, 8, 8}, {0, 0}), kChartInvalidParameter);
     }
     for (const std::uint32_t pixel : pixels) EXPECT_EQ(pixel, kUntouched);
 }

@@ -1,6 +1,5 @@
-#include "platform/embedded_picture.h"
-
 #include "paint/picture_file.h"
+#include "platform/embedded_picture.h"
 
 namespace tradebill {
 

@@ -1,4 +1,4 @@
-#include "paint/pixel_memory.h"
+#include "platform/pixel_memory.h"
 
 #include <new>
 
