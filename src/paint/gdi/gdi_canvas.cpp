@@ -4,11 +4,11 @@
 #include <utility>
 #include <vector>
 
-#include "paint/blend.h"
 #include "paint/canvas.h"
 #include "paint/gdi/far_line.h"
 #include "paint/gdi/gdi_objects.h"
 #include "paint/gdi/gdi_text.h"
+#include "paint/raster/blend.h"
 
 namespace tradebill {
 namespace {
@@ -54,13 +54,6 @@ CGdiObject MakePen(const Pen& pen) {
 
 CGdiObject MakeBrush(const Brush& brush) {
     return CGdiObject(brush ? ::CreateSolidBrush(*brush) : ::GetStockObject(NULL_BRUSH));
-}
-
-/// A box without inside hides all, however far its edges have passed each other.
-CGdiObject MakeRegion(const Box& box) {
-    const bool isEmpty = box.right <= box.left || box.bottom <= box.top;
-    return CGdiObject(isEmpty ? ::CreateRectRgn(0, 0, 0, 0)
-                              : ::CreateRectRgn(box.left, box.top, box.right, box.bottom));
 }
 
 class CGdiCanvas final : public CCanvas {

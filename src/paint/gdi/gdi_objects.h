@@ -5,6 +5,8 @@
 
 #include <utility>
 
+#include "paint/geometry.h"
+
 namespace tradebill {
 
 /// A pen, brush, font or region. Null for none.
@@ -40,5 +42,25 @@ public:
 private:
     HDC context_;
 };
+
+/// An object stays selected for as long as it lives; then the one before comes back. To be declared after what owns it.
+class CGdiSelection {
+public:
+    CGdiSelection(HDC context, HGDIOBJ object) : context_(context), former_(::SelectObject(context, object)) {}
+    CGdiSelection(const CGdiSelection&) = delete;
+    CGdiSelection& operator=(const CGdiSelection&) = delete;
+    ~CGdiSelection() { ::SelectObject(context_, former_); }
+
+private:
+    HDC context_;
+    HGDIOBJ former_;
+};
+
+/// What lies in the box; nothing if it has no inside, however far its edges have passed each other.
+[[nodiscard]] inline CGdiObject MakeRegion(const Box& box) {
+    const bool isEmpty = box.right <= box.left || box.bottom <= box.top;
+    return CGdiObject(isEmpty ? ::CreateRectRgn(0, 0, 0, 0)
+                              : ::CreateRectRgn(box.left, box.top, box.right, box.bottom));
+}
 
 }  // namespace tradebill

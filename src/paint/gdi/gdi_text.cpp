@@ -1,8 +1,6 @@
 #include "paint/gdi/gdi_text.h"
 
-#include <cmath>
-#include <numbers>
-
+#include "paint/raster/escapement.h"
 #include "platform/windows/wide_text.h"
 
 namespace tradebill {
@@ -26,14 +24,6 @@ TextMetrics MetricsIn(HDC context) {
             .internalLeading = metrics.tmInternalLeading,
             .averageWidth = metrics.tmAveCharWidth,
             .maxWidth = metrics.tmMaxCharWidth};
-}
-
-/// A place along a text and down from its corner.
-Point PlaceAlong(Point corner, std::int32_t escapement, std::int32_t along, std::int32_t down) {
-    const double angle = escapement * std::numbers::pi / 1800;
-    const double x = along * std::cos(angle) + down * std::sin(angle);
-    const double y = down * std::cos(angle) - along * std::sin(angle);
-    return {HeldCoordinate(corner.x + std::llround(x)), HeldCoordinate(corner.y + std::llround(y))};
 }
 
 }  // namespace
@@ -98,11 +88,13 @@ TextMetrics CGdiText::Metrics() {
 void CGdiText::Write(Point point, std::string_view text) {
     const std::int32_t ascent = Metrics().ascent;
     const UINT former = ::SetTextAlign(context_, TA_LEFT | TA_BASELINE);  // so that both faces stand on one line
+    const CEscapement places(point, font_.escapement);
     std::int32_t along = 0;
     for (const Run& run : RunsOf(WideOf(text))) {
         const std::int32_t width = WidthOf(run);
-        const Point start = PlaceAlong(point, font_.escapement, along, ascent);
-        ::TextOutW(context_, start.x, start.y, run.text.data(), static_cast<int>(run.text.size()));
+        const FarPoint start = places.At(along, ascent);
+        ::TextOutW(context_, HeldCoordinate(start.x), HeldCoordinate(start.y), run.text.data(),
+                   static_cast<int>(run.text.size()));
         along += width;
     }
     ::SetTextAlign(context_, former);

@@ -1,11 +1,13 @@
+#include "paint/raster/raster_canvas.h"
+
 #include <algorithm>
 #include <utility>
 #include <vector>
 
-#include "paint/blend.h"
-#include "paint/canvas.h"
-#include "paint/freetype/raster_text.h"
+#include "paint/raster/blend.h"
+#include "paint/raster/escapement.h"
 #include "paint/raster/raster.h"
+#include "paint/raster/text_engine.h"
 
 namespace tradebill {
 namespace {
@@ -75,15 +77,13 @@ public:
 
     void WriteText(Point point, std::string_view text) override {
         if (textBackground_ == TextBackground::Opaque) {
-            const Figure cells = TextCells(font_, point, text);
+            const Figure cells = CellsOf(point, text);
             raster_.FillFigures({&cells, 1}, FillRule::Alternate, PixelOf(kWhite));
         }
-        PaintText(bitmap_, raster_.Seen(), font_, point, text, PixelOf(textColor_));
+        texts_->Write(bitmap_, raster_.Seen(), font_, {text, point, PixelOf(textColor_)});
     }
-    [[nodiscard]] TextExtent MeasureText(std::string_view text) const override {
-        return tradebill::MeasureText(font_, text);
-    }
-    [[nodiscard]] TextMetrics Metrics() const override { return MetricsOf(font_); }
+    [[nodiscard]] TextExtent MeasureText(std::string_view text) const override { return texts_->Measure(font_, text); }
+    [[nodiscard]] TextMetrics Metrics() const override { return texts_->Metrics(font_); }
 
 private:
     [[nodiscard]] Stroke StrokeOfPen() const {
@@ -92,8 +92,17 @@ private:
     }
     [[nodiscard]] const std::uint32_t* FillOfBrush() const { return brush_ ? &brushPixel_ : nullptr; }
 
+    /// The corners of all cells of a text together.
+    [[nodiscard]] Figure CellsOf(Point leftTop, std::string_view text) const {
+        const TextExtent extent = texts_->Measure(font_, text);
+        const CEscapement places(leftTop, font_.escapement);
+        return {places.At(0, 0), places.At(extent.width, 0), places.At(extent.width, extent.height),
+                places.At(0, extent.height)};
+    }
+
     CBitmap& bitmap_;
     CRaster raster_;
+    std::unique_ptr<CTextEngine> texts_ = MakeTextEngine();
     Font font_{.face = "Arial", .cellHeight = 16};
     Color textColor_ = 0;
     TextBackground textBackground_ = TextBackground::Opaque;
@@ -109,7 +118,7 @@ private:
 
 }  // namespace
 
-std::unique_ptr<CCanvas> MakeCanvas(CBitmap& bitmap) {
+std::unique_ptr<CCanvas> MakeRasterCanvas(CBitmap& bitmap) {
     return std::make_unique<CRasterCanvas>(bitmap);
 }
 

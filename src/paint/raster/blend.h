@@ -10,7 +10,8 @@
 
 namespace tradebill {
 
-/// `over` on `under`, 0 to 255 of it; the top byte of both is passed over, that of the result 0.
+/// `over` on `under`, `coverage` of 255 of it; the top byte of both is passed over, that of the result 0.
+/// REQUIRES: coverage <= 255.
 [[nodiscard]] inline std::uint32_t Blended(std::uint32_t under, std::uint32_t over, std::uint32_t coverage) {
     std::uint32_t result = 0;
     for (int shift = 0; shift <= 16; shift += 8) {
@@ -32,7 +33,8 @@ struct SeenPart {
 };
 
 /// Lays a picture over a bitmap, pixel by pixel as far as each is opaque, its left top corner at `leftTop`. Nothing
-/// outside of `seen`, which lies on the bitmap, changes.
+/// outside of `seen` changes.
+/// REQUIRES: `seen` lies on the bitmap.
 void BlendPicture(CBitmap& bitmap, const Box& seen, const CPicture& picture, Point leftTop);
 
 }  // namespace tradebill

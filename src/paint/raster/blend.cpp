@@ -1,4 +1,4 @@
-#include "paint/blend.h"
+#include "paint/raster/blend.h"
 
 namespace tradebill {
 
