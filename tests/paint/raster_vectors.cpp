@@ -1,11 +1,15 @@
-// Replays recorded pictures on the canvas and compares them pixel by pixel: raster_vectors DIR
+// Replays recorded pictures and compares them pixel by pixel.
+// Usage: raster_vectors DIR [usual]
+// Paints with the raster, or with the canvas that charts are usually painted on.
 #include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "paint/raster/raster_canvas.h"
 #include "paint/vector_cases.h"
 
 namespace tradebill {
@@ -27,9 +31,9 @@ void ShowDifference(const VectorCase& vectorCase, const std::vector<std::uint32_
                 static_cast<unsigned>(*actual));
 }
 
-void Replay(const VectorCase& vectorCase, Tally& tally) {
+void Replay(const VectorCase& vectorCase, CanvasMaker& make, Tally& tally) {
     if (vectorCase.width == 0) return;  // measures of text, no picture
-    const auto painted = PaintVectorCase(vectorCase);
+    const auto painted = PaintVectorCase(vectorCase, make);
     if (painted == vectorCase.pixels) {
         ++tally.passed;
         return;
@@ -38,7 +42,7 @@ void Replay(const VectorCase& vectorCase, Tally& tally) {
     ShowDifference(vectorCase, painted);
 }
 
-int ReplayFolder(const std::filesystem::path& folder) {
+int ReplayFolder(const std::filesystem::path& folder, CanvasMaker& make) {
     std::vector<std::filesystem::path> files;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
         if (entry.path().extension() == ".txt") files.push_back(entry.path());
@@ -46,7 +50,7 @@ int ReplayFolder(const std::filesystem::path& folder) {
     std::ranges::sort(files);
     Tally tally;
     for (const auto& file : files) {
-        for (const VectorCase& vectorCase : ReadVectorCases(file)) Replay(vectorCase, tally);
+        for (const VectorCase& vectorCase : ReadVectorCases(file)) Replay(vectorCase, make, tally);
     }
     std::printf("%d passed, %d failed\n", tally.passed, tally.failed);
     return tally.failed == 0 && tally.passed > 0 ? 0 : 1;
@@ -56,12 +60,13 @@ int ReplayFolder(const std::filesystem::path& folder) {
 }  // namespace tradebill
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: raster_vectors DIR\n");
+    const bool isUsual = argc == 3 && argv[2] == std::string_view("usual");
+    if (argc != 2 && !isUsual) {
+        std::fprintf(stderr, "usage: raster_vectors DIR [usual]\n");
         return 2;
     }
     try {
-        return tradebill::ReplayFolder(argv[1]);
+        return tradebill::ReplayFolder(argv[1], isUsual ? tradebill::MakeCanvas : tradebill::MakeRasterCanvas);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "raster_vectors: %s\n", error.what());
         return 1;

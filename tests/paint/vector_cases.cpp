@@ -8,9 +8,6 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "paint/bitmap.h"
-#include "paint/canvas.h"
-
 namespace tradebill {
 namespace {
 
@@ -186,9 +183,9 @@ std::vector<VectorCase> ReadVectorCases(const std::filesystem::path& path) {
     return cases;
 }
 
-std::vector<std::uint32_t> PaintVectorCase(const VectorCase& vectorCase) {
+std::vector<std::uint32_t> PaintVectorCase(const VectorCase& vectorCase, CanvasMaker& make) {
     CBitmap bitmap(vectorCase.width, vectorCase.height, kWhite);
-    const auto canvas = MakeCanvas(bitmap);
+    const auto canvas = make(bitmap);
     for (const std::string& line : vectorCase.operations) {
         CArguments arguments(line);
         const auto operation = Operations().find(arguments.Name());

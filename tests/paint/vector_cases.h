@@ -4,8 +4,12 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
+
+#include "paint/bitmap.h"
+#include "paint/canvas.h"
 
 namespace tradebill {
 
@@ -20,7 +24,9 @@ struct VectorCase {
 /// All cases of a file. Throws std::runtime_error for what isn't of the format.
 [[nodiscard]] std::vector<VectorCase> ReadVectorCases(const std::filesystem::path& path);
 
-/// What our own canvas makes of a case, in the form of its pixels. Throws std::runtime_error for an unknown operation.
-[[nodiscard]] std::vector<std::uint32_t> PaintVectorCase(const VectorCase& vectorCase);
+using CanvasMaker = std::unique_ptr<CCanvas>(CBitmap& bitmap);
+
+/// What a canvas makes of a case, in the form of its pixels. Throws std::runtime_error for an unknown operation.
+[[nodiscard]] std::vector<std::uint32_t> PaintVectorCase(const VectorCase& vectorCase, CanvasMaker& make);
 
 }  // namespace tradebill
