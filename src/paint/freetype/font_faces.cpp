@@ -39,6 +39,7 @@ struct DestroyFontSet {
     void operator()(FcFontSet* set) const { FcFontSetDestroy(set); }
 };
 
+/// REQUIRES, of this and of all that keeps something here: the caller holds FontLock().
 FT_Library Library() {
     static FT_Library library = [] {
         FT_Library made = nullptr;
@@ -133,6 +134,7 @@ std::vector<FaceChoice> FindFaces(const std::string& family, bool bold) {
 }  // namespace
 
 FT_Face OpenFontFile(const char* path, int index) {
+    const std::scoped_lock guard(FontLock());
     FT_Face face = nullptr;
     return Library() != nullptr && FT_New_Face(Library(), path, index, &face) == 0 ? face : nullptr;
 }

@@ -21,9 +21,10 @@ struct GlyphPicture {
     std::vector<std::uint8_t> coverage;
 };
 
+/// REQUIRES, of all operations: the caller holds FontLock().
 class CScaledFace {
 public:
-    /// `face` must have a scalable outline.
+    /// REQUIRES: the face has a scalable outline.
     CScaledFace(const FaceChoice& choice, std::int32_t pixelsPerEm);
 
     [[nodiscard]] const TextMetrics& Metrics() const { return metrics_; }
@@ -32,7 +33,8 @@ public:
     /// Pixels to the next glyph.
     [[nodiscard]] std::int32_t AdvanceOf(char32_t character);
 
-    /// The glyph turned counter-clockwise by tenths of a degree around its pen position.
+    /// The glyph turned counter-clockwise by tenths of a degree around its pen position. The picture stays for the life
+    /// of the face.
     [[nodiscard]] const GlyphPicture& PictureOf(char32_t character, std::int32_t escapement);
 
 private:
@@ -49,10 +51,12 @@ private:
 };
 
 /// Pixels per em at which the face's cell is nearest to `cellHeight` and not above it.
+/// REQUIRES: the caller holds FontLock().
 [[nodiscard]] std::int32_t EmForCell(const FaceChoice& choice, std::int32_t cellHeight);
 
 /// The face at a size, from the cache. What stands in for a face's missing glyphs takes that face's em, so that letters
-/// of one text match.
+/// of one text match. It stays for the life of the process.
+/// REQUIRES: the caller holds FontLock().
 [[nodiscard]] CScaledFace& ScaledFaceFor(const FaceChoice& choice, std::int32_t pixelsPerEm);
 
 }  // namespace tradebill

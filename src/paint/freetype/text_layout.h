@@ -17,8 +17,8 @@ struct PlacedGlyph {
     std::int32_t advance;
 };
 
-/// The glyphs of a GBK text; FontLock() must be held for as long as they are used. Bytes that belong to no character
-/// come out as replacement characters.
+/// The glyphs of a GBK text. Bytes that belong to no character come out as replacement characters.
+/// REQUIRES: the caller holds FontLock(), for as long as the glyphs are used.
 [[nodiscard]] std::vector<PlacedGlyph> LayOutText(const Font& font, std::string_view text);
 
 }  // namespace tradebill

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <map>
+#include <mutex>
 #include <string>
 
 #include "paint/freetype/scaled_face.h"
@@ -56,6 +57,7 @@ TEST(TextVectors, GiveTheRecordedMeasures) {
     const auto fonts =
         ReadFontVectors(std::filesystem::path(TRADEBILL_TESTS) / "paint" / "gdi_vectors" / "text-metrics.txt");
     ASSERT_EQ(fonts.size(), 77u);
+    const std::scoped_lock guard(FontLock());
     for (const FontVectors& font : fonts) {
         SCOPED_TRACE(font.name + " " + font.file + " " + std::to_string(font.cellHeight));
         FT_Face const file = OpenFontFile(FontFiles().at(font.file).c_str(), 0);
