@@ -19,7 +19,7 @@ public:
     [[nodiscard]] std::int32_t Width() const { return width_; }
     [[nodiscard]] std::int32_t Height() const { return height_; }
 
-    /// Width() pixels; `y` from 0 to Height() - 1.
+    /// Width() pixels. REQUIRES: 0 <= y < Height().
     [[nodiscard]] std::uint32_t* Row(std::int32_t y) { return memory_.Pixels() + RowOffset(y); }
     [[nodiscard]] const std::uint32_t* Row(std::int32_t y) const { return memory_.Pixels() + RowOffset(y); }
 

@@ -63,9 +63,10 @@ public:
     virtual void Polygon(std::span<const Point> corners) = 0;
 
     /// From here to EndPath, MoveTo and LineTo paint nothing and make figures.
+    /// REQUIRES: until EndPath nothing else is painted.
     virtual void BeginPath() = 0;
     virtual void EndPath() = 0;
-    /// Fills the figures together, without an outline, and drops them.
+    /// Fills the figures together, without an outline, and drops them. Nothing happens without a path that has ended.
     virtual void FillPath() = 0;
 
     /// Right and bottom are left out; uses neither pen nor brush.
@@ -82,10 +83,12 @@ public:
     [[nodiscard]] virtual TextMetrics Metrics() const = 0;
 };
 
-/// A canvas on `bitmap`, which must outlive it.
+/// A canvas on `bitmap`.
+/// REQUIRES: `bitmap` outlives the canvas, and no other canvas paints on it meanwhile.
 [[nodiscard]] std::unique_ptr<CCanvas> MakeCanvas(CBitmap& bitmap);
 
 /// Another tool for as long as it lives; then the one before comes back.
+/// REQUIRES: the canvas outlives it, and scopes of one tool end in the reverse order of their beginning.
 template <class Tool, Tool (CCanvas::*Select)(const Tool&)>
 class CSelectScope {
 public:
@@ -104,6 +107,7 @@ using CBrushScope = CSelectScope<Brush, &CCanvas::SelectBrush>;
 using CFontScope = CSelectScope<Font, &CCanvas::SelectFont>;
 
 /// Nothing outside of `box` is painted for as long as it lives, nor anything that was hidden before.
+/// REQUIRES: as CSelectScope.
 class CClipScope {
 public:
     CClipScope(CCanvas& canvas, const Box& box) : canvas_(canvas), before_(canvas.SelectClip(box)) {

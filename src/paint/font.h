@@ -1,4 +1,5 @@
-// Fonts and how large texts come out in them, by the rules of the device contexts that the charts were designed on.
+// Fonts and how large texts come out in them, by the rules of the device contexts that the charts were designed on. Any
+// number of threads may ask at once.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +8,7 @@
 namespace tradebill {
 
 struct Font {
-    std::string_view face;        ///< family name, ASCII or GBK; must outlive the font
+    std::string_view face;        ///< family name, ASCII or GBK. REQUIRES: it outlives the font
     std::int32_t cellHeight = 0;  ///< pixels, ascent and descent together; the nearest whole size that fits is taken
     std::int32_t weight = 400;    ///< 400 normal; 600 and more bold
     std::int32_t escapement = 0;  ///< tenths of a degree, counter-clockwise

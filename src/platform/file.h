@@ -28,15 +28,19 @@ public:
     CFile& operator=(const CFile&) = delete;
 
     [[nodiscard]] bool IsOpen() const;
+
+    // REQUIRES, of all that follows: IsOpen().
+
     /// Size in bytes; 0 if it can't be told.
     [[nodiscard]] std::uint64_t Size() const;
-    /// Writes all of `bytes` where the file stands. False if not all of it could be written.
+    /// Writes all of `bytes` where the file stands. False if not all of it could be written, or the mode is to read.
     [[nodiscard]] bool Write(std::string_view bytes);
-    /// Writes all of `bytes` at `offset`, which update mode alone allows.
+    /// Writes all of `bytes` at `offset`. False as Write.
+    /// REQUIRES: the mode is Update.
     [[nodiscard]] bool WriteAt(std::uint64_t offset, std::string_view bytes);
     /// Fills `buffer` from `offset` on; returns the bytes read, fewer only at the end of the file or on failure.
     [[nodiscard]] std::size_t ReadAt(std::uint64_t offset, char* buffer, std::size_t size) const;
-    /// All of the file.
+    /// All of a file on disk; nothing of what is none.
     [[nodiscard]] std::optional<std::string> ReadAll() const;
 
 private:

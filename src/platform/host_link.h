@@ -11,13 +11,14 @@ namespace tradebill {
 /// Sends a message with lParam 0 and returns once the host has handled it.
 void SendHostMessage(HostWindowHandle window, std::uint32_t message, std::uint64_t wParam);
 
-/// Waits for `event` up to `milliseconds`; whether it was signalled. An auto-reset event is reset by it.
+/// Waits for `event` up to `milliseconds`; whether it was signalled. An auto-reset event is reset by it. False for a
+/// null event, at once.
 [[nodiscard]] bool WaitForEvent(HostEventHandle event, int milliseconds);
 
 void SignalEvent(HostEventHandle event);
 
 /// What a failed GenerateBill ends with: a structured exception of that code on Windows, a CReportError on Linux.
-/// Nothing of the caller's may need an orderly end: not every host unwinds the stack.
+/// REQUIRES: nothing of the caller's needs an orderly end, since not every host unwinds the stack.
 [[noreturn]] void RaiseInHost(std::uint32_t code);
 
 /// Looks at the request's stop event for a millisecond. If the stop is asked for, `beforeAnswer` runs (what must be

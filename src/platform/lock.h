@@ -5,8 +5,8 @@
 
 namespace tradebill {
 
-/// To be held by a std::scoped_lock. Whoever holds it mustn't take it again. On Windows a critical section, which goes
-/// with its owner: the standard library's own lock there keeps what it took when the module is unloaded.
+/// To be held by a std::scoped_lock. On Windows a critical section, which goes with its owner: the standard library's
+/// own lock there keeps what it took when the module is unloaded.
 class CLock {
 public:
     CLock();
@@ -15,8 +15,8 @@ public:
     CLock& operator=(const CLock&) = delete;
 
     // Named as the standard library wants them.
-    void lock();
-    void unlock();
+    void lock();    ///< REQUIRES: this thread doesn't hold it
+    void unlock();  ///< REQUIRES: this thread holds it
 
 private:
     struct Native;

@@ -10,7 +10,8 @@ class CPixelMemory {
 public:
     /// Of no pixels.
     CPixelMemory() = default;
-    /// Both at least 1. Throws std::bad_alloc.
+    /// Their colours are anything. Throws std::bad_alloc.
+    /// REQUIRES: both are at least 1.
     CPixelMemory(std::int32_t width, std::int32_t height);
     CPixelMemory(CPixelMemory&& other) noexcept;
     CPixelMemory& operator=(CPixelMemory&& other) noexcept;

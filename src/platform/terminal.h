@@ -6,7 +6,7 @@ namespace tradebill {
 /// Whether standard error goes to a terminal, on which a line can be erased.
 [[nodiscard]] bool IsErrorOutputTerminal();
 
-/// The terminal takes UTF-8 for as long as it lives.
+/// The terminal takes UTF-8 for as long as it lives; then its own code page comes back.
 class CUtf8Terminal {
 public:
     CUtf8Terminal();

@@ -15,7 +15,8 @@
 
 namespace tradebill {
 
-/// Writes and measures in one font at a time. The context must outlive it.
+/// Writes and measures in one font at a time.
+/// REQUIRES: the context outlives it.
 class CGdiText {
 public:
     explicit CGdiText(HDC context) : context_(context) {}

@@ -54,6 +54,7 @@ struct EllipseShape {
     std::vector<Extent> rows;
 };
 
+/// REQUIRES: the bitmap outlives it.
 class CRaster {
 public:
     explicit CRaster(CBitmap& bitmap) : bitmap_(bitmap), seen_(WholeOf(bitmap)) {}
@@ -119,7 +120,8 @@ private:
 /// A box with its corners in order.
 [[nodiscard]] Box Sorted(const Box& box);
 
-/// `dividend` / `divisor`, rounded up; `divisor` is above 0.
+/// `dividend` / `divisor`, rounded up.
+/// REQUIRES: divisor > 0.
 [[nodiscard]] std::int64_t DivideUp(__int128 dividend, std::int64_t divisor);
 
 }  // namespace tradebill
