@@ -1,7 +1,8 @@
-// Numbers in statement fields and on the page: atof and atoi semantics without a locale, 32-bit arithmetic that wraps,
-// and the "%.2f" of computed amounts.
+// Numbers in statement fields and on the page: atof and atoi semantics without a locale, 32-bit arithmetic that wraps
+// or stops at the ends of the range, the smallest amount that counts, and the "%.2f" of computed amounts.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -38,6 +39,19 @@ template <std::size_t N>
 [[nodiscard]] constexpr std::int32_t WrapMultiply(std::int32_t left, std::int32_t right) {
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(left) * static_cast<std::uint32_t>(right));
 }
+
+/// `value` itself, or the nearer end of the 32-bit range.
+[[nodiscard]] constexpr std::int32_t ClampToInt32(std::int64_t value) {
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, INT32_MIN, INT32_MAX));
+}
+/// Cut towards zero. What lies beyond the range becomes its nearer end, what is no number 0.
+[[nodiscard]] constexpr std::int32_t TruncateToInt32(double value) {
+    if (!(value == value)) return 0;
+    return static_cast<std::int32_t>(std::clamp<double>(value, INT32_MIN, INT32_MAX));
+}
+
+/// Single-precision epsilon: the smallest amount that counts. What lies under it, either way, is shown as nothing.
+inline constexpr double kSmallestAmount = 1.1920928955078125e-07;
 
 /// A number written out, in place.
 class CNumberText {

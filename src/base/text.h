@@ -67,6 +67,18 @@ inline constexpr char kFullWidthBlankByte = '\xA1';  ///< both bytes of the GBK 
     return text;
 }
 
+/// Bytes of the GBK character that `text` opens with: two for a pair of lead and trail byte, else one; 0 for an empty
+/// text. A byte that opens no pair stands alone.
+[[nodiscard]] constexpr std::size_t GbkCharacterLength(std::string_view text) {
+    constexpr unsigned char kFirstLead = 0x81;
+    constexpr unsigned char kLastLead = 0xFE;
+    constexpr unsigned char kFirstTrail = 0x40;
+    if (text.size() < 2) return text.size();
+    const auto lead = static_cast<unsigned char>(text[0]);
+    const auto trail = static_cast<unsigned char>(text[1]);
+    return lead >= kFirstLead && lead <= kLastLead && trail >= kFirstTrail ? 2 : 1;
+}
+
 /// Cuts `text` at each `delimiter` (a whole string) into trimmed parts; `parts` is emptied first. Parts are never
 /// empty: runs of the delimiter count as one, and cells of white space vanish. With an empty delimiter the trimmed text
 /// is the only part. The parts point into `text`. Returns their number.

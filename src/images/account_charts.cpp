@@ -1,12 +1,11 @@
 #include "images/account_charts.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <ctime>
-#include <limits>
 #include <string_view>
 
 #include "base/day.h"
+#include "base/number.h"
 #include "base/report_error.h"
 #include "graph/graph.h"
 #include "images/chart_filling.h"
@@ -34,9 +33,7 @@ std::time_t MidnightOfText(std::string_view text) {
 
 /// Held where the host's corners lie further apart than a number tells.
 std::int32_t WidthOf(const Box& rect) {
-    using Limits = std::numeric_limits<std::int32_t>;
-    const std::int64_t width = std::int64_t{rect.right} - rect.left;
-    return static_cast<std::int32_t>(std::clamp<std::int64_t>(width, Limits::min(), Limits::max()));
+    return ClampToInt32(std::int64_t{rect.right} - rect.left);
 }
 
 void DrawStretched(const AccountChart& chart, CCanvas& canvas, const Box& rect) {

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
+
+#include "base/number.h"
 
 namespace tradebill {
 namespace {
@@ -13,13 +14,6 @@ constexpr double kLargeStep = 100'000.0;
 constexpr double kYieldStep = 0.05;
 constexpr double kLeastYield = 0.05000000074505806;  // 0.05 in single precision
 constexpr double kNoDecimalsOver = 100'000.0;
-
-/// Cut towards zero. What lies beyond the integers becomes the nearest of them, what is no number 0.
-std::int32_t Truncated(double value) {
-    using Limits = std::numeric_limits<std::int32_t>;
-    if (std::isnan(value)) return 0;
-    return static_cast<std::int32_t>(std::clamp<double>(value, Limits::min(), Limits::max()));
-}
 
 double StepOf(double equity) {
     return equity < kLargeStep ? kSmallStep : kLargeStep;
@@ -35,20 +29,20 @@ ChartScale ScaleBetween(double low, double high) {
 
 double FloorToStep(double equity) {
     if (equity < kSmallStep) return 0.0;
-    return Truncated(equity / StepOf(equity)) * StepOf(equity);
+    return TruncateToInt32(equity / StepOf(equity)) * StepOf(equity);
 }
 
 double CeilToStep(double equity) {
     if (equity < kSmallStep) return kSmallStep;
-    return (Truncated(equity / StepOf(equity)) + 1.0) * StepOf(equity);
+    return (TruncateToInt32(equity / StepOf(equity)) + 1.0) * StepOf(equity);
 }
 
 /// A range of whole numbers that the quotient misses by its rounding has one more; a range under 1 never.
 std::int32_t TickIntervals(double range, double tick) {
     const double quotient = range / tick;
     if (!std::isfinite(quotient)) return static_cast<std::int32_t>(kTicks);
-    const std::int32_t intervals = Truncated(quotient);
-    return Truncated(intervals * tick) < Truncated(range) ? intervals + 1 : intervals;
+    const std::int32_t intervals = TruncateToInt32(quotient);
+    return TruncateToInt32(intervals * tick) < TruncateToInt32(range) ? intervals + 1 : intervals;
 }
 
 ChartScale EquityScale(double opening, double lowest, double highest) {
@@ -67,8 +61,8 @@ ChartScale YieldScale(double lowest, double highest) {
     double up = kLeastYield;
     double down = -kLeastYield;
     if (!(std::fabs(high) < kYieldStep && std::fabs(low) < kYieldStep)) {
-        up = (1.0 - Truncated(high / -kYieldStep)) * kYieldStep;
-        down = (-1.0 - Truncated(low / -kYieldStep)) * kYieldStep;
+        up = (1.0 - TruncateToInt32(high / -kYieldStep)) * kYieldStep;
+        down = (-1.0 - TruncateToInt32(low / -kYieldStep)) * kYieldStep;
     }
     const double end = std::max(std::fabs(up), std::fabs(down));
     return ScaleBetween(-end, end);

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "base/number.h"
+
 namespace tradebill {
 
 struct Point {
@@ -29,7 +31,7 @@ struct Box {
 
 /// A coordinate worked out with 64 bits, held at the ends of the range: they are beyond every bitmap too.
 [[nodiscard]] constexpr std::int32_t HeldCoordinate(std::int64_t value) {
-    return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, INT32_MIN, INT32_MAX));
+    return ClampToInt32(value);
 }
 
 /// 0x00BBGGRR.

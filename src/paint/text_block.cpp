@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "base/text.h"
+
 namespace tradebill {
 namespace {
 
@@ -48,23 +50,12 @@ std::vector<ShownLine> LinesOf(std::string_view text) {
     return lines;
 }
 
-/// Bytes of the character that `text` opens with. A byte that opens no pair stands alone.
-std::size_t CharacterLength(std::string_view text) {
-    constexpr unsigned char kFirstLead = 0x81;
-    constexpr unsigned char kLastLead = 0xFE;
-    constexpr unsigned char kFirstTrail = 0x40;
-    if (text.size() < 2) return text.size();
-    const auto lead = static_cast<unsigned char>(text[0]);
-    const auto trail = static_cast<unsigned char>(text[1]);
-    return lead >= kFirstLead && lead <= kLastLead && trail >= kFirstTrail ? 2 : 1;
-}
-
 /// Bytes of the first word with the blanks before it. A double-byte character is a word.
 std::size_t WordLength(std::string_view text) {
     const std::size_t begin = std::min(text.find_first_not_of(' '), text.size());
     std::size_t end = begin;
     while (end < text.size() && text[end] != ' ') {
-        const std::size_t length = CharacterLength(text.substr(end));
+        const std::size_t length = GbkCharacterLength(text.substr(end));
         if (length == 2) return end == begin ? end + length : end;
         end += length;
     }
@@ -118,7 +109,7 @@ public:
 private:
     /// One pixel high, right below the base line.
     void Underline(std::string_view part, std::size_t at) {
-        const std::string_view character = part.substr(at, CharacterLength(part.substr(at)));
+        const std::string_view character = part.substr(at, GbkCharacterLength(part.substr(at)));
         const std::int64_t left = std::int64_t{left_} + canvas_.MeasureText(part.substr(0, at)).width;
         const std::int64_t right = left + canvas_.MeasureText(character).width;
         const std::int64_t top = top_ + canvas_.Metrics().ascent + 1;

@@ -162,6 +162,30 @@ TEST(WrapArithmetic, WrapsAtThirtyTwoBits) {
     EXPECT_EQ(WrapMultiply(INT32_MIN, -1), INT32_MIN);
 }
 
+TEST(SaturatingArithmetic, StopsAtTheEndsOfTheRange) {
+    EXPECT_EQ(ClampToInt32(INT32_MAX), INT32_MAX);
+    EXPECT_EQ(ClampToInt32(std::int64_t{INT32_MAX} + 1), INT32_MAX);
+    EXPECT_EQ(ClampToInt32(INT32_MIN), INT32_MIN);
+    EXPECT_EQ(ClampToInt32(std::int64_t{INT32_MIN} - 1), INT32_MIN);
+    EXPECT_EQ(ClampToInt32(-7), -7);
+}
+
+TEST(SaturatingArithmetic, CutsTowardsZero) {
+    constexpr double kEndless = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(TruncateToInt32(1.99), 1);
+    EXPECT_EQ(TruncateToInt32(-1.99), -1);
+    EXPECT_EQ(TruncateToInt32(2147483647.5), INT32_MAX);
+    EXPECT_EQ(TruncateToInt32(2147483648.0), INT32_MAX);
+    EXPECT_EQ(TruncateToInt32(-2147483648.5), INT32_MIN);
+    EXPECT_EQ(TruncateToInt32(kEndless), INT32_MAX);
+    EXPECT_EQ(TruncateToInt32(-kEndless), INT32_MIN);
+    EXPECT_EQ(TruncateToInt32(std::numeric_limits<double>::quiet_NaN()), 0);
+}
+
+TEST(SmallestAmount, IsTheSinglePrecisionEpsilon) {
+    EXPECT_EQ(kSmallestAmount, std::numeric_limits<float>::epsilon());
+}
+
 TEST(NumberText, WritesAmountsWithTwoDecimals) {
     const struct {
         double amount;

@@ -115,6 +115,17 @@ TEST(TrimForPage, TakesWhiteSpaceThenFullWidthBlanksOffTheLeftOnce) {
     EXPECT_EQ(TrimForPage("cu"), "cu");
 }
 
+TEST(GbkCharacterLength, IsTwoForAPairOfLeadAndTrail) {
+    struct {
+        std::string_view text;
+        std::size_t length;
+    } const kCases[] = {
+        {"", 0},      {"a", 1},     {"ab", 1},       {"\xC2\xF2", 2}, {"\xC2\xF2\xC2", 2}, {"\xC2", 1},
+        {"\x80@", 1}, {"\x81@", 2}, {"\x81\x3F", 1}, {"\xFE\x40", 2}, {"\xFF\x40", 1},
+    };
+    for (const auto& row : kCases) EXPECT_EQ(GbkCharacterLength(row.text), row.length) << row.text;
+}
+
 TEST(SplitText, CutsAtEachDelimiter) {
     EXPECT_EQ(Split("a b c", " "), (Parts{"a", "b", "c"}));
     EXPECT_EQ(Split("a|b|c", "|"), (Parts{"a", "b", "c"}));

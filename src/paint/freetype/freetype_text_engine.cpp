@@ -3,10 +3,10 @@
 
 #include "paint/freetype/text_layout.h"
 #include "paint/raster/blend.h"
-#include "paint/raster/escapement.h"
 #include "paint/raster/raster.h"
 #include "paint/raster/raster_canvas.h"
 #include "paint/raster/text_engine.h"
+#include "paint/raster/turned_text.h"
 
 namespace tradebill {
 namespace {
@@ -43,7 +43,7 @@ public:
     void Write(CBitmap& bitmap, const Box& seen, const Font& font, const TextLine& line) override {
         const std::scoped_lock guard(FontLock());
         const std::int32_t ascent = MetricsOf(font).ascent;
-        const CEscapement places(line.leftTop, font.escapement);
+        const CTurnedText places(line.leftTop, font.escapement);
         for (const PlacedGlyph& glyph : LayOutText(font, line.text)) {
             if (glyph.face == nullptr) {
                 FillGlyphBox(bitmap, seen, places.At(glyph.offset + 1, ascent / 4.0),

@@ -7,8 +7,9 @@
 #include <cmath>
 #include <map>
 #include <memory>
-#include <numbers>
 #include <tuple>
+
+#include "paint/escapement.h"
 
 namespace tradebill {
 namespace {
@@ -82,7 +83,7 @@ FT_Pos StrengthAt(std::int32_t pixelsPerEm) {
 
 /// Counter-clockwise by tenths of a degree.
 void Turn(FT_Outline& outline, std::int32_t escapement) {
-    const double angle = escapement * std::numbers::pi / 1800;
+    const double angle = EscapementRadians(escapement);
     const auto cosine = static_cast<FT_Fixed>(std::cos(angle) * 0x10000);
     const auto sine = static_cast<FT_Fixed>(std::sin(angle) * 0x10000);
     const FT_Matrix matrix{cosine, -sine, sine, cosine};

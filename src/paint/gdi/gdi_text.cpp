@@ -1,6 +1,6 @@
 #include "paint/gdi/gdi_text.h"
 
-#include "paint/raster/escapement.h"
+#include "paint/raster/turned_text.h"
 #include "platform/windows/wide_text.h"
 
 namespace tradebill {
@@ -88,7 +88,7 @@ TextMetrics CGdiText::Metrics() {
 void CGdiText::Write(Point point, std::string_view text) {
     const std::int32_t ascent = Metrics().ascent;
     const UINT former = ::SetTextAlign(context_, TA_LEFT | TA_BASELINE);  // so that both faces stand on one line
-    const CEscapement places(point, font_.escapement);
+    const CTurnedText places(point, font_.escapement);
     std::int32_t along = 0;
     for (const Run& run : RunsOf(WideOf(text))) {
         const std::int32_t width = WidthOf(run);

@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "paint/raster/blend.h"
-#include "paint/raster/escapement.h"
 #include "paint/raster/raster.h"
 #include "paint/raster/text_engine.h"
+#include "paint/raster/turned_text.h"
 
 namespace tradebill {
 namespace {
@@ -95,7 +95,7 @@ private:
     /// The corners of all cells of a text together.
     [[nodiscard]] Figure CellsOf(Point leftTop, std::string_view text) const {
         const TextExtent extent = texts_->Measure(font_, text);
-        const CEscapement places(leftTop, font_.escapement);
+        const CTurnedText places(leftTop, font_.escapement);
         return {places.At(0, 0), places.At(extent.width, 0), places.At(extent.width, extent.height),
                 places.At(0, extent.height)};
     }

@@ -3,21 +3,21 @@
 
 #include <cmath>
 #include <cstdint>
-#include <numbers>
 
+#include "paint/escapement.h"
 #include "paint/geometry.h"
 #include "paint/raster/raster.h"
 
 namespace tradebill {
 
 /// Places along a text and down from its left top corner, for a font's escapement.
-class CEscapement {
+class CTurnedText {
 public:
     /// `escapement` in tenths of a degree, counter-clockwise.
-    CEscapement(Point leftTop, std::int32_t escapement)
+    CTurnedText(Point leftTop, std::int32_t escapement)
         : leftTop_(leftTop),
-          cosine_(std::cos(escapement * std::numbers::pi / 1800)),
-          sine_(std::sin(escapement * std::numbers::pi / 1800)) {}
+          cosine_(std::cos(EscapementRadians(escapement))),
+          sine_(std::sin(EscapementRadians(escapement))) {}
 
     [[nodiscard]] FarPoint At(double along, double down) const {
         return {leftTop_.x + std::llround(along * cosine_ + down * sine_),
