@@ -1,5 +1,5 @@
 // A chart that knows nothing of accounts: a caller fills a CGraph with series, colours and scale and asks it once to
-// paint itself. graph_layout.cpp shares out the rectangle; graph_title.cpp, graph_axes.cpp, graph_labels.cpp,
+// paint itself. graph_layout.cpp shares out the rectangle; graph_title.cpp, plain_axes.cpp, position_labels.cpp,
 // crossed_axes.cpp and box_axes.cpp draw what stands around the data; graph_painters.h lists the painters of the data,
 // one for each kind of chart.
 #pragma once
@@ -200,7 +200,7 @@ private:
     template <class TextOfTick>
     [[nodiscard]] std::string Longest(TextOfTick textOf) const;
 
-    // graph_axes.cpp, graph_labels.cpp
+    // plain_axes.cpp, position_labels.cpp
     void DrawPlainAxes(CCanvas& canvas);
     void DrawAxisLines(CCanvas& canvas) const;
     void DrawYTitle(CCanvas& canvas) const;
