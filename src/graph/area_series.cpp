@@ -1,8 +1,10 @@
-// Bands between the lines of neighbouring groups, and one under the first.
+#include "graph/area_series.h"
+
 #include <cstddef>
+#include <optional>
+#include <vector>
 
 #include "graph/graph_measures.h"
-#include "graph/graph_painters.h"
 #include "graph/graph_plane.h"
 
 namespace tradebill {
@@ -16,8 +18,8 @@ constexpr std::int32_t kOverlap = 2;  ///< pixels that a band rises over its low
 /// The points of a group, one per position; nothing where its value is missing.
 using Edge = std::vector<std::optional<Point>>;
 
-Edge EdgeOf(const CGraph& graph, std::int32_t group) {
-    const CPlotPlane plane(graph);
+Edge EdgeOf(const CGraph& graph, const GraphLayout& layout, std::int32_t group) {
+    const CPlotPlane plane(graph, layout);
     const std::size_t count = graph.graphSeries.size();
     Edge edge;
     for (std::size_t position = 1; position <= count; ++position) {
@@ -51,12 +53,11 @@ void FillBand(CCanvas& canvas, const Edge& lower, const Edge& upper) {
     });
 }
 
-void FillGround(const CGraph& graph, CCanvas& canvas, const Edge& edge) {
+void FillGround(CCanvas& canvas, const GraphLayout& layout, const Edge& edge) {
     const CPenScope pen(canvas, kGroundPen);
     const CBrushScope brush(canvas, kGroundColor);
-    const bool isLying = IsLying(graph);
     const auto onAxis = [&](Point point) {
-        return isLying ? Point{graph.xApexPoint, point.y} : Point{point.x, graph.yApexPoint};
+        return layout.axes.isLying ? Point{layout.xApexPoint, point.y} : Point{point.x, layout.yApexPoint};
     };
     ForEachPart(edge, [&](std::size_t, Point from, Point to) {
         const Point corners[] = {from, to, onAxis(to), onAxis(from)};
@@ -66,14 +67,14 @@ void FillGround(const CGraph& graph, CCanvas& canvas, const Edge& edge) {
 
 }  // namespace
 
-void DrawAreaSeries(CGraph& graph, CCanvas& canvas) {
+void DrawAreaSeries(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout) {
     if (graph.graphSeries.size() < 2) return;
     std::vector<Edge> edges;
-    for (std::int32_t group = 0; group < graph.Groups(); ++group) edges.push_back(EdgeOf(graph, group));
+    for (std::int32_t group = 0; group < graph.Groups(); ++group) edges.push_back(EdgeOf(graph, layout, group));
     for (std::size_t upper = 1; upper < edges.size(); ++upper) FillBand(canvas, edges[upper - 1], edges[upper]);
-    if (!edges.empty()) FillGround(graph, canvas, edges.front());
+    if (!edges.empty()) FillGround(canvas, layout, edges.front());
     for (std::int32_t group = 0; group < graph.Groups(); ++group) {
-        const CPenScope pen(canvas, {.width = graph.lineWidth, .color = graph.GroupColor(group)});
+        const CPenScope pen(canvas, SeriesPen(graph, graph.GroupColor(group)));
         ForEachPart(edges[static_cast<std::size_t>(group)],
                     [&](std::size_t, Point from, Point to) { DrawLineBetween(canvas, from, to); });
     }

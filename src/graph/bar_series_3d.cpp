@@ -1,16 +1,16 @@
-// Bars with a side and a top.
+#include "graph/bar_series_3d.h"
+
 #include <algorithm>
+#include <span>
 
 #include "graph/bar_slots.h"
-#include "graph/graph_measures.h"
-#include "graph/graph_painters.h"
 #include "graph/shades.h"
 
 namespace tradebill {
 namespace {
 
 constexpr double kSolidShare = 0.8;
-constexpr std::int32_t kShade = 35;
+constexpr std::int32_t kShade = 35;  ///< of the side, and of the light on the top
 
 void PaintPolygon(CCanvas& canvas, Color color, std::span<const Point> corners) {
     const CPenScope pen(canvas, {.width = 1, .color = color});
@@ -19,13 +19,14 @@ void PaintPolygon(CCanvas& canvas, Color color, std::span<const Point> corners) 
 }
 
 /// Side and top are the face's right and upper edge, moved up and to the right.
-void PaintSolidBar(const CGraph& graph, CCanvas& canvas, std::int32_t group, const Box& bar) {
+void PaintSolidBar(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout, std::int32_t group,
+                   const Box& bar) {
     const Color color = graph.GroupColor(group);
     const std::int32_t left = std::min(bar.left, bar.right);
     const std::int32_t right = std::max(bar.left, bar.right) - 1;  // a rectangle's last column and row
     const std::int32_t top = std::min(bar.top, bar.bottom);
     const std::int32_t bottom = std::max(bar.top, bar.bottom) - 1;
-    const std::int32_t depth = graph.depth;
+    const std::int32_t depth = layout.depth;
     {
         const CPenScope pen(canvas, {.width = 1, .color = color});
         const CBrushScope brush(canvas, color);
@@ -39,12 +40,12 @@ void PaintSolidBar(const CGraph& graph, CCanvas& canvas, std::int32_t group, con
 
 }  // namespace
 
-void DrawBar3dSeries(CGraph& graph, CCanvas& canvas) {
-    PaintGroupedBars(graph, canvas, kSolidShare, PaintSolidBar);
+void DrawBar3dSeries(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout) {
+    PaintGroupedBars(canvas, graph, layout, kSolidShare, PaintSolidBar);
 }
 
-void DrawStackedBar3dSeries(CGraph& graph, CCanvas& canvas) {
-    PaintStackedBars(graph, canvas, kSolidShare, &CPlotPlane::LineHeight, PaintSolidBar);
+void DrawStackedBar3dSeries(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout) {
+    PaintStackedBars(canvas, graph, layout, kSolidShare, &CPlotPlane::LineHeight, PaintSolidBar);
 }
 
 }  // namespace tradebill

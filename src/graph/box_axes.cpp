@@ -1,127 +1,109 @@
-// Back wall and floor of the three-dimensional kinds. Depth runs up and to the right; values are read on the back wall.
-#include "graph/graph_axes.h"
+#include "graph/box_axes.h"
+
+#include <span>
+#include <vector>
+
+#include "graph/axis_titles.h"
 #include "graph/graph_measures.h"
-#include "graph/graph_plane.h"
-#include "graph/row_labels.h"
+#include "graph/position_labels.h"
 #include "graph/value_marks.h"
 
 namespace tradebill {
 namespace {
 
 constexpr Color kWallGridColor = 0x808080;
-constexpr std::int32_t kUpwards = 900;
 
-class CBoxAxes {
-public:
-    /// While it lives the apex of the chart stands at the back.
-    CBoxAxes(CGraph& graph, CCanvas& canvas) : graph_(graph), canvas_(canvas) {
-        graph_.depth = ToPixel(graph_.yAxisHeight * graph_.depthRatio);
-        graph_.xAxisWidth -= graph_.depth;
-        graph_.yAxisHeight -= graph_.depth;
-        graph_.xApexPoint += graph_.depth;
-        graph_.yApexPoint -= graph_.depth;
-    }
-    ~CBoxAxes() {
-        graph_.xApexPoint -= graph_.depth;
-        graph_.yApexPoint += graph_.depth;
-    }
-    CBoxAxes(const CBoxAxes&) = delete;
-    CBoxAxes& operator=(const CBoxAxes&) = delete;
+/// The wall at the back of the box, whose front has the apex of the layout.
+struct BackWall {
+    Point origin;  ///< its lower left corner
+    std::int32_t width;
+    std::int32_t height;
+    std::int32_t depth;
 
-    void Draw() {
-        const std::int32_t length = IsLying(graph_) ? graph_.xAxisWidth : graph_.yAxisHeight;
-        const std::vector<ValueMark> marks = MarksOf(graph_, {length, 0, false});
-        if (graph_.graphHasGridLines == 1) DrawGrid(marks);
-        DrawWalls();
-        const CFontScope font(canvas_, ChartFont(kTahoma, graph_.tickFontSize));
-        if (IsLying(graph_)) {
-            DrawFloorTicks(marks);
-        } else {
-            DrawWallTicks(marks);
-        }
-    }
-
-private:
-    [[nodiscard]] Point ToFront(Point back) const { return {back.x - graph_.depth, back.y + graph_.depth}; }
-
-    /// A fifth of the depth, away from the box.
-    void DrawTick(Point at) {
-        const std::int32_t outwardX = ToPixel(graph_.depth * -0.2);
-        const std::int32_t outwardY = ToPixel(graph_.depth * 0.2);
-        DrawLineBetween(canvas_, at, {at.x + outwardX, at.y + outwardY});
-    }
-
-    void DrawGrid(const std::vector<ValueMark>& marks) {
-        const CPenScope pen(canvas_, {.width = 1, .color = kWallGridColor});
-        const auto [x, y] = Point{graph_.xApexPoint, graph_.yApexPoint};
-        for (const ValueMark& mark : marks) {
-            if (IsLying(graph_)) {
-                DrawLineBetween(canvas_, ToFront({x + mark.offset, y}), {x + mark.offset, y});
-                DrawLineBetween(canvas_, {x + mark.offset, y}, {x + mark.offset, y - graph_.yAxisHeight});
-            } else {
-                DrawLineBetween(canvas_, {x, y - mark.offset}, {x + graph_.xAxisWidth, y - mark.offset});
-            }
-        }
-    }
-
-    void DrawWalls() {
-        const CPenScope pen(canvas_, kAxisPen);
-        const Point origin{graph_.xApexPoint, graph_.yApexPoint};
-        const Point right{origin.x + graph_.xAxisWidth, origin.y};
-        const Point topRight{right.x, right.y - graph_.yAxisHeight};
-        const Point topLeft{origin.x, topRight.y};
-        const Point wall[] = {origin, right, topRight, topLeft, origin};
-        const Point floor[] = {origin, ToFront(origin), ToFront(right), right};
-        DrawOutline(wall);
-        DrawOutline(floor);
-    }
-
-    void DrawOutline(std::span<const Point> corners) {
-        canvas_.MoveTo(corners.front());
-        for (const Point corner : corners.subspan(1)) canvas_.LineTo(corner);
-    }
-
-    void DrawWallTicks(const std::vector<ValueMark>& marks) {
-        for (const ValueMark& mark : marks) {
-            const Point at{graph_.xApexPoint, graph_.yApexPoint - mark.offset};
-            DrawTick(at);
-            const TextExtent extent = canvas_.MeasureText(mark.text);
-            canvas_.WriteText({ToFront(at).x - extent.width - 10, at.y - extent.height / 2}, mark.text);
-            graph_.yAxisLast = at.y;
-        }
-    }
-
-    void DrawFloorTicks(const std::vector<ValueMark>& marks) {
-        for (const ValueMark& mark : marks) {
-            const Point at = ToFront({graph_.xApexPoint + mark.offset, graph_.yApexPoint});
-            DrawTick(at);
-            canvas_.WriteText({at.x - canvas_.MeasureText(mark.text).width / 2, at.y + 8}, mark.text);
-            graph_.xAxisLast = at.x;
-        }
-    }
-
-    CGraph& graph_;
-    CCanvas& canvas_;
+    [[nodiscard]] Point ToFront(Point back) const { return {back.x - depth, back.y + depth}; }
 };
 
-/// Upwards along the wall.
-void DrawTurnedYTitle(const CGraph& graph, CCanvas& canvas) {
-    if (graph.axisYLabel.empty()) return;
-    const CFontScope font(canvas, ChartFont(kTahoma, graph.AxisTitleHeight(), kUpwards));
-    const std::int32_t width = canvas.MeasureText(graph.axisYLabel).width;
-    const std::int32_t middle = graph.yApexPoint - graph.yAxisHeight / 2;
-    canvas.WriteText({graph.outline.left + 10, middle + width / 2}, graph.axisYLabel);
+BackWall BackWallOf(const GraphLayout& layout) {
+    return {{layout.xApexPoint + layout.depth, layout.yApexPoint - layout.depth},
+            layout.xAxisWidth,
+            layout.yAxisHeight,
+            layout.depth};
+}
+
+/// Of upright values across the wall, of lying ones along the floor and up the wall.
+void DrawBoxGrid(CCanvas& canvas, const BackWall& wall, bool isLying, const std::vector<ValueMark>& marks) {
+    const CPenScope pen(canvas, {.width = 1, .color = kWallGridColor});
+    const auto [x, y] = wall.origin;
+    for (const ValueMark& mark : marks) {
+        if (isLying) {
+            const Point foot{x + mark.offset, y};
+            DrawLineBetween(canvas, wall.ToFront(foot), foot);
+            DrawLineBetween(canvas, foot, {foot.x, y - wall.height});
+        } else {
+            DrawLineBetween(canvas, {x, y - mark.offset}, {x + wall.width, y - mark.offset});
+        }
+    }
+}
+
+void DrawOutline(CCanvas& canvas, std::span<const Point> corners) {
+    canvas.MoveTo(corners.front());
+    for (const Point corner : corners.subspan(1)) canvas.LineTo(corner);
+}
+
+void DrawWalls(CCanvas& canvas, const BackWall& wall) {
+    const CPenScope pen(canvas, kAxisPen);
+    const Point origin = wall.origin;
+    const Point right{origin.x + wall.width, origin.y};
+    const Point topRight{right.x, right.y - wall.height};
+    const Point topLeft{origin.x, topRight.y};
+    const Point back[] = {origin, right, topRight, topLeft, origin};
+    const Point floor[] = {origin, wall.ToFront(origin), wall.ToFront(right), right};
+    DrawOutline(canvas, back);
+    DrawOutline(canvas, floor);
+}
+
+void DrawWallMarks(CCanvas& canvas, const BackWall& wall, const std::vector<ValueMark>& marks) {
+    for (const ValueMark& mark : marks) {
+        const Point at{wall.origin.x, wall.origin.y - mark.offset};
+        DrawDepthTick(canvas, wall.depth, at);
+        const TextExtent extent = canvas.MeasureText(mark.text);
+        canvas.WriteText({wall.ToFront(at).x - extent.width - 10, at.y - extent.height / 2}, mark.text);
+    }
+}
+
+void DrawFloorMarks(CCanvas& canvas, const BackWall& wall, const std::vector<ValueMark>& marks) {
+    for (const ValueMark& mark : marks) {
+        const Point at = wall.ToFront({wall.origin.x + mark.offset, wall.origin.y});
+        DrawDepthTick(canvas, wall.depth, at);
+        canvas.WriteText({at.x - canvas.MeasureText(mark.text).width / 2, at.y + 8}, mark.text);
+    }
+}
+
+void DrawBox(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout) {
+    const BackWall wall = BackWallOf(layout);
+    const bool isLying = layout.axes.isLying;
+    const std::vector<ValueMark> marks = MarksOf(graph, layout.axes, {isLying ? wall.width : wall.height, 0, false});
+    if (graph.graphHasGridLines == 1) DrawBoxGrid(canvas, wall, isLying, marks);
+    DrawWalls(canvas, wall);
+    const CFontScope font(canvas, ChartFont(kTahoma, graph.tickFontSize));
+    if (isLying) {
+        DrawFloorMarks(canvas, wall, marks);
+    } else {
+        DrawWallMarks(canvas, wall, marks);
+    }
 }
 
 }  // namespace
 
-void DrawBoxAxes(CGraph& graph, CCanvas& canvas) {
-    CBoxAxes(graph, canvas).Draw();
-    if (IsLying(graph)) {
-        DrawRowLabels(graph, canvas, {.edge = graph.xApexPoint, .tick = graph.xApexPoint});
-        DrawLyingTitles(graph, canvas);
+void DrawBoxAxes(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout) {
+    DrawBox(canvas, graph, layout);
+    if (layout.axes.isLying) {
+        DrawRowLabels(canvas, graph, layout, {.edge = layout.xApexPoint, .tick = layout.xApexPoint});
+        DrawLyingTitles(canvas, graph, layout);
     } else {
-        DrawTurnedYTitle(graph, canvas);
+        DrawTurnedYTitle(canvas, graph, layout);
+        DrawXTitle(canvas, graph, layout);
+        DrawPositionLabels(canvas, graph, layout);
     }
 }
 

@@ -1,11 +1,11 @@
-// Box plots: whiskers to the ends of a position's values, a box between their quartiles, a line at the median.
-#include <algorithm>
-#include <cmath>
-#include <limits>
-#include <span>
+#include "graph/box_series.h"
 
+#include <algorithm>
+#include <span>
+#include <vector>
+
+#include "base/number.h"
 #include "graph/graph_measures.h"
-#include "graph/graph_painters.h"
 #include "graph/graph_plane.h"
 
 namespace tradebill {
@@ -15,11 +15,6 @@ constexpr double kBoxShare = 0.8;
 constexpr Pen kMedianPen{.width = 1, .color = 0x0000FF};
 constexpr std::int32_t kCap = 3;
 constexpr std::int32_t kHalfStem = 2;
-
-std::int32_t WholeNumber(double value) {
-    constexpr std::int32_t kEnd = std::numeric_limits<std::int32_t>::max();
-    return value >= kEnd ? kEnd : static_cast<std::int32_t>(value);
-}
 
 /// Of rising numbers; at least one.
 std::int32_t MiddleOf(std::span<const std::int32_t> numbers) {
@@ -43,57 +38,55 @@ FiveNumbers Summarize(std::span<const std::int32_t> numbers) {
 std::vector<std::int32_t> RisingValues(const CGraphSeries& series) {
     std::vector<std::int32_t> numbers;
     for (const auto& data : series.dataValues) {
-        if (data->yValue > -1.0) numbers.push_back(WholeNumber(data->yValue));
+        if (data->yValue > -1.0) numbers.push_back(TruncateToInt32(data->yValue));
     }
     std::ranges::sort(numbers);
     return numbers;
 }
 
-class CBoxPainter {
-public:
-    CBoxPainter(const CGraph& graph, CCanvas& canvas)
-        : graph_(graph),
-          canvas_(canvas),
-          plane_(graph),
-          thickness_(ToPixel(plane_.Slot() * kBoxShare)),
-          tickPixels_(graph.TickCount() > 0 ? (plane_.ValueLength() - 10) / graph.TickCount() : 0) {}
+/// Heights of whole numbers, in whole pixels a tick.
+struct BoxScale {
+    double minTick;
+    double tickSpace;
+    std::int32_t tickPixels;
 
-    void Draw(std::size_t position, const FiveNumbers& numbers) {
-        const std::int32_t along = plane_.SlotMiddle(position) - thickness_ / 2;
-        const std::int32_t least = HeightOf(numbers.least);
-        const std::int32_t greatest = HeightOf(numbers.greatest);
-        const std::int32_t median = HeightOf(numbers.median);
-        const CBrushScope brush(canvas_, Color{0});
-        canvas_.Rectangle(plane_.Bar(along, thickness_, greatest - kCap, greatest));
-        canvas_.Rectangle(plane_.Bar(along, thickness_, least, least + kCap));
-        canvas_.Rectangle(plane_.Bar(along + thickness_ / 2 - kHalfStem, 2 * kHalfStem, least, greatest));
-        canvas_.Rectangle(
-            plane_.Bar(along, thickness_, HeightOf(numbers.lowerQuartile), HeightOf(numbers.upperQuartile)));
-        const CPenScope pen(canvas_, kMedianPen);
-        DrawLineBetween(canvas_, plane_.At(along, median), plane_.At(along + thickness_, median));
-    }
-
-private:
-    /// Whole pixels a tick.
     [[nodiscard]] std::int32_t HeightOf(std::int32_t value) const {
-        return ToPixel((value - graph_.minTick) / graph_.tickSpace * tickPixels_);
+        return ToPixel((value - minTick) / tickSpace * tickPixels);
     }
-
-    const CGraph& graph_;
-    CCanvas& canvas_;
-    CPlotPlane plane_;
-    std::int32_t thickness_;
-    std::int32_t tickPixels_;
 };
+
+BoxScale BoxScaleOf(const CGraph& graph, const CPlotPlane& plane) {
+    const std::int32_t count = graph.TickCount();
+    return {graph.minTick, graph.tickSpace, count > 0 ? (plane.ValueLength() - 10) / count : 0};
+}
+
+void DrawBoxPlot(CCanvas& canvas, const CPlotPlane& plane, const BoxScale& scale, std::size_t position,
+                 const FiveNumbers& numbers) {
+    const std::int32_t thickness = ToPixel(plane.Slot() * kBoxShare);
+    const std::int32_t along = plane.SlotMiddle(position) - thickness / 2;
+    const std::int32_t stem = along + thickness / 2 - kHalfStem;
+    const std::int32_t least = scale.HeightOf(numbers.least);
+    const std::int32_t greatest = scale.HeightOf(numbers.greatest);
+    const std::int32_t lower = scale.HeightOf(numbers.lowerQuartile);
+    const std::int32_t upper = scale.HeightOf(numbers.upperQuartile);
+    const std::int32_t median = scale.HeightOf(numbers.median);
+    const CBrushScope brush(canvas, Color{0});
+    canvas.Rectangle(plane.Bar(along, thickness, greatest - kCap, greatest));
+    canvas.Rectangle(plane.Bar(along, thickness, least, least + kCap));
+    canvas.Rectangle(plane.Bar(stem, 2 * kHalfStem, least, greatest));
+    canvas.Rectangle(plane.Bar(along, thickness, lower, upper));
+    const CPenScope pen(canvas, kMedianPen);
+    DrawLineBetween(canvas, plane.At(along, median), plane.At(along + thickness, median));
+}
 
 }  // namespace
 
-void DrawBoxSeries(CGraph& graph, CCanvas& canvas) {
-    CBoxPainter painter(graph, canvas);
+void DrawBoxSeries(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout) {
+    const CPlotPlane plane(graph, layout);
+    const BoxScale scale = BoxScaleOf(graph, plane);
     for (std::size_t position = 1; position <= graph.graphSeries.size(); ++position) {
         const std::vector<std::int32_t> numbers = RisingValues(*graph.graphSeries[position - 1]);
-        graph.seriesSize = static_cast<std::int32_t>(numbers.size());
-        if (!numbers.empty()) painter.Draw(position, Summarize(numbers));
+        if (!numbers.empty()) DrawBoxPlot(canvas, plane, scale, position, Summarize(numbers));
     }
 }
 

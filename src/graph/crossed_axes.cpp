@@ -1,105 +1,102 @@
-// Axes of lying charts, scattered dots and the quadrants. Ticks stand on the axes, their texts at the edges of the
-// plot, where no bar runs through them.
-#include "base/number.h"
-#include "graph/graph_axes.h"
+#include "graph/crossed_axes.h"
+
+#include "graph/axis_titles.h"
 #include "graph/graph_measures.h"
 #include "graph/graph_plane.h"
-#include "graph/row_labels.h"
-#include "graph/value_marks.h"
+#include "graph/position_labels.h"
 
 namespace tradebill {
 namespace {
 
-constexpr Color kCrossedGridColor = 0x808080;
+constexpr Color kCentredGridColor = 0x808080;
 constexpr Color kBetweenColor = 0xE1E1E1;
 
 /// The rectangle that the axes run through.
-Box PlotOf(const CGraph& graph) {
-    const CPlotPlane plane(graph);
-    const bool overshoots = !IsXCentred(graph) && !IsLying(graph) && graph.graphType != kScatterGraph;
-    return {plane.Left(), plane.Bottom() - graph.yAxisHeight, plane.Left() + graph.xAxisWidth + (overshoots ? 5 : 0),
+Box PlotBox(const CGraph& graph, const GraphLayout& layout) {
+    const CPlotPlane plane(graph, layout);
+    const bool overshoots = !layout.axes.isXCentred && !layout.axes.isLying && graph.graphType != kScatterGraph;
+    return {plane.Left(), plane.Bottom() - layout.yAxisHeight, plane.Left() + layout.xAxisWidth + (overshoots ? 5 : 0),
             plane.Bottom()};
 }
 
-Color GridColor(const CGraph& graph, const ValueMark& mark) {
-    if (mark.isBetween) return kBetweenColor;
-    return IsXCentred(graph) || IsYCentred(graph) ? kCrossedGridColor : kGridColor;
+Pen GridPen(const AxisArrangement& axes, const ValueMark& mark) {
+    if (mark.isBetween) return {.width = 1, .color = kBetweenColor};
+    return {.width = 1, .color = axes.IsCentred() ? kCentredGridColor : kGridColor};
 }
 
-class CCrossedAxes {
-public:
-    CCrossedAxes(CGraph& graph, CCanvas& canvas) : graph_(graph), canvas_(canvas), plot_(PlotOf(graph)) {}
-
-    void Draw() {
-        const bool isScatter = graph_.graphType == kScatterGraph;
-        std::vector<ValueMark> yMarks;
-        std::vector<ValueMark> xMarks;
-        if (isScatter || !IsLying(graph_)) yMarks = MarksOf(graph_, {graph_.yAxisHeight, 10, IsYCentred(graph_)});
-        if (isScatter || IsLying(graph_)) {
-            xMarks = MarksOf(graph_, {graph_.xAxisWidth, isScatter ? 20 : 0, IsXCentred(graph_)});
-        }
-        if (graph_.graphHasGridLines == 1) DrawGrid(xMarks, yMarks);
-        DrawLines();
-        const CFontScope font(canvas_, ChartFont(kTahoma, graph_.tickFontSize));
-        DrawYTicks(yMarks);
-        DrawXTicks(xMarks);
+void DrawCrossedGrid(CCanvas& canvas, const GraphLayout& layout, const Box& plot, const CrossedMarks& marks) {
+    for (const ValueMark& mark : marks.y) {
+        const CPenScope pen(canvas, GridPen(layout.axes, mark));
+        const std::int32_t y = layout.yApexPoint - mark.offset;
+        DrawLineBetween(canvas, {plot.left, y}, {plot.right, y});
     }
-
-private:
-    void DrawGrid(const std::vector<ValueMark>& xMarks, const std::vector<ValueMark>& yMarks) {
-        for (const ValueMark& mark : yMarks) {
-            const CPenScope pen(canvas_, {.width = 1, .color = GridColor(graph_, mark)});
-            const std::int32_t y = graph_.yApexPoint - mark.offset;
-            DrawLineBetween(canvas_, {plot_.left, y}, {plot_.right, y});
-        }
-        for (const ValueMark& mark : xMarks) {
-            const CPenScope pen(canvas_, {.width = 1, .color = GridColor(graph_, mark)});
-            const std::int32_t x = graph_.xApexPoint + mark.offset;
-            DrawLineBetween(canvas_, {x, plot_.top}, {x, plot_.bottom});
-        }
+    for (const ValueMark& mark : marks.x) {
+        const CPenScope pen(canvas, GridPen(layout.axes, mark));
+        const std::int32_t x = layout.xApexPoint + mark.offset;
+        DrawLineBetween(canvas, {x, plot.top}, {x, plot.bottom});
     }
+}
 
-    void DrawLines() {
-        const CPenScope pen(canvas_, kAxisPen);
-        DrawLineBetween(canvas_, {graph_.xApexPoint, plot_.bottom}, {graph_.xApexPoint, plot_.top});
-        DrawLineBetween(canvas_, {plot_.left, graph_.yApexPoint}, {plot_.right, graph_.yApexPoint});
+void DrawCrossedLines(CCanvas& canvas, const GraphLayout& layout, const Box& plot) {
+    const CPenScope pen(canvas, kAxisPen);
+    DrawLineBetween(canvas, {layout.xApexPoint, plot.bottom}, {layout.xApexPoint, plot.top});
+    DrawLineBetween(canvas, {plot.left, layout.yApexPoint}, {plot.right, layout.yApexPoint});
+}
+
+void DrawYMarks(CCanvas& canvas, const GraphLayout& layout, const Box& plot, const std::vector<ValueMark>& marks) {
+    for (const ValueMark& mark : marks) {
+        if (mark.isBetween) continue;
+        const auto [x, y] = Point{layout.xApexPoint, layout.yApexPoint - mark.offset};
+        DrawLineBetween(canvas, {x - kHalfTick, y}, {x + kHalfTick, y});
+        const TextExtent extent = canvas.MeasureText(mark.text);
+        canvas.WriteText({plot.left - extent.width - 10, y - extent.height / 2}, mark.text);
     }
+}
 
-    void DrawYTicks(const std::vector<ValueMark>& marks) {
-        for (const ValueMark& mark : marks) {
-            if (mark.isBetween) continue;
-            const std::int32_t y = graph_.yApexPoint - mark.offset;
-            DrawLineBetween(canvas_, {graph_.xApexPoint - 3, y}, {graph_.xApexPoint + 3, y});
-            const TextExtent extent = canvas_.MeasureText(mark.text);
-            canvas_.WriteText({plot_.left - extent.width - 10, y - extent.height / 2}, mark.text);
-            graph_.yAxisLast = y;
-        }
+void DrawXMarks(CCanvas& canvas, const GraphLayout& layout, const Box& plot, const std::vector<ValueMark>& marks) {
+    for (const ValueMark& mark : marks) {
+        if (mark.isBetween) continue;
+        const auto [x, y] = Point{layout.xApexPoint + mark.offset, layout.yApexPoint};
+        DrawLineBetween(canvas, {x, y - kHalfTick}, {x, y + kHalfTick});
+        canvas.WriteText({x - canvas.MeasureText(mark.text).width / 2, plot.bottom + 8}, mark.text);
     }
+}
 
-    void DrawXTicks(const std::vector<ValueMark>& marks) {
-        for (const ValueMark& mark : marks) {
-            if (mark.isBetween) continue;
-            const std::int32_t x = graph_.xApexPoint + mark.offset;
-            DrawLineBetween(canvas_, {x, graph_.yApexPoint - 3}, {x, graph_.yApexPoint + 3});
-            canvas_.WriteText({x - canvas_.MeasureText(mark.text).width / 2, plot_.bottom + 8}, mark.text);
-            graph_.xAxisLast = x;
-        }
-    }
-
-    CGraph& graph_;
-    CCanvas& canvas_;
-    Box plot_;
-};
+void DrawAxesWithMarks(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout) {
+    const Box plot = PlotBox(graph, layout);
+    const CrossedMarks marks = CrossedMarksOf(graph, layout);
+    if (graph.graphHasGridLines == 1) DrawCrossedGrid(canvas, layout, plot, marks);
+    DrawCrossedLines(canvas, layout, plot);
+    const CFontScope font(canvas, ChartFont(kTahoma, graph.tickFontSize));
+    DrawYMarks(canvas, layout, plot, marks.y);
+    DrawXMarks(canvas, layout, plot, marks.x);
+}
 
 }  // namespace
 
-void DrawCrossedAxes(CGraph& graph, CCanvas& canvas) {
-    CCrossedAxes(graph, canvas).Draw();
-    if (!IsLying(graph)) return;
-    const CPlotPlane plane(graph);
-    if (graph.graphType != kScatterGraph)
-        DrawRowLabels(graph, canvas, {.edge = plane.Left(), .tick = graph.xApexPoint});
-    DrawLyingTitles(graph, canvas);
+CrossedMarks CrossedMarksOf(const CGraph& graph, const GraphLayout& layout) {
+    const AxisArrangement& axes = layout.axes;
+    const bool isScatter = graph.graphType == kScatterGraph;
+    CrossedMarks marks;
+    if (isScatter || !axes.isLying) marks.y = MarksOf(graph, axes, {layout.yAxisHeight, 10, axes.isYCentred});
+    if (isScatter || axes.isLying) {
+        marks.x = MarksOf(graph, axes, {layout.xAxisWidth, isScatter ? 20 : 0, axes.isXCentred});
+    }
+    return marks;
+}
+
+void DrawCrossedAxes(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout) {
+    const bool hasLabels = graph.graphType != kScatterGraph;
+    DrawAxesWithMarks(canvas, graph, layout);
+    if (layout.axes.isLying) {
+        const std::int32_t edge = CPlotPlane(graph, layout).Left();
+        if (hasLabels) DrawRowLabels(canvas, graph, layout, {.edge = edge, .tick = layout.xApexPoint});
+        DrawLyingTitles(canvas, graph, layout);
+    } else {
+        DrawYTitle(canvas, graph, layout);
+        DrawXTitle(canvas, graph, layout);
+        if (hasLabels) DrawPositionLabels(canvas, graph, layout);
+    }
 }
 
 }  // namespace tradebill

@@ -4,8 +4,16 @@
 
 #include "base/gbk.h"
 #include "base/text.h"
+#include "graph/box_axes.h"
+#include "graph/crossed_axes.h"
+#include "graph/graph_kinds.h"
+#include "graph/graph_layout.h"
 #include "graph/graph_measures.h"
-#include "graph/graph_painters.h"
+#include "graph/graph_title.h"
+#include "graph/line_series.h"
+#include "graph/plain_axes.h"
+#include "graph/second_axis.h"
+#include "graph/second_bars.h"
 
 namespace tradebill {
 namespace {
@@ -13,26 +21,20 @@ namespace {
 /// Groups without data are painted as zeros, which need not be more.
 constexpr std::int32_t kMostGroups = 1'000;
 
-struct GraphPainter {
-    std::int32_t kind;
-    bool isArea;  ///< only with `fillArea`
-    void (*draw)(CGraph& graph, CCanvas& canvas);
-};
+/// Axes with their ticks, labels and titles; nothing for charts without axes.
+void DrawAxes(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout) {
+    if (layout.axes.style == AxisStyle::None) return;
+    canvas.SelectTextColor(kAxisColor);
+    const CFontScope font(canvas, ChartFont(kTahoma, 12));
+    if (layout.axes.style == AxisStyle::Plain) DrawPlainAxes(canvas, graph, layout);
+    if (layout.axes.style == AxisStyle::Crossed) DrawCrossedAxes(canvas, graph, layout);
+    if (layout.axes.style == AxisStyle::Box) DrawBoxAxes(canvas, graph, layout);
+}
 
-constexpr GraphPainter kPainters[] = {
-    {kLineGraph, true, DrawAreaSeries},
-    {kLineGraph, false, DrawLineSeries},
-    {kBarGraph, false, DrawBarSeries},
-    {kPieGraph, false, DrawPieSeries},
-    {kScatterGraph, false, DrawScatterSeries},
-    {kBoxGraph, false, DrawBoxSeries},
-    {kStackedBarGraph, false, DrawStackedBarSeries},
-    {kSlotLineGraph, false, DrawSlotLineSeries},
-    {kBar3dGraph, false, DrawBar3dSeries},
-    {kLine3dGraph, false, DrawLine3dSeries},
-    {kPie3dGraph, false, DrawPie3dSeries},
-    {kStackedBar3dGraph, false, DrawStackedBar3dSeries},
-};
+void DrawSecondSeries(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout) {
+    if (graph.graphType2 == 1) DrawSecondLine(canvas, graph, layout);
+    if (graph.graphType2 == 0) DrawSecondBars(canvas, graph, layout);
+}
 
 }  // namespace
 
@@ -85,38 +87,22 @@ std::int32_t CGraph::TickCount() const {
     return std::min(numTicks, kMostTicks);
 }
 
-void CGraph::DrawGraph(CCanvas& canvas, const Box& rect) {
-    for (std::int32_t* const pixels : {&markerRadius, &lineWidth, &depthShiftX, &depthShiftY}) {
-        *pixels = HeldPixel(*pixels);
-    }
+/// The secondary series lie under the primary ones.
+std::string_view CGraph::DrawGraph(CCanvas& canvas, const Box& rect) const {
+    const GraphLayout layout = LayOutGraph(canvas, *this, rect);
     canvas.SelectTextColor(kAxisColor);
-    outline = {HeldPixel(rect.left), HeldPixel(rect.top), HeldPixel(rect.right), HeldPixel(rect.bottom)};
-    DrawFrame(canvas);
-    maxHeight = outline.bottom - outline.top;
-    maxWidth = outline.right - outline.left;
-    const TextExtent title = DrawTitle(canvas);
-    LayOut(canvas, title);
-    if (graphHasGridLines == 1) DrawGridLines(canvas);
-    hideAxisLabels = 0;
-    DrawAxis(canvas);
+    DrawFrame(canvas, *this, layout);
+    DrawTitle(canvas, *this, layout);
+    if (graphHasGridLines == 1) DrawPlainGrid(canvas, *this, layout);
+    DrawAxes(canvas, *this, layout);
     if (dualAxis == 1) {
-        DrawRightAxis(canvas);
-        if (graphType2 == 1) DrawSecondLine(*this, canvas);
-        if (graphType2 == 0) DrawSecondBars(*this, canvas);
+        DrawSecondAxis(canvas, *this, layout);
+        DrawSecondSeries(canvas, *this, layout);
     }
-    DrawSeries(canvas);
-}
-
-void CGraph::DrawSeries(CCanvas& canvas) {
-    message.clear();
-    const auto painter = std::ranges::find_if(kPainters, [this](const GraphPainter& candidate) {
-        return candidate.kind == graphType && (!candidate.isArea || fillArea == 1);
-    });
-    if (painter == std::end(kPainters)) {
-        message = "No graph type to display";
-    } else {
-        painter->draw(*this, canvas);
-    }
+    const GraphKindRow* const kind = FindGraphKind(*this);
+    if (kind == nullptr) return "No graph type to display";
+    kind->drawSeries(canvas, *this, layout);
+    return {};
 }
 
 }  // namespace tradebill

@@ -1,13 +1,14 @@
-// A chart that knows nothing of accounts: a caller fills a CGraph with series, colours and scale and asks it once to
-// paint itself. graph_layout.cpp shares out the rectangle; graph_title.cpp, plain_axes.cpp, position_labels.cpp,
-// crossed_axes.cpp and box_axes.cpp draw what stands around the data; graph_painters.h lists the painters of the data,
-// one for each kind of chart.
+// A chart that knows nothing of accounts: a caller fills a CGraph with series, colours and scale and asks it to paint
+// itself. A painting is values and free functions: graph_layout.h shares out the rectangle, graph_title.h and the
+// headers of axes draw what stands around the data, and graph_kinds.h has a row for each kind of chart, with the
+// painter of its data. Read graph.cpp next, which is all of it in order.
 #pragma once
 
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "paint/canvas.h"
@@ -68,8 +69,8 @@ enum GraphKind : std::int32_t {
     kStackedBar3dGraph = 320,
 };
 
-/// Fields are public and written directly. Coordinates are device pixels, texts GBK. Those marked computed hold nothing
-/// before DrawGraph, which is meant to run once.
+/// What a chart shows, and how. Fields are public and written directly; painting reads them alone. Sizes are device
+/// pixels, texts GBK.
 class CGraph {
 public:
     /// The argument is ignored: a new chart is of kind 1.
@@ -84,18 +85,10 @@ public:
     std::int32_t graphType = kLineGraph;
     std::int32_t graphType2 = 1;          ///< of the secondary series: 1 line, 0 bars
     std::int32_t graphAlignment = 1;      ///< 1 upright, 0 lying
-    std::int32_t maxHeight = 0;           ///< computed
-    std::int32_t maxWidth = 0;            ///< computed
     ColorList colorList;                  ///< element n is the colour of group n; a group without one is black
     ColorList colorList2;                 ///< read by nothing
     std::string axisYLabel;
     std::string axisXLabel;
-    std::int32_t yApexPoint = 0;          ///< computed: y of the lowest tick
-    std::int32_t xApexPoint = 0;          ///< computed: x of the Y axis
-    std::int32_t yAxisHeight = 0;         ///< computed: from the lowest to the highest tick
-    std::int32_t xAxisWidth = 0;          ///< computed: points use this less 10
-    std::int32_t axisBottom = 0;          ///< computed: y of the X axis
-    std::int32_t plotHeight = 0;          ///< computed: shared out among the tick rows
     std::int32_t tickFontSize = 11;
     std::int32_t xLabelFontSize = 11;
     std::int32_t titleFontSize = 16;
@@ -115,16 +108,11 @@ public:
     std::string graphTitle;
     std::string graphTitle2;
     std::int32_t graphHasGridLines = 0;
-    std::int32_t yAxisLast = 0;           ///< computed: y of the last tick drawn
-    std::int32_t xAxisLast = 0;           ///< computed: x of the last label drawn
-    std::int32_t depth = 0;               ///< of the three-dimensional kinds, pixels
-    double depthRatio = 0.05;             ///< of `yAxisHeight`
-    std::int32_t graphQuadType = 1;
-    std::int32_t quadSetManually = 1;     ///< 0: DrawGraph works out `graphQuadType` (bars only)
-    std::int32_t hideAxisLabels = 0;      ///< computed
-    std::int32_t depthShiftX = 0;
+    double depthRatio = 0.05;             ///< depth by height of the axes; of a pie, by its radius
+    std::int32_t graphQuadType = 1;       ///< the quadrant that the data lie in, of flat kinds
+    std::int32_t quadSetManually = 1;     ///< 0: the quadrant of bars is found from their data instead
+    std::int32_t depthShiftX = 0;         ///< moves the first point of lines with depth
     std::int32_t depthShiftY = 0;
-    Box outline;                          ///< computed: the rectangle painted
     std::int32_t lineWidth = 1;           ///< of series, swatches and the outer frame
     std::int32_t fillArea = 0;            ///< with kind 1: 1 paints bands
     std::int32_t midLineThick = 0;
@@ -151,16 +139,9 @@ public:
     std::int32_t dpi = 0;             ///< screen resolution that fixed distances grow with; 0 leaves them
     std::int32_t screenWidth = 1920;  ///< pixels; the gap between value labels follows it
 
-    std::string message;  ///< computed: what kept the data from being painted; empty if nothing did
-
-    /// Paints the chart into `rect`.
-    void DrawGraph(CCanvas& canvas, const Box& rect);
-
-    // The steps of DrawGraph behind frame, title and layout.
-    void DrawGridLines(CCanvas& canvas);
-    void DrawAxis(CCanvas& canvas);
-    void DrawRightAxis(CCanvas& canvas);
-    void DrawSeries(CCanvas& canvas);
+    /// Paints the chart into `rect`. Returns what kept the data from being painted; empty if nothing did. Pen, brush,
+    /// font and clip of the canvas are left as they were, colour and background of its texts aren't.
+    std::string_view DrawGraph(CCanvas& canvas, const Box& rect) const;
 
     [[nodiscard]] Color GroupColor(std::int32_t group) const;
     /// Of a secondary value: by whether it shows as more than 50.
@@ -170,49 +151,6 @@ public:
     [[nodiscard]] std::int32_t SecondGroups() const;
     /// Tick intervals that are drawn: `numTicks`, within reason.
     [[nodiscard]] std::int32_t TickCount() const;
-    /// Height of the font in which the axis titles fit their sides.
-    [[nodiscard]] std::int32_t AxisTitleHeight() const;
-
-private:
-    // graph_title.cpp
-    void DrawFrame(CCanvas& canvas) const;
-    TextExtent DrawTitle(CCanvas& canvas);
-    void DrawSwatchTitle(CCanvas& canvas, const TextExtent& title) const;
-    bool DrawSecondSwatch(CCanvas& canvas, Point at, std::int32_t textHeight) const;
-    std::int32_t DrawLineSwatch(CCanvas& canvas, Point at) const;
-    std::int32_t DrawTwoBarSwatch(CCanvas& canvas, Point at, std::int32_t textHeight) const;
-    std::int32_t DrawBarSwatch(CCanvas& canvas, Point at, std::int32_t textHeight) const;
-    TextExtent DrawCentredTitle(CCanvas& canvas) const;
-
-    // graph_layout.cpp
-    void LayOut(CCanvas& canvas, const TextExtent& title);
-    void LayOutUpright(CCanvas& canvas, const TextExtent& title);
-    void LayOutNumeric(CCanvas& canvas);
-    void LayOutPies();
-    void MoveApexToQuadrant();
-    [[nodiscard]] std::int32_t DetectQuadrant() const;
-    [[nodiscard]] std::int32_t Scaled(std::int32_t value) const;
-    [[nodiscard]] std::int32_t Rows() const;
-    [[nodiscard]] double TickStep() const;
-    [[nodiscard]] std::int32_t TickY(std::int32_t tick) const;
-    [[nodiscard]] std::string LeftTickText(std::int32_t tick) const;
-    [[nodiscard]] std::string RightTickTextMeasured(std::int32_t tick) const;
-    template <class TextOfTick>
-    [[nodiscard]] std::string Longest(TextOfTick textOf) const;
-
-    // plain_axes.cpp, position_labels.cpp
-    void DrawPlainAxes(CCanvas& canvas);
-    void DrawAxisLines(CCanvas& canvas) const;
-    void DrawYTitle(CCanvas& canvas) const;
-    void DrawXTitle(CCanvas& canvas) const;
-    void DrawLeftTicks(CCanvas& canvas);
-    void DrawXTick(CCanvas& canvas, std::int32_t x) const;
-    void DrawXLabels(CCanvas& canvas);
-    void DrawTurnedLabels(CCanvas& canvas);
-    void DrawLabelsApart(CCanvas& canvas, std::int32_t averageWidth);
-    void DrawThinnedLabels(CCanvas& canvas, std::int32_t averageWidth);
-    [[nodiscard]] std::int32_t XTickY() const;
-    [[nodiscard]] std::int32_t XLabelY() const;
 };
 
 }  // namespace tradebill

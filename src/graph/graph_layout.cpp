@@ -1,156 +1,150 @@
-// How the rectangle is shared out among title, axes, tick rows and captions: in full for upright charts, with fixed
-// margins for those whose values run along X, and not at all for pies.
+#include "graph/graph_layout.h"
+
 #include <algorithm>
-#include <cmath>
 
 #include "base/number.h"
 #include "base/scale.h"
 #include "base/text.h"
-#include "graph/graph.h"
+#include "graph/axis_titles.h"
+#include "graph/graph_kinds.h"
 #include "graph/graph_measures.h"
-#include "graph/graph_plane.h"
-#include "paint/text_block.h"
+#include "graph/graph_title.h"
 
 namespace tradebill {
 namespace {
 
-std::int32_t WidthIn(CCanvas& canvas, const Font& font, std::string_view text) {
-    const CFontScope scope(canvas, font);
-    return canvas.MeasureText(text).width;
-}
-
-/// Of a title or caption, which may have several lines.
-TextExtent BlockIn(CCanvas& canvas, const Font& font, std::string_view text) {
-    const CFontScope scope(canvas, font);
-    return MeasureTextBlock(canvas, text);
-}
-
-}  // namespace
-
-std::int32_t CGraph::Scaled(std::int32_t value) const {
-    return ScaleByDpi(value, dpi);
-}
-
-/// Tick rows with the spare ones above and below.
-std::int32_t CGraph::Rows() const {
-    return TickCount() + (topRowMode == 0 || topRowMode == 1 ? 1 : 0) + (baseRow == 1 ? 1 : 0);
-}
-
-double CGraph::TickStep() const {
-    return static_cast<double>(yAxisHeight) / TickCount();
-}
-
-std::int32_t CGraph::TickY(std::int32_t tick) const {
-    return ToPixel(yApexPoint - tick * TickStep());
-}
-
-std::string CGraph::LeftTickText(std::int32_t tick) const {
-    const double value = (tick * tickSpace + minTick) / valueDivisor;
-    return std::string(CNumberText::Fixed(value, decimalDigits).View()).append(FieldText(valueSuffix));
+double TickStep(const CGraph& graph, const GraphLayout& layout) {
+    return static_cast<double>(layout.yAxisHeight) / graph.TickCount();
 }
 
 /// As the layout measures it: the axis itself multiplies.
-std::string CGraph::RightTickTextMeasured(std::int32_t tick) const {
-    const double value = (tick * tickSpace2 + minTick2) / valueDivisor2;
-    return std::string(CNumberText::Fixed(value, decimalDigits2).View()).append(FieldText(valueSuffix2));
+std::string MeasuredRightTickText(const CGraph& graph, std::int32_t tick) {
+    const double value = (tick * graph.tickSpace2 + graph.minTick2) / graph.valueDivisor2;
+    return std::string(CNumberText::Fixed(value, graph.decimalDigits2).View()).append(FieldText(graph.valueSuffix2));
 }
 
 /// The longest of the tick texts, the last one of several; the lowest tick isn't looked at.
-template <class TextOfTick>
-std::string CGraph::Longest(TextOfTick textOf) const {
+std::string LongestTickText(const CGraph& graph, std::string (*textOf)(const CGraph& graph, std::int32_t tick)) {
     std::string longest;
-    for (std::int32_t tick = 1; tick <= TickCount(); ++tick) {
-        std::string text = textOf(tick);
+    for (std::int32_t tick = 1; tick <= graph.TickCount(); ++tick) {
+        std::string text = textOf(graph, tick);
         if (text.size() >= longest.size()) longest = std::move(text);
     }
     return longest;
 }
 
-void CGraph::LayOut(CCanvas& canvas, const TextExtent& title) {
-    if (IsPie(graphType)) {
-        LayOutPies();
-        return;
-    }
-    if (IsLying(*this) || graphType == kScatterGraph) {
-        LayOutNumeric(canvas);
-    } else {
-        LayOutUpright(canvas, title);
-    }
-    MoveApexToQuadrant();
+/// What tick texts and the caption over them take, whichever is wider.
+std::int32_t TickColumnWidth(CCanvas& canvas, const CGraph& graph, std::string_view longest, std::string_view unit) {
+    const std::int32_t ticks = MeasureIn(canvas, ChartFont(kTahoma, graph.tickFontSize), longest).width;
+    return std::max(ticks, MeasureBlockIn(canvas, ChartFont(kSong, graph.tickFontSize), unit).width);
 }
 
-void CGraph::LayOutUpright(CCanvas& canvas, const TextExtent& title) {
-    const Font tickFont = ChartFont(kTahoma, tickFontSize);
-    const Font unitFont = ChartFont(kSong, tickFontSize);
-    const std::int32_t left = WidthIn(canvas, tickFont, Longest([this](auto tick) { return LeftTickText(tick); }));
-    const std::int32_t leftUnit = BlockIn(canvas, unitFont, FieldText(unitText)).width;
-    const std::int32_t yTitle = BlockIn(canvas, tickFont, axisYLabel).width;
-    const std::int32_t xTitle = BlockIn(canvas, tickFont, axisXLabel).height;
-    xApexPoint = ToPixel(outline.left + 10 + std::max(left, leftUnit) + yTitle * 1.5 + 20.0);
-
-    if (xAxisAlign != 0) {
-        axisBottom =
-            ToPixel(maxHeight - static_cast<double>(xAxisLabelLength) * (xLabelFontSize / 2)) + outline.top - 15;
-    } else if (xTitle != 0) {
-        axisBottom = maxHeight - xTitle - Scaled(35) + outline.top;
-    } else {
-        axisBottom = maxHeight - Scaled(30) + outline.top;
+/// Under the plot: room for turned labels, or for labels and the title of X.
+std::int32_t AxisBottomOf(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout) {
+    if (graph.xAxisAlign != 0) {
+        const double labels = static_cast<double>(graph.xAxisLabelLength) * (graph.xLabelFontSize / 2);
+        return ToPixel(layout.maxHeight - labels) + layout.outline.top - 15;
     }
-    plotHeight = axisBottom - Scaled(10) - outline.top;
-    if (title.height > 0) plotHeight -= Scaled(10) + title.height;
+    const std::int32_t title = MeasureBlockIn(canvas, ChartFont(kTahoma, graph.tickFontSize), graph.axisXLabel).height;
+    if (title != 0) return layout.maxHeight - title - ScaleByDpi(35, graph.dpi) + layout.outline.top;
+    return layout.maxHeight - ScaleByDpi(30, graph.dpi) + layout.outline.top;
+}
 
-    xAxisWidth = outline.left - xApexPoint + maxWidth - 20;
-    if (dualAxis == 1) {
-        const std::int32_t right =
-            WidthIn(canvas, tickFont, Longest([this](auto tick) { return RightTickTextMeasured(tick); }));
-        xAxisWidth -= std::max(right, BlockIn(canvas, unitFont, FieldText(unitText2)).width);
+void LayOutUpright(CCanvas& canvas, const CGraph& graph, GraphLayout& layout) {
+    const std::int32_t left =
+        TickColumnWidth(canvas, graph, LongestTickText(graph, LeftTickText), FieldText(graph.unitText));
+    const std::int32_t yTitle = MeasureBlockIn(canvas, ChartFont(kTahoma, graph.tickFontSize), graph.axisYLabel).width;
+    layout.xApexPoint = ToPixel(layout.outline.left + 10 + left + yTitle * 1.5 + 20.0);
+
+    layout.axisBottom = AxisBottomOf(canvas, graph, layout);
+    layout.plotHeight = layout.axisBottom - ScaleByDpi(10, graph.dpi) - layout.outline.top;
+    const TextExtent title = MeasureTitle(canvas, graph);
+    if (title.height > 0) layout.plotHeight -= ScaleByDpi(10, graph.dpi) + title.height;
+
+    layout.xAxisWidth = layout.outline.left - layout.xApexPoint + layout.maxWidth - 20;
+    if (graph.dualAxis == 1) {
+        layout.xAxisWidth -=
+            TickColumnWidth(canvas, graph, LongestTickText(graph, MeasuredRightTickText), FieldText(graph.unitText2));
     }
-    const std::int32_t row = Rows() > 0 ? plotHeight / Rows() : 0;
-    yApexPoint = axisBottom - (baseRow == 1 ? row : 0);
-    yAxisHeight = row * TickCount();
+    const std::int32_t row = RowCount(graph) > 0 ? layout.plotHeight / RowCount(graph) : 0;
+    layout.yApexPoint = layout.axisBottom - (graph.baseRow == 1 ? row : 0);
+    layout.yAxisHeight = row * graph.TickCount();
 }
 
 /// Lying charts and scattered dots: room for labels of a length told beforehand at the left, for numbers below.
-void CGraph::LayOutNumeric(CCanvas& canvas) {
-    const CFontScope font(canvas, ChartFont(kTahoma, graphType == kLineGraph ? tickFontSize : AxisTitleHeight()));
+void LayOutNumeric(CCanvas& canvas, const CGraph& graph, GraphLayout& layout) {
+    const std::int32_t fontHeight =
+        graph.graphType == kLineGraph ? graph.tickFontSize : AxisTitleHeight(graph, layout.outline);
+    const CFontScope font(canvas, ChartFont(kTahoma, fontHeight));
     const TextMetrics metrics = canvas.Metrics();
-    const std::string& sideTitle = IsLying(*this) ? axisXLabel : axisYLabel;
+    const std::string& sideTitle = layout.axes.isLying ? graph.axisXLabel : graph.axisYLabel;
     const std::int32_t titleGap = sideTitle.empty() ? 0 : metrics.height + 10;
-    const std::string longest = Longest([this](auto tick) { return LeftTickText(tick); });
-    xApexPoint = ToPixel(static_cast<double>(xAxisLabelLength) * metrics.averageWidth) + outline.left + titleGap + 5;
-    yApexPoint = maxHeight - metrics.height + outline.top - 15;
-    yAxisHeight = yApexPoint - outline.top - 50;
-    xAxisWidth = ToPixel(maxWidth - tickFontSize / 2 * static_cast<double>(LengthOf(longest))) - 65;
-    axisBottom = yApexPoint;
-    plotHeight = yAxisHeight;
+    const auto longest = static_cast<double>(WidthInBytes(LongestTickText(graph, LeftTickText)));
+    layout.xApexPoint = ToPixel(static_cast<double>(graph.xAxisLabelLength) * metrics.averageWidth) +
+                        layout.outline.left + titleGap + 5;
+    layout.yApexPoint = layout.maxHeight - metrics.height + layout.outline.top - 15;
+    layout.yAxisHeight = layout.yApexPoint - layout.outline.top - 50;
+    layout.xAxisWidth = ToPixel(layout.maxWidth - graph.tickFontSize / 2 * longest) - 65;
+    layout.axisBottom = layout.yApexPoint;
+    layout.plotHeight = layout.yAxisHeight;
 }
 
-void CGraph::LayOutPies() {
-    xAxisWidth = maxWidth - 10;
-    yAxisHeight = maxHeight - 50;
-    xApexPoint = outline.left + 5;
-    yApexPoint = maxHeight + outline.top - 5;
-    axisBottom = yApexPoint;
-    plotHeight = yAxisHeight;
+void LayOutPies(GraphLayout& layout) {
+    layout.xAxisWidth = layout.maxWidth - 10;
+    layout.yAxisHeight = layout.maxHeight - 50;
+    layout.xApexPoint = layout.outline.left + 5;
+    layout.yApexPoint = layout.maxHeight + layout.outline.top - 5;
+    layout.axisBottom = layout.yApexPoint;
+    layout.plotHeight = layout.yAxisHeight;
 }
 
-/// Bars can have their quadrant found: by the least position and value of the first data of each series.
-std::int32_t CGraph::DetectQuadrant() const {
-    std::int32_t leastX = 0;
-    std::int32_t leastY = 0;
-    for (const auto& series : graphSeries) {
-        if (series->dataValues.empty()) continue;
-        leastX = std::min(leastX, series->dataValues.front()->xPosition);
-        leastY = std::min(leastY, ToPixel(series->dataValues.front()->yValue));
+void TakeOffDepth(const CGraph& graph, GraphLayout& layout) {
+    layout.depth = ToPixel(layout.yAxisHeight * graph.depthRatio);
+    layout.xAxisWidth -= layout.depth;
+    layout.yAxisHeight -= layout.depth;
+}
+
+bool IsPie(const CGraph& graph) {
+    const GraphKindRow* const kind = FindGraphKind(graph);
+    return kind != nullptr && kind->ground == GraphGround::None;
+}
+
+}  // namespace
+
+GraphLayout LayOutGraph(CCanvas& canvas, const CGraph& graph, const Box& rect) {
+    GraphLayout layout;
+    layout.axes = ArrangementOf(graph);
+    layout.outline = {ClampPixel(rect.left), ClampPixel(rect.top), ClampPixel(rect.right), ClampPixel(rect.bottom)};
+    layout.maxWidth = layout.outline.right - layout.outline.left;
+    layout.maxHeight = layout.outline.bottom - layout.outline.top;
+    if (IsPie(graph)) {
+        LayOutPies(layout);
+    } else if (layout.axes.isLying || graph.graphType == kScatterGraph) {
+        LayOutNumeric(canvas, graph, layout);
+    } else {
+        LayOutUpright(canvas, graph, layout);
     }
-    if (leastX < 0) return leastY < 0 ? 4 : 2;
-    return leastY < 0 ? 3 : 1;
+    if (layout.axes.isXCentred) layout.xApexPoint += layout.xAxisWidth / 2;
+    if (layout.axes.isYCentred) layout.yApexPoint -= layout.yAxisHeight / 2;
+    if (layout.axes.style == AxisStyle::Box) TakeOffDepth(graph, layout);
+    return layout;
 }
 
-void CGraph::MoveApexToQuadrant() {
-    if (quadSetManually == 0 && graphType == kBarGraph) graphQuadType = DetectQuadrant();
-    if (IsXCentred(*this)) xApexPoint += xAxisWidth / 2;
-    if (IsYCentred(*this)) yApexPoint -= yAxisHeight / 2;
+std::int32_t RowCount(const CGraph& graph) {
+    return graph.TickCount() + (graph.topRowMode == 0 || graph.topRowMode == 1 ? 1 : 0) + (graph.baseRow == 1 ? 1 : 0);
+}
+
+std::int32_t TickY(const CGraph& graph, const GraphLayout& layout, std::int32_t tick) {
+    return ToPixel(layout.yApexPoint - tick * TickStep(graph, layout));
+}
+
+double TopOfRows(const CGraph& graph, const GraphLayout& layout) {
+    return layout.axisBottom - RowCount(graph) * TickStep(graph, layout);
+}
+
+std::string LeftTickText(const CGraph& graph, std::int32_t tick) {
+    const double value = (tick * graph.tickSpace + graph.minTick) / graph.valueDivisor;
+    return std::string(CNumberText::Fixed(value, graph.decimalDigits).View()).append(FieldText(graph.valueSuffix));
 }
 
 }  // namespace tradebill

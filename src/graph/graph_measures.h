@@ -1,27 +1,29 @@
-// Small things that all painters of a chart share: pixels of numbers, fonts and colours.
+// Small things that all painters of a chart share: pixels of numbers, fonts, pens and colours.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string_view>
 
 #include "base/gbk.h"
+#include "base/number.h"
+#include "graph/graph.h"
 #include "paint/canvas.h"
+#include "paint/text_block.h"
 
 namespace tradebill {
 
 /// No pixel of a chart lies further away, so that sums of a few of them stay inside 32 bits.
 inline constexpr std::int32_t kFurthestPixel = 1 << 28;
 
-/// Cut towards zero. What lies too far away becomes the nearest end, what is no number 0.
-[[nodiscard]] constexpr std::int32_t ToPixel(double value) {
-    if (!(value == value)) return 0;
-    return value <= -kFurthestPixel  ? -kFurthestPixel
-           : value >= kFurthestPixel ? kFurthestPixel
-                                     : static_cast<std::int32_t>(value);
+/// What lies too far away becomes the nearest end.
+[[nodiscard]] constexpr std::int32_t ClampPixel(std::int32_t pixel) {
+    return std::clamp(pixel, -kFurthestPixel, kFurthestPixel);
 }
 
-[[nodiscard]] constexpr std::int32_t HeldPixel(std::int32_t pixel) {
-    return pixel < -kFurthestPixel ? -kFurthestPixel : pixel > kFurthestPixel ? kFurthestPixel : pixel;
+/// Cut towards zero and clamped; what is no number becomes 0.
+[[nodiscard]] constexpr std::int32_t ToPixel(double value) {
+    return ClampPixel(TruncateToInt32(value));
 }
 
 inline constexpr std::string_view kTahoma = "Tahoma";
@@ -32,22 +34,41 @@ inline constexpr std::string_view kSong = "宋体"_gbk;
     return {.face = face, .cellHeight = height, .weight = 700, .escapement = escapement};
 }
 
+[[nodiscard]] inline TextExtent MeasureIn(CCanvas& canvas, const Font& font, std::string_view text) {
+    const CFontScope scope(canvas, font);
+    return canvas.MeasureText(text);
+}
+/// Of a title or caption, which may have several lines.
+[[nodiscard]] inline TextExtent MeasureBlockIn(CCanvas& canvas, const Font& font, std::string_view text) {
+    const CFontScope scope(canvas, font);
+    return MeasureTextBlock(canvas, text);
+}
+
+/// Bytes of a text, as widths are reckoned with; more than a screen can show is as much.
+[[nodiscard]] constexpr std::int32_t WidthInBytes(std::string_view text) {
+    constexpr std::size_t kWidest = 100'000;
+    return static_cast<std::int32_t>(std::min(text.size(), kWidest));
+}
+
 inline constexpr Color kAxisColor = 0x383838;
 inline constexpr Color kGridColor = 0xD7D7D7;
 inline constexpr Pen kAxisPen{.width = 2, .color = kAxisColor};
+inline constexpr std::int32_t kHalfTick = 3;
 
-/// Between these a value shows as nothing.
-inline constexpr double kLeastShown = 1.1920928955078125e-07;
-
-/// Bytes of a text, as widths are reckoned with; more than a screen can show is as much.
-[[nodiscard]] constexpr std::int32_t LengthOf(std::string_view text) {
-    constexpr std::size_t kLongest = 100'000;
-    return static_cast<std::int32_t>(text.size() < kLongest ? text.size() : kLongest);
+/// Of series, swatches and the outer frame.
+[[nodiscard]] inline Pen SeriesPen(const CGraph& graph, Color color) {
+    return {.width = ClampPixel(graph.lineWidth), .color = color};
 }
 
 inline void DrawLineBetween(CCanvas& canvas, Point from, Point to) {
     canvas.MoveTo(from);
     canvas.LineTo(to);
+}
+
+/// A tick of a box: a fifth of its depth, away from it.
+inline void DrawDepthTick(CCanvas& canvas, std::int32_t depth, Point at) {
+    const std::int32_t outward = ToPixel(depth * 0.2);
+    DrawLineBetween(canvas, at, {at.x - outward, at.y + outward});
 }
 
 /// Outlined by the pen in use.

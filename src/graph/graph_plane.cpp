@@ -5,68 +5,29 @@
 #include "graph/graph_measures.h"
 
 namespace tradebill {
-namespace {
-
-bool IsBox(std::int32_t kind) {
-    return kind == kBar3dGraph || kind == kLine3dGraph || kind == kStackedBar3dGraph;
-}
-
-bool IsFlat(std::int32_t kind) {
-    return kind == kBarGraph || kind == kLineGraph || kind == kScatterGraph || kind == kBoxGraph ||
-           kind == kStackedBarGraph || kind == kSlotLineGraph;
-}
-
-bool IsInQuadrant(const CGraph& graph, std::int32_t one, std::int32_t other) {
-    return IsFlat(graph.graphType) && (graph.graphQuadType == one || graph.graphQuadType == other);
-}
-
-}  // namespace
 
 bool IsArea(const CGraph& graph) {
     return graph.graphType == kLineGraph && graph.fillArea == 1;
 }
 
-bool IsPie(std::int32_t kind) {
-    return kind == kPieGraph || kind == kPie3dGraph;
-}
-
-bool IsLying(const CGraph& graph) {
-    return graph.graphAlignment == 0;
-}
-
-bool IsXCentred(const CGraph& graph) {
-    return IsInQuadrant(graph, 2, 4);
-}
-
-bool IsYCentred(const CGraph& graph) {
-    return IsInQuadrant(graph, 3, 4);
-}
-
-AxisStyle AxisStyleOf(const CGraph& graph) {
-    if (IsBox(graph.graphType)) return AxisStyle::Box;
-    if (!IsFlat(graph.graphType)) return AxisStyle::None;
-    const bool isCrossed = IsLying(graph) || graph.graphType == kScatterGraph || IsXCentred(graph) || IsYCentred(graph);
-    return isCrossed ? AxisStyle::Crossed : AxisStyle::Plain;
-}
-
-CPlotPlane::CPlotPlane(const CGraph& graph)
+CPlotPlane::CPlotPlane(const CGraph& graph, const GraphLayout& layout)
     : graph_(graph),
-      isLying_(tradebill::IsLying(graph)),
-      left_(graph.xApexPoint - (IsXCentred(graph) ? graph.xAxisWidth / 2 : 0)),
-      bottom_(graph.yApexPoint + (IsYCentred(graph) ? graph.yAxisHeight / 2 : 0)) {}
+      layout_(layout),
+      left_(layout.xApexPoint - (layout.axes.isXCentred ? layout.xAxisWidth / 2 : 0)),
+      bottom_(layout.yApexPoint + (layout.axes.isYCentred ? layout.yAxisHeight / 2 : 0)) {}
 
 std::int32_t CPlotPlane::PointX(std::size_t position, std::size_t count) const {
     if (graph_.graphType == kBar3dGraph || graph_.graphType == kStackedBar3dGraph) return left_ + SlotMiddle(position);
     if (graph_.graphType == kLine3dGraph) return ToPixel((Slot() + 1.0) * static_cast<double>(position) + left_);
     if (!IsArea(graph_)) return LineX(position, count);
     const auto last = static_cast<std::int64_t>(std::max<std::size_t>(count, 2) - 1);
-    return ToPixel(static_cast<double>(graph_.xAxisWidth / last) * (static_cast<double>(position) - 1) + left_);
+    return ToPixel(static_cast<double>(layout_.xAxisWidth / last) * (static_cast<double>(position) - 1) + left_);
 }
 
 std::int32_t CPlotPlane::LineX(std::size_t position, std::size_t count) const {
     if (position == 1) return left_;
     const double steps = static_cast<double>(position) - 1;
-    return ToPixel((graph_.xAxisWidth - 10) / (static_cast<double>(count) - 1) * steps + left_);
+    return ToPixel((layout_.xAxisWidth - 10) / (static_cast<double>(count) - 1) * steps + left_);
 }
 
 std::int32_t CPlotPlane::Slot() const {
@@ -79,8 +40,8 @@ std::int32_t CPlotPlane::SlotMiddle(std::size_t position) const {
 }
 
 Point CPlotPlane::At(std::int32_t along, std::int32_t height) const {
-    return isLying_ ? Point{graph_.xApexPoint + height, bottom_ - along}
-                    : Point{left_ + along, graph_.yApexPoint - height};
+    return IsLying() ? Point{layout_.xApexPoint + height, bottom_ - along}
+                     : Point{left_ + along, layout_.yApexPoint - height};
 }
 
 Box CPlotPlane::Bar(std::int32_t along, std::int32_t thickness, std::int32_t from, std::int32_t to) const {
@@ -104,11 +65,18 @@ std::int32_t CPlotPlane::LineHeight(double value) const {
     const double range = graph_.maxTick - graph_.minTick;
     const double scale = ValueLength() / range;
     const std::int32_t height = LiftedHeight(value, scale);
-    return !isLying_ && height > graph_.yApexPoint ? ToPixel(range * scale) + 5 : height;
+    return !IsLying() && height > layout_.yApexPoint ? ToPixel(range * scale) + 5 : height;
+}
+
+std::int32_t CPlotPlane::SecondLineHeight(double value) const {
+    const double range = graph_.maxTick2 - graph_.minTick2;
+    const double scale = layout_.yAxisHeight / range;
+    const std::int32_t height = ToPixel((value - graph_.minTick2) * scale);
+    return height > layout_.yApexPoint ? ToPixel(range * scale) + 5 : height;
 }
 
 std::int32_t CPlotPlane::Limited(std::int32_t height) const {
-    if (!IsXCentred(graph_) && !IsYCentred(graph_)) return std::min(height, ValueLength());
+    if (!layout_.axes.IsCentred()) return std::min(height, ValueLength());
     const std::int32_t half = std::max(ValueLength() / 2, 0);
     return std::clamp(height, -half, half);
 }

@@ -5,38 +5,25 @@
 #include <cstdint>
 
 #include "graph/graph.h"
+#include "graph/graph_layout.h"
 #include "paint/geometry.h"
 
 namespace tradebill {
 
-/// The axes that a chart is drawn on.
-enum class AxisStyle {
-    None,     ///< pies, and kinds that there aren't
-    Plain,    ///< upright in the first quadrant
-    Crossed,  ///< lying, scattered, or in another quadrant: numeric ticks as bit patterns
-    Box,      ///< the three-dimensional kinds
-};
-[[nodiscard]] AxisStyle AxisStyleOf(const CGraph& graph);
-
-[[nodiscard]] bool IsPie(std::int32_t kind);
-[[nodiscard]] bool IsLying(const CGraph& graph);
 /// A line whose groups bound bands.
 [[nodiscard]] bool IsArea(const CGraph& graph);
-/// Quadrants 2 and 4 put the Y axis into the middle, 3 and 4 the X axis.
-[[nodiscard]] bool IsXCentred(const CGraph& graph);
-[[nodiscard]] bool IsYCentred(const CGraph& graph);
 
-/// Made of a chart whose computed fields stand. Positions are counted from 1, the second measure is in pixels along
-/// the axis of values, from its zero.
+/// Positions are counted from 1. Heights are pixels along the axis of values, from its zero.
 class CPlotPlane {
 public:
-    explicit CPlotPlane(const CGraph& graph);
+    /// Both must outlive it.
+    CPlotPlane(const CGraph& graph, const GraphLayout& layout);
 
-    [[nodiscard]] bool IsLying() const { return isLying_; }
+    [[nodiscard]] bool IsLying() const { return layout_.axes.isLying; }
     [[nodiscard]] std::int32_t Left() const { return left_; }      ///< where upright positions begin
     [[nodiscard]] std::int32_t Bottom() const { return bottom_; }  ///< where lying ones do
-    [[nodiscard]] std::int32_t PositionLength() const { return isLying_ ? graph_.yAxisHeight : graph_.xAxisWidth; }
-    [[nodiscard]] std::int32_t ValueLength() const { return isLying_ ? graph_.xAxisWidth : graph_.yAxisHeight; }
+    [[nodiscard]] std::int32_t PositionLength() const { return IsLying() ? layout_.yAxisHeight : layout_.xAxisWidth; }
+    [[nodiscard]] std::int32_t ValueLength() const { return IsLying() ? layout_.xAxisWidth : layout_.yAxisHeight; }
 
     /// X of a position of an upright chart, also the one behind the last.
     [[nodiscard]] std::int32_t PointX(std::size_t position, std::size_t count) const;
@@ -55,16 +42,21 @@ public:
     [[nodiscard]] std::int32_t BarHeight(double value) const;
     /// As lines have them. Upright, one that would leave the image stands just over the highest tick.
     [[nodiscard]] std::int32_t LineHeight(double value) const;
-    /// Held at the end of the axis; in the quadrants but the first at half of it, either way.
+    /// On the right axis, as its line has them: nothing is lifted, and what would leave the image is cut likewise.
+    [[nodiscard]] std::int32_t SecondLineHeight(double value) const;
+    /// Cut at the end of the axis; in the quadrants but the first at half of it, either way.
     [[nodiscard]] std::int32_t Limited(std::int32_t height) const;
 
 private:
     [[nodiscard]] std::int32_t LiftedHeight(double value, double scale) const;
 
     const CGraph& graph_;
-    bool isLying_;
+    const GraphLayout& layout_;
     std::int32_t left_;
     std::int32_t bottom_;
 };
+
+/// One of the rules by which a plane has the height of a value.
+using HeightOfValue = std::int32_t (CPlotPlane::*)(double value) const;
 
 }  // namespace tradebill

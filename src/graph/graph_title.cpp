@@ -1,108 +1,120 @@
-// The frame, and the title in one of its three forms.
-#include "graph/graph.h"
+#include "graph/graph_title.h"
+
+#include "base/scale.h"
 #include "graph/graph_measures.h"
-#include "paint/text_block.h"
 
 namespace tradebill {
+namespace {
 
-void CGraph::DrawFrame(CCanvas& canvas) const {
-    const CPenScope pen(canvas, {.width = lineWidth, .color = kAxisColor});
-    const CBrushScope brush(canvas, kWhite);
-    canvas.Rectangle(outline);
+constexpr std::int32_t kLineSwatch = 40;  ///< pixels at 96 dots per inch
+constexpr std::int32_t kBarSwatch = 16;
+
+bool HasSwatches(const CGraph& graph) {
+    return graph.dualAxis == 1 || graph.swatchTitle == 1;
 }
 
-/// Returns the size of the title drawn last, as a text of several lines has it: the plot leaves room for its height.
-TextExtent CGraph::DrawTitle(CCanvas& canvas) {
-    if (dualAxis != 1 && swatchTitle != 1) return DrawCentredTitle(canvas);
-    const CFontScope font(canvas, ChartFont(kSong, tickFontSize));
-    const TextExtent first = canvas.MeasureText(graphTitle);
-    DrawSwatchTitle(canvas, first);
-    if (dualAxis != 1) return MeasureTextBlock(canvas, graphTitle);
-    const std::int32_t x = outline.left + 10 + Scaled(40) + first.width + 25;
-    return DrawSecondSwatch(canvas, {x, outline.top}, first.height) ? MeasureTextBlock(canvas, graphTitle2)
-                                                                    : TextExtent{};
+bool HasSecondTitle(const CGraph& graph) {
+    return (graph.legendKind2 == 1 || graph.legendKind2 == 2) && (graph.graphType2 == 1 || graph.graphType2 == 0);
 }
 
-/// A piece of the first group's line, and the title behind it.
-void CGraph::DrawSwatchTitle(CCanvas& canvas, const TextExtent& title) const {
-    const std::int32_t swatch = Scaled(40);
-    const std::int32_t left = outline.left + 10;
-    const std::int32_t y = title.height / 2 + outline.top + 10;
-    {
-        const CPenScope pen(canvas, {.width = lineWidth, .color = GroupColor(0)});
-        DrawLineBetween(canvas, {left, y}, {left + swatch, y});
-    }
-    canvas.WriteText({left + swatch + 10, outline.top + 10}, graphTitle);
+Font TitleFont(const CGraph& graph) {
+    return ChartFont(kSong, HasSwatches(graph) ? graph.tickFontSize : graph.titleFontSize);
 }
 
-/// The swatch and title of the secondary series, from `at` on. Returns whether there is one.
-bool CGraph::DrawSecondSwatch(CCanvas& canvas, Point at, std::int32_t textHeight) const {
-    if (legendKind2 != 1 && legendKind2 != 2) return false;
-    std::int32_t width = 0;
-    if (graphType2 == 1) {
-        width = DrawLineSwatch(canvas, {at.x, textHeight / 2 + at.y + 10});
-    } else if (graphType2 == 0) {
-        width = legendKind2 == 2 ? DrawTwoBarSwatch(canvas, at, textHeight) : DrawBarSwatch(canvas, at, textHeight);
-    } else {
-        return false;
-    }
-    canvas.WriteText({at.x + width + 10, at.y + 10}, graphTitle2);
-    return true;
+void DrawSwatchBar(CCanvas& canvas, const CGraph& graph, Color color, const Box& bar) {
+    const CPenScope pen(canvas, SeriesPen(graph, color));
+    const CBrushScope brush(canvas, color);
+    canvas.Rectangle(bar);
+}
+
+void DrawSwatchLine(CCanvas& canvas, const CGraph& graph, Color color, Point from, std::int32_t length) {
+    const CPenScope pen(canvas, SeriesPen(graph, color));
+    DrawLineBetween(canvas, from, {from.x + length, from.y});
 }
 
 /// Returns the swatch's width, as do the other two.
-std::int32_t CGraph::DrawLineSwatch(CCanvas& canvas, Point at) const {
-    const std::int32_t swatch = Scaled(40);
+std::int32_t DrawLineSwatch(CCanvas& canvas, const CGraph& graph, Point at) {
+    const std::int32_t swatch = ScaleByDpi(kLineSwatch, graph.dpi);
     const std::int32_t half = swatch / 2;
-    const std::int32_t firstEnd = legendKind2 == 2 ? half : swatch;
-    {
-        const CPenScope pen(canvas, {.width = lineWidth, .color = color2Low});
-        DrawLineBetween(canvas, at, {at.x + firstEnd, at.y});
-    }
-    if (legendKind2 != 2) return swatch;
-    const CPenScope pen(canvas, {.width = lineWidth, .color = color2High});
-    DrawLineBetween(canvas, {at.x + half, at.y}, {at.x + 2 * half, at.y});
+    const bool hasTwoColors = graph.legendKind2 == 2;
+    DrawSwatchLine(canvas, graph, graph.color2Low, at, hasTwoColors ? half : swatch);
+    if (!hasTwoColors) return swatch;
+    DrawSwatchLine(canvas, graph, graph.color2High, {at.x + half, at.y}, half);
     return 2 * half;
 }
 
 /// A short bar and one twice as high.
-std::int32_t CGraph::DrawTwoBarSwatch(CCanvas& canvas, Point at, std::int32_t textHeight) const {
-    const std::int32_t bar = Scaled(16);
+std::int32_t DrawTwoBarSwatch(CCanvas& canvas, const CGraph& graph, Point at, std::int32_t textHeight) {
+    const std::int32_t bar = ScaleByDpi(kBarSwatch, graph.dpi);
     const std::int32_t half = bar / 2;
-    const std::int32_t base = Scaled(10) + textHeight + at.y - 1;
-    const std::int32_t height = Scaled(8);
-    {
-        const CPenScope pen(canvas, {.width = lineWidth, .color = color2Low});
-        const CBrushScope brush(canvas, color2Low);
-        canvas.Rectangle({at.x, base - height, at.x + half, base});
-    }
-    const CPenScope pen(canvas, {.width = lineWidth, .color = color2High});
-    const CBrushScope brush(canvas, color2High);
-    canvas.Rectangle({at.x + half, base - height - Scaled(8), at.x + 2 * half, base});
+    const std::int32_t base = ScaleByDpi(10, graph.dpi) + textHeight + at.y - 1;
+    const std::int32_t height = ScaleByDpi(8, graph.dpi);
+    DrawSwatchBar(canvas, graph, graph.color2Low, {at.x, base - height, at.x + half, base});
+    DrawSwatchBar(canvas, graph, graph.color2High, {at.x + half, base - height - height, at.x + 2 * half, base});
     return bar;
 }
 
 /// A flat bar over a piece of the axis.
-std::int32_t CGraph::DrawBarSwatch(CCanvas& canvas, Point at, std::int32_t textHeight) const {
-    const std::int32_t bar = Scaled(16);
+std::int32_t DrawBarSwatch(CCanvas& canvas, const CGraph& graph, Point at, std::int32_t textHeight) {
+    const std::int32_t bar = ScaleByDpi(kBarSwatch, graph.dpi);
     const std::int32_t y = textHeight + at.y + 10;
-    {
-        const CPenScope pen(canvas, {.width = lineWidth, .color = GroupColor(0)});
-        DrawLineBetween(canvas, {at.x, y}, {at.x + bar, y});
-    }
-    const CPenScope pen(canvas, {.width = lineWidth, .color = color2Low});
-    const CBrushScope brush(canvas, color2Low);
-    canvas.Rectangle({at.x, y - 3, at.x + bar, y - 1});
+    DrawSwatchLine(canvas, graph, graph.GroupColor(0), {at.x, y}, bar);
+    DrawSwatchBar(canvas, graph, graph.color2Low, {at.x, y - 3, at.x + bar, y - 1});
     return bar;
 }
 
-TextExtent CGraph::DrawCentredTitle(CCanvas& canvas) const {
-    const CFontScope font(canvas, ChartFont(kSong, titleFontSize));
+/// A piece of the first group's line, and the title behind it.
+void DrawFirstTitle(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout, std::int32_t textHeight) {
+    const std::int32_t swatch = ScaleByDpi(kLineSwatch, graph.dpi);
+    const std::int32_t left = layout.outline.left + 10;
+    DrawSwatchLine(canvas, graph, graph.GroupColor(0), {left, textHeight / 2 + layout.outline.top + 10}, swatch);
+    canvas.WriteText({left + swatch + 10, layout.outline.top + 10}, graph.graphTitle);
+}
+
+/// The swatch and title of the secondary series, from `at` on.
+void DrawSecondTitle(CCanvas& canvas, const CGraph& graph, Point at, std::int32_t textHeight) {
+    std::int32_t width = 0;
+    if (graph.graphType2 == 1) {
+        width = DrawLineSwatch(canvas, graph, {at.x, textHeight / 2 + at.y + 10});
+    } else if (graph.legendKind2 == 2) {
+        width = DrawTwoBarSwatch(canvas, graph, at, textHeight);
+    } else {
+        width = DrawBarSwatch(canvas, graph, at, textHeight);
+    }
+    canvas.WriteText({at.x + width + 10, at.y + 10}, graph.graphTitle2);
+}
+
+void DrawCentredTitle(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout) {
     canvas.SelectTextColor(0);
-    const auto halfLength = static_cast<std::int32_t>(graphTitle.size() / 2);
-    const std::int32_t x = maxWidth / 2 - halfLength * canvas.Metrics().averageWidth + outline.left;
-    canvas.WriteText({x, outline.top + 10}, graphTitle);
-    return MeasureTextBlock(canvas, graphTitle);
+    const auto halfLength = static_cast<std::int32_t>(graph.graphTitle.size() / 2);
+    const std::int32_t x = layout.maxWidth / 2 - halfLength * canvas.Metrics().averageWidth + layout.outline.left;
+    canvas.WriteText({x, layout.outline.top + 10}, graph.graphTitle);
+}
+
+}  // namespace
+
+void DrawFrame(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout) {
+    const CPenScope pen(canvas, SeriesPen(graph, kAxisColor));
+    const CBrushScope brush(canvas, kWhite);
+    canvas.Rectangle(layout.outline);
+}
+
+void DrawTitle(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout) {
+    const CFontScope font(canvas, TitleFont(graph));
+    if (!HasSwatches(graph)) {
+        DrawCentredTitle(canvas, graph, layout);
+        return;
+    }
+    const TextExtent first = canvas.MeasureText(graph.graphTitle);
+    DrawFirstTitle(canvas, graph, layout, first.height);
+    if (graph.dualAxis != 1 || !HasSecondTitle(graph)) return;
+    const std::int32_t x = layout.outline.left + 10 + ScaleByDpi(kLineSwatch, graph.dpi) + first.width + 25;
+    DrawSecondTitle(canvas, graph, {x, layout.outline.top}, first.height);
+}
+
+TextExtent MeasureTitle(CCanvas& canvas, const CGraph& graph) {
+    if (graph.dualAxis != 1) return MeasureBlockIn(canvas, TitleFont(graph), graph.graphTitle);
+    return HasSecondTitle(graph) ? MeasureBlockIn(canvas, TitleFont(graph), graph.graphTitle2) : TextExtent{};
 }
 
 }  // namespace tradebill

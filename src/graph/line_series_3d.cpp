@@ -1,8 +1,8 @@
-// Lines as ribbons, each group in a layer of its own.
-#include <algorithm>
+#include "graph/line_series_3d.h"
+
+#include <optional>
 
 #include "graph/graph_measures.h"
-#include "graph/graph_painters.h"
 #include "graph/graph_plane.h"
 #include "graph/shades.h"
 
@@ -38,12 +38,12 @@ void DrawRibbon(CCanvas& canvas, Color color, Point from, Point to, std::int32_t
 
 }  // namespace
 
-/// The last group lies in front. A missing value is bridged.
-void DrawLine3dSeries(CGraph& graph, CCanvas& canvas) {
-    const CPlotPlane plane(graph);
+void DrawLine3dSeries(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout) {
+    const CPlotPlane plane(graph, layout);
+    const Point shift{ClampPixel(graph.depthShiftX), ClampPixel(graph.depthShiftY)};
     const std::int32_t groups = graph.Groups();
     for (std::int32_t group = 0; group < groups; ++group) {
-        const std::int32_t layer = graph.depth / groups;
+        const std::int32_t layer = layout.depth / groups;
         const std::int32_t back = (groups - group) * layer;
         std::optional<Point> last;
         for (std::size_t position = 1; position <= graph.graphSeries.size(); ++position) {
@@ -51,7 +51,7 @@ void DrawLine3dSeries(CGraph& graph, CCanvas& canvas) {
             if (!value) continue;
             const std::int32_t along = ToPixel((plane.Slot() + 1.0) * static_cast<double>(position));
             Point at = plane.At(along, plane.LineHeight(*value));
-            if (!last) at = {at.x + graph.depthShiftX, at.y + graph.depthShiftY};
+            if (!last) at = {at.x + shift.x, at.y + shift.y};
             if (last) DrawRibbon(canvas, graph.GroupColor(group), *last, at, back - layer, back);
             last = at;
         }

@@ -1,11 +1,12 @@
-// The flat pie: one for each position, slices from its groups.
-#include "graph/graph_painters.h"
+#include "graph/pie_series.h"
+
 #include "graph/pie_slices.h"
 
 namespace tradebill {
 namespace {
 
-void DrawSlices(const CGraph& graph, CCanvas& canvas, const PieCircle& circle, const std::vector<PieSlice>& slices) {
+void DrawFlatSlices(CCanvas& canvas, const CGraph& graph, const PieCircle& circle,
+                    const std::vector<PieSlice>& slices) {
     Point start = circle.Start();
     for (const PieSlice& slice : slices) {
         const Point end = circle.DiamondPoint(slice.endDegrees);
@@ -19,8 +20,8 @@ void DrawSlices(const CGraph& graph, CCanvas& canvas, const PieCircle& circle, c
 
 }  // namespace
 
-void DrawPieSeries(CGraph& graph, CCanvas& canvas) {
-    DrawPies(graph, canvas, {.drawSlices = DrawSlices, .edgePoint = &PieCircle::DiamondPoint});
+void DrawPieSeries(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout) {
+    DrawPies(canvas, graph, layout, {.drawSlices = DrawFlatSlices, .edgePoint = &PieCircle::DiamondPoint});
 }
 
 }  // namespace tradebill

@@ -1,8 +1,9 @@
-// The pie as a disc seen from the front: the shaded lower side of all slices first, then the upper one.
+#include "graph/pie_series_3d.h"
+
 #include <algorithm>
+#include <vector>
 
 #include "graph/graph_measures.h"
-#include "graph/graph_painters.h"
 #include "graph/pie_slices.h"
 #include "graph/shades.h"
 
@@ -11,72 +12,63 @@ namespace {
 
 constexpr std::int32_t kHalfTurn = 180;
 constexpr std::int32_t kWholeTurn = 360;
-constexpr std::int32_t kShade = 35;
+constexpr std::int32_t kSideShade = 35;
 
-class CDisc {
-public:
-    CDisc(const CGraph& graph, CCanvas& canvas, const PieCircle& circle)
-        : graph_(graph), canvas_(canvas), circle_(circle), thickness_(ToPixel(circle.radius * graph.depthRatio)) {}
+struct Disc {
+    PieCircle circle;
+    std::int32_t thickness;
 
-    void Draw(const std::vector<PieSlice>& slices) {
-        for (const PieSlice& slice : slices) {
-            const CBrushScope brush(canvas_, Darker(graph_.GroupColor(slice.group), kShade));
-            DrawSector(slice, thickness_);
-            DrawRim(slice);
-        }
-        for (const PieSlice& slice : slices) {
-            const CBrushScope brush(canvas_, graph_.GroupColor(slice.group));
-            DrawSector(slice, 0);
-        }
-    }
-
-private:
-    [[nodiscard]] Point Lowered(Point point) const { return {point.x, point.y + thickness_}; }
-
+    [[nodiscard]] Point Lowered(Point point) const { return {point.x, point.y + thickness}; }
     /// Where a slice begins: the first one at the pie's own start.
     [[nodiscard]] Point StartOf(const PieSlice& slice) const {
-        return slice.startDegrees == 0 ? circle_.Start() : circle_.RimPoint(slice.startDegrees);
+        return slice.startDegrees == 0 ? circle.Start() : circle.RimPoint(slice.startDegrees);
     }
-
-    void DrawSector(const PieSlice& slice, std::int32_t down) {
-        const Point start = StartOf(slice);
-        const Point end = circle_.RimPoint(slice.endDegrees);
-        // Two equal directions mean the whole circle, which a slice too thin to see isn't.
-        if (start == end && slice.endDegrees - slice.startDegrees < kWholeTurn) return;
-        const auto [left, top, right, bottom] = circle_.Bounds();
-        canvas_.Pie({left, top + down, right, bottom + down}, {start.x, start.y + down}, {end.x, end.y + down});
-    }
-
-    /// Between upper and lower side: four corners in front; a slice at the back shows none, and closes towards the
-    /// middle.
-    void DrawRim(const PieSlice& slice) {
-        const Point start = StartOf(slice);
-        if (slice.startDegrees >= kHalfTurn) {
-            const Point corners[] = {circle_.Middle(), Lowered(start), Lowered(circle_.RimPoint(slice.endDegrees))};
-            canvas_.Polygon(corners);
-            return;
-        }
-        const Point end = circle_.RimPoint(std::min(slice.endDegrees, kHalfTurn));
-        const Point corners[] = {start, end, Lowered(end), Lowered(start)};
-        canvas_.Polygon(corners);
-    }
-
-    const CGraph& graph_;
-    CCanvas& canvas_;
-    PieCircle circle_;
-    std::int32_t thickness_;
 };
 
-void DrawDisc(const CGraph& graph, CCanvas& canvas, const PieCircle& circle, const std::vector<PieSlice>& slices) {
-    CDisc(graph, canvas, circle).Draw(slices);
+/// A slice of one side of the disc, which lies `down` pixels under the upper one.
+void DrawSector(CCanvas& canvas, const Disc& disc, const PieSlice& slice, std::int32_t down) {
+    const Point start = disc.StartOf(slice);
+    const Point end = disc.circle.RimPoint(slice.endDegrees);
+    // Two equal directions mean the whole circle, which a slice too thin to see isn't.
+    if (start == end && slice.endDegrees - slice.startDegrees < kWholeTurn) return;
+    const auto [left, top, right, bottom] = disc.circle.Bounds();
+    canvas.Pie({left, top + down, right, bottom + down}, {start.x, start.y + down}, {end.x, end.y + down});
+}
+
+/// Between upper and lower side: four corners in front; a slice at the back shows none, and closes towards the middle.
+void DrawRim(CCanvas& canvas, const Disc& disc, const PieSlice& slice) {
+    const Point start = disc.StartOf(slice);
+    if (slice.startDegrees >= kHalfTurn) {
+        const Point end = disc.circle.RimPoint(slice.endDegrees);
+        const Point corners[] = {disc.circle.Middle(), disc.Lowered(start), disc.Lowered(end)};
+        canvas.Polygon(corners);
+        return;
+    }
+    const Point end = disc.circle.RimPoint(std::min(slice.endDegrees, kHalfTurn));
+    const Point corners[] = {start, end, disc.Lowered(end), disc.Lowered(start)};
+    canvas.Polygon(corners);
+}
+
+void DrawDiscSlices(CCanvas& canvas, const CGraph& graph, const PieCircle& circle,
+                    const std::vector<PieSlice>& slices) {
+    const Disc disc{circle, ToPixel(circle.radius * graph.depthRatio)};
+    for (const PieSlice& slice : slices) {
+        const CBrushScope brush(canvas, Darker(graph.GroupColor(slice.group), kSideShade));
+        DrawSector(canvas, disc, slice, disc.thickness);
+        DrawRim(canvas, disc, slice);
+    }
+    for (const PieSlice& slice : slices) {
+        const CBrushScope brush(canvas, graph.GroupColor(slice.group));
+        DrawSector(canvas, disc, slice, 0);
+    }
 }
 
 }  // namespace
 
-void DrawPie3dSeries(CGraph& graph, CCanvas& canvas) {
+void DrawPie3dSeries(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout) {
     const CPenScope pen(canvas, {.width = 1, .color = 0});
     const CBrushScope white(canvas, kWhite);
-    DrawPies(graph, canvas, {.drawSlices = DrawDisc, .edgePoint = &PieCircle::RimPoint});
+    DrawPies(canvas, graph, layout, {.drawSlices = DrawDiscSlices, .edgePoint = &PieCircle::RimPoint});
 }
 
 }  // namespace tradebill

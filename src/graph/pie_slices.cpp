@@ -35,7 +35,7 @@ void MoveClear(CGraphPieLabel& label, const CGraphPieLabel& other, std::int32_t 
 }
 
 void DrawCaption(CCanvas& canvas, const PieCircle& circle, const PieMeasures& measures, const std::string& label) {
-    canvas.WriteText({circle.Middle().x - LengthOf(label) * 8 / 2,
+    canvas.WriteText({circle.Middle().x - WidthInBytes(label) * 8 / 2,
                       circle.middleY + ToPixel(1.5 * circle.radius) + measures.lineHeight + 15},
                      label);
 }
@@ -94,15 +94,14 @@ Point PieCircle::RimPoint(std::int32_t degrees) const {
     }
 }
 
-PieCircle CircleOf(const CGraph& graph, const PieMeasures& measures, std::size_t position) {
+PieCircle CircleOf(const CGraph& graph, const GraphLayout& layout, const PieMeasures& measures, std::size_t position) {
     const auto count = static_cast<std::int64_t>(graph.graphSeries.size());
-    const std::int64_t share = std::min(graph.xAxisWidth, graph.yAxisHeight) / count;
-    const auto radius = static_cast<std::int32_t>((share - 3 * measures.labelWidth) / 3);
-    const std::int32_t held = std::max(radius, 0);
-    const std::int32_t middleY = (graph.yAxisHeight + 60) / 2;
-    if (count == 1) return {graph.xAxisWidth / 2 + graph.xApexPoint - held, middleY, held};
-    const std::int64_t middleX = graph.xAxisWidth / count / 2 * (2 * static_cast<std::int64_t>(position) - 1);
-    return {static_cast<std::int32_t>(middleX) + graph.xApexPoint - held + 15, middleY, held};
+    const std::int64_t share = std::min(layout.xAxisWidth, layout.yAxisHeight) / count;
+    const auto radius = std::max(static_cast<std::int32_t>((share - 3 * measures.labelWidth) / 3), 0);
+    const std::int32_t middleY = (layout.yAxisHeight + 60) / 2;
+    if (count == 1) return {layout.xAxisWidth / 2 + layout.xApexPoint - radius, middleY, radius};
+    const std::int64_t middleX = layout.xAxisWidth / count / 2 * (2 * static_cast<std::int64_t>(position) - 1);
+    return {static_cast<std::int32_t>(middleX) + layout.xApexPoint - radius + 15, middleY, radius};
 }
 
 std::vector<PieSlice> SlicesOf(const CGraphSeries& series, std::int32_t groups) {
@@ -153,14 +152,14 @@ void SpreadLabels(std::vector<CGraphPieLabel>& labels, const PieMeasures& measur
     }
 }
 
-void DrawPies(const CGraph& graph, CCanvas& canvas, const PieForm& form) {
+void DrawPies(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout, const PieForm& form) {
     const PieMeasures measures = MeasurePie(canvas);
     for (std::size_t position = 1; position <= graph.graphSeries.size(); ++position) {
         const CGraphSeries& series = *graph.graphSeries[position - 1];
-        const PieCircle circle = CircleOf(graph, measures, position);
+        const PieCircle circle = CircleOf(graph, layout, measures, position);
         const std::vector<PieSlice> slices = SlicesOf(series, graph.Groups());
         DrawCaption(canvas, circle, measures, series.seriesLabel);
-        if (circle.radius > 0) form.drawSlices(graph, canvas, circle, slices);
+        if (circle.radius > 0) form.drawSlices(canvas, graph, circle, slices);
         std::vector<CGraphPieLabel> labels;
         for (const PieSlice& slice : slices) {
             labels.push_back(LabelOf(circle, measures, slice, (circle.*form.edgePoint)(slice.middleDegrees)));

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "graph/graph.h"
+#include "graph/graph_layout.h"
 #include "paint/canvas.h"
 
 namespace tradebill {
@@ -35,7 +36,8 @@ struct PieCircle {
     [[nodiscard]] Point RimPoint(std::int32_t degrees) const;
 };
 /// The circle of a position, counted from 1.
-[[nodiscard]] PieCircle CircleOf(const CGraph& graph, const PieMeasures& measures, std::size_t position);
+[[nodiscard]] PieCircle CircleOf(const CGraph& graph, const GraphLayout& layout, const PieMeasures& measures,
+                                 std::size_t position);
 
 struct PieSlice {
     std::int32_t group;
@@ -66,11 +68,11 @@ void SpreadLabels(std::vector<CGraphPieLabel>& labels, const PieMeasures& measur
 
 /// What the forms differ in: how slices are painted, and which point of their edge an angle means.
 struct PieForm {
-    void (*drawSlices)(const CGraph& graph, CCanvas& canvas, const PieCircle& circle,
+    void (*drawSlices)(CCanvas& canvas, const CGraph& graph, const PieCircle& circle,
                        const std::vector<PieSlice>& slices);
     Point (PieCircle::*edgePoint)(std::int32_t degrees) const;
 };
 /// A pie for each position, with its caption under it and percentages around it.
-void DrawPies(const CGraph& graph, CCanvas& canvas, const PieForm& form);
+void DrawPies(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout, const PieForm& form);
 
 }  // namespace tradebill

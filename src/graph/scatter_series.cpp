@@ -1,22 +1,33 @@
-// Dots at two numbers each.
+#include "graph/scatter_series.h"
+
+#include <vector>
+
+#include "graph/crossed_axes.h"
 #include "graph/graph_measures.h"
-#include "graph/graph_painters.h"
-#include "graph/graph_plane.h"
 
 namespace tradebill {
+namespace {
 
-/// Both axes run to `maxTick`.
-void DrawScatterSeries(CGraph& graph, CCanvas& canvas) {
-    constexpr std::int32_t kRadius = 3;
-    const double xStep = (graph.xAxisLast - graph.xApexPoint) / graph.maxTick;
-    const double yStep = (graph.yApexPoint - graph.yAxisLast) / graph.maxTick;
+constexpr std::int32_t kScatterRadius = 3;
+
+/// Pixels from the origin to the last mark; to the edge of the picture where there are none.
+std::int32_t ReachOf(const std::vector<ValueMark>& marks, std::int32_t toEdge) {
+    return marks.empty() ? toEdge : marks.back().offset;
+}
+
+}  // namespace
+
+void DrawScatterSeries(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout) {
+    const CrossedMarks marks = CrossedMarksOf(graph, layout);
+    const double xStep = ReachOf(marks.x, -layout.xApexPoint) / graph.maxTick;
+    const double yStep = ReachOf(marks.y, layout.yApexPoint) / graph.maxTick;
     for (const auto& series : graph.graphSeries) {
         if (series->dataValues.empty() || !(series->dataValues.front()->yValue > -1.0)) continue;
         const auto& [position, value] = *series->dataValues.front();
-        const double right = IsLying(graph) ? value : position;
-        const double up = IsLying(graph) ? position : value;
-        DrawDot(canvas, 0, {graph.xApexPoint + ToPixel(right * xStep), graph.yApexPoint - ToPixel(up * yStep)},
-                kRadius);
+        const double right = layout.axes.isLying ? value : position;
+        const double up = layout.axes.isLying ? position : value;
+        const Point at{layout.xApexPoint + ToPixel(right * xStep), layout.yApexPoint - ToPixel(up * yStep)};
+        DrawDot(canvas, 0, at, kScatterRadius);
     }
 }
 

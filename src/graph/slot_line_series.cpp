@@ -1,13 +1,14 @@
-// Lines without dots whose points stand where bars would.
+#include "graph/slot_line_series.h"
+
+#include <optional>
+
 #include "graph/graph_measures.h"
-#include "graph/graph_painters.h"
 #include "graph/graph_plane.h"
 
 namespace tradebill {
 
-/// A missing value is bridged.
-void DrawSlotLineSeries(CGraph& graph, CCanvas& canvas) {
-    const CPlotPlane plane(graph);
+void DrawSlotLineSeries(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout) {
+    const CPlotPlane plane(graph, layout);
     for (std::int32_t group = 0; group < graph.Groups(); ++group) {
         const CPenScope pen(canvas, {.width = 2, .color = graph.GroupColor(group)});
         std::optional<Point> last;

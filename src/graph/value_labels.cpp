@@ -3,18 +3,17 @@
 #include <algorithm>
 
 #include "base/number.h"
-#include "graph/graph_measures.h"
 
 namespace tradebill {
 
-bool Meet(const Box& left, const Box& right) {
+bool Overlap(const Box& left, const Box& right) {
     return std::max(left.left, right.left) < std::min(left.right, right.right) &&
            std::max(left.top, right.top) < std::min(left.bottom, right.bottom);
 }
 
 std::string ShownValue(double value, double divisor, std::int32_t decimals) {
     const double shown = value / divisor;
-    if (shown > -kLeastShown && shown < kLeastShown) return {};
+    if (shown > -kSmallestAmount && shown < kSmallestAmount) return {};
     return std::string(CNumberText::Fixed(shown, decimals).View());
 }
 
@@ -24,7 +23,7 @@ Box CValueLabels::DotAt(Point at) const {
 
 /// The last point looks at nothing behind it.
 bool CValueLabels::IsFree(const Box& label, const Box& nextDot, bool isLast) const {
-    return !Meet(label, lastLabel_) && !Meet(label, previousDot_) && (isLast || !Meet(label, nextDot));
+    return !Overlap(label, lastLabel_) && !Overlap(label, previousDot_) && (isLast || !Overlap(label, nextDot));
 }
 
 /// Never the first. All but the last keep their distance from the label before.

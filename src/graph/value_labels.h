@@ -8,8 +8,8 @@
 
 namespace tradebill {
 
-/// Whether two rectangles share a pixel; an empty one meets nothing.
-[[nodiscard]] bool Meet(const Box& left, const Box& right);
+/// Whether two rectangles share a pixel; an empty one shares none.
+[[nodiscard]] bool Overlap(const Box& left, const Box& right);
 
 /// A value as its label shows it; nothing for one that shows as zero.
 [[nodiscard]] std::string ShownValue(double value, double divisor, std::int32_t decimals);

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "graph/axis_arrangement.h"
 #include "graph/graph.h"
 
 namespace tradebill {
@@ -24,7 +25,7 @@ struct ValueAxis {
 
 /// In the order of drawing. The last one of a one-sided axis, and of the upper half of a centred one, stands at the
 /// end.
-[[nodiscard]] std::vector<ValueMark> MarksOf(const CGraph& graph, const ValueAxis& axis);
+[[nodiscard]] std::vector<ValueMark> MarksOf(const CGraph& graph, const AxisArrangement& axes, const ValueAxis& axis);
 
 /// What these axes print of a number: the lower half of its bit pattern, as a signed number. 0 for 10 and 20.
 [[nodiscard]] std::string PatternText(double value);

@@ -85,7 +85,7 @@ TEST_F(AreaSeries, HasItsTicksAndLabelsOverTheSpareRow) {
     AddGroups({10});
     AddGroups({10});
     Draw();
-    EXPECT_EQ(graph_.yApexPoint, 205);
+    EXPECT_EQ(layout_.yApexPoint, 205);
     EXPECT_EQ(canvas_.PlacesOf("01-02"), (Points{{54 - 15, 213}, {805 - 15, 213}}));
     const Lines thin = canvas_.LinesOf(kThin);
     ASSERT_EQ(thin.size(), 11u + 2u);

@@ -44,12 +44,12 @@ inline void Fill(CGraph& graph, std::int32_t kind) {
     }
 }
 
-inline void DrawRecorded(CGraph& graph, const Box& rect = kUsual) {
+inline void DrawRecorded(const CGraph& graph, const Box& rect = kUsual) {
     CRecordingCanvas canvas;
     graph.DrawGraph(canvas, rect);
 }
 
-inline void DrawPixels(CGraph& graph, const Box& rect = kUsual) {
+inline void DrawPixels(const CGraph& graph, const Box& rect = kUsual) {
     CBitmap bitmap(64, 48, kWhite);
     graph.DrawGraph(*MakeCanvas(bitmap), rect);
 }

@@ -33,9 +33,9 @@ TEST_F(Bars3d, HaveAFaceASideAndATop) {
     AddGroups({50});
     AddGroups({-1});
     Draw();
-    EXPECT_EQ(graph_.depth, 8);
-    EXPECT_EQ(graph_.xAxisWidth, 743);
-    EXPECT_EQ(graph_.yAxisHeight, 152);
+    EXPECT_EQ(layout_.depth, 8);
+    EXPECT_EQ(layout_.xAxisWidth, 743);
+    EXPECT_EQ(layout_.yAxisHeight, 152);
     EXPECT_EQ(Bars(), (std::vector<PaintedShape>{{{92, 149, 388, 220}, {.width = 1, .color = kRed}, kRed}}));
     ASSERT_EQ(canvas_.polygons.size(), 2u);
     EXPECT_EQ(

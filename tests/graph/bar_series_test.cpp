@@ -114,8 +114,8 @@ TEST_F(BarSeries, GoEitherWayInTheThirdQuadrant) {
     graph_.graphQuadType = 3;
     for (const double value : {0.5, 0.9, -0.5, -0.9}) AddGroups({value});
     Draw();
-    EXPECT_EQ(graph_.yApexPoint, 140);
-    EXPECT_EQ(graph_.xApexPoint, 54);
+    EXPECT_EQ(layout_.yApexPoint, 140);
+    EXPECT_EQ(layout_.xApexPoint, 54);
     EXPECT_EQ(BarBoxes(), (Boxes{{92, 65, 204, 140}, {279, 60, 391, 140}, {466, 215, 578, 140}, {653, 220, 765, 140}}));
 }
 
@@ -124,8 +124,8 @@ TEST_F(BarSeries, ReachHalfTheAxisInTheSecondQuadrantToo) {
     graph_.graphQuadType = 2;
     for (const double value : {0.5, 0.9, -0.5, -0.9}) AddGroups({value});
     Draw();
-    EXPECT_EQ(graph_.yApexPoint, 220);
-    EXPECT_EQ(graph_.xApexPoint, 54 + 375);
+    EXPECT_EQ(layout_.yApexPoint, 220);
+    EXPECT_EQ(layout_.xApexPoint, 54 + 375);
     EXPECT_EQ(BarBoxes(),
               (Boxes{{92, 145, 204, 220}, {279, 140, 391, 220}, {466, 295, 578, 220}, {653, 300, 765, 220}}));
 }
@@ -135,8 +135,8 @@ TEST_F(BarSeries, BeginAtTheLeftInTheFourthQuadrant) {
     graph_.graphQuadType = 4;
     for (const double value : {0.5, 0.9, -0.5, -0.9}) AddGroups({value});
     Draw();
-    EXPECT_EQ(graph_.yApexPoint, 140);
-    EXPECT_EQ(graph_.xApexPoint, 429);
+    EXPECT_EQ(layout_.yApexPoint, 140);
+    EXPECT_EQ(layout_.xApexPoint, 429);
     EXPECT_EQ(BarBoxes(), (Boxes{{92, 65, 204, 140}, {279, 60, 391, 140}, {466, 215, 578, 140}, {653, 220, 765, 140}}));
 }
 
@@ -183,9 +183,8 @@ TEST_F(BarSeries, FindTheirQuadrantByTheirLeastFirstData) {
             series->SetData(-7, -7);  // nor does the second
             graph.graphSeries.push_back(std::move(series));
         }
-        CRecordingCanvas canvas;
-        graph.DrawGraph(canvas, {0, 0, 825, 250});
-        EXPECT_EQ(graph.graphQuadType, row.quadrant);
+        EXPECT_EQ(ArrangementOf(graph).quadrant, row.quadrant);
+        EXPECT_EQ(graph.graphQuadType, 3);
     }
 }
 
@@ -193,7 +192,7 @@ TEST_F(BarSeries, LeaveAQuadrantSetByHand) {
     graph_.graphQuadType = 2;
     AddGroups({-5});
     Draw();
-    EXPECT_EQ(graph_.graphQuadType, 2);
+    EXPECT_EQ(layout_.axes.quadrant, 2);
 }
 
 TEST_F(BarSeries, AreAloneInFindingTheirQuadrant) {
@@ -202,9 +201,7 @@ TEST_F(BarSeries, AreAloneInFindingTheirQuadrant) {
         graph.graphType = kind;
         graph.quadSetManually = 0;
         Add(graph.graphSeries, "x", -5);
-        CRecordingCanvas canvas;
-        graph.DrawGraph(canvas, {0, 0, 825, 250});
-        EXPECT_EQ(graph.graphQuadType, 1) << kind;
+        EXPECT_EQ(ArrangementOf(graph).quadrant, 1) << kind;
     }
 }
 

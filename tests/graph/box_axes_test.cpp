@@ -28,11 +28,11 @@ TEST_F(BoxAxes, TakeTheirDepthOffTheAxes) {
     for (const std::int32_t kind : {30, 31, 320}) {
         graph_.graphType = kind;
         Draw();
-        EXPECT_EQ(graph_.depth, 40);
-        EXPECT_EQ(graph_.xAxisWidth, 711);
-        EXPECT_EQ(graph_.yAxisHeight, 120);
-        EXPECT_EQ(graph_.xApexPoint, 54);
-        EXPECT_EQ(graph_.yApexPoint, 220);
+        EXPECT_EQ(layout_.depth, 40);
+        EXPECT_EQ(layout_.xAxisWidth, 711);
+        EXPECT_EQ(layout_.yAxisHeight, 120);
+        EXPECT_EQ(layout_.xApexPoint, 54);
+        EXPECT_EQ(layout_.yApexPoint, 220);
     }
 }
 
@@ -56,7 +56,6 @@ TEST_F(BoxAxes, HaveTicksOfAFifthOfTheDepth) {
         const std::int32_t y = 180 - 12 * tick;
         EXPECT_EQ(thin[static_cast<std::size_t>(tick)], (PaintedLine{{94, y}, {86, y + 8}, kThin}));
     }
-    EXPECT_EQ(graph_.yAxisLast, 60);
     EXPECT_EQ(canvas_.PlacesOf("858993460"), (Points{{-10, 180 - 36 - 5}, {-10, 180 - 72 - 5}}));  // 0.3 and 0.6
     EXPECT_EQ(canvas_.PlacesOf("-1717986918").size(), 4u);  // 0.1, 0.2, 0.4 and 0.8
 }
@@ -91,17 +90,17 @@ TEST_F(BoxAxes, LieWithValuesOnTheFloor) {
     graph_.xAxisLabelLength = 8;
     AddGroups({0.5});
     Draw();
-    EXPECT_EQ(graph_.depth, 42);  // of 169
-    EXPECT_EQ(graph_.xAxisWidth, 745 - 42);
-    EXPECT_EQ(graph_.xAxisLast, 53 + 703);
+    EXPECT_EQ(layout_.depth, 42);  // of 169
+    EXPECT_EQ(layout_.xAxisWidth, 745 - 42);
+    EXPECT_EQ(canvas_.LinesOf(kThin)[10].from.x, 53 + 703);
     EXPECT_EQ(canvas_.PlacesOf("01-02").size(), 1u);
 }
 
 TEST_F(BoxAxes, AreFlatWithoutDepth) {
     graph_.depthRatio = 0;
     Draw();
-    EXPECT_EQ(graph_.depth, 0);
-    EXPECT_EQ(graph_.xAxisWidth, 751);
+    EXPECT_EQ(layout_.depth, 0);
+    EXPECT_EQ(layout_.xAxisWidth, 751);
 }
 
 }  // namespace

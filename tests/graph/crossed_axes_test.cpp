@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "graph/crossed_axes.h"
 #include "graph/graph_fixture.h"
 
 namespace tradebill {
@@ -39,7 +40,6 @@ TEST_F(CrossedAxes, HaveTheYAxisInTheMiddleOfTheSecondQuadrant) {
     }
     // At the plot's edge, away from the axis; 0.5 and 1 show as nothing too.
     EXPECT_EQ(canvas_.PlacesOf("0"), (Points{{54 - 6 - 10, 215}, {38, 135}, {38, 55}}));
-    EXPECT_EQ(graph_.yAxisLast, 60);
 }
 
 TEST_F(CrossedAxes, HaveTheXAxisInTheMiddleOfTheThirdQuadrant) {
@@ -53,7 +53,6 @@ TEST_F(CrossedAxes, HaveTheXAxisInTheMiddleOfTheThirdQuadrant) {
         const std::int32_t y = 140 - 16 * tick;
         EXPECT_EQ(thin[static_cast<std::size_t>(tick + 5)], (PaintedLine{{51, y}, {57, y}, kThin}));
     }
-    EXPECT_EQ(graph_.yAxisLast, 60);
 }
 
 TEST_F(CrossedAxes, AreBothInTheMiddleOfTheFourthQuadrant) {
@@ -119,8 +118,9 @@ TEST_F(CrossedAxes, HalveTheTicksOfScatteredDots) {
     EXPECT_EQ(canvas_.LinesOf(kBetween).size(), 20u);
     EXPECT_EQ(canvas_.PlacesOf("0").size(), 2u + 4u);  // the origin of both, and 5 times 0.2 to all sides
     EXPECT_EQ(graph_.numTicks, 10);
-    EXPECT_EQ(graph_.xAxisLast, 737);
-    EXPECT_EQ(graph_.yAxisLast, 60);
+    const CrossedMarks marks = CrossedMarksOf(graph_, layout_);
+    EXPECT_EQ(layout_.xApexPoint + marks.x.back().offset, 737);
+    EXPECT_EQ(layout_.yApexPoint - marks.y.back().offset, 60);
 }
 
 TEST_F(CrossedAxes, HaveNumbersBothWaysForScatteredDots) {
@@ -160,7 +160,6 @@ TEST_F(LyingAxes, RunValuesAlongX) {
         EXPECT_EQ(grid[i], (PaintedLine{{kX[i], 50}, {kX[i], 224}, kGridPen}));
     }
     EXPECT_EQ(canvas_.PlacesOf("858993460"), (Points{{276 - 27, 232}, {500 - 27, 232}}));  // 0.3 and 0.6
-    EXPECT_EQ(graph_.xAxisLast, 798);
 }
 
 // Rows of 174 / 3 = 58.
@@ -184,17 +183,14 @@ TEST_F(LyingAxes, KeepRowLabelsApart) {
 
 TEST_F(LyingAxes, CanBeDrawnWithoutLabels) {
     AddPoints({0, 0, 0});
-    graph_.hideAxisLabels = 1;
     Draw();
-    EXPECT_EQ(graph_.hideAxisLabels, 0);  // a whole painting always has them
+    EXPECT_FALSE(layout_.hideAxisLabels);  // a whole painting always has them
     EXPECT_EQ(canvas_.PlacesOf("01-02").size(), 3u);
-    for (const std::int32_t hidden : {1, -1, 7}) {
-        CRecordingCanvas axes;
-        graph_.hideAxisLabels = hidden;
-        graph_.DrawAxis(axes);
-        EXPECT_TRUE(axes.PlacesOf("01-02").empty());
-        EXPECT_EQ(axes.LinesOf(kThin).size(), 14u);
-    }
+    CRecordingCanvas axes;
+    layout_.hideAxisLabels = true;
+    DrawCrossedAxes(axes, graph_, layout_);
+    EXPECT_TRUE(axes.PlacesOf("01-02").empty());
+    EXPECT_EQ(axes.LinesOf(kThin).size(), 14u);
 }
 
 TEST_F(LyingAxes, ShowTheirTitles) {

@@ -7,9 +7,11 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "graph/graph.h"
+#include "graph/graph_layout.h"
 #include "graph/recording_canvas.h"
 
 namespace tradebill {
@@ -45,7 +47,16 @@ protected:
         graph_.seriesSize = std::max(graph_.seriesSize, static_cast<std::int32_t>(values.size()));
         graph_.graphSeries.push_back(std::move(series));
     }
-    void Draw() { graph_.DrawGraph(canvas_, {0, 0, 825, 250}); }
+    /// How the chart is laid out in `rect`.
+    void LayOut(const Box& rect = kUsualRect) {
+        CRecordingCanvas measured;
+        layout_ = LayOutGraph(measured, graph_, rect);
+    }
+    /// Draws it, and keeps the layout too. Returns what kept the data from being painted.
+    std::string_view Draw(const Box& rect = kUsualRect) {
+        LayOut(rect);
+        return graph_.DrawGraph(canvas_, rect);
+    }
 
     /// All rectangles but the frame.
     [[nodiscard]] std::vector<PaintedShape> Bars() const {
@@ -65,7 +76,10 @@ protected:
         return points;
     }
 
+    static constexpr Box kUsualRect{0, 0, 825, 250};
+
     CGraph graph_;
+    GraphLayout layout_;
     CRecordingCanvas canvas_;
 };
 

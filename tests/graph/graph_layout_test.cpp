@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "graph/axis_titles.h"
 #include "graph/graph_fixture.h"
 #include "graph/graph_measures.h"
 #include "paint/font.h"
@@ -14,68 +15,68 @@
 namespace tradebill {
 namespace {
 
-class GraphLayout : public GraphFixture {};
+class LaidOutGraph : public GraphFixture {};
 
-TEST_F(GraphLayout, FollowsTheRectangle) {
-    graph_.DrawGraph(canvas_, {100, 50, 925, 300});
-    EXPECT_EQ(graph_.outline, (Box{100, 50, 925, 300}));
-    EXPECT_EQ(graph_.maxWidth, 825);
-    EXPECT_EQ(graph_.maxHeight, 250);
-    EXPECT_EQ(graph_.xApexPoint, 154);
-    EXPECT_EQ(graph_.axisBottom, 270);
-    EXPECT_EQ(graph_.yApexPoint, 270);
-    EXPECT_EQ(graph_.plotHeight, 184);
-    EXPECT_EQ(graph_.xAxisWidth, 751);
-    EXPECT_EQ(graph_.yAxisHeight, 160);
+TEST_F(LaidOutGraph, FollowsTheRectangle) {
+    Draw({100, 50, 925, 300});
+    EXPECT_EQ(layout_.outline, (Box{100, 50, 925, 300}));
+    EXPECT_EQ(layout_.maxWidth, 825);
+    EXPECT_EQ(layout_.maxHeight, 250);
+    EXPECT_EQ(layout_.xApexPoint, 154);
+    EXPECT_EQ(layout_.axisBottom, 270);
+    EXPECT_EQ(layout_.yApexPoint, 270);
+    EXPECT_EQ(layout_.plotHeight, 184);
+    EXPECT_EQ(layout_.xAxisWidth, 751);
+    EXPECT_EQ(layout_.yAxisHeight, 160);
 }
 
-TEST_F(GraphLayout, LeavesRoomForTheYTitle) {
+TEST_F(LaidOutGraph, LeavesRoomForTheYTitle) {
     graph_.axisYLabel = "Yuan.";  // 30 wide, half as much again left free
     Draw();
-    EXPECT_EQ(graph_.xApexPoint, 99);
-    EXPECT_EQ(graph_.xAxisWidth, 706);
+    EXPECT_EQ(layout_.xApexPoint, 99);
+    EXPECT_EQ(layout_.xAxisWidth, 706);
     graph_.axisYLabel = "Yu";
     Draw();
-    EXPECT_EQ(graph_.xApexPoint, 54 + 18);
+    EXPECT_EQ(layout_.xApexPoint, 54 + 18);
 }
 
-TEST_F(GraphLayout, LeavesRoomForTheXTitle) {
+TEST_F(LaidOutGraph, LeavesRoomForTheXTitle) {
     graph_.axisXLabel = "Day";
     Draw();
-    EXPECT_EQ(graph_.axisBottom, 250 - 11 - 35);
-    EXPECT_EQ(graph_.plotHeight, 204 - 10 - 26);
+    EXPECT_EQ(layout_.axisBottom, 250 - 11 - 35);
+    EXPECT_EQ(layout_.plotHeight, 204 - 10 - 26);
     graph_.dpi = 192;
     Draw();
-    EXPECT_EQ(graph_.axisBottom, 250 - 11 - 70);
+    EXPECT_EQ(layout_.axisBottom, 250 - 11 - 70);
 }
 
-TEST_F(GraphLayout, LeavesRoomForTurnedLabels) {
+TEST_F(LaidOutGraph, LeavesRoomForTurnedLabels) {
     graph_.axisXLabel = "Day";  // takes no part
     graph_.xAxisLabelLength = 10;
     for (const std::int32_t degrees : {90, 180, -45}) {
         graph_.xAxisAlign = degrees;
         Draw();
-        EXPECT_EQ(graph_.axisBottom, 250 - 10 * 5 - 15);
+        EXPECT_EQ(layout_.axisBottom, 250 - 10 * 5 - 15);
     }
-    graph_.DrawGraph(canvas_, {0, 40, 825, 290});
-    EXPECT_EQ(graph_.axisBottom, 290 - 10 * 5 - 15);
+    Draw({0, 40, 825, 290});
+    EXPECT_EQ(layout_.axisBottom, 290 - 10 * 5 - 15);
 }
 
-TEST_F(GraphLayout, LooksAtAllTicksButTheLowest) {
+TEST_F(LaidOutGraph, LooksAtAllTicksButTheLowest) {
     graph_.minTick = -1'000'000;  // 8 bytes
     graph_.tickSpace = 1'000'000;
     Draw();
-    EXPECT_EQ(graph_.xApexPoint, 10 + 7 * 6 + 20);  // of 9000000
+    EXPECT_EQ(layout_.xApexPoint, 10 + 7 * 6 + 20);  // of 9000000
     graph_.minTick = 0;
     Draw();
-    EXPECT_EQ(graph_.xApexPoint, 10 + 8 * 6 + 20);
+    EXPECT_EQ(layout_.xApexPoint, 10 + 8 * 6 + 20);
     CopyField(graph_.valueSuffix, "!!");
     Draw();
-    EXPECT_EQ(graph_.xApexPoint, 10 + 10 * 6 + 20);
+    EXPECT_EQ(layout_.xApexPoint, 10 + 10 * 6 + 20);
 }
 
 // With real fonts a minus sign is narrower than a digit.
-TEST_F(GraphLayout, MeasuresTheLastOfEquallyLongNumbers) {
+TEST_F(LaidOutGraph, MeasuresTheLastOfEquallyLongNumbers) {
     struct {
         double lowest, space;
         std::string_view last;
@@ -86,28 +87,28 @@ TEST_F(GraphLayout, MeasuresTheLastOfEquallyLongNumbers) {
     for (const auto& row : kCases) {
         graph_.minTick = row.lowest;
         graph_.tickSpace = row.space;
-        graph_.DrawGraph(*MakeCanvas(bitmap), {0, 0, 825, 250});
-        EXPECT_EQ(graph_.xApexPoint, 30 + MeasureText(ChartFont(kTahoma, 11), row.last).width) << row.last;
+        const GraphLayout layout = LayOutGraph(*MakeCanvas(bitmap), graph_, kUsualRect);
+        EXPECT_EQ(layout.xApexPoint, 30 + MeasureText(ChartFont(kTahoma, 11), row.last).width) << row.last;
     }
 }
 
-TEST_F(GraphLayout, MeasuresTheRightAxisByItsDivisor) {
+TEST_F(LaidOutGraph, MeasuresTheRightAxisByItsDivisor) {
     graph_.dualAxis = 1;
     graph_.unitText2[0] = '\0';
     graph_.maxTick2 = 1.0;
     graph_.tickSpace2 = 0.1;
     Draw();
-    EXPECT_EQ(graph_.xAxisWidth, 751 - 36);  // of 100.00
+    EXPECT_EQ(layout_.xAxisWidth, 751 - 36);  // of 100.00
     graph_.valueDivisor2 = 1.0;
     Draw();
-    EXPECT_EQ(graph_.xAxisWidth, 751 - 24);  // of 1.00, though 100.00 is written
+    EXPECT_EQ(layout_.xAxisWidth, 751 - 24);  // of 1.00, though 100.00 is written
     EXPECT_TRUE(canvas_.FindText("100.00"));
     graph_.dualAxis = 2;
     Draw();
-    EXPECT_EQ(graph_.xAxisWidth, 751);
+    EXPECT_EQ(layout_.xAxisWidth, 751);
 }
 
-TEST_F(GraphLayout, SharesRowsOutInWholePixels) {
+TEST_F(LaidOutGraph, SharesRowsOutInWholePixels) {
     struct {
         std::int32_t topRowMode, baseRow, yAxisHeight, yApexPoint;
     } const kCases[] = {
@@ -123,83 +124,83 @@ TEST_F(GraphLayout, SharesRowsOutInWholePixels) {
         graph_.topRowMode = row.topRowMode;
         graph_.baseRow = row.baseRow;
         Draw();
-        EXPECT_EQ(graph_.yAxisHeight, row.yAxisHeight);
-        EXPECT_EQ(graph_.yApexPoint, row.yApexPoint);
-        EXPECT_EQ(graph_.axisBottom, 220);
+        EXPECT_EQ(layout_.yAxisHeight, row.yAxisHeight);
+        EXPECT_EQ(layout_.yApexPoint, row.yApexPoint);
+        EXPECT_EQ(layout_.axisBottom, 220);
     }
 }
 
-TEST_F(GraphLayout, GoesOnWithMeasuresUnderZero) {
-    graph_.DrawGraph(canvas_, {0, 0, 20, 20});
-    EXPECT_EQ(graph_.xAxisWidth, -54);
-    EXPECT_EQ(graph_.axisBottom, -10);
-    EXPECT_EQ(graph_.plotHeight, -46);
-    EXPECT_EQ(graph_.yAxisHeight, -40);  // rows of -46 / 11 = -4
+TEST_F(LaidOutGraph, GoesOnWithMeasuresUnderZero) {
+    Draw({0, 0, 20, 20});
+    EXPECT_EQ(layout_.xAxisWidth, -54);
+    EXPECT_EQ(layout_.axisBottom, -10);
+    EXPECT_EQ(layout_.plotHeight, -46);
+    EXPECT_EQ(layout_.yAxisHeight, -40);  // rows of -46 / 11 = -4
 }
 
 // Numbers of three bytes take 3 * 5 pixels; the font of the axis titles is 16 high.
-TEST_F(GraphLayout, HasFixedMarginsForLyingBars) {
+TEST_F(LaidOutGraph, HasFixedMarginsForLyingBars) {
     graph_.graphType = kBarGraph;
     graph_.graphAlignment = 0;
     graph_.xAxisLabelLength = 8;
     graph_.axisYLabel = "Yuan";  // stands elsewhere
-    graph_.DrawGraph(canvas_, {100, 50, 925, 300});
-    EXPECT_EQ(graph_.xApexPoint, 153);
-    EXPECT_EQ(graph_.yApexPoint, 269);
-    EXPECT_EQ(graph_.yAxisHeight, 169);
-    EXPECT_EQ(graph_.xAxisWidth, 745);
-    EXPECT_EQ(graph_.axisBottom, graph_.yApexPoint);
+    Draw({100, 50, 925, 300});
+    EXPECT_EQ(layout_.xApexPoint, 153);
+    EXPECT_EQ(layout_.yApexPoint, 269);
+    EXPECT_EQ(layout_.yAxisHeight, 169);
+    EXPECT_EQ(layout_.xAxisWidth, 745);
+    EXPECT_EQ(layout_.axisBottom, layout_.yApexPoint);
     graph_.axisXLabel = "Day";
     Draw();
-    EXPECT_EQ(graph_.xApexPoint, 53 + 26);
-    EXPECT_EQ(graph_.xAxisWidth, 745);
+    EXPECT_EQ(layout_.xApexPoint, 53 + 26);
+    EXPECT_EQ(layout_.xAxisWidth, 745);
 }
 
-TEST_F(GraphLayout, TakesTheTickFontForLyingLines) {
+TEST_F(LaidOutGraph, TakesTheTickFontForLyingLines) {
     graph_.graphAlignment = 0;
     graph_.axisXLabel = "Day";
     graph_.tickFontSize = 13;
     Draw();
-    EXPECT_EQ(graph_.xApexPoint, 23 + 5);
-    EXPECT_EQ(graph_.yApexPoint, 250 - 13 - 15);
-    EXPECT_EQ(graph_.yAxisHeight, 172);
-    EXPECT_EQ(graph_.xAxisWidth, 825 - 3 * 6 - 65);
+    EXPECT_EQ(layout_.xApexPoint, 23 + 5);
+    EXPECT_EQ(layout_.yApexPoint, 250 - 13 - 15);
+    EXPECT_EQ(layout_.yAxisHeight, 172);
+    EXPECT_EQ(layout_.xAxisWidth, 825 - 3 * 6 - 65);
 }
 
-TEST_F(GraphLayout, LeavesTheGapOfScatteredDotsForTheYTitle) {
+TEST_F(LaidOutGraph, LeavesTheGapOfScatteredDotsForTheYTitle) {
     graph_.graphType = kScatterGraph;
     graph_.axisXLabel = "Day";
     Draw();
-    EXPECT_EQ(graph_.xApexPoint, 5);
+    EXPECT_EQ(layout_.xApexPoint, 5);
     graph_.axisYLabel = "Yuan";
     Draw();
-    EXPECT_EQ(graph_.xApexPoint, 5 + 26);
+    EXPECT_EQ(layout_.xApexPoint, 5 + 26);
 }
 
-TEST_F(GraphLayout, GivesPiesAlmostAll) {
+TEST_F(LaidOutGraph, GivesPiesAlmostAll) {
     for (const std::int32_t kind : {2, 32}) {
         graph_.graphType = kind;
-        graph_.DrawGraph(canvas_, {100, 50, 925, 300});
-        EXPECT_EQ(graph_.xAxisWidth, 815);
-        EXPECT_EQ(graph_.yAxisHeight, 200);
-        EXPECT_EQ(graph_.xApexPoint, 105);
-        EXPECT_EQ(graph_.yApexPoint, 295);
+        Draw({100, 50, 925, 300});
+        EXPECT_EQ(layout_.xAxisWidth, 815);
+        EXPECT_EQ(layout_.yAxisHeight, 200);
+        EXPECT_EQ(layout_.xApexPoint, 105);
+        EXPECT_EQ(layout_.yApexPoint, 295);
     }
 }
 
-TEST_F(GraphLayout, MovesTheApexOfFlatKindsAlone) {
+TEST_F(LaidOutGraph, MovesTheApexOfFlatKindsAlone) {
     graph_.graphQuadType = 4;
     for (const std::int32_t kind : {0, 1, 4, 20, 21}) {
         graph_.graphType = kind;
         Draw();
-        EXPECT_EQ(graph_.xApexPoint, 429) << kind;
-        EXPECT_EQ(graph_.yApexPoint, 140) << kind;
+        EXPECT_EQ(layout_.xApexPoint, 429) << kind;
+        EXPECT_EQ(layout_.yApexPoint, 140) << kind;
     }
     for (const std::int32_t kind : {30, 31, 320, 5}) {
         graph_.graphType = kind;
         Draw();
-        EXPECT_EQ(graph_.xApexPoint, 54) << kind;
-        EXPECT_EQ(graph_.yApexPoint, 220) << kind;
+        EXPECT_EQ(layout_.xApexPoint, 54) << kind;
+        EXPECT_EQ(layout_.yApexPoint, 220) << kind;
     }
 }
 
@@ -208,8 +209,8 @@ protected:
     std::int32_t HeightFor(const Box& rect, std::size_t xLength, std::size_t yLength) {
         graph_.axisXLabel.assign(xLength, 'x');
         graph_.axisYLabel.assign(yLength, 'y');
-        graph_.DrawGraph(canvas_, rect);
-        return graph_.AxisTitleHeight();
+        Draw(rect);
+        return AxisTitleHeight(graph_, rect);
     }
 };
 
@@ -242,7 +243,7 @@ TEST_F(AxisTitleFont, WritesBothTitles) {
     EXPECT_EQ(yTitle->at, (Point{10, 204 - 6 - 75}));
     const auto xTitle = canvas_.FindText("xxx");
     ASSERT_TRUE(xTitle);
-    EXPECT_EQ(graph_.xApexPoint, 414);
+    EXPECT_EQ(layout_.xApexPoint, 414);
     EXPECT_EQ(xTitle->at, (Point{391 / 2 - 6 + 414, 204 + 25}));
     EXPECT_EQ(xTitle->font.cellHeight, 12);
 }

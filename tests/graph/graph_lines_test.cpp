@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "graph/graph_fixture.h"
-#include "graph/graph_painters.h"
+#include "graph/second_bars.h"
 #include "graph/value_labels.h"
 
 namespace tradebill {
@@ -93,11 +93,11 @@ TEST_F(GraphLines, KeepTheirLabelsApartByTheScreen) {
     EXPECT_GT(narrow.PlacesOf("77").size(), wide.size());
 }
 
-TEST_F(GraphLines, MeetOnlyWhereTheyShareAPixel) {
-    EXPECT_TRUE(Meet({0, 0, 10, 10}, {9, 9, 20, 20}));
-    EXPECT_FALSE(Meet({0, 0, 10, 10}, {10, 0, 20, 10}));
-    EXPECT_FALSE(Meet({0, 0, 10, 10}, {5, 5, 5, 8}));
-    EXPECT_FALSE(Meet({}, {0, 0, 10, 10}));
+TEST_F(GraphLines, OverlapOnlyWhereTheyShareAPixel) {
+    EXPECT_TRUE(Overlap({0, 0, 10, 10}, {9, 9, 20, 20}));
+    EXPECT_FALSE(Overlap({0, 0, 10, 10}, {10, 0, 20, 10}));
+    EXPECT_FALSE(Overlap({0, 0, 10, 10}, {5, 5, 5, 8}));
+    EXPECT_FALSE(Overlap({}, {0, 0, 10, 10}));
 }
 
 TEST_F(GraphLines, ShowNothingForZero) {
@@ -128,8 +128,8 @@ protected:
 TEST_F(SecondSeries, BarsStandBetweenThePoints) {
     AddBars({0.5, 0.75});
     Draw();
-    ASSERT_EQ(graph_.yAxisHeight, 190);
-    ASSERT_EQ(graph_.xAxisWidth, 715);
+    ASSERT_EQ(layout_.yAxisHeight, 190);
+    ASSERT_EQ(layout_.xAxisWidth, 715);
     ASSERT_EQ(Bars().size(), 2u);
     // (406 - 54) / 6 = 58 from either side; 0.5 of 180 is 90, and 50 is not over 50.
     EXPECT_EQ(Bars()[0], (PaintedShape{{54 + 58, 130, 406 - 58, 220}, kThin, Brush(0x00C000)}));
@@ -175,7 +175,7 @@ TEST_F(SecondSeries, LineTakesTheColorOfEachPoint) {
 TEST_F(GraphLines, CutLyingPointsTowardsZero) {
     graph_.graphAlignment = 0;
     AddPoints({1, 1, 1, 1, 1, 1});
-    graph_.DrawGraph(canvas_, {0, -250, 825, 0});
+    Draw({0, -250, 825, 0});
     EXPECT_EQ(Dots().front(), (Point{5 + 7, -26 - 14}));
 }
 
@@ -184,11 +184,9 @@ TEST_F(GraphLines, CollectTheirPointsAlikeForAllKinds) {
     for (const std::int32_t kind : {1, 30, 31, 320}) {
         graph_.graphType = kind;
         graph_.fillArea = 1;
-        graph_.xApexPoint = 54;
-        graph_.xAxisWidth = 751;
-        std::vector<std::int32_t> positions;
-        CollectPointX(graph_, positions);
-        EXPECT_EQ(positions, (std::vector<std::int32_t>{54, 795})) << kind;
+        layout_.xApexPoint = 54;
+        layout_.xAxisWidth = 751;
+        EXPECT_EQ(PointXOf(graph_, layout_), (std::vector<std::int32_t>{54, 795})) << kind;
     }
 }
 

@@ -13,17 +13,22 @@ namespace {
 class GraphPlane : public testing::Test {
 protected:
     GraphPlane() : graph_(1) {
-        graph_.xApexPoint = 100;
-        graph_.yApexPoint = 300;
-        graph_.xAxisWidth = 410;
-        graph_.yAxisHeight = 200;
+        layout_.xApexPoint = 100;
+        layout_.yApexPoint = 300;
+        layout_.xAxisWidth = 410;
+        layout_.yAxisHeight = 200;
     }
     void AddPositions(std::size_t count) {
         while (graph_.graphSeries.size() < count) graph_.graphSeries.push_back(std::make_unique<CGraphSeries>());
     }
-    [[nodiscard]] CPlotPlane Plane() const { return CPlotPlane(graph_); }
+    /// On axes as the chart's settings ask for.
+    [[nodiscard]] CPlotPlane Plane() {
+        layout_.axes = ArrangementOf(graph_);
+        return {graph_, layout_};
+    }
 
     CGraph graph_;
+    GraphLayout layout_;
 };
 
 TEST_F(GraphPlane, PutsTheLastPointTenPixelsBeforeTheEnd) {
@@ -116,7 +121,7 @@ TEST_F(GraphPlane, LimitsBarsToTheAxisOrHalfOfIt) {
     EXPECT_EQ(Plane().Limited(101), 100);
     EXPECT_EQ(Plane().Limited(-101), -100);
     EXPECT_EQ(Plane().Limited(99), 99);
-    graph_.yAxisHeight = -50;  // no room
+    layout_.yAxisHeight = -50;  // no room
     EXPECT_EQ(Plane().Limited(7), 0);
 }
 
@@ -153,9 +158,9 @@ TEST_F(GraphPlane, TellsTheAxesOfAChart) {
     for (const auto& row : kCases) {
         graph_.graphType = row.kind;
         graph_.graphAlignment = 1;
-        EXPECT_EQ(AxisStyleOf(graph_), row.upright) << row.kind;
+        EXPECT_EQ(ArrangementOf(graph_).style, row.upright) << row.kind;
         graph_.graphAlignment = 0;
-        EXPECT_EQ(AxisStyleOf(graph_), row.lying) << row.kind;
+        EXPECT_EQ(ArrangementOf(graph_).style, row.lying) << row.kind;
     }
 }
 

@@ -7,7 +7,7 @@
 
 #include "graph/graph_fixture.h"
 #include "graph/graph_measures.h"
-#include "graph/graph_painters.h"
+#include "graph/second_bars.h"
 #include "support/gbk_text.h"
 
 namespace tradebill {
@@ -32,24 +32,45 @@ TEST_F(GraphSteps, StopBeforeTheAxesOfAnUnknownKind) {
     for (const std::int32_t kind : {5, -1, 22, 33, 321, std::numeric_limits<std::int32_t>::max()}) {
         CRecordingCanvas canvas;
         graph_.graphType = kind;
-        graph_.DrawGraph(canvas, {0, 0, 825, 250});
-        EXPECT_EQ(graph_.message, "No graph type to display");
+        EXPECT_EQ(graph_.DrawGraph(canvas, {0, 0, 825, 250}), "No graph type to display");
         EXPECT_EQ(canvas.rectangles.size(), 1u);
         EXPECT_EQ(canvas.texts.size(), 1u);  // the title
         EXPECT_EQ(canvas.LinesOf(kGridPen).size(), 11u);
         EXPECT_EQ(canvas.lines.size(), 11u);
     }
     graph_.graphType = kLineGraph;
-    Draw();
-    EXPECT_EQ(graph_.message, "");
+    EXPECT_EQ(Draw(), "");
 }
 
 TEST_F(GraphSteps, HaveAMessageForNoKindThatThereIs) {
     AddPoints({1, 2});
     for (const std::int32_t kind : {0, 1, 2, 3, 4, 20, 21, 30, 31, 32, 320}) {
         graph_.graphType = kind;
-        Draw();
-        EXPECT_EQ(graph_.message, "") << kind;
+        EXPECT_EQ(Draw(), "") << kind;
+    }
+}
+
+TEST_F(GraphSteps, PaintTheSameTwice) {
+    graph_.depthRatio = 0.25;
+    graph_.dualAxis = 1;
+    graph_.quadSetManually = 0;
+    AddGroups({-10, 20});
+    AddGroups({30, 40});
+    for (const std::int32_t kind : {0, 1, 2, 3, 4, 20, 21, 30, 31, 32, 320}) {
+        for (const std::int32_t alignment : {0, 1}) {
+            graph_.graphType = kind;
+            graph_.graphAlignment = alignment;
+            CRecordingCanvas first;
+            CRecordingCanvas second;
+            graph_.DrawGraph(first, kUsualRect);
+            graph_.DrawGraph(second, kUsualRect);
+            EXPECT_EQ(second.lines, first.lines) << kind;
+            EXPECT_EQ(second.rectangles, first.rectangles) << kind;
+            EXPECT_EQ(second.ellipses, first.ellipses) << kind;
+            EXPECT_EQ(second.pies, first.pies) << kind;
+            EXPECT_EQ(second.polygons, first.polygons) << kind;
+            EXPECT_EQ(second.order, first.order) << kind;
+        }
     }
 }
 
@@ -104,8 +125,8 @@ TEST_F(GraphSteps, WriteTheRightCaptionThoughEmpty) {
     graph_.dualAxis = 1;
     graph_.unitText2[0] = '\0';
     Draw();
-    const std::int32_t right = graph_.xApexPoint + graph_.xAxisWidth - 10;
-    EXPECT_EQ(canvas_.PlacesOf("  "), (Points{{right, 220 - graph_.plotHeight}}));
+    const std::int32_t right = layout_.xApexPoint + layout_.xAxisWidth - 10;
+    EXPECT_EQ(canvas_.PlacesOf("  "), (Points{{right, 220 - layout_.plotHeight}}));
     EXPECT_EQ(canvas_.FindText("  ")->background, TextBackground::Transparent);
 }
 
@@ -136,10 +157,9 @@ TEST_F(GraphSteps, TurnLabelsByTheirAngle) {
     Draw();
     ASSERT_EQ(canvas_.PlacesOf("01-02").size(), 8u);  // all of them
     EXPECT_EQ(canvas_.FindText("01-02")->font, ChartFont(kTahoma, 11, 450));
-    EXPECT_EQ(canvas_.PlacesOf("01-02")[0], (Point{54 - 8, 5 * 6 + graph_.yApexPoint + 8}));
+    EXPECT_EQ(canvas_.PlacesOf("01-02")[0], (Point{54 - 8, 5 * 6 + layout_.yApexPoint + 8}));
     EXPECT_EQ(canvas_.PlacesOf("01-02")[7].x, 795 - 8);
     EXPECT_EQ(canvas_.LinesOf(kThin).size(), 11u);  // no ticks but the values'
-    EXPECT_EQ(graph_.xAxisLast, 795);
 }
 
 TEST_F(GraphSteps, HangLabelsOfHalfATurnAndMore) {
@@ -148,13 +168,15 @@ TEST_F(GraphSteps, HangLabelsOfHalfATurnAndMore) {
         CRecordingCanvas canvas;
         graph_.xAxisAlign = degrees;
         graph_.DrawGraph(canvas, {0, 0, 825, 250});
-        EXPECT_EQ(canvas.PlacesOf("01-02"), (Points{{56, graph_.yApexPoint + 8}}));
+        LayOut();
+        EXPECT_EQ(canvas.PlacesOf("01-02"), (Points{{56, layout_.yApexPoint + 8}}));
     }
     for (const std::int32_t degrees : {179, -90}) {
         CRecordingCanvas canvas;
         graph_.xAxisAlign = degrees;
         graph_.DrawGraph(canvas, {0, 0, 825, 250});
-        EXPECT_EQ(canvas.PlacesOf("01-02"), (Points{{46, graph_.yApexPoint + 8}}));  // nothing reserved
+        LayOut();
+        EXPECT_EQ(canvas.PlacesOf("01-02"), (Points{{46, layout_.yApexPoint + 8}}));  // nothing reserved
     }
 }
 
@@ -177,10 +199,10 @@ TEST_F(GraphSteps, LabelTheLastPointIfJustItsHalfFits) {
     AddPoints(std::vector<double>(8, 1.0));
     graph_.graphSeries[6]->seriesLabel.assign(18, 'a');  // to 700 + 54
     graph_.graphSeries[7]->seriesLabel.assign(18, 'z');
-    graph_.DrawGraph(canvas_, {0, 0, 838, 250});
+    Draw({0, 0, 838, 250});
     EXPECT_EQ(canvas_.PlacesOf(std::string(18, 'z')), (Points{{808 - 54, 228}}));
     graph_.graphSeries[7]->seriesLabel.assign(19, 'y');
-    graph_.DrawGraph(canvas_, {0, 0, 838, 250});
+    Draw({0, 0, 838, 250});
     EXPECT_EQ(canvas_.PlacesOf(std::string(19, 'y')), Points{});
 }
 
@@ -205,9 +227,7 @@ TEST_F(GraphSteps, DrawNoSecondBarsWithoutPoints) {
     graph_.seriesSize = 1;
     Draw();
     EXPECT_TRUE(Bars().empty());
-    std::vector<std::int32_t> positions{1, 2, 3};
-    CollectPointX(graph_, positions);
-    EXPECT_TRUE(positions.empty());
+    EXPECT_TRUE(PointXOf(graph_, layout_).empty());
 }
 
 }  // namespace

@@ -42,7 +42,7 @@ TEST_F(GraphTitle, StandsBehindASwatch) {
     EXPECT_EQ(canvas_.texts[0].color, 0x383838u);
     EXPECT_EQ(canvas_.texts[0].font, ChartFont(kSong, 11));
     EXPECT_EQ(canvas_.texts[0].background, TextBackground::Opaque);
-    EXPECT_EQ(graph_.plotHeight, 210 - 10 - 11);
+    EXPECT_EQ(layout_.plotHeight, 210 - 10 - 11);
     EXPECT_EQ(canvas_.PlacesOf("Use"), Points{});
 }
 
@@ -56,7 +56,7 @@ TEST_F(GraphTitle, HasABlackSwatchWithoutColors) {
 TEST_F(GraphTitle, FollowsCornerAndResolution) {
     graph_.swatchTitle = 1;
     graph_.dpi = 192;
-    graph_.DrawGraph(canvas_, {100, 50, 925, 300});
+    Draw({100, 50, 925, 300});
     EXPECT_EQ(canvas_.lines[0], (PaintedLine{{110, 65}, {190, 65}, kFirst}));
     EXPECT_EQ(canvas_.PlacesOf("Equity"), (Points{{200, 60}}));
 }
@@ -67,7 +67,7 @@ TEST_F(GraphTitle, HasASecondLine) {
     EXPECT_EQ(canvas_.lines[1], (PaintedLine{{111, 15}, {151, 15}, kLow}));
     EXPECT_EQ(canvas_.PlacesOf("Use"), (Points{{161, 10}}));
     EXPECT_TRUE(canvas_.LinesOf(kHigh).empty());
-    EXPECT_EQ(graph_.plotHeight, 210 - 10 - 11);
+    EXPECT_EQ(layout_.plotHeight, 210 - 10 - 11);
 }
 
 TEST_F(GraphTitle, HasASecondLineOfTwoColors) {
@@ -118,7 +118,7 @@ TEST_F(GraphTitle, HasNoSecondOneForOtherLegendsAndKinds) {
     for (const auto& row : kCases) {
         DrawDual(row.kind, row.legend);
         EXPECT_EQ(canvas_.PlacesOf("Use"), Points{});
-        EXPECT_EQ(graph_.plotHeight, 210);
+        EXPECT_EQ(layout_.plotHeight, 210);
     }
 }
 
@@ -135,7 +135,7 @@ TEST_F(GraphTitle, IsCentredOnlyWithoutSwatchAndSecondAxis) {
 
 TEST_F(GraphTitle, CutsTheHalfOfItsLength) {
     graph_.graphTitle = "abcde";
-    graph_.DrawGraph(canvas_, {101, 50, 926, 300});
+    Draw({101, 50, 926, 300});
     EXPECT_EQ(canvas_.PlacesOf("abcde"), (Points{{412 - 12 + 101, 60}}));
 }
 

@@ -39,10 +39,10 @@ protected:
 TEST_F(PieSeries, RunsCounterClockwiseFromTheLeft) {
     AddGroups({25, 25, 50});
     Draw();
-    EXPECT_EQ(graph_.xAxisWidth, 815);
-    EXPECT_EQ(graph_.yAxisHeight, 200);
-    EXPECT_EQ(graph_.xApexPoint, 5);
-    EXPECT_EQ(graph_.yApexPoint, 245);
+    EXPECT_EQ(layout_.xAxisWidth, 815);
+    EXPECT_EQ(layout_.yAxisHeight, 200);
+    EXPECT_EQ(layout_.xApexPoint, 5);
+    EXPECT_EQ(layout_.yApexPoint, 245);
     EXPECT_EQ(canvas_.pies, (Pies{{kCircle, {356, 129}, {412, 186}, kThin, kRed},
                                   {kCircle, {412, 186}, {468, 130}, kThin, kBlue},
                                   {kCircle, {468, 130}, {356, 129}, kThin, Brush(0)}}));

@@ -22,14 +22,14 @@ class GraphAxes : public GraphFixture {};
 TEST_F(GraphAxes, StandWhereTheMeasuresPutThem) {
     AddPoints({10, 20});
     Draw();
-    EXPECT_EQ(graph_.maxWidth, 825);
-    EXPECT_EQ(graph_.maxHeight, 250);
-    EXPECT_EQ(graph_.xApexPoint, 54);
-    EXPECT_EQ(graph_.axisBottom, 220);
-    EXPECT_EQ(graph_.plotHeight, 184);
-    EXPECT_EQ(graph_.xAxisWidth, 751);
-    EXPECT_EQ(graph_.yApexPoint, 220);
-    EXPECT_EQ(graph_.yAxisHeight, 160);
+    EXPECT_EQ(layout_.maxWidth, 825);
+    EXPECT_EQ(layout_.maxHeight, 250);
+    EXPECT_EQ(layout_.xApexPoint, 54);
+    EXPECT_EQ(layout_.axisBottom, 220);
+    EXPECT_EQ(layout_.plotHeight, 184);
+    EXPECT_EQ(layout_.xAxisWidth, 751);
+    EXPECT_EQ(layout_.yApexPoint, 220);
+    EXPECT_EQ(layout_.yAxisHeight, 160);
     EXPECT_EQ(canvas_.LinesOf(kAxis), (Lines{{{54, 220}, {54, 44}, kAxis}, {{54, 220}, {810, 220}, kAxis}}));
     ASSERT_EQ(canvas_.rectangles.size(), 1u);
     EXPECT_EQ(canvas_.rectangles[0], (PaintedShape{{0, 0, 825, 250}, {.width = 1, .color = 0x383838}, kWhite}));
@@ -40,8 +40,8 @@ TEST_F(GraphAxes, KeepSpareRowsAsTold) {
     graph_.baseRow = 1;
     AddPoints({10, 20});
     Draw();  // 12 rows of 184 / 12 = 15
-    EXPECT_EQ(graph_.yAxisHeight, 150);
-    EXPECT_EQ(graph_.yApexPoint, 205);
+    EXPECT_EQ(layout_.yAxisHeight, 150);
+    EXPECT_EQ(layout_.yApexPoint, 205);
     EXPECT_EQ(canvas_.LinesOf(kAxis),
               (Lines{{{54, 220}, {54, 40}, kAxis}, {{54, 220}, {810, 220}, kAxis}, {{54, 41}, {810, 41}, kAxis}}));
 }
@@ -57,15 +57,15 @@ TEST_F(GraphAxes, CloseTheRightBorder) {
 TEST_F(GraphAxes, GrowWithoutATitle) {
     graph_.graphTitle.clear();
     Draw();
-    EXPECT_EQ(graph_.plotHeight, 210);
-    EXPECT_EQ(graph_.yAxisHeight, 190);
+    EXPECT_EQ(layout_.plotHeight, 210);
+    EXPECT_EQ(layout_.yAxisHeight, 190);
 }
 
 TEST_F(GraphAxes, ScaleFixedDistances) {
     graph_.dpi = 192;
     Draw();
-    EXPECT_EQ(graph_.axisBottom, 250 - 60);
-    EXPECT_EQ(graph_.plotHeight, 190 - 20 - 20 - 16);
+    EXPECT_EQ(layout_.axisBottom, 250 - 60);
+    EXPECT_EQ(layout_.plotHeight, 190 - 20 - 20 - 16);
 }
 
 TEST_F(GraphAxes, CentreTheTitleByTheWidthOfItsBytes) {
@@ -85,7 +85,7 @@ TEST_F(GraphAxes, LabelEveryTick) {
         EXPECT_EQ(canvas_.PlacesOf(text), (Points{{54 - width - 10, y - 5}})) << text;
         EXPECT_EQ(canvas_.LinesOf(kThin)[static_cast<std::size_t>(tick)], (PaintedLine{{51, y}, {57, y}, kThin}));
     }
-    EXPECT_EQ(graph_.yAxisLast, 60);
+    EXPECT_EQ(canvas_.LinesOf(kThin).back().from.y, 60);
 }
 
 TEST_F(GraphAxes, WriteTheUnitTransparentAboveTheAxis) {
@@ -99,8 +99,9 @@ TEST_F(GraphAxes, WriteTheUnitTransparentAboveTheAxis) {
     CRecordingCanvas without;
     graph_.unitText[0] = '\0';
     graph_.DrawGraph(without, {0, 0, 825, 250});
+    LayOut();
     EXPECT_EQ(without.PlacesOf("  "), Points{});
-    EXPECT_EQ(graph_.xApexPoint, 10 + 18 + 20);  // now the tick texts are the widest
+    EXPECT_EQ(layout_.xApexPoint, 10 + 18 + 20);  // now the tick texts are the widest
 }
 
 TEST_F(GraphAxes, DrawTheGridThroughTicksAndPoints) {
@@ -125,7 +126,7 @@ TEST_F(GraphAxes, DrawAThickRowInTheMiddle) {
     Draw();
     const Pen thick{.width = 3, .color = 0xD7D7D7};
     EXPECT_EQ(canvas_.LinesOf(thick), (Lines{{{54, 140}, {795, 140}, thick}}));
-    EXPECT_EQ(graph_.xAxisLast, 795);
+    EXPECT_EQ(canvas_.LinesOf(kGridPen).back().to.x, 795);
 }
 
 /// Positions, counted from 1, that have a label in a chart of `count` points.
@@ -164,7 +165,7 @@ TEST_F(GraphAxes, CentreLabelsUnderTheirPoints) {
     AddPoints({1, 2, 3, 4, 5});
     Draw();
     EXPECT_EQ(canvas_.PlacesOf("01-02"), (Points{{39, 228}, {224, 228}, {409, 228}, {594, 228}, {780, 228}}));
-    EXPECT_EQ(graph_.xAxisLast, 795);
+    EXPECT_EQ(canvas_.LinesOf(kThin)[11 + 4].from.x, 795);
 }
 
 TEST_F(GraphAxes, DropLabelsThatWouldCollide) {
@@ -186,8 +187,8 @@ TEST_F(GraphAxes, HaveARightOneForTheSecondSeries) {
     AddPoints({10, 20});
     Draw();
     // The caption of 6 bytes (36) is wider than "100%" (24): 751 - 36. The title takes 11 now: 189 / 11 = 17.
-    EXPECT_EQ(graph_.xAxisWidth, 715);
-    EXPECT_EQ(graph_.yAxisHeight, 170);
+    EXPECT_EQ(layout_.xAxisWidth, 715);
+    EXPECT_EQ(layout_.yAxisHeight, 170);
     const std::int32_t right = 715 + 54 - 10;
     EXPECT_EQ(
         canvas_.LinesOf(kAxis),
@@ -203,10 +204,10 @@ TEST_F(GraphAxes, GrowWithoutASwatchTitleToo) {
     graph_.graphTitle.clear();
     graph_.swatchTitle = 1;
     Draw();
-    EXPECT_EQ(graph_.plotHeight, 210);
+    EXPECT_EQ(layout_.plotHeight, 210);
     graph_.dualAxis = 1;
     Draw();
-    EXPECT_EQ(graph_.plotHeight, 210);
+    EXPECT_EQ(layout_.plotHeight, 210);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "graph/crossed_axes.h"
 #include "graph/graph_fixture.h"
 
 namespace tradebill {
@@ -29,8 +30,9 @@ TEST_F(ScatterSeries, StandsAtItsTwoNumbers) {
     AddDot(100, 100);
     AddDot(-10, 0.9);
     Draw();
-    EXPECT_EQ(graph_.xAxisLast, 725);
-    EXPECT_EQ(graph_.yAxisLast, 69);
+    const CrossedMarks marks = CrossedMarksOf(graph_, layout_);
+    EXPECT_EQ(layout_.xApexPoint + marks.x.back().offset, 725);
+    EXPECT_EQ(layout_.yApexPoint - marks.y.back().offset, 69);
     EXPECT_EQ(Dots(), (Points{{5, 219}, {77, 189}, {725, 69}, {-67, 218}}));
     EXPECT_EQ(canvas_.ellipses[1], (PaintedShape{{74, 186, 80, 192}, kThin, Brush(0)}));
 }
@@ -62,11 +64,20 @@ TEST_F(ScatterSeries, MeasuresFromTheOriginInTheFourthQuadrant) {
     AddDot(50, 50);
     AddDot(-50, 0);
     Draw();
-    EXPECT_EQ(graph_.xApexPoint, 5 + 372);
-    EXPECT_EQ(graph_.yApexPoint, 219 - 84);
-    EXPECT_EQ(graph_.xAxisLast, 377 + 5 * 72);  // half as many ticks: (725 / 2) / 5 and (159 / 2) / 5 apart
-    EXPECT_EQ(graph_.yAxisLast, 135 - 5 * 15);
+    EXPECT_EQ(layout_.xApexPoint, 5 + 372);
+    EXPECT_EQ(layout_.yApexPoint, 219 - 84);
+    const CrossedMarks marks = CrossedMarksOf(graph_, layout_);
+    EXPECT_EQ(marks.x.back().offset, 5 * 72);  // half as many ticks: (725 / 2) / 5 and (159 / 2) / 5 apart
+    EXPECT_EQ(marks.y.back().offset, 5 * 15);
     EXPECT_EQ(Dots(), (Points{{377 + 180, 135 - 37}, {377 - 180, 135}}));
+}
+
+TEST_F(ScatterSeries, ReachesToTheCornerWithoutTicks) {
+    graph_.numTicks = 0;
+    AddDot(100, 100);
+    AddDot(20, 50);
+    Draw();
+    EXPECT_EQ(Dots(), (Points{{0, 0}, {4, 219 - 109}}));
 }
 
 TEST_F(ScatterSeries, LiesWithItsNumbersExchanged) {

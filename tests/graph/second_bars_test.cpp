@@ -4,7 +4,8 @@
 #include <vector>
 
 #include "graph/graph_fixture.h"
-#include "graph/graph_painters.h"
+#include "graph/line_series.h"
+#include "graph/second_bars.h"
 
 namespace tradebill {
 namespace {
@@ -14,9 +15,9 @@ using Points = std::vector<Point>;
 class SecondSeriesByHand : public GraphFixture {
 protected:
     SecondSeriesByHand() {
-        graph_.xAxisWidth = 72;
-        graph_.yApexPoint = 100;
-        graph_.yAxisHeight = 110;
+        layout_.xAxisWidth = 72;
+        layout_.yApexPoint = 100;
+        layout_.yAxisHeight = 110;
         graph_.maxTick2 = 1.0;
         graph_.showValues = 1;
         graph_.seriesSize2 = 1;
@@ -28,16 +29,14 @@ protected:
 };
 
 TEST_F(SecondSeriesByHand, KnowsThePointsOfTheLine) {
-    std::vector<std::int32_t> positions{7};
-    CollectPointX(graph_, positions);
-    EXPECT_EQ(positions, (std::vector<std::int32_t>{0, 31, 62}));
+    EXPECT_EQ(PointXOf(graph_, layout_), (std::vector<std::int32_t>{0, 31, 62}));
 }
 
 // Bars of half of 100; a sixth of 31 is left free at either side.
 TEST_F(SecondSeriesByHand, StandsInTheGaps) {
     graph_.showValues = 0;
     AddSecond({0.5, 0.25});
-    DrawSecondBars(graph_, canvas_);
+    DrawSecondBars(canvas_, graph_, layout_);
     ASSERT_EQ(canvas_.rectangles.size(), 2u);
     EXPECT_EQ(canvas_.rectangles[0].box, (Box{5, 50, 26, 100}));
     EXPECT_EQ(canvas_.rectangles[1].box, (Box{36, 75, 57, 100}));
@@ -46,10 +45,10 @@ TEST_F(SecondSeriesByHand, StandsInTheGaps) {
 // "50.00" is 30 wide: in a gap of 31 it would begin at the point itself.
 TEST_F(SecondSeriesByHand, LabelsWhatIsNarrowerThanItsGap) {
     AddSecond({0.5, 0.5});
-    DrawSecondBars(graph_, canvas_);
+    DrawSecondBars(canvas_, graph_, layout_);
     EXPECT_EQ(canvas_.PlacesOf("50.00"), Points{});
-    graph_.xAxisWidth = 74;  // 32 apart
-    DrawSecondBars(graph_, canvas_);
+    layout_.xAxisWidth = 74;  // 32 apart
+    DrawSecondBars(canvas_, graph_, layout_);
     EXPECT_EQ(canvas_.PlacesOf("50.00"), (Points{{1, 45}, {33, 45}}));  // without a font of their own, 0 high
     EXPECT_EQ(canvas_.texts[0].background, TextBackground::Transparent);
 }
@@ -58,34 +57,34 @@ TEST_F(SecondSeriesByHand, WalksTheGroupsOfTheFirst) {
     graph_.seriesSize = 3;
     graph_.seriesSize2 = 0;
     AddSecond({0.5, 0.5});
-    DrawSecondBars(graph_, canvas_);
+    DrawSecondBars(canvas_, graph_, layout_);
     EXPECT_EQ(canvas_.rectangles.size(), 6u);
 }
 
 TEST_F(SecondSeriesByHand, CutsALineThatWouldLeaveTheImage) {
-    graph_.yAxisHeight = 100;
+    layout_.yAxisHeight = 100;
     AddSecond({0.0, 1.0, 1.01});
-    DrawSecondLine(graph_, canvas_);
+    DrawSecondLine(canvas_, graph_, layout_);
     EXPECT_EQ(Dots(), (Points{{0, 100}, {31, 0}, {62, -5}}));
 }
 
 TEST_F(SecondSeriesByHand, DoesNotLiftItsLine) {
-    graph_.yAxisHeight = 10;
+    layout_.yAxisHeight = 10;
     AddSecond({0.05});
-    DrawSecondLine(graph_, canvas_);
+    DrawSecondLine(canvas_, graph_, layout_);
     EXPECT_EQ(Dots(), (Points{{0, 100}}));
 }
 
 TEST_F(SecondSeriesByHand, HasPointsOfItsOwnNumber) {
     AddSecond({0.0, 0.0});
-    DrawSecondLine(graph_, canvas_);
+    DrawSecondLine(canvas_, graph_, layout_);
     EXPECT_EQ(Dots(), (Points{{0, 100}, {62, 100}}));
 }
 
 TEST_F(SecondSeriesByHand, HasNoLineWithoutGroups) {
     graph_.seriesSize2 = 0;
     AddSecond({0.5, 0.5});
-    DrawSecondLine(graph_, canvas_);
+    DrawSecondLine(canvas_, graph_, layout_);
     EXPECT_TRUE(canvas_.ellipses.empty());
 }
 

@@ -35,12 +35,12 @@ protected:
     }
     [[nodiscard]] Offsets OffsetsOn(const ValueAxis& axis) const {
         Offsets offsets;
-        for (const ValueMark& mark : MarksOf(graph_, axis)) offsets.push_back(mark.offset);
+        for (const ValueMark& mark : MarksOf(graph_, ArrangementOf(graph_), axis)) offsets.push_back(mark.offset);
         return offsets;
     }
     [[nodiscard]] Texts TextsOn(const ValueAxis& axis) const {
         Texts texts;
-        for (const ValueMark& mark : MarksOf(graph_, axis)) texts.push_back(mark.text);
+        for (const ValueMark& mark : MarksOf(graph_, ArrangementOf(graph_), axis)) texts.push_back(mark.text);
         return texts;
     }
 
@@ -89,7 +89,7 @@ TEST_F(ValueMarks, AreHalfAsManyForScatteredDotsInTheOtherQuadrants) {
     graph_.graphQuadType = 4;
     graph_.numTicks = 4;
     graph_.tickSpace = 0.05;
-    const auto marks = MarksOf(graph_, {745, 20, true});
+    const auto marks = MarksOf(graph_, ArrangementOf(graph_), {745, 20, true});
     ASSERT_EQ(marks.size(), 5u + 4u);
     for (std::size_t i = 0; i < marks.size(); ++i) {
         EXPECT_EQ(marks[i].isBetween, i % 2 == 1);
@@ -110,17 +110,17 @@ TEST_F(ValueMarks, AreNoneWithoutTicks) {
         graph_.graphType = kind;
         for (const std::int32_t ticks : {0, -1, std::numeric_limits<std::int32_t>::min()}) {
             graph_.numTicks = ticks;
-            EXPECT_TRUE(MarksOf(graph_, {100, 0, false}).empty());
-            EXPECT_TRUE(MarksOf(graph_, {100, 0, true}).empty());
+            EXPECT_TRUE(MarksOf(graph_, ArrangementOf(graph_), {100, 0, false}).empty());
+            EXPECT_TRUE(MarksOf(graph_, ArrangementOf(graph_), {100, 0, true}).empty());
         }
     }
 }
 
 TEST_F(ValueMarks, AreNoMoreThanCanBeTold) {
     graph_.numTicks = 1'001;
-    EXPECT_EQ(MarksOf(graph_, {100, 0, false}).size(), 1'001u);
+    EXPECT_EQ(MarksOf(graph_, ArrangementOf(graph_), {100, 0, false}).size(), 1'001u);
     graph_.numTicks = std::numeric_limits<std::int32_t>::max();
-    EXPECT_EQ(MarksOf(graph_, {100, 0, false}).size(), 1'001u);
+    EXPECT_EQ(MarksOf(graph_, ArrangementOf(graph_), {100, 0, false}).size(), 1'001u);
 }
 
 }  // namespace
