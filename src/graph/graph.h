@@ -141,6 +141,7 @@ public:
 
     /// Paints the chart into `rect`. Returns what kept the data from being painted; empty if nothing did. Pen, brush,
     /// font and clip of the canvas are left as they were, colour and background of its texts aren't.
+    /// REQUIRES: no entry of the chart's lists is null.
     std::string_view DrawGraph(CCanvas& canvas, const Box& rect) const;
 
     [[nodiscard]] Color GroupColor(std::int32_t group) const;

@@ -56,7 +56,7 @@ private:
     std::int32_t bottom_;
 };
 
-/// One of the rules by which a plane has the height of a value.
+/// The rule by which a painter has the height of a value.
 using HeightOfValue = std::int32_t (CPlotPlane::*)(double value) const;
 
 }  // namespace tradebill

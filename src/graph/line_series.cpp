@@ -17,7 +17,7 @@ struct Line {
     Color (*colorOf)(const CGraph& graph, std::int32_t group, double value);
 };
 
-std::int32_t MarkerRadius(const CGraph& graph) {
+std::int32_t DotRadius(const CGraph& graph) {
     return ClampPixel(graph.markerRadius);
 }
 
@@ -31,13 +31,13 @@ void DrawPoint(CCanvas& canvas, const CGraph& graph, Color color, const Point* p
         const CPenScope pen(canvas, SeriesPen(graph, color));
         DrawLineBetween(canvas, *previous, at);
     }
-    DrawDot(canvas, color, at, MarkerRadius(graph));
+    DrawDot(canvas, color, at, DotRadius(graph));
 }
 
 void DrawGroup(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout, const Line& line, std::int32_t group) {
     const CPlotPlane plane(graph, layout);
     const std::size_t count = line.series.size();
-    CValueLabels labels(MarkerRadius(graph), LeastLabelGap(graph));
+    CValueLabels labels(DotRadius(graph), LeastLabelGap(graph));
     Point previous;
     for (std::size_t position = 1; position <= count; ++position) {
         const double value = line.series[position - 1]->ValueOf(group);
@@ -67,7 +67,7 @@ void DrawLyingDots(CCanvas& canvas, const CGraph& graph, const GraphLayout& layo
             if (!value) continue;
             const double rowsBelow = static_cast<double>(position) * plane.Slot() - plane.Slot() * 0.5;
             const Point at{layout.xApexPoint + plane.LineHeight(*value), ToPixel(plane.Bottom() - rowsBelow)};
-            DrawDot(canvas, graph.GroupColor(group), at, MarkerRadius(graph));
+            DrawDot(canvas, graph.GroupColor(group), at, DotRadius(graph));
         }
     }
 }

@@ -36,6 +36,7 @@ struct PieCircle {
     [[nodiscard]] Point RimPoint(std::int32_t degrees) const;
 };
 /// The circle of a position, counted from 1.
+/// REQUIRES: the chart has that position; `measures` were taken in the font of its labels.
 [[nodiscard]] PieCircle CircleOf(const CGraph& graph, const GraphLayout& layout, const PieMeasures& measures,
                                  std::size_t position);
 

@@ -30,8 +30,9 @@ public:
     /// Whether a label is wanted at a point at all: `text` of Place is only needed then.
     [[nodiscard]] bool IsWanted(const LabelledPoint& point) const;
     /// Above the point if there is room, else below it, else nowhere.
+    /// REQUIRES: the font of the label is selected.
     void Place(CCanvas& canvas, const LabelledPoint& point, const std::string& text);
-    /// To be called for each point, behind Place.
+    /// REQUIRES: called once for each point from the first on, behind Place where that is called.
     void PassPoint(Point at);
 
 private:

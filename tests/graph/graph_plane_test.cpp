@@ -142,27 +142,5 @@ TEST_F(GraphPlane, HasSomePixelForAnyScale) {
     }
 }
 
-TEST_F(GraphPlane, TellsTheAxesOfAChart) {
-    struct {
-        std::int32_t kind;
-        AxisStyle upright, lying;
-    } const kCases[] = {
-        {0, AxisStyle::Plain, AxisStyle::Crossed},  {1, AxisStyle::Plain, AxisStyle::Crossed},
-        {2, AxisStyle::None, AxisStyle::None},      {3, AxisStyle::Crossed, AxisStyle::Crossed},
-        {4, AxisStyle::Plain, AxisStyle::Crossed},  {20, AxisStyle::Plain, AxisStyle::Crossed},
-        {21, AxisStyle::Plain, AxisStyle::Crossed}, {30, AxisStyle::Box, AxisStyle::Box},
-        {31, AxisStyle::Box, AxisStyle::Box},       {32, AxisStyle::None, AxisStyle::None},
-        {320, AxisStyle::Box, AxisStyle::Box},      {5, AxisStyle::None, AxisStyle::None},
-        {-1, AxisStyle::None, AxisStyle::None},
-    };
-    for (const auto& row : kCases) {
-        graph_.graphType = row.kind;
-        graph_.graphAlignment = 1;
-        EXPECT_EQ(ArrangementOf(graph_).style, row.upright) << row.kind;
-        graph_.graphAlignment = 0;
-        EXPECT_EQ(ArrangementOf(graph_).style, row.lying) << row.kind;
-    }
-}
-
 }  // namespace
 }  // namespace tradebill
