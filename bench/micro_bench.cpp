@@ -7,10 +7,9 @@
 
 #include "base/number.h"
 #include "base/text.h"
-#include "driver/report_run.h"
 #include "page/page_text.h"
 #include "readers/statement_loader.h"
-#include "report/request_copy.h"
+#include "report/report.h"
 #include "statement_maker.h"
 #include "statistics/account_figures.h"
 
@@ -41,12 +40,13 @@ void SplitColumns(benchmark::State& state) {
 BENCHMARK(SplitColumns);
 
 void ReadOneStatement(benchmark::State& state) {
-    Request = ClearedRequest();
-    Request.StatementFormat = 1;
+    CReport report;
+    report.Request.StatementFormat = 1;
+    CStatementLoader loader(report);
     for (auto _ : state) {
-        ReadStatement("20240102", OneStatement());
+        loader.Read("20240102", OneStatement());
         state.PauseTiming();
-        ClearResults();
+        report.Clear();
         state.ResumeTiming();
     }
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(OneStatement().size()));

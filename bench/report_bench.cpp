@@ -16,6 +16,7 @@
 
 #include "base/day.h"
 #include "driver/bill_folders.h"
+#include "driver/report_days.h"
 #include "driver/report_run.h"
 #include "page/html_builder.h"
 #include "page/page_sections.h"
@@ -23,15 +24,13 @@
 #include "paint/picture_file.h"
 #include "platform/file.h"
 #include "platform/local_time.h"
-#include "platform/root_folder.h"
 #include "readers/statement_loader.h"
-#include "report/report_document.h"
+#include "report/report.h"
 #include "report/request_copy.h"
-#include "report/stores.h"
-#include "report/trade_statistics.h"
 #include "sample_days.h"
 #include "statement_maker.h"
 #include "statistics/account_figures.h"
+#include "statistics/daily_series.h"
 #include "timing.h"
 
 namespace tradebill {
@@ -79,14 +78,23 @@ GenerateBillRequest RequestFor(int days) {
     return request;
 }
 
-int RowsKept() {
-    return MoneyStore.Count() + MatchStore.Count() + PingDetailStore.Count() + OpiDetailStore.Count() +
-           OpiSumStore.Count();
+/// Makes `report` ready for the stages of a run.
+void Prepare(CReport& report, const std::string& root, const GenerateBillRequest& request) {
+    report.RootFolder = root;
+    report.Request = CopyRequest(request);
+    report.TemplatePath = TemplatePath(report);
+    report.ReportDays = ReportDaysOf(report.Request);
 }
 
-void ReadDays(const Account& account, int days) {
-    ClearResults();
-    for (int day = 0; day < days; ++day) LoadStatement(DayTextAfter(day), account.paths[static_cast<std::size_t>(day)]);
+int RowsKept(const CReport& report) {
+    return report.MoneyStore.Count() + report.MatchStore.Count() + report.PingDetailStore.Count() +
+           report.OpiDetailStore.Count() + report.OpiSumStore.Count();
+}
+
+void ReadDays(CReport& report, const Account& account, int days) {
+    report.Clear();
+    CStatementLoader loader(report);
+    for (int day = 0; day < days; ++day) loader.Load(DayTextAfter(day), account.paths[static_cast<std::size_t>(day)]);
 }
 
 /// Splits at newlines and blanks and counts, nothing else.
@@ -101,7 +109,7 @@ std::size_t BarePass(std::string_view text) {
     return words;
 }
 
-void ShowReading(const Account& account) {
+void ShowReading(CReport& report, const Account& account) {
     std::vector<std::string> texts;
     for (const std::string& path : account.paths) texts.push_back(ReadStatementFile(path).value_or(""));
     std::size_t words = 0;
@@ -111,7 +119,7 @@ void ShowReading(const Account& account) {
     const double bareFromFiles = LeastSecondsOf(kRepeats, [&] {
         for (const std::string& path : account.paths) words += BarePass(ReadStatementFile(path).value_or(""));
     });
-    const double reading = LeastSecondsOf(kRepeats, [&] { ReadDays(account, kManyDays); });
+    const double reading = LeastSecondsOf(kRepeats, [&] { ReadDays(report, account, kManyDays); });
     std::printf("reading and keeping / bare pass in memory   %6.2f   (at most 5)   %.1f ms, %zu words\n",
                 reading / bare, reading * 1e3, words / (2 * kRepeats));
     std::printf("reading and keeping / bare pass from files  %6.2f\n", reading / bareFromFiles);
@@ -122,31 +130,31 @@ void ShowLayouts() {
     constexpr int kRounds = 40;
     std::printf("reading and keeping / bare pass in memory, by layout (each at most 5)\n");
     for (const SampleDays& sample : RepeatSamples(TRADEBILL_SAMPLES, kRounds)) {
-        CopyRequest(sample.request);
-        SetRootFolderPath(sample.root);
+        CReport report;
+        Prepare(report, sample.root, sample.request);
         std::size_t words = 0;
         const double bare = LeastSecondsOf(kRepeats, [&] {
             for (const auto& day : sample.days) words += BarePass(day.second);
         });
         const double reading = LeastSecondsOf(kRepeats, [&] {
-            ClearResults();
-            for (const auto& [day, text] : sample.days) ReadStatement(day, text);
+            report.Clear();
+            CStatementLoader loader(report);
+            for (const auto& [day, text] : sample.days) loader.Read(day, text);
         });
         std::printf("  %-24s %6.2f   %zu words, %d records\n", sample.name.c_str(), reading / bare, words / kRepeats,
-                    RowsKept());
+                    RowsKept(report));
     }
 }
 
-void WritePage(const std::string& path) {
+void WritePage(const CReport& report, const std::string& path) {
     CHtmlBuilder page(path);
-    AddPageSections(page);
+    AddPageSections(page, report);
 }
 
-void ShowPage(const Account& account) {
-    CopyRequest(RequestFor(kManyDays));
-    PrepareBillFolders();
-    const std::string path = PagePath();
-    const double writing = LeastSecondsOf(kRepeats, [&] { WritePage(path); });
+void ShowPage(CReport& report, const Account& account) {
+    PrepareBillFolders(report);
+    const std::string path = PagePath(report);
+    const double writing = LeastSecondsOf(kRepeats, [&] { WritePage(report, path); });
     std::string bytes;
     {
         std::ifstream file(path, std::ios::binary);
@@ -162,9 +170,9 @@ void ShowPage(const Account& account) {
 }
 
 /// Twelve pictures as a report saved them, ready to be encoded again.
-std::vector<CBitmap> PicturesOfTheReport() {
+std::vector<CBitmap> PicturesOf(const CReport& report) {
     std::vector<CBitmap> pictures;
-    for (const auto& entry : std::filesystem::directory_iterator(ReportDocument.BillFolder + "/Image_files")) {
+    for (const auto& entry : std::filesystem::directory_iterator(report.ReportDocument.BillFolder + "/Image_files")) {
         if (entry.path().extension() != ".jpg") continue;
         const std::string bytes = CFile(entry.path().string(), FileMode::Read).ReadAll().value_or("");
         const PictureSize size = ReadPictureSize(entry.path().string());
@@ -183,10 +191,11 @@ std::vector<CBitmap> PicturesOfTheReport() {
 /// pictures once.
 void ShowWholeReport() {
     const Account account = MakeAccount("year-", kFewDays, {.trades = 20, .closed = 8, .positions = 10});
-    SetRootFolderPath(account.root);
-    const double whole = LeastSecondsOf(kRepeats, [] { RunReport(RequestFor(kFewDays), nullptr); });
-    const std::string page = CFile(PagePath(), FileMode::Read).ReadAll().value_or("");
-    const std::vector<CBitmap> pictures = PicturesOfTheReport();
+    CReport report;
+    report.RootFolder = account.root;
+    const double whole = LeastSecondsOf(kRepeats, [&] { RunReport(report, RequestFor(kFewDays), nullptr); });
+    const std::string page = CFile(PagePath(report), FileMode::Read).ReadAll().value_or("");
+    const std::vector<CBitmap> pictures = PicturesOf(report);
     std::size_t bytes = 0;
     const double reading = LeastSecondsOf(kRepeats, [&] {
         for (int day = 0; day < kFewDays; ++day) {
@@ -209,22 +218,22 @@ void ShowWholeReport() {
 }
 
 /// Reading, statistics and page per row kept.
-void ShowRowCosts(const Account& account) {
+void ShowRowCosts(CReport& report, const Account& account) {
     double reading[2];
     double statistics[2];
     double page[2];
     int index = 0;
     for (const int days : {kFewDays, kManyDays}) {
-        CopyRequest(RequestFor(days));
-        ReadDays(account, days);
-        reading[index] = LeastSecondsOf(kRepeats, [&] { ReadDays(account, days); }) / RowsKept();
+        Prepare(report, account.root, RequestFor(days));
+        ReadDays(report, account, days);
+        reading[index] = LeastSecondsOf(kRepeats, [&] { ReadDays(report, account, days); }) / RowsKept(report);
         statistics[index] = LeastSecondsOf(kRepeats,
-                                           [] {
-                                               TradeStatistics.ComputeYields();
-                                               ComputeAccountStatistics();
+                                           [&report] {
+                                               ComputeYields(report);
+                                               ComputeAccountStatistics(report);
                                            }) /
-                            RowsKept();
-        page[index] = LeastSecondsOf(kRepeats, [] { WritePage(PagePath()); }) / RowsKept();
+                            RowsKept(report);
+        page[index] = LeastSecondsOf(kRepeats, [&report] { WritePage(report, PagePath(report)); }) / RowsKept(report);
         ++index;
     }
     std::printf("cost per row, %d against %d days           %6.2f reading, %.2f statistics, %.2f page   (about 1)\n",
@@ -243,8 +252,9 @@ void ShowMemory(const Account& account) {
     const pid_t child = ::fork();
     if (child == 0) {
         const long before = PeakKilobytes();
-        SetRootFolderPath(account.root);
-        RunReport(RequestFor(kManyDays), nullptr);
+        CReport report;
+        report.RootFolder = account.root;
+        RunReport(report, RequestFor(kManyDays), nullptr);
         const double taken = static_cast<double>(PeakKilobytes() - before) * 1024;
         std::printf("peak memory / bytes of all statements       %6.2f   (at most 4)   %.1f MB of %.1f MB\n",
                     taken / static_cast<double>(account.bytes), taken / 1e6, static_cast<double>(account.bytes) / 1e6);
@@ -260,15 +270,14 @@ void ShowMemory(const Account& account) {
 int main() {
     using namespace tradebill;
     const Account account = MakeAccount("", kManyDays, {});
-    SetRootFolderPath(account.root);
     std::printf("%d days, %.1f MB of statements\n", kManyDays, static_cast<double>(account.bytes) / 1e6);
     ShowMemory(account);
-    CopyRequest(RequestFor(kManyDays));
-    ShowReading(account);
+    CReport report;
+    Prepare(report, account.root, RequestFor(kManyDays));
+    ShowReading(report, account);
     ShowLayouts();
-    SetRootFolderPath(account.root);
-    ShowPage(account);
-    ShowRowCosts(account);
+    ShowPage(report, account);
+    ShowRowCosts(report, account);
     std::filesystem::remove_all(account.root);
     ShowWholeReport();
     return 0;

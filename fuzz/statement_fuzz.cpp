@@ -7,22 +7,24 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "base/ini_file.h"
 #include "base/report_error.h"
 #include "cli/scan_report.h"
 #include "cli/template_check.h"
-#include "driver/report_run.h"
 #include "page/html_builder.h"
 #include "page/page_sections.h"
 #include "platform/file.h"
 #include "readers/layout_marks.h"
 #include "readers/statement_loader.h"
-#include "readers/statement_template.h"
+#include "report/product_source.h"
+#include "report/report.h"
 #include "report/request_copy.h"
-#include "report/trade_statistics.h"
 #include "statistics/account_figures.h"
+#include "statistics/daily_series.h"
 
 namespace tradebill {
 namespace {
@@ -53,50 +55,55 @@ std::string FileOf(const char* ending) {
         .string();
 }
 
-/// Writes the template in front of the text and takes it off.
-std::string_view UseTemplate(std::string_view input) {
+/// Writes the template in front of the text for `report` and takes it off.
+std::string_view UseTemplate(std::string_view input, CReport& report) {
     static const std::string path = FileOf(".ini");
     const std::size_t end = std::min(input.find('\0'), input.size());
     CFile file(path, FileMode::Create);
     static_cast<void>(file.Write(input.substr(0, end)));
-    SetTemplateFile(path);
+    report.TemplatePath = path;
     static_cast<void>(CheckTemplate(CIniFile::Parse(input.substr(0, end))));
     return input.substr(std::min(end + 1, input.size()));
 }
 
 /// An error ends a run, and only the reading.
-void Read(std::string_view day, std::string_view text, CScanListener* listener) {
+void Read(CStatementLoader& loader, std::string_view day, std::string_view text, CScanListener* listener) {
     try {
-        ReadStatement(day, text, listener);
+        loader.Read(day, text, listener);
     } catch (const CReportError&) {
     }
 }
 
-std::int32_t UnitOf(const char* /*account*/, const char* contract, const char* delivery) {
-    return static_cast<std::int32_t>(std::string_view(contract).size() + std::string_view(delivery).size());
-}
+/// Any units, different ones for different contracts, and no codes.
+class CLengthsAsUnits final : public CProductSource {
+public:
+    [[nodiscard]] std::int32_t UnitOf(std::string_view contract, std::string_view delivery) const override {
+        return static_cast<std::int32_t>(contract.size() + delivery.size());
+    }
+    [[nodiscard]] std::optional<std::string> CodeOf(std::string_view /*name*/) const override { return std::nullopt; }
+};
 
 void RunOn(std::uint8_t number, std::string_view input) {
     const Choice& choice = kChoices[number % kChoices.size()];
-    ClearResults();
-    SetTemplateFile({});
-    Request = ClearedRequest();
-    Request.StatementFormat = choice.format;
-    Request.StatementKind = choice.kind;
-    if (number >= 128) Request.ContractUnitCallback = UnitOf;
-    if (choice.hasTemplate) input = UseTemplate(input);
+    const CLengthsAsUnits products;
+    CReport report;
+    report.Request.StatementFormat = choice.format;
+    report.Request.StatementKind = choice.kind;
+    if (number >= 128) report.Products = &products;
+    if (choice.hasTemplate) input = UseTemplate(input, report);
     const std::string_view text = input.substr(0, input.find('\0'));
-    CScanReport report(text);
-    Read("20240102", text, &report);
-    report.Finish();
-    Read("20240103", text, nullptr);
+    CStatementLoader loader(report);
+    CScanReport seen(text);
+    Read(loader, "20240102", text, &seen);
+    seen.Finish();
+    Read(loader, "20240103", text, nullptr);
     static_cast<void>(LikelyLayouts(text));
-    TradeStatistics.OffsetMargins();
-    TradeStatistics.ComputeYields();
-    ComputeAccountStatistics();
+    OffsetMargins(report);
+    ComputeYields(report);
+    ComputeAccountStatistics(report);
     static const std::string path = FileOf(".html");
     CHtmlBuilder page(path);
-    AddPageSections(page);
+    AddPageSections(page, report);
 }
 
 }  // namespace

@@ -58,6 +58,11 @@ void CopyField(char (&field)[N], std::string_view text) {
     return text;
 }
 
+/// What stands before the first digit; all of it without one.
+[[nodiscard]] constexpr std::string_view UpToFirstDigit(std::string_view text) {
+    return text.substr(0, std::min(text.find_first_of("0123456789"), text.size()));
+}
+
 inline constexpr char kFullWidthBlankByte = '\xA1';  ///< both bytes of the GBK full-width blank
 
 /// How the page shows an exchange or a contract: leading white space off, then leading bytes 0xA1, each once.

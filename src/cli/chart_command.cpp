@@ -1,44 +1,41 @@
 #include "cli/chart_command.h"
 
+#include <CLI/CLI.hpp>
+
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdint>
-#include <string_view>
+#include <memory>
 
 #include "cli/output_file.h"
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"
 #include "driver/repaint.h"
+#include "images/chart_kinds.h"
 #include "paint/picture_file.h"
 #include "platform/host_surface.h"
-#include "report/stores.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
 
 constexpr std::int64_t kMostPixels = std::int64_t{1} << 24;
 
-using StretchFunction = void(ChartTarget* target, const ChartRect* rect, std::int32_t width, std::int32_t height);
-
-struct NamedChart {
-    std::string_view name;
-    StretchFunction* stretch;
-    std::size_t sizeIndex;  ///< in MoneyStore.ChartSizes
-};
-
-constexpr NamedChart kCharts[] = {
-    {"equity", StretchZjGraph, 0},
-    {"realised", StretchOffsetGraph, 2},
-    {"account-yield", StretchRiskAndProfit, 4},
-    {"trading-yield", StretchRisk, 6},
-};
-
-const NamedChart& ChartCalled(const std::string& name) {
-    const auto* const found = std::ranges::find(kCharts, name, &NamedChart::name);
-    if (found == std::end(kCharts)) {
-        throw CUsageError("expected equity, realised, account-yield or trading-yield, found \"" + name + "\"");
+/// The names of all charts: "a, b or c".
+std::string ChartNames() {
+    const auto charts = AccountCharts();
+    std::string names;
+    for (std::size_t i = 0; i < charts.size(); ++i) {
+        if (i > 0) names += i + 1 < charts.size() ? ", " : " or ";
+        names += charts[i]->name;
     }
+    return names;
+}
+
+const AccountChart& ChartCalled(const std::string& name) {
+    const AccountChart* const found = FindAccountChart(name);
+    if (found == nullptr) throw CUsageError("expected " + ChartNames() + ", found \"" + name + "\"");
     return *found;
 }
 
@@ -57,7 +54,7 @@ std::optional<std::array<std::int32_t, Count>> NumbersIn(const std::string& text
     return at == end ? std::optional(numbers) : std::nullopt;
 }
 
-std::optional<PictureSize> SizeOf(const ChartCommand& command) {
+std::optional<PictureSize> AreaSizeOf(const ChartCommand& command) {
     if (!command.size) return std::nullopt;
     const auto numbers = NumbersIn<2>(*command.size, 'x');
     if (!numbers || (*numbers)[0] < 1 || (*numbers)[1] < 1 ||
@@ -67,7 +64,7 @@ std::optional<PictureSize> SizeOf(const ChartCommand& command) {
     return PictureSize{(*numbers)[0], (*numbers)[1]};
 }
 
-std::optional<ChartRect> RectOf(const ChartCommand& command) {
+std::optional<ChartRect> PartOf(const ChartCommand& command) {
     if (!command.rect) return std::nullopt;
     const auto numbers = NumbersIn<4>(*command.rect, ',');
     if (!numbers || (*numbers)[0] >= (*numbers)[2] || (*numbers)[1] >= (*numbers)[3]) {
@@ -86,20 +83,32 @@ CPicture WhitePicture(const PictureSize& size) {
 
 }  // namespace
 
+CommandRun DeclareChart(CLI::App& app) {
+    const auto command = std::make_shared<ChartCommand>();
+    DeclareReportOptions(app, command->options);
+    app.add_option("CHART", command->chart, ChartNames())->required()->type_name("");
+    app.add_option("--size", command->size, "Painting area; that of the report's chart if not given")->type_name("WxH");
+    app.add_option("--rect", command->rect, "The chart's rectangle in it; all of it if not given")
+        ->type_name("L,T,R,B");
+    app.add_option("-o,--output", command->outputFile, "The picture, a PNG file")->required()->type_name("FILE");
+    return [command] { return RunChartCommand(*command); };
+}
+
 int RunChartCommand(const ChartCommand& command) {
-    const NamedChart& chart = ChartCalled(command.chart);
-    const std::optional<PictureSize> wanted = SizeOf(command);
-    const std::optional<ChartRect> part = RectOf(command);
+    const AccountChart& chart = ChartCalled(command.chart);
+    const std::optional<PictureSize> wanted = AreaSizeOf(command);
+    const std::optional<ChartRect> part = PartOf(command);
     CheckOutputFile("--output", command.outputFile);
-    if (!RunWatched(PrepareRequest(command.options), true, ReadAccount)) return kExitFailed;
-    const auto& sizes = MoneyStore.ChartSizes;
-    const PictureSize size = wanted.value_or(PictureSize{sizes[chart.sizeIndex], sizes[chart.sizeIndex + 1]});
+    const PreparedRequest prepared = PrepareRequest(command.options);
+    CReport report;
+    if (!RunWatched(report, prepared, true, ReadAccount)) return kExitFailed;
+    const ChartSizes& sizes = report.MoneyStore.ChartSizes;
+    const PictureSize size = wanted.value_or(PictureSize{sizes[chart.ownSize], sizes[chart.ownSize + 1]});
     const ChartRect rect = part.value_or(ChartRect{0, 0, size.width, size.height});
     CPicture picture = WhitePicture(size);
     if (picture.Width() == 0) return Fail("the chart is too large for a picture: choose another --size");
-    const std::int32_t status =
-        PaintAsHost({picture.Row(0), picture.Width(), picture.Height()},
-                    [&](ChartTarget* target) { chart.stretch(target, &rect, size.width, size.height); });
+    const std::int32_t status = PaintAsHost({picture.Row(0), picture.Width(), picture.Height()},
+                                            [&](ChartTarget* target) { Repaint(report, chart, target, &rect, size); });
     if (status != kChartDone) return Fail("the chart can't be painted at this size");
     if (!SavePng(picture, command.outputFile)) return Fail("can't write " + command.outputFile);
     return kExitDone;

@@ -3,20 +3,19 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <memory>
 
 #include "base/day.h"
 #include "base/report_error.h"
 #include "base/text.h"
 #include "cli/format_choice.h"
 #include "cli/usage_error.h"
-#include "driver/report_run.h"
 #include "platform/file.h"
 #include "platform/local_time.h"
 #include "platform/paths.h"
 #include "readers/layout_marks.h"
 #include "readers/statement_loader.h"
-#include "readers/statement_template.h"
-#include "report/request_copy.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
@@ -61,12 +60,12 @@ std::string ReadText(const std::string& path) {
     throw CUsageError("can't read " + path + ": expected a statement file");
 }
 
-void UseTemplate(const ExplainCommand& command) {
-    if (!command.templateFile) return;
+std::string TemplateOf(const ExplainCommand& command) {
+    if (!command.templateFile) return {};
     if (!IsPlainFile(*command.templateFile)) {
         throw CUsageError("--template: expected a template file, found none at \"" + *command.templateFile + "\"");
     }
-    SetTemplateFile(*command.templateFile);
+    return *command.templateFile;
 }
 
 std::string OptionFor(const Layout& layout) {
@@ -74,13 +73,15 @@ std::string OptionFor(const Layout& layout) {
 }
 
 /// The options for all layouts whose marks stand in `text`, if the reader that was used may be the wrong one.
-std::vector<std::string> LooksLike(std::string_view text, const CScanReport& report, int exitCode) {
-    const bool byTemplate = report.Template() && report.Template()->outcome == TemplateSeen::Outcome::Read;
+std::vector<std::string> LooksLike(std::string_view text, const CReport& report, const CScanReport& seen,
+                                   int exitCode) {
+    const bool byTemplate = seen.Template() && seen.Template()->outcome == TemplateSeen::Outcome::Read;
     bool isMarked = byTemplate;
     std::vector<std::string> options;
     for (const Layout* const layout : MarkedLayouts(text)) {
         options.push_back(OptionFor(*layout));
-        isMarked |= layout->isForeign == IsForeign() && (IsForeign() || layout->format == Request.StatementFormat);
+        isMarked |= layout->isForeign == report.IsForeign() &&
+                    (report.IsForeign() || layout->format == report.Request.StatementFormat);
     }
     if (exitCode == kExitDone && isMarked) options.clear();
     return options;
@@ -97,18 +98,14 @@ std::int32_t FormatFor(const ExplainCommand& command, std::string_view text, Exp
     return format;
 }
 
-void PrepareReading(const ExplainCommand& command, std::string_view text, Explanation& explanation) {
-    ClearResults();
-    SetTemplateFile({});
-    GenerateBillRequest request = ClearedRequest();
-    request.StatementKind = KindNumber(command.kind);
-    if (request.StatementKind == kForeignKind) {
+void PrepareReading(const ExplainCommand& command, std::string_view text, Explanation& explanation, CReport& report) {
+    report.Request.StatementKind = KindNumber(command.kind);
+    if (report.IsForeign()) {
         explanation.format = "kind foreign";
-    } else {
-        request.StatementFormat = FormatFor(command, text, explanation);
-        UseTemplate(command);
+        return;
     }
-    CopyRequest(request);
+    report.Request.StatementFormat = FormatFor(command, text, explanation);
+    report.TemplatePath = TemplateOf(command);
 }
 
 int ExitCodeOf(const CScanReport& report, const Explanation& explanation) {
@@ -119,35 +116,38 @@ int ExitCodeOf(const CScanReport& report, const Explanation& explanation) {
 
 }  // namespace
 
-void DeclareExplainOptions(CLI::App& command, ExplainCommand& explain) {
-    command.add_option("FILE", explain.statementFile, "The statement")->required()->type_name("");
-    command.add_option("--format", explain.format, "Layout: 0, 1, 2, 3, 6, 201 or auto")->type_name("N");
-    command.add_option("--kind", explain.kind, "Statement family: domestic (default) or foreign")->type_name("KIND");
-    command.add_option("--template", explain.templateFile, "Statement template")->type_name("FILE.ini");
-    command.add_option("--day", explain.day, "The statement's day, yyyymmdd (default: from the file's name)")
+CommandRun DeclareExplain(CLI::App& app) {
+    const auto explain = std::make_shared<ExplainCommand>();
+    app.add_option("FILE", explain->statementFile, "The statement")->required()->type_name("");
+    app.add_option("--format", explain->format, "Layout: " + FormatNumbers() + " or auto")->type_name("N");
+    app.add_option("--kind", explain->kind, "Statement family: domestic (default) or foreign")->type_name("KIND");
+    app.add_option("--template", explain->templateFile, "Statement template")->type_name("FILE.ini");
+    app.add_option("--day", explain->day, "The statement's day, yyyymmdd (default: from the file's name)")
         ->type_name("DAY");
-    command.add_flag("--json", explain.asJson, "Print as JSON");
+    app.add_flag("--json", explain->asJson, "Print as JSON");
+    return [explain] { return RunExplainCommand(*explain); };
 }
 
 int RunExplainCommand(const ExplainCommand& command) {
     Explanation explanation{.file = command.statementFile};
     SetDay(command, explanation);
     const std::string text = ReadText(command.statementFile);
-    PrepareReading(command, text, explanation);
+    CReport report;
+    PrepareReading(command, text, explanation, report);
 
-    CScanReport report(text);
+    CScanReport seen(text);
     try {
-        ReadStatement(explanation.day, text, &report);
+        CStatementLoader(report).Read(explanation.day, text, &seen);
     } catch (const CReportError& error) {
         explanation.stop = error.what();
     }
-    report.Finish();
-    explanation.exitCode = ExitCodeOf(report, explanation);
-    explanation.looksLike = LooksLike(text, report, explanation.exitCode);
+    seen.Finish();
+    explanation.exitCode = ExitCodeOf(seen, explanation);
+    explanation.looksLike = LooksLike(text, report, seen, explanation.exitCode);
     if (command.asJson) {
-        PrintExplanationAsJson(explanation, report);
+        PrintExplanationAsJson(explanation, seen);
     } else {
-        PrintExplanation(explanation, report);
+        PrintExplanation(explanation, seen);
     }
     return explanation.exitCode;
 }

@@ -5,11 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "cli/command_table.h"
 #include "cli/scan_report.h"
-
-namespace CLI {
-class App;
-}
 
 namespace tradebill {
 
@@ -22,7 +19,7 @@ struct ExplainCommand {
     bool asJson = false;
 };
 
-void DeclareExplainOptions(CLI::App& command, ExplainCommand& explain);
+[[nodiscard]] CommandRun DeclareExplain(CLI::App& app);
 
 inline constexpr int kExitNothingRecognised = 3;
 

@@ -1,42 +1,21 @@
 #include "cli/format_choice.h"
 
-#include <ctime>
-#include <utility>
-
 #include "base/day.h"
-#include "base/text.h"
 #include "cli/input_ini.h"
 #include "cli/usage_error.h"
 #include "driver/bill_folders.h"
+#include "driver/report_days.h"
 #include "platform/file.h"
 #include "platform/local_time.h"
 #include "readers/layout_marks.h"
-#include "readers/statement_loader.h"
-#include "report/request_copy.h"
+#include "readers/layout_table.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
 
-constexpr const char* kFormats = "0, 1, 2, 3, 6, 201 or auto";
-
-/// Puts another request in the place of the copy for as long as it lives.
-class CBorrowedRequest {
-public:
-    explicit CBorrowedRequest(const GenerateBillRequest& request) : kept_(Request) { CopyRequest(request); }
-    ~CBorrowedRequest() { Request = kept_; }
-    CBorrowedRequest(const CBorrowedRequest&) = delete;
-    CBorrowedRequest& operator=(const CBorrowedRequest&) = delete;
-
-private:
-    GenerateBillRequest kept_;
-};
-
-/// First and last day as a run takes them: without both dates, today.
-std::pair<std::time_t, std::time_t> RangeOf(const GenerateBillRequest& request) {
-    const std::string_view start = FieldText(request.StartDate);
-    const std::string_view end = FieldText(request.EndDate);
-    if (start.empty() || end.empty()) return {PresentTime(), PresentTime()};
-    return {MidnightOf(ParseDashedDay(start)), MidnightOf(ParseDashedDay(end))};
+std::string KnownFormats() {
+    return FormatNumbers() + " or auto";
 }
 
 }  // namespace
@@ -50,12 +29,12 @@ std::int32_t KindNumber(const std::optional<std::string>& kind) {
 
 std::int32_t FormatNumber(const std::optional<std::string>& format, bool hasTemplate) {
     if (!format || format->empty()) {
-        throw CUsageError(std::string("--format is missing: expected ") + kFormats +
+        throw CUsageError("--format is missing: expected " + KnownFormats() +
                           ", the broker's layout (tradebill layouts lists them)");
     }
     const auto number = WholeNumber(*format);
     if (!number || (!IsKnownFormat(*number) && !hasTemplate)) {
-        throw CUsageError(std::string("--format: expected ") + kFormats +
+        throw CUsageError("--format: expected " + KnownFormats() +
                           ", or another number together with --template, found \"" + *format + "\"");
     }
     return *number;
@@ -77,18 +56,21 @@ std::int32_t FormatByMarks(std::string_view text, const std::string& file) {
     throw CUsageError("--format auto: " + file + " may be of several layouts: expected one of " + formats);
 }
 
-PickedFormat PickFormat(const GenerateBillRequest& request) {
-    const CBorrowedRequest borrowed(request);
+PickedFormat PickFormat(const GenerateBillRequest& request, const std::string& rootFolder) {
+    CReport report;
+    report.Request = CopyRequest(request);
+    report.RootFolder = rootFolder;
     const CalendarDay today = LocalDayOf(PresentTime());
-    const auto [first, last] = RangeOf(request);
-    for (std::time_t cursor = first; cursor <= last; cursor += kSecondsPerDay) {
-        const CalendarDay day = LocalDayOf(cursor);
-        const std::string path = StatementPath(day, day == today);
+    std::optional<PickedFormat> picked;
+    WalkDays(ReportDaysOf(report.Request), [&](const CalendarDay& day) {
+        const std::string path = StatementPath(report, day, day == today);
         const auto text = ReadStatementFile(path);
-        if (!text) continue;
+        if (!text) return true;
         const std::int32_t format = FormatByMarks(*text, path);
-        return {format, std::string(FindLayout(format, *text)->name), path};
-    }
+        picked = {format, std::string(FindLayout(format, *text)->name), path};
+        return false;
+    });
+    if (picked) return *picked;
     throw CUsageError("--format auto: no statement was found in the whole range: expected a number instead of auto");
 }
 

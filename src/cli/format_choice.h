@@ -29,8 +29,8 @@ struct PickedFormat {
     std::string file;
 };
 
-/// Picks the format by the first statement in the request's range that can be read; the root folder must be set. Throws
-/// CUsageError if there is no statement or it doesn't tell.
-[[nodiscard]] PickedFormat PickFormat(const GenerateBillRequest& request);
+/// Picks the format by the first statement in the request's range that can be read. Throws CUsageError if there is no
+/// statement or it doesn't tell.
+[[nodiscard]] PickedFormat PickFormat(const GenerateBillRequest& request, const std::string& rootFolder);
 
 }  // namespace tradebill

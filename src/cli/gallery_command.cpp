@@ -1,14 +1,17 @@
 #include "cli/gallery_command.h"
 
-#include <fstream>
+#include <CLI/CLI.hpp>
+
 #include <iostream>
+#include <memory>
 #include <stdexcept>
 #include <string_view>
 #include <vector>
 
-#include "cli/font_warning.h"
 #include "cli/gallery_charts.h"
+#include "cli/output_file.h"
 #include "cli/usage_error.h"
+#include "cli/watched_run.h"
 #include "paint/picture_file.h"
 #include "platform/paths.h"
 
@@ -60,15 +63,20 @@ void Paint(const GalleryChart& chart, const std::string& path) {
 
 }  // namespace
 
+CommandRun DeclareGallery(CLI::App& app) {
+    const auto folder = std::make_shared<std::string>();
+    app.add_option("DIR", *folder, "Where to")->required()->type_name("");
+    return [folder] { return RunGalleryCommand(*folder); };
+}
+
 int RunGalleryCommand(const std::string& folder) {
     if (!MakeFolders(folder)) throw std::runtime_error("cannot make the folder " + folder);
     WarnWithoutFonts();
     const std::vector<GalleryChart> charts = GalleryCharts();
     for (const GalleryChart& chart : charts) Paint(chart, folder + "/" + chart.fileName);
     const std::string pagePath = folder + "/index.html";
-    std::ofstream page(pagePath, std::ios::binary);
-    page << PageOf(charts);
-    if (!page.flush()) throw std::runtime_error("cannot write " + pagePath);
+    const auto writePage = [&charts](std::ostream& page) { page << PageOf(charts); };
+    if (!SaveWhole(pagePath, writePage)) throw std::runtime_error("cannot write " + pagePath);
     std::cout << charts.size() << " charts: " << NativePath(pagePath) << "\n";
     return kExitDone;
 }

@@ -1,40 +1,62 @@
 #include "cli/json_writer.h"
 
 #include <cmath>
+#include <cstdint>
 #include <nlohmann/json.hpp>
-#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <variant>
 
 #include "platform/text_encoding.h"
-#include "report/account_statistics.h"
-#include "report/chain_table.h"
+#include "report/figure_fields.h"
 #include "report/record_fields.h"
-#include "report/report_document.h"
-#include "report/stores.h"
-#include "report/trade_statistics.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
 
 using Json = nlohmann::ordered_json;
 
-Json Number(double value) {
-    if (std::isnan(value)) return "nan";
-    if (std::isinf(value)) return value > 0 ? "inf" : "-inf";
-    return value;
+Json JsonOf(const FigureValue& figure) {
+    if (const auto* const text = std::get_if<std::string_view>(&figure)) return GbkToUtf8(*text);
+    if (const auto* const count = std::get_if<std::int32_t>(&figure)) return *count;
+    const double amount = std::get<double>(figure);
+    if (std::isnan(amount)) return "nan";
+    if (std::isinf(amount)) return amount > 0 ? "inf" : "-inf";
+    return amount;
+}
+
+template <class Record, std::size_t N>
+void AddTexts(Json& object, const Record& record, const TextField<Record> (&fields)[N]) {
+    for (const auto& field : fields) object[std::string(field.name)] = GbkToUtf8(field.Text(record));
+}
+
+template <class Owner, std::size_t N>
+void AddFigures(Json& object, const Owner& owner, const FigureField<Owner> (&fields)[N]) {
+    for (const auto& field : fields) object[std::string(field.name)] = JsonOf(field.value(owner));
 }
 
 template <class Record, std::size_t N>
 Json Texts(const Record& record, const TextField<Record> (&fields)[N]) {
     Json object = Json::object();
-    for (const auto& field : fields) object[std::string(field.name)] = GbkToUtf8(field.Text(record));
+    AddTexts(object, record, fields);
     return object;
 }
 
+template <class Owner, std::size_t N>
+Json Figures(const Owner& owner, const FigureField<Owner> (&fields)[N]) {
+    Json object = Json::object();
+    AddFigures(object, owner, fields);
+    return object;
+}
+
+template <class Elements>
+Json ListOf(const Elements& elements);
+
 Json JsonOf(const MoneyRecord& record) {
     Json object = Texts(record, kMoneyFields);
-    object["EXCHANGE_RATE"] = Number(record.EXCHANGE_RATE);
+    object["EXCHANGE_RATE"] = JsonOf(FigureValue(record.EXCHANGE_RATE));
     return object;
 }
 
@@ -55,33 +77,9 @@ Json JsonOf(const OpiSum& record) {
 }
 
 Json JsonOf(const ContractOffset& offset) {
-    return {
-        {"CONTRACT", GbkToUtf8(FieldText(offset.CONTRACT))},
-        {"DELIVERY", GbkToUtf8(FieldText(offset.DELIVERY))},
-        {"CURRENCY", GbkToUtf8(FieldText(offset.CURRENCY))},
-        {"LONG_VOL", offset.LONG_VOL},
-        {"SHORT_VOL", offset.SHORT_VOL},
-        {"LONG_PL", Number(offset.LONG_PL)},
-        {"SHORT_PL", Number(offset.SHORT_PL)},
-        {"LONG_COUNT", offset.LONG_COUNT},
-        {"SHORT_COUNT", offset.SHORT_COUNT},
-        {"LONG_WIN_COUNT", offset.LONG_WIN_COUNT},
-        {"SHORT_WIN_COUNT", offset.SHORT_WIN_COUNT},
-        {"LONG_WIN_VOL", offset.LONG_WIN_VOL},
-        {"SHORT_WIN_VOL", offset.SHORT_WIN_VOL},
-        {"LONG_WIN_PL", Number(offset.LONG_WIN_PL)},
-        {"SHORT_WIN_PL", Number(offset.SHORT_WIN_PL)},
-        {"LONG_LOSE_COUNT", offset.LONG_LOSE_COUNT},
-        {"SHORT_LOSE_COUNT", offset.SHORT_LOSE_COUNT},
-        {"LONG_LOSE_VOL", offset.LONG_LOSE_VOL},
-        {"SHORT_LOSE_VOL", offset.SHORT_LOSE_VOL},
-        {"LONG_LOSE_PL", Number(offset.LONG_LOSE_PL)},
-        {"SHORT_LOSE_PL", Number(offset.SHORT_LOSE_PL)},
-        {"LONG_MAX_WIN", Number(offset.LONG_MAX_WIN)},
-        {"LONG_MAX_LOSS", Number(offset.LONG_MAX_LOSS)},
-        {"SHORT_MAX_WIN", Number(offset.SHORT_MAX_WIN)},
-        {"SHORT_MAX_LOSS", Number(offset.SHORT_MAX_LOSS)},
-    };
+    Json object = Texts(offset, kOffsetFields);
+    AddFigures(object, offset, kOffsetFigures);
+    return object;
 }
 
 Json JsonOf(const CContractChain& chain) {
@@ -91,74 +89,31 @@ Json JsonOf(const CContractChain& chain) {
 }
 
 Json JsonOf(const DayFigure& day) {
-    return {
-        {"Day", GbkToUtf8(day.Day)},        {"ClosedPL", Number(day.ClosedPL)}, {"PositionPL", Number(day.PositionPL)},
-        {"CashFlow", Number(day.CashFlow)}, {"Opening", Number(day.Opening)},   {"Closing", Number(day.Closing)},
-        {"Yield", Number(day.Yield)},
-    };
+    return Figures(day, kDayFigures);
 }
 
 Json JsonOf(const ContractPosition& position) {
-    return {
-        {"Product", GbkToUtf8(position.Product)},
-        {"Side", GbkToUtf8(position.Side)},
-        {"Lots", position.Lots},
-        {"NetLots", Number(position.NetLots)},
-        {"Day", GbkToUtf8(position.Day)},
-        {"Margin", Number(position.Margin)},
-        {"UnitMargin", Number(position.UnitMargin)},
-    };
+    return Figures(position, kPositionFigures);
 }
 
 Json JsonOf(const CDayUsage& usage) {
-    Json positions = Json::array();
-    for (const auto& position : usage.Positions) positions.push_back(JsonOf(*position));
-    return {
-        {"Day", GbkToUtf8(usage.Day)},    {"Margin", Number(usage.Margin)}, {"Equity", Number(usage.Equity)},
-        {"HasFigures", usage.HasFigures}, {"Risk", Number(usage.Risk)},     {"Positions", std::move(positions)},
-    };
-}
-
-Json JsonOf(const CAccountStatistics& figures) {
-    return {
-        {"WinCount", figures.WinCount},           {"LoseCount", figures.LoseCount},
-        {"FlatCount", figures.FlatCount},         {"InitialEquity", Number(figures.InitialEquity)},
-        {"MaxEquity", Number(figures.MaxEquity)}, {"MinEquity", Number(figures.MinEquity)},
-        {"TotalPL", Number(figures.TotalPL)},     {"MaxDrawdown", Number(figures.MaxDrawdown)},
-        {"WinRate", Number(figures.WinRate)},     {"ProfitRate", Number(figures.ProfitRate)},
-        {"MaxProfit", Number(figures.MaxProfit)}, {"MaxLoss", Number(figures.MaxLoss)},
-        {"MaxYield", Number(figures.MaxYield)},   {"MaxRisk", Number(figures.MaxRisk)},
-    };
+    Json object = Figures(usage, kUsageFigures);
+    object["Positions"] = ListOf(usage.Positions);
+    return object;
 }
 
 Json JsonOf(const CMoneyStore& store) {
-    Json records = Json::array();
-    for (const auto& record : store.Records) records.push_back(JsonOf(*record));
-    return {
-        {"LastHostCurrent", Number(store.LastHostCurrent)},
-        {"OpeningEquity", Number(store.OpeningEquity)},
-        {"ClosingEquity", Number(store.ClosingEquity)},
-        {"TotalClosedPL", Number(store.TotalClosedPL)},
-        {"TotalPositionPL", Number(store.TotalPositionPL)},
-        {"TotalCashFlow", Number(store.TotalCashFlow)},
-        {"FirstCashFlow", Number(store.FirstCashFlow)},
-        {"Available", Number(store.Available)},
-        {"MinEquity", Number(store.MinEquity)},
-        {"MaxEquity", Number(store.MaxEquity)},
-        {"MinDayPL", Number(store.MinDayPL)},
-        {"MaxDayPL", Number(store.MaxDayPL)},
-        {"FrozenB", Number(store.FrozenB)},
-        {"FrozenA", Number(store.FrozenA)},
-        {"HostPositionPL", Number(store.HostPositionPL)},
-        {"PositionMargin", Number(store.PositionMargin)},
-        {"Count", store.Count()},
-        {"TotalFees", Number(store.TotalFees)},
-        {"TotalPremium", Number(store.TotalPremium)},
-        {"StartDateText", store.StartDateText},
-        {"EndDateText", store.EndDateText},
-        {"ChartSizes", store.ChartSizes},
-        {"Records", std::move(records)},
-    };
+    Json object = Figures(store, kMoneyFigures);
+    object["ChartSizes"] = store.ChartSizes;
+    object["Records"] = ListOf(store.Records);
+    return object;
+}
+
+template <class Elements>
+Json ListOf(const Elements& elements) {
+    Json list = Json::array();
+    for (const auto& element : elements) list.push_back(JsonOf(*element));
+    return list;
 }
 
 /// One member that is a list: written element by element, since a list may hold a year's trades.
@@ -173,28 +128,28 @@ void WriteList(std::ostream& out, std::string_view name, const Elements& element
     out << "]";
 }
 
-void WriteCurrencies(std::ostream& out) {
+void WriteCurrencies(const CCurrencyMoneyStore& stores, std::ostream& out) {
     Json currencies = Json::array();
-    for (const std::string& name : CurrencyMoneyStore.Names) {
-        currencies.push_back({{"name", GbkToUtf8(name)}, {"store", JsonOf(*CurrencyMoneyStore.Find(name))}});
+    for (const std::string& name : stores.Names) {
+        currencies.push_back({{"name", GbkToUtf8(name)}, {"store", JsonOf(*stores.Find(name))}});
     }
     out << ",\n\"currencies\": " << currencies.dump();
 }
 
 }  // namespace
 
-void WriteJson(std::ostream& out) {
-    out << "{\"money\": " << JsonOf(MoneyStore).dump();
-    WriteCurrencies(out);
-    WriteList(out, "matches", MatchStore.Rows);
-    WriteList(out, "closed", PingDetailStore.Rows);
-    WriteList(out, "positions", OpiDetailStore.Rows);
-    WriteList(out, "positionSums", OpiSumStore.Rows);
-    WriteList(out, "offsets", ReportDocument.Offsets);
-    WriteList(out, "chains", ChainTable.Chains);
-    WriteList(out, "days", TradeStatistics.DayFigures.Days);
-    WriteList(out, "usage", TradeStatistics.DayUsages.Days);
-    out << ",\n\"account\": " << JsonOf(AccountStatistics).dump() << "}\n";
+void WriteJson(const CReport& report, std::ostream& out) {
+    out << "{\"money\": " << JsonOf(report.MoneyStore).dump();
+    WriteCurrencies(report.CurrencyMoneyStore, out);
+    WriteList(out, "matches", report.MatchStore.Rows);
+    WriteList(out, "closed", report.PingDetailStore.Rows);
+    WriteList(out, "positions", report.OpiDetailStore.Rows);
+    WriteList(out, "positionSums", report.OpiSumStore.Rows);
+    WriteList(out, "offsets", report.ReportDocument.Offsets);
+    WriteList(out, "chains", report.ChainTable.Chains);
+    WriteList(out, "days", report.TradeStatistics.DayFigures.Days);
+    WriteList(out, "usage", report.TradeStatistics.DayUsages.Days);
+    out << ",\n\"account\": " << Figures(report.AccountStatistics, kAccountFigures).dump() << "}\n";
 }
 
 }  // namespace tradebill

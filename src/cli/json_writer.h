@@ -1,13 +1,15 @@
-// Everything that a run left in memory, as JSON.
+// Everything that a report keeps, as JSON.
 #pragma once
 
 #include <ostream>
 
 namespace tradebill {
 
+class CReport;
+
 /// Writes the stores, statistics and chains as one UTF-8 JSON object. Names are the system's own; every number reads
 /// back to the same double, with infinities and NaN as the strings "inf", "-inf" and "nan". Texts are decoded from GBK,
 /// one U+FFFD for each byte that belongs to no character.
-void WriteJson(std::ostream& out);
+void WriteJson(const CReport& report, std::ostream& out);
 
 }  // namespace tradebill

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "cli/usage_error.h"
 #include "platform/text_encoding.h"
 #include "readers/layout_table.h"
 
@@ -43,13 +44,20 @@ void PrintLayouts() {
     Print({"format", "kind", "layout and sample", "options", "mark in the text"});
     for (const Layout& layout : Layouts()) {
         Print({layout.isForeign ? "-" : std::to_string(layout.format), layout.isForeign ? "foreign" : "domestic",
-               std::string(layout.name), std::string(PremiumText(layout.premium)), GbkToUtf8(layout.mark)});
+               std::string(layout.name), std::string(PremiumText(layout.premium)), GbkToUtf8(layout.marks.mark)});
     }
     Print({"any", "domestic", "template-pairs", "any", "whatever the template names (money as labels and values)"});
     Print({"any", "domestic", "template-row", "any", "whatever the template names (money in one row)"});
     std::cout << "\nOf two layouts of one format the one \"with\" options reads statements that speak of \""
               << GbkToUtf8(PremiumWord())
               << "\" anywhere.\nbilingual-new follows bilingual from the change date of the request's template on.\n";
+}
+
+CommandRun DeclareLayouts(CLI::App& /*app*/) {
+    return [] {
+        PrintLayouts();
+        return kExitDone;
+    };
 }
 
 }  // namespace tradebill

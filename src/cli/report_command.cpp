@@ -1,6 +1,9 @@
 #include "cli/report_command.h"
 
+#include <CLI/CLI.hpp>
+
 #include <iostream>
+#include <memory>
 
 #include "base/number.h"
 #include "cli/json_writer.h"
@@ -10,15 +13,13 @@
 #include "cli/watched_run.h"
 #include "platform/desktop.h"
 #include "platform/paths.h"
-#include "report/report_document.h"
-#include "report/request_copy.h"
-#include "report/stores.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
 
-std::string CurrencyText() {
-    const std::size_t currencies = CurrencyMoneyStore.Names.size();
+std::string CurrencyText(const CReport& report) {
+    const std::size_t currencies = report.CurrencyMoneyStore.Names.size();
     return currencies == 0 ? std::string() : ", " + std::to_string(currencies) + " currencies";
 }
 
@@ -27,37 +28,53 @@ std::string DaysText(int days) {
 }
 
 /// The foreign family keeps no closed rows: they are only tallied.
-int ClosedRows() {
-    int rows = PingDetailStore.Count();
-    if (!IsForeign()) return rows;
-    for (const auto& offset : ReportDocument.Offsets) rows += offset->LONG_COUNT + offset->SHORT_COUNT;
+int ClosedRows(const CReport& report) {
+    int rows = report.PingDetailStore.Count();
+    if (!report.IsForeign()) return rows;
+    for (const auto& offset : report.ReportDocument.Offsets) rows += offset->LONG_COUNT + offset->SHORT_COUNT;
     return rows;
 }
 
-void ShowSummary(const RunResult& result) {
-    std::cout << "Report from " << MoneyStore.StartDateText << " to " << MoneyStore.EndDateText << "\n"
+void ShowSummary(const CReport& report, const RunResult& result) {
+    const CMoneyStore& money = report.MoneyStore;
+    std::cout << "Report from " << money.StartDateText << " to " << money.EndDateText << "\n"
               << "  statements read   " << result.statementsRead << " ("
               << DaysText(result.days - result.statementsRead) << " without a file)\n"
-              << "  records           " << MoneyStore.Count() << " money, " << MatchStore.Count() << " trades, "
-              << ClosedRows() << " closed, " << OpiDetailStore.Count() << " positions, " << OpiSumStore.Count()
-              << " position sums" << CurrencyText() << "\n"
-              << "  closing equity    " << CNumberText(MoneyStore.ClosingEquity).View() << "\n"
+              << "  records           " << money.Count() << " money, " << report.MatchStore.Count() << " trades, "
+              << ClosedRows(report) << " closed, " << report.OpiDetailStore.Count() << " positions, "
+              << report.OpiSumStore.Count() << " position sums" << CurrencyText(report) << "\n"
+              << "  closing equity    " << CNumberText(money.ClosingEquity).View() << "\n"
               << "  page              " << NativePath(result.pagePath) << "\n";
 }
 
 }  // namespace
 
+CommandRun DeclareReport(CLI::App& app) {
+    const auto command = std::make_shared<ReportCommand>();
+    DeclareReportOptions(app, command->options);
+    app.add_option("--json", command->jsonFile, "Write everything that was read and worked out as JSON")
+        ->type_name("FILE");
+    app.add_option("--standalone", command->standaloneFile, "Write the page and its pictures as one file too")
+        ->type_name("FILE");
+    app.add_flag("--open", command->opensPage, "Show the page on the desktop");
+    app.add_flag("--quiet", command->quiet, "No progress line and no summary");
+    return [command] { return RunReportCommand(*command); };
+}
+
 int RunReportCommand(const ReportCommand& command) {
     CheckOutputFile("--json", command.jsonFile);
     CheckOutputFile("--standalone", command.standaloneFile);
-    const auto result = RunWatched(PrepareRequest(command.options), command.quiet, RunReport);
+    const PreparedRequest prepared = PrepareRequest(command.options);
+    CReport report;
+    const auto result = RunWatched(report, prepared, command.quiet, RunReport);
     if (!result) return kExitFailed;
-    if (command.jsonFile && !SaveWhole(*command.jsonFile, WriteJson)) return Fail("can't write " + *command.jsonFile);
+    const auto writeJson = [&report](std::ostream& out) { WriteJson(report, out); };
+    if (command.jsonFile && !SaveWhole(*command.jsonFile, writeJson)) return Fail("can't write " + *command.jsonFile);
     if (!result->pageWritten) return Fail("can't write the page " + NativePath(result->pagePath));
-    if (command.standaloneFile && !WriteStandalonePage(result->pagePath, *command.standaloneFile)) {
+    if (command.standaloneFile && !WriteStandalonePage(report, result->pagePath, *command.standaloneFile)) {
         return Fail("can't write " + *command.standaloneFile);
     }
-    if (!command.quiet) ShowSummary(*result);
+    if (!command.quiet) ShowSummary(report, *result);
     if (command.opensPage && !OpenOnDesktop(command.standaloneFile.value_or(result->pagePath))) {
         Warn("--open: this desktop has no xdg-open to show the page with");
     }

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "cli/command_table.h"
 #include "cli/report_options.h"
 
 namespace tradebill {
@@ -15,6 +16,8 @@ struct ReportCommand {
     bool opensPage = false;
     bool quiet = false;  ///< no progress line and no summary; warnings are shown all the same
 };
+
+[[nodiscard]] CommandRun DeclareReport(CLI::App& app);
 
 /// Makes the report. Returns the program's exit code; throws CUsageError before anything is done.
 [[nodiscard]] int RunReportCommand(const ReportCommand& command);

@@ -11,7 +11,6 @@
 #include "base/report_error.h"
 #include "base/text.h"
 #include "cli/format_choice.h"
-#include "cli/host_tables.h"
 #include "cli/input_ini.h"
 #include "cli/live_figures.h"
 #include "cli/usage_error.h"
@@ -19,6 +18,7 @@
 #include "platform/paths.h"
 #include "platform/root_folder.h"
 #include "report/request_copy.h"
+#include "report/statement_format.h"
 
 namespace tradebill {
 namespace {
@@ -131,9 +131,8 @@ void SetDates(const ReportOptions& options, PreparedRequest& prepared) {
     }
 }
 
-/// Root and user folder must be there, and no path may be longer than the module's 259 bytes.
+/// Root and user folder must be there, and no path may be longer than the module reads.
 void CheckFolders(const std::string& root, const GenerateBillRequest& request) {
-    constexpr std::size_t kLongestPath = 259;
     if (!IsFolder(root)) {
         throw CUsageError("--root: expected a folder, found none at \"" + root + "\"");
     }
@@ -143,7 +142,8 @@ void CheckFolders(const std::string& root, const GenerateBillRequest& request) {
     }
     const std::string longest = user + "/Data/Bill/DWP" + request.Account + ".20000101o.txt";
     if (std::max(longest.size(), (user + "/Data/Bill/Image/TradeBill.html").size()) > kLongestPath) {
-        throw CUsageError("--root: expected paths of at most 259 bytes, but the statements' are longer");
+        throw CUsageError("--root: expected paths of at most " + std::to_string(kLongestPath) +
+                          " bytes, but the statements' are longer");
     }
 }
 
@@ -157,7 +157,7 @@ bool SetFormat(const ReportOptions& options, GenerateBillRequest& request) {
 }
 
 void SetFormatByMarks(PreparedRequest& prepared) {
-    const PickedFormat picked = PickFormat(prepared.request);
+    const PickedFormat picked = PickFormat(prepared.request, prepared.rootFolder);
     prepared.request.StatementFormat = picked.format;
     prepared.notes.push_back("reading format " + std::to_string(picked.format) + " (" + picked.layout +
                              "), by the marks in " + picked.file);
@@ -172,7 +172,8 @@ void DeclareReportOptions(CLI::App& command, ReportOptions& options) {
         ->type_name("NO");
     command.add_option("--from", options.from, "First day, year-month-day (default: today alone)")->type_name("DATE");
     command.add_option("--to", options.to, "Last day")->type_name("DATE");
-    command.add_option("--format", options.format, "Layout of the broker's statements: 0, 1, 2, 3, 6, 201 or auto")
+    command
+        .add_option("--format", options.format, "Layout of the broker's statements: " + FormatNumbers() + " or auto")
         ->type_name("N");
     command.add_option("--kind", options.kind, "Statement family: domestic (default) or foreign")->type_name("KIND");
     command.add_option("--template", options.templateName, "Statement template below BillTemplate, without .ini")
@@ -193,7 +194,7 @@ void DeclareReportOptions(CLI::App& command, ReportOptions& options) {
 
 PreparedRequest PrepareRequest(const ReportOptions& given) {
     const ReportOptions options = WithRequestFile(given);
-    PreparedRequest prepared{ClearedRequest(), {}, {}};
+    PreparedRequest prepared;
     GenerateBillRequest& request = prepared.request;
     const std::string root = Required(options.root, "--root", "the folder that holds Users, sys and BillTemplate");
     SetName(request.UserFolder, Required(options.user, "--user", "the user's folder below Users"), "--user");
@@ -205,10 +206,10 @@ PreparedRequest PrepareRequest(const ReportOptions& given) {
     request.MarginOffsetFlag = OffsetsMargins(options) ? 1 : 0;
     SetDates(options, prepared);
     CheckFolders(root, request);
-    if (options.unitFile) UseUnitFile(*options.unitFile, request);
-    if (options.productFile) UseProductFile(*options.productFile, request);
+    if (options.unitFile) prepared.products->LoadUnits(*options.unitFile);
+    if (options.productFile) prepared.products->LoadProducts(*options.productFile);
     if (options.liveFile) UseLiveFile(*options.liveFile, request);
-    SetRootFolderPath(root);
+    prepared.rootFolder = RootFolderAt(root);
     if (byMarks) SetFormatByMarks(prepared);
     return prepared;
 }

@@ -1,11 +1,13 @@
 // What a report is asked for: options of the command line, the keys of a request file, and the request made of both.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "driver/report_request.h"
+#include "cli/product_tables.h"
+#include "report/request_copy.h"
 
 namespace CLI {
 class App;
@@ -34,9 +36,11 @@ struct ReportOptions {
 /// Declares the options on `command`; they are stored in `options` when the command line is parsed.
 void DeclareReportOptions(CLI::App& command, ReportOptions& options);
 
-/// A request that is ready to run, its root folder set, and what the user should know about it.
+/// A request that is ready to run, and what the user should know about it.
 struct PreparedRequest {
-    GenerateBillRequest request;
+    GenerateBillRequest request = ClearedRequest();
+    std::string rootFolder;
+    std::unique_ptr<CProductTables> products = std::make_unique<CProductTables>();  ///< never null
     std::vector<std::string> warnings;
     std::vector<std::string> notes;  ///< what was chosen for the user
 };

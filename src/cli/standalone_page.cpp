@@ -11,6 +11,7 @@
 #include "platform/file.h"
 #include "platform/paths.h"
 #include "platform/text_encoding.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
@@ -33,8 +34,8 @@ std::string Base64(std::string_view bytes) {
 }
 
 /// The picture itself in place of its path. It bears its name, by which the page's scripts tell the two buttons apart.
-std::string DataAddress(std::string_view picture) {
-    const auto bytes = CFile(FullPicturePath(picture), FileMode::Read).ReadAll();
+std::string DataAddress(const CReport& report, std::string_view picture) {
+    const auto bytes = CFile(FullPicturePath(report.ReportDocument, picture), FileMode::Read).ReadAll();
     const std::string_view type = picture.ends_with(".png") ? "image/png" : "image/jpeg";
     return std::string("data:").append(type).append(";name=").append(picture).append(";base64,") +
            Base64(bytes.value_or(""));
@@ -51,10 +52,10 @@ void ReplaceAll(std::string& text, const std::string& from, const std::string& t
 }
 
 /// Only the report's own pictures, in quotes as the page has them: cells hold what brokers print.
-void TakeInPictures(std::string& page) {
+void TakeInPictures(const CReport& report, std::string& page) {
     for (const std::string_view picture : kPictures) {
-        const std::string address = "\"" + DataAddress(picture) + "\"";
-        for (const std::string& path : {PagePicturePath(picture), ScriptPicturePath(picture)}) {
+        const std::string address = "\"" + DataAddress(report, picture) + "\"";
+        for (const std::string& path : {PagePicturePath(report, picture), ScriptPicturePath(report, picture)}) {
             ReplaceAll(page, "\"" + path + "\"", address);
         }
     }
@@ -62,12 +63,12 @@ void TakeInPictures(std::string& page) {
 
 }  // namespace
 
-bool WriteStandalonePage(const std::string& pagePath, const std::string& file) {
+bool WriteStandalonePage(const CReport& report, const std::string& pagePath, const std::string& file) {
     constexpr std::string_view kHead = "<head>\r\n";
     const auto bytes = CFile(pagePath, FileMode::Read).ReadAll();
     if (!bytes || IsSameFile(pagePath, file)) return false;
     std::string page = GbkToUtf8(*bytes);
-    TakeInPictures(page);
+    TakeInPictures(report, page);
     const std::size_t head = page.find(kHead);
     if (head != std::string::npos) page.insert(head + kHead.size(), "<meta charset=\"utf-8\">\r\n");
     return SaveWhole(file, [&page](std::ostream& out) { out << page; });

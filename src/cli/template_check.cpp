@@ -1,7 +1,10 @@
 #include "cli/template_check.h"
 
+#include <CLI/CLI.hpp>
+
 #include <algorithm>
 #include <iostream>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -259,6 +262,12 @@ void CTemplateCheck::CheckSchemes() {
 
 std::vector<TemplateFinding> CheckTemplate(const CIniFile& file) {
     return CTemplateCheck(file).Run();
+}
+
+CommandRun DeclareTemplateCheck(CLI::App& app) {
+    const auto file = std::make_shared<std::string>();
+    app.add_option("FILE", *file, "The template")->required()->type_name("");
+    return [file] { return RunTemplateCheck(*file); };
 }
 
 int RunTemplateCheck(const std::string& path) {

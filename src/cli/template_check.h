@@ -5,8 +5,11 @@
 #include <vector>
 
 #include "base/ini_file.h"
+#include "cli/command_table.h"
 
 namespace tradebill {
+
+[[nodiscard]] CommandRun DeclareTemplateCheck(CLI::App& app);
 
 struct TemplateFinding {
     int line;      ///< counted from 1; 0 for what is missing altogether

@@ -108,11 +108,11 @@ Found FindColumnKey(SectionKind kind, bool moneyInOneRow, std::string_view key) 
         case SectionKind::Closed:
             return FirstOf({FindIn(kClosedOtherKeys, key), FindColumn(kClosedKeys, key)});
         case SectionKind::Open:
-            return FirstOf({FindIn(kOpenOtherKeys, key), FindColumn(kOpenKeys, key), FindColumn(kOpenBuyKeys, key),
-                            FindColumn(kOpenSellKeys, key)});
+            return FirstOf({FindIn(kOpenOtherKeys, key), FindColumn(kOpenKeys, key), FindColumn(kOpenSharedKeys, key),
+                            FindColumn(kOpenBuyKeys, key), FindColumn(kOpenSellKeys, key)});
         case SectionKind::Summary:
-            return FirstOf(
-                {FindIn(kSummaryOtherKeys, key), FindColumn(kSummaryBuyKeys, key), FindColumn(kSummarySellKeys, key)});
+            return FirstOf({FindIn(kSummaryOtherKeys, key), FindColumn(kSummarySharedKeys, key),
+                            FindColumn(kSummaryBuyKeys, key), FindColumn(kSummarySellKeys, key)});
     }
     return std::nullopt;
 }

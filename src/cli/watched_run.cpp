@@ -7,19 +7,20 @@
 #include <sstream>
 
 #include "base/report_error.h"
-#include "cli/font_warning.h"
 #include "cli/progress_line.h"
 #include "cli/usage_error.h"
+#include "paint/font.h"
+#include "platform/screen.h"
 #include "platform/terminal.h"
-#include "report/stores.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
 
-void WarnOfEmptyAccount(const RunResult& result) {
+void WarnOfEmptyAccount(const CReport& report, const RunResult& result) {
     if (result.statementsRead == 0) {
         Warn("no statement was found in the whole range");
-    } else if (MoneyStore.Count() + MatchStore.Count() + OpiDetailStore.Count() == 0) {
+    } else if (report.MoneyStore.Count() + report.MatchStore.Count() + report.OpiDetailStore.Count() == 0) {
         Warn("nothing was recognised in " + std::to_string(result.statementsRead) +
              " statements: is --format right? tradebill explain shows what is seen in one of them");
     }
@@ -37,12 +38,20 @@ void Warn(const std::string& text) {
     std::cerr << "tradebill: warning: " << text << "\n";
 }
 
+void WarnWithoutFonts() {
+    if (HasFonts()) return;
+    std::cerr << "tradebill: no font is installed; texts in pictures are boxes (README.md names the packages)\n";
+}
+
 int Fail(const std::string& text) {
     std::cerr << "tradebill: " << text << "\n";
     return kExitFailed;
 }
 
-std::optional<RunResult> RunWatched(const PreparedRequest& prepared, bool quiet, RunFunction* run) {
+std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prepared, bool quiet, RunFunction* run) {
+    report.RootFolder = prepared.rootFolder;
+    report.ScreenWidth = DisplayWidth();
+    report.Products = prepared.products.get();
     for (const std::string& warning : prepared.warnings) Warn(warning);
     if (!quiet) {
         for (const std::string& note : prepared.notes) std::cerr << "tradebill: " << note << "\n";
@@ -52,12 +61,12 @@ std::optional<RunResult> RunWatched(const PreparedRequest& prepared, bool quiet,
     try {
         std::unique_ptr<CProgressLine> progress;
         if (!quiet && IsErrorOutputTerminal()) progress = std::make_unique<CProgressLine>();
-        result = run(prepared.request, progress.get());
+        result = run(report, prepared.request, progress.get());
     } catch (const CReportError& error) {
         Fail("the run failed with code " + CodeText(error.Code()) + ": " + error.what());
         return std::nullopt;
     }
-    WarnOfEmptyAccount(result);
+    WarnOfEmptyAccount(report, result);
     return result;
 }
 

@@ -11,13 +11,18 @@ namespace tradebill {
 
 void Warn(const std::string& text);
 
+/// Warns if no font is installed: every character would be painted as a box.
+void WarnWithoutFonts();
+
 /// Says on stderr what failed. Returns kExitFailed.
 int Fail(const std::string& text);
 
-using RunFunction = RunResult(const GenerateBillRequest& request, CRunWatcher* watcher);
+using RunFunction = RunResult(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher);
 
-/// Tells what the request's options were warned of, runs, and warns if there was nothing to read. Nothing if the run
-/// failed, which is told. `quiet` leaves out notes and progress.
-[[nodiscard]] std::optional<RunResult> RunWatched(const PreparedRequest& prepared, bool quiet, RunFunction* run);
+/// Tells what the request's options were warned of, runs it in `report`, and warns if there was nothing to read.
+/// Nothing if the run failed, which is told. `quiet` leaves out notes and progress. The report's products are those of
+/// `prepared`, which must outlive it.
+[[nodiscard]] std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prepared, bool quiet,
+                                                  RunFunction* run);
 
 }  // namespace tradebill

@@ -1,4 +1,4 @@
-// Where a run finds statements and leaves the page.
+// Where a run finds its files and leaves the page.
 #pragma once
 
 #include <string>
@@ -7,14 +7,25 @@
 
 namespace tradebill {
 
+class CReport;
+
+// All of them lie below the report's root folder, and follow its request.
+
 /// Makes "Data", "Bill" and "Image" in the user's folder, one in the other, and the pictures' folder in "Image". Sets
-/// BillFolder and ImageFolderName of ReportDocument. If a folder can't be made it stops there: BillFolder names that
-/// folder.
-void PrepareBillFolders();
+/// BillFolder and ImageFolderName of the report's document. If a folder can't be made it stops there: BillFolder names
+/// that folder.
+void PrepareBillFolders(CReport& report);
 
 /// The statement file of `day`. That of a finished day ends in "o".
-[[nodiscard]] std::string StatementPath(const CalendarDay& day, bool isToday);
+[[nodiscard]] std::string StatementPath(const CReport& report, const CalendarDay& day, bool isToday);
 
-[[nodiscard]] std::string PagePath();
+/// The chain file of the request's kind.
+[[nodiscard]] std::string ChainPath(const CReport& report);
+
+/// The template that the request names.
+[[nodiscard]] std::string TemplatePath(const CReport& report);
+
+/// REQUIRES: PrepareBillFolders has run.
+[[nodiscard]] std::string PagePath(const CReport& report);
 
 }  // namespace tradebill

@@ -2,10 +2,11 @@
 #include <new>
 
 #include "base/report_error.h"
+#include "driver/host_module.h"
 #include "driver/repaint.h"
 #include "driver/report_request.h"
 #include "driver/report_run.h"
-#include "images/account_charts.h"
+#include "images/chart_kinds.h"
 #include "page/page_sections.h"
 #include "platform/host_link.h"
 #include "platform/root_folder.h"
@@ -17,7 +18,7 @@ namespace {
 std::uint32_t RunForHost(const GenerateBillRequest* request) {
     if (request == nullptr) return kErrorInvalidArgument;
     try {
-        RunReport(*request, nullptr);
+        RunReport(TheModule().ReportForCall(), *request, nullptr);
     } catch (const CReportError& error) {
         return error.Code();
     } catch (const std::bad_alloc&) {
@@ -26,6 +27,10 @@ std::uint32_t RunForHost(const GenerateBillRequest* request) {
         return kErrorUnspecified;
     }
     return 0;
+}
+
+void RepaintForHost(const AccountChart& chart, ChartTarget* target, const ChartRect* rect, const PictureSize& size) {
+    Repaint(TheModule().ReportForCall(), chart, target, rect, size);
 }
 
 }  // namespace
@@ -41,7 +46,7 @@ std::uint32_t TryGenerateBill(const GenerateBillRequest* request) {
 }
 
 void SetRootFolder(const char* path) {
-    if (path != nullptr) tradebill::SetRootFolderPath(path);
+    if (path != nullptr) tradebill::TheModule().rootFolder = tradebill::RootFolderAt(path);
 }
 
 void ResetTradeBillFile(const char* path, int32_t finished) {
@@ -49,17 +54,17 @@ void ResetTradeBillFile(const char* path, int32_t finished) {
 }
 
 void StretchZjGraph(ChartTarget* target, const ChartRect* rect, int32_t width, int32_t height) {
-    tradebill::Repaint(target, rect, {width, height}, tradebill::StretchEquityChart);
+    tradebill::RepaintForHost(tradebill::kEquityChart, target, rect, {width, height});
 }
 
 void StretchRiskAndProfit(ChartTarget* target, const ChartRect* rect, int32_t width, int32_t height) {
-    tradebill::Repaint(target, rect, {width, height}, tradebill::StretchAccountYieldChart);
+    tradebill::RepaintForHost(tradebill::kAccountYieldChart, target, rect, {width, height});
 }
 
 void StretchRisk(ChartTarget* target, const ChartRect* rect, int32_t width, int32_t height) {
-    tradebill::Repaint(target, rect, {width, height}, tradebill::StretchTradeYieldChart);
+    tradebill::RepaintForHost(tradebill::kTradeYieldChart, target, rect, {width, height});
 }
 
 void StretchOffsetGraph(ChartTarget* target, const ChartRect* rect, int32_t width, int32_t height) {
-    tradebill::Repaint(target, rect, {width, height}, tradebill::StretchOffsetChart);
+    tradebill::RepaintForHost(tradebill::kRealisedChart, target, rect, {width, height});
 }

@@ -2,15 +2,17 @@
 #pragma once
 
 #include "driver/report_request.h"
-#include "paint/canvas.h"
+#include "images/chart_kinds.h"
 #include "paint/picture_file.h"
 
 namespace tradebill {
 
-using ChartPainter = void(CCanvas& canvas, const Box& rect);
-
-/// Paints into `rect` of a painting area of `size` and draws that part on `target`, centred in the area. Lets no
-/// exception out: what goes wrong is a status of the target. Nothing for a null or for an empty rectangle.
-void Repaint(ChartTarget* target, const ChartRect* rect, const PictureSize& size, ChartPainter* paint);
+/// Paints `chart` of a finished report into `rect` of a painting area of `size` and draws that part on `target`,
+/// centred in the area. Lets no exception out: what goes wrong is a status of the target. Nothing for a null or for an
+/// empty rectangle.
+///
+/// REQUIRES: `report` isn't being filled on another thread.
+void Repaint(const CReport& report, const AccountChart& chart, ChartTarget* target, const ChartRect* rect,
+             const PictureSize& size);
 
 }  // namespace tradebill

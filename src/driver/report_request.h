@@ -39,7 +39,7 @@ typedef struct ChartSizeReport {
 } ChartSizeReport;
 
 /* The unit (multiplier) of a contract. The three texts are zero-terminated GBK, valid during the call; contract and
- * delivery are cut to 63 bytes. Called while a lock of the module is held: it mustn't wait for another GenerateBill. */
+ * delivery are cut to 63 bytes. Called in the middle of a run: it mustn't start another, or wait for one. */
 typedef int32_t (*ContractUnitFunction)(const char* account, const char* contract, const char* delivery);
 
 /* Receives the chart sizes once per run, while the page is still growing. The report is valid during the call. */

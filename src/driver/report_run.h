@@ -1,8 +1,8 @@
 // One run of the module: the order of all stages, from the request to the page. GenerateBill is this with nobody
 // watching.
 //
-// report_request.h is the face that hosts see, exports.cpp the functions behind it, bill_folders.h the folders of the
-// output.
+// report_request.h is the face that hosts see, exports.cpp the functions behind it, host_module.h what the module keeps
+// between calls; bill_folders.h tells where the files lie, report_days.h which days are read.
 #pragma once
 
 #include <cstdint>
@@ -12,6 +12,8 @@
 #include "driver/report_request.h"
 
 namespace tradebill {
+
+class CReport;
 
 enum class RunEnd {
     Finished,
@@ -34,14 +36,14 @@ public:
     virtual void OnStage(std::string_view stage) = 0;  ///< in English: "statistics", "pictures", "page"
 };
 
-/// Empties stores, statistics and chains, as at the start of a run.
-void ClearResults();
-
-/// Makes the report. Throws CReportError; the stores are empty then. `watcher` may be null.
-RunResult RunReport(const GenerateBillRequest& request, CRunWatcher* watcher);
+/// Makes the report that `request` asks for in `report`, which is emptied first. Throws CReportError, with what had
+/// been read by then in the report. `watcher` may be null.
+///
+/// REQUIRES: root folder, products and screen width of `report` are set.
+RunResult RunReport(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher);
 
 /// The same up to the statistics: nothing is written, and nobody is told. Charts can be repainted from it as after a
 /// report.
-RunResult ReadAccount(const GenerateBillRequest& request, CRunWatcher* watcher);
+RunResult ReadAccount(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher);
 
 }  // namespace tradebill

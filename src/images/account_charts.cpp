@@ -9,21 +9,11 @@
 #include "base/report_error.h"
 #include "graph/graph.h"
 #include "images/chart_filling.h"
-#include "images/chart_kinds.h"
 #include "images/chart_markers.h"
-#include "report/money_store.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
-
-void DrawPlain(const AccountChart& chart, CCanvas& canvas, const ReportRange& days, const PictureSize& size) {
-    MoneyStore.ChartSizes[chart.ownSize] = size.width;
-    MoneyStore.ChartSizes[chart.ownSize + 1] = size.height;
-    CGraph graph(kLineGraph);
-    if (!FillChart(graph, chart, chart.plain, days)) return;
-    graph.markerRadius = MarkerRadius(size.width, chart.days());
-    graph.DrawGraph(canvas, {0, 0, size.width, size.height});
-}
 
 std::time_t MidnightOfText(std::string_view text) {
     const CalendarDay day = ParseDashedDay(text);
@@ -36,47 +26,24 @@ std::int32_t WidthOf(const Box& rect) {
     return ClampToInt32(std::int64_t{rect.right} - rect.left);
 }
 
-void DrawStretched(const AccountChart& chart, CCanvas& canvas, const Box& rect) {
-    const ReportRange days{MidnightOfText(MoneyStore.StartDateText), MidnightOfText(MoneyStore.EndDateText)};
-    CGraph graph(kLineGraph);
-    if (!FillChart(graph, chart, chart.stretched, days)) return;
-    const std::int32_t savedWidth = MoneyStore.ChartSizes[chart.comparedSize];
-    graph.markerRadius = StretchedMarkerRadius(WidthOf(rect), chart.days(), savedWidth);
-    graph.DrawGraph(canvas, rect);
-}
-
 }  // namespace
 
-void DrawEquityChart(CCanvas& canvas, const ReportRange& days, const PictureSize& size) {
-    DrawPlain(kEquityChart, canvas, days, size);
+void DrawAccountChart(CCanvas& canvas, const CReport& report, const AccountChart& chart, const PictureSize& size) {
+    CGraph graph(kLineGraph);
+    if (!FillChart(graph, report, chart, chart.plain, report.ReportDays)) return;
+    graph.markerRadius = MarkerRadius({.width = size.width, .days = chart.days(report), .dpi = report.Request.Dpi});
+    graph.DrawGraph(canvas, {0, 0, size.width, size.height});
 }
 
-void DrawAccountYieldChart(CCanvas& canvas, const ReportRange& days, const PictureSize& size) {
-    DrawPlain(kAccountYieldChart, canvas, days, size);
-}
-
-void DrawTradeYieldChart(CCanvas& canvas, const ReportRange& days, const PictureSize& size) {
-    DrawPlain(kTradeYieldChart, canvas, days, size);
-}
-
-void DrawOffsetChart(CCanvas& canvas, const ReportRange& days, const PictureSize& size) {
-    DrawPlain(kRealisedChart, canvas, days, size);
-}
-
-void StretchEquityChart(CCanvas& canvas, const Box& rect) {
-    DrawStretched(kEquityChart, canvas, rect);
-}
-
-void StretchAccountYieldChart(CCanvas& canvas, const Box& rect) {
-    DrawStretched(kAccountYieldChart, canvas, rect);
-}
-
-void StretchTradeYieldChart(CCanvas& canvas, const Box& rect) {
-    DrawStretched(kTradeYieldChart, canvas, rect);
-}
-
-void StretchOffsetChart(CCanvas& canvas, const Box& rect) {
-    DrawStretched(kRealisedChart, canvas, rect);
+void StretchAccountChart(CCanvas& canvas, const CReport& report, const AccountChart& chart, const Box& rect) {
+    const CMoneyStore& store = report.MoneyStore;
+    const ReportRange days{MidnightOfText(store.StartDateText), MidnightOfText(store.EndDateText)};
+    CGraph graph(kLineGraph);
+    if (!FillChart(graph, report, chart, chart.stretched, days)) return;
+    graph.markerRadius =
+        StretchedMarkerRadius({.width = WidthOf(rect), .days = chart.days(report), .dpi = report.Request.Dpi},
+                              store.ChartSizes[chart.comparedSize]);
+    graph.DrawGraph(canvas, rect);
 }
 
 }  // namespace tradebill

@@ -3,8 +3,7 @@
 #include "base/gbk.h"
 #include "images/money_figures.h"
 #include "images/painted_table.h"
-#include "report/money_store.h"
-#include "report/request_copy.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
@@ -26,9 +25,10 @@ constexpr MoneyRow kRows[] = {
 
 }  // namespace
 
-void PaintAccountTable(CCanvas& canvas) {
-    const CTableTools tools(canvas);
-    PaintLabelTable(canvas, LabelledFigures<CMoneyStore>(kRows, MoneyStore), ScaleByRequest(22));
+void PaintAccountTable(CCanvas& canvas, const CReport& report) {
+    const CTableTools tools(canvas, report.Request.Dpi);
+    PaintLabelTable(canvas, LabelledFigures<CMoneyStore>(kRows, report.MoneyStore),
+                    {.rowHeight = report.Scaled(22), .dpi = report.Request.Dpi});
 }
 
 }  // namespace tradebill

@@ -5,7 +5,11 @@
 
 namespace tradebill {
 
-/// Paints the ten figures of MoneyStore at the left top of a canvas of white ground and transparent texts.
-void PaintAccountTable(CCanvas& canvas);
+class CReport;
+
+/// Paints the ten figures of the money store at the left top.
+///
+/// REQUIRES: the ground of `canvas` is white, its texts transparent.
+void PaintAccountTable(CCanvas& canvas, const CReport& report);
 
 }  // namespace tradebill

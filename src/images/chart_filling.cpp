@@ -13,9 +13,7 @@
 #include "base/day.h"
 #include "base/text.h"
 #include "platform/local_time.h"
-#include "platform/screen.h"
-#include "report/money_store.h"
-#include "report/request_copy.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
@@ -43,12 +41,12 @@ void ApplySecondAxis(CGraph& graph, const SecondAxisSettings& second) {
     graph.decimalDigits2 = second.decimals;
 }
 
-void ApplySettings(CGraph& graph, const ChartSettings& settings, const FormSettings& form) {
-    graph.dpi = Request.Dpi;
-    graph.screenWidth = ScreenWidth();
+void ApplySettings(CGraph& graph, const CReport& report, const ChartSettings& settings, const FormSettings& form) {
+    graph.dpi = report.Request.Dpi;
+    graph.screenWidth = report.ScreenWidth;
     graph.graphHasGridLines = 1;
     graph.lineWidth = kLineWidth;
-    graph.tickFontSize = graph.xLabelFontSize = ScaleByRequest(kFontSize);
+    graph.tickFontSize = graph.xLabelFontSize = report.Scaled(kFontSize);
     graph.graphTitle = settings.title;
     graph.colorList.push_back(std::make_unique<CGraphDataColor>(CGraphDataColor{0, settings.lineColor}));
     if (!settings.unit.empty()) CopyField(graph.unitText, settings.unit);
@@ -99,9 +97,9 @@ bool IsOneYear(const ReportRange& range) {
 }
 
 /// From the midnight of the earliest record to the one after the latest; empty without records.
-ReportRange DaysOfRecords() {
+ReportRange DaysOfRecords(const CMoneyStore& store) {
     std::optional<ReportRange> days;
-    for (const auto& record : MoneyStore.Records) {
+    for (const auto& record : store.Records) {
         const CalendarDay day = ParsePackedDay(FieldText(record->BILL_DATE));
         if (!HasMidnight(day)) continue;
         const std::time_t midnight = MidnightOf(day);
@@ -116,24 +114,25 @@ ReportRange DaysOfRecords() {
 
 /// The part of a walk in steps of a day that can meet records, so that centuries around them cost nothing. The steps
 /// stay where they were: when clocks change they run into an hour of another day.
-ReportRange WalkWorthTaking(const ReportRange& range) {
-    const ReportRange records = DaysOfRecords();
+ReportRange WalkWorthTaking(const ReportRange& range, const CMoneyStore& store) {
+    const ReportRange records = DaysOfRecords(store);
     std::time_t first = std::max(range.first, std::time_t{0});
     const std::time_t skipped = records.first / kSecondsPerDay - first / kSecondsPerDay - 1;
     if (skipped > 0) first += skipped * kSecondsPerDay;
     return {first, std::min(range.last, records.last)};
 }
 
-void AddDays(CGraph& graph, const AccountChart& chart, const FormSettings& form, const ReportRange& range) {
+void AddDays(CGraph& graph, const CReport& report, const AccountChart& chart, const FormSettings& form,
+             const ReportRange& range) {
     const bool isOneYear = IsOneYear(range);
-    const ReportRange walk = WalkWorthTaking(range);
+    const ReportRange walk = WalkWorthTaking(range, report.MoneyStore);
     double last = 0.0;
     for (std::time_t cursor = walk.first; cursor <= walk.last; cursor += kSecondsPerDay) {
         const CalendarDay day = LocalDayOf(cursor);
         const std::string text = DayText(day);
-        const MoneyRecord* const money = MoneyStore.FindDay(text);
+        const MoneyRecord* const money = report.MoneyStore.FindDay(text);
         if (money == nullptr) continue;
-        const ChartDay chartDay{text, *money};
+        const ChartDay chartDay{report, text, *money};
         const std::string label = LabelOf(day, isOneYear);
         const double value = chart.value(chartDay).value_or(form.holdsLastValue ? last : 0.0);
         last = value;
@@ -145,14 +144,15 @@ void AddDays(CGraph& graph, const AccountChart& chart, const FormSettings& form,
 
 }  // namespace
 
-bool FillChart(CGraph& graph, const AccountChart& chart, const FormSettings& form, const ReportRange& days) {
-    ApplySettings(graph, chart.settings, form);
-    if (chart.beginsWithOpening && MoneyStore.Count() > 0) {
+bool FillChart(CGraph& graph, const CReport& report, const AccountChart& chart, const FormSettings& form,
+               const ReportRange& days) {
+    ApplySettings(graph, report, chart.settings, form);
+    if (chart.beginsWithOpening && report.MoneyStore.Count() > 0) {
         AddPoint(graph.graphSeries, graph.seriesSize, LabelOf(LocalDayOf(days.first), IsOneYear(days)),
-                 MoneyStore.OpeningEquity);
+                 report.MoneyStore.OpeningEquity);
     }
-    AddDays(graph, chart, form, days);
-    const ChartScale scale = chart.scale(graph.graphSeries);
+    AddDays(graph, report, chart, form, days);
+    const ChartScale scale = chart.scale(report, graph.graphSeries);
     ApplyScale(graph, scale);
     return !form.needsTicks || scale.tickSpace != 0.0;
 }

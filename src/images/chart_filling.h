@@ -1,4 +1,4 @@
-// Charts of the account, filled from the stores but not painted yet.
+// Charts of the account, filled from a report but not painted yet.
 #pragma once
 
 #include "graph/graph.h"
@@ -7,10 +7,12 @@
 
 namespace tradebill {
 
-/// Gives a new `graph` the settings, points and scale of `chart` in one of its forms: a point for each day of `days`
+/// Gives `graph` the settings, points and scale of `chart` in one of its forms: a point for each day of `days`
 /// that has a record, but for those before 1970. The size of the dots is left alone. Returns false if the chart isn't
 /// to be painted.
-[[nodiscard]] bool FillChart(CGraph& graph, const AccountChart& chart, const FormSettings& form,
+///
+/// REQUIRES: `graph` is new, and the report's statistics are complete.
+[[nodiscard]] bool FillChart(CGraph& graph, const CReport& report, const AccountChart& chart, const FormSettings& form,
                              const ReportRange& days);
 
 }  // namespace tradebill

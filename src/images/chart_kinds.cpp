@@ -1,7 +1,10 @@
 #include "images/chart_kinds.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "base/gbk.h"
-#include "report/money_store.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
@@ -14,16 +17,17 @@ constexpr FormSettings kBare{.avoidLabelOverlap = 0, .showValues = 0, .holdsLast
 constexpr FormSettings kLabelled{.avoidLabelOverlap = 1, .showValues = 1, .holdsLastValue = true, .needsTicks = true};
 constexpr FormSettings kAtLarge{.avoidLabelOverlap = 1, .showValues = 1, .holdsLastValue = false, .needsTicks = false};
 
-ChartScale ScaleOfEquity(const SeriesList& /*points*/) {
-    return EquityScale(MoneyStore.OpeningEquity, MoneyStore.MinEquity, MoneyStore.MaxEquity);
+ChartScale ScaleOfEquity(const CReport& report, const SeriesList& /*points*/) {
+    const CMoneyStore& store = report.MoneyStore;
+    return EquityScale(store.OpeningEquity, store.MinEquity, store.MaxEquity);
 }
 
-ChartScale ScaleOfRealised(const SeriesList& /*points*/) {
-    return RealisedScale(MoneyStore.MinDayPL, MoneyStore.MaxDayPL);
+ChartScale ScaleOfRealised(const CReport& report, const SeriesList& /*points*/) {
+    return RealisedScale(report.MoneyStore.MinDayPL, report.MoneyStore.MaxDayPL);
 }
 
 /// The ends start at 1 and 0, so a yield axis reaches at least from 0 down and from 1 up to what the points show.
-ChartScale ScaleOfYields(const SeriesList& points) {
+ChartScale ScaleOfYields(const CReport& /*report*/, const SeriesList& points) {
     double lowest = 1.0;
     double highest = 0.0;
     for (const auto& point : points) {
@@ -69,6 +73,7 @@ constexpr ChartSettings YieldSettings(std::string_view title, Color lineColor) {
 }  // namespace
 
 constexpr AccountChart kEquityChart{
+    .name = "equity",
     .settings =
         {
             .title = "权益曲线"_gbk,
@@ -91,6 +96,7 @@ constexpr AccountChart kEquityChart{
 };
 
 constexpr AccountChart kRealisedChart{
+    .name = "realised",
     .settings =
         {
             .title = "平仓盈亏曲线图"_gbk,
@@ -109,6 +115,7 @@ constexpr AccountChart kRealisedChart{
 };
 
 constexpr AccountChart kAccountYieldChart{
+    .name = "account-yield",
     .settings = YieldSettings("账户收益率"_gbk, kOrange),
     .plain = kBare,
     .stretched = kAtLarge,
@@ -122,6 +129,7 @@ constexpr AccountChart kAccountYieldChart{
 };
 
 constexpr AccountChart kTradeYieldChart{
+    .name = "trading-yield",
     .settings = YieldSettings("交易收益率"_gbk, kBlue),
     .plain = kBare,
     .stretched = kAtLarge,
@@ -133,5 +141,20 @@ constexpr AccountChart kTradeYieldChart{
     .secondValue = nullptr,
     .scale = ScaleOfYields,
 };
+
+namespace {
+
+constexpr const AccountChart* kCharts[] = {&kEquityChart, &kRealisedChart, &kAccountYieldChart, &kTradeYieldChart};
+
+}  // namespace
+
+std::span<const AccountChart* const> AccountCharts() {
+    return kCharts;
+}
+
+const AccountChart* FindAccountChart(std::string_view name) {
+    const auto* const found = std::ranges::find(kCharts, name, &AccountChart::name);
+    return found != std::end(kCharts) ? *found : nullptr;
+}
 
 }  // namespace tradebill

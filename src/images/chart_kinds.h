@@ -1,10 +1,11 @@
-// The four account charts as data: how each looks, what it shows of a day, how its axis is found, and in what the form
-// that is painted again differs from that of the report. chart_filling.h makes charts of them.
+// The four account charts as rows of a table: how each looks, what it shows of a day, how its axis is found, and in
+// what the form that is painted again differs from that of the report. chart_filling.h makes charts of them.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string_view>
 
 #include "graph/graph.h"
@@ -54,7 +55,7 @@ struct FormSettings {
     bool needsTicks;      ///< nothing is painted if the ticks lie on one another
 };
 
-/// Where a chart's width and height begin in MoneyStore.ChartSizes.
+/// Where a chart's width and height begin in the ChartSizes of a money store.
 enum ChartSizeIndex : std::size_t {
     kEquitySize = 0,
     kRealisedSize = 2,
@@ -65,17 +66,24 @@ enum ChartSizeIndex : std::size_t {
 using ValueOfDay = std::optional<double>(const ChartDay& day);
 
 struct AccountChart {
+    std::string_view name;  ///< for people: ASCII, without blanks
     ChartSettings settings;
     FormSettings plain;      ///< in the report
     FormSettings stretched;  ///< painted again for the host
     ChartSizeIndex ownSize;
-    ChartSizeIndex comparedSize;  ///< whose width the dots of a stretched chart grow with
-    std::int32_t (*days)();       ///< whose number decides the size of the dots
-    bool beginsWithOpening;       ///< a point of the opening equity stands ahead of all days
+    ChartSizeIndex comparedSize;                  ///< whose width the dots of a stretched chart grow with
+    std::int32_t (*days)(const CReport& report);  ///< whose number decides the size of the dots
+    bool beginsWithOpening;                       ///< a point of the opening equity stands ahead of all days
     ValueOfDay* value;
     ValueOfDay* secondValue;  ///< null without a right axis
-    ChartScale (*scale)(const SeriesList& points);
+    ChartScale (*scale)(const CReport& report, const SeriesList& points);
 };
+
+/// All of them, in the order of their sizes in ChartSizes.
+[[nodiscard]] std::span<const AccountChart* const> AccountCharts();
+
+/// The chart called `name`, or null.
+[[nodiscard]] const AccountChart* FindAccountChart(std::string_view name);
 
 extern const AccountChart kEquityChart;
 extern const AccountChart kRealisedChart;

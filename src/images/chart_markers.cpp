@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "report/request_copy.h"
+#include "base/scale.h"
 
 namespace tradebill {
 namespace {
@@ -12,17 +12,17 @@ constexpr std::int32_t kSmallRadius = 2;
 
 }  // namespace
 
-std::int32_t MarkerRadius(std::int32_t width, std::int32_t days) {
-    const bool isLarge = days < 1 || width / days / 2 >= kLargeRadius;
-    return ScaleByRequest(isLarge ? kLargeRadius : kSmallRadius);
+std::int32_t MarkerRadius(const DotSpace& space) {
+    const bool isLarge = space.days < 1 || space.width / space.days / 2 >= kLargeRadius;
+    return ScaleByDpi(isLarge ? kLargeRadius : kSmallRadius, space.dpi);
 }
 
-std::int32_t StretchedMarkerRadius(std::int32_t width, std::int32_t days, std::int32_t savedWidth) {
-    if (days < 1 || savedWidth < 1) return MarkerRadius(width, days);
-    const std::int64_t zoom = std::int64_t{std::max(width, 0) / savedWidth} * kLargeRadius;
+std::int32_t StretchedMarkerRadius(const DotSpace& space, std::int32_t savedWidth) {
+    if (space.days < 1 || savedWidth < 1) return MarkerRadius(space);
+    const std::int64_t zoom = std::int64_t{std::max(space.width, 0) / savedWidth} * kLargeRadius;
     // pixels of the picture, whatever the resolution of the screen
-    if (width / days >= 2 * zoom) return static_cast<std::int32_t>(zoom);
-    return MarkerRadius(width, days);
+    if (space.width / space.days >= 2 * zoom) return static_cast<std::int32_t>(zoom);
+    return MarkerRadius(space);
 }
 
 }  // namespace tradebill

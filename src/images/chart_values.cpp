@@ -1,16 +1,9 @@
 #include "images/chart_values.h"
 
 #include "base/number.h"
-#include "report/money_store.h"
-#include "report/trade_statistics.h"
+#include "report/report.h"
 
 namespace tradebill {
-namespace {
-
-constexpr double kLeastUsage = 1.1920928955078125e-07;  // single-precision epsilon
-
-}  // namespace
-
 std::optional<double> EquityOf(const ChartDay& day) {
     return AmountIn(day.money.KHQY) / day.money.EXCHANGE_RATE;
 }
@@ -20,25 +13,25 @@ std::optional<double> RealisedOf(const ChartDay& day) {
 }
 
 std::optional<double> CapitalUsageOf(const ChartDay& day) {
-    return TradeStatistics.RiskOf(day.text);
+    return day.report.TradeStatistics.RiskOf(day.text);
 }
 
 std::optional<double> AccountYieldOf(const ChartDay& day) {
-    return TradeStatistics.YieldOf(day.text);
+    return day.report.TradeStatistics.YieldOf(day.text);
 }
 
 std::optional<double> TradeYieldOf(const ChartDay& day) {
-    const double usage = TradeStatistics.RiskOf(day.text);
-    if (!(usage > kLeastUsage)) return std::nullopt;
-    return TradeStatistics.YieldOf(day.text) / usage;
+    const double usage = day.report.TradeStatistics.RiskOf(day.text);
+    if (!(usage > kSmallestAmount)) return std::nullopt;
+    return day.report.TradeStatistics.YieldOf(day.text) / usage;
 }
 
-std::int32_t MoneyDays() {
-    return MoneyStore.Count();
+std::int32_t MoneyDays(const CReport& report) {
+    return report.MoneyStore.Count();
 }
 
-std::int32_t UsageDays() {
-    return static_cast<std::int32_t>(TradeStatistics.DayUsages.Days.size());
+std::int32_t UsageDays(const CReport& report) {
+    return static_cast<std::int32_t>(report.TradeStatistics.DayUsages.Days.size());
 }
 
 }  // namespace tradebill

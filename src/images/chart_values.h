@@ -9,8 +9,11 @@
 
 namespace tradebill {
 
+class CReport;
+
 /// A day of the report that has a record.
 struct ChartDay {
+    const CReport& report;
     std::string_view text;  ///< yyyymmdd
     const MoneyRecord& money;
 };
@@ -23,7 +26,7 @@ struct ChartDay {
 [[nodiscard]] std::optional<double> TradeYieldOf(const ChartDay& day);    ///< yield by usage; nothing without usage
 
 // What a chart counts as its days.
-[[nodiscard]] std::int32_t MoneyDays();
-[[nodiscard]] std::int32_t UsageDays();
+[[nodiscard]] std::int32_t MoneyDays(const CReport& report);
+[[nodiscard]] std::int32_t UsageDays(const CReport& report);
 
 }  // namespace tradebill

@@ -12,13 +12,13 @@
 #include "base/text.h"
 #include "images/money_figures.h"
 #include "images/painted_table.h"
-#include "report/currency_money_store.h"
-#include "report/request_copy.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
 
 constexpr int kMostBlocks = 11;
+constexpr int kColumnWidth = 160;
 constexpr std::string_view kTitleLabel = "币种"_gbk;
 constexpr std::string_view kTotalMark = "(总)"_gbk;
 
@@ -37,8 +37,8 @@ constexpr MoneyRow kRows[] = {
 // clang-format on
 
 /// Columns side by side, that of the labels among them. Below 0 for a negative width.
-std::int64_t ColumnsWithin(std::int64_t width) {
-    const std::int64_t column = ScaleByRequest(160);
+std::int64_t ColumnsWithin(const CReport& report, std::int64_t width) {
+    const std::int64_t column = report.Scaled(kColumnWidth);
     return column == 0 ? 0 : width / column;
 }
 
@@ -53,7 +53,12 @@ std::string TotalTitle(std::string_view name) {
 /// A block of columns whose first text stands at `top`.
 class CCurrencyBlock {
 public:
-    CCurrencyBlock(CCanvas& canvas, std::int64_t top) : canvas_(canvas), top_(top) {}
+    CCurrencyBlock(CCanvas& canvas, const CReport& report, std::int64_t top)
+        : canvas_(canvas),
+          top_(top),
+          rowHeight_(report.Scaled(22)),
+          column_(report.Scaled(kColumnWidth)),
+          padding_(report.Scaled(5)) {}
 
     [[nodiscard]] bool IsEmpty() const { return columns_ == 0; }
 
@@ -101,16 +106,15 @@ private:
 
     CCanvas& canvas_;
     std::int64_t top_;
-    std::int64_t rowHeight_ = ScaleByRequest(22);
-    std::int64_t column_ = ScaleByRequest(160);
-    std::int64_t padding_ = ScaleByRequest(5);
+    std::int64_t rowHeight_;
+    std::int64_t column_;
+    std::int64_t padding_;
     std::int64_t columns_ = 0;
     std::int64_t row_ = 0;
 };
 
-/// Up to `count` names from `first` on.
-std::span<const std::string> NamesFrom(std::int64_t first, std::int64_t count) {
-    const std::span<const std::string> names = CurrencyMoneyStore.Names;
+/// Up to `count` of `names` from `first` on.
+std::span<const std::string> NamesFrom(std::span<const std::string> names, std::int64_t first, std::int64_t count) {
     const auto all = std::ssize(names);
     const std::int64_t begin = std::clamp<std::int64_t>(first, 0, all);
     const std::int64_t size = std::clamp<std::int64_t>(count, 0, all - begin);
@@ -119,23 +123,24 @@ std::span<const std::string> NamesFrom(std::int64_t first, std::int64_t count) {
 
 }  // namespace
 
-int CountCurrencyBlocks(int width) {
-    const std::int64_t columns = ColumnsWithin(width);
-    const std::int64_t currencies = std::ssize(CurrencyMoneyStore.Names);
+int CountCurrencyBlocks(const CReport& report, int width) {
+    const std::int64_t columns = ColumnsWithin(report, width);
+    const std::int64_t currencies = std::ssize(report.CurrencyMoneyStore.Names);
     if (columns >= currencies + 1) return 1;
     int blocks = 2;
     while (blocks < kMostBlocks && blocks * columns < blocks + currencies) ++blocks;
     return blocks;
 }
 
-void PaintCurrencyTables(CCanvas& canvas, const CurrencyTablesSize& size) {
-    const CTableTools tools(canvas);
-    const int blocks = CountCurrencyBlocks(size.width);
-    const std::int64_t perBlock = std::max<std::int64_t>(ColumnsWithin(size.width) - 1, 0);
+void PaintCurrencyTables(CCanvas& canvas, const CReport& report, const CurrencyTablesSize& size) {
+    const CTableTools tools(canvas, report.Request.Dpi);
+    const CCurrencyMoneyStore& currencies = report.CurrencyMoneyStore;
+    const int blocks = CountCurrencyBlocks(report, size.width);
+    const std::int64_t perBlock = std::max<std::int64_t>(ColumnsWithin(report, size.width) - 1, 0);
     for (int number = 0; number < blocks; ++number) {
-        CCurrencyBlock block(canvas, std::int64_t{number} * size.blockHeight + kTableTop);
-        for (const std::string& name : NamesFrom(number * perBlock, perBlock)) {
-            const CMoneyStore* const store = CurrencyMoneyStore.Find(name);
+        CCurrencyBlock block(canvas, report, std::int64_t{number} * size.blockHeight + kTableTop);
+        for (const std::string& name : NamesFrom(currencies.Names, number * perBlock, perBlock)) {
+            const CMoneyStore* const store = currencies.Find(name);
             if (store == nullptr) continue;
             const bool isTotal = number == 0 && block.IsEmpty();
             block.AddColumn(isTotal ? TotalTitle(name) : name, *store);

@@ -8,17 +8,20 @@
 
 namespace tradebill {
 
-/// Blocks that the currencies of CurrencyMoneyStore need on a picture of `width` pixels: 1 to 11. The eleventh may
+class CReport;
+
+/// Blocks that the currencies of a report need on a picture of `width` pixels: 1 to 11. The eleventh may
 /// leave currencies out, and so do all on a picture that is too narrow for two columns.
-[[nodiscard]] int CountCurrencyBlocks(int width);
+[[nodiscard]] int CountCurrencyBlocks(const CReport& report, int width);
 
 struct CurrencyTablesSize {
     std::int32_t width = 0;        ///< of the picture, pixels
     std::int32_t blockHeight = 0;  ///< from the top of a block to that of the next, pixels
 };
 
-/// Paints the blocks on a canvas of white ground and transparent texts. The first currency found is the total of all
-/// and says so; a name without a store takes no column.
-void PaintCurrencyTables(CCanvas& canvas, const CurrencyTablesSize& size);
+/// Paints the blocks. The first currency found is the total of all and says so; a name without a store takes no column.
+///
+/// REQUIRES: the ground of `canvas` is white, its texts transparent.
+void PaintCurrencyTables(CCanvas& canvas, const CReport& report, const CurrencyTablesSize& size);
 
 }  // namespace tradebill

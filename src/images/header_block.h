@@ -19,6 +19,8 @@ struct HeaderBlock {
 
 /// Paints at the canvas's left edge from `y` on, in plain pixels whatever the resolution: the page stretches the
 /// picture. A picture that can't be loaded is left out. Returns where the title bar begins. Leaves the text white.
+///
+/// REQUIRES: texts are transparent on `canvas`.
 std::int32_t PaintHeaderBlock(CCanvas& canvas, const HeaderBlock& block, std::int32_t y);
 
 }  // namespace tradebill

@@ -1,6 +1,6 @@
 #include "images/painted_table.h"
 
-#include "report/request_copy.h"
+#include "base/scale.h"
 
 namespace tradebill {
 namespace {
@@ -8,33 +8,33 @@ namespace {
 constexpr Color kTableTextColor = 0x383838;
 constexpr Color kTableLineColor = 0xD7D7D7;
 
-Point Held(TablePlace place) {
-    return {HeldCoordinate(place.x), HeldCoordinate(place.y)};
+Point Clamped(TablePlace place) {
+    return {ClampCoordinate(place.x), ClampCoordinate(place.y)};
 }
 
 }  // namespace
 
-CTableTools::CTableTools(CCanvas& canvas)
-    : font_(canvas, {.face = "Arial", .cellHeight = ScaleByRequest(15), .weight = 400}),
+CTableTools::CTableTools(CCanvas& canvas, std::int32_t dpi)
+    : font_(canvas, {.face = "Arial", .cellHeight = ScaleByDpi(15, dpi), .weight = 400}),
       pen_(canvas, {.width = 1, .color = kTableLineColor}) {
     canvas.SelectTextColor(kTableTextColor);
 }
 
 void DrawTableLine(CCanvas& canvas, TablePlace from, TablePlace to) {
-    canvas.MoveTo(Held(from));
-    canvas.LineTo(Held(to));
+    canvas.MoveTo(Clamped(from));
+    canvas.LineTo(Clamped(to));
 }
 
 void WriteTableText(CCanvas& canvas, TablePlace at, std::string_view text) {
-    canvas.WriteText(Held(at), text);
+    canvas.WriteText(Clamped(at), text);
 }
 
-LabelTable MeasureLabelTable() {
-    return {.indent = ScaleByRequest(12), .column = ScaleByRequest(140), .padding = ScaleByRequest(5)};
+LabelTable MeasureLabelTable(std::int32_t dpi) {
+    return {.indent = ScaleByDpi(12, dpi), .column = ScaleByDpi(140, dpi), .padding = ScaleByDpi(5, dpi)};
 }
 
-void PaintLabelTable(CCanvas& canvas, std::span<const LabelledText> rows, std::int64_t rowHeight) {
-    const LabelTable table = MeasureLabelTable();
+void PaintLabelTable(CCanvas& canvas, std::span<const LabelledText> rows, const TableScale& scale) {
+    const LabelTable table = MeasureLabelTable(scale.dpi);
     const std::int64_t top = kTableTop - table.padding;
     DrawTableLine(canvas, {table.Left(), top}, {table.Right(), top});
     std::int64_t bottom = top;
@@ -42,7 +42,7 @@ void PaintLabelTable(CCanvas& canvas, std::span<const LabelledText> rows, std::i
         const std::int64_t textTop = bottom + table.padding;
         WriteTableText(canvas, {table.indent + kTableLeft, textTop}, row.label);
         WriteTableText(canvas, {table.column + kTableLeft, textTop}, row.value);
-        bottom += rowHeight;
+        bottom += scale.rowHeight;
         DrawTableLine(canvas, {table.Left(), bottom}, {table.Right(), bottom});
     }
     const std::int64_t step = table.column - table.indent;

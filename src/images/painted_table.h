@@ -44,7 +44,7 @@ template <class Source>
 /// Font, pen and text colour of tables. Font and pen end with it; the colour stays.
 class CTableTools {
 public:
-    explicit CTableTools(CCanvas& canvas);
+    CTableTools(CCanvas& canvas, std::int32_t dpi);
 
 private:
     CFontScope font_;
@@ -63,7 +63,7 @@ void WriteTableText(CCanvas& canvas, TablePlace at, std::string_view text);
 inline constexpr std::int64_t kTableLeft = 10;  ///< pixels at every resolution
 inline constexpr std::int64_t kTableTop = 20;
 
-/// Measures of the table of labels and values at the request's resolution.
+/// Measures of the table of labels and values at some resolution.
 struct LabelTable {
     std::int64_t indent;   ///< of the labels
     std::int64_t column;   ///< from the left margin to the values, and twice to the right edge
@@ -73,9 +73,14 @@ struct LabelTable {
     [[nodiscard]] std::int64_t Right() const { return 2 * column + kTableLeft - padding; }
 };
 
-[[nodiscard]] LabelTable MeasureLabelTable();
+[[nodiscard]] LabelTable MeasureLabelTable(std::int32_t dpi);
 
-/// Paints rows of a label and a value, `rowHeight` pixels apart.
-void PaintLabelTable(CCanvas& canvas, std::span<const LabelledText> rows, std::int64_t rowHeight);
+struct TableScale {
+    std::int64_t rowHeight = 0;  ///< pixels from row to row
+    std::int32_t dpi = 0;        ///< of the screen
+};
+
+/// Paints rows of a label and a value.
+void PaintLabelTable(CCanvas& canvas, std::span<const LabelledText> rows, const TableScale& scale);
 
 }  // namespace tradebill

@@ -4,8 +4,8 @@
 
 namespace tradebill {
 
-std::string FullPicturePath(std::string_view picture) {
-    return ReportDocument.BillFolder + "/" + ReportDocument.ImageFolderName + "/" + std::string(picture);
+std::string FullPicturePath(const CReportDocument& document, std::string_view picture) {
+    return document.BillFolder + "/" + document.ImageFolderName + "/" + std::string(picture);
 }
 
 }  // namespace tradebill

@@ -6,6 +6,8 @@
 
 namespace tradebill {
 
+class CReportDocument;
+
 inline constexpr std::string_view kShrinkPicture = "BillShrink.png";
 inline constexpr std::string_view kExpandPicture = "BillExpand.png";
 inline constexpr std::string_view kAccountSummary = "AccountSummary.jpg";
@@ -22,6 +24,8 @@ inline constexpr std::string_view kOffsetRecords = "OffsetRecords.jpg";
 inline constexpr std::string_view kOffsetFigure = "OffsetFigure.jpg";
 
 /// Where the file of a picture lies.
-[[nodiscard]] std::string FullPicturePath(std::string_view picture);
+///
+/// REQUIRES: the folders of `document` are prepared.
+[[nodiscard]] std::string FullPicturePath(const CReportDocument& document, std::string_view picture);
 
 }  // namespace tradebill

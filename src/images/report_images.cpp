@@ -13,9 +13,7 @@
 #include "images/statistics_panel.h"
 #include "paint/picture_file.h"
 #include "platform/embedded_picture.h"
-#include "report/report_document.h"
-#include "report/request_copy.h"
-#include "report/stores.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
@@ -24,110 +22,118 @@ constexpr int kBlockHeight = 230;
 constexpr int kChartWidth = 500;
 constexpr int kChartHeight = 250;
 
-/// The report's base width: that of the banner, whatever it is.
-struct BaseWidth {
-    int pixels;
+/// A report and its base width: that of the banner, whatever it is.
+struct PictureGround {
+    const CReport& report;
+    int width;  ///< pixels at 96 dots per inch
 
-    [[nodiscard]] int Scaled() const { return ScaleByRequest(pixels); }
+    [[nodiscard]] int ScaledWidth() const { return report.Scaled(width); }
 };
 
 struct ReportPicture {
     std::string_view name;
-    PictureSize (*size)(BaseWidth base);
-    void (*paint)(CCanvas& canvas, BaseWidth base, const PictureSize& size);
+    PictureSize (*size)(const PictureGround& ground);
+    void (*paint)(CCanvas& canvas, const PictureGround& ground);  ///< null for a chart
+    const AccountChart* chart = nullptr;
     /// What is made white before: all of it if this is null.
-    PictureSize (*ground)(BaseWidth base) = nullptr;
+    PictureSize (*whitened)(const PictureGround& ground) = nullptr;
 };
 
 // The title bars, which the page stretches.
-PictureSize BannerSize(BaseWidth base) {
-    return {base.pixels, 135};
+PictureSize BannerSize(const PictureGround& ground) {
+    return {ground.width, 135};
 }
-PictureSize BarSize(BaseWidth base) {
-    return {base.pixels, 35};
+PictureSize BarSize(const PictureGround& ground) {
+    return {ground.width, 35};
 }
 
-void PaintHead(CCanvas& canvas, BaseWidth base, bool withBanner) {
+void PaintHead(CCanvas& canvas, const PictureGround& ground, bool withBanner) {
     PaintHeaderBlock(canvas,
-                     {.days = ReportDays,
-                      .account = FieldText(Request.Account),
-                      .width = base.pixels - 40,
+                     {.days = ground.report.ReportDays,
+                      .account = FieldText(ground.report.Request.Account),
+                      .width = ground.width - 40,
                       .withBanner = withBanner},
                      0);
 }
-void PaintBannerHead(CCanvas& canvas, BaseWidth base, const PictureSize& /*size*/) {
-    PaintHead(canvas, base, true);
+void PaintBannerHead(CCanvas& canvas, const PictureGround& ground) {
+    PaintHead(canvas, ground, true);
 }
-void PaintBar(CCanvas& canvas, BaseWidth base, const PictureSize& /*size*/) {
-    PaintHead(canvas, base, false);
+void PaintBar(CCanvas& canvas, const PictureGround& ground) {
+    PaintHead(canvas, ground, false);
 }
 
 // The tables.
-PictureSize DetailSize(BaseWidth base) {
-    const int width = base.Scaled();
-    if (!IsForeign()) return {width, ScaleByRequest(kChartHeight) + 20};
-    return {width, WrapAdd(WrapMultiply(CountCurrencyBlocks(width), ScaleByRequest(kBlockHeight)), 40)};
+PictureSize DetailSize(const PictureGround& ground) {
+    const CReport& report = ground.report;
+    const int width = ground.ScaledWidth();
+    if (!report.IsForeign()) return {width, report.Scaled(kChartHeight) + 20};
+    return {width, WrapAdd(WrapMultiply(CountCurrencyBlocks(report, width), report.Scaled(kBlockHeight)), 40)};
 }
-void PaintDetail(CCanvas& canvas, BaseWidth base, const PictureSize& /*size*/) {
-    if (IsForeign()) {
-        PaintCurrencyTables(canvas, {.width = base.Scaled(), .blockHeight = ScaleByRequest(kBlockHeight)});
+void PaintDetail(CCanvas& canvas, const PictureGround& ground) {
+    const CReport& report = ground.report;
+    if (report.IsForeign()) {
+        PaintCurrencyTables(canvas, report,
+                            {.width = ground.ScaledWidth(), .blockHeight = report.Scaled(kBlockHeight)});
     } else {
-        PaintAccountTable(canvas);
+        PaintAccountTable(canvas, report);
     }
 }
-PictureSize PanelSize(BaseWidth base) {
-    return {base.Scaled(), ScaleByRequest(534)};
+PictureSize PanelSize(const PictureGround& ground) {
+    return {ground.ScaledWidth(), ground.report.Scaled(534)};
 }
-void PaintPanel(CCanvas& canvas, BaseWidth /*base*/, const PictureSize& /*size*/) {
-    PaintStatisticsPanel(canvas);
+void PaintPanel(CCanvas& canvas, const PictureGround& ground) {
+    PaintStatisticsPanel(canvas, ground.report);
 }
 
 // The charts.
-PictureSize WideChartSize(BaseWidth base) {
-    return {base.Scaled(), ScaleByRequest(kChartHeight)};
+PictureSize WideChartSize(const PictureGround& ground) {
+    return {ground.ScaledWidth(), ground.report.Scaled(kChartHeight)};
 }
-PictureSize ChartSize(BaseWidth /*base*/) {
-    return {ScaleByRequest(kChartWidth), ScaleByRequest(kChartHeight)};
+PictureSize ChartSize(const PictureGround& ground) {
+    return {ground.report.Scaled(kChartWidth), ground.report.Scaled(kChartHeight)};
 }
-PictureSize EquityChartSize(BaseWidth base) {
-    return IsForeign() ? WideChartSize(base) : ChartSize(base);
+PictureSize EquityChartSize(const PictureGround& ground) {
+    return ground.report.IsForeign() ? WideChartSize(ground) : ChartSize(ground);
 }
-PictureSize UnscaledChartSize(BaseWidth base) {
-    return {base.pixels, kChartHeight};
-}
-template <void (*Draw)(CCanvas&, const ReportRange&, const PictureSize&)>
-void PaintChart(CCanvas& canvas, BaseWidth /*base*/, const PictureSize& size) {
-    Draw(canvas, ReportDays, size);
+PictureSize UnscaledChartSize(const PictureGround& ground) {
+    return {ground.width, kChartHeight};
 }
 
 // clang-format off
 constexpr ReportPicture kPictures[] = {
     {kAccountSummary,  BannerSize,      PaintBannerHead},
     {kAccountDetail,   DetailSize,      PaintDetail},
-    {kAccountFigure,   EquityChartSize, PaintChart<DrawEquityChart>},
+    {kAccountFigure,   EquityChartSize, nullptr, &kEquityChart},
     {kBillStatistics,  BarSize,         PaintBar},
     {kAccountStatics,  PanelSize,       PaintPanel},
-    {kHealthFigure,    ChartSize,       PaintChart<DrawAccountYieldChart>},
-    {kRiskFigure,      ChartSize,       PaintChart<DrawTradeYieldChart>},
+    {kHealthFigure,    ChartSize,       nullptr, &kAccountYieldChart},
+    {kRiskFigure,      ChartSize,       nullptr, &kTradeYieldChart},
     {kTradeStatistics, BarSize,         PaintBar},
     {kLastPositions,   BarSize,         PaintBar},
     {kMatchDetails,    BarSize,         PaintBar},
     {kOffsetRecords,   BarSize,         PaintBar},
     // White as far as it would reach unscaled: without a chart the rest stays black.
-    {kOffsetFigure,    WideChartSize,   PaintChart<DrawOffsetChart>, UnscaledChartSize},
+    {kOffsetFigure,    WideChartSize,   nullptr, &kRealisedChart, UnscaledChartSize},
 };
 // clang-format on
 
-void SaveButton(int id, std::string_view name) {
-    if (const auto button = LoadPngResource(id)) static_cast<void>(SavePng(*button, FullPicturePath(name)));
+void NoteSize(ChartSizes& sizes, const AccountChart& chart, const PictureSize& size) {
+    sizes[chart.ownSize] = size.width;
+    sizes[chart.ownSize + 1] = size.height;
+}
+
+void SaveButton(const CReportDocument& document, int id, std::string_view name) {
+    if (const auto button = LoadPngResource(id)) static_cast<void>(SavePng(*button, FullPicturePath(document, name)));
 }
 
 /// Passed over if it can't be made: the report comes out with what there is.
-void SavePicture(std::string_view name, const PictureSize& size, const PicturePainter& paint) {
+void SavePicture(const CReport& report, const ShownPicture& picture, ChartSizes& sizes) {
     try {
-        CBitmap bitmap(size.width, size.height, 0);
-        paint(*MakeCanvas(bitmap));
-        static_cast<void>(SaveJpeg(bitmap, FullPicturePath(name)));
+        CBitmap bitmap(picture.size.width, picture.size.height, 0);
+        const auto canvas = MakeCanvas(bitmap);
+        if (picture.chart != nullptr) NoteSize(sizes, *picture.chart, picture.size);
+        picture.paint(*canvas);
+        static_cast<void>(SaveJpeg(bitmap, FullPicturePath(report.ReportDocument, picture.name)));
     } catch (const std::bad_alloc&) {
         return;  // a large one may find no memory where the next finds it
     }
@@ -135,39 +141,44 @@ void SavePicture(std::string_view name, const PictureSize& size, const PicturePa
 
 }  // namespace
 
-void NoteChartSizes() {
-    const auto banner = LoadPngResource(kBannerId);
-    if (!banner) return;
-    const BaseWidth base{banner->Width()};
-    const PictureSize equity = EquityChartSize(base);
-    const PictureSize realised = WideChartSize(base);
-    const PictureSize yield = ChartSize(base);
-    MoneyStore.ChartSizes = {equity.width, equity.height, realised.width, realised.height,
-                             yield.width,  yield.height,  yield.width,    yield.height};
-}
-
-void ShowReportPictures(int baseWidth, const PictureViewer& show) {
-    const BaseWidth base{baseWidth};
+void ShowReportPictures(const CReport& report, int baseWidth,
+                        const std::function<void(const ShownPicture& picture)>& show) {
+    const PictureGround ground{report, baseWidth};
     for (const ReportPicture& picture : kPictures) {
-        const PictureSize size = picture.size(base);
-        const PictureSize ground = picture.ground != nullptr ? picture.ground(base) : size;
-        show(picture.name, size, [&](CCanvas& canvas) {
-            canvas.SelectTextBackground(TextBackground::Transparent);
-            canvas.FillSolid({0, 0, ground.width, ground.height}, kWhite);
-            picture.paint(canvas, base, size);
-        });
+        const PictureSize size = picture.size(ground);
+        const PictureSize white = picture.whitened != nullptr ? picture.whitened(ground) : size;
+        show({.name = picture.name, .size = size, .chart = picture.chart, .paint = [&](CCanvas& canvas) {
+                  canvas.SelectTextBackground(TextBackground::Transparent);
+                  canvas.FillSolid({0, 0, white.width, white.height}, kWhite);
+                  if (picture.chart != nullptr) {
+                      DrawAccountChart(canvas, report, *picture.chart, size);
+                  } else {
+                      picture.paint(canvas, ground);
+                  }
+              }});
     }
 }
 
-bool BuildReportImages() {
-    SaveButton(kShrinkId, kShrinkPicture);
-    SaveButton(kExpandId, kExpandPicture);
+std::optional<ReportImages> BuildReportImages(const CReport& report) {
+    SaveButton(report.ReportDocument, kShrinkId, kShrinkPicture);
+    SaveButton(report.ReportDocument, kExpandId, kExpandPicture);
     const auto banner = LoadPngResource(kBannerId);
-    if (!banner) return false;
-    const BaseWidth base{banner->Width()};
-    ReportDocument.PageWidth = base.Scaled();
-    ShowReportPictures(base.pixels, SavePicture);
-    return true;
+    if (!banner) return std::nullopt;
+    ReportImages images{.pageWidth = report.Scaled(banner->Width()), .chartSizes = report.MoneyStore.ChartSizes};
+    ShowReportPictures(report, banner->Width(),
+                       [&](const ShownPicture& picture) { SavePicture(report, picture, images.chartSizes); });
+    return images;
+}
+
+std::optional<ChartSizes> MeasureCharts(const CReport& report) {
+    const auto banner = LoadPngResource(kBannerId);
+    if (!banner) return std::nullopt;
+    const PictureGround ground{report, banner->Width()};
+    ChartSizes sizes = report.MoneyStore.ChartSizes;
+    for (const ReportPicture& picture : kPictures) {
+        if (picture.chart != nullptr) NoteSize(sizes, *picture.chart, picture.size(ground));
+    }
+    return sizes;
 }
 
 }  // namespace tradebill

@@ -4,26 +4,41 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string_view>
 
+#include "images/chart_kinds.h"
 #include "paint/canvas.h"
 #include "paint/picture_file.h"
+#include "report/money_store.h"
 
 namespace tradebill {
 
-using PicturePainter = std::function<void(CCanvas& canvas)>;
-using PictureViewer = std::function<void(std::string_view name, const PictureSize& size, const PicturePainter& paint)>;
+/// One of the report's pictures, ready to be painted. Valid during the call that shows it.
+struct ShownPicture {
+    std::string_view name;  ///< of its file
+    PictureSize size;
+    const AccountChart* chart;                   ///< that fills it, or null
+    std::function<void(CCanvas& canvas)> paint;  ///< on a canvas of that size
+};
 
-/// Hands the twelve pictures to `show`, in the order of the report, as for a banner of `baseWidth` pixels: each with
-/// the name of its file, its size, and what paints it on a canvas of that size.
-void ShowReportPictures(int baseWidth, const PictureViewer& show);
+/// Hands the twelve pictures to `show`, in the order of the report, as for a banner of `baseWidth` pixels.
+void ShowReportPictures(const CReport& report, int baseWidth,
+                        const std::function<void(const ShownPicture& picture)>& show);
 
-/// Makes twelve JPEG and two PNG files from the stores of the finished run and sets PageWidth. A picture that can't be
-/// made or saved is passed over. Returns false if the banner is missing: then there are only the PNG files, and
-/// PageWidth stays as it was.
-bool BuildReportImages();
+/// What making the pictures came to, for the report to keep.
+struct ReportImages {
+    int pageWidth = 0;      ///< of every table of the page, pixels
+    ChartSizes chartSizes;  ///< of the charts that could be painted; for the others what the report had before
+};
 
-/// Sets the ChartSizes that a report leaves in MoneyStore, without painting anything.
-void NoteChartSizes();
+/// Makes twelve JPEG and two PNG files of a report. A picture that can't be made or saved is passed over. Nothing is
+/// returned if the banner is missing: then there are only the PNG files.
+///
+/// REQUIRES: the statistics are complete, and the report's folders prepared.
+[[nodiscard]] std::optional<ReportImages> BuildReportImages(const CReport& report);
+
+/// The sizes that the charts of a report have, without painting anything; nothing if the banner is missing.
+[[nodiscard]] std::optional<ChartSizes> MeasureCharts(const CReport& report);
 
 }  // namespace tradebill

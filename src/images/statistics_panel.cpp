@@ -7,8 +7,7 @@
 #include "base/gbk.h"
 #include "images/painted_table.h"
 #include "paint/text_block.h"
-#include "report/account_statistics.h"
-#include "report/request_copy.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
@@ -46,31 +45,31 @@ constexpr std::int64_t kMostWrappedLines = 2;
 /// From the left edge of the table to a little beyond its right one.
 void WriteWrappedNote(CCanvas& canvas, const LabelTable& table, std::int64_t top) {
     const std::int64_t height = MeasureTextBlock(canvas, kWrappedNote).height;
-    const Box box{.left = HeldCoordinate(table.Left()),
-                  .top = HeldCoordinate(top),
-                  .right = HeldCoordinate(2 * table.column + kTableLeft),
-                  .bottom = HeldCoordinate(top + kMostWrappedLines * height)};
+    const Box box{.left = ClampCoordinate(table.Left()),
+                  .top = ClampCoordinate(top),
+                  .right = ClampCoordinate(2 * table.column + kTableLeft),
+                  .bottom = ClampCoordinate(top + kMostWrappedLines * height)};
     WriteWrappedText(canvas, box, kWrappedNote);
 }
 
-void WriteNotes(CCanvas& canvas, std::int64_t rowHeight) {
-    const LabelTable table = MeasureLabelTable();
-    std::int64_t top = std::ssize(kRows) * rowHeight + kNotesBelowTable;
+void WriteNotes(CCanvas& canvas, const TableScale& scale) {
+    const LabelTable table = MeasureLabelTable(scale.dpi);
+    std::int64_t top = std::ssize(kRows) * scale.rowHeight + kNotesBelowTable;
     canvas.SelectTextColor(kNoteColor);
     for (const std::string_view note : kNotes) {
         WriteTableText(canvas, {table.Left(), top}, note);
-        top += rowHeight;
+        top += scale.rowHeight;
     }
     WriteWrappedNote(canvas, table, top);
 }
 
 }  // namespace
 
-void PaintStatisticsPanel(CCanvas& canvas) {
-    const CTableTools tools(canvas);
-    const std::int64_t rowHeight = ScaleByRequest(25);
-    PaintLabelTable(canvas, LabelledFigures<CAccountStatistics>(kRows, AccountStatistics), rowHeight);
-    WriteNotes(canvas, rowHeight);
+void PaintStatisticsPanel(CCanvas& canvas, const CReport& report) {
+    const CTableTools tools(canvas, report.Request.Dpi);
+    const TableScale scale{.rowHeight = report.Scaled(25), .dpi = report.Request.Dpi};
+    PaintLabelTable(canvas, LabelledFigures<CAccountStatistics>(kRows, report.AccountStatistics), scale);
+    WriteNotes(canvas, scale);
 }
 
 }  // namespace tradebill

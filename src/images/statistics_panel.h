@@ -5,8 +5,12 @@
 
 namespace tradebill {
 
-/// Paints the seven figures of AccountStatistics at the left top of a canvas of white ground and transparent texts, and
-/// the notes below. The right part stays free: the page lays two charts over it.
-void PaintStatisticsPanel(CCanvas& canvas);
+class CReport;
+
+/// Paints the seven account figures at the left top, and the notes below. The right part stays free: the page lays two
+/// charts over it.
+///
+/// REQUIRES: the ground of `canvas` is white, its texts transparent; the statistics are complete.
+void PaintStatisticsPanel(CCanvas& canvas, const CReport& report);
 
 }  // namespace tradebill

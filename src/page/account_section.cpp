@@ -7,8 +7,7 @@
 #include "page/page_pictures.h"
 #include "page/page_sections.h"
 #include "page/page_text.h"
-#include "report/request_copy.h"
-#include "report/stores.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
@@ -25,10 +24,10 @@ std::string BlockStart(std::string_view id) {
 }
 
 /// At the size that it was made in.
-std::string Image(std::string_view picture, std::string_view alt) {
-    const PictureSize size = SizeOf(picture);
+std::string Image(const CReport& report, std::string_view picture, std::string_view alt) {
+    const PictureSize size = SizeOf(report, picture);
     return Joined("<img border=\"0\" style=\"width:", size.width, "px; height:", size.height, "px; \" src=\"",
-                  PagePicturePath(picture), "\" alt=\"", alt, "\" />\r\n");
+                  PagePicturePath(report, picture), "\" alt=\"", alt, "\" />\r\n");
 }
 
 std::string PlacedStart(int top, int left) {
@@ -40,16 +39,16 @@ std::string LinkStart(std::string_view href) {
 }
 
 /// The banner with the section's title and button on the blue bar.
-void AddSummaryBlock(CHtmlBuilder& page) {
-    const PictureSize banner = ScaledSizeOf(kAccountSummary);
-    const PictureSize button = ScaledSizeOf(kShrinkPicture);
-    const TextExtent title = MeasureTitle(kTitle);
-    const int top = ScaleByRequest(108);
-    const int left = ScaleByRequest(730);
+void AddSummaryBlock(CHtmlBuilder& page, const CReport& report) {
+    const PictureSize banner = ScaledSizeOf(report, kAccountSummary);
+    const PictureSize button = ScaledSizeOf(report, kShrinkPicture);
+    const TextExtent title = MeasureTitle(report, kTitle);
+    const int top = report.Scaled(108);
+    const int left = report.Scaled(730);
     std::string text =
         "<div style=\"position:relative; -moz-user-select:-moz-none; \"  onselectstart=\"return false;\" >\r\n";
     Append(text, "<img border=\"0\" style=\"position:relative; letf:0px; top:0px; width:", banner.width,
-           "px; height:", banner.height, "px; \" src=\"", PagePicturePath(kAccountSummary), "\" alt=\"", kTitle,
+           "px; height:", banner.height, "px; \" src=\"", PagePicturePath(report, kAccountSummary), "\" alt=\"", kTitle,
            "\" />\r\n");
     Append(text, "<div style = \"cursor:hand; position:absolute; top:", top, "px; left:", left,
            "px; width:", title.width + 10, "px; \" class = \"titletext\" onclick = \"clicksummary()\" >", kTitle,
@@ -57,70 +56,71 @@ void AddSummaryBlock(CHtmlBuilder& page) {
     Append(text, "<img style = \"cursor:hand; width:", button.width, "px; height:", button.height,
            "px; position:absolute; top:", top + (title.height - button.height) / 2, "px; left:", left + title.width,
            "px; \" id = \"summarybtn\" onclick = \"clicksummary()\" border=\"0\" src=\"",
-           PagePicturePath(kShrinkPicture), "\" alt=\"\" />\r\n", kBlockEnd);
+           PagePicturePath(report, kShrinkPicture), "\" alt=\"\" />\r\n", kBlockEnd);
     page.AddText(text);
 }
 
 /// The account table with the equity chart over it.
-void AddAccountBlock(CHtmlBuilder& page) {
-    page.AddText(Joined(BlockStart("account"), Image(kAccountDetail, "账户明细"_gbk),
-                        PlacedStart(ScaleByRequest(kChartTop), ScaleByRequest(kChartLeft)),
-                        LinkStart("javascript:void(0)"), Image(kAccountFigure, "权益走势图"_gbk), kLinkEnd, kBlockEnd,
-                        kBlockEnd));
+void AddAccountBlock(CHtmlBuilder& page, const CReport& report) {
+    page.AddText(Joined(BlockStart("account"), Image(report, kAccountDetail, "账户明细"_gbk),
+                        PlacedStart(report.Scaled(kChartTop), report.Scaled(kChartLeft)),
+                        LinkStart("javascript:void(0)"), Image(report, kAccountFigure, "权益走势图"_gbk), kLinkEnd,
+                        kBlockEnd, kBlockEnd));
 }
 
 /// The statistics panel with both yield charts over it, the second one below the first. One end serves both links.
-void AddStatisticsBlock(CHtmlBuilder& page) {
-    page.AddText(Joined(BlockStart("tabStatistics"), Image(kAccountStatics, kTitle),
-                        PlacedStart(ScaleByRequest(kChartTop), ScaleByRequest(kChartLeft)),
-                        LinkStart("javascript:void(2)"), Image(kHealthFigure, "资金收益图"_gbk),
-                        PlacedStart(ScaleByRequest(kSecondChartTop), 0), LinkStart("javascript:void(3)"),
-                        Image(kRiskFigure, "交易收益率"_gbk), kLinkEnd, kBlockEnd, kBlockEnd, kBlockEnd));
+void AddStatisticsBlock(CHtmlBuilder& page, const CReport& report) {
+    page.AddText(Joined(BlockStart("tabStatistics"), Image(report, kAccountStatics, kTitle),
+                        PlacedStart(report.Scaled(kChartTop), report.Scaled(kChartLeft)),
+                        LinkStart("javascript:void(2)"), Image(report, kHealthFigure, "资金收益图"_gbk),
+                        PlacedStart(report.Scaled(kSecondChartTop), 0), LinkStart("javascript:void(3)"),
+                        Image(report, kRiskFigure, "交易收益率"_gbk), kLinkEnd, kBlockEnd, kBlockEnd, kBlockEnd));
 }
 
 /// One picture in a block of its own, with a link if `href` isn't empty.
-void AddImageBlock(CHtmlBuilder& page, std::string_view picture, std::string_view id, std::string_view alt,
-                   std::string_view href) {
+void AddImageBlock(CHtmlBuilder& page, const CReport& report, std::string_view picture, std::string_view id,
+                   std::string_view alt, std::string_view href) {
     std::string text = BlockStart(id);
     if (!href.empty()) text += LinkStart(href);
-    text += Image(picture, alt);
+    text += Image(report, picture, alt);
     if (!href.empty()) text += kLinkEnd;
     text += kBlockEnd;
     page.AddText(text);
 }
 
-void ReportChartSizes() {
-    if (Request.HostWindow == nullptr || Request.ChartSizeCallback == nullptr) return;
+void ReportChartSizes(const CReport& report) {
+    const GenerateBillRequest& request = report.Request;
+    if (request.HostWindow == nullptr || request.ChartSizeCallback == nullptr) return;
     const auto [equityWidth, equityHeight, realisedWidth, realisedHeight, accountYieldWidth, accountYieldHeight,
-                tradeYieldWidth, tradeYieldHeight] = MoneyStore.ChartSizes;
-    const ChartSizeReport report{equityWidth,     equityHeight,      realisedWidth,
-                                 realisedHeight,  accountYieldWidth, accountYieldHeight,
-                                 tradeYieldWidth, tradeYieldHeight,  MoneyStore.Count()};
-    Request.ChartSizeCallback(&report);
+                tradeYieldWidth, tradeYieldHeight] = report.MoneyStore.ChartSizes;
+    const ChartSizeReport sizes{equityWidth,     equityHeight,      realisedWidth,
+                                realisedHeight,  accountYieldWidth, accountYieldHeight,
+                                tradeYieldWidth, tradeYieldHeight,  report.MoneyStore.Count()};
+    request.ChartSizeCallback(&sizes);
 }
 
-void CloseSection(CHtmlBuilder& page) {
+void CloseSection(CHtmlBuilder& page, const CReport& report) {
     page.AddHeading(1, "", "");
     page.ClosePage();
-    ReportChartSizes();
+    ReportChartSizes(report);
 }
 
 }  // namespace
 
-bool AddAccountSection(CHtmlBuilder& page) {
-    AddSummaryBlock(page);
-    AddAccountBlock(page);
-    AddStatisticsBlock(page);
-    CloseSection(page);
+bool AddAccountSection(CHtmlBuilder& page, const CReport& report) {
+    AddSummaryBlock(page, report);
+    AddAccountBlock(page, report);
+    AddStatisticsBlock(page, report);
+    CloseSection(page, report);
     return true;
 }
 
-bool AddForeignAccountSection(CHtmlBuilder& page) {
-    AddSummaryBlock(page);
-    AddImageBlock(page, kAccountDetail, "AccountDetail", "资金明细"_gbk, "");
-    AddImageBlock(page, kAccountFigure, "AccountFigure", "权益走势"_gbk, "javascript:void(0)");
-    AddStatisticsBlock(page);
-    CloseSection(page);
+bool AddForeignAccountSection(CHtmlBuilder& page, const CReport& report) {
+    AddSummaryBlock(page, report);
+    AddImageBlock(page, report, kAccountDetail, "AccountDetail", "资金明细"_gbk, "");
+    AddImageBlock(page, report, kAccountFigure, "AccountFigure", "权益走势"_gbk, "javascript:void(0)");
+    AddStatisticsBlock(page, report);
+    CloseSection(page, report);
     return true;
 }
 

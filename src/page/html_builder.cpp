@@ -6,11 +6,11 @@
 #include "base/gbk.h"
 #include "base/text.h"
 #include "platform/file.h"
+#include "platform/paths.h"
 
 namespace tradebill {
 namespace {
 
-constexpr std::size_t kLongestPath = 259;
 constexpr std::string_view kHeadLines = "<head>\r\n<title> 交易及账单报告 </title>\r\n</head>\r\n"_gbk;
 
 constexpr std::array<std::string_view, 10> kTagNames = {"", "h1", "h2", "h3", "h4", "h5", "h6", "div", "span", "p"};

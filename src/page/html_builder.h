@@ -29,16 +29,6 @@ struct Style {
     int marginBottom = -1;  ///< pixels; none if -1
 };
 
-/// The words of the title block above a table. Their odd blanks are part of the page.
-struct SectionTitle {
-    std::string_view title;
-    std::string_view handler;  ///< script function that folds the section
-    std::string_view buttonId;
-    std::string_view picture;     ///< file name of the title bar
-    std::string_view titleTail;   ///< behind the title's text
-    std::string_view heightTail;  ///< behind the button's height
-};
-
 class CFile;
 
 class CHtmlBuilder {
@@ -65,13 +55,6 @@ public:
     void AddNote(std::string_view text);
     /// Text as it stands, at the end of the file.
     void AddText(std::string_view text);
-
-    /// All scripts, then all styles (page_scripts.cpp).
-    void AddPageScripts();
-    /// Title bar, title and fold button of a table section (section_title.cpp).
-    void AddSectionTitle(const SectionTitle& words);
-    /// The realised P/L chart below the table of closed positions (section_title.cpp).
-    void AddOffsetFigure();
 
     /// Rewrites the file so that it is a complete page. May run any number of times.
     void ClosePage();

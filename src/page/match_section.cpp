@@ -9,8 +9,7 @@
 #include "images/picture_names.h"
 #include "page/page_sections.h"
 #include "page/table_section.h"
-#include "report/request_copy.h"
-#include "report/stores.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
@@ -61,7 +60,7 @@ constexpr MatchColumn kFundClassColumns[] = {
     {{"手续费              "_gbk,  "12%"}, Content::Fee},
 };
 
-constexpr MatchColumn kOtherColumns[] = {
+constexpr MatchColumn kFullColumns[] = {
     {{"交易所              "_gbk,  "8%"},  Content::Exchange},
     {{"合约                "_gbk,  "8%"},  Content::Contract},
     {{"成交日期            "_gbk,  "8%"},  Content::Date},
@@ -87,7 +86,19 @@ constexpr MatchColumn kForeignColumns[] = {
 };
 // clang-format on
 
-constexpr std::size_t kMostColumns = std::size(kOtherColumns);
+std::span<const MatchColumn> ColumnsOf(TradeColumns columns) {
+    switch (columns) {
+        case TradeColumns::FundClass:
+            return kFundClassColumns;
+        case TradeColumns::FundStatus:
+            return kFundStatusColumns;
+        case TradeColumns::Full:
+            break;
+    }
+    return kFullColumns;
+}
+
+constexpr std::size_t kMostColumns = std::size(kFullColumns);
 
 /// Opening trades have no realised P/L, whatever their column says.
 std::string_view ProfitText(const MatchRecord& row) {
@@ -191,31 +202,24 @@ private:
     double fees_ = 0;
 };
 
-bool AddMatchTable(CHtmlBuilder& page, std::span<const MatchColumn> columns) {
+bool AddMatchTable(CHtmlBuilder& page, const CReport& report, std::span<const MatchColumn> columns) {
     std::vector<Heading> headings;
     for (const MatchColumn& column : columns) headings.push_back(column.heading);
-    CTableWriter table(page, kSection, headings);
+    CTableWriter table(page, report, kSection, headings);
     CMatchLayout layout(columns);
-    if (!WriteDayGroups(table, MatchStore.Rows, layout)) return false;
+    if (!WriteDayGroups(table, report.MatchStore.Rows, layout)) return false;
     table.Close();
     return true;
 }
 
 }  // namespace
 
-bool AddMatchSection(CHtmlBuilder& page) {
-    switch (Request.StatementFormat) {
-        case 0:
-            return AddMatchTable(page, kFundClassColumns);
-        case 1:
-            return AddMatchTable(page, kFundStatusColumns);
-        default:
-            return AddMatchTable(page, kOtherColumns);
-    }
+bool AddMatchSection(CHtmlBuilder& page, const CReport& report) {
+    return AddMatchTable(page, report, ColumnsOf(report.Format().tradeColumns));
 }
 
-bool AddForeignMatchSection(CHtmlBuilder& page) {
-    return AddMatchTable(page, kForeignColumns);
+bool AddForeignMatchSection(CHtmlBuilder& page, const CReport& report) {
+    return AddMatchTable(page, report, kForeignColumns);
 }
 
 }  // namespace tradebill

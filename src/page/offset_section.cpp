@@ -9,8 +9,7 @@
 #include "images/picture_names.h"
 #include "page/page_sections.h"
 #include "page/table_section.h"
-#include "report/request_copy.h"
-#include "report/stores.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
@@ -56,10 +55,10 @@ bool IsClosedByBuying(const PingDetail& row) {
     return !Contains(FieldText(row.BID), "买"_gbk);
 }
 
-void WriteOpeningRow(CTableWriter& table, const PingDetail& row, std::string_view band) {
-    const std::int32_t format = Request.StatementFormat;
-    const CContractText contract(row.CONTRACT, NamesDeliveryApart(format) ? row.DELIVERY : "");
-    const std::string_view exchange = format == 6 ? std::string_view() : TrimForPage(FieldText(row.EXCH_NAME));
+void WriteOpeningRow(CTableWriter& table, const StatementFormat& format, const PingDetail& row, std::string_view band) {
+    const CContractText contract(row.CONTRACT, format.namesDeliveryApart ? row.DELIVERY : "");
+    const std::string_view exchange =
+        format.showsExchangeOfClosed ? TrimForPage(FieldText(row.EXCH_NAME)) : std::string_view();
     const std::string_view price = FieldText(row.OPEN_PRICE);
     const bool closedByBuying = IsClosedByBuying(row);
     const Texts texts{exchange,
@@ -73,14 +72,14 @@ void WriteOpeningRow(CTableWriter& table, const PingDetail& row, std::string_vie
     table.AddRow(Cells(texts, kSection.classes, 0), band);
 }
 
-std::int32_t UnitOf(const PingDetail& row) {
+std::int32_t UnitOf(const CReport& report, const PingDetail& row) {
     std::string_view contract = Trim(FieldText(row.CONTRACT));
-    if (Request.StatementFormat != 0) return AskContractUnit(contract, "");
+    if (!report.Format().printsNames) return report.AskContractUnit(contract, "");
     contract = TrimByte(contract, kFullWidthBlankByte);
     const std::string_view delivery = Trim(FieldText(row.DELIVERY));
     // Stock index futures go by a name where the unit is asked for by code.
-    if (Contains(contract, "股指"_gbk)) return AskContractUnit("IF" + std::string(delivery), delivery);
-    return AskContractUnit(contract, delivery);
+    if (Contains(contract, "股指"_gbk)) return report.AskContractUnit("IF" + std::string(delivery), delivery);
+    return report.AskContractUnit(contract, delivery);
 }
 
 double ProfitOf(const PingDetail& row, std::int32_t unit) {
@@ -108,16 +107,16 @@ void WriteClosingRow(CTableWriter& table, const PingDetail& row, double profit, 
 
 }  // namespace
 
-bool AddOffsetSection(CHtmlBuilder& page) {
-    CTableWriter table(page, kSection, kHeadings);
+bool AddOffsetSection(CHtmlBuilder& page, const CReport& report) {
+    CTableWriter table(page, report, kSection, kHeadings);
     int counter = 0;
     double profit = 0;
     double fees = 0;
-    for (const auto& row : PingDetailStore.Rows) {
+    for (const auto& row : report.PingDetailStore.Rows) {
         if (table.StopRequested()) return false;
-        WriteOpeningRow(table, *row, BandClass(counter + 1));
-        if (Request.ContractUnitCallback != nullptr) table.Flush();  // a host sees all rows before it is asked
-        const double rowProfit = ProfitOf(*row, UnitOf(*row));
+        WriteOpeningRow(table, report.Format(), *row, BandClass(counter + 1));
+        if (report.Products != nullptr) table.Flush();  // a host sees all rows before it is asked
+        const double rowProfit = ProfitOf(*row, UnitOf(report, *row));
         WriteClosingRow(table, *row, rowProfit, BandClass(counter + 2));
         table.AddDashRow({});
         profit += rowProfit;
@@ -128,7 +127,7 @@ bool AddOffsetSection(CHtmlBuilder& page) {
     const CNumberText feesText(fees);
     table.AddRow(Cells({"总计"_gbk, "", "", "", "", "", profitText, feesText}, kSection.sums, profit), {});
     table.CloseTable();
-    page.AddOffsetFigure();
+    AddOffsetFigure(page, report);
     page.ClosePage();
     return true;
 }

@@ -3,32 +3,31 @@
 #include <algorithm>
 
 #include "page/page_text.h"
-#include "report/report_document.h"
-#include "report/request_copy.h"
+#include "report/report.h"
 
 namespace tradebill {
 
-std::string PagePicturePath(std::string_view picture) {
-    return Joined(ReportDocument.ImageFolderName, "\\", picture);
+std::string PagePicturePath(const CReport& report, std::string_view picture) {
+    return Joined(report.ReportDocument.ImageFolderName, "\\", picture);
 }
 
-std::string ScriptPicturePath(std::string_view picture) {
-    std::string path = PagePicturePath(picture);
+std::string ScriptPicturePath(const CReport& report, std::string_view picture) {
+    std::string path = PagePicturePath(report, picture);
     std::ranges::replace(path, '\\', '/');
     return path;
 }
 
-PictureSize SizeOf(std::string_view picture) {
-    return ReadPictureSize(FullPicturePath(picture));
+PictureSize SizeOf(const CReport& report, std::string_view picture) {
+    return ReadPictureSize(FullPicturePath(report.ReportDocument, picture));
 }
 
-PictureSize ScaledSizeOf(std::string_view picture) {
-    const PictureSize size = SizeOf(picture);
-    return {ScaleByRequest(size.width), ScaleByRequest(size.height)};
+PictureSize ScaledSizeOf(const CReport& report, std::string_view picture) {
+    const PictureSize size = SizeOf(report, picture);
+    return {report.Scaled(size.width), report.Scaled(size.height)};
 }
 
-TextExtent MeasureTitle(std::string_view title) {
-    return MeasureText({.face = "Arial", .cellHeight = ScaleByRequest(16), .weight = 600}, title);
+TextExtent MeasureTitle(const CReport& report, std::string_view title) {
+    return MeasureText({.face = "Arial", .cellHeight = report.Scaled(16), .weight = 600}, title);
 }
 
 }  // namespace tradebill

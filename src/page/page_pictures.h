@@ -10,19 +10,21 @@
 
 namespace tradebill {
 
+class CReport;
+
 /// Relative to the page, as its src attributes spell it: with a backslash.
-[[nodiscard]] std::string PagePicturePath(std::string_view picture);
+[[nodiscard]] std::string PagePicturePath(const CReport& report, std::string_view picture);
 
 /// Relative to the page, as its scripts spell it: with slashes.
-[[nodiscard]] std::string ScriptPicturePath(std::string_view picture);
+[[nodiscard]] std::string ScriptPicturePath(const CReport& report, std::string_view picture);
 
 /// Size of the file, 0 by 0 if it can't be read.
-[[nodiscard]] PictureSize SizeOf(std::string_view picture);
+[[nodiscard]] PictureSize SizeOf(const CReport& report, std::string_view picture);
 
 /// The same by the screen's resolution: title bars and buttons lie on disk unscaled, and the page stretches them.
-[[nodiscard]] PictureSize ScaledSizeOf(std::string_view picture);
+[[nodiscard]] PictureSize ScaledSizeOf(const CReport& report, std::string_view picture);
 
 /// Size of a section's title in the font that the class titletext names, so that the button stands right of it.
-[[nodiscard]] TextExtent MeasureTitle(std::string_view title);
+[[nodiscard]] TextExtent MeasureTitle(const CReport& report, std::string_view title);
 
 }  // namespace tradebill

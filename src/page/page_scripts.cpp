@@ -1,5 +1,5 @@
-// The page's scripts and its style sheet. The scripts fold and unfold the sections; the classes are the whole visual
-// vocabulary of tables, titles and notes. Odd names among them are part of the page.
+#include "page/page_scripts.h"
+
 #include <span>
 #include <string>
 #include <string_view>
@@ -7,10 +7,14 @@
 #include "base/gbk.h"
 #include "page/html_builder.h"
 #include "page/page_pictures.h"
-#include "report/request_copy.h"
+#include "page/page_text.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
+
+// The scripts fold and unfold the sections; the classes are the whole visual vocabulary of tables, titles and notes.
+// Odd names among them are part of the page.
 
 /// A script function that shows or hides its targets; the button's own picture is the state.
 struct FoldScript {
@@ -50,16 +54,16 @@ std::string ShowTargets(const FoldScript& script, std::string_view display) {
     return text;
 }
 
-std::string ScriptText(const FoldScript& script) {
+std::string ScriptText(const CReport& report, const FoldScript& script) {
     std::string text = Joined("function ", script.function, "()\r\n{\r\n");
     Append(text, "element=document.getElementById('", script.buttonId, "');\r\n");
     for (std::size_t i = 0; i < script.targets.size(); ++i) {
         Append(text, Variable(i), "=document.getElementById('", script.targets[i], "');\r\n");
     }
     Append(text, "if (element.src.match(\"BillShrink\"))\r\n{\r\n");
-    Append(text, "element.src=\"", ScriptPicturePath(kExpandPicture), "\";\r\n", ShowTargets(script, "none"));
+    Append(text, "element.src=\"", ScriptPicturePath(report, kExpandPicture), "\";\r\n", ShowTargets(script, "none"));
     Append(text, "}\r\nelse\r\n{\r\n");
-    Append(text, "element.src=\"", ScriptPicturePath(kShrinkPicture), "\";\r\n", ShowTargets(script, "block"));
+    Append(text, "element.src=\"", ScriptPicturePath(report, kShrinkPicture), "\";\r\n", ShowTargets(script, "block"));
     text += "}\r\n}\r\n";
     return text;
 }
@@ -125,15 +129,15 @@ constexpr Style kStyles[] = {
 
 }  // namespace
 
-void CHtmlBuilder::AddPageScripts() {
+void AddPageScripts(CHtmlBuilder& page, const CReport& report) {
     std::string text = "<script>\r\n";
-    text += ScriptText(IsForeign() ? kForeignSummaryScript : kSummaryScript);
-    for (const FoldScript& script : kFoldScripts) text += ScriptText(script);
+    text += ScriptText(report, report.IsForeign() ? kForeignSummaryScript : kSummaryScript);
+    for (const FoldScript& script : kFoldScripts) text += ScriptText(report, script);
     text += "</script>\r\n";
-    AddText(text);
+    page.AddText(text);
     for (Style style : kStyles) {
-        style.size = style.size > 0 ? ScaleByRequest(style.size) : style.size;
-        AddStyle(style);
+        style.size = style.size > 0 ? report.Scaled(style.size) : style.size;
+        page.AddStyle(style);
     }
 }
 

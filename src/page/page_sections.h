@@ -1,6 +1,6 @@
-// The sections of the page. Each reads the stores of the finished run, writes its part through the builder and leaves
-// the page whole. A table section returns false if the host's stop was seen: it then ends at once, its table open, the
-// stop acknowledged.
+// The sections of the page. Each reads a finished report, writes its part through the builder and leaves the page
+// whole. A table section returns false if the host's stop was seen: it then ends at once, its table open, the stop
+// acknowledged.
 #pragma once
 
 #include <string_view>
@@ -8,29 +8,30 @@
 namespace tradebill {
 
 class CHtmlBuilder;
+class CReport;
 
 /// The account's pictures. Tells the host the sizes of the charts, with the page whole so far.
-bool AddAccountSection(CHtmlBuilder& page);
-bool AddForeignAccountSection(CHtmlBuilder& page);
+bool AddAccountSection(CHtmlBuilder& page, const CReport& report);
+bool AddForeignAccountSection(CHtmlBuilder& page, const CReport& report);
 
-bool AddTradeSection(CHtmlBuilder& page);
-bool AddForeignTradeSection(CHtmlBuilder& page);
+bool AddTradeSection(CHtmlBuilder& page, const CReport& report);
+bool AddForeignTradeSection(CHtmlBuilder& page, const CReport& report);
 
 /// Open positions: the summary rows for formats that print full contract codes, the single lots for the others.
-bool AddPositionSection(CHtmlBuilder& page);
+bool AddPositionSection(CHtmlBuilder& page, const CReport& report);
 /// Throws CReportError for a record whose BILL_DATE is no date.
-bool AddForeignPositionSection(CHtmlBuilder& page);
+bool AddForeignPositionSection(CHtmlBuilder& page, const CReport& report);
 
-bool AddMatchSection(CHtmlBuilder& page);
-bool AddForeignMatchSection(CHtmlBuilder& page);
+bool AddMatchSection(CHtmlBuilder& page, const CReport& report);
+bool AddForeignMatchSection(CHtmlBuilder& page, const CReport& report);
 
 /// Closed positions with both legs. Asks the host for each contract's unit, with all rows before it on disk.
-bool AddOffsetSection(CHtmlBuilder& page);
+bool AddOffsetSection(CHtmlBuilder& page, const CReport& report);
 
 void AddNotesSection(CHtmlBuilder& page);
 
 /// The whole page in order: scripts, an anchor and a section each, and the last ClosePage.
-void AddPageSections(CHtmlBuilder& page);
+void AddPageSections(CHtmlBuilder& page, const CReport& report);
 
 /// A page of one line that stands for the report until it is there: that it is being made, or is `finished` and can be
 /// asked for. Returns whether it could be written.

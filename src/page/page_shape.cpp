@@ -3,15 +3,16 @@
 
 #include "base/gbk.h"
 #include "page/html_builder.h"
+#include "page/page_scripts.h"
 #include "page/page_sections.h"
-#include "report/request_copy.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
 
-using SectionWriter = bool (*)(CHtmlBuilder& page);
+using SectionWriter = bool (*)(CHtmlBuilder& page, const CReport& report);
 
-bool AddNotes(CHtmlBuilder& page) {
+bool AddNotes(CHtmlBuilder& page, const CReport& /*report*/) {
     AddNotesSection(page);
     return true;
 }
@@ -44,13 +45,13 @@ bool WritePlaceholderPage(std::string_view path, bool finished) {
     return !page.HasFailed();
 }
 
-void AddPageSections(CHtmlBuilder& page) {
-    page.AddPageScripts();
+void AddPageSections(CHtmlBuilder& page, const CReport& report) {
+    AddPageScripts(page, report);
     for (const PageSection& section : kSections) {
-        if (IsForeign() && !section.inForeignPages) continue;
+        if (report.IsForeign() && !section.inForeignPages) continue;
         page.AddAnchor(section.anchor);
-        const SectionWriter writer = IsForeign() ? section.foreign : section.domestic;
-        writer(page);  // a section that saw the stop doesn't end the page
+        const SectionWriter writer = report.IsForeign() ? section.foreign : section.domestic;
+        writer(page, report);  // a section that saw the stop doesn't end the page
     }
     page.ClosePage();
 }

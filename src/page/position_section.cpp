@@ -10,8 +10,7 @@
 #include "page/page_sections.h"
 #include "page/table_section.h"
 #include "platform/local_time.h"
-#include "report/request_copy.h"
-#include "report/stores.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
@@ -91,12 +90,12 @@ SidePrices OpenPriceBySide(const OpiDetail& row) {
     return Contains(FieldText(row.BID), "买"_gbk) ? SidePrices{price, ""} : SidePrices{"", price};
 }
 
-bool AddSummaryTable(CHtmlBuilder& page) {
-    CTableWriter table(page, kSection, kSummaryHeadings);
+bool AddSummaryTable(CHtmlBuilder& page, const CReport& report) {
+    CTableWriter table(page, report, kSection, kSummaryHeadings);
     int counter = 0;
     double profit = 0;
     double margin = 0;
-    for (const auto& row : OpiSumStore.Rows) {
+    for (const auto& row : report.OpiSumStore.Rows) {
         if (table.StopRequested()) return false;
         const double rowProfit = AmountIn(row->DSYK);
         const std::array<std::string_view, 8> texts{TrimForPage(FieldText(row->CONTRACT)),
@@ -172,9 +171,13 @@ private:
 /// The foreign form: only lots of the report's days, and blank text where the other form leaves cells empty.
 class CForeignLayout {
 public:
+    /// A report of today alone begins at the time of its call; what is of today belongs to it all the same.
+    explicit CForeignLayout(const ReportRange& days)
+        : firstDay_(MidnightOf(LocalDayOf(days.first))), lastDay_(days.last) {}
+
     [[nodiscard]] bool Counts(const OpiDetail& row) const {
         const std::time_t day = MidnightOf(ParsePackedDay(FieldText(row.BILL_DATE)));
-        return day >= firstDay_ && day <= ReportDays.last;
+        return day >= firstDay_ && day <= lastDay_;
     }
 
     void ResetSums() { profit_ = 0; }
@@ -207,28 +210,28 @@ public:
     }
 
 private:
-    /// A report of today alone begins at the time of its call; what is of today belongs to it all the same.
-    std::time_t firstDay_ = MidnightOf(LocalDayOf(ReportDays.first));
+    std::time_t firstDay_;
+    std::time_t lastDay_;
     double profit_ = 0;
 };
 
 template <class Layout>
-bool AddDayTable(CHtmlBuilder& page, std::span<const Heading> headings, Layout layout) {
-    CTableWriter table(page, kSection, headings);
-    if (!WriteDayGroups(table, OpiDetailStore.Rows, layout)) return false;
+bool AddDayTable(CHtmlBuilder& page, const CReport& report, std::span<const Heading> headings, Layout layout) {
+    CTableWriter table(page, report, kSection, headings);
+    if (!WriteDayGroups(table, report.OpiDetailStore.Rows, layout)) return false;
     table.Close();
     return true;
 }
 
 }  // namespace
 
-bool AddPositionSection(CHtmlBuilder& page) {
-    if (!NamesDeliveryApart(Request.StatementFormat)) return AddSummaryTable(page);
-    return AddDayTable(page, kDetailHeadings, CDetailLayout{});
+bool AddPositionSection(CHtmlBuilder& page, const CReport& report) {
+    if (!report.Format().namesDeliveryApart) return AddSummaryTable(page, report);
+    return AddDayTable(page, report, kDetailHeadings, CDetailLayout{});
 }
 
-bool AddForeignPositionSection(CHtmlBuilder& page) {
-    return AddDayTable(page, kForeignHeadings, CForeignLayout{});
+bool AddForeignPositionSection(CHtmlBuilder& page, const CReport& report) {
+    return AddDayTable(page, report, kForeignHeadings, CForeignLayout(report.ReportDays));
 }
 
 }  // namespace tradebill

@@ -1,47 +1,46 @@
-// The blocks of CHtmlBuilder that place a title or a chart: sizes come from the picture files and from the title's
-// font.
+#include "page/section_title.h"
+
 #include <string>
 
 #include "base/gbk.h"
 #include "page/html_builder.h"
 #include "page/page_pictures.h"
-#include "report/request_copy.h"
+#include "page/page_text.h"
+#include "report/report.h"
 
 namespace tradebill {
-namespace {}  // namespace
-
-void CHtmlBuilder::AddSectionTitle(const SectionTitle& words) {
-    const PictureSize bar = ScaledSizeOf(words.picture);
-    const PictureSize button = ScaledSizeOf(kShrinkPicture);
-    const TextExtent title = MeasureTitle(words.title);
-    const int top = ScaleByRequest(10);
-    const int left = ScaleByRequest(730);
+void AddSectionTitle(CHtmlBuilder& page, const CReport& report, const SectionTitle& words) {
+    const PictureSize bar = ScaledSizeOf(report, words.picture);
+    const PictureSize button = ScaledSizeOf(report, kShrinkPicture);
+    const TextExtent title = MeasureTitle(report, words.title);
+    const int top = report.Scaled(10);
+    const int left = report.Scaled(730);
     std::string text =
         "<div style=\"position:relative; -moz-user-select:-moz-none; \"  onselectstart=\"return false;\">\r\n";
     Append(text, "<img border=\"0\" style=\"width:", bar.width, "px; height:", bar.height, "px; \" src=\"",
-           PagePicturePath(words.picture), "\" alt=\"", words.title, "\" />\r\n");
+           PagePicturePath(report, words.picture), "\" alt=\"", words.title, "\" />\r\n");
     Append(text, "<div style = \"cursor:hand; position:absolute; top:", top, "px; left:", left,
            "px; width:", title.width + 10, "px; \" class = \"titletext\" onclick = \"", words.handler, "()\" >",
            words.title, words.titleTail);
     Append(text, "<img style = \"cursor:hand; position:absolute; top:", top + (title.height - button.height) / 2,
            "px; left:", left + title.width, "px; width:", button.width, "px; height:", button.height, "px;",
            words.heightTail, "\" id = \"", words.buttonId, "\" onclick = \"", words.handler, "()\" border=\"0\" src=\"",
-           PagePicturePath(kShrinkPicture), "\" alt=\"\" />\r\n");
+           PagePicturePath(report, kShrinkPicture), "\" alt=\"\" />\r\n");
     text += "</div>\r\n";
-    AddText(text);
+    page.AddText(text);
 }
 
-void CHtmlBuilder::AddOffsetFigure() {
-    const PictureSize chart = ScaledSizeOf(kOffsetFigure);
+void AddOffsetFigure(CHtmlBuilder& page, const CReport& report) {
+    const PictureSize chart = ScaledSizeOf(report, kOffsetFigure);
     std::string text =
         "<div id = \"offsetFigure\" style=\"position:relative; -moz-user-select:-moz-none; \"  "
         "onselectstart=\"return false;\">\r\n";
     text += "<a href = \"javascript:void(1)\"> \r\n";
     // The second "style" ends the attribute at its quote, so a browser shows the chart at its natural size.
     Append(text, "<img border=\"0\" style=\"style = \"cursor:hand; width:", chart.width, "px; height:", chart.height,
-           "px; \" src=\"", PagePicturePath(kOffsetFigure), "\" alt=\"", "平仓盈亏曲线图"_gbk, "\" />\r\n");
+           "px; \" src=\"", PagePicturePath(report, kOffsetFigure), "\" alt=\"", "平仓盈亏曲线图"_gbk, "\" />\r\n");
     text += "</a>\r\n</div>\r\n";
-    AddText(text);
+    page.AddText(text);
 }
 
 }  // namespace tradebill

@@ -1,20 +1,19 @@
 #include "page/table_section.h"
 
+#include "base/number.h"
 #include "platform/host_link.h"
-#include "report/report_document.h"
-#include "report/request_copy.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
 
-constexpr double kLeastAmount = 1.1920928955078125e-07;  // single-precision epsilon
 constexpr std::size_t kFlushFrom = 60 * 1024;  // a row is under 4 KiB, so that no more than 64 KiB are ever gathered
 
 }  // namespace
 
 std::string_view SignClass(double amount, const CellClasses& classes) {
-    if (amount > kLeastAmount) return classes.bid;
-    if (amount < -kLeastAmount) return classes.ask;
+    if (amount > kSmallestAmount) return classes.bid;
+    if (amount < -kSmallestAmount) return classes.ask;
     return classes.normal;
 }
 
@@ -22,8 +21,9 @@ std::string_view BandClass(int counter) {
     return counter % 2 != 0 ? "billclr1" : "billclr2";
 }
 
-CTableWriter::CTableWriter(CHtmlBuilder& page, const TableSection& section, std::span<const Heading> headings)
-    : page_(page) {
+CTableWriter::CTableWriter(CHtmlBuilder& page, const CReport& report, const TableSection& section,
+                           std::span<const Heading> headings)
+    : page_(page), report_(report) {
     std::vector<Cell> titles;
     std::vector<std::string_view> widths;
     for (const Heading& heading : headings) {
@@ -32,14 +32,14 @@ CTableWriter::CTableWriter(CHtmlBuilder& page, const TableSection& section, std:
         dashes_.emplace_back(heading.text.size(), '-');
     }
     for (const std::string& dashes : dashes_) dashCells_.push_back({dashes, section.classes.normal});
-    page_.AddSectionTitle(section.title);
-    AppendTableTag(gathered_, section.tableId, ReportDocument.PageWidth);
+    AddSectionTitle(page_, report_, section.title);
+    AppendTableTag(gathered_, section.tableId, report_.ReportDocument.PageWidth);
     AppendSizedRow(gathered_, titles, widths, {});
     AddDashRow({});
 }
 
 bool CTableWriter::StopRequested() {
-    return AcknowledgeStop(Request.StopEvent, Request.AckEvent, [this] { Flush(); });
+    return AcknowledgeStop(report_.Request.StopEvent, report_.Request.AckEvent, [this] { Flush(); });
 }
 
 void CTableWriter::AddRow(std::span<const Cell> cells, std::string_view rowClass) {

@@ -10,6 +10,8 @@
 
 #include "base/text.h"
 #include "page/html_builder.h"
+#include "page/page_text.h"
+#include "page/section_title.h"
 
 namespace tradebill {
 
@@ -54,7 +56,8 @@ private:
 class CTableWriter {
 public:
     /// Writes title, opening tag, header and first dash row.
-    CTableWriter(CHtmlBuilder& page, const TableSection& section, std::span<const Heading> headings);
+    CTableWriter(CHtmlBuilder& page, const CReport& report, const TableSection& section,
+                 std::span<const Heading> headings);
     ~CTableWriter() { Flush(); }  // what was written stays written, also when an error ends the section
     CTableWriter(const CTableWriter&) = delete;
     CTableWriter& operator=(const CTableWriter&) = delete;
@@ -75,6 +78,7 @@ public:
 
 private:
     CHtmlBuilder& page_;
+    const CReport& report_;
     std::vector<std::string> dashes_;
     std::vector<Cell> dashCells_;
     std::string gathered_;

@@ -10,8 +10,7 @@
 #include "page/page_sections.h"
 #include "page/table_section.h"
 #include "report/offset_sides.h"
-#include "report/report_document.h"
-#include "report/request_copy.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
@@ -162,8 +161,7 @@ void WriteSide(CTradeRows& rows, const SideResult& side) {
     rows.Add({"", "", "最大亏损"_gbk, "", "", maxLoss, "", ""});
 }
 
-Result WriteContract(CTradeRows& rows, const ContractOffset& offset) {
-    const bool withDelivery = NamesDeliveryApart(Request.StatementFormat);
+Result WriteContract(CTradeRows& rows, const ContractOffset& offset, bool withDelivery) {
     const CContractText contract(offset.CONTRACT, withDelivery ? offset.DELIVERY : "");
     const Result all{
         .count = WrapAdd(offset.LONG_COUNT, offset.SHORT_COUNT),
@@ -201,13 +199,13 @@ Result WriteForeignContract(CTradeRows& rows, const ContractOffset& offset) {
 
 }  // namespace
 
-bool AddTradeSection(CHtmlBuilder& page) {
-    CTableWriter table(page, kSection, kHeadings);
+bool AddTradeSection(CHtmlBuilder& page, const CReport& report) {
+    CTableWriter table(page, report, kSection, kHeadings);
     CTradeRows rows(table);
     Result total;
-    for (const auto& offset : ReportDocument.Offsets) {
+    for (const auto& offset : report.ReportDocument.Offsets) {
         if (table.StopRequested()) return false;
-        AddTo(total, WriteContract(rows, *offset));
+        AddTo(total, WriteContract(rows, *offset, report.Format().namesDeliveryApart));
         table.AddDashRow({});
     }
     const CResultTexts texts = TotalTexts(total);
@@ -217,11 +215,11 @@ bool AddTradeSection(CHtmlBuilder& page) {
     return true;
 }
 
-bool AddForeignTradeSection(CHtmlBuilder& page) {
-    CTableWriter table(page, kSection, kForeignHeadings);
+bool AddForeignTradeSection(CHtmlBuilder& page, const CReport& report) {
+    CTableWriter table(page, report, kSection, kForeignHeadings);
     CTradeRows rows(table);
     Result total;
-    for (const auto& offset : ReportDocument.Offsets) {
+    for (const auto& offset : report.ReportDocument.Offsets) {
         if (table.StopRequested()) return false;
         if (offset->LONG_COUNT < 1) continue;
         AddTo(total, WriteForeignContract(rows, *offset));

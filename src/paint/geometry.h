@@ -30,7 +30,7 @@ struct Box {
 }
 
 /// A coordinate worked out with 64 bits, held at the ends of the range: they are beyond every bitmap too.
-[[nodiscard]] constexpr std::int32_t HeldCoordinate(std::int64_t value) {
+[[nodiscard]] constexpr std::int32_t ClampCoordinate(std::int64_t value) {
     return ClampToInt32(value);
 }
 

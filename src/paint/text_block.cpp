@@ -100,7 +100,7 @@ public:
     /// Writes `part` of `line`, which is all of it or what fits.
     void Write(const ShownLine& line, std::string_view part) {
         if (top_ < bottom_ && !part.empty()) {
-            canvas_.WriteText({left_, HeldCoordinate(top_)}, part);
+            canvas_.WriteText({left_, ClampCoordinate(top_)}, part);
             if (const auto mark = LastMarkIn(line, part)) Underline(part, *mark);
         }
         top_ += height_;
@@ -113,8 +113,9 @@ private:
         const std::int64_t left = std::int64_t{left_} + canvas_.MeasureText(part.substr(0, at)).width;
         const std::int64_t right = left + canvas_.MeasureText(character).width;
         const std::int64_t top = top_ + canvas_.Metrics().ascent + 1;
-        canvas_.FillSolid({HeldCoordinate(left), HeldCoordinate(top), HeldCoordinate(right), HeldCoordinate(top + 1)},
-                          SelectedTextColor(canvas_));
+        canvas_.FillSolid(
+            {ClampCoordinate(left), ClampCoordinate(top), ClampCoordinate(right), ClampCoordinate(top + 1)},
+            SelectedTextColor(canvas_));
     }
 
     CCanvas& canvas_;
@@ -133,7 +134,7 @@ TextExtent MeasureTextBlock(const CCanvas& canvas, std::string_view text) {
         extent.width = std::max(extent.width, canvas.MeasureText(line.text).width);
         height += canvas.Metrics().height;
     }
-    extent.height = HeldCoordinate(height);
+    extent.height = ClampCoordinate(height);
     return extent;
 }
 

@@ -2,9 +2,13 @@
 // code page, with either separator.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 namespace tradebill {
+
+/// The longest path, in bytes, that the module reads or writes: longer ones are cut, and then lead elsewhere.
+inline constexpr std::size_t kLongestPath = 259;
 
 [[nodiscard]] bool IsFolder(const std::string& path);
 [[nodiscard]] bool IsPlainFile(const std::string& path);

@@ -6,10 +6,11 @@
 
 namespace tradebill {
 
-/// The folder of the executable, until SetRootFolderPath has named another. No separator at the end.
-[[nodiscard]] const std::string& RootFolder();
+/// The folder of the executable, where the root is until somebody names another. Cut to 259 bytes, no separator at the
+/// end; empty if the system doesn't tell it.
+[[nodiscard]] std::string ProgramFolder();
 
-/// Takes another root folder, cut to 259 bytes; separators at its end are dropped.
-void SetRootFolderPath(std::string_view path);
+/// A root folder as somebody names it: cut to 259 bytes, separators at its end dropped.
+[[nodiscard]] std::string RootFolderAt(std::string_view path);
 
 }  // namespace tradebill

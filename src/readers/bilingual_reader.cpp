@@ -126,18 +126,17 @@ constexpr FixedLayout kNewLayout{
 
 }  // namespace
 
-void ReadBilingualStatement(std::string_view day, std::string_view text, CScanListener* listener) {
-    const CStatementTemplate* const byTemplate = RequestTemplate();
-    if (byTemplate != nullptr && byTemplate->HoldsNewScheme(day)) {
-        ReadBilingualStatementNew(day, text, listener);
+void ReadBilingualStatement(const StatementText& statement, CReport& report) {
+    if (statement.byTemplate != nullptr && statement.byTemplate->HoldsNewScheme(statement.day)) {
+        ReadBilingualStatementNew(statement, report);
         return;
     }
-    ReadFixedLayout(kLayout, day, text, listener);
+    ReadFixedLayout(kLayout, statement, report);
 }
 
-void ReadBilingualStatementNew(std::string_view day, std::string_view text, CScanListener* listener) {
-    if (listener != nullptr) listener->OnReader("bilingual-new");
-    ReadFixedLayout(kNewLayout, day, text, listener);
+void ReadBilingualStatementNew(const StatementText& statement, CReport& report) {
+    if (statement.listener != nullptr) statement.listener->OnReader("bilingual-new");
+    ReadFixedLayout(kNewLayout, statement, report);
 }
 
 }  // namespace tradebill

@@ -50,28 +50,22 @@ constexpr Column<PingDetail> kClosedColumns[] = {
     {Slot<&PingDetail::HEDGE>,        13, Treatment::KeepIfPresent},
 };
 
+constexpr Column<OpiSum> kSharedColumns[] = {
+    {Slot<&OpiSum::CONTRACT>,       2},
+    {Slot<&OpiSum::YSETTLE_PRICE>,  8},
+    {Slot<&OpiSum::SETTLE_PRICE>,   9},
+    {Slot<&OpiSum::DSYK>,          10},
+    {Slot<&OpiSum::DEPOSIT>,       11, Treatment::KeepIfPresent},
+    {Slot<&OpiSum::HEDGE>,         12, Treatment::KeepIfPresent},
+};
 constexpr Column<OpiSum> kBuyColumns[] = {
-    {Slot<&OpiSum::CONTRACT>,          2},
-    {Slot<&OpiSum::POSITION_VOL>,      4},
-    {Slot<&OpiSum::POSITION_PRICE>,    5},
-    {Slot<&OpiSum::YSETTLE_PRICE>,     8},
-    {Slot<&OpiSum::SETTLE_PRICE>,      9},
-    {Slot<&OpiSum::DSYK>,             10},
-    {Slot<&OpiSum::DEPOSIT>,          11, Treatment::KeepIfPresent},
-    {Slot<&OpiSum::HEDGE>,            12, Treatment::KeepIfPresent},
+    {Slot<&OpiSum::POSITION_VOL>,   4},
+    {Slot<&OpiSum::POSITION_PRICE>, 5},
 };
-
 constexpr Column<OpiSum> kSellColumns[] = {
-    {Slot<&OpiSum::CONTRACT>,          2},
-    {Slot<&OpiSum::POSITION_VOL>,      6},
-    {Slot<&OpiSum::POSITION_PRICE>,    7},
-    {Slot<&OpiSum::YSETTLE_PRICE>,     8},
-    {Slot<&OpiSum::SETTLE_PRICE>,      9},
-    {Slot<&OpiSum::DSYK>,             10},
-    {Slot<&OpiSum::DEPOSIT>,          11, Treatment::KeepIfPresent},
-    {Slot<&OpiSum::HEDGE>,            12, Treatment::KeepIfPresent},
+    {Slot<&OpiSum::POSITION_VOL>,   6},
+    {Slot<&OpiSum::POSITION_PRICE>, 7},
 };
-
 constexpr PositionSide kSides[] = {
     {.lotsColumn = 4, .side = "买"_gbk, .columns = kBuyColumns},
     {.lotsColumn = 6, .side = "卖"_gbk, .columns = kSellColumns},
@@ -93,47 +87,48 @@ constexpr SectionLayout Sheet(SectionKind kind, std::string_view title, int term
 constexpr TableLayout<MatchRecord> kTrades{Sheet(SectionKind::Trades, "客户帐单_成交记录单"_gbk, 3, 13), kTradeColumns};
 constexpr TableLayout<PingDetail> kClosed{Sheet(SectionKind::Closed, "客户帐单_平仓盈亏单"_gbk, 3, 11), kClosedColumns};
 constexpr SectionLayout kOpen = Sheet(SectionKind::Open, "客户帐单_持仓盈亏单"_gbk, 2, 11);
+constexpr SidesLayout kOpenSides{kSharedColumns, kSides};
 static_assert(LastColumn(kMoneyColumns) < kMoney.minColumns);
 static_assert(LastColumn(kTradeColumns) < kTrades.section.minColumns);
 static_assert(LastColumn(kClosedColumns) < kClosed.section.minColumns);
-static_assert(LastColumn(kBuyColumns) < kOpen.minColumns);
-static_assert(LastColumn(kSellColumns) < kOpen.minColumns);
+static_assert(LastColumn(kOpenSides) < kOpen.minColumns);
 
-void ReadMoney(std::string_view day, CSectionScan& scan) {
+void ReadMoney(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
     const auto title = scan.FindTitle(kMoney);
     if (!title) return;
     const auto row = scan.ReadRowBelow(*title, kMoneyRow, kMoney);
-    if (row) HandOver(MakeMoneyRecord(day, *row, kMoneyColumns, kCashFlow), scan.Listener());
+    if (row) sink.Add(MakeMoneyRecord(day, *row, kMoneyColumns, kCashFlow));
 }
 
-void ReadClosed(std::string_view day, CSectionScan& scan) {
+void ReadClosed(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
     const auto rows = scan.Find(kClosed.section);
     if (!rows) return;
     double total = 0;
-    ReadTableRows(scan, kClosed, *rows, day, [&](const PingDetail& row) { total += AmountIn(row.OFFSETPL); });
-    ReportDayClosedPL(day, CNumberText::SixDecimals(total).View(), total);
+    ReadTableRows(scan, kClosed, *rows, day, sink, [&](const PingDetail& row) { total += AmountIn(row.OFFSETPL); });
+    sink.SetDayClosedPL(day, CNumberText::SixDecimals(total).View(), total);
 }
 
 /// A row with lots on both sides counts twice: its P/L joins the total with each record.
-void ReadOpen(std::string_view day, CSectionScan& scan) {
+void ReadOpen(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
     const auto rows = scan.Find(kOpen);
     if (!rows) return;
     double total = 0;
     scan.ReadRows(kOpen, *rows, [&](Row row) {
-        return ReadBothSides(row, kSides, day, SumFeed::Yes, scan.Listener(),
+        return ReadBothSides(row, kOpenSides, day, SumFeed::Yes, sink,
                              [&](const OpiSum& sum) { total += AmountIn(sum.DSYK); });
     });
-    ReportDayPositionPL(day, CNumberText::SixDecimals(total).View(), total);
+    sink.SetDayPositionPL(day, CNumberText::SixDecimals(total).View(), total);
 }
 
 }  // namespace
 
-void ReadClientBillPremiumStatement(std::string_view day, std::string_view text, CScanListener* listener) {
-    CSectionScan scan(text, SearchFrom::Top, listener);
-    ReadMoney(day, scan);
-    ReadTable(scan, kTrades, day);
-    ReadClosed(day, scan);
-    ReadOpen(day, scan);
+void ReadClientBillPremiumStatement(const StatementText& statement, CReport& report) {
+    CSectionScan scan(statement.text, SearchFrom::Top, statement.listener);
+    CRecordSink sink(report, statement.listener);
+    ReadMoney(statement.day, scan, sink);
+    ReadTable(scan, kTrades, statement.day, sink);
+    ReadClosed(statement.day, scan, sink);
+    ReadOpen(statement.day, scan, sink);
 }
 
 }  // namespace tradebill

@@ -1,3 +1,6 @@
+#include <optional>
+#include <vector>
+
 #include "base/number.h"
 #include "readers/fixed_readers.h"
 #include "readers/money_row.h"
@@ -47,28 +50,22 @@ constexpr Column<PingDetail> kClosedColumns[] = {
     {Slot<&PingDetail::OPEN_DATE>,    11},
 };
 
+constexpr Column<OpiSum> kSharedColumns[] = {
+    {Slot<&OpiSum::CONTRACT>,       1},
+    {Slot<&OpiSum::YSETTLE_PRICE>,  6},
+    {Slot<&OpiSum::SETTLE_PRICE>,   7},
+    {Slot<&OpiSum::DSYK>,           8},
+    {Slot<&OpiSum::DEPOSIT>,        9},
+    {Slot<&OpiSum::HEDGE>,         10},
+};
 constexpr Column<OpiSum> kBuyColumns[] = {
-    {Slot<&OpiSum::CONTRACT>,          1},
-    {Slot<&OpiSum::POSITION_VOL>,      2},
-    {Slot<&OpiSum::POSITION_PRICE>,    3},
-    {Slot<&OpiSum::YSETTLE_PRICE>,     6},
-    {Slot<&OpiSum::SETTLE_PRICE>,      7},
-    {Slot<&OpiSum::DSYK>,              8},
-    {Slot<&OpiSum::DEPOSIT>,           9},
-    {Slot<&OpiSum::HEDGE>,            10},
+    {Slot<&OpiSum::POSITION_VOL>,   2},
+    {Slot<&OpiSum::POSITION_PRICE>, 3},
 };
-
 constexpr Column<OpiSum> kSellColumns[] = {
-    {Slot<&OpiSum::CONTRACT>,          1},
-    {Slot<&OpiSum::POSITION_VOL>,      4},
-    {Slot<&OpiSum::POSITION_PRICE>,    5},
-    {Slot<&OpiSum::YSETTLE_PRICE>,     6},
-    {Slot<&OpiSum::SETTLE_PRICE>,      7},
-    {Slot<&OpiSum::DSYK>,              8},
-    {Slot<&OpiSum::DEPOSIT>,           9},
-    {Slot<&OpiSum::HEDGE>,            10},
+    {Slot<&OpiSum::POSITION_VOL>,   4},
+    {Slot<&OpiSum::POSITION_PRICE>, 5},
 };
-
 constexpr PositionSide kSides[] = {
     {.lotsColumn = 2, .side = "买"_gbk, .columns = kBuyColumns},
     {.lotsColumn = 4, .side = "卖"_gbk, .columns = kSellColumns},
@@ -102,55 +99,57 @@ constexpr SectionLayout OpenSheet() {
 constexpr TableLayout<MatchRecord> kTrades{Sheet(SectionKind::Trades, "客户帐单_成交记录单"_gbk, 12), kTradeColumns};
 constexpr TableLayout<PingDetail> kClosed{Sheet(SectionKind::Closed, "客户帐单_平仓盈亏单"_gbk, 12), kClosedColumns};
 constexpr SectionLayout kOpen = OpenSheet();
+constexpr SidesLayout kOpenSides{kSharedColumns, kSides};
 static_assert(LastColumn(kMoneyColumns) < kMoney.minColumns);
 static_assert(LastColumn(kTradeColumns) < kTrades.section.minColumns);
 static_assert(LastColumn(kClosedColumns) < kClosed.section.minColumns);
-static_assert(LastColumn(kBuyColumns) < kOpen.minColumns);
-static_assert(LastColumn(kSellColumns) < kOpen.minColumns);
+static_assert(LastColumn(kOpenSides) < kOpen.minColumns);
 
-void ReadMoney(std::string_view day, CSectionScan& scan) {
+void ReadMoney(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
     const auto section = scan.Find(kMoney);
     if (!section) return;
     const auto row = scan.ReadRowBelow(section->title, kMoneyRow, kMoney);
-    if (row) HandOver(MakeMoneyRecord(day, *row, kMoneyColumns, kCashFlow), scan.Listener());
+    if (row) sink.Add(MakeMoneyRecord(day, *row, kMoneyColumns, kCashFlow));
 }
 
-using ReportTotal = void(std::string_view day, std::string_view text, double amount);
-
-/// Reports the total that the sheet prints in `column` of its last row, if that row goes so far.
-void ReportSheetTotal(std::string_view day, std::string_view totals, std::size_t column, ReportTotal* report) {
+/// The total that the sheet prints in `column` of its last row, if that row goes so far.
+std::optional<std::string_view> SheetTotal(std::string_view totals, std::size_t column) {
     std::vector<std::string_view> columns;
-    if (SplitText(TrimByte(totals, '|'), " ", columns) <= column) return;
-    const std::string_view text = columns[column].substr(0, kLongestTotal);
-    report(day, text, ParseAmount(text));
+    if (SplitText(TrimByte(totals, '|'), " ", columns) <= column) return std::nullopt;
+    return columns[column].substr(0, kLongestTotal);
 }
 
-void ReadOpen(std::string_view day, CSectionScan& scan) {
+void ReadOpen(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
     constexpr std::size_t kTotalColumn = 3;
     const auto rows = scan.Find(kOpen);
     if (!rows) return;
-    ReportSheetTotal(day, scan.TerminatorText(*rows), kTotalColumn, ReportDayPositionPL);
+    if (const auto total = SheetTotal(scan.TerminatorText(*rows), kTotalColumn)) {
+        sink.SetDayPositionPL(day, *total, ParseAmount(*total));
+    }
     scan.ReadRows(kOpen, *rows, [&](Row row) {
-        return ReadBothSides(row, kSides, day, SumFeed::Yes, scan.Listener(), [](const OpiSum&) {});
+        return ReadBothSides(row, kOpenSides, day, SumFeed::Yes, sink, [](const OpiSum&) {});
     });
 }
 
-void ReadClosed(std::string_view day, CSectionScan& scan) {
+void ReadClosed(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
     constexpr std::size_t kTotalColumn = 2;
     const auto rows = scan.Find(kClosed.section);
     if (!rows) return;
-    ReportSheetTotal(day, scan.TerminatorText(*rows), kTotalColumn, ReportDayClosedPL);
-    ReadTableRows(scan, kClosed, *rows, day);
+    if (const auto total = SheetTotal(scan.TerminatorText(*rows), kTotalColumn)) {
+        sink.SetDayClosedPL(day, *total, ParseAmount(*total));
+    }
+    ReadTableRows(scan, kClosed, *rows, day, sink);
 }
 
 }  // namespace
 
-void ReadClientBillStatement(std::string_view day, std::string_view text, CScanListener* listener) {
-    CSectionScan scan(text, SearchFrom::Cursor, listener);
-    ReadMoney(day, scan);
-    ReadTable(scan, kTrades, day);
-    ReadOpen(day, scan);
-    ReadClosed(day, scan);
+void ReadClientBillStatement(const StatementText& statement, CReport& report) {
+    CSectionScan scan(statement.text, SearchFrom::Cursor, statement.listener);
+    CRecordSink sink(report, statement.listener);
+    ReadMoney(statement.day, scan, sink);
+    ReadTable(scan, kTrades, statement.day, sink);
+    ReadOpen(statement.day, scan, sink);
+    ReadClosed(statement.day, scan, sink);
 }
 
 }  // namespace tradebill

@@ -73,7 +73,7 @@ template <class Record, std::size_t N>
     return LastColumn(std::span<const Column<Record>>(table));
 }
 
-/// What `column` becomes in a field.
+/// What `column` becomes in a field. Valid as long as `column`.
 [[nodiscard]] constexpr std::string_view Treated(std::string_view column, Treatment treatment) {
     switch (treatment) {
         case Treatment::Side:
@@ -105,16 +105,23 @@ template <>
     return std::make_unique<MoneyRecord>(ClearedMoneyRecord());
 }
 
-/// A record of `row`. Columns that the row lacks leave their fields empty; a later column of the same field wins.
+/// Fills the fields that `table` names from `row`. Columns that the row lacks leave their fields alone; a later column
+/// of the same field wins.
+template <class Record>
+void FillRecord(Record& record, Row row, std::span<const Column<Record>> table) {
+    for (const auto& entry : table) {
+        if (entry.treatment == Treatment::MustExist) RequireColumn(row, entry.column);
+        if (entry.column < row.size()) entry.field(record, Treated(row[entry.column], entry.treatment));
+    }
+}
+
+/// A record of `row`. Columns that the row lacks leave their fields empty.
 template <class Record>
 [[nodiscard]] std::unique_ptr<Record> MakeRecord(std::string_view billDate, Row row,
                                                  std::span<const Column<Record>> table) {
     auto record = MakeCleared<Record>();
     CopyField(record->BILL_DATE, billDate);
-    for (const auto& entry : table) {
-        if (entry.treatment == Treatment::MustExist) RequireColumn(row, entry.column);
-        if (entry.column < row.size()) entry.field(*record, Treated(row[entry.column], entry.treatment));
-    }
+    FillRecord(*record, row, table);
     return record;
 }
 

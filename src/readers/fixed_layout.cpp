@@ -5,9 +5,9 @@
 
 #include "base/number.h"
 #include "base/text.h"
-#include "readers/date_scan.h"
-#include "readers/hand_over.h"
-#include "report/money_store.h"
+#include "readers/record_sink.h"
+#include "readers/statement_text.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
@@ -32,35 +32,35 @@ std::unique_ptr<MoneyRecord> ReadMoneyBlock(const FixedLayout& layout, const Sec
     return record;
 }
 
-void ReadMoney(const FixedLayout& layout, std::string_view billDate, CSectionScan& scan) {
+void ReadMoney(const FixedLayout& layout, std::string_view billDate, CSectionScan& scan, CRecordSink& sink) {
     const auto rows = scan.Find(layout.money);
     if (!rows) return;
     auto record = ReadMoneyBlock(layout, *rows, scan);
     CopyField(record->BILL_DATE, billDate);
-    HandOver(std::move(record), scan.Listener());
+    sink.Add(std::move(record));
 }
 
-std::string_view BillDateOf(const FixedLayout& layout, std::string_view day, std::string_view text,
-                            CScanListener* listener) {
-    if (layout.dateWord.empty()) return day;
-    const std::string_view date = ScanDate(text, layout.dateWord);
-    if (listener != nullptr) listener->OnDate(layout.dateWord, date);
+std::string_view BillDateOf(const FixedLayout& layout, const StatementText& statement) {
+    if (layout.dateWord.empty()) return statement.day;
+    const std::string_view date = ScanDate(statement.text, layout.dateWord);
+    if (statement.listener != nullptr) statement.listener->OnDate(layout.dateWord, date);
     return date;
 }
 
 }  // namespace
 
-void ReadFixedLayout(const FixedLayout& layout, std::string_view day, std::string_view text, CScanListener* listener) {
-    const std::string_view billDate = BillDateOf(layout, day, text, listener);
-    if (layout.skipsStoredDay && MoneyStore.HasDay(billDate)) return;
-    CSectionScan scan(text, layout.searchFrom, listener);
-    ReadMoney(layout, billDate, scan);
-    ReadTable(scan, layout.trades, billDate);
-    ReadTable(scan, layout.closed, billDate);
-    ReadTable(scan, layout.open, billDate);
-    if (layout.summarySides.empty()) return;
+void ReadFixedLayout(const FixedLayout& layout, const StatementText& statement, CReport& report) {
+    const std::string_view billDate = BillDateOf(layout, statement);
+    if (layout.skipsStoredDay && report.MoneyStore.HasDay(billDate)) return;
+    CSectionScan scan(statement.text, layout.searchFrom, statement.listener);
+    CRecordSink sink(report, statement.listener);
+    ReadMoney(layout, billDate, scan, sink);
+    ReadTable(scan, layout.trades, billDate, sink);
+    ReadTable(scan, layout.closed, billDate, sink);
+    ReadTable(scan, layout.open, billDate, sink);
+    if (layout.summarySides.sides.empty()) return;
     scan.Read(layout.summary, [&](Row row) {
-        return ReadBothSides(row, layout.summarySides, billDate, SumFeed::No, listener, [](const OpiSum&) {});
+        return ReadBothSides(row, layout.summarySides, billDate, SumFeed::No, sink, [](const OpiSum&) {});
     });
 }
 

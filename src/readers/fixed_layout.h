@@ -7,6 +7,7 @@
 
 #include "readers/money_labels.h"
 #include "readers/section_scan.h"
+#include "readers/statement_text.h"
 #include "readers/table_layout.h"
 
 namespace tradebill {
@@ -21,7 +22,7 @@ struct PremiumWords {
 struct FixedLayout {
     SearchFrom searchFrom = SearchFrom::Cursor;
     std::string_view dateWord = {};  ///< the date behind it is BILL_DATE; without a word the day is
-    bool skipsStoredDay = false;     ///< a date that MoneyStore already holds ends the reader
+    bool skipsStoredDay = false;     ///< a date that the money store already holds ends the reader
     SectionLayout money;
     std::span<const MoneyLabel> labels;
     PremiumWords premium = {};  ///< with words QLJSZ is always income less payment
@@ -29,11 +30,10 @@ struct FixedLayout {
     TableLayout<PingDetail> closed;
     TableLayout<OpiDetail> open;
     SectionLayout summary = {};
-    std::span<const PositionSide> summarySides = {};  ///< empty: the layout has no summary
+    SidesLayout summarySides = {};  ///< without sides the layout has no summary
 };
 
-/// Reads a statement into the stores. `day` is the statement file's day, yyyymmdd.
-void ReadFixedLayout(const FixedLayout& layout, std::string_view day, std::string_view text,
-                     CScanListener* listener = nullptr);
+/// Reads a statement into `report`.
+void ReadFixedLayout(const FixedLayout& layout, const StatementText& statement, CReport& report);
 
 }  // namespace tradebill

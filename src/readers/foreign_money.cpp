@@ -2,14 +2,11 @@
 
 #include <algorithm>
 #include <iterator>
-#include <memory>
 #include <string>
 #include <vector>
 
 #include "base/text.h"
 #include "readers/columns.h"
-#include "report/currency_money_store.h"
-#include "report/trade_statistics.h"
 
 namespace tradebill {
 namespace {
@@ -106,23 +103,14 @@ private:
     std::vector<std::string_view> values_;
 };
 
-void HandOverAccount(const MoneyRecord& record) {
-    auto account = std::make_unique<MoneyRecord>(record);
-    TradeStatistics.FeedDayMoney(account.get());
-    MoneyStore.Add(std::move(account), MoneySource::Statement);
-}
-
-void HandOverBlock(const Records& records, Row names, bool isFirstBlock, CScanListener* listener) {
-    if (isFirstBlock) HandOverAccount(records.front());
-    for (std::size_t i = 0; i < records.size(); ++i) {
-        if (listener != nullptr) listener->OnMoney(records[i], names[i]);
-        CurrencyMoneyStore.Add(std::make_unique<MoneyRecord>(records[i]), names[i], MoneySource::Statement);
-    }
+void HandOver(const Records& records, Row names, bool isFirstBlock, CRecordSink& sink) {
+    if (isFirstBlock) sink.AddForeignAccount(records.front());
+    for (std::size_t i = 0; i < records.size(); ++i) sink.AddCurrency(records[i], names[i]);
 }
 
 /// Returns false if the block names no currencies.
 bool ReadBlock(std::string_view day, const SectionLayout& layout, const SectionRows& rows, bool isFirstBlock,
-               CSectionScan& scan) {
+               CSectionScan& scan, CRecordSink& sink) {
     std::vector<std::string_view> names;
     const auto heading = static_cast<std::int64_t>(rows.title) + 1;
     if (SplitText(NamesIn(scan.RowText(heading), isFirstBlock), " ", names) == 0) return false;
@@ -132,18 +120,18 @@ bool ReadBlock(std::string_view day, const SectionLayout& layout, const SectionR
     Records records(names.size(), cleared);
     CBlockReader block(records, scan.Listener());
     scan.ReadRows(layout, rows, [&](Row) { block.ReadRow(scan.CurrentRow()); });
-    HandOverBlock(records, names, isFirstBlock, scan.Listener());
+    HandOver(records, names, isFirstBlock, sink);
     return true;
 }
 
 }  // namespace
 
-void ReadForeignMoney(std::string_view day, CSectionScan& scan) {
+void ReadForeignMoney(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
     std::size_t from = 0;
     for (bool isFirstBlock = true;; isFirstBlock = false) {
         const SectionLayout& layout = isFirstBlock ? kSummaryBlock : kLaterBlock;
         const auto rows = scan.FindBehind(from, layout);
-        if (!rows || !ReadBlock(day, layout, *rows, isFirstBlock, scan)) return;
+        if (!rows || !ReadBlock(day, layout, *rows, isFirstBlock, scan, sink)) return;
         from = rows->terminator;
     }
 }

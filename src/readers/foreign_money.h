@@ -3,12 +3,13 @@
 
 #include <string_view>
 
+#include "readers/record_sink.h"
 #include "readers/section_scan.h"
 
 namespace tradebill {
 
-/// Reads all blocks. The first currency of the first block is the account itself and goes to MoneyStore; every currency
-/// goes to CurrencyMoneyStore, its name the key.
-void ReadForeignMoney(std::string_view day, CSectionScan& scan);
+/// Reads all blocks. The first currency of the first block is the account itself, and goes to `sink` as such too; every
+/// currency goes there under its name.
+void ReadForeignMoney(std::string_view day, CSectionScan& scan, CRecordSink& sink);
 
 }  // namespace tradebill

@@ -5,7 +5,6 @@
 #include "readers/foreign_money.h"
 #include "readers/gap_side.h"
 #include "readers/table_layout.h"
-#include "report/report_document.h"
 
 namespace tradebill {
 namespace {
@@ -101,17 +100,17 @@ void ReadUnderHeadings(CSectionScan& scan, const SectionLayout& layout, OnRow on
     });
 }
 
-void ReadTrades(std::string_view day, CSectionScan& scan) {
+void ReadTrades(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
     ReadUnderHeadings(scan, kTrades, [&](Row row, std::string_view exchange) {
         auto record = MakeRecord(day, row, kTradeColumns);
         CopyField(record->EXCH_NAME, exchange);
         SetSideAndLots(scan.CurrentRow(), row, *record);
-        HandOver(std::move(record), scan.Listener());
+        sink.Add(std::move(record));
     });
 }
 
 /// A closed position takes two rows; the second is the one that counts.
-void ReadClosed(std::string_view day, CSectionScan& scan) {
+void ReadClosed(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
     bool isSecond = false;
     scan.Read(kClosed, [&](Row row) -> RowVerdict {
         const bool counts = isSecond;
@@ -119,29 +118,29 @@ void ReadClosed(std::string_view day, CSectionScan& scan) {
         if (!counts) return {RowFate::FirstOfPair};
         auto record = MakeRecord(day, row, kClosedColumns);
         SetSideAndLots(scan.CurrentRow(), row, *record);
-        if (scan.Listener() != nullptr) scan.Listener()->OnRecord();
-        ReportDocument.FoldForeignClosedRow(*record);
+        sink.AddForeignClosed(*record);
         return {};
     });
 }
 
-void ReadOpen(std::string_view day, CSectionScan& scan) {
+void ReadOpen(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
     ReadUnderHeadings(scan, kOpen, [&](Row row, std::string_view exchange) {
         auto record = MakeRecord(day, row, kOpenColumns);
         CopyField(record->EXCH_NAME, exchange);
         CopyField(record->BID, SideText(ClassifySideByGap(scan.CurrentRow(), row)));
-        HandOver(std::move(record), scan.Listener());
+        sink.Add(std::move(record));
     });
 }
 
 }  // namespace
 
-void ReadForeignStatement(std::string_view day, std::string_view text, CScanListener* listener) {
-    CSectionScan scan(text, SearchFrom::Top, listener);
-    ReadForeignMoney(day, scan);
-    ReadTrades(day, scan);
-    ReadClosed(day, scan);
-    ReadOpen(day, scan);
+void ReadForeignStatement(const StatementText& statement, CReport& report) {
+    CSectionScan scan(statement.text, SearchFrom::Top, statement.listener);
+    CRecordSink sink(report, statement.listener);
+    ReadForeignMoney(statement.day, scan, sink);
+    ReadTrades(statement.day, scan, sink);
+    ReadClosed(statement.day, scan, sink);
+    ReadOpen(statement.day, scan, sink);
 }
 
 }  // namespace tradebill

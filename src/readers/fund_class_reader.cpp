@@ -63,8 +63,8 @@ static_assert(LastColumn(kOpenDetailColumns) < kLayout.open.section.minColumns);
 
 }  // namespace
 
-void ReadFundClassStatement(std::string_view day, std::string_view text, CScanListener* listener) {
-    ReadFixedLayout(kLayout, day, text, listener);
+void ReadFundClassStatement(const StatementText& statement, CReport& report) {
+    ReadFixedLayout(kLayout, statement, report);
 }
 
 }  // namespace tradebill

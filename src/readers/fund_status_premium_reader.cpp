@@ -87,8 +87,8 @@ static_assert(LastColumn(kOpenColumns) < kLayout.open.section.minColumns);
 
 }  // namespace
 
-void ReadFundStatusPremiumStatement(std::string_view day, std::string_view text, CScanListener* listener) {
-    ReadFixedLayout(kLayout, day, text, listener);
+void ReadFundStatusPremiumStatement(const StatementText& statement, CReport& report) {
+    ReadFixedLayout(kLayout, statement, report);
 }
 
 }  // namespace tradebill

@@ -32,33 +32,25 @@ constexpr Column<PingDetail> kClosedColumns[] = {
     {Slot<&PingDetail::OFFSETPL>,     11},
 };
 
+constexpr Column<OpiSum> kSharedColumns[] = {
+    {Slot<&OpiSum::EXCH_NAME>,      0},
+    {Slot<&OpiSum::CONTRACT>,       1},
+    {Slot<&OpiSum::DELIVERY>,       2},
+    {Slot<&OpiSum::YSETTLE_PRICE>,  7},
+    {Slot<&OpiSum::SETTLE_PRICE>,   8},
+    {Slot<&OpiSum::DSYK>,          10},
+    {Slot<&OpiSum::DEPOSIT>,       11},
+    {Slot<&OpiSum::HEDGE>,         12},
+};
 constexpr Column<OpiSum> kBuyColumns[] = {
-    {Slot<&OpiSum::EXCH_NAME>,         0},
-    {Slot<&OpiSum::CONTRACT>,          1},
-    {Slot<&OpiSum::DELIVERY>,          2},
-    {Slot<&OpiSum::BID_POSITION_VOL>,  3},
-    {Slot<&OpiSum::POSITION_PRICE>,    4},
-    {Slot<&OpiSum::YSETTLE_PRICE>,     7},
-    {Slot<&OpiSum::SETTLE_PRICE>,      8},
-    {Slot<&OpiSum::DSYK>,             10},
-    {Slot<&OpiSum::DEPOSIT>,          11},
-    {Slot<&OpiSum::HEDGE>,            12},
+    {Slot<&OpiSum::BID_POSITION_VOL>, 3},
+    {Slot<&OpiSum::POSITION_PRICE>,   4},
 };
-
 constexpr Column<OpiSum> kSellColumns[] = {
-    {Slot<&OpiSum::EXCH_NAME>,         0},
-    {Slot<&OpiSum::CONTRACT>,          1},
-    {Slot<&OpiSum::DELIVERY>,          2},
-    {Slot<&OpiSum::ASK_POSITION_VOL>,  5},
-    {Slot<&OpiSum::POSITION_PRICE>,    6},
-    {Slot<&OpiSum::YSETTLE_PRICE>,     7},
-    {Slot<&OpiSum::SETTLE_PRICE>,      8},
-    {Slot<&OpiSum::DSYK>,             10},
-    {Slot<&OpiSum::DEPOSIT>,          11},
-    {Slot<&OpiSum::HEDGE>,            12},
+    {Slot<&OpiSum::ASK_POSITION_VOL>, 5},
+    {Slot<&OpiSum::POSITION_PRICE>,   6},
 };
-
-constexpr PositionSide kPositionSides[] = {
+constexpr PositionSide kSides[] = {
     {.lotsColumn = 3, .side = "买"_gbk, .columns = kBuyColumns},
     {.lotsColumn = 5, .side = "卖"_gbk, .columns = kSellColumns},
 };
@@ -89,18 +81,17 @@ constexpr FixedLayout kLayout{
                 .terminatorOffset = 2,
                 .firstRow = 3,
                 .minColumns = 13},
-    .summarySides = kPositionSides,
+    .summarySides = {kSharedColumns, kSides},
 };
 static_assert(LastColumn(kFundTradeColumns) < kLayout.trades.section.minColumns);
 static_assert(LastColumn(kClosedColumns) < kLayout.closed.section.minColumns);
 static_assert(LastColumn(kOpenDetailColumns) < kLayout.open.section.minColumns);
-static_assert(LastColumn(kBuyColumns) < kLayout.summary.minColumns);
-static_assert(LastColumn(kSellColumns) < kLayout.summary.minColumns);
+static_assert(LastColumn(kLayout.summarySides) < kLayout.summary.minColumns);
 
 }  // namespace
 
-void ReadFundStatusStatement(std::string_view day, std::string_view text, CScanListener* listener) {
-    ReadFixedLayout(kLayout, day, text, listener);
+void ReadFundStatusStatement(const StatementText& statement, CReport& report) {
+    ReadFixedLayout(kLayout, statement, report);
 }
 
 }  // namespace tradebill

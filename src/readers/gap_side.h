@@ -12,7 +12,9 @@ enum class GapSide { Undecided = 0, Buy = 1, Sell = 2 };
 /// Undecided for rows of fewer than 6 columns, and for subtotals and counts.
 [[nodiscard]] GapSide ClassifySideByGap(std::string_view row, std::string_view delimiter);
 
-/// The same of a row that is neither subtotal nor count, and is split already.
+/// The same of a row that is split already.
+///
+/// REQUIRES: it is neither subtotal nor count, and `columns` point into it.
 [[nodiscard]] GapSide ClassifySideByGap(std::string_view row, std::span<const std::string_view> columns);
 
 }  // namespace tradebill

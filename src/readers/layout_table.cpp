@@ -8,21 +8,31 @@
 namespace tradebill {
 namespace {
 
+constexpr LayoutMarks kClassMarks{.mark = "资金类别"_gbk};
+constexpr LayoutMarks kStatusMarks{.mark = "资金状况"_gbk, .yieldsToFramed = true};
+constexpr LayoutMarks kBillMarks{.mark = "客户帐单_资金清单"_gbk, .sharesSheets = true};
+constexpr LayoutMarks kTabulatedMarks{.mark = "制表时间："_gbk, .isFramed = true, .needsFramedRows = true};
+constexpr LayoutMarks kBilingualMarks{.mark = "客户权益 Client Equity：："_gbk, .isFramed = true};
+constexpr LayoutMarks kNewBilingualMarks{.mark = "客户权益 Client Equity:"_gbk, .isFramed = true};
+constexpr LayoutMarks kSpacedMarks{.mark = "成 交 记 录 单"_gbk,
+                                   .instead = "资 金 清 单"_gbk};  // on days without trades
+constexpr LayoutMarks kForeignMarks{.mark = "资金汇总"_gbk, .alongside = "Base"};
+
 // clang-format off
 constexpr Layout kLayouts[] = {
-    {"fund-class",             0, false, PremiumRule::Any,     "资金类别"_gbk,                  ReadFundClassStatement},
-    {"fund-status",            1, false, PremiumRule::Without, "资金状况"_gbk,                  ReadFundStatusStatement},
-    {"fund-status-premium",    1, false, PremiumRule::With,    "资金状况"_gbk,                  ReadFundStatusPremiumStatement},
-    {"client-bill",            2, false, PremiumRule::Without, "客户帐单_资金清单"_gbk,         ReadClientBillStatement},
-    {"client-bill-premium",    2, false, PremiumRule::With,    "客户帐单_资金清单"_gbk,         ReadClientBillPremiumStatement},
-    {"tabulated",              3, false, PremiumRule::Without, "制表时间："_gbk,                ReadTabulatedStatement},
-    {"bilingual",              3, false, PremiumRule::With,    "客户权益 Client Equity：："_gbk, ReadBilingualStatement},
-    {"bilingual-new",          3, false, PremiumRule::With,    "客户权益 Client Equity:"_gbk,   ReadBilingualStatementNew},
-    {"spaced-title",           6, false, PremiumRule::Without, "成 交 记 录 单"_gbk,            ReadSpacedTitleStatement},
-    {"spaced-title-premium",   6, false, PremiumRule::With,    "成 交 记 录 单"_gbk,            ReadSpacedTitlePremiumStatement},
-    {"client-bill",          201, false, PremiumRule::Without, "客户帐单_资金清单"_gbk,         ReadClientBillStatement},
-    {"client-bill-premium",  201, false, PremiumRule::With,    "客户帐单_资金清单"_gbk,         ReadClientBillPremiumStatement},
-    {"foreign",                0, true,  PremiumRule::Any,     "资金汇总"_gbk,                  ReadForeignStatement},
+    {"fund-class",             0, false, PremiumRule::Any,     kClassMarks,        ReadFundClassStatement},
+    {"fund-status",            1, false, PremiumRule::Without, kStatusMarks,       ReadFundStatusStatement},
+    {"fund-status-premium",    1, false, PremiumRule::With,    kStatusMarks,       ReadFundStatusPremiumStatement},
+    {"client-bill",            2, false, PremiumRule::Without, kBillMarks,         ReadClientBillStatement},
+    {"client-bill-premium",    2, false, PremiumRule::With,    kBillMarks,         ReadClientBillPremiumStatement},
+    {"tabulated",              3, false, PremiumRule::Without, kTabulatedMarks,    ReadTabulatedStatement},
+    {"bilingual",              3, false, PremiumRule::With,    kBilingualMarks,    ReadBilingualStatement},
+    {"bilingual-new",          3, false, PremiumRule::With,    kNewBilingualMarks, ReadBilingualStatementNew},
+    {"spaced-title",           6, false, PremiumRule::Without, kSpacedMarks,       ReadSpacedTitleStatement},
+    {"spaced-title-premium",   6, false, PremiumRule::With,    kSpacedMarks,       ReadSpacedTitlePremiumStatement},
+    {"client-bill",          201, false, PremiumRule::Without, kBillMarks,         ReadClientBillStatement},
+    {"client-bill-premium",  201, false, PremiumRule::With,    kBillMarks,         ReadClientBillPremiumStatement},
+    {"foreign",                0, true,  PremiumRule::Any,     kForeignMarks,      ReadForeignStatement},
 };
 // clang-format on
 

@@ -6,18 +6,30 @@
 #include <string_view>
 
 #include "readers/fixed_readers.h"
+#include "readers/statement_text.h"
 
 namespace tradebill {
 
 /// Whether the text must speak of option premium for a layout to be chosen.
 enum class PremiumRule { Any, Without, With };
 
+/// By what a person tells a layout from the others; a report never guesses by it.
+struct LayoutMarks {
+    std::string_view mark;            ///< GBK; what a statement of it contains
+    std::string_view alongside = {};  ///< what it contains as well, if the mark stands in other texts too
+    std::string_view instead = {};    ///< what it may contain without the mark
+    bool isFramed = false;            ///< tables framed by bars
+    bool needsFramedRows = false;     ///< the mark counts only with rows that begin with a bar
+    bool yieldsToFramed = false;      ///< the mark stands in framed layouts too
+    bool sharesSheets = false;        ///< formats of either equity rule print the same sheets
+};
+
 struct Layout {
     std::string_view name;  ///< that of its sample
-    std::int32_t format;    ///< means nothing for the foreign kind
+    std::int32_t format;    ///< a row of report/statement_format.h; means nothing for the foreign kind
     bool isForeign;
     PremiumRule premium;
-    std::string_view mark;  ///< GBK; what a statement of it contains
+    LayoutMarks marks;
     Reader* read;
 };
 

@@ -30,6 +30,8 @@ void TellLabels(std::span<const MoneyLabel> labels, CScanListener* listener);
 
 /// Tries each column that has a successor as a label against all of `labels`, in their order. A later label overwrites
 /// what an earlier one has written.
+///
+/// REQUIRES: TellLabels has told the listener, if there is one, of `labels`.
 void ReadMoneyRow(Row row, std::span<const MoneyLabel> labels, MoneyRecord& record, CScanListener* listener = nullptr);
 
 /// An amount that the money section states under a label of its own and that no field takes as it stands.

@@ -48,7 +48,9 @@ struct SectionRows {
     std::int64_t end;
 };
 
-/// Scans one statement, section by section. The text must outlive the scan.
+/// Scans one statement, section by section.
+///
+/// REQUIRES: the text outlives the scan.
 class CSectionScan {
 public:
     CSectionScan(std::string_view text, SearchFrom searchFrom, CScanListener* listener = nullptr);
@@ -64,8 +66,11 @@ public:
     /// The first title row of a section whose end isn't looked for, wherever the cursor stands.
     std::optional<std::size_t> FindTitle(const SectionLayout& layout) const;
 
-    /// Calls `onRow(Row)` for each row of a found section that has enough columns. `onRow` may return a RowVerdict.
-    /// Throws CReportError for a row before the first or past the last, once it is its turn.
+    /// Calls `onRow(Row)` for each row of a found section that has enough columns. `onRow` may return a RowVerdict; its
+    /// row is valid during the call. Throws CReportError for a row before the first or past the last, once it is its
+    /// turn.
+    ///
+    /// REQUIRES: `rows` was found in this scan by `layout`.
     template <class OnRow>
     void ReadRows(const SectionLayout& layout, const SectionRows& rows, OnRow onRow) {
         for (std::int64_t row = rows.begin; row < rows.end; ++row) {
@@ -87,8 +92,8 @@ public:
         return rows.has_value();
     }
 
-    /// One row for itself, or nothing if it is too short. Throws CReportError for a row before the first or past the
-    /// last.
+    /// One row for itself, valid until the next is read, or nothing if it is too short. Throws CReportError for a row
+    /// before the first or past the last.
     std::optional<Row> ReadRow(std::int64_t row, const SectionLayout& layout);
 
     /// The row `offset` below a title, for itself; nothing if it is too short or past the last. Throws for one before
@@ -98,10 +103,10 @@ public:
     /// A row's text, without what surrounds it. Throws likewise.
     [[nodiscard]] std::string_view RowText(std::int64_t row) const;
 
-    /// The row that ends a found section.
+    /// The row that ends a section found in this scan.
     [[nodiscard]] std::string_view TerminatorText(const SectionRows& rows) const { return rows_[rows.terminator]; }
 
-    /// The row that is being read.
+    /// The row that is being read. REQUIRES: called from an `onRow`.
     [[nodiscard]] std::string_view CurrentRow() const { return currentRow_; }
 
 private:

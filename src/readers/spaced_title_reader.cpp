@@ -139,7 +139,8 @@ void TakeClosingMoney(Row row, MoneyRecord& record) {
 }
 
 /// The money sheet stands last in the order of work, wherever it stands in the text. Both of its rows must be there.
-void ReadMoney(std::string_view day, CSectionScan& scan, std::span<const Column<MoneyRecord>> columns) {
+void ReadMoney(std::string_view day, CSectionScan& scan, std::span<const Column<MoneyRecord>> columns,
+               CRecordSink& sink) {
     constexpr int kOpeningRow = 3;
     constexpr int kClosingRow = 6;
     const auto found = scan.FindTitle(kMoney);
@@ -149,27 +150,27 @@ void ReadMoney(std::string_view day, CSectionScan& scan, std::span<const Column<
     if (!opening) return;
     auto record = MakeRecord(day, *opening, columns);
     if (const auto closing = scan.ReadRow(title + kClosingRow, kClosingMoney)) TakeClosingMoney(*closing, *record);
-    HandOver(std::move(record), scan.Listener());
+    sink.Add(std::move(record));
 }
 
-void ReadSpacedTitles(const SpacedTitleColumns& columns, std::string_view day, std::string_view text,
-                      CScanListener* listener) {
-    CSectionScan scan(text, SearchFrom::Cursor, listener);
-    ReadTable(scan, TableLayout<MatchRecord>{kTrades, columns.trades}, day);
-    ReadTable(scan, TableLayout<PingDetail>{kClosed, columns.closed}, day);
-    ReadTable(scan, TableLayout<OpiDetail>{kOpen, kOpenDetailColumns}, day);
-    ReadTable(scan, TableLayout<OpiSum>{kSums, columns.sums}, day);
-    ReadMoney(day, scan, columns.money);
+void ReadSpacedTitles(const SpacedTitleColumns& columns, const StatementText& statement, CReport& report) {
+    CSectionScan scan(statement.text, SearchFrom::Cursor, statement.listener);
+    CRecordSink sink(report, statement.listener);
+    ReadTable(scan, TableLayout<MatchRecord>{kTrades, columns.trades}, statement.day, sink);
+    ReadTable(scan, TableLayout<PingDetail>{kClosed, columns.closed}, statement.day, sink);
+    ReadTable(scan, TableLayout<OpiDetail>{kOpen, kOpenDetailColumns}, statement.day, sink);
+    ReadTable(scan, TableLayout<OpiSum>{kSums, columns.sums}, statement.day, sink);
+    ReadMoney(statement.day, scan, columns.money, sink);
 }
 
 }  // namespace
 
-void ReadSpacedTitleStatement(std::string_view day, std::string_view text, CScanListener* listener) {
-    ReadSpacedTitles(kPlain, day, text, listener);
+void ReadSpacedTitleStatement(const StatementText& statement, CReport& report) {
+    ReadSpacedTitles(kPlain, statement, report);
 }
 
-void ReadSpacedTitlePremiumStatement(std::string_view day, std::string_view text, CScanListener* listener) {
-    ReadSpacedTitles(kPremium, day, text, listener);
+void ReadSpacedTitlePremiumStatement(const StatementText& statement, CReport& report) {
+    ReadSpacedTitles(kPremium, statement, report);
 }
 
 }  // namespace tradebill

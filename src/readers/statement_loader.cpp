@@ -1,42 +1,40 @@
 #include "readers/statement_loader.h"
 
-#include <algorithm>
-
 #include "platform/file.h"
 #include "readers/layout_table.h"
 #include "readers/scan_listener.h"
+#include "readers/statement_text.h"
 #include "readers/template_reader.h"
-#include "report/request_copy.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
 
-void ReadWith(const Layout& layout, std::string_view day, std::string_view text, CScanListener* listener) {
-    if (listener != nullptr) listener->OnReader(layout.name);
-    layout.read(day, text, listener);
+void ReadWith(const Layout& layout, const StatementText& statement, CReport& report) {
+    if (statement.listener != nullptr) statement.listener->OnReader(layout.name);
+    layout.read(statement, report);
 }
 
 }  // namespace
 
-bool IsKnownFormat(std::int32_t format) {
-    return std::ranges::any_of(Layouts(),
-                               [format](const Layout& layout) { return !layout.isForeign && layout.format == format; });
-}
+CStatementLoader::CStatementLoader(CReport& report) : report_(report), template_(report.TemplatePath) {}
 
-void ReadStatement(std::string_view day, std::string_view text, CScanListener* listener) {
-    if (IsForeign()) {
-        ReadWith(ForeignLayout(), day, text, listener);
+void CStatementLoader::Read(std::string_view day, std::string_view text, CScanListener* listener) {
+    StatementText statement{.day = day, .text = text, .listener = listener};
+    if (report_.IsForeign()) {
+        ReadWith(ForeignLayout(), statement, report_);
         return;
     }
-    if (ReadTemplateStatement(day, text, listener)) return;
-    const Layout* const layout = FindLayout(Request.StatementFormat, text);
-    if (layout != nullptr) ReadWith(*layout, day, text, listener);
+    statement.byTemplate = template_.Present();
+    if (ReadTemplateStatement(statement, report_)) return;
+    const Layout* const layout = FindLayout(report_.Request.StatementFormat, text);
+    if (layout != nullptr) ReadWith(*layout, statement, report_);
 }
 
-bool LoadStatement(std::string_view day, const std::string& path) {
+bool CStatementLoader::Load(std::string_view day, const std::string& path) {
     const auto text = ReadStatementFile(path);
     if (!text) return false;
-    ReadStatement(day, *text);
+    Read(day, *text);
     return true;
 }
 

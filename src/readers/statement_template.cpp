@@ -1,6 +1,7 @@
 #include "readers/statement_template.h"
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <utility>
 
@@ -8,9 +9,7 @@
 #include "base/gbk.h"
 #include "base/text.h"
 #include "platform/file.h"
-#include "platform/root_folder.h"
 #include "readers/template_keys.h"
-#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {
@@ -68,8 +67,8 @@ std::vector<MoneyLabel> LabelsOf(const CKeys& keys) {
     return labels;
 }
 
-TemplateSide SideOf(const CKeys& keys, std::string_view side, std::string_view lotsKey,
-                    std::span<const TemplateColumnKey<OpiSum>> table) {
+TemplateSide TemplateSideOf(const CKeys& keys, std::string_view side, std::string_view lotsKey,
+                            std::span<const TemplateColumnKey<OpiSum>> table) {
     return {keys.Column(lotsKey), side, ColumnsOf(keys, table)};
 }
 
@@ -138,28 +137,22 @@ private:
         scheme.open.section = TableFrame("OPI_DETAIL");
         const CKeys open(file_, scheme.open.section.name);
         scheme.open.columns = ColumnsOf(open, kOpenKeys);
-        scheme.openSides[0] = SideOf(open, "买"_gbk, "BID_VOL", kOpenBuyKeys);
-        scheme.openSides[1] = SideOf(open, "卖"_gbk, "ASK_VOL", kOpenSellKeys);
+        scheme.openShared = ColumnsOf(open, kOpenSharedKeys);
+        scheme.openSides[0] = TemplateSideOf(open, "买"_gbk, "BID_VOL", kOpenBuyKeys);
+        scheme.openSides[1] = TemplateSideOf(open, "卖"_gbk, "ASK_VOL", kOpenSellKeys);
         scheme.openPLColumn = open.Column("DSYK");
 
         scheme.summary = TableFrame("OPI_SUM");
         const CKeys summary(file_, scheme.summary.name);
-        scheme.summarySides[0] = SideOf(summary, "买"_gbk, "BID_POSITION_VOL", kSummaryBuyKeys);
-        scheme.summarySides[1] = SideOf(summary, "卖"_gbk, "ASK_POSITION_VOL", kSummarySellKeys);
+        scheme.summaryShared = ColumnsOf(summary, kSummarySharedKeys);
+        scheme.summarySides[0] = TemplateSideOf(summary, "买"_gbk, "BID_POSITION_VOL", kSummaryBuyKeys);
+        scheme.summarySides[1] = TemplateSideOf(summary, "卖"_gbk, "ASK_POSITION_VOL", kSummarySellKeys);
     }
 
     const CIniFile& file_;
     CKeys common_;
     bool isNew_;
 };
-
-struct ParsedTemplate {
-    std::string path;
-    FileStamp stamp;
-    CStatementTemplate content;
-};
-std::unique_ptr<ParsedTemplate> Parsed;
-std::string TemplateFile;  // empty: the request names it
 
 }  // namespace
 
@@ -197,29 +190,16 @@ bool CStatementTemplate::HoldsNewScheme(std::string_view day) const {
     return time >= MidnightOf(ParsePackedDay(changeDate_));
 }
 
-void SetTemplateFile(const std::string& path) {
-    TemplateFile = path;
-}
-
-std::string RequestTemplatePath() {
-    if (!TemplateFile.empty()) return TemplateFile;
-    return RootFolder() + "/BillTemplate/" + std::string(FieldText(Request.TemplateName)) + ".ini";
-}
-
-const CStatementTemplate* RequestTemplate() {
-    const std::string path = RequestTemplatePath();
-    const auto stamp = StampOf(path);
+const CStatementTemplate* CTemplateFile::Present() {
+    const auto stamp = path_.empty() ? std::nullopt : StampOf(path_);
     if (!stamp) return nullptr;
-    if (Parsed == nullptr || Parsed->path != path || Parsed->stamp != *stamp) {
-        auto file = LoadIniFile(path);
+    if (parsed_ == nullptr || stamp_ != *stamp) {
+        auto file = LoadIniFile(path_);
         if (!file) return nullptr;
-        Parsed.reset(new ParsedTemplate{path, *stamp, CStatementTemplate(std::move(*file))});
+        parsed_ = std::make_unique<CStatementTemplate>(std::move(*file));
+        stamp_ = *stamp;
     }
-    return &Parsed->content;
-}
-
-void ForgetRequestTemplate() {
-    Parsed.reset();
+    return parsed_.get();
 }
 
 }  // namespace tradebill

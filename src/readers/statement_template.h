@@ -4,11 +4,14 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/ini_file.h"
+#include "platform/file.h"
 #include "readers/money_labels.h"
 #include "readers/money_row.h"
 #include "readers/section_scan.h"
@@ -58,10 +61,12 @@ struct TemplateScheme {
     TemplateTable<MatchRecord> trades;
     TemplateTable<PingDetail> closed;
     std::size_t closedSideColumn = kNoColumn;
-    TemplateTable<OpiDetail> open;  ///< of the formats that name contract and delivery apart
-    TemplateSide openSides[2];      ///< of all others; the section is that of `open`
+    TemplateTable<OpiDetail> open;           ///< of the formats that name contract and delivery apart
+    std::vector<Column<OpiSum>> openShared;  ///< of all others; the section is that of `open`
+    TemplateSide openSides[2];
     std::size_t openPLColumn = kNoColumn;
     TemplateSection summary;
+    std::vector<Column<OpiSum>> summaryShared;
     TemplateSide summarySides[2];
 
     [[nodiscard]] const TemplateSection& Section(SectionKind kind) const;
@@ -89,17 +94,20 @@ private:
     TemplateScheme newScheme_;
 };
 
-/// The template of the request, or null if there is none. Parsed when first asked for, and again when the file changed;
-/// valid until the next call.
-[[nodiscard]] const CStatementTemplate* RequestTemplate();
+/// The template of a run, which may be written while statements are read.
+class CTemplateFile {
+public:
+    /// Of the file `path`, which needn't be there; an empty path is none.
+    explicit CTemplateFile(std::string path) : path_(std::move(path)) {}
 
-/// Where the request's template is expected.
-[[nodiscard]] std::string RequestTemplatePath();
+    /// The template, or null if there is none. Parsed when first asked for, and again when the file changed; valid
+    /// until the next call.
+    [[nodiscard]] const CStatementTemplate* Present();
 
-/// Takes the template from `path`, whatever the request names; an empty path gives the request its say again.
-void SetTemplateFile(const std::string& path);
-
-/// Drops the parsed template, so that a new run reads the file anew.
-void ForgetRequestTemplate();
+private:
+    std::string path_;
+    FileStamp stamp_;
+    std::unique_ptr<CStatementTemplate> parsed_;
+};
 
 }  // namespace tradebill

@@ -1,6 +1,7 @@
 // Sections whose rows make records: a table of columns each, and the rows that hold both sides of a position.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <string_view>
@@ -8,7 +9,7 @@
 
 #include "base/number.h"
 #include "readers/columns.h"
-#include "readers/hand_over.h"
+#include "readers/record_sink.h"
 #include "readers/section_scan.h"
 
 namespace tradebill {
@@ -20,61 +21,79 @@ struct TableLayout {
     std::span<const Column<Record>> columns = {};
 };
 
-/// Reads the rows of a found table; `onRecord(const Record&)` sees each record before it is handed over.
+/// Reads the rows of a found table into `sink`; `onRecord(const Record&)` sees each record before it is handed over.
 template <class Record, class OnRecord>
 void ReadTableRows(CSectionScan& scan, const TableLayout<Record>& table, const SectionRows& rows,
-                   std::string_view billDate, OnRecord onRecord) {
+                   std::string_view billDate, CRecordSink& sink, OnRecord onRecord) {
     scan.ReadRows(table.section, rows, [&](Row row) {
         auto record = MakeRecord(billDate, row, table.columns);
         onRecord(std::as_const(*record));
-        HandOver(std::move(record), scan.Listener());
+        sink.Add(std::move(record));
     });
 }
 template <class Record>
 void ReadTableRows(CSectionScan& scan, const TableLayout<Record>& table, const SectionRows& rows,
-                   std::string_view billDate) {
-    ReadTableRows(scan, table, rows, billDate, [](const Record&) {});
+                   std::string_view billDate, CRecordSink& sink) {
+    ReadTableRows(scan, table, rows, billDate, sink, [](const Record&) {});
 }
 
 /// Finds and reads a table.
 template <class Record>
-void ReadTable(CSectionScan& scan, const TableLayout<Record>& table, std::string_view billDate) {
-    if (const auto rows = scan.Find(table.section)) ReadTableRows(scan, table, *rows, billDate);
+void ReadTable(CSectionScan& scan, const TableLayout<Record>& table, std::string_view billDate, CRecordSink& sink) {
+    if (const auto rows = scan.Find(table.section)) ReadTableRows(scan, table, *rows, billDate, sink);
 }
 
 /// One side of a position row: it makes a record if its lots are above 0.
 struct PositionSide {
     std::size_t lotsColumn;
     std::string_view side;
-    std::span<const Column<OpiSum>> columns;
+    std::span<const Column<OpiSum>> columns;  ///< that this side has for itself
 };
 
-/// Whether sums are all that a layout says of its positions, so that the statistics must be fed with them.
+/// Rows that hold both sides of a position.
+struct SidesLayout {
+    std::span<const Column<OpiSum>> shared = {};  ///< columns that both sides take
+    std::span<const PositionSide> sides = {};     ///< in the order of their records
+};
+
+/// The last column that every row of `layout` must have.
+[[nodiscard]] constexpr std::size_t LastColumn(const SidesLayout& layout) {
+    std::size_t last = LastColumn(layout.shared);
+    for (const PositionSide& side : layout.sides) last = std::max({last, side.lotsColumn, LastColumn(side.columns)});
+    return last;
+}
+
+/// Whether sums are all that a layout says of its positions, so that the daily series must be fed with them.
 enum class SumFeed { No, Yes };
 
 /// Makes the record of one side and hands it over, if the row has lots on it; `onRecord(const OpiSum&)` sees it before.
-/// The lots column must be there.
+/// Returns whether it has.
+///
+/// REQUIRES: the row has the lots column.
 template <class OnRecord>
-bool ReadSide(Row row, const PositionSide& side, std::string_view billDate, SumFeed feed, CScanListener* listener,
-              OnRecord onRecord) {
+bool ReadSide(Row row, std::span<const Column<OpiSum>> shared, const PositionSide& side, std::string_view billDate,
+              SumFeed feed, CRecordSink& sink, OnRecord onRecord) {
     if (ParseInteger(row[side.lotsColumn]) <= 0) return false;
-    auto record = MakeRecord(billDate, row, side.columns);
+    auto record = MakeRecord(billDate, row, shared);
+    FillRecord(*record, row, side.columns);
     CopyField(record->BID, side.side);
     onRecord(std::as_const(*record));
     if (feed == SumFeed::Yes) {
-        FeedAndHandOver(std::move(record), listener);
+        sink.AddOnlyPosition(std::move(record));
     } else {
-        HandOver(std::move(record), listener);
+        sink.Add(std::move(record));
     }
     return true;
 }
 
-/// Reads a row that holds both sides, in the order of `sides`.
+/// Reads a row that holds both sides.
 template <class OnRecord>
-RowVerdict ReadBothSides(Row row, std::span<const PositionSide> sides, std::string_view billDate, SumFeed feed,
-                         CScanListener* listener, OnRecord onRecord) {
+RowVerdict ReadBothSides(Row row, const SidesLayout& layout, std::string_view billDate, SumFeed feed, CRecordSink& sink,
+                         OnRecord onRecord) {
     bool any = false;
-    for (const PositionSide& side : sides) any |= ReadSide(row, side, billDate, feed, listener, onRecord);
+    for (const PositionSide& side : layout.sides) {
+        any |= ReadSide(row, layout.shared, side, billDate, feed, sink, onRecord);
+    }
     return {any ? RowFate::Read : RowFate::NoLots};
 }
 

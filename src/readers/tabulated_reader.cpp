@@ -62,31 +62,24 @@ constexpr Column<OpiDetail> kOpenColumns[] = {
     {Slot<&OpiDetail::DEPOSIT>,       12},
 };
 
+constexpr Column<OpiSum> kSharedColumns[] = {
+    {Slot<&OpiSum::CONTRACT>,       0},
+    {Slot<&OpiSum::DELIVERY>,       1},
+    {Slot<&OpiSum::YSETTLE_PRICE>,  6},
+    {Slot<&OpiSum::SETTLE_PRICE>,   7},
+    {Slot<&OpiSum::DSYK>,           8},
+    {Slot<&OpiSum::DEPOSIT>,        9},
+    {Slot<&OpiSum::HEDGE>,         10},
+};
 constexpr Column<OpiSum> kBuyColumns[] = {
-    {Slot<&OpiSum::CONTRACT>,          0},
-    {Slot<&OpiSum::DELIVERY>,          1},
-    {Slot<&OpiSum::POSITION_VOL>,      2},
-    {Slot<&OpiSum::POSITION_PRICE>,    3},
-    {Slot<&OpiSum::YSETTLE_PRICE>,     6},
-    {Slot<&OpiSum::SETTLE_PRICE>,      7},
-    {Slot<&OpiSum::DSYK>,              8},
-    {Slot<&OpiSum::DEPOSIT>,           9},
-    {Slot<&OpiSum::HEDGE>,            10},
+    {Slot<&OpiSum::POSITION_VOL>,   2},
+    {Slot<&OpiSum::POSITION_PRICE>, 3},
 };
-
 constexpr Column<OpiSum> kSellColumns[] = {
-    {Slot<&OpiSum::CONTRACT>,          0},
-    {Slot<&OpiSum::DELIVERY>,          1},
-    {Slot<&OpiSum::POSITION_VOL>,      4},
-    {Slot<&OpiSum::POSITION_PRICE>,    5},
-    {Slot<&OpiSum::YSETTLE_PRICE>,     6},
-    {Slot<&OpiSum::SETTLE_PRICE>,      7},
-    {Slot<&OpiSum::DSYK>,              8},
-    {Slot<&OpiSum::DEPOSIT>,           9},
-    {Slot<&OpiSum::HEDGE>,            10},
+    {Slot<&OpiSum::POSITION_VOL>,   4},
+    {Slot<&OpiSum::POSITION_PRICE>, 5},
 };
-
-constexpr PositionSide kPositionSides[] = {
+constexpr PositionSide kSides[] = {
     {.lotsColumn = 2, .side = "买"_gbk, .columns = kBuyColumns},
     {.lotsColumn = 4, .side = "卖"_gbk, .columns = kSellColumns},
 };
@@ -123,18 +116,17 @@ constexpr FixedLayout kLayout{
                 .firstRow = 4,
                 .minColumns = 11,
                 .delimiter = "|"},
-    .summarySides = kPositionSides,
+    .summarySides = {kSharedColumns, kSides},
 };
 static_assert(LastColumn(kTradeColumns) < kLayout.trades.section.minColumns);
 static_assert(LastColumn(kClosedColumns) < kLayout.closed.section.minColumns);
 static_assert(LastColumn(kOpenColumns) < kLayout.open.section.minColumns);
-static_assert(LastColumn(kBuyColumns) < kLayout.summary.minColumns);
-static_assert(LastColumn(kSellColumns) < kLayout.summary.minColumns);
+static_assert(LastColumn(kLayout.summarySides) < kLayout.summary.minColumns);
 
 }  // namespace
 
-void ReadTabulatedStatement(std::string_view day, std::string_view text, CScanListener* listener) {
-    ReadFixedLayout(kLayout, day, text, listener);
+void ReadTabulatedStatement(const StatementText& statement, CReport& report) {
+    ReadFixedLayout(kLayout, statement, report);
 }
 
 }  // namespace tradebill

@@ -96,53 +96,41 @@ inline constexpr TemplateColumnKey<OpiDetail> kOpenKeys[] = {
 };
 
 // Rows that hold both sides: the lots decide whether a side has a record.
-inline constexpr TemplateColumnKey<OpiSum> kOpenBuyKeys[] = {
+inline constexpr TemplateColumnKey<OpiSum> kOpenSharedKeys[] = {
     {"CONTRACT",      Slot<&OpiSum::CONTRACT>},
-    {"BID_VOL",       Slot<&OpiSum::POSITION_VOL>},
-    {"BID_PRICE",     Slot<&OpiSum::POSITION_PRICE>},
     {"YSETTLE_PRICE", Slot<&OpiSum::YSETTLE_PRICE>},
     {"SETTLE_PRICE",  Slot<&OpiSum::SETTLE_PRICE>},
     {"DSYK",          Slot<&OpiSum::DSYK>},
     {"DEPOSIT",       Slot<&OpiSum::DEPOSIT>},
     {"HEDGE",         Slot<&OpiSum::HEDGE>},
 };
-
+inline constexpr TemplateColumnKey<OpiSum> kOpenBuyKeys[] = {
+    {"BID_VOL",   Slot<&OpiSum::POSITION_VOL>},
+    {"BID_PRICE", Slot<&OpiSum::POSITION_PRICE>},
+};
 inline constexpr TemplateColumnKey<OpiSum> kOpenSellKeys[] = {
-    {"CONTRACT",      Slot<&OpiSum::CONTRACT>},
-    {"ASK_VOL",       Slot<&OpiSum::POSITION_VOL>},
-    {"ASK_PRICE",     Slot<&OpiSum::POSITION_PRICE>},
-    {"YSETTLE_PRICE", Slot<&OpiSum::YSETTLE_PRICE>},
-    {"SETTLE_PRICE",  Slot<&OpiSum::SETTLE_PRICE>},
-    {"DSYK",          Slot<&OpiSum::DSYK>},
-    {"DEPOSIT",       Slot<&OpiSum::DEPOSIT>},
-    {"HEDGE",         Slot<&OpiSum::HEDGE>},
+    {"ASK_VOL",   Slot<&OpiSum::POSITION_VOL>},
+    {"ASK_PRICE", Slot<&OpiSum::POSITION_PRICE>},
 };
 
 // POSITION_VOL stays empty: the summary keeps its lots in the fields of the two sides, which nothing reads.
+inline constexpr TemplateColumnKey<OpiSum> kSummarySharedKeys[] = {
+    {"EXCH_NAME",     Slot<&OpiSum::EXCH_NAME>},
+    {"CONTRACT",      Slot<&OpiSum::CONTRACT>},
+    {"DELIVERY",      Slot<&OpiSum::DELIVERY>},
+    {"HEDGE",         Slot<&OpiSum::HEDGE>},
+    {"YSETTLE_PRICE", Slot<&OpiSum::YSETTLE_PRICE>},
+    {"SETTLE_PRICE",  Slot<&OpiSum::SETTLE_PRICE>},
+    {"DSYK",          Slot<&OpiSum::DSYK>},
+    {"DEPOSIT",       Slot<&OpiSum::DEPOSIT>},
+};
 inline constexpr TemplateColumnKey<OpiSum> kSummaryBuyKeys[] = {
-    {"EXCH_NAME",        Slot<&OpiSum::EXCH_NAME>},
-    {"CONTRACT",         Slot<&OpiSum::CONTRACT>},
-    {"DELIVERY",         Slot<&OpiSum::DELIVERY>},
-    {"HEDGE",            Slot<&OpiSum::HEDGE>},
     {"BID_POSITION_VOL", Slot<&OpiSum::BID_POSITION_VOL>},
     {"BID_AVPRICE",      Slot<&OpiSum::POSITION_PRICE>},
-    {"YSETTLE_PRICE",    Slot<&OpiSum::YSETTLE_PRICE>},
-    {"SETTLE_PRICE",     Slot<&OpiSum::SETTLE_PRICE>},
-    {"DSYK",             Slot<&OpiSum::DSYK>},
-    {"DEPOSIT",          Slot<&OpiSum::DEPOSIT>},
 };
-
 inline constexpr TemplateColumnKey<OpiSum> kSummarySellKeys[] = {
-    {"EXCH_NAME",        Slot<&OpiSum::EXCH_NAME>},
-    {"CONTRACT",         Slot<&OpiSum::CONTRACT>},
-    {"DELIVERY",         Slot<&OpiSum::DELIVERY>},
-    {"HEDGE",            Slot<&OpiSum::HEDGE>},
     {"ASK_POSITION_VOL", Slot<&OpiSum::ASK_POSITION_VOL>},
     {"ASK_AVPRICE",      Slot<&OpiSum::POSITION_PRICE>},
-    {"YSETTLE_PRICE",    Slot<&OpiSum::YSETTLE_PRICE>},
-    {"SETTLE_PRICE",     Slot<&OpiSum::SETTLE_PRICE>},
-    {"DSYK",             Slot<&OpiSum::DSYK>},
-    {"DEPOSIT",          Slot<&OpiSum::DEPOSIT>},
 };
 // clang-format on
 

@@ -5,11 +5,10 @@
 
 #include "base/number.h"
 #include "base/text.h"
-#include "readers/date_scan.h"
 #include "readers/statement_template.h"
+#include "readers/statement_text.h"
 #include "readers/table_layout.h"
-#include "report/money_store.h"
-#include "report/request_copy.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
@@ -30,7 +29,7 @@ SectionLayout LayoutOf(const TemplateSection& section, SectionKind kind, int ter
             .delimiter = section.delimiter};
 }
 
-PositionSide SideOf(const TemplateSide& side) {
+PositionSide PositionSideOf(const TemplateSide& side) {
     return {.lotsColumn = side.lotsColumn, .side = side.side, .columns = side.columns};
 }
 
@@ -44,8 +43,11 @@ bool StatesLabel(Row row, std::string_view label) {
 /// Reads one statement by one scheme, section by section.
 class CTemplateReader {
 public:
-    CTemplateReader(const TemplateScheme& scheme, std::string_view day, std::string_view text, CScanListener* listener)
-        : scheme_(scheme), day_(day), scan_(text, SearchFrom::Top, listener) {}
+    CTemplateReader(const TemplateScheme& scheme, const StatementText& statement, CReport& report)
+        : scheme_(scheme),
+          day_(statement.day),
+          scan_(statement.text, SearchFrom::Top, statement.listener),
+          sink_(report, statement.listener) {}
 
     void ReadMoney() {
         if (InOneRow()) {
@@ -69,6 +71,7 @@ private:
     const TemplateScheme& scheme_;
     std::string_view day_;
     CSectionScan scan_;
+    CRecordSink sink_;
 };
 
 void CTemplateReader::ReadMoneyInOneRow() {
@@ -77,7 +80,7 @@ void CTemplateReader::ReadMoneyInOneRow() {
     const auto title = scan_.FindTitle(layout);
     if (!title) return;
     const auto row = scan_.ReadRowBelow(*title, scheme_.money.firstRow, layout);
-    if (row) HandOver(MakeMoneyRecord(day_, *row, scheme_.moneyColumns, scheme_.cashFlow), scan_.Listener());
+    if (row) sink_.Add(MakeMoneyRecord(day_, *row, scheme_.moneyColumns, scheme_.cashFlow));
 }
 
 void CTemplateReader::ReadLabelledMoney() {
@@ -104,14 +107,14 @@ void CTemplateReader::ReadLabelledMoney() {
     if ((deposits > 0 || withdrawals > 0) && FieldText(record->CRJ).empty()) {
         CopyField(record->CRJ, CNumberText(deposits - withdrawals).View());
     }
-    HandOver(std::move(record), scan_.Listener());
+    sink_.Add(std::move(record));
 }
 
 void CTemplateReader::ReadTrades() {
     const auto& table = scheme_.trades;
     ReadTable(scan_,
               TableLayout<MatchRecord>{LayoutOf(table.section, SectionKind::Trades, 2, kLeastColumns), table.columns},
-              day_);
+              day_, sink_);
 }
 
 /// Where the money section is one row, it has no realised P/L, and the rows' sum stands in for it.
@@ -125,16 +128,16 @@ void CTemplateReader::ReadClosed() {
         RequireColumn(row, scheme_.closedSideColumn);
         auto record = MakeRecord(day_, row, layout.columns);
         total += AmountIn(record->OFFSETPL);
-        HandOver(std::move(record), scan_.Listener());
+        sink_.Add(std::move(record));
     });
-    if (InOneRow()) ReportDayClosedPL(day_, CNumberText::SixDecimals(total).View(), total);
+    if (InOneRow()) sink_.SetDayClosedPL(day_, CNumberText::SixDecimals(total).View(), total);
 }
 
 void CTemplateReader::ReadOpen() {
     const auto& table = scheme_.open;
     ReadTable(scan_,
-              TableLayout<OpiDetail>{LayoutOf(table.section, SectionKind::Open, 2, kLeastColumns), table.columns},
-              day_);
+              TableLayout<OpiDetail>{LayoutOf(table.section, SectionKind::Open, 2, kLeastColumns), table.columns}, day_,
+              sink_);
 }
 
 /// A lots column that the template names must be in every row. The P/L joins the total with or without lots.
@@ -143,7 +146,8 @@ RowVerdict CTemplateReader::ReadOpenRow(Row row, double& total) {
     for (const TemplateSide& side : scheme_.openSides) {
         if (side.lotsColumn == kNoColumn) continue;
         RequireColumn(row, side.lotsColumn);
-        const bool made = ReadSide(row, SideOf(side), day_, SumFeed::Yes, scan_.Listener(), [](const OpiSum&) {});
+        const bool made =
+            ReadSide(row, scheme_.openShared, PositionSideOf(side), day_, SumFeed::Yes, sink_, [](const OpiSum&) {});
         if (made) verdict.fate = RowFate::Read;
     }
     if (scheme_.openPLColumn < row.size()) {
@@ -156,7 +160,7 @@ void CTemplateReader::ReadOpenBothSides() {
     const SectionLayout layout = LayoutOf(scheme_.open.section, SectionKind::Open, 2, kLeastColumns);
     double total = 0;
     const bool found = scan_.Read(layout, [&](Row row) { return ReadOpenRow(row, total); });
-    if (found && InOneRow()) ReportDayPositionPL(day_, CNumberText::SixDecimals(total).View(), total);
+    if (found && InOneRow()) sink_.SetDayPositionPL(day_, CNumberText::SixDecimals(total).View(), total);
 }
 
 void CTemplateReader::ReadSummary() {
@@ -165,7 +169,8 @@ void CTemplateReader::ReadSummary() {
         RowVerdict verdict{RowFate::NoLots};
         for (const TemplateSide& side : scheme_.summarySides) {
             if (side.lotsColumn >= row.size()) continue;
-            const bool made = ReadSide(row, SideOf(side), day_, SumFeed::No, scan_.Listener(), [](const OpiSum&) {});
+            const bool made = ReadSide(row, scheme_.summaryShared, PositionSideOf(side), day_, SumFeed::No, sink_,
+                                       [](const OpiSum&) {});
             if (made) verdict.fate = RowFate::Read;
         }
         return verdict;
@@ -179,9 +184,9 @@ struct Step {
     void (CTemplateReader::*read)();
 };
 
-/// Reads the enabled sections in their order up to one that is incomplete, which it returns.
-const TemplateSection* ReadSections(const TemplateScheme& scheme, CTemplateReader& reader) {
-    const bool apart = NamesDeliveryApart(Request.StatementFormat);
+/// Reads the enabled sections in their order up to one that is incomplete, which it returns. `apart`: product and
+/// delivery month have columns of their own.
+const TemplateSection* ReadSections(const TemplateScheme& scheme, bool apart, CTemplateReader& reader) {
     const Step steps[] = {
         {scheme.money, scheme.moneyMode == kMoneyLabelled, &CTemplateReader::ReadMoney},
         {scheme.trades.section, true, &CTemplateReader::ReadTrades},
@@ -198,10 +203,10 @@ const TemplateSection* ReadSections(const TemplateScheme& scheme, CTemplateReade
 }
 
 /// Whether a statement of the same date, by what the text says of itself, has been read.
-bool IsKnownDay(std::string_view text, std::string_view dateWord, CScanListener* listener) {
-    const auto date = FindDate(text, dateWord);
-    if (listener != nullptr) listener->OnDate(dateWord, date.value_or(std::string_view()));
-    return date && MoneyStore.HasDay(*date);
+bool IsKnownDay(const StatementText& statement, std::string_view dateWord, const CMoneyStore& store) {
+    const auto date = FindDate(statement.text, dateWord);
+    if (statement.listener != nullptr) statement.listener->OnDate(dateWord, date.value_or(std::string_view()));
+    return date && store.HasDay(*date);
 }
 
 void Tell(CScanListener* listener, const TemplateSeen& seen) {
@@ -210,29 +215,28 @@ void Tell(CScanListener* listener, const TemplateSeen& seen) {
 
 }  // namespace
 
-bool ReadTemplateStatement(std::string_view day, std::string_view text, CScanListener* listener) {
+bool ReadTemplateStatement(const StatementText& statement, CReport& report) {
     using enum TemplateSeen::Outcome;
-    const CStatementTemplate* const source = RequestTemplate();
-    if (source == nullptr) {
-        Tell(listener, {.outcome = NoFile});
+    if (statement.byTemplate == nullptr) {
+        Tell(statement.listener, {.outcome = NoFile});
         return false;
     }
-    const bool isNew = source->HoldsNewScheme(day);
-    const TemplateScheme& scheme = source->Scheme(isNew);
-    if (IsKnownDay(text, scheme.dateWord, listener)) {
-        Tell(listener, {.outcome = KnownDay, .newScheme = isNew});
+    const bool isNew = statement.byTemplate->HoldsNewScheme(statement.day);
+    const TemplateScheme& scheme = statement.byTemplate->Scheme(isNew);
+    if (IsKnownDay(statement, scheme.dateWord, report.MoneyStore)) {
+        Tell(statement.listener, {.outcome = KnownDay, .newScheme = isNew});
         return true;
     }
-    CTemplateReader reader(scheme, day, text, listener);
-    const TemplateSection* const incomplete = ReadSections(scheme, reader);
+    CTemplateReader reader(scheme, statement, report);
+    const TemplateSection* const incomplete = ReadSections(scheme, report.Format().namesDeliveryApart, reader);
     if (incomplete == nullptr) {
-        Tell(listener, {.outcome = Read, .newScheme = isNew});
+        Tell(statement.listener, {.outcome = Read, .newScheme = isNew});
         return true;
     }
-    Tell(listener, {.outcome = Incomplete,
-                    .newScheme = isNew,
-                    .section = incomplete->name,
-                    .missingKey = incomplete->MissingKey()});
+    Tell(statement.listener, {.outcome = Incomplete,
+                              .newScheme = isNew,
+                              .section = incomplete->name,
+                              .missingKey = incomplete->MissingKey()});
     return false;
 }
 

@@ -34,6 +34,4 @@ public:
     void Clear() { *this = {}; }
 };
 
-extern CAccountStatistics AccountStatistics;
-
 }  // namespace tradebill

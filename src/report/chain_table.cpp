@@ -12,17 +12,12 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "platform/file.h"
-#include "platform/root_folder.h"
-#include "report/request_copy.h"
 
 namespace tradebill {
-
-CChainTable ChainTable;
 
 namespace {
 
 constexpr std::size_t kLongestProduct = 31;
-constexpr std::size_t kLongestPath = 255;
 constexpr std::int32_t kAlwaysListed = 99;  ///< items up to this number are listed even if the file lacks them
 
 /// The number in `name` if it is `prefix` and a number of at least `digits` digits, written as "%0<digits>d" writes it.
@@ -77,11 +72,6 @@ std::vector<std::string> ReadItems(const CIniFile::Section& section) {
 bool CContractChain::Contains(std::string_view product) const {
     const std::scoped_lock guard(lock_);
     return std::ranges::find(Items, product) != Items.end();
-}
-
-void CChainTable::Load() {
-    const std::string path = RootFolder() + (IsForeign() ? "/sys/wpchain.ini" : "/sys/chain.ini");
-    Load(path.substr(0, kLongestPath));
 }
 
 void CChainTable::Load(const std::string& path) {

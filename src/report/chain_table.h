@@ -32,15 +32,11 @@ class CChainTable {
 public:
     std::vector<std::unique_ptr<CContractChain>> Chains;  ///< in file order, two of one ItemBase included
 
-    /// Reads "sys/chain.ini" under the root folder, or "sys/wpchain.ini" if the request copy is of the foreign kind. A
-    /// missing file leaves the table empty. What the file's counts promise beyond what it holds takes no memory to
-    /// speak of.
-    void Load();
-
-    /// Reads `path` in the same way.
+    /// Adds the chains of a file. A missing one adds nothing. What the file's counts promise beyond what it holds takes
+    /// no memory to speak of.
     void Load(const std::string& path);
 
-    /// The chain headed by `product`, or null; the later one of two.
+    /// The chain headed by `product`, or null; the later one of two. Valid until Clear().
     [[nodiscard]] const CContractChain* FindChain(std::string_view product) const;
 
     void Clear();
@@ -49,7 +45,5 @@ private:
     std::unordered_map<std::string, const CContractChain*> byBase_;
     mutable CLock lock_;
 };
-
-extern CChainTable ChainTable;
 
 }  // namespace tradebill

@@ -5,22 +5,21 @@
 
 namespace tradebill {
 
-CCurrencyMoneyStore CurrencyMoneyStore;
-
 CMoneyStore* CCurrencyMoneyStore::Find(std::string_view currency) const {
     const auto found = byName_.find(std::string(currency));
     return found == byName_.end() ? nullptr : found->second;
 }
 
-bool CCurrencyMoneyStore::Add(std::unique_ptr<MoneyRecord> record, std::string_view currency, MoneySource source) {
+bool CCurrencyMoneyStore::Add(std::unique_ptr<MoneyRecord> record, std::string_view currency, MoneySource source,
+                              EquityRule equity) {
     if (CMoneyStore* const store = Find(currency); store != nullptr) {
-        if (record != nullptr) return store->Add(std::move(record), source);
+        if (record != nullptr) return store->Add(std::move(record), source, equity);
         std::erase(Names, currency);
         byName_.erase(std::string(currency));
     }
     const std::scoped_lock guard(lock_);
     auto store = std::make_unique<CMoneyStore>();
-    store->Add(std::move(record), source);
+    store->Add(std::move(record), source, equity);
     byName_.emplace(currency, store.get());
     Names.emplace_back(currency);
     Stores.push_back(std::move(store));

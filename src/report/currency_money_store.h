@@ -24,7 +24,8 @@ public:
     /// Adds to the store of `currency`, which is made if it isn't there. A null record is refused by the store; for a
     /// currency that is there it also puts an empty store in the place of the old one. Returns what the store's Add
     /// returns, true when a store was made.
-    bool Add(std::unique_ptr<MoneyRecord> record, std::string_view currency, MoneySource source);
+    bool Add(std::unique_ptr<MoneyRecord> record, std::string_view currency, MoneySource source,
+             EquityRule equity = EquityRule::AsPrinted);
 
     void Clear();
 
@@ -32,7 +33,5 @@ private:
     std::unordered_map<std::string, CMoneyStore*> byName_;
     CLock lock_;
 };
-
-extern CCurrencyMoneyStore CurrencyMoneyStore;
 
 }  // namespace tradebill

@@ -3,12 +3,9 @@
 #include <mutex>
 
 #include "base/number.h"
-#include "report/chain_table.h"
 
 namespace tradebill {
 namespace {
-
-constexpr double kLeastEquity = 1.1920928955078125e-7;  // single-precision epsilon
 
 void OpenPosition(ContractPosition& position, const PositionRow& row) {
     if (row.lots <= 0) return;
@@ -51,21 +48,6 @@ void ApplyRow(ContractPosition& position, const PositionRow& row) {
     }
 }
 
-void TakeMargin(ContractPosition& larger, ContractPosition& smaller) {
-    larger.Margin -= smaller.Margin;
-    larger.NetLots = larger.Margin / larger.UnitMargin;
-    smaller.Margin = 0;
-    smaller.NetLots = 0;
-}
-
-void Net(ContractPosition& head, ContractPosition& other) {
-    if (head.Margin >= other.Margin) {
-        TakeMargin(head, other);
-    } else {
-        TakeMargin(other, head);
-    }
-}
-
 }  // namespace
 
 void CDayUsage::AddRow(std::string_view product, const PositionRow& row) {
@@ -77,26 +59,6 @@ void CDayUsage::AddRow(std::string_view product, const PositionRow& row) {
         slot->Product = product;
     }
     ApplyRow(*slot, row);
-}
-
-void CDayUsage::OffsetMargins() {
-    const std::scoped_lock guard(lock_);
-    for (std::size_t i = 0; i < Positions.size(); ++i) {
-        ContractPosition& head = *Positions[i];
-        // The test goes one way only: the earlier position must head a chain of which the later one is an item.
-        const CContractChain* const chain = ChainTable.FindChain(head.Product);
-        if (chain == nullptr) continue;
-        for (std::size_t k = i + 1; k < Positions.size() && head.Margin > 0; ++k) {
-            ContractPosition& other = *Positions[k];
-            if (head.Side != other.Side && chain->Contains(other.Product)) Net(head, other);
-        }
-    }
-    if (HasFigures != 1 || !(Equity > kLeastEquity) || Positions.empty()) return;
-    Margin = 0;
-    for (const auto& position : Positions) {
-        if (position->Margin > 0) Margin += position->Margin;
-    }
-    Risk = Margin / Equity;
 }
 
 }  // namespace tradebill

@@ -17,7 +17,7 @@ struct ContractPosition {
     std::string Product;    ///< the contract's text up to its first digit
     std::string Side;       ///< "买" or "卖"; empty until a row with lots has come
     std::int32_t Lots = 0;  ///< net
-    double NetLots = 0;     ///< after the offset pass; read by nothing
+    double NetLots = 0;     ///< after the margins are offset; read by nothing
     std::string Day;        ///< of the row that opened the position
     double Margin = 1.0;
     double UnitMargin = 1.0;  ///< per lot
@@ -36,17 +36,14 @@ class CDayUsage {
 public:
     std::string Day;                                           ///< yyyymmdd
     std::vector<std::unique_ptr<ContractPosition>> Positions;  ///< in order of first appearance
-    double Margin = 0;                                         ///< of the day, replaced by OffsetMargins
+    double Margin = 0;                                         ///< of the day; replaced where margins are offset
     double Equity = 0;
     std::int32_t HasFigures = 0;  ///< 1 once the day's money figures came in
     double Risk = 0;              ///< Margin / Equity
 
     /// Adds a row to the position of `product`, which is made if it isn't there.
+    /// REQUIRES: rows come in the order of the statement: it decides side and margin per lot.
     void AddRow(std::string_view product, const PositionRow& row);
-
-    /// Takes the smaller margin off the larger where opposite positions belong to one chain, then adds up Margin and
-    /// Risk anew.
-    void OffsetMargins();
 
 private:
     std::unordered_map<std::string, ContractPosition*> byProduct_;

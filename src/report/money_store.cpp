@@ -7,11 +7,8 @@
 
 #include "base/number.h"
 #include "base/text.h"
-#include "report/request_copy.h"
 
 namespace tradebill {
-
-CMoneyStore MoneyStore;
 
 namespace {
 
@@ -21,7 +18,7 @@ std::string KeyOf(std::string_view day) {
     return std::string(day.substr(0, kKeyLength));
 }
 
-/// Formats 2 and 6 print margin and free funds, but no equity.
+/// For statements that print margin and free funds, but no equity.
 void FillEquity(MoneyRecord& record) {
     CopyField(record.KHQY, CNumberText(AmountIn(record.BZJZY) + AmountIn(record.KYZJ)).View());
 }
@@ -36,10 +33,10 @@ void Raise(double& bound, double value) {
 
 }  // namespace
 
-bool CMoneyStore::Add(std::unique_ptr<MoneyRecord> record, MoneySource source) {
+bool CMoneyStore::Add(std::unique_ptr<MoneyRecord> record, MoneySource source, EquityRule equity) {
     if (record == nullptr) return false;
     const std::scoped_lock guard(lock_);
-    if (Request.StatementFormat == 2 || Request.StatementFormat == 6) FillEquity(*record);
+    if (equity == EquityRule::MarginAndAvailable) FillEquity(*record);
     if (Records.empty()) {
         TakeFirst(*record, source);
     } else {
@@ -126,14 +123,14 @@ const MoneyRecord* CMoneyStore::FindDay(std::string_view day) const {
 }
 
 void CMoneyStore::SetDayClosedPL(std::string_view day, std::string_view value) {
-    const std::scoped_lock guard(MoneyStore.lock_);
-    MoneyRecord* const record = MoneyStore.Find(day);
+    const std::scoped_lock guard(lock_);
+    MoneyRecord* const record = Find(day);
     if (record == nullptr) return;
     CopyField(record->PCYK, value);
-    MoneyStore.TotalClosedPL += ParseAmount(value);
+    TotalClosedPL += ParseAmount(value);
     const double dayPL = AmountIn(record->PCYK) / record->EXCHANGE_RATE;
-    Lower(MoneyStore.MinDayPL, dayPL);
-    Raise(MoneyStore.MaxDayPL, dayPL);
+    Lower(MinDayPL, dayPL);
+    Raise(MaxDayPL, dayPL);
 }
 
 void CMoneyStore::SetDayPositionPL(std::string_view day, std::string_view value, double amount) {

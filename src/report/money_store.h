@@ -11,8 +11,12 @@
 
 #include "platform/lock.h"
 #include "report/records.h"
+#include "report/statement_format.h"
 
 namespace tradebill {
+
+/// Width and height, in pixels, of equity, realised, account-yield and trading-yield chart.
+using ChartSizes = std::array<int, 8>;
 
 /// Where a MoneyRecord comes from: it decides which of its fields count.
 enum class MoneySource : std::uint32_t { Live = 0, Statement = 1 };
@@ -41,10 +45,10 @@ public:
     double TotalFees = 0;       ///< sum of the magnitudes of SXF and XQSXF
 
     // Clear leaves these alone.
-    double TotalPremium = 0;          ///< sum of QLJSZ; only the first record's is divided by the rate
-    std::string StartDateText;        ///< first day of the report, yyyy-mm-dd
-    std::string EndDateText;          ///< last day
-    std::array<int, 8> ChartSizes{};  ///< width and height of equity, realised, account-yield and trading-yield chart
+    double TotalPremium = 0;    ///< sum of QLJSZ; only the first record's is divided by the rate
+    std::string StartDateText;  ///< first day of the report, yyyy-mm-dd
+    std::string EndDateText;    ///< last day
+    tradebill::ChartSizes ChartSizes{};
 
     /// In order of adding; a day that came again stands where it came last.
     std::vector<std::unique_ptr<MoneyRecord>> Records;
@@ -52,19 +56,19 @@ public:
     [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(Records.size()); }
 
     /// Takes over `record` and adds it to the figures. A record of a day that is already here replaces the old one in
-    /// the list, but the old one's amounts stay in the totals. Returns false for null. For formats 2 and 6, which print
-    /// no equity, KHQY is replaced by BZJZY + KYZJ.
-    bool Add(std::unique_ptr<MoneyRecord> record, MoneySource source);
+    /// the list, but the old one's amounts stay in the totals. Returns false for null. Where no equity is printed, KHQY
+    /// is replaced by BZJZY + KYZJ.
+    bool Add(std::unique_ptr<MoneyRecord> record, MoneySource source, EquityRule equity = EquityRule::AsPrinted);
 
     /// Whether a record of `day` is here. Up to 14 bytes of `day` are compared with the whole key.
     [[nodiscard]] bool HasDay(std::string_view day) const;
 
-    /// The record of `day`, likewise, or null; valid until the day comes again or Clear().
+    /// The record of `day`, likewise, or null. Valid until the day comes again or Clear().
     [[nodiscard]] const MoneyRecord* FindDay(std::string_view day) const;
 
-    /// Sets PCYK of the day's record in the account's store, whichever store is asked, and adds it to TotalClosedPL
-    /// without taking off what was there before. Nothing for a day that isn't here.
-    static void SetDayClosedPL(std::string_view day, std::string_view value);
+    /// Sets PCYK of the day's record and adds it to TotalClosedPL without taking off what was there before. Nothing for
+    /// a day that isn't here.
+    void SetDayClosedPL(std::string_view day, std::string_view value);
 
     /// Sets CCDSYK of the day's record and adds `amount` to TotalPositionPL, not divided by the rate.
     void SetDayPositionPL(std::string_view day, std::string_view value, double amount);
@@ -81,7 +85,5 @@ private:
     std::unordered_map<std::string, MoneyRecord*> byDay_;
     mutable CLock lock_;
 };
-
-extern CMoneyStore MoneyStore;
 
 }  // namespace tradebill

@@ -121,6 +121,12 @@ inline constexpr TextField<OpiSum> kOpiSumFields[] = {
     TRADEBILL_TEXT_FIELD(OpiSum, DEPOSIT),
     TRADEBILL_TEXT_FIELD(OpiSum, HEDGE),
 };
+
+inline constexpr TextField<ContractOffset> kOffsetFields[] = {
+    TRADEBILL_TEXT_FIELD(ContractOffset, CONTRACT),
+    TRADEBILL_TEXT_FIELD(ContractOffset, DELIVERY),
+    TRADEBILL_TEXT_FIELD(ContractOffset, CURRENCY),
+};
 // clang-format on
 
 #undef TRADEBILL_TEXT_FIELD

@@ -15,6 +15,7 @@
 
 namespace tradebill {
 
+/// Tallies are filled by closed_rows.h.
 class CReportDocument {
 public:
     std::vector<std::unique_ptr<ContractOffset>> Offsets;  ///< in order of first appearance
@@ -23,12 +24,13 @@ public:
     std::string ImageFolderName;  ///< of the pictures' folder, relative to BillFolder
     int PageWidth = 0;            ///< of every table, in pixels; 0 until pictures have been made
 
-    /// Folds a row of the domestic family: its P/L is computed from prices, lots and the contract's unit, not taken
-    /// from the statement. Counts it in AccountStatistics. May ask the host for the unit, with the lock held.
-    void FoldClosedRow(const PingDetail& row);
+    struct Found {
+        ContractOffset& offset;
+        bool isNew;
+    };
 
-    /// Folds a row of the foreign family, into the long fields alone: the statement's P/L as it stands.
-    void FoldForeignClosedRow(const PingDetail& row);
+    /// The tally under `key`; a new one bears the row's contract and delivery month. Valid until ClearOffsets().
+    Found FindOrCreate(std::string_view key, const PingDetail& row);
 
     void ClearOffsets();
 
@@ -37,18 +39,8 @@ private:
         using is_transparent = void;
         std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
     };
-    struct Found {
-        ContractOffset& offset;
-        bool isNew;
-    };
-
-    /// The tally under `key`; a new one bears the row's contract and delivery month.
-    Found FindOrCreate(std::string_view key, const PingDetail& row);
-
     std::unordered_map<std::string, ContractOffset*, TextHash, std::equal_to<>> byKey_;
     CLock lock_;
 };
-
-extern CReportDocument ReportDocument;
 
 }  // namespace tradebill

@@ -3,14 +3,10 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "base/text.h"
 #include "report/record_fields.h"
 #include "report/records.h"
 
 namespace tradebill {
-
-GenerateBillRequest Request = ClearedRequest();
-ReportRange ReportDays;
 
 namespace {
 
@@ -32,25 +28,17 @@ GenerateBillRequest ClearedRequest() {
     return request;
 }
 
-void CopyRequest(const GenerateBillRequest& request) {
-    Request = request;
-    Terminate(Request.TemplateName);
-    Terminate(Request.StartDate);
-    Terminate(Request.EndDate);
-    Terminate(Request.Account);
-    Terminate(Request.UserFolder);
-    TerminateTexts(Request.BaseMoney);
-    for (MoneyRecord& money : Request.CurrencyMoney) TerminateTexts(money);
-    Request.CurrencyCount = std::clamp<std::int32_t>(request.CurrencyCount, 0, kCurrencyMoneyCapacity);
-}
-
-std::int32_t AskContractUnit(std::string_view contract, std::string_view delivery) {
-    if (Request.ContractUnitCallback == nullptr) return 1;
-    char contractText[64] = {};
-    char deliveryText[64] = {};
-    CopyField(contractText, contract);
-    CopyField(deliveryText, delivery);
-    return Request.ContractUnitCallback(Request.Account, contractText, deliveryText);
+GenerateBillRequest CopyRequest(const GenerateBillRequest& request) {
+    GenerateBillRequest copy = request;
+    Terminate(copy.TemplateName);
+    Terminate(copy.StartDate);
+    Terminate(copy.EndDate);
+    Terminate(copy.Account);
+    Terminate(copy.UserFolder);
+    TerminateTexts(copy.BaseMoney);
+    for (MoneyRecord& money : copy.CurrencyMoney) TerminateTexts(money);
+    copy.CurrencyCount = std::clamp<std::int32_t>(request.CurrencyCount, 0, kCurrencyMoneyCapacity);
+    return copy;
 }
 
 }  // namespace tradebill

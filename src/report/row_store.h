@@ -8,11 +8,13 @@
 #include <vector>
 
 #include "platform/lock.h"
+#include "report/records.h"
 
 namespace tradebill {
 
-/// Rows in the order of reading. A row belongs to the store until Clear; the same row twice is two rows. Rows is read
-/// without the lock, since nothing writes once the days are read.
+/// Rows in the order of reading. A row belongs to the store until Clear; the same row twice is two rows.
+///
+/// REQUIRES: nobody adds while Rows is read, which takes no lock.
 template <class Record>
 class CRowStore {
 public:
@@ -37,5 +39,10 @@ public:
 private:
     CLock lock_;
 };
+
+using CMatchStore = CRowStore<MatchRecord>;
+using CPingDetailStore = CRowStore<PingDetail>;
+using COpiDetailStore = CRowStore<OpiDetail>;
+using COpiSumStore = CRowStore<OpiSum>;
 
 }  // namespace tradebill

@@ -1,51 +1,17 @@
 #include "report/trade_statistics.h"
 
-#include <algorithm>
 #include <mutex>
 
 #include "base/gbk.h"
 #include "base/number.h"
 #include "base/text.h"
-#include "report/money_store.h"
-#include "report/request_copy.h"
 
 namespace tradebill {
-
-CTradeStatistics TradeStatistics;
 
 namespace {
 
 constexpr double kLeastEquity = 1.1754943508222875e-38;  // the smallest normal single-precision value
-constexpr double kLeastBase = 1.1920928955078125e-7;     // single-precision epsilon
-constexpr std::size_t kProductSize = 32;
 constexpr std::size_t kDayLength = 8;
-
-/// All delivery months of a product are one position: the letters of the contract before its first digit.
-std::string_view UpToFirstDigit(std::string_view contract) {
-    const auto digit = std::ranges::find_if(contract, IsDigit);
-    return contract.substr(0, static_cast<std::size_t>(digit - contract.begin()));
-}
-
-/// A contract's text, cut to its field, on the way to a product text.
-class CProductText {
-public:
-    explicit CProductText(std::string_view contract) { CopyField(text_, contract); }
-
-    /// For layouts that print names where the others print codes: the name without blanks of either width around it, or
-    /// the code that the host has for it.
-    void TakeName() {
-        const std::string name(TrimByte(TrimByte(FieldText(text_), ' '), kFullWidthBlankByte));
-        CopyField(text_, name);
-        if (Request.ProductNameCallback == nullptr) return;
-        char code[kProductSize] = {};
-        if (Request.ProductNameCallback(text_, code) == 1) CopyField(text_, FieldText(code));
-    }
-
-    [[nodiscard]] std::string_view View() const { return UpToFirstDigit(FieldText(text_)); }
-
-private:
-    char text_[kProductSize] = {};
-};
 
 template <class Figures>
 double HighestOf(const CDaySeries<Figures>& series, double Figures::*figure) {
@@ -103,10 +69,9 @@ void CTradeStatistics::SetEquity(std::string_view day, double equity, double mar
     SetFigure(day, &DayFigure::Closing, equity);
 }
 
-void CTradeStatistics::FeedOpiSum(const OpiSum& row) {
-    const CProductText product(FieldText(row.CONTRACT));
+void CTradeStatistics::FeedOpiSum(const OpiSum& row, std::string_view product) {
     const bool isLong = FieldText(row.BID) == "买"_gbk;
-    AddRow(FieldText(row.BILL_DATE), product.View(),
+    AddRow(FieldText(row.BILL_DATE), product,
            {.day = FieldText(row.BILL_DATE),
             .side = isLong ? "买"_gbk : "卖"_gbk,
             .lots = IntegerIn(row.POSITION_VOL),
@@ -114,11 +79,9 @@ void CTradeStatistics::FeedOpiSum(const OpiSum& row) {
             .isSummary = true});
 }
 
-void CTradeStatistics::FeedOpiDetail(const OpiDetail& row) {
-    CProductText product(FieldText(row.CONTRACT));
-    if (Request.StatementFormat == 0) product.TakeName();
+void CTradeStatistics::FeedOpiDetail(const OpiDetail& row, std::string_view product) {
     const bool isLong = FieldText(row.BID) == "买"_gbk || FieldText(row.BID) == "多"_gbk;
-    AddRow(FieldText(row.BILL_DATE), product.View(),
+    AddRow(FieldText(row.BILL_DATE), product,
            {.day = FieldText(row.BILL_DATE),
             .side = isLong ? "买"_gbk : "卖"_gbk,
             .lots = IntegerIn(row.POSITION_VOL),
@@ -129,27 +92,6 @@ void CTradeStatistics::FeedOpiDetail(const OpiDetail& row) {
 void CTradeStatistics::AddRow(std::string_view billDate, std::string_view product, const PositionRow& row) {
     const std::scoped_lock guard(usageLock_);
     DayUsages.FindOrCreate(billDate.substr(0, kDayLength)).AddRow(product, row);
-}
-
-void CTradeStatistics::OffsetMargins() {
-    const std::scoped_lock guard(usageLock_);
-    for (const auto& usage : DayUsages.Days) usage->OffsetMargins();
-}
-
-void CTradeStatistics::ComputeYields() {
-    const std::scoped_lock guard(figureLock_);
-    const double open = MoneyStore.OpeningEquity;
-    double flow = 0;
-    for (const auto& day : DayFigures.Days) {
-        flow += day->CashFlow;
-        if (open > kLeastBase) {
-            day->Yield = (day->Closing - flow - open) / open;
-        } else if (flow > kLeastBase) {
-            day->Yield = (day->Closing - flow - open) / flow;
-        } else {
-            day->Yield = 0;
-        }
-    }
 }
 
 double CTradeStatistics::RiskOf(std::string_view day) const {

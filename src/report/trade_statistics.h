@@ -1,8 +1,8 @@
 // The report's daily series. Readers feed it money figures and open positions while they read; two passes at the end
-// turn them into the ratios that charts and account figures show: each day's use of margin (Risk) and the gain since
-// the start (Yield).
+// (statistics/daily_series.h) turn them into the ratios that charts and account figures show: each day's use of margin
+// (Risk) and the gain since the start (Yield).
 //
-// day_usage.h keeps the positions of one day; account_figures.h computes what is told once for the whole report.
+// day_usage.h keeps the positions of one day; product_text.h tells under which product.
 #pragma once
 
 #include <memory>
@@ -25,7 +25,7 @@ struct DayFigure {
     double CashFlow = 0;
     double Opening = 0;
     double Closing = 0;
-    double Yield = 0;  ///< gain since the start as a fraction, see ComputeYields
+    double Yield = 0;  ///< gain since the start as a fraction, set by ComputeYields
 };
 
 /// Records of one kind under their day, in the order in which the days were first fed.
@@ -34,11 +34,13 @@ class CDaySeries {
 public:
     std::vector<std::unique_ptr<Figures>> Days;
 
+    /// The record of `day`, or null. Valid until Clear().
     [[nodiscard]] Figures* Find(std::string_view day) const {
         const auto found = byDay_.find(std::string(day));
         return found == byDay_.end() ? nullptr : found->second;
     }
 
+    /// Likewise; a new one knows nothing but its day.
     Figures& FindOrCreate(std::string_view day) {
         Figures*& slot = byDay_[std::string(day)];
         if (slot == nullptr) {
@@ -73,18 +75,12 @@ public:
     void SetOpening(std::string_view day, double amount);
     void SetEquity(std::string_view day, double equity, double margin);
 
-    // Each adds a row to the net position of its product on the row's day.
-    void FeedOpiSum(const OpiSum& row);
-    void FeedOpiDetail(const OpiDetail& row);
-
-    /// Nets opposite positions of products in one chain, and recomputes margin and Risk of each day that has positions.
-    void OffsetMargins();
-
-    /// Computes each day's Yield: the gain since the start, net of all money paid in, as a fraction of the opening
-    /// equity.
-    void ComputeYields();
+    // Each adds a row to the net position of `product` on the row's day.
+    void FeedOpiSum(const OpiSum& row, std::string_view product);
+    void FeedOpiDetail(const OpiDetail& row, std::string_view product);
 
     // Figures of one day (yyyymmdd); 0 for a day that was never fed.
+    // REQUIRES: for yields, that the passes over the daily series have run.
     [[nodiscard]] double RiskOf(std::string_view day) const;
     [[nodiscard]] double YieldOf(std::string_view day) const;
 
@@ -101,7 +97,5 @@ private:
     mutable CLock usageLock_;
     mutable CLock figureLock_;
 };
-
-extern CTradeStatistics TradeStatistics;
 
 }  // namespace tradebill

@@ -4,9 +4,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
-#include "report/account_statistics.h"
-#include "report/money_store.h"
-#include "report/trade_statistics.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
@@ -15,10 +13,10 @@ double EquityOf(const MoneyRecord& record) {
     return AmountIn(record.KHQY) / record.EXCHANGE_RATE;
 }
 
-std::vector<double> Equities() {
+std::vector<double> EquitiesOf(const CMoneyStore& store) {
     std::vector<double> equities;
-    equities.reserve(MoneyStore.Records.size());
-    for (const auto& record : MoneyStore.Records) equities.push_back(EquityOf(*record));
+    equities.reserve(store.Records.size());
+    for (const auto& record : store.Records) equities.push_back(EquityOf(*record));
     return equities;
 }
 
@@ -38,18 +36,18 @@ double MaxDrawdownOf(std::span<const double> equities) {
     return drawdown;
 }
 
-void ComputeAccountStatistics() {
-    CAccountStatistics& figures = AccountStatistics;
-    figures.MaxEquity = MoneyStore.MaxEquity;
-    figures.MinEquity = MoneyStore.MinEquity;
-    const std::vector<double> equities = Equities();
+void ComputeAccountStatistics(CReport& report) {
+    CAccountStatistics& figures = report.AccountStatistics;
+    figures.MaxEquity = report.MoneyStore.MaxEquity;
+    figures.MinEquity = report.MoneyStore.MinEquity;
+    const std::vector<double> equities = EquitiesOf(report.MoneyStore);
     if (!equities.empty()) figures.InitialEquity = equities.front();
     figures.MaxDrawdown = MaxDrawdownOf(equities);
     const std::int32_t total = WrapAdd(WrapAdd(figures.WinCount, figures.LoseCount), figures.FlatCount);
     if (total > 0) figures.WinRate = static_cast<double>(figures.FlatCount + figures.WinCount) / total * 100;
     if (figures.InitialEquity > 0) figures.ProfitRate = figures.TotalPL / figures.InitialEquity * 100;
-    figures.MaxYield = TradeStatistics.MaxYield() * 100;
-    figures.MaxRisk = TradeStatistics.MaxRisk() * 100;
+    figures.MaxYield = report.TradeStatistics.MaxYield() * 100;
+    figures.MaxRisk = report.TradeStatistics.MaxRisk() * 100;
 }
 
 }  // namespace tradebill

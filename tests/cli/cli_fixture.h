@@ -9,9 +9,7 @@
 
 #include "cli/report_options.h"
 #include "cli/usage_error.h"
-#include "platform/root_folder.h"
 #include "support/gbk_text.h"
-#include "support/store_fixture.h"
 #include "support/temp_folder.h"
 
 namespace tradebill {
@@ -33,7 +31,7 @@ inline bool IsClearLine(std::string_view message, std::string_view place) {
            message.find('\n') == std::string_view::npos;
 }
 
-class CliFixture : public StoreFixture {
+class CliFixture : public testing::Test {
 protected:
     CliFixture() {
         std::filesystem::create_directories(root_.Path("Users/demo"));
@@ -44,7 +42,6 @@ protected:
         options_.to = "2024-01-03";
         options_.format = "1";
     }
-    ~CliFixture() override { SetRootFolderPath(formerRoot_); }
 
     /// A day's statement with a block of funds and one open position.
     void PutStatement(const std::string& day, const std::string& closing) const {
@@ -59,9 +56,6 @@ protected:
 
     CTempFolder root_;
     ReportOptions options_;
-
-private:
-    std::string formerRoot_ = RootFolder();
 };
 
 }  // namespace tradebill

@@ -9,9 +9,10 @@
 
 #include "cli/explain_fixture.h"
 #include "cli/json_writer.h"
+#include "cli/scan_report.h"
 #include "cli/usage_error.h"
 #include "readers/statement_loader.h"
-#include "report/stores.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
@@ -135,17 +136,19 @@ TEST_F(ExplainCommandRun, RecognisesNothingInRubbish) {
 }
 
 TEST_F(ExplainCommandRun, LeavesInTheStoresWhatAPlainReadingLeaves) {
-    static_cast<void>(Explain(SmallStatement(), "1"));
-    std::ostringstream explained;
-    WriteJson(explained);
-    ClearAll();
-    Request.StatementFormat = 1;
-    Request.StatementKind = 1;
-    ReadStatement("20240102", SmallStatement());
-    std::ostringstream plain;
-    WriteJson(plain);
-    EXPECT_EQ(explained.str(), plain.str());
-    EXPECT_EQ(MatchStore.Count(), 2);
+    const std::string text = SmallStatement();
+    const auto storesAfterReading = [&text](CScanListener* listener) {
+        CReport report;
+        report.Request.StatementFormat = 1;
+        report.Request.StatementKind = 1;
+        CStatementLoader(report).Read("20240102", text, listener);
+        EXPECT_EQ(report.MatchStore.Count(), 2);
+        std::ostringstream stores;
+        WriteJson(report, stores);
+        return stores.str();
+    };
+    CScanReport seen(text);
+    EXPECT_EQ(storesAfterReading(&seen), storesAfterReading(nullptr));
 }
 
 TEST_F(ExplainCommandRun, TakesTheDayFromTheOptionOrTheFilesNameOrToday) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/text.h"
 #include "cli/damaged_samples.h"
 
 namespace tradebill {

@@ -10,9 +10,7 @@
 #include <vector>
 
 #include "cli/explain_command.h"
-#include "readers/statement_template.h"
 #include "support/gbk_text.h"
-#include "support/store_fixture.h"
 #include "support/temp_folder.h"
 
 namespace tradebill {
@@ -34,10 +32,8 @@ struct Explained {
     }
 };
 
-class ExplainFixture : public StoreFixture {
+class ExplainFixture : public testing::Test {
 protected:
-    ~ExplainFixture() override { SetTemplateFile({}); }
-
     static Explained Run(ExplainCommand command) {
         Explained explained;
         testing::internal::CaptureStdout();

@@ -10,8 +10,9 @@
 #include "cli/damaged_samples.h"
 #include "cli/format_choice.h"
 #include "cli/json_writer.h"
+#include "cli/scan_report.h"
 #include "readers/statement_loader.h"
-#include "readers/statement_template.h"
+#include "report/report.h"
 #include "report/request_copy.h"
 
 namespace tradebill {
@@ -177,31 +178,37 @@ TEST_P(ExplanationForms, CountSectionsAndMoneyRecordsOnce) {
     EXPECT_EQ(json.at("money_records"), records);
 }
 
-/// Everything in memory, as text.
-std::string Stores() {
+/// Everything that a report keeps, as text.
+std::string StoresOf(const CReport& report) {
     std::ostringstream out;
-    WriteJson(out);
+    WriteJson(report, out);
     return out.str();
 }
 
 TEST_P(ExplanationForms, LeaveTheStoresAsAPlainReadingDoes) {
-    const Explained explained = Explain(Whole());
-    EXPECT_EQ(explained.exit, 0);
-    const std::string after = Stores();
-    ClearAll();
-    Request.StatementFormat = FormatNumber(std::string(Sample().format), true);
-    Request.StatementKind = Sample().isForeign ? kForeignKind : 1;
-    SetTemplateFile(Sample().hasTemplate ? TemplateFile() : std::string());
-    EXPECT_TRUE(LoadStatement("20240129", folder_.Write("plain.txt", Whole())));
-    EXPECT_EQ(Stores(), after);
+    const auto ask = [](CReport& report) {
+        report.Request.StatementFormat = FormatNumber(std::string(Sample().format), true);
+        report.Request.StatementKind = Sample().isForeign ? kForeignKind : 1;
+        if (Sample().hasTemplate) report.TemplatePath = TemplateFile();
+    };
+    const std::string text = Whole();
+    CScanReport seen(text);
+    CReport explained;
+    ask(explained);
+    CStatementLoader(explained).Read("20240129", text, &seen);
+    seen.Finish();
+    EXPECT_GT(seen.MoneyRecords(), 0);
+    CReport plain;
+    ask(plain);
+    EXPECT_TRUE(CStatementLoader(plain).Load("20240129", folder_.Write("plain.txt", text)));
+    EXPECT_EQ(StoresOf(plain), StoresOf(explained));
 }
 
 TEST_P(ExplanationForms, LeaveNothingOfTheStatementBefore) {
     const Explained once = Explain(Whole());
-    const std::string after = Stores();
-    const Explained again = Explain(Whole());
-    EXPECT_EQ(again.json, once.json);
-    EXPECT_EQ(Stores(), after);
+    EXPECT_EQ(once.exit, 0);
+    static_cast<void>(Explain(SmallStatement()));
+    EXPECT_EQ(Explain(Whole()).json, once.json);
 }
 
 TEST_P(ExplanationForms, LeaveTheStatementAlone) {

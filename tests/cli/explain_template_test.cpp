@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "cli/explain_fixture.h"
-#include "readers/statement_template.h"
-#include "report/stores.h"
+#include "readers/statement_loader.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
@@ -101,9 +101,15 @@ TEST_F(ExplainedTemplate, SaysAtWhichSectionItDeclinedAndWhy) {
 
 TEST_F(ExplainedTemplate, LeavesBothReadingsRecordsInTheStores) {
     const std::string file = Template("OPI_SUM", "END_FLAG");
-    const Explained explained = Run(Command(file, TemplatedStatement() + SmallStatement()));
+    const std::string text = TemplatedStatement() + SmallStatement();
+    CReport report;
+    report.Request.StatementFormat = 1;
+    report.TemplatePath = file;
+    CStatementLoader(report).Read("20240102", text);
+    EXPECT_EQ(report.MatchStore.Count(), 3);  // one of the template, two of the fixed reader
+    const Explained explained = Run(Command(file, text));
     EXPECT_EQ(explained.exit, 0);
-    EXPECT_EQ(MatchStore.Count(), 3);  // one of the template, two of the fixed reader
+    EXPECT_EQ(explained.json.at("readers")[0].at("sections")[1].at("records"), 1);
     EXPECT_EQ(explained.Section("trades").at("records"), 2);
     const Json first = explained.json.at("readers")[0].at("sections");
     EXPECT_EQ(first.size(), 4U);

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "cli/cli_fixture.h"
+#include "driver/host_module.h"
 #include "report/request_copy.h"
 
 namespace tradebill {
@@ -38,10 +39,12 @@ TEST_F(FormatChoice, GoesByTheFirstStatementOfTheRange) {
 
 TEST_F(FormatChoice, LeavesTheRequestOfTheModuleAlone) {
     Put("20240103", {"资金类别"});
-    Request.StatementKind = 7;
+    GenerateBillRequest& request = TheModule().report.Request;
+    request = ClearedRequest();
+    request.StatementKind = 7;
     static_cast<void>(PrepareRequest(options_));
-    EXPECT_EQ(Request.StatementKind, 7);
-    EXPECT_EQ(Request.Account[0], '\0');
+    EXPECT_EQ(request.StatementKind, 7);
+    EXPECT_EQ(request.Account[0], '\0');
 }
 
 TEST_F(FormatChoice, PassesOverWhatCannotBeRead) {

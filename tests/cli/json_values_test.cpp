@@ -25,19 +25,19 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 class JsonValues : public StoreFixture {
 protected:
-    static std::string Text() {
+    [[nodiscard]] std::string Text() const {
         std::ostringstream out;
-        WriteJson(out);
+        WriteJson(report, out);
         return out.str();
     }
-    static Json Written() { return Json::parse(Text()); }
+    [[nodiscard]] Json Written() const { return Json::parse(Text()); }
 
     /// What a text of these bytes is written as.
-    static std::string Decoded(std::string_view bytes) {
-        MatchStore.Clear();
+    std::string Decoded(std::string_view bytes) {
+        report.MatchStore.Clear();
         auto row = std::make_unique<MatchRecord>();
         CopyField(row->EXCH_NAME, bytes);
-        MatchStore.Add(std::move(row));
+        report.MatchStore.Add(std::move(row));
         return Written()["matches"][0]["EXCH_NAME"];
     }
 };
@@ -45,24 +45,24 @@ protected:
 TEST_F(JsonValues, ReadBackToTheSameDouble) {
     for (const double number : {0.1, 0.1 + 0.2, 1.0 / 3, -2.0 / 3, 123456789.123456789, 1e300, -1e-300, 5e-324,
                                 9007199254740993.0, 1.7976931348623157e308}) {
-        MoneyStore.ClosingEquity = number;
+        report.MoneyStore.ClosingEquity = number;
         EXPECT_EQ(Written()["money"]["ClosingEquity"].get<double>(), number);
     }
-    MoneyStore.ClosingEquity = -0.0;
+    report.MoneyStore.ClosingEquity = -0.0;
     EXPECT_TRUE(std::signbit(Written()["money"]["ClosingEquity"].get<double>()));
 }
 
 TEST_F(JsonValues, AreTextsIfTheyAreNoNumbers) {
-    MoneyStore.ClosingEquity = kInfinity;
-    MoneyStore.Available = -kInfinity;
-    MoneyStore.TotalFees = std::numeric_limits<double>::quiet_NaN();
-    MoneyStore.TotalClosedPL = -std::numeric_limits<double>::quiet_NaN();
-    AccountStatistics.MaxRisk = kInfinity;
-    TradeStatistics.DayFigures.FindOrCreate("20240102").Yield = -kInfinity;
-    TradeStatistics.DayUsages.FindOrCreate("20240102").Risk = std::numeric_limits<double>::quiet_NaN();
+    report.MoneyStore.ClosingEquity = kInfinity;
+    report.MoneyStore.Available = -kInfinity;
+    report.MoneyStore.TotalFees = std::numeric_limits<double>::quiet_NaN();
+    report.MoneyStore.TotalClosedPL = -std::numeric_limits<double>::quiet_NaN();
+    report.AccountStatistics.MaxRisk = kInfinity;
+    report.TradeStatistics.DayFigures.FindOrCreate("20240102").Yield = -kInfinity;
+    report.TradeStatistics.DayUsages.FindOrCreate("20240102").Risk = std::numeric_limits<double>::quiet_NaN();
     auto record = std::make_unique<MoneyRecord>(ClearedMoneyRecord());
     record->EXCHANGE_RATE = kInfinity;
-    MoneyStore.Records.push_back(std::move(record));
+    report.MoneyStore.Records.push_back(std::move(record));
     const Json json = Written();
     EXPECT_EQ(json["money"]["ClosingEquity"], "inf");
     EXPECT_EQ(json["money"]["Available"], "-inf");
@@ -95,12 +95,12 @@ TEST_F(JsonValues, HaveOneReplacementForEachByteOfNoCharacter) {
 TEST_F(JsonValues, EndWithAFieldThatIsNotTerminated) {
     auto row = std::make_unique<MatchRecord>();
     std::ranges::fill(row->MATCHNO, '7');
-    MatchStore.Add(std::move(row));
+    report.MatchStore.Add(std::move(row));
     EXPECT_EQ(Written()["matches"][0]["MATCHNO"], std::string(16, '7'));
 }
 
 TEST_F(JsonValues, StandOneRowALine) {
-    for (int i = 0; i < 1000; ++i) MatchStore.Add(std::make_unique<MatchRecord>());
+    for (int i = 0; i < 1000; ++i) report.MatchStore.Add(std::make_unique<MatchRecord>());
     const std::string text = Text();
     EXPECT_EQ(Json::parse(text)["matches"].size(), 1000U);
     EXPECT_GE(std::ranges::count(text, '\n'), 1000);

@@ -37,12 +37,12 @@ const Names kMoneyKeys = {"LastHostCurrent", "OpeningEquity", "ClosingEquity", "
 
 class JsonWriter : public StoreFixture {
 protected:
-    static std::string Text() {
+    [[nodiscard]] std::string Text() const {
         std::ostringstream out;
-        WriteJson(out);
+        WriteJson(report, out);
         return out.str();
     }
-    static Json Written() { return Json::parse(Text()); }
+    [[nodiscard]] Json Written() const { return Json::parse(Text()); }
 };
 
 TEST_F(JsonWriter, WritesOneObjectOfElevenMembers) {
@@ -63,27 +63,27 @@ TEST_F(JsonWriter, WritesEmptyStoresAsEmptyLists) {
 }
 
 TEST_F(JsonWriter, WritesTheAccountsMoney) {
-    MoneyStore.LastHostCurrent = 1;
-    MoneyStore.OpeningEquity = 2;
-    MoneyStore.ClosingEquity = 3;
-    MoneyStore.TotalClosedPL = 4;
-    MoneyStore.TotalPositionPL = 5;
-    MoneyStore.TotalCashFlow = 6;
-    MoneyStore.FirstCashFlow = 7;
-    MoneyStore.Available = 8;
-    MoneyStore.MinEquity = 9;
-    MoneyStore.MaxEquity = 10;
-    MoneyStore.MinDayPL = 11;
-    MoneyStore.MaxDayPL = 12;
-    MoneyStore.FrozenB = 13;
-    MoneyStore.FrozenA = 14;
-    MoneyStore.HostPositionPL = 15;
-    MoneyStore.PositionMargin = 16;
-    MoneyStore.TotalFees = 18;
-    MoneyStore.TotalPremium = 19;
-    MoneyStore.StartDateText = "2024-01-02";
-    MoneyStore.EndDateText = "2024-01-03";
-    MoneyStore.ChartSizes = {1, 2, 3, 4, 5, 6, 7, 8};
+    report.MoneyStore.LastHostCurrent = 1;
+    report.MoneyStore.OpeningEquity = 2;
+    report.MoneyStore.ClosingEquity = 3;
+    report.MoneyStore.TotalClosedPL = 4;
+    report.MoneyStore.TotalPositionPL = 5;
+    report.MoneyStore.TotalCashFlow = 6;
+    report.MoneyStore.FirstCashFlow = 7;
+    report.MoneyStore.Available = 8;
+    report.MoneyStore.MinEquity = 9;
+    report.MoneyStore.MaxEquity = 10;
+    report.MoneyStore.MinDayPL = 11;
+    report.MoneyStore.MaxDayPL = 12;
+    report.MoneyStore.FrozenB = 13;
+    report.MoneyStore.FrozenA = 14;
+    report.MoneyStore.HostPositionPL = 15;
+    report.MoneyStore.PositionMargin = 16;
+    report.MoneyStore.TotalFees = 18;
+    report.MoneyStore.TotalPremium = 19;
+    report.MoneyStore.StartDateText = "2024-01-02";
+    report.MoneyStore.EndDateText = "2024-01-03";
+    report.MoneyStore.ChartSizes = {1, 2, 3, 4, 5, 6, 7, 8};
     const Json money = Written()["money"];
     EXPECT_EQ(KeysOf(money), kMoneyKeys);
     for (std::size_t i = 0; i < 19; ++i) {
@@ -107,7 +107,7 @@ TEST_F(JsonWriter, WritesMoneyRecordsWithoutSpareFields) {
     CopyField(record->KHQY, "2.00");
     CopyField(record->SPARE_MONEY_8, "spare");
     record->EXCHANGE_RATE = 7.5;
-    MoneyStore.Add(std::move(record), MoneySource::Statement);
+    report.MoneyStore.Add(std::move(record), MoneySource::Statement);
     const Json json = Written()["money"];
     EXPECT_EQ(json["Count"], 1);
     ASSERT_EQ(json["Records"].size(), 1U);
@@ -124,7 +124,7 @@ TEST_F(JsonWriter, WritesEachCurrencyWithItsStore) {
     for (const auto& [currency, closing] : {std::pair{"HKD*", "5.00"}, {"美元", "6.00"}}) {
         auto record = std::make_unique<MoneyRecord>(ClearedMoneyRecord());
         CopyField(record->QMJC, closing);
-        CurrencyMoneyStore.Add(std::move(record), Gbk(currency), MoneySource::Live);
+        report.CurrencyMoneyStore.Add(std::move(record), Gbk(currency), MoneySource::Live);
     }
     const Json currencies = Written()["currencies"];
     ASSERT_EQ(currencies.size(), 2U);
@@ -162,7 +162,7 @@ TEST_F(JsonWriter, WritesTrades) {
         Fill({FIELD(BILL_DATE), FIELD(MATCH_DATE), FIELD(EXCH_NAME), FIELD(CONTRACT), FIELD(DELIVERY), FIELD(HEDGE),
               FIELD(BID), FIELD(MATCH_PRICE), FIELD(MATCH_VOL), FIELD(TURNOVER), FIELD(OFFSET), FIELD(POUNDAGE),
               FIELD(OFFSETPL), FIELD(MATCHNO), FIELD(ROYALTY), FIELD(CURRENCY)});
-    MatchStore.Add(std::move(row));
+    report.MatchStore.Add(std::move(row));
     EXPECT_EQ(Written()["matches"], Json::array({expected}));
 }
 
@@ -171,7 +171,7 @@ TEST_F(JsonWriter, WritesClosedPositions) {
     const Json expected = Fill({FIELD(BILL_DATE), FIELD(MATCH_DATE), FIELD(EXCH_NAME), FIELD(CONTRACT), FIELD(DELIVERY),
                                 FIELD(BID), FIELD(MATCH_PRICE), FIELD(MATCH_VOL), FIELD(OPEN_DATE), FIELD(OPEN_PRICE),
                                 FIELD(SETTLE_PRICE), FIELD(POUNDAGE), FIELD(HEDGE), FIELD(OFFSETPL), FIELD(CURRENCY)});
-    PingDetailStore.Add(std::move(row));
+    report.PingDetailStore.Add(std::move(row));
     EXPECT_EQ(Written()["closed"], Json::array({expected}));
 }
 
@@ -180,7 +180,7 @@ TEST_F(JsonWriter, WritesOpenPositions) {
     const Json expected = Fill({FIELD(BILL_DATE), FIELD(EXCH_NAME), FIELD(CONTRACT), FIELD(DELIVERY), FIELD(OPEN_DATE),
                                 FIELD(HEDGE), FIELD(BID), FIELD(POSITION_VOL), FIELD(OPEN_PRICE), FIELD(YSETTLE_PRICE),
                                 FIELD(SETTLE_PRICE), FIELD(FLOATPL), FIELD(DSYK), FIELD(DEPOSIT), FIELD(CURRENCY)});
-    OpiDetailStore.Add(std::move(row));
+    report.OpiDetailStore.Add(std::move(row));
     EXPECT_EQ(Written()["positions"], Json::array({expected}));
 }
 
@@ -190,7 +190,7 @@ TEST_F(JsonWriter, WritesPositionSumsWithoutSpareFields) {
                                 FIELD(BID_POSITION_VOL), FIELD(SPARE_OPI_1), FIELD(ASK_POSITION_VOL),
                                 FIELD(SPARE_OPI_2), FIELD(POSITION_VOL), FIELD(POSITION_PRICE), FIELD(YSETTLE_PRICE),
                                 FIELD(SETTLE_PRICE), FIELD(DSYK), FIELD(DEPOSIT), FIELD(HEDGE)});
-    OpiSumStore.Add(std::move(row));
+    report.OpiSumStore.Add(std::move(row));
     EXPECT_EQ(Written()["positionSums"], Json::array({expected}));
 }
 
@@ -200,7 +200,7 @@ TEST_F(JsonWriter, KeepsRowsInTheirOrder) {
     for (const char* const contract : {"rb", "i", "rb", "a"}) {
         auto row = std::make_unique<MatchRecord>();
         CopyField(row->CONTRACT, contract);
-        MatchStore.Add(std::move(row));
+        report.MatchStore.Add(std::move(row));
     }
     Names contracts;
     const Json json = Written();
@@ -235,7 +235,7 @@ TEST_F(JsonWriter, WritesTalliesOfClosedPositions) {
     offset.LONG_MAX_LOSS = -20.5;
     offset.SHORT_MAX_WIN = 21.5;
     offset.SHORT_MAX_LOSS = -22.5;
-    ReportDocument.Offsets.push_back(std::make_unique<ContractOffset>(offset));
+    report.ReportDocument.Offsets.push_back(std::make_unique<ContractOffset>(offset));
     const Json expected = {
         {"CONTRACT", "沪铜"},     {"DELIVERY", "2405"},   {"CURRENCY", "HKD"},      {"LONG_VOL", 1},
         {"SHORT_VOL", 2},         {"LONG_PL", 3.5},       {"SHORT_PL", 4.5},        {"LONG_COUNT", 5},
@@ -250,12 +250,12 @@ TEST_F(JsonWriter, WritesTalliesOfClosedPositions) {
 TEST_F(JsonWriter, WritesChainsWithTheirItems) {
     auto chain = std::make_unique<CContractChain>("cu");
     chain->Items = {"al", Gbk("锌"), ""};
-    ChainTable.Chains.push_back(std::move(chain));
+    report.ChainTable.Chains.push_back(std::move(chain));
     EXPECT_EQ(Written()["chains"], Json::array({{{"ItemBase", "cu"}, {"Items", {"al", "锌", ""}}}}));
 }
 
 TEST_F(JsonWriter, WritesDailyFigures) {
-    DayFigure& day = TradeStatistics.DayFigures.FindOrCreate("20240102");
+    DayFigure& day = report.TradeStatistics.DayFigures.FindOrCreate("20240102");
     day.ClosedPL = 1;
     day.PositionPL = 2;
     day.CashFlow = 3;
@@ -268,7 +268,7 @@ TEST_F(JsonWriter, WritesDailyFigures) {
 }
 
 TEST_F(JsonWriter, WritesDailyUsageWithItsPositions) {
-    CDayUsage& usage = TradeStatistics.DayUsages.FindOrCreate("20240102");
+    CDayUsage& usage = report.TradeStatistics.DayUsages.FindOrCreate("20240102");
     usage.Margin = 1.5;
     usage.Equity = 3;
     usage.HasFigures = 1;
@@ -286,25 +286,25 @@ TEST_F(JsonWriter, WritesTheDayThatUsageWasFedUnder) {
     CopyField(row.BILL_DATE, "20240102");
     CopyField(row.CONTRACT, "rb2405");
     CopyField(row.POSITION_VOL, "1");
-    TradeStatistics.FeedOpiDetail(row);
+    report.TradeStatistics.FeedOpiDetail(row, "rb");
     EXPECT_EQ(Written()["usage"][0]["Day"], "20240102");
 }
 
 TEST_F(JsonWriter, WritesAllAccountFigures) {
-    AccountStatistics.WinCount = 1;
-    AccountStatistics.LoseCount = 2;
-    AccountStatistics.FlatCount = 3;
-    AccountStatistics.InitialEquity = 4.5;
-    AccountStatistics.MaxEquity = 5.5;
-    AccountStatistics.MinEquity = 6.5;
-    AccountStatistics.TotalPL = 7.5;
-    AccountStatistics.MaxDrawdown = 8.5;
-    AccountStatistics.WinRate = 9.5;
-    AccountStatistics.ProfitRate = 10.5;
-    AccountStatistics.MaxProfit = 11.5;
-    AccountStatistics.MaxLoss = -12.5;
-    AccountStatistics.MaxYield = 13.5;
-    AccountStatistics.MaxRisk = 14.5;
+    report.AccountStatistics.WinCount = 1;
+    report.AccountStatistics.LoseCount = 2;
+    report.AccountStatistics.FlatCount = 3;
+    report.AccountStatistics.InitialEquity = 4.5;
+    report.AccountStatistics.MaxEquity = 5.5;
+    report.AccountStatistics.MinEquity = 6.5;
+    report.AccountStatistics.TotalPL = 7.5;
+    report.AccountStatistics.MaxDrawdown = 8.5;
+    report.AccountStatistics.WinRate = 9.5;
+    report.AccountStatistics.ProfitRate = 10.5;
+    report.AccountStatistics.MaxProfit = 11.5;
+    report.AccountStatistics.MaxLoss = -12.5;
+    report.AccountStatistics.MaxYield = 13.5;
+    report.AccountStatistics.MaxRisk = 14.5;
     const Json expected = {{"WinCount", 1},    {"LoseCount", 2},     {"FlatCount", 3},    {"InitialEquity", 4.5},
                            {"MaxEquity", 5.5}, {"MinEquity", 6.5},   {"TotalPL", 7.5},    {"MaxDrawdown", 8.5},
                            {"WinRate", 9.5},   {"ProfitRate", 10.5}, {"MaxProfit", 11.5}, {"MaxLoss", -12.5},

@@ -27,7 +27,7 @@ TEST(LayoutsCommand, ListsEveryLayoutWithItsFormatKindMarkAndSample) {
             const std::string line = text.substr(start, text.find('\n', start) - start);
             isListed |= line.starts_with(format + " ") && line.find(layout.name) != std::string::npos &&
                         line.find(layout.isForeign ? "foreign" : "domestic") != std::string::npos &&
-                        line.ends_with(GbkToUtf8(layout.mark));
+                        line.ends_with(GbkToUtf8(layout.marks.mark));
             start += line.size() + 1;
         }
         EXPECT_TRUE(isListed) << layout.name << ' ' << layout.format;

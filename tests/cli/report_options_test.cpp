@@ -5,11 +5,13 @@
 #include <cstddef>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "base/text.h"
 #include "cli/cli_fixture.h"
+#include "driver/host_module.h"
 #include "platform/local_time.h"
 
 namespace tradebill {
@@ -51,12 +53,15 @@ TEST_F(Options, BecomeARequest) {
     EXPECT_EQ(request.Dpi, 120);
     EXPECT_EQ(request.MarginOffsetFlag, 1);
     EXPECT_EQ(request.BaseMoney.EXCHANGE_RATE, 1.0);
-    EXPECT_EQ(RootFolder(), root_.Path());
+    EXPECT_EQ(prepared.rootFolder, root_.Path());
     EXPECT_TRUE(prepared.warnings.empty());
 }
 
-TEST_F(Options, LeftOutMeanADomesticReportWithoutScalingOrCallbacks) {
-    const GenerateBillRequest request = PrepareRequest(options_).request;
+TEST_F(Options, LeftOutMeanADomesticReportWithoutScalingTablesOrCallbacks) {
+    const PreparedRequest prepared = PrepareRequest(options_);
+    const GenerateBillRequest& request = prepared.request;
+    EXPECT_EQ(prepared.products->UnitOf("rb2405", ""), 1);
+    EXPECT_EQ(prepared.products->CodeOf("name"), std::nullopt);
     EXPECT_EQ(request.StatementKind, 1);
     EXPECT_EQ(request.Dpi, 0);
     EXPECT_EQ(request.MarginOffsetFlag, 0);
@@ -241,30 +246,30 @@ TEST_F(Options, WarnOfAReportThatEndsTodayWithoutLiveFigures) {
     EXPECT_TRUE(Warnings().empty());
 }
 
-TEST_F(Options, BringTheHostsTables) {
+TEST_F(Options, BringTheTablesOfAHost) {
     options_.unitFile = root_.Write("units.ini", "[UNITS]\nrb=10\n");
     options_.productFile = root_.Write("products.ini", "[PRODUCTS]\nname=code\n");
     options_.liveFile = root_.Write("live.ini", "[BASE]\nQMJC=5\n[CURRENCY1]\nQMJC=6\n");
-    const GenerateBillRequest request = PrepareRequest(options_).request;
-    ASSERT_NE(request.ContractUnitCallback, nullptr);
-    EXPECT_EQ(request.ContractUnitCallback("", "rb2405", ""), 10);
-    EXPECT_NE(request.ProductNameCallback, nullptr);
+    const PreparedRequest prepared = PrepareRequest(options_);
+    const GenerateBillRequest& request = prepared.request;
+    EXPECT_EQ(prepared.products->UnitOf("rb2405", ""), 10);
+    EXPECT_EQ(prepared.products->CodeOf("name"), "code");
     EXPECT_EQ(FieldText(request.BaseMoney.QMJC), "5");
     EXPECT_EQ(FieldText(request.CurrencyMoney[0].QMJC), "6");
     EXPECT_EQ(request.CurrencyCount, 1);
 }
 
-TEST_F(Options, RefusedLeaveTheRootFolder) {
-    const std::string former = RootFolder();
+TEST_F(Options, LeaveTheRootFolderOfTheModule) {
+    TheModule().rootFolder = "the host's";
+    static_cast<void>(PrepareRequest(options_));
     options_.account.reset();
     EXPECT_NE(Refusal(), "");
-    EXPECT_EQ(RootFolder(), former);
+    EXPECT_EQ(TheModule().rootFolder, "the host's");
 }
 
 TEST_F(Options, TakeARootWithSeparatorsAtItsEnd) {
     options_.root = root_.Path() + "//";
-    EXPECT_EQ(Refusal(), "");
-    EXPECT_EQ(RootFolder(), root_.Path());
+    EXPECT_EQ(PrepareRequest(options_).rootFolder, root_.Path());
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <string>
 
-#include "report/report_document.h"
+#include "report/report.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 #include "support/temp_folder.h"
@@ -17,8 +17,8 @@ namespace {
 class StandalonePage : public StoreFixture {
 protected:
     StandalonePage() {
-        ReportDocument.BillFolder = folder_.Path();
-        ReportDocument.ImageFolderName = "Image_files";
+        report.ReportDocument.BillFolder = folder_.Path();
+        report.ReportDocument.ImageFolderName = "Image_files";
         folder_.Write("Image_files/BillShrink.png", "abcd");
         folder_.Write("Image_files/AccountSummary.jpg", "ab");
     }
@@ -26,7 +26,7 @@ protected:
     /// What becomes of a page with this text in its body.
     std::string Made(const std::string& body) {
         folder_.Write("page.html", Gbk("<html>\r\n<head>\r\n</head>\r\n<body>\r\n" + body + "</body>\r\n</html>\r\n"));
-        EXPECT_TRUE(WriteStandalonePage(folder_.Path("page.html"), file_));
+        EXPECT_TRUE(WriteStandalonePage(report, folder_.Path("page.html"), file_));
         const std::string text = ReadFile(file_);
         const std::string before = "<html>\r\n<head>\r\n<meta charset=\"utf-8\">\r\n</head>\r\n<body>\r\n";
         const std::string after = "</body>\r\n</html>\r\n";
@@ -64,12 +64,12 @@ TEST_F(StandalonePage, TakesInNothingElse) {
 }
 
 TEST_F(StandalonePage, TellsWhatCannotBeReadOrWritten) {
-    EXPECT_FALSE(WriteStandalonePage(folder_.Path("none.html"), file_));
+    EXPECT_FALSE(WriteStandalonePage(report, folder_.Path("none.html"), file_));
     EXPECT_FALSE(std::filesystem::exists(file_));
     folder_.Write("page.html", "<head>\r\n");
-    EXPECT_FALSE(WriteStandalonePage(folder_.Path("page.html"), folder_.Path("none/file.html")));
+    EXPECT_FALSE(WriteStandalonePage(report, folder_.Path("page.html"), folder_.Path("none/file.html")));
     EXPECT_FALSE(
-        WriteStandalonePage(folder_.Path("page.html"),
+        WriteStandalonePage(report, folder_.Path("page.html"),
                             folder_.Path("../" + folder_.Path().substr(folder_.Path().rfind('/') + 1) + "/page.html")));
     EXPECT_EQ(ReadFile(folder_.Path("page.html")), "<head>\r\n");
 }

@@ -11,27 +11,31 @@
 #include "paint/picture_file.h"
 #include "platform/embedded_picture.h"
 #include "platform/paths.h"
-#include "platform/screen.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
 
-void ReadAccountOf(const std::string& root, const std::string& requestFile) {
+/// `report` is as wide as a display usually is, on every system.
+void ReadAccountOf(const std::string& root, const std::string& requestFile, CReport& report) {
     ReportOptions options;
     options.root = root;
     options.requestFile = requestFile;
-    SetScreenWidthPixels(1920);
-    ReadAccount(PrepareRequest(options).request, nullptr);
+    const PreparedRequest prepared = PrepareRequest(options);
+    report.RootFolder = prepared.rootFolder;
+    report.Products = prepared.products.get();
+    ReadAccount(report, prepared.request, nullptr);
+    report.Products = nullptr;  // the pictures ask nothing
 }
 
-bool SavePixels(const std::string& path, const PictureSize& size, const PicturePainter& paint) {
-    CBitmap bitmap(size.width, size.height, 0);
-    CBitmap texts(size.width, size.height, kWhite);
+bool SavePixels(const std::string& path, const ShownPicture& picture) {
+    CBitmap bitmap(picture.size.width, picture.size.height, 0);
+    CBitmap texts(picture.size.width, picture.size.height, kWhite);
     {
         const auto canvas = MakeCanvas(bitmap);
         const auto areas = MakeCanvas(texts);
         CTextAreaCanvas watched(*canvas, *areas);
-        paint(watched);
+        picture.paint(watched);
     }
     return SavePng(bitmap, path + ".png") && SavePng(texts, path + ".text.png");
 }
@@ -47,11 +51,13 @@ int main(int count, char** arguments) {
     }
     try {
         const std::string folder = arguments[3];
-        ReadAccountOf(arguments[1], arguments[2]);
+        CReport report;
+        ReadAccountOf(arguments[1], arguments[2], report);
         bool isSaved = MakeFolders(folder);
         const int baseWidth = LoadPngResource(kBannerId).value().Width();
-        ShowReportPictures(baseWidth, [&](std::string_view name, const PictureSize& size, const PicturePainter& paint) {
-            isSaved = SavePixels(folder + "/" + std::string(name.substr(0, name.find('.'))), size, paint) && isSaved;
+        ShowReportPictures(report, baseWidth, [&](const ShownPicture& picture) {
+            const std::string name(picture.name.substr(0, picture.name.find('.')));
+            isSaved = SavePixels(folder + "/" + name, picture) && isSaved;
         });
         return isSaved ? 0 : 1;
     } catch (const std::exception& error) {

@@ -14,33 +14,33 @@ namespace fs = std::filesystem;
 
 class BillFolders : public RunFixture {
 protected:
-    BillFolders() { CopyRequest(request_); }
+    BillFolders() { report.Request = CopyRequest(request_); }
 };
 
 TEST_F(BillFolders, AreMadeOneInTheOther) {
-    PrepareBillFolders();
+    PrepareBillFolders(report);
     EXPECT_TRUE(fs::is_directory(root_.Path("Users/u/Data/Bill/Image/Image_files")));
-    EXPECT_EQ(ReportDocument.BillFolder, root_.Path("Users/u/Data/Bill/Image"));
-    EXPECT_EQ(ReportDocument.ImageFolderName, "Image_files");
-    EXPECT_EQ(PagePath(), PageFile());
+    EXPECT_EQ(report.ReportDocument.BillFolder, root_.Path("Users/u/Data/Bill/Image"));
+    EXPECT_EQ(report.ReportDocument.ImageFolderName, "Image_files");
+    EXPECT_EQ(PagePath(report), PageFile());
 }
 
 TEST_F(BillFolders, KeepWhatIsInThem) {
     root_.Write("Users/u/Data/Bill/Image/Image_files/old.jpg", "picture");
     root_.Write("Users/u/Data/other.txt", "text");
-    PrepareBillFolders();
+    PrepareBillFolders(report);
     EXPECT_EQ(ReadFile(root_.Path("Users/u/Data/Bill/Image/Image_files/old.jpg")), "picture");
     EXPECT_EQ(ReadFile(root_.Path("Users/u/Data/other.txt")), "text");
-    EXPECT_EQ(ReportDocument.BillFolder, root_.Path("Users/u/Data/Bill/Image"));
+    EXPECT_EQ(report.ReportDocument.BillFolder, root_.Path("Users/u/Data/Bill/Image"));
 }
 
 TEST_F(BillFolders, DontIncludeTheUsersFolder) {
-    ReportDocument.ImageFolderName = "earlier";
-    CopyField(Request.UserFolder, "nobody");
-    PrepareBillFolders();
+    report.ReportDocument.ImageFolderName = "earlier";
+    CopyField(report.Request.UserFolder, "nobody");
+    PrepareBillFolders(report);
     EXPECT_FALSE(fs::exists(root_.Path("Users/nobody")));
-    EXPECT_EQ(ReportDocument.BillFolder, root_.Path("Users/nobody/Data"));
-    EXPECT_EQ(ReportDocument.ImageFolderName, "earlier");
+    EXPECT_EQ(report.ReportDocument.BillFolder, root_.Path("Users/nobody/Data"));
+    EXPECT_EQ(report.ReportDocument.ImageFolderName, "earlier");
 }
 
 TEST_F(BillFolders, EndAtTheLevelThatCantBeMade) {
@@ -48,44 +48,44 @@ TEST_F(BillFolders, EndAtTheLevelThatCantBeMade) {
     for (const std::string& level : levels) {
         fs::remove_all(root_.Path("Users/u/Data"));
         root_.Write(level, "a file in its place");
-        ReportDocument.ImageFolderName = "earlier";
-        PrepareBillFolders();
-        EXPECT_EQ(ReportDocument.BillFolder, root_.Path(level));
-        EXPECT_EQ(ReportDocument.ImageFolderName, "earlier");
-        EXPECT_EQ(PagePath(), root_.Path(level) + "/TradeBill.html");
+        report.ReportDocument.ImageFolderName = "earlier";
+        PrepareBillFolders(report);
+        EXPECT_EQ(report.ReportDocument.BillFolder, root_.Path(level));
+        EXPECT_EQ(report.ReportDocument.ImageFolderName, "earlier");
+        EXPECT_EQ(PagePath(report), root_.Path(level) + "/TradeBill.html");
         EXPECT_EQ(ReadFile(root_.Path(level)), "a file in its place");
     }
 }
 
 TEST_F(BillFolders, NameThePicturesFolderEvenIfItCantBeMade) {
     root_.Write("Users/u/Data/Bill/Image/Image_files", "a file in its place");
-    PrepareBillFolders();
-    EXPECT_EQ(ReportDocument.BillFolder, root_.Path("Users/u/Data/Bill/Image"));
-    EXPECT_EQ(ReportDocument.ImageFolderName, "Image_files");
+    PrepareBillFolders(report);
+    EXPECT_EQ(report.ReportDocument.BillFolder, root_.Path("Users/u/Data/Bill/Image"));
+    EXPECT_EQ(report.ReportDocument.ImageFolderName, "Image_files");
 }
 
 TEST_F(BillFolders, NameStatementsByFamilyAndDay) {
     const std::string bill = root_.Path("Users/u/Data/Bill/");
     const CalendarDay day{2024, 1, 2};
-    EXPECT_EQ(StatementPath(day, false), bill + "D10086.20240102o.txt");
-    EXPECT_EQ(StatementPath(day, true), bill + "D10086.20240102.txt");
-    Request.StatementKind = 2;
-    EXPECT_EQ(StatementPath(day, false), bill + "DWP10086.20240102o.txt");
-    EXPECT_EQ(StatementPath(day, true), bill + "DWP10086.20240102.txt");
+    EXPECT_EQ(StatementPath(report, day, false), bill + "D10086.20240102o.txt");
+    EXPECT_EQ(StatementPath(report, day, true), bill + "D10086.20240102.txt");
+    report.Request.StatementKind = 2;
+    EXPECT_EQ(StatementPath(report, day, false), bill + "DWP10086.20240102o.txt");
+    EXPECT_EQ(StatementPath(report, day, true), bill + "DWP10086.20240102.txt");
 }
 
 TEST_F(BillFolders, HavePathsOfAtMost259Bytes) {
     const std::string tail = "/Users/u/Data/Bill/D10086.20240102o.txt";
     const std::string fits(259 - tail.size(), 'r');
-    SetRootFolderPath(fits);
-    EXPECT_EQ(StatementPath({2024, 1, 2}, false), fits + tail);
-    SetRootFolderPath(fits + "r");
-    EXPECT_EQ(StatementPath({2024, 1, 2}, false), (fits + "r" + tail).substr(0, 259));
+    report.RootFolder = fits;
+    EXPECT_EQ(StatementPath(report, {2024, 1, 2}, false), fits + tail);
+    report.RootFolder = fits + "r";
+    EXPECT_EQ(StatementPath(report, {2024, 1, 2}, false), (fits + "r" + tail).substr(0, 259));
 
-    ReportDocument.BillFolder = std::string(259 - 15, 'b');
-    EXPECT_EQ(PagePath(), ReportDocument.BillFolder + "/TradeBill.html");
-    ReportDocument.BillFolder += "b";
-    EXPECT_EQ(PagePath(), ReportDocument.BillFolder + "/TradeBill.htm");
+    report.ReportDocument.BillFolder = std::string(259 - 15, 'b');
+    EXPECT_EQ(PagePath(report), report.ReportDocument.BillFolder + "/TradeBill.html");
+    report.ReportDocument.BillFolder += "b";
+    EXPECT_EQ(PagePath(report), report.ReportDocument.BillFolder + "/TradeBill.htm");
 }
 
 TEST_F(BillFolders, ThatCantBeMadeDontStopTheRun) {
@@ -106,7 +106,7 @@ TEST_F(BillFolders, AreNotNeededToReadStatements) {
     const RunResult result = Run();
     EXPECT_EQ(result.statementsRead, 2);
     EXPECT_FALSE(result.pageWritten);
-    EXPECT_EQ(MatchStore.Count(), 4);
+    EXPECT_EQ(report.MatchStore.Count(), 4);
 }
 
 }  // namespace

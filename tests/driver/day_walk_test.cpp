@@ -45,10 +45,10 @@ TEST_F(DayWalk, IsEmptyIfTheStartLiesAfterTheEnd) {
     EXPECT_TRUE(watcher_.days.empty());
     EXPECT_EQ(result.end, RunEnd::Finished);
     EXPECT_EQ(result.days, 0);
-    EXPECT_TRUE(StoresAreEmpty());
+    EXPECT_TRUE(StoresAreEmpty(report));
     EXPECT_TRUE(result.pageWritten);  // built from nothing
-    EXPECT_EQ(MoneyStore.StartDateText, "2024-01-03");
-    EXPECT_EQ(MoneyStore.EndDateText, "2024-01-02");
+    EXPECT_EQ(report.MoneyStore.StartDateText, "2024-01-03");
+    EXPECT_EQ(report.MoneyStore.EndDateText, "2024-01-02");
 }
 
 #if !defined(_WIN32)  // where a process has no say in when clocks change
@@ -77,7 +77,7 @@ TEST_F(DayWalk, TakesDaysOfTheLocalTime) {
     SetDates("2024-1-2", "2024-1-3");
     EXPECT_EQ(Run().statementsRead, 1);
     EXPECT_EQ(watcher_.days, (Texts{"20240102", "20240103"}));
-    EXPECT_EQ(MoneyStore.StartDateText, "2024-01-02");
+    EXPECT_EQ(report.MoneyStore.StartDateText, "2024-01-02");
 }
 
 TEST_F(DayWalk, ReadsFinishedDaysFromFilesEndingInO) {
@@ -89,8 +89,8 @@ TEST_F(DayWalk, ReadsFinishedDaysFromFilesEndingInO) {
     Put("D10086.20240101o.txt", FundsOf("20240101", "7.00"));    // before it
     const RunResult result = Run();
     EXPECT_EQ(result.statementsRead, 1);
-    EXPECT_EQ(MoneyDays(), (Texts{"20240102"}));
-    EXPECT_EQ(MoneyStore.ClosingEquity, 2);
+    EXPECT_EQ(MoneyDays(report), (Texts{"20240102"}));
+    EXPECT_EQ(report.MoneyStore.ClosingEquity, 2);
 }
 
 TEST_F(DayWalk, PassesOverDaysWithoutAFile) {
@@ -100,7 +100,7 @@ TEST_F(DayWalk, PassesOverDaysWithoutAFile) {
     const RunResult result = Run();
     EXPECT_EQ(result.days, 6);
     EXPECT_EQ(result.statementsRead, 2);
-    EXPECT_EQ(MoneyDays(), (Texts{"20240102", "20240105"}));
+    EXPECT_EQ(MoneyDays(report), (Texts{"20240102", "20240105"}));
 }
 
 TEST_F(DayWalk, ReadsTodayFromTheFileWithoutO) {
@@ -112,11 +112,11 @@ TEST_F(DayWalk, ReadsTodayFromTheFileWithoutO) {
     Put("D10086." + DayText(today) + "o.txt", FundsOf("19990102", "4.00"));
     SetDates(yesterday, today);
     EXPECT_EQ(Run().statementsRead, 2);
-    EXPECT_EQ(MoneyStore.TotalClosedPL, 0);
-    EXPECT_EQ(TradeStatistics.DayFigures.Find(DayText(yesterday))->Closing, 1);
-    EXPECT_EQ(TradeStatistics.DayFigures.Find("19990101"), nullptr);
-    EXPECT_EQ(TradeStatistics.DayFigures.Find("19990102"), nullptr);
-    EXPECT_NE(TradeStatistics.DayFigures.Find(DayText(today)), nullptr);
+    EXPECT_EQ(report.MoneyStore.TotalClosedPL, 0);
+    EXPECT_EQ(report.TradeStatistics.DayFigures.Find(DayText(yesterday))->Closing, 1);
+    EXPECT_EQ(report.TradeStatistics.DayFigures.Find("19990101"), nullptr);
+    EXPECT_EQ(report.TradeStatistics.DayFigures.Find("19990102"), nullptr);
+    EXPECT_NE(report.TradeStatistics.DayFigures.Find(DayText(today)), nullptr);
 }
 
 TEST_F(DayWalk, ReadsTodayFromTheFileWithoutOInsideARangeToo) {
@@ -126,7 +126,7 @@ TEST_F(DayWalk, ReadsTodayFromTheFileWithoutOInsideARangeToo) {
     Put("D10086." + DayText(tomorrow) + "o.txt", FundsOf(DayText(tomorrow), "4.00"));
     SetDates(today, tomorrow);
     EXPECT_EQ(Run().statementsRead, 2);
-    EXPECT_EQ(MoneyDays(), (Texts{DayText(today), DayText(tomorrow)}));
+    EXPECT_EQ(MoneyDays(report), (Texts{DayText(today), DayText(tomorrow)}));
 }
 
 TEST_F(DayWalk, ReadsForeignStatementsFromFilesNamedDWP) {
@@ -134,7 +134,7 @@ TEST_F(DayWalk, ReadsForeignStatementsFromFilesNamedDWP) {
     Put("D10086.20240103o.txt", FundsOf("20240103", "3.00"));
     request_.StatementKind = 2;
     EXPECT_EQ(Run().statementsRead, 1);
-    EXPECT_TRUE(MoneyStore.Records.empty());
+    EXPECT_TRUE(report.MoneyStore.Records.empty());
 }
 
 TEST_F(DayWalk, ReadsTodaysForeignStatementFromTheFileWithoutO) {
@@ -150,7 +150,7 @@ TEST_F(DayWalk, IsDomesticForAllKindsButTwo) {
     for (const std::int32_t kind : {0, 1, 3, -2, 201, std::numeric_limits<std::int32_t>::max()}) {
         request_.StatementKind = kind;
         EXPECT_EQ(Run().statementsRead, 2) << kind;
-        EXPECT_EQ(MoneyDays(), (Texts{"20240102", "20240103"})) << kind;
+        EXPECT_EQ(MoneyDays(report), (Texts{"20240102", "20240103"})) << kind;
     }
 }
 
@@ -159,7 +159,7 @@ TEST_F(DayWalk, ReadsNothingForAnUnknownFormat) {
     request_.StatementFormat = 7;
     const RunResult result = Run();
     EXPECT_EQ(result.statementsRead, 2);  // the files are there
-    EXPECT_TRUE(StoresAreEmpty());
+    EXPECT_TRUE(StoresAreEmpty(report));
     EXPECT_TRUE(result.pageWritten);
 }
 
@@ -168,7 +168,7 @@ TEST_F(DayWalk, HandsTheDayOfTheFileToTheReader) {
     Put("D10086.20240103o.txt",
         Statement({"日  期:20240102", "资金状况", "----------", "当日结存: 5.00", "权利金收入: 2.00", "----------"}));
     Run();
-    EXPECT_EQ(MoneyDays(), (Texts{"20240103"}));
+    EXPECT_EQ(MoneyDays(report), (Texts{"20240103"}));
 }
 
 }  // namespace

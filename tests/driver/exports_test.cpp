@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "driver/host_module.h"
 #include "driver/run_fixture.h"
 #include "support/host_objects.h"
 #include "support/raised_code.h"
@@ -11,7 +12,10 @@
 namespace tradebill {
 namespace {
 
-class Exports : public RunFixture {};
+class Exports : public RunFixture {
+protected:
+    Exports() { SetRootFolder(root_.Path().c_str()); }
+};
 
 std::uint32_t CodeRaisedFor(const GenerateBillRequest* request) {
     return CodeRaisedBy([request] { GenerateBill(request); });
@@ -21,14 +25,14 @@ TEST_F(Exports, MakeAReport) {
     PutBothDays();
     GenerateBill(&request_);
     EXPECT_TRUE(Page().ends_with("</html>\r\n"));
-    EXPECT_EQ(MoneyStore.Count(), 2);
+    EXPECT_EQ(TheModule().report.MoneyStore.Count(), 2);
 }
 
 TEST_F(Exports, MakeAReportForHostsThatCantCatch) {
     PutBothDays();
     EXPECT_EQ(TryGenerateBill(&request_), 0U);
     EXPECT_TRUE(Page().ends_with("</html>\r\n"));
-    EXPECT_EQ(MoneyStore.Count(), 2);
+    EXPECT_EQ(TheModule().report.MoneyStore.Count(), 2);
 }
 
 TEST_F(Exports, CarryTheCodeOfARefusedDate) {
@@ -43,10 +47,10 @@ TEST_F(Exports, CarryTheCodeOfARefusedDate) {
 TEST_F(Exports, LeaveStoresEmptyForARefusedDate) {
     PutBothDays();
     ASSERT_EQ(TryGenerateBill(&request_), 0U);
-    ASSERT_FALSE(StoresAreEmpty());
+    ASSERT_FALSE(StoresAreEmpty(TheModule().report));
     SetDates("2024-1-2", "2024-13-1");
     EXPECT_NE(TryGenerateBill(&request_), 0U);
-    EXPECT_TRUE(StoresAreEmpty());
+    EXPECT_TRUE(StoresAreEmpty(TheModule().report));
 }
 
 TEST_F(Exports, RefuseANullRequest) {
@@ -67,7 +71,7 @@ TEST_F(Exports, SetTheRootFolder) {
     other.Write("Users/u/Data/Bill/D10086.20240102o.txt", FundsOf("20240102", "5.00"));
     SetRootFolder(other.Path().c_str());
     EXPECT_EQ(TryGenerateBill(&request_), 0U);
-    EXPECT_EQ(MoneyStore.ClosingEquity, 5);
+    EXPECT_EQ(TheModule().report.MoneyStore.ClosingEquity, 5);
     EXPECT_TRUE(ReadFile(other.Path("Users/u/Data/Bill/Image/TradeBill.html")).ends_with("</html>\r\n"));
     EXPECT_EQ(ReadFile(PageFile()), "");
 }
@@ -76,17 +80,17 @@ TEST_F(Exports, CopyTheRootFolder) {
     std::string path = root_.Path();
     SetRootFolder(path.c_str());
     path.assign(path.size(), 'x');
-    EXPECT_EQ(RootFolder(), root_.Path());
+    EXPECT_EQ(TheModule().rootFolder, root_.Path());
 }
 
 TEST_F(Exports, CutTheRootFolderAt259Bytes) {
     SetRootFolder(("/" + std::string(300, 'r')).c_str());
-    EXPECT_EQ(RootFolder(), "/" + std::string(258, 'r'));
+    EXPECT_EQ(TheModule().rootFolder, "/" + std::string(258, 'r'));
 }
 
 TEST_F(Exports, KeepTheRootFolderForANullPath) {
     SetRootFolder(nullptr);
-    EXPECT_EQ(RootFolder(), root_.Path());
+    EXPECT_EQ(TheModule().rootFolder, root_.Path());
 }
 
 }  // namespace

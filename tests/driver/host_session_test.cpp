@@ -9,6 +9,7 @@
 #include <thread>
 #include <vector>
 
+#include "driver/host_module.h"
 #include "driver/run_fixture.h"
 #include "support/host_objects.h"
 #include "support/surface.h"
@@ -49,6 +50,7 @@ protected:
     HostSession() {
         Told.reset();
         Calls.clear();
+        SetRootFolder(root_.Path().c_str());
         window_.onMessage = [] { Calls.emplace_back("message"); };
         request_.HostWindow = window_.Handle();
         request_.ChartSizeCallback = TakeSizes;
@@ -133,9 +135,9 @@ TEST_F(HostSession, RepaintsWhatAStoppedRunHadRead) {
     watcher_.onDay = [&](int day) {
         if (day == 1) std::thread([&] { SignalHostEvent(stop.get()); }).join();
     };
-    EXPECT_EQ(Run().end, RunEnd::Stopped);
+    EXPECT_EQ(RunReport(TheModule().ReportForCall(), request_, &watcher_).end, RunEnd::Stopped);
     EXPECT_TRUE(IsSignalled(acknowledge));
-    EXPECT_EQ(MoneyStore.Count(), 1);
+    EXPECT_EQ(TheModule().report.MoneyStore.Count(), 1);
     for (StretchFunction* const stretch : kStretch) Repainted(stretch, 400, 200, 0);
 }
 

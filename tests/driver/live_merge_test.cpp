@@ -47,21 +47,21 @@ protected:
 
 TEST_F(LiveMerge, AddsTheBaseFiguresAsALiveRecord) {
     Run();
-    ASSERT_EQ(MoneyDays(), (Texts{"20240202"}));
-    EXPECT_EQ(MoneyStore.OpeningEquity, 500);
-    EXPECT_EQ(MoneyStore.ClosingEquity, 1000);
-    EXPECT_EQ(MoneyStore.TotalClosedPL, 15);
-    EXPECT_EQ(MoneyStore.FrozenA, 3);
-    EXPECT_EQ(MoneyStore.FrozenB, 4);
-    EXPECT_EQ(MoneyStore.HostPositionPL, 35);
-    EXPECT_EQ(MoneyStore.TotalPositionPL, 35);  // the host's own figure in place of CCDSYK
-    EXPECT_EQ(MoneyStore.PositionMargin, 250);
-    EXPECT_EQ(AccountStatistics.InitialEquity, 1000);
+    ASSERT_EQ(MoneyDays(report), (Texts{"20240202"}));
+    EXPECT_EQ(report.MoneyStore.OpeningEquity, 500);
+    EXPECT_EQ(report.MoneyStore.ClosingEquity, 1000);
+    EXPECT_EQ(report.MoneyStore.TotalClosedPL, 15);
+    EXPECT_EQ(report.MoneyStore.FrozenA, 3);
+    EXPECT_EQ(report.MoneyStore.FrozenB, 4);
+    EXPECT_EQ(report.MoneyStore.HostPositionPL, 35);
+    EXPECT_EQ(report.MoneyStore.TotalPositionPL, 35);  // the host's own figure in place of CCDSYK
+    EXPECT_EQ(report.MoneyStore.PositionMargin, 250);
+    EXPECT_EQ(report.AccountStatistics.InitialEquity, 1000);
 }
 
 TEST_F(LiveMerge, FeedsTheBaseFiguresToTheDailySeries) {
     Run();
-    const DayFigure* const figure = TradeStatistics.DayFigures.Find("20240202");
+    const DayFigure* const figure = report.TradeStatistics.DayFigures.Find("20240202");
     ASSERT_NE(figure, nullptr);
     EXPECT_EQ(figure->ClosedPL, 15);
     EXPECT_EQ(figure->PositionPL, 25);
@@ -69,7 +69,7 @@ TEST_F(LiveMerge, FeedsTheBaseFiguresToTheDailySeries) {
     EXPECT_EQ(figure->Opening, 500);
     EXPECT_EQ(figure->Closing, 1000);
     EXPECT_EQ(figure->Yield, (1000.0 - 50 - 500) / 500);
-    const CDayUsage* const usage = TradeStatistics.DayUsages.Find("20240202");
+    const CDayUsage* const usage = report.TradeStatistics.DayUsages.Find("20240202");
     ASSERT_NE(usage, nullptr);
     EXPECT_EQ(usage->Margin, 200);
     EXPECT_EQ(usage->Risk, 0.2);
@@ -77,9 +77,9 @@ TEST_F(LiveMerge, FeedsTheBaseFiguresToTheDailySeries) {
 
 TEST_F(LiveMerge, AddsACopy) {
     Run();
-    ASSERT_EQ(MoneyStore.Count(), 1);
-    EXPECT_NE(MoneyStore.Records[0].get(), &Request.BaseMoney);
-    EXPECT_NE(MoneyStore.Records[0].get(), &request_.BaseMoney);
+    ASSERT_EQ(report.MoneyStore.Count(), 1);
+    EXPECT_NE(report.MoneyStore.Records[0].get(), &report.Request.BaseMoney);
+    EXPECT_NE(report.MoneyStore.Records[0].get(), &request_.BaseMoney);
 }
 
 TEST_F(LiveMerge, TakesPlaceOnlyIfTheLastDayIsToday) {
@@ -91,8 +91,8 @@ TEST_F(LiveMerge, TakesPlaceOnlyIfTheLastDayIsToday) {
     for (const Range& range : {Range{-2, -1, 0}, Range{-1, 0, 1}, Range{0, 0, 1}, Range{0, 1, 0}, Range{1, 2, 0}}) {
         SetDates(DayFromToday(range.first), DayFromToday(range.last));
         Run();
-        EXPECT_EQ(MoneyStore.Count(), range.records) << range.first << " to " << range.last;
-        EXPECT_EQ(TradeStatistics.DayFigures.Days.size(), static_cast<std::size_t>(range.records));
+        EXPECT_EQ(report.MoneyStore.Count(), range.records) << range.first << " to " << range.last;
+        EXPECT_EQ(report.TradeStatistics.DayFigures.Days.size(), static_cast<std::size_t>(range.records));
     }
 }
 
@@ -100,7 +100,7 @@ TEST_F(LiveMerge, IsAllOfAReportThatStartsAfterItEndsToday) {
     SetDates(DayFromToday(1), DayFromToday(0));
     const RunResult result = Run();
     EXPECT_EQ(result.days, 0);
-    EXPECT_EQ(MoneyDays(), (Texts{"20240202"}));
+    EXPECT_EQ(MoneyDays(report), (Texts{"20240202"}));
     EXPECT_TRUE(result.pageWritten);
 }
 
@@ -109,26 +109,26 @@ TEST_F(LiveMerge, ComesAfterTheStatementOfToday) {
     Put("D10086." + today + ".txt", FundsOf(today, "900.00", "7.00"));
     CopyField(request_.BaseMoney.BILL_DATE, today);
     Run();
-    EXPECT_EQ(MoneyDays(), (Texts{today}));  // one record a day: the live one
-    EXPECT_EQ(FieldText(MoneyStore.Records[0]->QMJC), "2000.00");
-    EXPECT_EQ(MoneyStore.OpeningEquity, 1000);  // of the statement
-    EXPECT_EQ(MoneyStore.ClosingEquity, 1000);
-    EXPECT_EQ(MoneyStore.TotalClosedPL, 7 + 15);
-    EXPECT_EQ(MoneyStore.TotalPositionPL, 25 + 35);
+    EXPECT_EQ(MoneyDays(report), (Texts{today}));  // one record a day: the live one
+    EXPECT_EQ(FieldText(report.MoneyStore.Records[0]->QMJC), "2000.00");
+    EXPECT_EQ(report.MoneyStore.OpeningEquity, 1000);  // of the statement
+    EXPECT_EQ(report.MoneyStore.ClosingEquity, 1000);
+    EXPECT_EQ(report.MoneyStore.TotalClosedPL, 7 + 15);
+    EXPECT_EQ(report.MoneyStore.TotalPositionPL, 25 + 35);
 }
 
 TEST_F(LiveMerge, TakesBaseFiguresWhateverTheyHold) {
     request_.BaseMoney = ClearedMoneyRecord();
     Run();
-    EXPECT_EQ(MoneyDays(), (Texts{""}));
+    EXPECT_EQ(MoneyDays(report), (Texts{""}));
 }
 
 TEST_F(LiveMerge, LeavesCurrenciesOfTheDomesticFamilyAlone) {
     request_.CurrencyMoney[0] = Live("USD", "5.00");
     request_.CurrencyCount = 1;
     Run();
-    EXPECT_EQ(MoneyStore.Count(), 1);
-    EXPECT_TRUE(CurrencyMoneyStore.Names.empty());
+    EXPECT_EQ(report.MoneyStore.Count(), 1);
+    EXPECT_TRUE(report.CurrencyMoneyStore.Names.empty());
 }
 
 TEST_F(LiveMerge, FilesForeignFiguresByCurrency) {
@@ -139,15 +139,15 @@ TEST_F(LiveMerge, FilesForeignFiguresByCurrency) {
     CopyField(request_.CurrencyMoney[1].HOST_FROZEN_A, "1.00");
     request_.CurrencyCount = 2;
     Run();
-    EXPECT_EQ(CurrencyMoneyStore.Names, (Texts{"HKD*", "HKD", "USD"}));
-    ASSERT_EQ(CurrencyMoneyStore.Stores.size(), 3U);
-    EXPECT_EQ(CurrencyMoneyStore.Find("HKD*")->ClosingEquity, 1000);
-    EXPECT_EQ(CurrencyMoneyStore.Find("HKD*")->FrozenA, 3);  // live figures count
-    EXPECT_EQ(CurrencyMoneyStore.Find("HKD")->ClosingEquity, 300);
-    EXPECT_EQ(CurrencyMoneyStore.Find("USD")->ClosingEquity, 160);
-    EXPECT_EQ(CurrencyMoneyStore.Find("USD")->FrozenA, 2);
-    EXPECT_EQ(CurrencyMoneyStore.Find("USD")->Count(), 1);
-    EXPECT_NE(CurrencyMoneyStore.Find("HKD*")->Records[0].get(), MoneyStore.Records[0].get());
+    EXPECT_EQ(report.CurrencyMoneyStore.Names, (Texts{"HKD*", "HKD", "USD"}));
+    ASSERT_EQ(report.CurrencyMoneyStore.Stores.size(), 3U);
+    EXPECT_EQ(report.CurrencyMoneyStore.Find("HKD*")->ClosingEquity, 1000);
+    EXPECT_EQ(report.CurrencyMoneyStore.Find("HKD*")->FrozenA, 3);  // live figures count
+    EXPECT_EQ(report.CurrencyMoneyStore.Find("HKD")->ClosingEquity, 300);
+    EXPECT_EQ(report.CurrencyMoneyStore.Find("USD")->ClosingEquity, 160);
+    EXPECT_EQ(report.CurrencyMoneyStore.Find("USD")->FrozenA, 2);
+    EXPECT_EQ(report.CurrencyMoneyStore.Find("USD")->Count(), 1);
+    EXPECT_NE(report.CurrencyMoneyStore.Find("HKD*")->Records[0].get(), report.MoneyStore.Records[0].get());
 }
 
 TEST_F(LiveMerge, KeepsForeignFiguresOutOfTheAccount) {
@@ -156,10 +156,10 @@ TEST_F(LiveMerge, KeepsForeignFiguresOutOfTheAccount) {
     CopyField(request_.CurrencyMoney[0].BILL_DATE, "20240203");
     request_.CurrencyCount = 1;
     Run();
-    EXPECT_EQ(MoneyDays(), (Texts{"20240202"}));
-    EXPECT_EQ(MoneyStore.ClosingEquity, 1000);
-    EXPECT_EQ(TradeStatistics.DayFigures.Find("20240203"), nullptr);
-    EXPECT_EQ(TradeStatistics.DayUsages.Find("20240203"), nullptr);
+    EXPECT_EQ(MoneyDays(report), (Texts{"20240202"}));
+    EXPECT_EQ(report.MoneyStore.ClosingEquity, 1000);
+    EXPECT_EQ(report.TradeStatistics.DayFigures.Find("20240203"), nullptr);
+    EXPECT_EQ(report.TradeStatistics.DayUsages.Find("20240203"), nullptr);
 }
 
 TEST_F(LiveMerge, PutsFiguresOfOneCurrencyIntoOneStore) {
@@ -170,9 +170,9 @@ TEST_F(LiveMerge, PutsFiguresOfOneCurrencyIntoOneStore) {
     request_.CurrencyMoney[3] = Live("", "4.00");
     request_.CurrencyCount = 4;
     Run();
-    EXPECT_EQ(CurrencyMoneyStore.Names, (Texts{"HKD*", "USD", ""}));
-    EXPECT_EQ(CurrencyMoneyStore.Find("USD")->ClosingEquity, 3);
-    EXPECT_EQ(CurrencyMoneyStore.Find("HKD*")->ClosingEquity, 2);
+    EXPECT_EQ(report.CurrencyMoneyStore.Names, (Texts{"HKD*", "USD", ""}));
+    EXPECT_EQ(report.CurrencyMoneyStore.Find("USD")->ClosingEquity, 3);
+    EXPECT_EQ(report.CurrencyMoneyStore.Find("HKD*")->ClosingEquity, 2);
 }
 
 TEST_F(LiveMerge, AddsNoForeignFiguresToAnEarlierRange) {
@@ -180,8 +180,8 @@ TEST_F(LiveMerge, AddsNoForeignFiguresToAnEarlierRange) {
     request_.CurrencyCount = 1;
     SetDates("2024-1-2", "2024-1-3");
     Run();
-    EXPECT_TRUE(CurrencyMoneyStore.Names.empty());
-    EXPECT_EQ(MoneyStore.Count(), 0);
+    EXPECT_TRUE(report.CurrencyMoneyStore.Names.empty());
+    EXPECT_EQ(report.MoneyStore.Count(), 0);
 }
 
 TEST_F(LiveMerge, HoldsTheCurrencyCountToItsBounds) {
@@ -197,15 +197,15 @@ TEST_F(LiveMerge, HoldsTheCurrencyCountToItsBounds) {
                               Case{std::numeric_limits<std::int32_t>::min(), 0}}) {
         request_.CurrencyCount = tried.count;
         Run();
-        EXPECT_EQ(CurrencyMoneyStore.Names.size(), 1 + tried.merged) << tried.count;
+        EXPECT_EQ(report.CurrencyMoneyStore.Names.size(), 1 + tried.merged) << tried.count;
     }
 }
 
 TEST_F(LiveMerge, MakesInfinitiesOfARateOfZero) {
     request_.BaseMoney.EXCHANGE_RATE = 0;
     const RunResult result = Run();
-    EXPECT_EQ(MoneyStore.ClosingEquity, std::numeric_limits<double>::infinity());
-    EXPECT_TRUE(std::isnan(MoneyStore.Available));  // nothing by nothing
+    EXPECT_EQ(report.MoneyStore.ClosingEquity, std::numeric_limits<double>::infinity());
+    EXPECT_TRUE(std::isnan(report.MoneyStore.Available));  // nothing by nothing
     EXPECT_TRUE(result.pageWritten);
     EXPECT_TRUE(Page().ends_with("</html>\r\n"));
 }
@@ -216,9 +216,9 @@ TEST_F(LiveMerge, CutsUnterminatedTexts) {
     std::fill(std::begin(request_.BaseMoney.BILL_DATE), std::end(request_.BaseMoney.BILL_DATE), '1');
     std::fill(std::begin(request_.BaseMoney.QMJC), std::end(request_.BaseMoney.QMJC), '8');
     Run();
-    EXPECT_EQ(CurrencyMoneyStore.Names, (Texts{std::string(15, 'C')}));
-    EXPECT_EQ(MoneyDays(), (Texts{"11111111"}));
-    EXPECT_EQ(MoneyStore.ClosingEquity, 888888888888888.0 / 2);
+    EXPECT_EQ(report.CurrencyMoneyStore.Names, (Texts{std::string(15, 'C')}));
+    EXPECT_EQ(MoneyDays(report), (Texts{"11111111"}));
+    EXPECT_EQ(report.MoneyStore.ClosingEquity, 888888888888888.0 / 2);
 }
 
 }  // namespace

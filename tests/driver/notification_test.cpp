@@ -53,8 +53,8 @@ TEST_F(Notification, FindsAllResultsInTheStores) {
     int records = 0;
     double risk = 0;
     window_.onMessage = [&] {
-        records = MoneyStore.Count();
-        risk = AccountStatistics.MaxRisk;
+        records = report.MoneyStore.Count();
+        risk = report.AccountStatistics.MaxRisk;
     };
     Run();
     EXPECT_EQ(records, 2);
@@ -90,7 +90,7 @@ TEST_F(Notification, IsSentIfAFolderStandsInPlaceOfThePage) {
     EXPECT_FALSE(result.pageWritten);
     EXPECT_EQ(result.pagePath, PageFile());
     EXPECT_EQ(window_.messages.size(), 1U);
-    EXPECT_EQ(MoneyStore.Count(), 2);
+    EXPECT_EQ(report.MoneyStore.Count(), 2);
     EXPECT_TRUE(std::filesystem::is_directory(PageFile()));
 }
 

@@ -6,8 +6,12 @@
 #include <cstdint>
 #include <limits>
 #include <new>
+#include <stdexcept>
 
 #include "base/report_error.h"
+#include "driver/host_module.h"
+#include "images/account_charts.h"
+#include "paint/bitmap.h"
 #include "support/store_fixture.h"
 #include "support/surface.h"
 
@@ -15,94 +19,126 @@ namespace tradebill {
 namespace {
 
 constexpr std::uint32_t kUntouched = 0x12345678;
-constexpr std::uint32_t kRed = 0xFFFF0000;
-constexpr std::uint32_t kBlue = 0xFF0000FF;
+constexpr std::uint32_t kFrame = 0xFF383838;  // of every chart
 
-/// Red all over, with one blue pixel at the rectangle's left top corner.
-void PaintRed(CCanvas& canvas, const Box& rect) {
-    canvas.FillSolid(rect, 0x0000FF);
-    canvas.SetPixel({rect.left, rect.top}, 0xFF0000);
-}
+/// A finished report of two days without records: its charts are empty frames.
+class Repainting : public StoreFixture {
+protected:
+    Repainting() {
+        report.MoneyStore.StartDateText = "2024-01-02";
+        report.MoneyStore.EndDateText = "2024-01-03";
+    }
 
-TEST(Repaint, DrawsARectangleOfTheWholeAreaAtTheOrigin) {
+    void RepaintOn(ChartTarget* target, const ChartRect* rect, const PictureSize& size) const {
+        Repaint(report, kEquityChart, target, rect, size);
+    }
+
+    /// How many pixels of the surface show the chart as it is painted into `rect` of an area of `size`, the area's
+    /// pixel (0, 0) at `origin` of the surface.
+    [[nodiscard]] int CountOfShown(const CSurface& surface, const PictureSize& surfaceSize, const ChartRect& rect,
+                                   const PictureSize& size, const Point& origin) const {
+        CBitmap area(size.width, size.height, 0);
+        StretchAccountChart(*MakeCanvas(area), report, kEquityChart, {rect.Left, rect.Top, rect.Right, rect.Bottom});
+        int count = 0;
+        for (std::int32_t y = 0; y < surfaceSize.height; ++y) {
+            for (std::int32_t x = 0; x < surfaceSize.width; ++x) {
+                const Point at{x - origin.x, y - origin.y};
+                const bool inArea = at.x >= 0 && at.y >= 0 && at.x < size.width && at.y < size.height;
+                if (inArea && surface.At(x, y) == (area.Row(at.y)[at.x] | 0xFF000000)) ++count;
+            }
+        }
+        return count;
+    }
+};
+
+TEST_F(Repainting, DrawsARectangleOfTheWholeAreaAtTheOrigin) {
     CSurface surface(30, 20, kUntouched);
     const ChartRect rect{0, 0, 30, 20};
-    Repaint(surface.Target(), &rect, {30, 20}, PaintRed);
-    EXPECT_EQ(surface.At(0, 0), kBlue);
-    EXPECT_EQ(surface.At(29, 19), kRed);
-    EXPECT_EQ(surface.CountOf(kRed), 30 * 20 - 1);
+    RepaintOn(surface.Target(), &rect, {30, 20});
+    EXPECT_EQ(surface.At(0, 0), kFrame);
+    EXPECT_EQ(surface.CountOf(kUntouched), 0);
+    EXPECT_EQ(CountOfShown(surface, {30, 20}, rect, {30, 20}, {0, 0}), 30 * 20);
     EXPECT_EQ(surface.LastStatus(), kChartDone);
 }
 
-// 10 by 5 in 30 by 20: at ((30 - 10) / 2, (20 - 5) / 2).
-TEST(Repaint, CentresAPartOfTheArea) {
+// 10 by 5 in 30 by 20: at ((30 - 10) / 2, (20 - 5) / 2), which is 7 right of and 6 below where it was painted.
+TEST_F(Repainting, CentresAPartOfTheArea) {
     CSurface surface(30, 20, kUntouched);
     const ChartRect rect{3, 1, 13, 6};
-    Repaint(surface.Target(), &rect, {30, 20}, PaintRed);
-    EXPECT_EQ(surface.At(10, 7), kBlue);
-    EXPECT_EQ(surface.At(19, 11), kRed);
-    EXPECT_EQ(surface.CountOf(kRed), 10 * 5 - 1);
+    RepaintOn(surface.Target(), &rect, {30, 20});
+    EXPECT_NE(surface.At(10, 7), kUntouched);
+    EXPECT_NE(surface.At(19, 11), kUntouched);
+    EXPECT_EQ(surface.CountOf(kUntouched), 30 * 20 - 10 * 5);
+    EXPECT_EQ(CountOfShown(surface, {30, 20}, rect, {30, 20}, {7, 6}), 10 * 5);
 }
 
 // A rectangle wider than the area begins left of it: (20 - 26) / 2 is -3. Only 20 columns of it were painted.
-TEST(Repaint, CutsOffWhatLiesOutside) {
+TEST_F(Repainting, CutsOffWhatLiesOutside) {
     CSurface surface(12, 4, kUntouched);
     const ChartRect rect{0, 0, 26, 4};
-    Repaint(surface.Target(), &rect, {20, 4}, PaintRed);
-    EXPECT_EQ(surface.CountOf(kRed), 12 * 4);
+    RepaintOn(surface.Target(), &rect, {20, 4});
+    EXPECT_EQ(CountOfShown(surface, {12, 4}, rect, {20, 4}, {-3, 0}), 12 * 4);
     const ChartRect beyond{-5, -5, 5, 5};  // 5 by 5 pixels of it lie on the area, and land at 5 more
     CSurface other(20, 20, kUntouched);
-    Repaint(other.Target(), &beyond, {20, 20}, PaintRed);
-    EXPECT_EQ(other.CountOf(kRed), 5 * 5);
-    EXPECT_EQ(other.At(10, 10), kRed);
+    RepaintOn(other.Target(), &beyond, {20, 20});
+    EXPECT_EQ(other.CountOf(kUntouched), 20 * 20 - 5 * 5);
+    EXPECT_EQ(CountOfShown(other, {20, 20}, beyond, {20, 20}, {10, 10}), 5 * 5);
+    EXPECT_NE(other.At(10, 10), kUntouched);
     EXPECT_EQ(other.At(9, 10), kUntouched);
 }
 
-TEST(Repaint, DoesNothingWithoutTargetOrRectangle) {
+TEST_F(Repainting, DoesNothingWithoutTargetOrRectangle) {
     CSurface surface(8, 8, kUntouched);
     const ChartRect rect{0, 0, 8, 8};
-    Repaint(nullptr, &rect, {8, 8}, PaintRed);
-    Repaint(surface.Target(), nullptr, {8, 8}, PaintRed);
+    RepaintOn(nullptr, &rect, {8, 8});
+    RepaintOn(surface.Target(), nullptr, {8, 8});
     for (const ChartRect& empty : {ChartRect{4, 0, 4, 8}, ChartRect{0, 4, 8, 4}, ChartRect{8, 0, 0, 8}}) {
-        Repaint(surface.Target(), &empty, {8, 8}, PaintRed);
+        RepaintOn(surface.Target(), &empty, {8, 8});
     }
     EXPECT_EQ(surface.CountOf(kUntouched), 8 * 8);
     EXPECT_EQ(surface.LastStatus(), kChartDone);
 }
 
-TEST(Repaint, TellsOfAnAreaThatCannotBe) {
+TEST_F(Repainting, TellsOfAnAreaThatCannotBe) {
     const ChartRect rect{0, 0, 8, 8};
     for (const PictureSize& size : {PictureSize{0, 8}, {8, 0}, {-8, 8}, {30'000, 30'000}}) {
         CSurface surface(8, 8, kUntouched);
-        Repaint(surface.Target(), &rect, size, PaintRed);
+        RepaintOn(surface.Target(), &rect, size);
         EXPECT_EQ(surface.LastStatus(), kChartInvalidParameter) << size.width;
         EXPECT_EQ(surface.CountOf(kUntouched), 8 * 8);
     }
 }
 
-TEST(Repaint, LetsNoExceptionOut) {
+TEST_F(Repainting, LetsNoExceptionOut) {
     const ChartRect rect{0, 0, 8, 8};
     CSurface surface(8, 8, kUntouched);
-    Repaint(surface.Target(), &rect, {8, 8}, [](CCanvas&, const Box&) { throw CReportError(kErrorInvalidArgument); });
+    AccountChart chart = kEquityChart;
+    chart.days = [](const CReport&) -> std::int32_t { throw CReportError(kErrorInvalidArgument); };
+    Repaint(report, chart, surface.Target(), &rect, {8, 8});
     EXPECT_EQ(surface.LastStatus(), kChartWrongState);
-    Repaint(surface.Target(), &rect, {8, 8}, [](CCanvas&, const Box&) { throw std::bad_alloc(); });
+    chart.days = [](const CReport&) -> std::int32_t { throw std::bad_alloc(); };
+    Repaint(report, chart, surface.Target(), &rect, {8, 8});
     EXPECT_EQ(surface.LastStatus(), kChartOutOfMemory);
+    chart.days = [](const CReport&) -> std::int32_t { throw std::runtime_error("any other"); };
+    Repaint(report, chart, surface.Target(), &rect, {8, 8});
+    EXPECT_EQ(surface.LastStatus(), kChartInvalidParameter);
     EXPECT_EQ(surface.CountOf(kUntouched), 8 * 8);
 }
 
-TEST(Repaint, TakesTheFurthestRectangles) {
+TEST_F(Repainting, TakesTheFurthestRectangles) {
     constexpr int kLeast = std::numeric_limits<int>::min();
     constexpr int kMost = std::numeric_limits<int>::max();
     CSurface surface(8, 8, kUntouched);
     for (const ChartRect& rect : {ChartRect{kLeast, kLeast, kMost, kMost}, ChartRect{kLeast, 0, 0, 8},
                                   ChartRect{0, 0, kMost, kMost}, ChartRect{kMost - 1, 0, kMost, 8}}) {
-        Repaint(surface.Target(), &rect, {8, 8}, PaintRed);
+        RepaintOn(surface.Target(), &rect, {8, 8});
     }
     EXPECT_TRUE(surface.IsRoomUntouched());
 }
 
-/// The four exports, before any report.
-TEST_F(StoreFixture, ChartExportsTellThatThereWasNoReport) {
+TEST(ChartExports, TellThatThereWasNoReport) {
+    TheModule().report.MoneyStore.StartDateText.clear();  // as before the first of all
+    TheModule().report.MoneyStore.EndDateText.clear();
     const ChartRect rect{0, 0, 40, 30};
     for (auto* const stretch : {StretchZjGraph, StretchRiskAndProfit, StretchRisk, StretchOffsetGraph}) {
         CSurface surface(40, 30, kUntouched);

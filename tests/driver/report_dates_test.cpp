@@ -91,17 +91,17 @@ constexpr AcceptedDate kAcceptedDates[] = {
 TEST_F(ReportDates, WithinBoundsMeanTheirDay) {
     for (const AcceptedDate& date : kAcceptedDates) {
         ASSERT_EQ(CodeOf(date.text, date.text), kNoError) << date.text;
-        EXPECT_EQ(MoneyStore.StartDateText, date.day) << date.text;
-        EXPECT_EQ(MoneyStore.EndDateText, date.day) << date.text;
-        EXPECT_EQ(DashedDayText(LocalDayOf(ReportDays.first)), date.day) << date.text;
-        EXPECT_EQ(ReportDays.first, MidnightOf(LocalDayOf(ReportDays.first))) << date.text;
+        EXPECT_EQ(report.MoneyStore.StartDateText, date.day) << date.text;
+        EXPECT_EQ(report.MoneyStore.EndDateText, date.day) << date.text;
+        EXPECT_EQ(DashedDayText(LocalDayOf(report.ReportDays.first)), date.day) << date.text;
+        EXPECT_EQ(report.ReportDays.first, MidnightOf(LocalDayOf(report.ReportDays.first))) << date.text;
     }
 }
 
 TEST_F(ReportDates, KeepFirstAndLastDayApart) {
     ASSERT_EQ(CodeOf("2024-1-30", "2024-2-30"), kNoError);
-    EXPECT_EQ(MoneyStore.StartDateText, "2024-01-30");
-    EXPECT_EQ(MoneyStore.EndDateText, "2024-03-01");
+    EXPECT_EQ(report.MoneyStore.StartDateText, "2024-01-30");
+    EXPECT_EQ(report.MoneyStore.EndDateText, "2024-03-01");
 }
 
 TEST_F(ReportDates, AreLookedAtStartFirst) {
@@ -115,8 +115,8 @@ TEST_F(ReportDates, AreBothPassedOverIfOneIsEmpty) {
         {"", ""}, {"2024-1-2", ""}, {"", "2024-1-2"}, {"1899-12-31", ""}, {"", "no date"}};
     for (const auto& [start, end] : dates) {
         ASSERT_EQ(CodeOf(start, end), kNoError) << start << " to " << end;
-        EXPECT_EQ(MoneyStore.StartDateText, today) << start << " to " << end;
-        EXPECT_EQ(MoneyStore.EndDateText, today) << start << " to " << end;
+        EXPECT_EQ(report.MoneyStore.StartDateText, today) << start << " to " << end;
+        EXPECT_EQ(report.MoneyStore.EndDateText, today) << start << " to " << end;
     }
 }
 
@@ -124,22 +124,22 @@ TEST_F(ReportDates, MeanTheMomentOfTheCallIfEmpty) {
     SetDates("", "");
     const std::time_t before = PresentTime();
     Run();
-    EXPECT_GE(ReportDays.first, before);
-    EXPECT_LE(ReportDays.first, PresentTime());
-    EXPECT_EQ(ReportDays.last, ReportDays.first);
+    EXPECT_GE(report.ReportDays.first, before);
+    EXPECT_LE(report.ReportDays.first, PresentTime());
+    EXPECT_EQ(report.ReportDays.last, report.ReportDays.first);
 }
 
 TEST_F(ReportDates, RefusedLeaveAllStoresEmpty) {
     PutBothDays();
     Run();
-    ASSERT_FALSE(StoresAreEmpty());
-    ASSERT_NE(AccountStatistics.WinCount, 0);
+    ASSERT_FALSE(StoresAreEmpty(report));
+    ASSERT_NE(report.AccountStatistics.WinCount, 0);
 
     EXPECT_EQ(CodeOf("2024-1-2", "2024-1-32"), kErrorUnspecified);
-    EXPECT_TRUE(StoresAreEmpty());
-    EXPECT_EQ(MoneyStore.ClosingEquity, 0);
-    EXPECT_EQ(AccountStatistics.WinCount, 0);
-    EXPECT_EQ(AccountStatistics.MaxProfit, 0);
+    EXPECT_TRUE(StoresAreEmpty(report));
+    EXPECT_EQ(report.MoneyStore.ClosingEquity, 0);
+    EXPECT_EQ(report.AccountStatistics.WinCount, 0);
+    EXPECT_EQ(report.AccountStatistics.MaxProfit, 0);
 }
 
 TEST_F(ReportDates, RefusedLeaveThePageOfTheLastRun) {
@@ -150,8 +150,8 @@ TEST_F(ReportDates, RefusedLeaveThePageOfTheLastRun) {
 
     EXPECT_EQ(CodeOf("2024-13-1", "2024-1-3"), kErrorUnspecified);
     EXPECT_EQ(ContentOf(root_.Path()), before);
-    EXPECT_EQ(MoneyStore.StartDateText, "2024-01-02");  // as the last run left them
-    EXPECT_EQ(MoneyStore.EndDateText, "2024-01-03");
+    EXPECT_EQ(report.MoneyStore.StartDateText, "2024-01-02");  // as the last run left them
+    EXPECT_EQ(report.MoneyStore.EndDateText, "2024-01-03");
 }
 
 TEST_F(ReportDates, RefusedMakeNoFolderAndSendNoMessage) {
@@ -173,14 +173,14 @@ TEST_F(ReportDates, RefusedMakeNoFolderAndSendNoMessage) {
 TEST_F(ReportDates, ReplaceThePresentTimeOnlyIfBothPass) {
     const std::time_t before = PresentTime();
     EXPECT_EQ(CodeOf("2024-1-2", "2024-13-1"), kErrorUnspecified);
-    EXPECT_GE(ReportDays.first, before);
-    EXPECT_GE(ReportDays.last, before);
+    EXPECT_GE(report.ReportDays.first, before);
+    EXPECT_GE(report.ReportDays.last, before);
 }
 
 TEST_F(ReportDates, AreCheckedAfterTheRequestIsCopied) {
     CopyField(request_.Account, "20099");
     EXPECT_EQ(CodeOf("2024-1-2", "no date"), kErrorUnspecified);
-    EXPECT_EQ(FieldText(Request.Account), "20099");
+    EXPECT_EQ(FieldText(report.Request.Account), "20099");
 }
 
 }  // namespace

@@ -43,10 +43,11 @@ TEST_F(ReportRun, GoesFromDaysOverStatisticsAndPicturesToThePage) {
         return fs::exists(root_.Path("Users/u/Data/Bill/Image/Image_files/AccountSummary.jpg"));
     };
     watcher_.onStage = [&](const std::string& stage) {
-        if (stage == "statistics") readBeforeStatistics = MoneyStore.Count() == 2 && AccountStatistics.MaxRisk == 0;
+        if (stage == "statistics")
+            readBeforeStatistics = report.MoneyStore.Count() == 2 && report.AccountStatistics.MaxRisk == 0;
         if (stage == "pictures") picturesStood = banner();
         if (stage == "page") {
-            figuresBeforePage = AccountStatistics.MaxRisk != 0;
+            figuresBeforePage = report.AccountStatistics.MaxRisk != 0;
             pageStood = fs::exists(PageFile());
         }
     };
@@ -67,20 +68,20 @@ TEST_F(ReportRun, GoesFromDaysOverStatisticsAndPicturesToThePage) {
 TEST_F(ReportRun, FillsTheStoresFromEachStatement) {
     PutBothDays();
     Run();
-    EXPECT_EQ(MoneyDays(), (Texts{"20240102", "20240103"}));
-    EXPECT_EQ(MatchStore.Count(), 4);
-    EXPECT_EQ(PingDetailStore.Count(), 4);
-    EXPECT_EQ(OpiDetailStore.Count(), 4);
-    EXPECT_EQ(ReportDocument.Offsets.size(), 2U);
-    EXPECT_EQ(TradeStatistics.DayFigures.Days.size(), 2U);
-    EXPECT_EQ(AccountStatistics.WinCount, 4);
-    EXPECT_EQ(AccountStatistics.InitialEquity, 101500);
+    EXPECT_EQ(MoneyDays(report), (Texts{"20240102", "20240103"}));
+    EXPECT_EQ(report.MatchStore.Count(), 4);
+    EXPECT_EQ(report.PingDetailStore.Count(), 4);
+    EXPECT_EQ(report.OpiDetailStore.Count(), 4);
+    EXPECT_EQ(report.ReportDocument.Offsets.size(), 2U);
+    EXPECT_EQ(report.TradeStatistics.DayFigures.Days.size(), 2U);
+    EXPECT_EQ(report.AccountStatistics.WinCount, 4);
+    EXPECT_EQ(report.AccountStatistics.InitialEquity, 101500);
 }
 
 TEST_F(ReportRun, NeedsNobodyWatching) {
     PutBothDays();
-    EXPECT_TRUE(RunReport(request_, nullptr).pageWritten);
-    EXPECT_EQ(MoneyStore.Count(), 2);
+    EXPECT_TRUE(RunReport(report, request_, nullptr).pageWritten);
+    EXPECT_EQ(report.MoneyStore.Count(), 2);
 }
 
 TEST_F(ReportRun, WritesAllSectionsOfTheDomesticPage) {
@@ -112,7 +113,7 @@ TEST_F(ReportRun, WorksOnItsOwnCopyOfTheRequest) {
     const RunResult result = Run();
     EXPECT_EQ(result.days, 2);
     EXPECT_EQ(result.pagePath, PageFile());
-    EXPECT_EQ(MatchStore.Count(), 4);
+    EXPECT_EQ(report.MatchStore.Count(), 4);
     EXPECT_EQ(unitCalls, 4 + 4);  // pairing, and the section of closed positions
     EXPECT_EQ(Anchors().size(), 6U);
 }
@@ -121,10 +122,10 @@ TEST_F(ReportRun, AsksTheHostForUnits) {
     PutBothDays();
     request_.ContractUnitCallback = CountUnit;
     Run();
-    EXPECT_EQ(AccountStatistics.TotalPL, 2 * (10 * 10 + 50 * 10));
+    EXPECT_EQ(report.AccountStatistics.TotalPL, 2 * (10 * 10 + 50 * 10));
     request_.ContractUnitCallback = nullptr;
     Run();
-    EXPECT_EQ(AccountStatistics.TotalPL, 2 * (10 + 50));  // without a callback each unit is 1
+    EXPECT_EQ(report.AccountStatistics.TotalPL, 2 * (10 + 50));  // without a callback each unit is 1
 }
 
 /// A chain of i and rb, which both days hold on opposite sides, with margins of 9000 and 2500.
@@ -142,7 +143,7 @@ TEST_F(ReportRun, OffsetsMarginsForFlagOneAlone) {
     for (const Case& tried : {Case{1, 9000 - 2500}, Case{0, 11500}, Case{2, 11500}, Case{-1, 11500}}) {
         request_.MarginOffsetFlag = tried.flag;
         Run();
-        EXPECT_EQ(TradeStatistics.DayUsages.Find("20240103")->Margin, tried.margin) << tried.flag;
+        EXPECT_EQ(report.TradeStatistics.DayUsages.Find("20240103")->Margin, tried.margin) << tried.flag;
     }
 }
 
@@ -151,7 +152,7 @@ TEST_F(ReportRun, OffsetsMarginsBeforeTheAccountFigures) {
     PutChain(root_, "chain.ini");
     request_.MarginOffsetFlag = 1;
     Run();
-    EXPECT_EQ(AccountStatistics.MaxRisk, 6500.0 / 101500 * 100);
+    EXPECT_EQ(report.AccountStatistics.MaxRisk, 6500.0 / 101500 * 100);
 }
 
 TEST_F(ReportRun, OffsetsNoMarginsOfTheForeignFamily) {
@@ -163,24 +164,24 @@ TEST_F(ReportRun, OffsetsNoMarginsOfTheForeignFamily) {
     CopyField(request_.BaseMoney.QMJC, "1000.00");
     CopyField(request_.BaseMoney.BZJZY, "500.00");
     SetDates("", "");
-    watcher_.onStage = [](const std::string& stage) {
+    watcher_.onStage = [this](const std::string& stage) {
         if (stage != "statistics") return;
-        const char* const sides[][2] = {{"i2405", "买"}, {"rb2405", "卖"}};
-        for (const auto& [contract, side] : sides) {
+        const char* const sides[][3] = {{"i2405", "i", "买"}, {"rb2405", "rb", "卖"}};
+        for (const auto& [contract, product, side] : sides) {
             OpiSum row{};
             CopyField(row.BILL_DATE, "20240103");
             CopyField(row.CONTRACT, contract);
             CopyField(row.BID, Gbk(side));
             CopyField(row.POSITION_VOL, "1");
             CopyField(row.DEPOSIT, "100.00");
-            TradeStatistics.FeedOpiSum(row);
+            report.TradeStatistics.FeedOpiSum(row, product);
         }
     };
     Run();
-    EXPECT_EQ(TradeStatistics.DayUsages.Find("20240103")->Margin, 500);
+    EXPECT_EQ(report.TradeStatistics.DayUsages.Find("20240103")->Margin, 500);
     request_.StatementKind = 1;
     Run();
-    EXPECT_EQ(TradeStatistics.DayUsages.Find("20240103")->Margin, 0);  // 100 taken off 100
+    EXPECT_EQ(report.TradeStatistics.DayUsages.Find("20240103")->Margin, 0);  // 100 taken off 100
 }
 
 TEST_F(ReportRun, WritesNothingOutsideTheUsersData) {
@@ -221,7 +222,7 @@ TEST_F(ReportRun, KeepsContentAndLengthOfBrokenStatements) {
 TEST_F(ReportRun, TakesAFolderInPlaceOfAStatementForNoStatement) {
     fs::create_directories(root_.Path("Users/u/Data/Bill/D10086.20240102o.txt"));
     EXPECT_EQ(Run().statementsRead, 0);
-    EXPECT_TRUE(StoresAreEmpty());
+    EXPECT_TRUE(StoresAreEmpty(report));
 }
 
 TEST_F(ReportRun, CutsUnterminatedTexts) {
@@ -229,7 +230,6 @@ TEST_F(ReportRun, CutsUnterminatedTexts) {
     const std::string account(16, 'a');
     const std::string name = "Users/" + user + "/Data/Bill/D" + account + ".20240102o.txt";
     root_.Write(name, FundsOf("20240102", "5.00"));
-    SetRootFolderPath(root_.Path());
     std::ranges::fill(request_.UserFolder, 'u');
     std::ranges::fill(request_.Account, 'a');
     std::ranges::fill(request_.TemplateName, 't');
@@ -238,7 +238,7 @@ TEST_F(ReportRun, CutsUnterminatedTexts) {
     std::ranges::copy(date, request_.EndDate);
     const RunResult result = Run();
     EXPECT_EQ(result.statementsRead, 1);
-    EXPECT_EQ(MoneyStore.ClosingEquity, 5);
+    EXPECT_EQ(report.MoneyStore.ClosingEquity, 5);
     EXPECT_EQ(result.pagePath, root_.Path("Users/" + user + "/Data/Bill/Image/TradeBill.html"));
     EXPECT_TRUE(result.pageWritten);
 }
@@ -259,12 +259,12 @@ TEST_F(ReportRun, ClearsAllResultsAtItsStart) {
     PutBothDays();
     PutChain(root_, "chain.ini");
     Run();
-    ClearResults();
-    EXPECT_TRUE(StoresAreEmpty());
-    EXPECT_EQ(AccountStatistics.WinCount, 0);
-    EXPECT_TRUE(ChainTable.Chains.empty());
-    EXPECT_EQ(MoneyStore.EndDateText, "2024-01-03");  // these stay
-    EXPECT_EQ(ReportDocument.ImageFolderName, "Image_files");
+    report.Clear();
+    EXPECT_TRUE(StoresAreEmpty(report));
+    EXPECT_EQ(report.AccountStatistics.WinCount, 0);
+    EXPECT_TRUE(report.ChainTable.Chains.empty());
+    EXPECT_EQ(report.MoneyStore.EndDateText, "2024-01-03");  // these stay
+    EXPECT_EQ(report.ReportDocument.ImageFolderName, "Image_files");
 }
 
 }  // namespace

@@ -18,9 +18,10 @@
 #include <vector>
 
 #include "base/text.h"
+#include "driver/host_products.h"
 #include "driver/report_run.h"
 #include "platform/local_time.h"
-#include "platform/root_folder.h"
+#include "report/request_copy.h"
 #include "support/gbk_text.h"
 #include "support/host_objects.h"
 #include "support/store_fixture.h"
@@ -155,11 +156,26 @@ inline std::map<std::string, std::string> ContentOf(const std::string& folder) {
     return content;
 }
 
+[[nodiscard]] inline bool StoresAreEmpty(const CReport& report) {
+    return report.MoneyStore.Records.empty() && report.CurrencyMoneyStore.Names.empty() &&
+           report.MatchStore.Rows.empty() && report.OpiSumStore.Rows.empty() && report.OpiDetailStore.Rows.empty() &&
+           report.PingDetailStore.Rows.empty() && report.ReportDocument.Offsets.empty() &&
+           report.TradeStatistics.DayFigures.Days.empty() && report.TradeStatistics.DayUsages.Days.empty();
+}
+
+/// Days of the money records that a run made.
+[[nodiscard]] inline std::vector<std::string> MoneyDays(const CReport& report) {
+    std::vector<std::string> days;
+    for (const auto& record : report.MoneyStore.Records) days.emplace_back(FieldText(record->BILL_DATE));
+    return days;
+}
+
 class RunFixture : public StoreFixture {
 protected:
     RunFixture() {
         std::filesystem::create_directories(root_.Path("Users/u"));
-        SetRootFolderPath(root_.Path());
+        report.RootFolder = root_.Path();
+        report.Products = &products_;
         request_.StatementFormat = 1;
         request_.StatementKind = 1;
         request_.NotifyMessage = 1025;
@@ -169,10 +185,7 @@ protected:
         unitCalls = 0;
         onUnit = nullptr;
     }
-    ~RunFixture() override {
-        SetRootFolderPath(formerRoot_);
-        onUnit = nullptr;
-    }
+    ~RunFixture() override { onUnit = nullptr; }
 
     void SetDates(std::string_view start, std::string_view end) {
         CopyField(request_.StartDate, start);
@@ -190,7 +203,7 @@ protected:
         Put("D10086.20240103o.txt", FullStatement("20240103"));
     }
 
-    RunResult Run() { return RunReport(request_, &watcher_); }
+    RunResult Run() { return RunReport(report, request_, &watcher_); }
 
     [[nodiscard]] std::string PageFile() const { return root_.Path("Users/u/Data/Bill/Image/TradeBill.html"); }
     [[nodiscard]] std::string Page() const { return GbkToUtf8(ReadFile(PageFile())); }
@@ -200,20 +213,6 @@ protected:
         const std::size_t at = page.find("<a name = " + name + "></a>");
         if (at == std::string::npos) return "no such section";
         return page.substr(at, page.find("<a name = ", at + 1) - at);
-    }
-
-    static bool StoresAreEmpty() {
-        return MoneyStore.Records.empty() && CurrencyMoneyStore.Names.empty() && MatchStore.Rows.empty() &&
-               OpiSumStore.Rows.empty() && OpiDetailStore.Rows.empty() && PingDetailStore.Rows.empty() &&
-               ReportDocument.Offsets.empty() && TradeStatistics.DayFigures.Days.empty() &&
-               TradeStatistics.DayUsages.Days.empty();
-    }
-
-    /// Days of the money records that the run made.
-    static std::vector<std::string> MoneyDays() {
-        std::vector<std::string> days;
-        for (const auto& record : MoneyStore.Records) days.emplace_back(FieldText(record->BILL_DATE));
-        return days;
     }
 
     /// A unit callback that counts its calls and runs `onUnit` with the number of the call.
@@ -227,10 +226,8 @@ protected:
 
     CTempFolder root_;
     GenerateBillRequest request_ = ClearedRequest();
+    CHostProducts products_{report.Request};  // asks the callbacks of the run's own copy
     CRecordingWatcher watcher_;
-
-private:
-    std::string formerRoot_ = RootFolder();
 };
 
 inline std::size_t CountOf(std::string_view word, std::string_view text) {

@@ -25,7 +25,7 @@ protected:
     std::string ChainFileOf(std::int32_t kind) {
         request_.StatementKind = kind;
         Run();
-        return ChainTable.Chains.size() == 1 ? ChainTable.Chains[0]->ItemBase : "none";
+        return report.ChainTable.Chains.size() == 1 ? report.ChainTable.Chains[0]->ItemBase : "none";
     }
 };
 
@@ -34,16 +34,16 @@ TEST_F(SecondRun, StartsFromEmptyStores) {
     Run();
     const std::string page = ReadFile(PageFile());
     Run();
-    EXPECT_EQ(MoneyStore.Count(), 2);
-    EXPECT_EQ(MoneyStore.TotalClosedPL, 3000);
-    EXPECT_EQ(MatchStore.Count(), 4);
-    EXPECT_EQ(PingDetailStore.Count(), 4);
-    EXPECT_EQ(OpiDetailStore.Count(), 4);
-    EXPECT_EQ(ReportDocument.Offsets.size(), 2U);
-    EXPECT_EQ(ReportDocument.Offsets[0]->LONG_VOL, 2);
-    EXPECT_EQ(AccountStatistics.WinCount, 4);
-    EXPECT_EQ(TradeStatistics.DayFigures.Days.size(), 2U);
-    EXPECT_EQ(TradeStatistics.DayUsages.Find("20240102")->Positions.size(), 2U);
+    EXPECT_EQ(report.MoneyStore.Count(), 2);
+    EXPECT_EQ(report.MoneyStore.TotalClosedPL, 3000);
+    EXPECT_EQ(report.MatchStore.Count(), 4);
+    EXPECT_EQ(report.PingDetailStore.Count(), 4);
+    EXPECT_EQ(report.OpiDetailStore.Count(), 4);
+    EXPECT_EQ(report.ReportDocument.Offsets.size(), 2U);
+    EXPECT_EQ(report.ReportDocument.Offsets[0]->LONG_VOL, 2);
+    EXPECT_EQ(report.AccountStatistics.WinCount, 4);
+    EXPECT_EQ(report.TradeStatistics.DayFigures.Days.size(), 2U);
+    EXPECT_EQ(report.TradeStatistics.DayUsages.Find("20240102")->Positions.size(), 2U);
     EXPECT_EQ(ReadFile(PageFile()), page);
 }
 
@@ -62,11 +62,11 @@ TEST_F(SecondRun, ClearsTheCurrenciesOfAForeignRun) {
     request_.StatementKind = 2;
     CopyField(request_.BaseMoney.CURRENCY, "HKD");
     Run();
-    ASSERT_EQ(CurrencyMoneyStore.Names, (Texts{"HKD"}));
+    ASSERT_EQ(report.CurrencyMoneyStore.Names, (Texts{"HKD"}));
     request_.StatementKind = 1;
     Run();
-    EXPECT_TRUE(CurrencyMoneyStore.Names.empty());
-    EXPECT_TRUE(CurrencyMoneyStore.Stores.empty());
+    EXPECT_TRUE(report.CurrencyMoneyStore.Names.empty());
+    EXPECT_TRUE(report.CurrencyMoneyStore.Stores.empty());
 }
 
 TEST_F(SecondRun, TakesTheChainFileOfTheKindBefore) {
@@ -90,39 +90,39 @@ TEST_F(SecondRun, ReportsTheOldPremiumIfItHasNoRecord) {
     CopyField(request_.BaseMoney.QLJSZ, "250.00");
     SetDates("", "");
     Run();
-    ASSERT_EQ(MoneyStore.TotalPremium, 250);
+    ASSERT_EQ(report.MoneyStore.TotalPremium, 250);
     SetDates("2024-1-2", "2024-1-3");
     Run();
-    EXPECT_EQ(MoneyStore.Count(), 0);
-    EXPECT_EQ(MoneyStore.TotalPremium, 250);
+    EXPECT_EQ(report.MoneyStore.Count(), 0);
+    EXPECT_EQ(report.MoneyStore.TotalPremium, 250);
 
     Put("D10086.20240102o.txt", FundsOf("20240102", "5.00"));
     Run();
-    EXPECT_EQ(MoneyStore.TotalPremium, 0);  // the first record sets it anew
+    EXPECT_EQ(report.MoneyStore.TotalPremium, 0);  // the first record sets it anew
 }
 
 TEST_F(SecondRun, KeepsTheChartSizes) {
-    MoneyStore.ChartSizes = {1, 2, 3, 4, 5, 6, 7, 8};
+    report.MoneyStore.ChartSizes = {1, 2, 3, 4, 5, 6, 7, 8};
     SetDates("no date", "no date");
     EXPECT_THROW(Run(), CReportError);
-    EXPECT_EQ(MoneyStore.ChartSizes, (std::array<int, 8>{1, 2, 3, 4, 5, 6, 7, 8}));
+    EXPECT_EQ(report.MoneyStore.ChartSizes, (std::array<int, 8>{1, 2, 3, 4, 5, 6, 7, 8}));
 }
 
 TEST_F(SecondRun, LeavesItsResultsToBeRead) {
     PutBothDays();
     Run();
-    EXPECT_EQ(MoneyDays(), (Texts{"20240102", "20240103"}));
-    EXPECT_EQ(FieldText(Request.Account), "10086");
-    EXPECT_EQ(ReportDocument.BillFolder, root_.Path("Users/u/Data/Bill/Image"));
-    EXPECT_EQ(ReportDocument.ImageFolderName, "Image_files");
+    EXPECT_EQ(MoneyDays(report), (Texts{"20240102", "20240103"}));
+    EXPECT_EQ(FieldText(report.Request.Account), "10086");
+    EXPECT_EQ(report.ReportDocument.BillFolder, root_.Path("Users/u/Data/Bill/Image"));
+    EXPECT_EQ(report.ReportDocument.ImageFolderName, "Image_files");
 }
 
 TEST_F(SecondRun, KeepsThePicturesFolderNameIfItsFoldersFail) {
     Run();
     CopyField(request_.UserFolder, "nobody");
     Run();
-    EXPECT_EQ(ReportDocument.BillFolder, root_.Path("Users/nobody/Data"));
-    EXPECT_EQ(ReportDocument.ImageFolderName, "Image_files");
+    EXPECT_EQ(report.ReportDocument.BillFolder, root_.Path("Users/nobody/Data"));
+    EXPECT_EQ(report.ReportDocument.ImageFolderName, "Image_files");
 }
 
 }  // namespace

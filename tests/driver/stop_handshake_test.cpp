@@ -70,7 +70,7 @@ TEST_P(StopHandshake, BeforeTheFirstDayEndsTheRunWithoutAMessage) {
     EXPECT_TRUE(watcher_.stages.empty());
     EXPECT_TRUE(IsSignalled(acknowledge_));
     EXPECT_TRUE(window_.messages.empty());
-    EXPECT_TRUE(StoresAreEmpty());
+    EXPECT_TRUE(StoresAreEmpty(report));
     EXPECT_EQ(ReadFile(PageFile()), "");
 }
 
@@ -93,9 +93,9 @@ TEST_P(StopHandshake, BetweenDaysKeepsWhatWasRead) {
     const RunResult result = Run();
     EXPECT_EQ(result.end, RunEnd::Stopped);
     EXPECT_EQ(result.days, 1);
-    EXPECT_EQ(MoneyDays(), (Texts{"20240102"}));
-    EXPECT_EQ(MatchStore.Count(), 2);
-    EXPECT_EQ(AccountStatistics.MaxRisk, 0);  // nothing after the day loop took place
+    EXPECT_EQ(MoneyDays(report), (Texts{"20240102"}));
+    EXPECT_EQ(report.MatchStore.Count(), 2);
+    EXPECT_EQ(report.AccountStatistics.MaxRisk, 0);  // nothing after the day loop took place
     EXPECT_TRUE(IsSignalled(acknowledge_));
     EXPECT_TRUE(window_.messages.empty());
     EXPECT_TRUE(watcher_.stages.empty());
@@ -107,9 +107,9 @@ TEST_P(StopHandshake, InsideADayWaitsForTheNextOne) {
         if (call == 1) Stop();  // while the first of the day's closed positions is read
     };
     EXPECT_EQ(Run().end, RunEnd::Stopped);
-    EXPECT_EQ(PingDetailStore.Count(), 2);
-    EXPECT_EQ(OpiDetailStore.Count(), 2);
-    EXPECT_EQ(MoneyDays(), (Texts{"20240102"}));
+    EXPECT_EQ(report.PingDetailStore.Count(), 2);
+    EXPECT_EQ(report.OpiDetailStore.Count(), 2);
+    EXPECT_EQ(MoneyDays(report), (Texts{"20240102"}));
     EXPECT_TRUE(IsSignalled(acknowledge_));
 }
 
@@ -118,8 +118,8 @@ TEST_P(StopHandshake, InTheLastDayIsSeenInThePage) {
         if (day == 2) Stop();
     };
     EXPECT_EQ(Run().end, RunEnd::Finished);
-    EXPECT_EQ(MoneyDays(), (Texts{"20240102", "20240103"}));
-    EXPECT_NE(AccountStatistics.MaxRisk, 0);  // statistics have no stop point
+    EXPECT_EQ(MoneyDays(report), (Texts{"20240102", "20240103"}));
+    EXPECT_NE(report.AccountStatistics.MaxRisk, 0);  // statistics have no stop point
     EXPECT_TRUE(IsCutAtTheFirstRow("交易统计"));
     EXPECT_TRUE(IsSignalled(acknowledge_));
     EXPECT_EQ(window_.messages.size(), 1U);

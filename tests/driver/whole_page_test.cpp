@@ -8,10 +8,11 @@
 #include <string_view>
 
 #include "base/text.h"
+#include "driver/host_products.h"
 #include "driver/report_run.h"
 #include "paint/font.h"
-#include "platform/root_folder.h"
-#include "report/account_statistics.h"
+#include "report/report.h"
+#include "report/request_copy.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 #include "support/temp_folder.h"
@@ -61,14 +62,16 @@ protected:
         for (const std::string day : {"20240102", "20240103"}) {
             root_.Write("Users/u/Data/Bill/D10086." + day + "o.txt", Expected(day + ".txt"));
         }
-        SetRootFolderPath(root_.Path());
+        report.RootFolder = root_.Path();
+        report.Products = &products_;
     }
 
     CTempFolder root_;
+    CHostProducts products_{report.Request};
 };
 
 TEST_F(WholePage, IsTheOneWorkedOutByHand) {
-    const RunResult result = RunReport(RequestForBothDays(), nullptr);
+    const RunResult result = RunReport(report, RequestForBothDays(), nullptr);
 
     std::string expected = Expected("expected.html");
     const TextExtent title = MeasureText({.face = "Arial", .cellHeight = 16, .weight = 600}, Gbk("交易统计"));
@@ -83,27 +86,27 @@ TEST_F(WholePage, IsTheOneWorkedOutByHand) {
 }
 
 TEST_F(WholePage, HasTheFiguresWorkedOutByHand) {
-    RunReport(RequestForBothDays(), nullptr);
+    RunReport(report, RequestForBothDays(), nullptr);
 
-    EXPECT_EQ(MoneyStore.OpeningEquity, 100000);
-    EXPECT_EQ(MoneyStore.ClosingEquity, 102225.50);
-    EXPECT_EQ(MoneyStore.TotalClosedPL, 1000 + 1300);
-    EXPECT_EQ(MoneyStore.TotalPositionPL, -1000);
-    EXPECT_EQ(MoneyStore.TotalCashFlow, 1000);
-    EXPECT_EQ(MoneyStore.TotalFees, 20 + 54.5);
-    EXPECT_EQ(MoneyStore.MinEquity, 100980);
-    EXPECT_EQ(MoneyStore.MaxEquity, 102225.50);
-    EXPECT_EQ(MoneyStore.PositionMargin, 102225.50 - 98215.50);
-    EXPECT_EQ(AccountStatistics.WinCount, 2);
-    EXPECT_EQ(AccountStatistics.LoseCount, 1);
-    EXPECT_EQ(AccountStatistics.TotalPL, 1000 - 200 + 500);
-    EXPECT_EQ(AccountStatistics.MaxProfit, 1000);
-    EXPECT_EQ(AccountStatistics.MaxLoss, -200);
-    EXPECT_EQ(AccountStatistics.MaxDrawdown, 0);
-    EXPECT_DOUBLE_EQ(AccountStatistics.WinRate, 200.0 / 3);
-    EXPECT_DOUBLE_EQ(AccountStatistics.ProfitRate, 1300.0 / 100980 * 100);
-    EXPECT_DOUBLE_EQ(AccountStatistics.MaxRisk, 9000.0 / 100980 * 100);
-    EXPECT_DOUBLE_EQ(AccountStatistics.MaxYield, (102225.50 - 1000 - 100000) / 100000 * 100);
+    EXPECT_EQ(report.MoneyStore.OpeningEquity, 100000);
+    EXPECT_EQ(report.MoneyStore.ClosingEquity, 102225.50);
+    EXPECT_EQ(report.MoneyStore.TotalClosedPL, 1000 + 1300);
+    EXPECT_EQ(report.MoneyStore.TotalPositionPL, -1000);
+    EXPECT_EQ(report.MoneyStore.TotalCashFlow, 1000);
+    EXPECT_EQ(report.MoneyStore.TotalFees, 20 + 54.5);
+    EXPECT_EQ(report.MoneyStore.MinEquity, 100980);
+    EXPECT_EQ(report.MoneyStore.MaxEquity, 102225.50);
+    EXPECT_EQ(report.MoneyStore.PositionMargin, 102225.50 - 98215.50);
+    EXPECT_EQ(report.AccountStatistics.WinCount, 2);
+    EXPECT_EQ(report.AccountStatistics.LoseCount, 1);
+    EXPECT_EQ(report.AccountStatistics.TotalPL, 1000 - 200 + 500);
+    EXPECT_EQ(report.AccountStatistics.MaxProfit, 1000);
+    EXPECT_EQ(report.AccountStatistics.MaxLoss, -200);
+    EXPECT_EQ(report.AccountStatistics.MaxDrawdown, 0);
+    EXPECT_DOUBLE_EQ(report.AccountStatistics.WinRate, 200.0 / 3);
+    EXPECT_DOUBLE_EQ(report.AccountStatistics.ProfitRate, 1300.0 / 100980 * 100);
+    EXPECT_DOUBLE_EQ(report.AccountStatistics.MaxRisk, 9000.0 / 100980 * 100);
+    EXPECT_DOUBLE_EQ(report.AccountStatistics.MaxYield, (102225.50 - 1000 - 100000) / 100000 * 100);
 }
 
 }  // namespace

@@ -13,7 +13,6 @@
 #include "graph/recording_canvas.h"
 #include "images/table_fixture.h"
 #include "report/money_store.h"
-#include "report/request_copy.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 
@@ -23,10 +22,10 @@ namespace {
 class AccountTable : public StoreFixture {
 protected:
     void Paint(std::int32_t dpi) {
-        Request.Dpi = dpi;
+        report.Request.Dpi = dpi;
         canvas_ = std::make_unique<CRecordingCanvas>();
         canvas_->SelectTextBackground(TextBackground::Transparent);
-        PaintAccountTable(*canvas_);
+        PaintAccountTable(*canvas_, report);
     }
 
     /// The values, from the first row to the last.
@@ -41,18 +40,18 @@ protected:
 };
 
 TEST_F(AccountTable, NamesItsFigures) {
-    MoneyStore.OpeningEquity = 1;
-    MoneyStore.TotalFees = 2;
-    MoneyStore.TotalClosedPL = 3;
-    MoneyStore.TotalCashFlow = 4;
-    MoneyStore.TotalPositionPL = 5;
-    MoneyStore.TotalPremium = 6;
-    MoneyStore.ClosingEquity = 7;
-    MoneyStore.PositionMargin = 8;
-    MoneyStore.FrozenA = 9;
-    MoneyStore.FrozenB = 0.5;
-    MoneyStore.Available = 10;
-    MoneyStore.LastHostCurrent = 99;  // is for the currency tables alone
+    report.MoneyStore.OpeningEquity = 1;
+    report.MoneyStore.TotalFees = 2;
+    report.MoneyStore.TotalClosedPL = 3;
+    report.MoneyStore.TotalCashFlow = 4;
+    report.MoneyStore.TotalPositionPL = 5;
+    report.MoneyStore.TotalPremium = 6;
+    report.MoneyStore.ClosingEquity = 7;
+    report.MoneyStore.PositionMargin = 8;
+    report.MoneyStore.FrozenA = 9;
+    report.MoneyStore.FrozenB = 0.5;
+    report.MoneyStore.Available = 10;
+    report.MoneyStore.LastHostCurrent = 99;  // is for the currency tables alone
     Paint(96);
     const std::pair<std::string_view, std::string_view> kRows[] = {
         {"期初账户净值", "1.00"}, {"- 手续费", "2.00"},    {"+ 盯市平仓盈亏", "3.00"}, {"+ 出入金", "4.00"},
@@ -71,13 +70,13 @@ TEST_F(AccountTable, ShowsZerosForAnEmptyStore) {
 }
 
 TEST_F(AccountTable, ShowsAnyFigureAsItIsInOneColor) {
-    MoneyStore.OpeningEquity = -1234567.891;
-    MoneyStore.TotalFees = -0.001;
-    MoneyStore.TotalClosedPL = std::numeric_limits<double>::infinity();
-    MoneyStore.TotalCashFlow = -std::numeric_limits<double>::infinity();
-    MoneyStore.TotalPositionPL = std::numeric_limits<double>::quiet_NaN();
-    MoneyStore.TotalPremium = -0.0;
-    MoneyStore.ClosingEquity = 1e20;
+    report.MoneyStore.OpeningEquity = -1234567.891;
+    report.MoneyStore.TotalFees = -0.001;
+    report.MoneyStore.TotalClosedPL = std::numeric_limits<double>::infinity();
+    report.MoneyStore.TotalCashFlow = -std::numeric_limits<double>::infinity();
+    report.MoneyStore.TotalPositionPL = std::numeric_limits<double>::quiet_NaN();
+    report.MoneyStore.TotalPremium = -0.0;
+    report.MoneyStore.ClosingEquity = 1e20;
     const std::vector<std::string> values = Values();
     EXPECT_EQ(values[0], "-1234567.89");
     EXPECT_EQ(values[1], "-0.00");
@@ -127,13 +126,13 @@ TEST_F(AccountTable, GrowsWithTheResolutionButForItsMargins) {
 
 TEST_F(AccountTable, WritesInItsFontAndHandsBackTheFormerTools) {
     for (const auto& [dpi, cellHeight] : {std::pair{0, 15}, {96, 15}, {144, 23}}) {
-        Request.Dpi = dpi;
+        report.Request.Dpi = dpi;
         CRecordingCanvas canvas;
         const Font font{.face = "Tahoma", .cellHeight = 9};
         const Pen pen{.width = 3, .color = 0x010203};
         canvas.SelectFont(font);
         canvas.SelectPen(pen);
-        PaintAccountTable(canvas);
+        PaintAccountTable(canvas, report);
         EXPECT_EQ(canvas.texts[0].font, (Font{.face = "Arial", .cellHeight = cellHeight, .weight = 400}));
         EXPECT_EQ(canvas.SelectFont({}), font);
         EXPECT_EQ(canvas.SelectPen({}), pen);
@@ -148,7 +147,7 @@ TEST_F(AccountTable, IsSafeAtAnyResolution) {
         EXPECT_EQ(canvas_->texts.size(), 20u);
         EXPECT_EQ(canvas_->lines.size(), 14u);
         CBitmap bitmap(40, 40, kWhite);
-        PaintAccountTable(*MakeCanvas(bitmap));
+        PaintAccountTable(*MakeCanvas(bitmap), report);
     }
 }
 

@@ -20,7 +20,7 @@ class ChartFilling : public ChartFixture {};
 
 TEST_F(ChartFilling, PutsTheOpeningEquityAheadOfAllDays) {
     SetDays("2024-1-1", "2024-1-5");
-    MoneyStore.Add(CopyOf(Money("20240102", {{"QCQY", "9000"}, {"KHQY", "12000"}})), MoneySource::Statement);
+    report.MoneyStore.Add(CopyOf(Money("20240102", {{"QCQY", "9000"}, {"KHQY", "12000"}})), MoneySource::Statement);
     AddDay("20240104", "15000");
     for (const FormSettings* const form : {&kEquityChart.plain, &kEquityChart.stretched}) {
         const auto graph = Filled(kEquityChart, *form);
@@ -201,7 +201,7 @@ TEST_F(ChartFilling, MakesChartsWithoutPointsOfAnEmptyStore) {
 }
 
 TEST_F(ChartFilling, FindsTheEquityScaleFromTheStoreNotFromTheRange) {
-    MoneyStore.Add(CopyOf(Money("20240102", {{"QCQY", "80000"}, {"KHQY", "61000"}})), MoneySource::Statement);
+    report.MoneyStore.Add(CopyOf(Money("20240102", {{"QCQY", "80000"}, {"KHQY", "61000"}})), MoneySource::Statement);
     AddDay("20240301", "48000");  // behind the range
     const auto graph = Plain(kEquityChart);
     EXPECT_EQ(ValuesOf(graph->graphSeries), (Values{80000, 61000}));
@@ -225,25 +225,25 @@ TEST_F(ChartFilling, FindsTheRealisedScaleFromTheStore) {
 }
 
 TEST_F(ChartFilling, RefusesTheReportsChartAloneIfTicksLieOnOneAnother) {
-    MoneyStore.MinDayPL = MoneyStore.MaxDayPL = std::numeric_limits<double>::denorm_min();
+    report.MoneyStore.MinDayPL = report.MoneyStore.MaxDayPL = std::numeric_limits<double>::denorm_min();
     CGraph plain(kLineGraph);
-    EXPECT_FALSE(FillChart(plain, kRealisedChart, kRealisedChart.plain, days_));
+    EXPECT_FALSE(FillChart(plain, report, kRealisedChart, kRealisedChart.plain, report.ReportDays));
     CGraph stretched(kLineGraph);
-    EXPECT_TRUE(FillChart(stretched, kRealisedChart, kRealisedChart.stretched, days_));
+    EXPECT_TRUE(FillChart(stretched, report, kRealisedChart, kRealisedChart.stretched, report.ReportDays));
     EXPECT_EQ(stretched.numTicks, 10);
 }
 
 TEST_F(ChartFilling, StepsInDaysFromAnyTimeOfDay) {
     AddDay("20240102", "12000", "1");
     AddDay("20240103", "13000", "2");
-    days_.first += 14 * 3600;  // a report without dates begins and ends now
-    days_.last = days_.first;
+    report.ReportDays.first += 14 * 3600;  // a report without dates begins and ends now
+    report.ReportDays.last = report.ReportDays.first;
     EXPECT_TRUE(Plain(kRealisedChart)->graphSeries.empty());
-    days_.first = days_.last = Days("2024-1-2", "2024-1-2").first + 86399;
+    report.ReportDays.first = report.ReportDays.last = Days("2024-1-2", "2024-1-2").first + 86399;
     EXPECT_EQ(ValuesOf(Plain(kRealisedChart)->graphSeries), (Values{1}));
-    days_.last += 86399;  // a second too early for the next step
+    report.ReportDays.last += 86399;  // a second too early for the next step
     EXPECT_EQ(ValuesOf(Plain(kRealisedChart)->graphSeries), (Values{1}));
-    days_.last += 1;
+    report.ReportDays.last += 1;
     EXPECT_EQ(ValuesOf(Plain(kRealisedChart)->graphSeries), (Values{1, 2}));
 }
 
@@ -253,10 +253,10 @@ TEST_F(ChartFilling, MeetsADayTwiceThatHasAnHourMore) {
     SetDays("2024-11-2", "2024-11-5");  // clocks go back on the 3rd, so each step behind it ends an hour early
     for (const char* const day : {"20241102", "20241103", "20241104", "20241105"}) AddDay(day, "12000");
     EXPECT_EQ(LabelsOf(Plain(kRealisedChart)->graphSeries), (Texts{"11/02", "11/03", "11/03", "11/04"}));
-    MoneyStore.Clear();
+    report.MoneyStore.Clear();
     AddDay("20241103", "12000");  // steps that can't meet a record make no difference
     EXPECT_EQ(LabelsOf(Plain(kRealisedChart)->graphSeries), (Texts{"11/03", "11/03"}));
-    MoneyStore.Clear();
+    report.MoneyStore.Clear();
     AddDay("20241104", "12000");
     EXPECT_EQ(LabelsOf(Plain(kRealisedChart)->graphSeries), (Texts{"11/04"}));
 }
@@ -279,14 +279,14 @@ TEST_F(ChartFilling, EndsForAnyRange) {
     for (const ReportRange range :
          {ReportRange{Limits::min(), Limits::max()}, ReportRange{Limits::min(), Limits::min()},
           ReportRange{Limits::max(), Limits::max()}, ReportRange{Limits::max(), Limits::min()},
-          ReportRange{days_.last, days_.first}}) {
-        days_ = range;
+          ReportRange{report.ReportDays.last, report.ReportDays.first}}) {
+        report.ReportDays = range;
         for (const AccountChart* const chart : kAllCharts) {
             const auto graph = Plain(*chart);
             EXPECT_LE(graph->graphSeries.size(), 2u);
         }
     }
-    days_ = {Limits::min(), Limits::max()};
+    report.ReportDays = {Limits::min(), Limits::max()};
     EXPECT_EQ(ValuesOf(Plain(kRealisedChart)->graphSeries), (Values{1}));
 }
 

@@ -19,15 +19,16 @@ namespace tradebill {
 
 class ChartFixture : public StoreFixture {
 protected:
+    ChartFixture() { report.ReportDays = Days("2024-1-1", "2024-1-31"); }
+
     /// A record of `day` (yyyymmdd) with its equity and realised amount.
-    static void AddDay(std::string_view day, std::string_view equity, std::string_view realised = "0",
-                       double rate = 1.0) {
+    void AddDay(std::string_view day, std::string_view equity, std::string_view realised = "0", double rate = 1.0) {
         const MoneyRecord money = Money(day, {{"KHQY", equity}, {"PCYK", realised}, {"QCQY", equity}}, rate);
-        MoneyStore.Add(CopyOf(money), MoneySource::Statement);
+        report.MoneyStore.Add(CopyOf(money), MoneySource::Statement);
     }
-    static void SetRisk(std::string_view day, double risk) { TradeStatistics.DayUsages.FindOrCreate(day).Risk = risk; }
-    static void SetYield(std::string_view day, double yield) {
-        TradeStatistics.DayFigures.FindOrCreate(day).Yield = yield;
+    void SetRisk(std::string_view day, double risk) { report.TradeStatistics.DayUsages.FindOrCreate(day).Risk = risk; }
+    void SetYield(std::string_view day, double yield) {
+        report.TradeStatistics.DayFigures.FindOrCreate(day).Yield = yield;
     }
 
     /// A range of the report, from dashed days.
@@ -36,14 +37,14 @@ protected:
     }
     /// The range that charts of the report get, and its texts for those painted again.
     void SetDays(std::string_view first, std::string_view last) {
-        days_ = Days(first, last);
-        MoneyStore.StartDateText = first;
-        MoneyStore.EndDateText = last;
+        report.ReportDays = Days(first, last);
+        report.MoneyStore.StartDateText = first;
+        report.MoneyStore.EndDateText = last;
     }
 
     std::unique_ptr<CGraph> Filled(const AccountChart& chart, const FormSettings& form) const {
         auto graph = std::make_unique<CGraph>(kLineGraph);
-        EXPECT_TRUE(FillChart(*graph, chart, form, days_));
+        EXPECT_TRUE(FillChart(*graph, report, chart, form, report.ReportDays));
         return graph;
     }
     std::unique_ptr<CGraph> Plain(const AccountChart& chart) const { return Filled(chart, chart.plain); }
@@ -62,8 +63,6 @@ protected:
         }
         return values;
     }
-
-    ReportRange days_ = Days("2024-1-1", "2024-1-31");
 };
 
 inline constexpr const AccountChart* kAllCharts[] = {&kEquityChart, &kRealisedChart, &kAccountYieldChart,

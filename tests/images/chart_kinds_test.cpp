@@ -125,7 +125,7 @@ TEST_F(ChartKinds, WriteNoDecimalsOfLargeEquities) {
     AddDay("20240102", "100000");
     EXPECT_EQ(Plain(kEquityChart)->decimalDigits, 0);  // up to 200000
     EXPECT_EQ(Stretched(kEquityChart)->decimalDigits, 0);
-    MoneyStore.Clear();
+    report.MoneyStore.Clear();
     AddDay("20240102", "99999");
     EXPECT_EQ(Plain(kEquityChart)->decimalDigits, 3);  // up to 100000
     EXPECT_EQ(Stretched(kEquityChart)->decimalDigits, 3);
@@ -134,7 +134,7 @@ TEST_F(ChartKinds, WriteNoDecimalsOfLargeEquities) {
 TEST_F(ChartKinds, GrowTheirSmallFontsWithTheResolution) {
     const struct { std::int32_t dpi, height; } cases[] = {{0, 11}, {96, 11}, {120, 14}, {192, 22}};  // at 120: 13.75
     for (const auto& one : cases) {
-        Request.Dpi = one.dpi;
+        report.Request.Dpi = one.dpi;
         for (const Look& look : kLooks) {
             for (const FormSettings* const form : {&look.chart->plain, &look.chart->stretched}) {
                 const auto graph = Filled(*look.chart, *form);
@@ -149,7 +149,7 @@ TEST_F(ChartKinds, GrowTheirSmallFontsWithTheResolution) {
 
 TEST_F(ChartKinds, AreTheSameForTheForeignFamily) {
     AddDay("20240102", "123456");
-    Request.StatementKind = kForeignKind;
+    report.Request.StatementKind = kForeignKind;
     for (const FormSettings* const form : {&kEquityChart.plain, &kEquityChart.stretched}) {
         const auto graph = Filled(kEquityChart, *form);
         EXPECT_EQ(graph->graphTitle, Gbk("权益曲线"));
@@ -157,6 +157,13 @@ TEST_F(ChartKinds, AreTheSameForTheForeignFamily) {
         EXPECT_EQ(graph->valueDivisor, 10000.0);
         EXPECT_EQ(graph->maxTick, 200000.0);
     }
+}
+
+TEST_F(ChartKinds, HaveTheirSizesAtFixedPlaces) {
+    EXPECT_EQ(kEquityChart.ownSize, 0u);
+    EXPECT_EQ(kRealisedChart.ownSize, 2u);
+    EXPECT_EQ(kAccountYieldChart.ownSize, 4u);
+    EXPECT_EQ(kTradeYieldChart.ownSize, 6u);
 }
 
 }  // namespace

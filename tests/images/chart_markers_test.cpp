@@ -4,14 +4,10 @@
 
 #include <climits>
 
-#include "support/store_fixture.h"
-
 namespace tradebill {
 namespace {
 
-class ChartMarkers : public StoreFixture {};
-
-TEST_F(ChartMarkers, AreSmallerWhereDaysLieCloserThanSixPixels) {
+TEST(ChartMarkers, AreSmallerWhereDaysLieCloserThanSixPixels) {
     const struct {
         std::int32_t width, days;
         std::int32_t radius;
@@ -20,24 +16,23 @@ TEST_F(ChartMarkers, AreSmallerWhereDaysLieCloserThanSixPixels) {
         {500, 1, 3}, {0, 0, 3},    {0, 1, 2},     {-600, 1, 2},  {5, 1, 2},     {6, 1, 3},     {INT_MIN, INT_MAX, 2},
     };
     for (const auto& one : cases) {
-        EXPECT_EQ(MarkerRadius(one.width, one.days), one.radius) << one.width << " " << one.days;
+        EXPECT_EQ(MarkerRadius({.width = one.width, .days = one.days}), one.radius) << one.width << " " << one.days;
     }
 }
 
-TEST_F(ChartMarkers, GrowWithTheResolution) {
+TEST(ChartMarkers, GrowWithTheResolution) {
     const struct {
         std::int32_t dpi;
         std::int32_t large, small;
     } cases[] = {{0, 3, 2}, {96, 3, 2}, {120, 4, 3}, {192, 6, 4}};  // at 120: 3.75 and 2.5
     for (const auto& one : cases) {
-        Request.Dpi = one.dpi;
-        EXPECT_EQ(MarkerRadius(600, 100), one.large) << one.dpi;
-        EXPECT_EQ(MarkerRadius(600, 101), one.small) << one.dpi;
-        EXPECT_EQ(StretchedMarkerRadius(600, 0, 600), one.large) << one.dpi;
+        EXPECT_EQ(MarkerRadius({.width = 600, .days = 100, .dpi = one.dpi}), one.large) << one.dpi;
+        EXPECT_EQ(MarkerRadius({.width = 600, .days = 101, .dpi = one.dpi}), one.small) << one.dpi;
+        EXPECT_EQ(StretchedMarkerRadius({.width = 600, .days = 0, .dpi = one.dpi}, 600), one.large) << one.dpi;
     }
 }
 
-TEST_F(ChartMarkers, GrowByWholeTimesOfTheSavedWidth) {
+TEST(ChartMarkers, GrowByWholeTimesOfTheSavedWidth) {
     const struct {
         std::int32_t width, days;
         std::int32_t radius;
@@ -52,38 +47,39 @@ TEST_F(ChartMarkers, GrowByWholeTimesOfTheSavedWidth) {
         {8250, 10, 30},
     };
     for (const auto& one : cases) {
-        EXPECT_EQ(StretchedMarkerRadius(one.width, one.days, 825), one.radius) << one.width << " " << one.days;
+        EXPECT_EQ(StretchedMarkerRadius({.width = one.width, .days = one.days}, 825), one.radius)
+            << one.width << " " << one.days;
     }
 }
 
-TEST_F(ChartMarkers, AreScaledByResolutionOnlyIfTheyDontGrow) {
-    Request.Dpi = 192;
-    EXPECT_EQ(StretchedMarkerRadius(1650, 137, 1650), 3);  // step 12: one time, as it is
-    EXPECT_EQ(StretchedMarkerRadius(3300, 275, 1650), 6);  // step 12: two times, as it is
-    EXPECT_EQ(StretchedMarkerRadius(3300, 276, 1650), 6);  // step 11: 3 scaled
-    EXPECT_EQ(StretchedMarkerRadius(3300, 551, 1650), 4);  // step 5: 2 scaled
+TEST(ChartMarkers, AreScaledByResolutionOnlyIfTheyDontGrow) {
+    EXPECT_EQ(StretchedMarkerRadius({.width = 1650, .days = 137, .dpi = 192}, 1650), 3);  // step 12: one time, as it is
+    EXPECT_EQ(StretchedMarkerRadius({.width = 3300, .days = 275, .dpi = 192}, 1650),
+              6);  // step 12: two times, as it is
+    EXPECT_EQ(StretchedMarkerRadius({.width = 3300, .days = 276, .dpi = 192}, 1650), 6);  // step 11: 3 scaled
+    EXPECT_EQ(StretchedMarkerRadius({.width = 3300, .days = 551, .dpi = 192}, 1650), 4);  // step 5: 2 scaled
 }
 
-TEST_F(ChartMarkers, HaveNoSizeInANarrowerChart) {
-    EXPECT_EQ(StretchedMarkerRadius(824, 1, 825), 0);
-    EXPECT_EQ(StretchedMarkerRadius(824, 10'000, 825), 0);
-    EXPECT_EQ(StretchedMarkerRadius(0, 1, 825), 0);
+TEST(ChartMarkers, HaveNoSizeInANarrowerChart) {
+    EXPECT_EQ(StretchedMarkerRadius({.width = 824, .days = 1}, 825), 0);
+    EXPECT_EQ(StretchedMarkerRadius({.width = 824, .days = 10'000}, 825), 0);
+    EXPECT_EQ(StretchedMarkerRadius({.width = 0, .days = 1}, 825), 0);
 }
 
-TEST_F(ChartMarkers, AreThoseOfTheReportWithoutDaysOrSavedWidth) {
-    EXPECT_EQ(StretchedMarkerRadius(1650, 0, 825), 3);
-    EXPECT_EQ(StretchedMarkerRadius(0, 0, 0), 3);
+TEST(ChartMarkers, AreThoseOfTheReportWithoutDaysOrSavedWidth) {
+    EXPECT_EQ(StretchedMarkerRadius({.width = 1650, .days = 0}, 825), 3);
+    EXPECT_EQ(StretchedMarkerRadius({.width = 0, .days = 0}, 0), 3);
     for (const std::int32_t savedWidth : {0, -1, INT_MIN}) {
-        EXPECT_EQ(StretchedMarkerRadius(600, 100, savedWidth), 3) << savedWidth;
-        EXPECT_EQ(StretchedMarkerRadius(600, 101, savedWidth), 2) << savedWidth;
+        EXPECT_EQ(StretchedMarkerRadius({.width = 600, .days = 100}, savedWidth), 3) << savedWidth;
+        EXPECT_EQ(StretchedMarkerRadius({.width = 600, .days = 101}, savedWidth), 2) << savedWidth;
     }
 }
 
-TEST_F(ChartMarkers, AreNeverNegative) {
-    EXPECT_EQ(StretchedMarkerRadius(-1650, 1, 825), 2);
-    EXPECT_EQ(StretchedMarkerRadius(-1650, 10'000, 825), 0);
-    EXPECT_EQ(StretchedMarkerRadius(INT_MIN, 1, 1), 2);
-    EXPECT_EQ(StretchedMarkerRadius(INT_MAX, 1, 1), 3);  // its zoom doesn't fit the step
+TEST(ChartMarkers, AreNeverNegative) {
+    EXPECT_EQ(StretchedMarkerRadius({.width = -1650, .days = 1}, 825), 2);
+    EXPECT_EQ(StretchedMarkerRadius({.width = -1650, .days = 10'000}, 825), 0);
+    EXPECT_EQ(StretchedMarkerRadius({.width = INT_MIN, .days = 1}, 1), 2);
+    EXPECT_EQ(StretchedMarkerRadius({.width = INT_MAX, .days = 1}, 1), 3);  // its zoom doesn't fit the step
 }
 
 }  // namespace

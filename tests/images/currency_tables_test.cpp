@@ -16,7 +16,6 @@
 #include "images/table_fixture.h"
 #include "report/currency_money_store.h"
 #include "report/records.h"
-#include "report/request_copy.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 
@@ -29,20 +28,21 @@ constexpr int kLeast = std::numeric_limits<int>::min();
 class CurrencyTables : public StoreFixture {
 protected:
     /// A currency with an opening equity of `equity`.
-    static CMoneyStore& AddCurrency(const std::string& name, double equity = 0) {
-        CurrencyMoneyStore.Add(std::make_unique<MoneyRecord>(ClearedMoneyRecord()), name, MoneySource::Statement);
-        CMoneyStore& store = *CurrencyMoneyStore.Find(name);
+    CMoneyStore& AddCurrency(const std::string& name, double equity = 0) {
+        report.CurrencyMoneyStore.Add(std::make_unique<MoneyRecord>(ClearedMoneyRecord()), name,
+                                      MoneySource::Statement);
+        CMoneyStore& store = *report.CurrencyMoneyStore.Find(name);
         store.OpeningEquity = equity;
         return store;
     }
-    static void AddCurrencies(int count) {
+    void AddCurrencies(int count) {
         for (int i = 0; i < count; ++i) AddCurrency("C" + std::to_string(i), i);
     }
 
     void Paint(std::int32_t width, std::int32_t blockHeight = 230) {
         canvas_ = std::make_unique<CRecordingCanvas>();
         canvas_->SelectTextBackground(TextBackground::Transparent);
-        PaintCurrencyTables(*canvas_, {.width = width, .blockHeight = blockHeight});
+        PaintCurrencyTables(*canvas_, report, {.width = width, .blockHeight = blockHeight});
     }
 
     /// What stands in the rows of titles, from left to right and block by block, at 96 dots per inch.
@@ -81,21 +81,21 @@ TEST_F(CurrencyTables, NeedAsManyBlocksAsLabelsAndCurrenciesAskFor) {
     };
     for (const auto& given : cases) {
         for (const auto& [currencies, blocks] : given.currenciesAndBlocks) {
-            CurrencyMoneyStore.Clear();
+            report.CurrencyMoneyStore.Clear();
             AddCurrencies(currencies);
-            EXPECT_EQ(CountCurrencyBlocks(given.width), blocks) << currencies << " in " << given.width;
+            EXPECT_EQ(CountCurrencyBlocks(report, given.width), blocks) << currencies << " in " << given.width;
         }
     }
 }
 
 // At one and a half a column is 240 wide, and the page 1238.
 TEST_F(CurrencyTables, CountColumnsAtTheResolutionOfTheRequest) {
-    Request.Dpi = 144;
+    report.Request.Dpi = 144;
     AddCurrencies(4);
-    EXPECT_EQ(CountCurrencyBlocks(1238), 1);
-    EXPECT_EQ(CountCurrencyBlocks(1200), 1);
-    EXPECT_EQ(CountCurrencyBlocks(1199), 2);
-    EXPECT_EQ(CountCurrencyBlocks(825), 2);  // three columns
+    EXPECT_EQ(CountCurrencyBlocks(report, 1238), 1);
+    EXPECT_EQ(CountCurrencyBlocks(report, 1200), 1);
+    EXPECT_EQ(CountCurrencyBlocks(report, 1199), 2);
+    EXPECT_EQ(CountCurrencyBlocks(report, 825), 2);  // three columns
 }
 
 TEST_F(CurrencyTables, NameTheirFigures) {
@@ -139,7 +139,7 @@ TEST_F(CurrencyTables, StandAtFixedPlacesWithoutScaling) {
     AddCurrency("HKD", 1);
     AddCurrency("USD", 2);
     for (const std::int32_t dpi : {0, 96}) {
-        Request.Dpi = dpi;
+        report.Request.Dpi = dpi;
         Paint(825);
         // The first column begins with the labels.
         std::vector<PaintedLine> expected{Line({5, 15}, {325, 15})};
@@ -164,7 +164,7 @@ TEST_F(CurrencyTables, StandAtFixedPlacesWithoutScaling) {
 TEST_F(CurrencyTables, GrowWithTheResolutionButForTheirMargins) {
     AddCurrency("HKD", 1);
     AddCurrency("USD", 2);
-    Request.Dpi = 144;
+    report.Request.Dpi = 144;
     Paint(1238, 345);
     std::vector<PaintedLine> expected;
     for (std::int32_t row = 0; row <= 10; ++row) expected.push_back(Line({2, 12 + 33 * row}, {482, 12 + 33 * row}));
@@ -224,7 +224,7 @@ TEST_F(CurrencyTables, CallTheFirstColumnTheTotalOfAll) {
         {"*", "(总)"},      {"", "(总)"},        {"*A*", "(总)A(总)"}, {Gbk("港币"), "港币(总)"},
     };
     for (const auto& [name, title] : cases) {
-        CurrencyMoneyStore.Clear();
+        report.CurrencyMoneyStore.Clear();
         AddCurrency(name);
         AddCurrency("E*R");
         Paint(825);
@@ -240,9 +240,9 @@ TEST_F(CurrencyTables, GiveNoTotalToTheFirstColumnOfALaterBlock) {
 }
 
 TEST_F(CurrencyTables, PassOverNamesWithoutAStore) {
-    CurrencyMoneyStore.Names.emplace_back("none");
+    report.CurrencyMoneyStore.Names.emplace_back("none");
     AddCurrency("A");
-    CurrencyMoneyStore.Names.emplace_back("none either");
+    report.CurrencyMoneyStore.Names.emplace_back("none either");
     AddCurrency("B");
     AddCurrency("C");
     Paint(825);
@@ -256,7 +256,7 @@ TEST_F(CurrencyTables, PassOverNamesWithoutAStore) {
 TEST_F(CurrencyTables, DrawNothingWhereNoCurrencyIs) {
     Paint(825);
     EXPECT_EQ(canvas_->order, "");
-    for (int i = 0; i < 4; ++i) CurrencyMoneyStore.Names.emplace_back("none");
+    for (int i = 0; i < 4; ++i) report.CurrencyMoneyStore.Names.emplace_back("none");
     AddCurrency("A");
     Paint(825);
     EXPECT_EQ(Titles(), (std::vector<std::string>{"A"}));  // in the second block, where no column is the total
@@ -277,13 +277,13 @@ TEST_F(CurrencyTables, TakeNamesOfAnyLengthAndBytes) {
     Paint(825);
     EXPECT_EQ(canvas_->texts[1].text, std::string(100'000, 'x') + "\xFF\x81" + Gbk("(总)"));
     CBitmap bitmap(825, 270, kWhite);
-    PaintCurrencyTables(*MakeCanvas(bitmap), {.width = 825, .blockHeight = 230});
+    PaintCurrencyTables(*MakeCanvas(bitmap), report, {.width = 825, .blockHeight = 230});
 }
 
 TEST_F(CurrencyTables, AreSafeAtAnySizeAndResolution) {
     AddCurrencies(30);
     for (const std::int32_t dpi : {kLeast, -96, -1, 0, 1, 96, 700'000'000, kMost - 1, kMost}) {
-        Request.Dpi = dpi;
+        report.Request.Dpi = dpi;
         for (const int width : {kLeast, -1, 0, 1, 825, kMost}) {
             for (const std::int32_t height : {kLeast, 0, kMost}) {
                 Paint(width, height);
@@ -300,7 +300,7 @@ TEST_F(CurrencyTables, HandBackTheFormerTools) {
     const Pen pen{.width = 3, .color = 0x010203};
     canvas.SelectFont(font);
     canvas.SelectPen(pen);
-    PaintCurrencyTables(canvas, {.width = 825, .blockHeight = 230});
+    PaintCurrencyTables(canvas, report, {.width = 825, .blockHeight = 230});
     EXPECT_EQ(canvas.texts[0].font, (Font{.face = "Arial", .cellHeight = 15, .weight = 400}));
     EXPECT_EQ(canvas.SelectFont({}), font);
     EXPECT_EQ(canvas.SelectPen({}), pen);

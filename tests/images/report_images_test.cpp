@@ -44,8 +44,8 @@ constexpr Measures kMeasures[] = {{0, 825, 500, 250, 534, 230},
 class ReportImages : public StoreFixture {
 protected:
     ReportImages() {
-        ReportDocument.BillFolder = folder_.Path();
-        ReportDocument.ImageFolderName = "Image_files";
+        report.ReportDocument.BillFolder = folder_.Path();
+        report.ReportDocument.ImageFolderName = "Image_files";
         fs::create_directories(folder_.Path("Image_files"));
     }
 
@@ -58,11 +58,11 @@ protected:
         EXPECT_EQ(SizeOf("AccountSummary.jpg"), (PictureSize{825, 135}));
         for (const std::string_view name : kBars) EXPECT_EQ(SizeOf(name), (PictureSize{825, 35})) << name;
     }
-    static void AddCurrencies(int count) {
+    void AddCurrencies(int count) {
         for (int i = 0; i < count; ++i) {
             auto money = std::make_unique<MoneyRecord>();
             money->EXCHANGE_RATE = 1;
-            CurrencyMoneyStore.Add(std::move(money), "C" + std::to_string(i), MoneySource::Statement);
+            report.CurrencyMoneyStore.Add(std::move(money), "C" + std::to_string(i), MoneySource::Statement);
         }
     }
     /// Red, green and blue of a pixel of a JPEG file.
@@ -79,10 +79,11 @@ protected:
 TEST_F(ReportImages, HaveTheirSizesAtEveryResolution) {
     for (const Measures& measures : kMeasures) {
         SCOPED_TRACE(measures.dpi);
-        Request.Dpi = measures.dpi;
-        ASSERT_TRUE(BuildReportImages());
+        report.Request.Dpi = measures.dpi;
+        const auto images = BuildReportImages(report);
+        ASSERT_TRUE(images);
         const PictureSize chart{measures.chartWidth, measures.chartHeight};
-        EXPECT_EQ(ReportDocument.PageWidth, measures.width);
+        EXPECT_EQ(images->pageWidth, measures.width);
         ExpectBars();
         EXPECT_EQ(SizeOf("AccountDetail.jpg"), (PictureSize{measures.width, measures.chartHeight + 20}));
         EXPECT_EQ(SizeOf("AccountFigure.jpg"), chart);
@@ -90,21 +91,21 @@ TEST_F(ReportImages, HaveTheirSizesAtEveryResolution) {
         EXPECT_EQ(SizeOf("HealthFigure.jpg"), chart);
         EXPECT_EQ(SizeOf("RiskFigure.jpg"), chart);
         EXPECT_EQ(SizeOf("OffsetFigure.jpg"), (PictureSize{measures.width, measures.chartHeight}));
-        EXPECT_EQ(MoneyStore.ChartSizes, (std::array<int, 8>{chart.width, chart.height, measures.width, chart.height,
-                                                             chart.width, chart.height, chart.width, chart.height}));
+        EXPECT_EQ(images->chartSizes, (ChartSizes{chart.width, chart.height, measures.width, chart.height, chart.width,
+                                                  chart.height, chart.width, chart.height}));
     }
 }
 
 // Five columns of 160 fit at every resolution; each block spends one on the labels.
 TEST_F(ReportImages, GrowWithTheCurrenciesOfAForeignAccount) {
-    Request.StatementKind = 2;
+    report.Request.StatementKind = 2;
     const std::map<int, int> blocks{{0, 1}, {1, 1}, {4, 1}, {5, 2}, {8, 2}, {9, 3}, {12, 3}, {16, 4}, {20, 5}};
     for (const Measures& measures : kMeasures) {
-        Request.Dpi = measures.dpi;
+        report.Request.Dpi = measures.dpi;
         for (const auto& [currencies, expected] : blocks) {
-            CurrencyMoneyStore.Clear();
+            report.CurrencyMoneyStore.Clear();
             AddCurrencies(currencies);
-            ASSERT_TRUE(BuildReportImages());
+            ASSERT_TRUE(BuildReportImages(report));
             EXPECT_EQ(SizeOf("AccountDetail.jpg"), (PictureSize{measures.width, expected * measures.blockHeight + 40}))
                 << measures.dpi << " " << currencies;
             if (measures.dpi > 0) break;  // the size of a block is what the resolution changes
@@ -116,34 +117,37 @@ TEST_F(ReportImages, GrowWithTheCurrenciesOfAForeignAccount) {
 }
 
 TEST_F(ReportImages, SaveTheTwoButtons) {
-    ASSERT_TRUE(BuildReportImages());
+    ASSERT_TRUE(BuildReportImages(report));
     EXPECT_EQ(DecodePng(ReadFile(PathOf("BillShrink.png"))), LoadPngResource(5002));
     EXPECT_EQ(DecodePng(ReadFile(PathOf("BillExpand.png"))), LoadPngResource(5001));
 }
 
 /// A realised P/L that isn't 0 and has no tenth: no ticks, no chart.
 TEST_F(ReportImages, LeaveBlackWhatTheGroundOfTheRealisedChartDoesNotReach) {
-    MoneyStore.MinDayPL = MoneyStore.MaxDayPL = 5e-324;
-    Request.Dpi = 192;
-    ASSERT_TRUE(BuildReportImages());
+    report.MoneyStore.MinDayPL = report.MoneyStore.MaxDayPL = 5e-324;
+    report.Request.Dpi = 192;
+    const auto images = BuildReportImages(report);
+    ASSERT_TRUE(images);
+    EXPECT_EQ(images->chartSizes[kRealisedSize], 1650);  // noted all the same
+    EXPECT_EQ(images->chartSizes[kRealisedSize + 1], 500);
     EXPECT_EQ(PixelOf("OffsetFigure.jpg", 400, 120), (std::array{255, 255, 255}));
     EXPECT_EQ(PixelOf("OffsetFigure.jpg", 1000, 120), (std::array{0, 0, 0}));
     EXPECT_EQ(PixelOf("OffsetFigure.jpg", 400, 400), (std::array{0, 0, 0}));
-    MoneyStore.MinDayPL = MoneyStore.MaxDayPL = 0;
-    ASSERT_TRUE(BuildReportImages());
+    report.MoneyStore.MinDayPL = report.MoneyStore.MaxDayPL = 0;
+    ASSERT_TRUE(BuildReportImages(report));
     EXPECT_EQ(PixelOf("OffsetFigure.jpg", 1640, 490), (std::array{255, 255, 255}));
 }
 
 TEST_F(ReportImages, OverwriteThoseOfTheLastReport) {
     folder_.Write("Image_files/RiskFigure.jpg", "rubbish");
-    ASSERT_TRUE(BuildReportImages());
+    ASSERT_TRUE(BuildReportImages(report));
     EXPECT_EQ(SizeOf("RiskFigure.jpg"), (PictureSize{500, 250}));
 }
 
 TEST_F(ReportImages, PassOverOneThatCannotBeSaved) {
     fs::create_directories(PathOf("AccountDetail.jpg") + "/in the way");
     fs::create_directories(PathOf("BillShrink.png") + "/in the way");
-    ASSERT_TRUE(BuildReportImages());
+    ASSERT_TRUE(BuildReportImages(report));
     EXPECT_EQ(SizeOf("AccountDetail.jpg"), (PictureSize{0, 0}));
     EXPECT_EQ(SizeOf("OffsetFigure.jpg"), (PictureSize{825, 250}));
     EXPECT_EQ(SizeOf("BillExpand.png"), (PictureSize{8, 8}));
@@ -151,28 +155,33 @@ TEST_F(ReportImages, PassOverOneThatCannotBeSaved) {
 
 TEST_F(ReportImages, PassOverAFolderThatIsGone) {
     fs::remove_all(folder_.Path("Image_files"));
-    ASSERT_TRUE(BuildReportImages());
+    const auto images = BuildReportImages(report);
+    ASSERT_TRUE(images);
     EXPECT_FALSE(fs::exists(folder_.Path("Image_files")));
-    EXPECT_EQ(ReportDocument.PageWidth, 825);
+    EXPECT_EQ(images->pageWidth, 825);
 }
 
 TEST_F(ReportImages, AreSafeAtAbsurdResolutions) {
     for (const int dpi : {-96, 1, 2'000'000'000}) {
-        Request.Dpi = dpi;
-        EXPECT_TRUE(BuildReportImages()) << dpi;
+        report.Request.Dpi = dpi;
+        EXPECT_TRUE(BuildReportImages(report)) << dpi;
         ExpectBars();
     }
 }
 
-TEST_F(ReportImages, LeaveTheSizesThatAreNotedWithoutPainting) {
+TEST_F(ReportImages, HaveAnEquityChartAsWideAsThePageForForeignAccountsAlone) {
+    EXPECT_EQ(MeasureCharts(report), (ChartSizes{500, 250, 825, 250, 500, 250, 500, 250}));
+    report.Request.StatementKind = 2;
+    EXPECT_EQ(MeasureCharts(report), (ChartSizes{825, 250, 825, 250, 500, 250, 500, 250}));
+}
+
+TEST_F(ReportImages, LeaveTheSizesThatAreMeasuredWithoutPainting) {
     for (const int kind : {1, 2}) {
-        Request.StatementKind = kind;
-        Request.Dpi = 144;
-        ASSERT_TRUE(BuildReportImages());
-        const auto painted = MoneyStore.ChartSizes;
-        MoneyStore.ChartSizes = {};
-        NoteChartSizes();
-        EXPECT_EQ(MoneyStore.ChartSizes, painted);
+        report.Request.StatementKind = kind;
+        report.Request.Dpi = 144;
+        const auto painted = BuildReportImages(report);
+        ASSERT_TRUE(painted);
+        EXPECT_EQ(MeasureCharts(report), painted->chartSizes);
     }
 }
 

@@ -13,8 +13,7 @@
 
 #include "graph/recording_canvas.h"
 #include "images/table_fixture.h"
-#include "report/account_statistics.h"
-#include "report/request_copy.h"
+#include "report/report.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 
@@ -34,23 +33,23 @@ constexpr std::string_view kNotes[] = {
 class StatisticsPanel : public StoreFixture {
 protected:
     void Paint(std::int32_t dpi) {
-        Request.Dpi = dpi;
+        report.Request.Dpi = dpi;
         canvas_ = std::make_unique<CRecordingCanvas>();
         canvas_->SelectTextBackground(TextBackground::Transparent);
-        PaintStatisticsPanel(*canvas_);
+        PaintStatisticsPanel(*canvas_, report);
     }
 
     std::unique_ptr<CRecordingCanvas> canvas_;
 };
 
 TEST_F(StatisticsPanel, NamesItsFigures) {
-    AccountStatistics.WinRate = 1;
-    AccountStatistics.ProfitRate = 2;
-    AccountStatistics.MaxDrawdown = 3;
-    AccountStatistics.MaxProfit = 4;
-    AccountStatistics.MaxLoss = -5;
-    AccountStatistics.MaxYield = 6;
-    AccountStatistics.MaxRisk = 7;
+    report.AccountStatistics.WinRate = 1;
+    report.AccountStatistics.ProfitRate = 2;
+    report.AccountStatistics.MaxDrawdown = 3;
+    report.AccountStatistics.MaxProfit = 4;
+    report.AccountStatistics.MaxLoss = -5;
+    report.AccountStatistics.MaxYield = 6;
+    report.AccountStatistics.MaxRisk = 7;
     Paint(96);
     const std::pair<std::string_view, std::string_view> kRows[] = {
         {"胜率：", "1.00%"},     {"盈利率：", "2.00%"},     {"最大回撤：", "3.00"},    {"最大盈利：", "4.00"},
@@ -71,9 +70,9 @@ TEST_F(StatisticsPanel, ShowsZerosForWhatWasNeverComputed) {
 }
 
 TEST_F(StatisticsPanel, ShowsAnyFigureAsItIs) {
-    AccountStatistics.WinRate = std::numeric_limits<double>::quiet_NaN();
-    AccountStatistics.ProfitRate = -std::numeric_limits<double>::infinity();
-    AccountStatistics.MaxDrawdown = -0.001;
+    report.AccountStatistics.WinRate = std::numeric_limits<double>::quiet_NaN();
+    report.AccountStatistics.ProfitRate = -std::numeric_limits<double>::infinity();
+    report.AccountStatistics.MaxDrawdown = -0.001;
     Paint(96);
     EXPECT_EQ(canvas_->texts[1].text, "nan%");
     EXPECT_EQ(canvas_->texts[3].text, "-inf%");
@@ -162,7 +161,7 @@ TEST_F(StatisticsPanel, HandsBackTheFormerTools) {
     const Pen pen{.width = 3, .color = 0x010203};
     canvas.SelectFont(font);
     canvas.SelectPen(pen);
-    PaintStatisticsPanel(canvas);
+    PaintStatisticsPanel(canvas, report);
     EXPECT_EQ(canvas.SelectFont({}), font);
     EXPECT_EQ(canvas.SelectPen({}), pen);
     EXPECT_EQ(canvas.SelectClip({}), Clip());
@@ -176,7 +175,7 @@ TEST_F(StatisticsPanel, IsSafeAtAnyResolution) {
         EXPECT_GE(canvas_->texts.size(), kFirstNote + 8);
         EXPECT_EQ(canvas_->lines.size(), 11u);
         CBitmap bitmap(40, 40, kWhite);
-        PaintStatisticsPanel(*MakeCanvas(bitmap));
+        PaintStatisticsPanel(*MakeCanvas(bitmap), report);
     }
 }
 

@@ -10,8 +10,7 @@
 #include "page/page_fixture.h"
 #include "page/page_sections.h"
 #include "paint/picture_file.h"
-#include "report/request_copy.h"
-#include "report/stores.h"
+#include "report/report.h"
 #include "support/host_objects.h"
 
 namespace tradebill {
@@ -21,8 +20,8 @@ std::optional<ChartSizeReport> Told;
 std::string PageWhenTold;
 std::string PagePathToRead;
 
-void TakeSizes(const ChartSizeReport* report) {
-    Told = *report;
+void TakeSizes(const ChartSizeReport* sizes) {
+    Told = *sizes;
     PageWhenTold = GbkToUtf8(ReadFile(PagePathToRead));
 }
 
@@ -41,9 +40,9 @@ protected:
     }
 
     /// What the section alone leaves between the body tags.
-    std::string Section(bool (*add)(CHtmlBuilder&)) {
+    std::string Section(bool (*add)(CHtmlBuilder&, const CReport&)) {
         CHtmlBuilder page(path_);
-        EXPECT_TRUE(add(page));
+        EXPECT_TRUE(add(page, report));
         const std::string text = Page();
         const std::string before = "<html>\r\n" + kHead + "<body>\r\n";
         const std::string after = "<h1></h1>\r\n</body>\r\n</html>\r\n";
@@ -118,7 +117,7 @@ TEST_F(AccountSection, HasBlocksOfTheirOwnInForeignPages) {
 // At 120 dots per inch measures grow by a quarter: 310 to 387.5, rounded up. The banner and the button lie on disk
 // unscaled, the other pictures are shown as they are.
 TEST_F(AccountSection, ScalesWhatLiesOnDiskUnscaled) {
-    Request.Dpi = 120;
+    report.Request.Dpi = 120;
     AddPicture("AccountSummary.jpg", 825, 135);
     AddPicture("AccountDetail.jpg", 1031, 333);
     AddPicture("BillShrink.png", 8, 8);
@@ -137,13 +136,13 @@ TEST_F(AccountSection, ScalesWhatLiesOnDiskUnscaled) {
 }
 
 TEST_F(AccountSection, TellsTheHostTheChartSizesWithThePageWholeSoFar) {
-    Request.HostWindow = CreateHostWindow([](void*, std::uint32_t, std::uint64_t, std::int64_t) {}, nullptr);
-    Request.ChartSizeCallback = TakeSizes;
-    MoneyStore.ChartSizes = {1, 2, 3, 4, 5, 6, 7, 8};
+    report.Request.HostWindow = CreateHostWindow([](void*, std::uint32_t, std::uint64_t, std::int64_t) {}, nullptr);
+    report.Request.ChartSizeCallback = TakeSizes;
+    report.MoneyStore.ChartSizes = {1, 2, 3, 4, 5, 6, 7, 8};
     auto day = std::make_unique<MoneyRecord>();
     CopyField(day->BILL_DATE, "20240102");
     day->EXCHANGE_RATE = 1;
-    MoneyStore.Add(std::move(day), MoneySource::Statement);
+    report.MoneyStore.Add(std::move(day), MoneySource::Statement);
     Section(AddForeignAccountSection);
     ASSERT_TRUE(Told.has_value());
     EXPECT_EQ(Told->EquityWidth, 1);
@@ -156,22 +155,19 @@ TEST_F(AccountSection, TellsTheHostTheChartSizesWithThePageWholeSoFar) {
     EXPECT_EQ(Told->TradeYieldHeight, 8);
     EXPECT_EQ(Told->MoneyRecordCount, 1);
     EXPECT_EQ(PageWhenTold, Page());
-    DestroyHostWindow(Request.HostWindow);
-    Request.HostWindow = nullptr;
-    MoneyStore.ChartSizes = {};
+    DestroyHostWindow(report.Request.HostWindow);
 }
 
 TEST_F(AccountSection, TellsNobodyWithoutAWindow) {
-    Request.ChartSizeCallback = TakeSizes;
+    report.Request.ChartSizeCallback = TakeSizes;
     Section(AddAccountSection);
     EXPECT_FALSE(Told.has_value());
 }
 
 TEST_F(AccountSection, IsWholeWithoutACallback) {
-    Request.HostWindow = CreateHostWindow([](void*, std::uint32_t, std::uint64_t, std::int64_t) {}, nullptr);
+    report.Request.HostWindow = CreateHostWindow([](void*, std::uint32_t, std::uint64_t, std::int64_t) {}, nullptr);
     EXPECT_NE(Section(AddAccountSection).find("javascript:void(3)"), std::string::npos);
-    DestroyHostWindow(Request.HostWindow);
-    Request.HostWindow = nullptr;
+    DestroyHostWindow(report.Request.HostWindow);
 }
 
 }  // namespace

@@ -12,7 +12,6 @@
 #include "page/page_fixture.h"
 #include "page/page_sections.h"
 #include "page/statement_rows.h"
-#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {
@@ -42,8 +41,8 @@ std::string Dashes(const std::string& band) {
 }
 
 /// A lot of nothing but contract, day and profit.
-void AddSmallLot(std::string_view contract, std::string_view day, std::string_view profit = {}) {
-    AddLot({{"CONTRACT", contract}, {"BILL_DATE", day}, {"FLOATPL", profit}});
+void AddSmallLot(CReport& report, std::string_view contract, std::string_view day, std::string_view profit = {}) {
+    AddLot(report, {{"CONTRACT", contract}, {"BILL_DATE", day}, {"FLOATPL", profit}});
 }
 
 std::string SmallLot(const std::string& band, const std::string& contract, const std::string& day,
@@ -72,23 +71,23 @@ std::time_t LocalTime(int year, int month, int day, int hour = 0) {
 class ForeignPositionSection : public PageFixture {
 protected:
     ForeignPositionSection() {
-        Request.StatementKind = 2;
-        ReportDays = {LocalTime(2024, 1, 2), LocalTime(2024, 1, 31)};
+        report.Request.StatementKind = 2;
+        report.ReportDays = {LocalTime(2024, 1, 2), LocalTime(2024, 1, 31)};
     }
 
     void ExpectRows(const std::string& rows) {
         CHtmlBuilder page(path_);
-        EXPECT_TRUE(AddForeignPositionSection(page));
+        EXPECT_TRUE(AddForeignPositionSection(page, report));
         EXPECT_EQ(Page(), ClosedPage(Top() + rows + kTableFoot + "\r\n"));
     }
 
     /// The code of the error that a lot of this day raises; 0 for none.
     std::uint32_t ErrorOfDay(std::string_view day) {
-        OpiDetailStore.Clear();
-        AddSmallLot("a", day);
+        report.OpiDetailStore.Clear();
+        AddSmallLot(report, "a", day);
         CHtmlBuilder page(path_);
         try {
-            AddForeignPositionSection(page);
+            AddForeignPositionSection(page, report);
         } catch (const CReportError& error) {
             return error.Code();
         }
@@ -101,19 +100,19 @@ TEST_F(ForeignPositionSection, OfNothingIsHeaderAndDashes) {
 }
 
 TEST_F(ForeignPositionSection, OneRecordFillsTwoRowsWithBlankFillers) {
-    AddLot({{"BILL_DATE", "20240103"},
-            {"EXCH_NAME", "CME"},
-            {"CONTRACT", "CL"},
-            {"DELIVERY", "2406"},
-            {"POSITION_VOL", "3"},
-            {"OPEN_DATE", "20231229"},
-            {"BID", "买"},
-            {"OPEN_PRICE", "75.5"},
-            {"FLOATPL", "1500.5"},
-            {"DSYK", "-7"},
-            {"DEPOSIT", "8"},
-            {"HEDGE", "投"},
-            {"CURRENCY", "USD"}});
+    AddLot(report, {{"BILL_DATE", "20240103"},
+                    {"EXCH_NAME", "CME"},
+                    {"CONTRACT", "CL"},
+                    {"DELIVERY", "2406"},
+                    {"POSITION_VOL", "3"},
+                    {"OPEN_DATE", "20231229"},
+                    {"BID", "买"},
+                    {"OPEN_PRICE", "75.5"},
+                    {"FLOATPL", "1500.5"},
+                    {"DSYK", "-7"},
+                    {"DEPOSIT", "8"},
+                    {"HEDGE", "投"},
+                    {"CURRENCY", "USD"}});
     ExpectRows(
         HtmlRow("billclr1", kPlain, {"CME", "CL2406", "3", "20231229", "75.5", "", " ", " "}) +
         HtmlRow("billclr1", kPlain, {" ", " ", " ", "20240103", " ", " ", "1500.5", "USD"}, {{6, "positionspanbid"}}) +
@@ -121,24 +120,24 @@ TEST_F(ForeignPositionSection, OneRecordFillsTwoRowsWithBlankFillers) {
 }
 
 TEST_F(ForeignPositionSection, PutsThePriceOfASaleUnderItsSide) {
-    AddLot({{"BILL_DATE", "20240103"}, {"BID", "卖"}, {"OPEN_PRICE", "75.5"}});
+    AddLot(report, {{"BILL_DATE", "20240103"}, {"BID", "卖"}, {"OPEN_PRICE", "75.5"}});
     ExpectRows(HtmlRow("billclr1", kPlain, {"", "", "", "", "", "75.5", " ", " "}) +
                HtmlRow("billclr1", kPlain, {" ", " ", " ", "20240103", " ", " ", "", ""}) + Dashes("billclr1") +
                Subtotal("billclr1", "0.00"));
 }
 
 TEST_F(ForeignPositionSection, TrimsTheFrontOfExchangeAndContract) {
-    AddLot({{"BILL_DATE", "20240103"}, {"EXCH_NAME", " 　CME "}, {"CONTRACT", "\t　CL"}, {"DELIVERY", " 6"}});
+    AddLot(report, {{"BILL_DATE", "20240103"}, {"EXCH_NAME", " 　CME "}, {"CONTRACT", "\t　CL"}, {"DELIVERY", " 6"}});
     ExpectRows(HtmlRow("billclr1", kPlain, {"CME ", "CL 6", "", "", "", "", " ", " "}) +
                HtmlRow("billclr1", kPlain, {" ", " ", " ", "20240103", " ", " ", "", ""}) + Dashes("billclr1") +
                Subtotal("billclr1", "0.00"));
 }
 
 TEST_F(ForeignPositionSection, GivesEachDayABandAndASubtotal) {
-    AddSmallLot("a", "20240102", "10");
-    AddSmallLot("b", "20240102", "-30.5");
-    AddSmallLot("c", "20240103", "0.00");
-    AddSmallLot("d", "20240131", "-1");
+    AddSmallLot(report, "a", "20240102", "10");
+    AddSmallLot(report, "b", "20240102", "-30.5");
+    AddSmallLot(report, "c", "20240103", "0.00");
+    AddSmallLot(report, "d", "20240131", "-1");
     ExpectRows(SmallLot("billclr1", "a", "20240102", "10", "positionspanbid") +
                SmallLot("billclr1", "b", "20240102", "-30.5", "positionspanask") +
                Subtotal("billclr1", "-20.50", "positionsumask") + SmallLot("billclr2", "c", "20240103", "0.00") +
@@ -147,11 +146,11 @@ TEST_F(ForeignPositionSection, GivesEachDayABandAndASubtotal) {
 }
 
 TEST_F(ForeignPositionSection, PassesOverDaysOutsideTheReport) {
-    AddSmallLot("x", "20240101");
-    AddSmallLot("a", "20240102", "1");
-    AddSmallLot("x", "20240201", "100");
-    AddSmallLot("b", "20240102", "2");
-    AddSmallLot("c", "20240131");
+    AddSmallLot(report, "x", "20240101");
+    AddSmallLot(report, "a", "20240102", "1");
+    AddSmallLot(report, "x", "20240201", "100");
+    AddSmallLot(report, "b", "20240102", "2");
+    AddSmallLot(report, "c", "20240131");
     ExpectRows(SmallLot("billclr1", "a", "20240102", "1", "positionspanbid") +
                SmallLot("billclr1", "b", "20240102", "2", "positionspanbid") +
                Subtotal("billclr1", "3.00", "positionsumbid") + SmallLot("billclr2", "c", "20240131") +
@@ -159,32 +158,32 @@ TEST_F(ForeignPositionSection, PassesOverDaysOutsideTheReport) {
 }
 
 TEST_F(ForeignPositionSection, HasNoLastSubtotalIfTheLastRecordIsPassedOver) {
-    AddSmallLot("a", "20240102");
-    AddSmallLot("b", "20240103");
-    AddSmallLot("x", "20240201");
+    AddSmallLot(report, "a", "20240102");
+    AddSmallLot(report, "b", "20240103");
+    AddSmallLot(report, "x", "20240201");
     ExpectRows(SmallLot("billclr1", "a", "20240102") + Subtotal("billclr1", "0.00") +
                SmallLot("billclr2", "b", "20240103"));
 }
 
 TEST_F(ForeignPositionSection, OfPassedRecordsAloneIsHeaderAndDashes) {
-    AddSmallLot("x", "20240101");
-    AddSmallLot("x", "20240201");
+    AddSmallLot(report, "x", "20240101");
+    AddSmallLot(report, "x", "20240201");
     ExpectRows("");
 }
 
 TEST_F(ForeignPositionSection, CountsTodayInAReportThatBeginsAtTheTimeOfItsCall) {
-    ReportDays = {LocalTime(2024, 1, 5, 15), LocalTime(2024, 1, 5, 15)};
-    AddSmallLot("x", "20240104");
-    AddSmallLot("a", "20240105");
+    report.ReportDays = {LocalTime(2024, 1, 5, 15), LocalTime(2024, 1, 5, 15)};
+    AddSmallLot(report, "x", "20240104");
+    AddSmallLot(report, "a", "20240105");
     ExpectRows(SmallLot("billclr1", "a", "20240105") + Subtotal("billclr1", "0.00"));
 }
 
 TEST_F(ForeignPositionSection, RollsADayBeyondItsMonthOver) {
-    ReportDays = {LocalTime(2024, 3, 1), LocalTime(2024, 3, 1)};
-    AddSmallLot("x", "20240229");
-    AddSmallLot("a", "20240230");  // 1 March
-    AddSmallLot("x", "20240231");
-    AddSmallLot("b", "20240301");
+    report.ReportDays = {LocalTime(2024, 3, 1), LocalTime(2024, 3, 1)};
+    AddSmallLot(report, "x", "20240229");
+    AddSmallLot(report, "a", "20240230");  // 1 March
+    AddSmallLot(report, "x", "20240231");
+    AddSmallLot(report, "b", "20240301");
     ExpectRows(SmallLot("billclr1", "a", "20240230") + Subtotal("billclr1", "0.00") +
                SmallLot("billclr2", "b", "20240301") + Subtotal("billclr2", "0.00"));
 }
@@ -205,9 +204,9 @@ TEST_F(ForeignPositionSection, FailsAtADayWithoutATimeValue) {
 }
 
 TEST_F(ForeignPositionSection, ReadsDaysByWidths) {
-    ReportDays = {LocalTime(2024, 1, 5), LocalTime(2024, 1, 5)};
-    AddSmallLot("a", "2024 1 5");  // %4d%2d%2d passes over blanks
-    AddSmallLot("b", "202401 5");
+    report.ReportDays = {LocalTime(2024, 1, 5), LocalTime(2024, 1, 5)};
+    AddSmallLot(report, "a", "2024 1 5");  // %4d%2d%2d passes over blanks
+    AddSmallLot(report, "b", "202401 5");
     ExpectRows(SmallLot("billclr1", "a", "2024 1 5") + Subtotal("billclr1", "0.00") +
                SmallLot("billclr2", "b", "202401 5") + Subtotal("billclr2", "0.00"));
 }

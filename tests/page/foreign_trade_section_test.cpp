@@ -47,11 +47,11 @@ std::string Total(const std::vector<std::string>& texts) {
 
 class ForeignTradeSection : public PageFixture {
 protected:
-    ForeignTradeSection() { Request.StatementKind = 2; }
+    ForeignTradeSection() { report.Request.StatementKind = 2; }
 
     void ExpectRows(const std::string& rows) {
         CHtmlBuilder page(path_);
-        EXPECT_TRUE(AddForeignTradeSection(page));
+        EXPECT_TRUE(AddForeignTradeSection(page, report));
         EXPECT_EQ(Page(), ClosedPage(Top() + rows + kTableFoot + "\r\n"));
     }
 };
@@ -61,7 +61,7 @@ TEST_F(ForeignTradeSection, OfNothingHasATotalOfZeros) {
 }
 
 TEST_F(ForeignTradeSection, ShowsWinsLossesAndLargestAmounts) {
-    ContractOffset& tally = AddTally("CL2406", "2406", "USD");
+    ContractOffset& tally = AddTally(report, "CL2406", "2406", "USD");
     tally.LONG_COUNT = 4;
     tally.LONG_VOL = 8;
     tally.LONG_WIN_COUNT = 3;
@@ -84,10 +84,10 @@ TEST_F(ForeignTradeSection, ShowsWinsLossesAndLargestAmounts) {
 }
 
 TEST_F(ForeignTradeSection, NamesTheContractAloneInAllFormats) {
-    ContractOffset& tally = AddTally(" \t　cu", "2405", "HKD");
+    ContractOffset& tally = AddTally(report, " \t　cu", "2405", "HKD");
     tally.LONG_COUNT = tally.LONG_VOL = 1;
     for (const int format : {0, 1, 2, 3, 6}) {
-        Request.StatementFormat = format;
+        report.Request.StatementFormat = format;
         ExpectRows(Pale({"cu", "", "1", "1", "0.00", "0.00", "0.00", ""}, {{1, "tradespanbid"}}) +
                    Dark({"", "盈利", "0", "0", "0.00", "0.00", "0.00", "HKD"}) +
                    Pale({"", "亏损", "0", "0", "0.00", "0.00", "0.00", "HKD"}) +
@@ -98,15 +98,15 @@ TEST_F(ForeignTradeSection, NamesTheContractAloneInAllFormats) {
 }
 
 TEST_F(ForeignTradeSection, PassesOverContractsUnderOneTrade) {
-    ContractOffset& passed = AddTally("passed", "", "USD");
+    ContractOffset& passed = AddTally(report, "passed", "", "USD");
     passed.LONG_COUNT = 0;
     passed.LONG_VOL = 5;
     passed.LONG_WIN_PL = 99;
-    ContractOffset& shown = AddTally("shown", "", "USD");
+    ContractOffset& shown = AddTally(report, "shown", "", "USD");
     shown.LONG_COUNT = shown.LONG_WIN_COUNT = 1;
     shown.LONG_VOL = shown.LONG_WIN_VOL = 2;
     shown.LONG_WIN_PL = shown.LONG_MAX_WIN = 3;
-    AddTally("passed too").LONG_COUNT = -1;
+    AddTally(report, "passed too").LONG_COUNT = -1;
 
     ExpectRows(Pale({"shown", "", "1", "2", "3.00", "3.00", "1.50", ""}, {{1, "tradespanbid"}}) +
                Dark({"", "盈利", "1", "2", "3.00", "3.00", "1.50", "USD"}) +
@@ -116,11 +116,11 @@ TEST_F(ForeignTradeSection, PassesOverContractsUnderOneTrade) {
 }
 
 TEST_F(ForeignTradeSection, RunsBandsOnAndMixesCurrenciesInItsTotal) {
-    ContractOffset& first = AddTally("a", "", "USD");
+    ContractOffset& first = AddTally(report, "a", "", "USD");
     first.LONG_COUNT = first.LONG_WIN_COUNT = 1;
     first.LONG_VOL = first.LONG_WIN_VOL = 1;
     first.LONG_WIN_PL = first.LONG_MAX_WIN = 10;
-    ContractOffset& second = AddTally("b", "", "JPY");
+    ContractOffset& second = AddTally(report, "b", "", "JPY");
     second.LONG_COUNT = second.LONG_LOSE_COUNT = 1;
     second.LONG_VOL = second.LONG_LOSE_VOL = 3;
     second.LONG_LOSE_PL = second.LONG_MAX_LOSS = -2;
@@ -138,7 +138,7 @@ TEST_F(ForeignTradeSection, RunsBandsOnAndMixesCurrenciesInItsTotal) {
 }
 
 TEST_F(ForeignTradeSection, ShowsZerosForAnOutcomeUnderOneLot) {
-    ContractOffset& tally = AddTally("a", "", "EUR");
+    ContractOffset& tally = AddTally(report, "a", "", "EUR");
     tally.LONG_COUNT = tally.LONG_WIN_COUNT = 1;
     tally.LONG_WIN_PL = tally.LONG_MAX_WIN = 5;
     ExpectRows(Pale({"a", "", "1", "0", "5.00", "5.00", "inf", ""}, {{1, "tradespanbid"}}) +

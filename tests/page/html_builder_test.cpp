@@ -11,6 +11,8 @@
 #include <vector>
 
 #include "page/page_fixture.h"
+#include "page/page_scripts.h"
+#include "page/section_title.h"
 
 namespace tradebill {
 namespace {
@@ -286,8 +288,8 @@ TEST_F(HtmlBuilder, WithoutAFileItNeverHadDoesNothing) {
     page.AddNote("n");
     page.AddText("x");
     page.AddStyle({});
-    page.AddPageScripts();
-    page.AddOffsetFigure();
+    AddPageScripts(page, report);
+    AddOffsetFigure(page, report);
     page.ClosePage();
     EXPECT_EQ(ReadFile(missing), "of another\r\n");
 }

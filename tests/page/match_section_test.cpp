@@ -71,23 +71,23 @@ std::string Top(const Columns& columns) {
 }
 
 /// One trade with all its fields.
-void AddFullTrade(std::string_view day) {
-    AddTrade({{"BILL_DATE", day},
-              {"MATCH_DATE", "20231229"},
-              {"EXCH_NAME", "上期所"},
-              {"CONTRACT", "铜"},
-              {"DELIVERY", "2405"},
-              {"HEDGE", "投"},
-              {"BID", "买"},
-              {"MATCH_PRICE", "68,000.0"},
-              {"MATCH_VOL", "3"},
-              {"TURNOVER", "1020000"},
-              {"OFFSET", "平仓"},
-              {"POUNDAGE", "12.345"},
-              {"OFFSETPL", "250"},
-              {"MATCHNO", "00042"},
-              {"ROYALTY", "9"},
-              {"CURRENCY", "USD"}});
+void AddFullTrade(CReport& report, std::string_view day) {
+    AddTrade(report, {{"BILL_DATE", day},
+                      {"MATCH_DATE", "20231229"},
+                      {"EXCH_NAME", "上期所"},
+                      {"CONTRACT", "铜"},
+                      {"DELIVERY", "2405"},
+                      {"HEDGE", "投"},
+                      {"BID", "买"},
+                      {"MATCH_PRICE", "68,000.0"},
+                      {"MATCH_VOL", "3"},
+                      {"TURNOVER", "1020000"},
+                      {"OFFSET", "平仓"},
+                      {"POUNDAGE", "12.345"},
+                      {"OFFSETPL", "250"},
+                      {"MATCHNO", "00042"},
+                      {"ROYALTY", "9"},
+                      {"CURRENCY", "USD"}});
 }
 
 class MatchSection : public PageFixture {
@@ -108,7 +108,8 @@ protected:
 
     void ExpectRows(const Columns& columns, const std::string& rows) {
         CHtmlBuilder page(path_);
-        EXPECT_TRUE(Request.StatementKind == 2 ? AddForeignMatchSection(page) : AddMatchSection(page));
+        EXPECT_TRUE(report.Request.StatementKind == 2 ? AddForeignMatchSection(page, report)
+                                                      : AddMatchSection(page, report));
         EXPECT_EQ(Page(), ClosedPage(Top(columns) + rows + kTableFoot + "\r\n"));
     }
 
@@ -119,24 +120,24 @@ protected:
 };
 
 TEST_F(MatchSection, OfNothingIsHeaderAndDashesInTheLayoutOfItsFormat) {
-    Request.StatementFormat = 1;
+    report.Request.StatementFormat = 1;
     ExpectRows(kColumnsOfFormat1, "");
-    Request.StatementFormat = 0;
+    report.Request.StatementFormat = 0;
     ExpectRows(kColumnsOfFormat0, "");
     for (const int format : {2, 3, 6, 201, 4, -1}) {
-        Request.StatementFormat = format;
+        report.Request.StatementFormat = format;
         ExpectRows(kColumnsOfOthers, "");
     }
-    Request.StatementKind = 2;
+    report.Request.StatementKind = 2;
     for (const int format : {0, 1, 2}) {
-        Request.StatementFormat = format;
+        report.Request.StatementFormat = format;
         ExpectRows(kForeignColumns, "");
     }
 }
 
 TEST_F(MatchSection, Format1ShowsNineColumnsWithoutProfit) {
-    Request.StatementFormat = 1;
-    AddFullTrade("20240102");
+    report.Request.StatementFormat = 1;
+    AddFullTrade(report, "20240102");
     ExpectRows(
         kColumnsOfFormat1,
         format1_.Row("billclr1", {"上期所", "铜2405", "20231229", "买", "平仓", "3", "68,000.0", "1020000", "12.345"}) +
@@ -144,15 +145,15 @@ TEST_F(MatchSection, Format1ShowsNineColumnsWithoutProfit) {
 }
 
 TEST_F(MatchSection, Format1ColoursNoAmount) {
-    Request.StatementFormat = 1;
-    AddTrade({{"TURNOVER", "-5"}, {"POUNDAGE", "-7"}, {"OFFSETPL", "-9"}});
+    report.Request.StatementFormat = 1;
+    AddTrade(report, {{"TURNOVER", "-5"}, {"POUNDAGE", "-7"}, {"OFFSETPL", "-9"}});
     ExpectRows(kColumnsOfFormat1,
                format1_.Row("billclr1", {"", "", "", "", "", "", "", "-5", "-7"}) +
                    format1_.Subtotal("billclr1", {"小计", "", "", "", "", "0", "", "-5.00", "-7.00"}));
 }
 
 TEST_F(MatchSection, Format0ShowsTenColumnsWithProfit) {
-    AddFullTrade("20240102");
+    AddFullTrade(report, "20240102");
     ExpectRows(kColumnsOfFormat0,
                format0_.Row("billclr1",
                             {"上期所", "铜2405", "20231229", "买", "平仓", "3", "68,000.0", "1020000", "250", "12.345"},
@@ -163,9 +164,9 @@ TEST_F(MatchSection, Format0ShowsTenColumnsWithProfit) {
 
 TEST_F(MatchSection, OtherFormatsShowElevenColumnsWithTheTradeNumber) {
     for (const int format : {2, 3, 6, 201}) {
-        MatchStore.Clear();
-        Request.StatementFormat = format;
-        AddFullTrade("20240102");
+        report.MatchStore.Clear();
+        report.Request.StatementFormat = format;
+        AddFullTrade(report, "20240102");
         ExpectRows(
             kColumnsOfOthers,
             others_.Row(
@@ -178,11 +179,11 @@ TEST_F(MatchSection, OtherFormatsShowElevenColumnsWithTheTradeNumber) {
 }
 
 TEST_F(MatchSection, ForeignFormShowsEightColumnsWithTheCurrency) {
-    Request.StatementKind = 2;
+    report.Request.StatementKind = 2;
     for (const int format : {0, 1, 2}) {
-        MatchStore.Clear();
-        Request.StatementFormat = format;
-        AddFullTrade("20240102");
+        report.MatchStore.Clear();
+        report.Request.StatementFormat = format;
+        AddFullTrade(report, "20240102");
         ExpectRows(kForeignColumns,
                    foreign_.Row("billclr1", {"上期所", "铜2405", "20231229", "买", "3", "68,000.0", "12.345", "USD"}) +
                        foreign_.Subtotal("billclr1", {"小计", "", "", "", "3", "", "12.35", ""}));
@@ -190,10 +191,10 @@ TEST_F(MatchSection, ForeignFormShowsEightColumnsWithTheCurrency) {
 }
 
 TEST_F(MatchSection, OpeningTradesHaveNoProfit) {
-    AddTrade({{"OFFSET", "开"}, {"OFFSETPL", "100"}});
-    AddTrade({{"OFFSET", " 开仓"}, {"OFFSETPL", "-100"}});
-    AddTrade({{"OFFSET", "平"}, {"OFFSETPL", "-7.5"}});
-    AddTrade({{"OFFSETPL", "2.5"}});
+    AddTrade(report, {{"OFFSET", "开"}, {"OFFSETPL", "100"}});
+    AddTrade(report, {{"OFFSET", " 开仓"}, {"OFFSETPL", "-100"}});
+    AddTrade(report, {{"OFFSET", "平"}, {"OFFSETPL", "-7.5"}});
+    AddTrade(report, {{"OFFSETPL", "2.5"}});
     ExpectRows(
         kColumnsOfFormat0,
         format0_.Row("billclr1", {"", "", "", "", "开", "", "", "", "", ""}) +
@@ -206,9 +207,9 @@ TEST_F(MatchSection, OpeningTradesHaveNoProfit) {
 }
 
 TEST_F(MatchSection, AProfitOfZeroIsBlack) {
-    AddTrade({{"OFFSET", "平"}, {"OFFSETPL", "0"}});
-    AddTrade({{"OFFSET", "平"}, {"OFFSETPL", "-0.00"}});
-    AddTrade({{"OFFSET", "平"}, {"OFFSETPL", "--"}});
+    AddTrade(report, {{"OFFSET", "平"}, {"OFFSETPL", "0"}});
+    AddTrade(report, {{"OFFSET", "平"}, {"OFFSETPL", "-0.00"}});
+    AddTrade(report, {{"OFFSET", "平"}, {"OFFSETPL", "--"}});
     ExpectRows(kColumnsOfFormat0,
                format0_.Row("billclr1", {"", "", "", "", "平", "", "", "", "0", ""}) +
                    format0_.Row("billclr1", {"", "", "", "", "平", "", "", "", "-0.00", ""}) +
@@ -217,8 +218,9 @@ TEST_F(MatchSection, AProfitOfZeroIsBlack) {
 }
 
 TEST_F(MatchSection, GivesEachDayABandAndFreshSums) {
-    const auto trade = [](std::string_view day, std::string_view lots, std::string_view profit) {
+    const auto trade = [this](std::string_view day, std::string_view lots, std::string_view profit) {
         AddTrade(
+            report,
             {{"BILL_DATE", day}, {"MATCH_VOL", lots}, {"TURNOVER", "1.5"}, {"POUNDAGE", "2"}, {"OFFSETPL", profit}});
     };
     trade("20240102", "1", "10");
@@ -240,10 +242,10 @@ TEST_F(MatchSection, GivesEachDayABandAndFreshSums) {
 }
 
 TEST_F(MatchSection, GivesForeignDaysFreshSumsToo) {
-    Request.StatementKind = 2;
-    AddTrade({{"BILL_DATE", "1"}, {"MATCH_VOL", "1"}, {"POUNDAGE", "1.25"}, {"CURRENCY", "USD"}});
-    AddTrade({{"BILL_DATE", "1"}, {"MATCH_VOL", "2"}, {"POUNDAGE", "200"}, {"CURRENCY", "JPY"}});
-    AddTrade({{"BILL_DATE", "2"}, {"MATCH_VOL", "4"}, {"POUNDAGE", "-3"}, {"CURRENCY", "USD"}});
+    report.Request.StatementKind = 2;
+    AddTrade(report, {{"BILL_DATE", "1"}, {"MATCH_VOL", "1"}, {"POUNDAGE", "1.25"}, {"CURRENCY", "USD"}});
+    AddTrade(report, {{"BILL_DATE", "1"}, {"MATCH_VOL", "2"}, {"POUNDAGE", "200"}, {"CURRENCY", "JPY"}});
+    AddTrade(report, {{"BILL_DATE", "2"}, {"MATCH_VOL", "4"}, {"POUNDAGE", "-3"}, {"CURRENCY", "USD"}});
     ExpectRows(kForeignColumns, foreign_.Row("billclr1", {"", "", "", "", "1", "", "1.25", "USD"}) +
                                     foreign_.Row("billclr1", {"", "", "", "", "2", "", "200", "JPY"}) +
                                     foreign_.Subtotal("billclr1", {"小计", "", "", "", "3", "", "201.25", ""}) +
@@ -252,9 +254,9 @@ TEST_F(MatchSection, GivesForeignDaysFreshSumsToo) {
 }
 
 TEST_F(MatchSection, FirstRecordOpensAGroupEvenWithoutADay) {
-    Request.StatementFormat = 1;
-    AddTrade({{"MATCH_VOL", "1"}});
-    AddTrade({{"BILL_DATE", "20240102"}, {"MATCH_VOL", "2"}});
+    report.Request.StatementFormat = 1;
+    AddTrade(report, {{"MATCH_VOL", "1"}});
+    AddTrade(report, {{"BILL_DATE", "20240102"}, {"MATCH_VOL", "2"}});
     ExpectRows(kColumnsOfFormat1, format1_.Row("billclr1", {"", "", "", "", "", "1", "", "", ""}) +
                                       format1_.Subtotal("billclr1", {"小计", "", "", "", "", "1", "", "0.00", "0.00"}) +
                                       format1_.Row("billclr2", {"", "", "", "", "", "2", "", "", ""}) +
@@ -262,10 +264,10 @@ TEST_F(MatchSection, FirstRecordOpensAGroupEvenWithoutADay) {
 }
 
 TEST_F(MatchSection, CountsLotsByTheirWholePart) {
-    Request.StatementFormat = 1;
-    AddTrade({{"MATCH_VOL", "2.9"}});
-    AddTrade({{"MATCH_VOL", " 3手"}});
-    AddTrade({{"MATCH_VOL", "x4"}});
+    report.Request.StatementFormat = 1;
+    AddTrade(report, {{"MATCH_VOL", "2.9"}});
+    AddTrade(report, {{"MATCH_VOL", " 3手"}});
+    AddTrade(report, {{"MATCH_VOL", "x4"}});
     ExpectRows(kColumnsOfFormat1, format1_.Row("billclr1", {"", "", "", "", "", "2.9", "", "", ""}) +
                                       format1_.Row("billclr1", {"", "", "", "", "", " 3手", "", "", ""}) +
                                       format1_.Row("billclr1", {"", "", "", "", "", "x4", "", "", ""}) +
@@ -273,20 +275,20 @@ TEST_F(MatchSection, CountsLotsByTheirWholePart) {
 }
 
 TEST_F(MatchSection, TrimsTheFrontOfExchangeAndContract) {
-    Request.StatementFormat = 1;
-    AddTrade({{"EXCH_NAME", " \t　　上期所 "}, {"CONTRACT", "　cu "}, {"DELIVERY", "2405"}});
-    Request.StatementKind = 2;
+    report.Request.StatementFormat = 1;
+    AddTrade(report, {{"EXCH_NAME", " \t　　上期所 "}, {"CONTRACT", "　cu "}, {"DELIVERY", "2405"}});
+    report.Request.StatementKind = 2;
     ExpectRows(kForeignColumns, foreign_.Row("billclr1", {"上期所 ", "cu 2405", "", "", "", "", "", ""}) +
                                     foreign_.Subtotal("billclr1", {"小计", "", "", "", "0", "", "0.00", ""}));
-    Request.StatementKind = 1;
+    report.Request.StatementKind = 1;
     ExpectRows(kColumnsOfFormat1, format1_.Row("billclr1", {"上期所 ", "cu 2405", "", "", "", "", "", "", ""}) +
                                       format1_.Subtotal("billclr1", {"小计", "", "", "", "", "0", "", "0.00", "0.00"}));
 }
 
 TEST_F(MatchSection, TakesThePageWidth) {
-    ReportDocument.PageWidth = 801;
+    report.ReportDocument.PageWidth = 801;
     CHtmlBuilder page(path_);
-    EXPECT_TRUE(AddMatchSection(page));
+    EXPECT_TRUE(AddMatchSection(page, report));
     EXPECT_NE(Page().find("<table width = \"801\" style=\"table-layout: fixed;\" cellspacing = \"0\" border=\"0\" "
                           "id= \"tabMatch\">\r\n"),
               std::string::npos);

@@ -26,7 +26,7 @@ TEST_F(NotesSection, IsATitleARuleAndTwoNotes) {
 }
 
 TEST_F(NotesSection, IsTheSameForForeignReports) {
-    Request.StatementKind = 2;
+    report.Request.StatementKind = 2;
     CHtmlBuilder page(path_);
     AddNotesSection(page);
     EXPECT_EQ(Page(), ClosedPage(kNotes));

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "driver/host_products.h"
 #include "page/html_builder.h"
 #include "page/page_fixture.h"
 #include "page/page_sections.h"
@@ -77,8 +78,9 @@ std::int32_t AnswerUnit(const char* account, const char* contract, const char* d
 class OffsetSection : public PageFixture {
 protected:
     OffsetSection() {
-        Request.StatementFormat = 1;
-        CopyField(Request.Account, "10086");
+        report.Request.StatementFormat = 1;
+        report.Products = &products_;
+        CopyField(report.Request.Account, "10086");
         questions.clear();
         pagePath = path_;
         answer = 1;
@@ -86,30 +88,33 @@ protected:
 
     void ExpectRows(const std::string& rows) {
         CHtmlBuilder page(path_);
-        EXPECT_TRUE(AddOffsetSection(page));
+        EXPECT_TRUE(AddOffsetSection(page, report));
         EXPECT_EQ(Page(), ClosedPage(Top() + rows + kTableFoot + kFigure));
     }
 
     void AnswerWith(int unit) {
         answer = unit;
-        Request.ContractUnitCallback = AnswerUnit;
+        report.Request.ContractUnitCallback = AnswerUnit;
     }
 
-    static void AddPosition(std::string_view side, std::string_view openPrice, std::string_view closePrice,
-                            std::string_view lots) {
-        AddClosed({{"BID", side}, {"OPEN_PRICE", openPrice}, {"MATCH_PRICE", closePrice}, {"MATCH_VOL", lots}});
+    void AddPosition(std::string_view side, std::string_view openPrice, std::string_view closePrice,
+                     std::string_view lots) {
+        AddClosed(report, {{"BID", side}, {"OPEN_PRICE", openPrice}, {"MATCH_PRICE", closePrice}, {"MATCH_VOL", lots}});
     }
 
     /// Writes the section and returns what the host was asked for its one row, as "contract|delivery".
     std::string Asked(int format) {
-        Request.StatementFormat = format;
+        report.Request.StatementFormat = format;
         AnswerWith(1);
         questions.clear();
         CHtmlBuilder page(path_);
-        EXPECT_TRUE(AddOffsetSection(page));
+        EXPECT_TRUE(AddOffsetSection(page, report));
         EXPECT_EQ(questions.size(), 1U);
         return questions.empty() ? "" : GbkToUtf8(questions[0].contract + "|" + questions[0].delivery);
     }
+
+private:
+    CHostProducts products_{report.Request};
 };
 
 TEST_F(OffsetSection, OfNothingHasATotalAndTheChart) {
@@ -118,21 +123,21 @@ TEST_F(OffsetSection, OfNothingHasATotalAndTheChart) {
 
 TEST_F(OffsetSection, ShowsALongPositionClosedByASale) {
     AnswerWith(10);
-    AddClosed({{"BILL_DATE", "20240105"},
-               {"MATCH_DATE", "20240104"},
-               {"EXCH_NAME", "上期所"},
-               {"CONTRACT", "铜"},
-               {"DELIVERY", "2405"},
-               {"BID", "买"},
-               {"MATCH_PRICE", "110"},
-               {"MATCH_VOL", "2"},
-               {"OPEN_DATE", "20240102"},
-               {"OPEN_PRICE", "100"},
-               {"SETTLE_PRICE", "1"},
-               {"POUNDAGE", "12.345"},
-               {"HEDGE", "投"},
-               {"OFFSETPL", "-999"},
-               {"CURRENCY", "USD"}});
+    AddClosed(report, {{"BILL_DATE", "20240105"},
+                       {"MATCH_DATE", "20240104"},
+                       {"EXCH_NAME", "上期所"},
+                       {"CONTRACT", "铜"},
+                       {"DELIVERY", "2405"},
+                       {"BID", "买"},
+                       {"MATCH_PRICE", "110"},
+                       {"MATCH_VOL", "2"},
+                       {"OPEN_DATE", "20240102"},
+                       {"OPEN_PRICE", "100"},
+                       {"SETTLE_PRICE", "1"},
+                       {"POUNDAGE", "12.345"},
+                       {"HEDGE", "投"},
+                       {"OFFSETPL", "-999"},
+                       {"CURRENCY", "USD"}});
     ExpectRows(Opening({"上期所", "铜2405", "2", "20240102", "100", "", "", ""}) +
                Closing({"", "", "", "20240104", "", "110", "200.00", "12.345"}, kRed) +
                Total("200.00", "12.35", "offsetsumbid"));
@@ -200,36 +205,38 @@ TEST_F(OffsetSection, CountsWholeLots) {
 }
 
 TEST_F(OffsetSection, SumsProfitsAndFees) {
-    AddClosed({{"BID", "买"}, {"OPEN_PRICE", "1"}, {"MATCH_PRICE", "2"}, {"MATCH_VOL", "1"}, {"POUNDAGE", "1.5"}});
-    AddClosed({{"BID", "买"}, {"OPEN_PRICE", "4"}, {"MATCH_PRICE", "2"}, {"MATCH_VOL", "1"}, {"POUNDAGE", "2.25x"}});
+    AddClosed(report,
+              {{"BID", "买"}, {"OPEN_PRICE", "1"}, {"MATCH_PRICE", "2"}, {"MATCH_VOL", "1"}, {"POUNDAGE", "1.5"}});
+    AddClosed(report,
+              {{"BID", "买"}, {"OPEN_PRICE", "4"}, {"MATCH_PRICE", "2"}, {"MATCH_VOL", "1"}, {"POUNDAGE", "2.25x"}});
     ExpectRows(Opening({"", "", "1", "", "1", "", "", ""}) + Closing({"", "", "", "", "", "2", "1.00", "1.5"}, kRed) +
                Opening({"", "", "1", "", "4", "", "", ""}) +
                Closing({"", "", "", "", "", "2", "-2.00", "2.25x"}, kGreen) + Total("-1.00", "3.75", "offsetsumask"));
 }
 
 TEST_F(OffsetSection, NamesExchangeAndContractByFormat) {
-    AddClosed({{"EXCH_NAME", " 　上期所 "}, {"CONTRACT", "\t　cu "}, {"DELIVERY", "2405"}});
+    AddClosed(report, {{"EXCH_NAME", " 　上期所 "}, {"CONTRACT", "\t　cu "}, {"DELIVERY", "2405"}});
     const std::string closing = Closing({"", "", "", "", "", "", "0.00", ""}) + Total("0.00", "0.00");
     for (const int format : {0, 1, 3}) {
-        Request.StatementFormat = format;
+        report.Request.StatementFormat = format;
         ExpectRows(Opening({"上期所 ", "cu 2405", "", "", "", "", "", ""}) + closing);
     }
     for (const int format : {2, 201, -1}) {
-        Request.StatementFormat = format;
+        report.Request.StatementFormat = format;
         ExpectRows(Opening({"上期所 ", "cu ", "", "", "", "", "", ""}) + closing);
     }
-    Request.StatementFormat = 6;  // no exchange, yet the contract
+    report.Request.StatementFormat = 6;  // no exchange, yet the contract
     ExpectRows(Opening({"", "cu ", "", "", "", "", "", ""}) + closing);
 }
 
 TEST_F(OffsetSection, AsksForTheUnitByTheTrimmedContract) {
-    AddClosed({{"CONTRACT", " \t　cu　 "}, {"DELIVERY", " 2405 "}});
+    AddClosed(report, {{"CONTRACT", " \t　cu　 "}, {"DELIVERY", " 2405 "}});
     for (const int format : {1, 2, 3, 6, 201}) EXPECT_EQ(Asked(format), "　cu　|") << format;
     EXPECT_EQ(Asked(0), "cu|2405");
 }
 
 TEST_F(OffsetSection, AsksForStockIndexFuturesByCodeInFormat0) {
-    AddClosed({{"CONTRACT", "沪深300股指 "}, {"DELIVERY", "2405"}});
+    AddClosed(report, {{"CONTRACT", "沪深300股指 "}, {"DELIVERY", "2405"}});
     EXPECT_EQ(Asked(0), "IF2405|2405");
     EXPECT_EQ(Asked(1), "沪深300股指|");
     EXPECT_EQ(Asked(3), "沪深300股指|");
@@ -237,7 +244,7 @@ TEST_F(OffsetSection, AsksForStockIndexFuturesByCodeInFormat0) {
 
 TEST_F(OffsetSection, TrimsThatByteOffACharacterToo) {
     const std::string name = Gbk("薄");  // B1 A1
-    CopyField(AddClosed({}).CONTRACT, "\xA1\xA1\xA1" + name + "\xA1");
+    CopyField(AddClosed(report, {}).CONTRACT, "\xA1\xA1\xA1" + name + "\xA1");
     Asked(0);
     EXPECT_EQ(questions.at(0).contract, "\xB1");
     Asked(1);
@@ -246,7 +253,7 @@ TEST_F(OffsetSection, TrimsThatByteOffACharacterToo) {
 
 TEST_F(OffsetSection, CutsTheAskedContractTo63Bytes) {
     const std::string name(70, 'x');
-    AddClosed({{"CONTRACT", name}});
+    AddClosed(report, {{"CONTRACT", name}});
     EXPECT_EQ(Asked(1), name.substr(0, 63) + "|");
     EXPECT_EQ(Asked(0), name.substr(0, 63) + "|");
 }
@@ -276,13 +283,13 @@ TEST_F(OffsetSection, EndsBeforeTheRecordBehindAStop) {
     const UniqueEvent stop(CreateHostEvent(0));
     const UniqueEvent acknowledge(CreateHostEvent(1));
     stopToSignal = stop.get();
-    Request.StopEvent = stop.get();
-    Request.AckEvent = acknowledge.get();
-    Request.ContractUnitCallback = SignalStop;
+    report.Request.StopEvent = stop.get();
+    report.Request.AckEvent = acknowledge.get();
+    report.Request.ContractUnitCallback = SignalStop;
     AddPosition("买", "1", "2", "1");
     AddPosition("卖", "1", "2", "1");
     CHtmlBuilder page(path_);
-    EXPECT_FALSE(AddOffsetSection(page));
+    EXPECT_FALSE(AddOffsetSection(page, report));
     EXPECT_EQ(Page(), kHead + Top() + Opening({"", "", "1", "", "1", "", "", ""}) +
                           Closing({"", "", "", "", "", "2", "1.00", ""}, kRed));
     EXPECT_EQ(WaitForHostEvent(acknowledge.get(), 0), 1);
@@ -292,9 +299,9 @@ TEST_F(OffsetSection, IgnoresAStopBehindTheLastRecord) {
     const UniqueEvent stop(CreateHostEvent(1));
     const UniqueEvent acknowledge(CreateHostEvent(1));
     stopToSignal = stop.get();
-    Request.StopEvent = stop.get();
-    Request.AckEvent = acknowledge.get();
-    Request.ContractUnitCallback = SignalStop;
+    report.Request.StopEvent = stop.get();
+    report.Request.AckEvent = acknowledge.get();
+    report.Request.ContractUnitCallback = SignalStop;
     AddPosition("买", "1", "2", "1");
     ExpectRows(Opening({"", "", "1", "", "1", "", "", ""}) + Closing({"", "", "", "", "", "2", "1.00", ""}, kRed) +
                Total("1.00", "0.00", "offsetsumbid"));

@@ -15,7 +15,7 @@
 #include "driver/report_request.h"
 #include "paint/font.h"
 #include "platform/text_encoding.h"
-#include "report/report_document.h"
+#include "report/report.h"
 #include "support/gbk_text.h"
 #include "support/host_objects.h"
 #include "support/store_fixture.h"
@@ -113,8 +113,8 @@ using UniqueEvent = std::unique_ptr<std::remove_pointer_t<HostEventHandle>, Dest
 class PageFixture : public StoreFixture {
 protected:
     PageFixture() : path_(folder_.Path("TradeBill.html")) {
-        ReportDocument.BillFolder = folder_.Path();
-        ReportDocument.ImageFolderName = "Image_files";
+        report.ReportDocument.BillFolder = folder_.Path();
+        report.ReportDocument.ImageFolderName = "Image_files";
     }
 
     /// The page's bytes.

@@ -10,23 +10,24 @@ namespace {
 class PagePictures : public StoreFixture {
 protected:
     PagePictures() {
-        ReportDocument.BillFolder = "/root/Users/u/Data/Bill/Image";
-        ReportDocument.ImageFolderName = "Image_files";
+        report.ReportDocument.BillFolder = "/root/Users/u/Data/Bill/Image";
+        report.ReportDocument.ImageFolderName = "Image_files";
     }
 };
 
 TEST_F(PagePictures, AreNamedWithABackslashInThePage) {
-    EXPECT_EQ(PagePicturePath("TradeStatistics.jpg"), "Image_files\\TradeStatistics.jpg");
+    EXPECT_EQ(PagePicturePath(report, "TradeStatistics.jpg"), "Image_files\\TradeStatistics.jpg");
 }
 
 TEST_F(PagePictures, AreNamedWithSlashesInScripts) {
-    EXPECT_EQ(ScriptPicturePath("BillShrink.png"), "Image_files/BillShrink.png");
-    ReportDocument.ImageFolderName = "a\\b";
-    EXPECT_EQ(ScriptPicturePath("BillShrink.png"), "a/b/BillShrink.png");
+    EXPECT_EQ(ScriptPicturePath(report, "BillShrink.png"), "Image_files/BillShrink.png");
+    report.ReportDocument.ImageFolderName = "a\\b";
+    EXPECT_EQ(ScriptPicturePath(report, "BillShrink.png"), "a/b/BillShrink.png");
 }
 
 TEST_F(PagePictures, LieBelowTheBillFolder) {
-    EXPECT_EQ(FullPicturePath("BillShrink.png"), "/root/Users/u/Data/Bill/Image/Image_files/BillShrink.png");
+    EXPECT_EQ(FullPicturePath(report.ReportDocument, "BillShrink.png"),
+              "/root/Users/u/Data/Bill/Image/Image_files/BillShrink.png");
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 
 #include "page/html_builder.h"
 #include "page/page_fixture.h"
-#include "report/request_copy.h"
+#include "page/page_scripts.h"
 
 namespace tradebill {
 namespace {
@@ -226,42 +226,42 @@ class PageScripts : public PageFixture {
 protected:
     std::string WrittenPage() {
         CHtmlBuilder page(path_);
-        page.AddPageScripts();
+        AddPageScripts(page, report);
         return Page();
     }
 };
 
 TEST_F(PageScripts, StandBehindTheHeadAndTheStylesInIt) {
-    Request.StatementKind = 1;
+    report.Request.StatementKind = 1;
     EXPECT_EQ(WrittenPage(), kHeadBefore + Styles() + "</head>\r\n" + Scripts(kDomesticSummary));
 }
 
 TEST_F(PageScripts, FoldThreeSummaryPartsInForeignPages) {
-    Request.StatementKind = 2;
+    report.Request.StatementKind = 2;
     EXPECT_EQ(WrittenPage(), kHeadBefore + Styles() + "</head>\r\n" + Scripts(kForeignSummary));
 }
 
 TEST_F(PageScripts, TakeAnyOtherKindAsDomestic) {
     for (const int kind : {0, 3, -1}) {
-        Request.StatementKind = kind;
+        report.Request.StatementKind = kind;
         EXPECT_EQ(WrittenPage(), kHeadBefore + Styles() + "</head>\r\n" + Scripts(kDomesticSummary)) << kind;
     }
 }
 
 TEST_F(PageScripts, AreTheSameWithNoScalingAndAt96Dpi) {
     const std::string plain = WrittenPage();
-    Request.Dpi = 96;
+    report.Request.Dpi = 96;
     EXPECT_EQ(WrittenPage(), plain);
 }
 
 TEST_F(PageScripts, ScaleFontSizesAlone) {
-    Request.Dpi = 120;
+    report.Request.Dpi = 120;
     std::string styles = Styles();
     ReplaceAll(styles, "font-size: 13px", "font-size: 16px");  // 16.25
     ReplaceAll(styles, "font-size: 14px", "font-size: 18px");  // 17.5
     EXPECT_EQ(WrittenPage(), kHeadBefore + styles + "</head>\r\n" + Scripts(kDomesticSummary));
 
-    Request.Dpi = 144;
+    report.Request.Dpi = 144;
     styles = Styles();
     ReplaceAll(styles, "font-size: 13px", "font-size: 20px");  // 19.5
     ReplaceAll(styles, "font-size: 14px", "font-size: 21px");
@@ -270,14 +270,14 @@ TEST_F(PageScripts, ScaleFontSizesAlone) {
 
 TEST_F(PageScripts, AreTheFirstThingInAClosedBody) {
     CHtmlBuilder page(path_);
-    page.AddPageScripts();
+    AddPageScripts(page, report);
     page.ClosePage();
     EXPECT_EQ(Page(), "<html>\r\n" + kHeadBefore + Styles() + "</head>\r\n<body>\r\n" + Scripts(kDomesticSummary) +
                           "</body>\r\n</html>\r\n");
 }
 
 TEST_F(PageScripts, NamePicturesBySlashes) {
-    ReportDocument.ImageFolderName = "a\\b";
+    report.ReportDocument.ImageFolderName = "a\\b";
     std::string scripts = Scripts(kDomesticSummary);
     ReplaceAll(scripts, "Image_files/", "a/b/");
     EXPECT_EQ(WrittenPage(), kHeadBefore + Styles() + "</head>\r\n" + scripts);
@@ -286,7 +286,7 @@ TEST_F(PageScripts, NamePicturesBySlashes) {
 TEST_F(PageScripts, AreLeftOutOfAPageThatIsGone) {
     CHtmlBuilder page(path_);
     std::filesystem::remove(path_);
-    page.AddPageScripts();
+    AddPageScripts(page, report);
     EXPECT_FALSE(std::filesystem::exists(path_));
     EXPECT_TRUE(page.HasFailed());
 }

@@ -16,7 +16,6 @@
 #include "page/html_builder.h"
 #include "page/page_fixture.h"
 #include "page/statement_rows.h"
-#include "report/request_copy.h"
 #include "support/host_objects.h"
 
 namespace tradebill {
@@ -27,30 +26,30 @@ std::string NameOf(int record) {
     return "c" + std::string(4 - digits.size(), '0') + digits;
 }
 
-void FillTallies(int records) {
-    for (int i = 0; i < records; ++i) AddTally(NameOf(i)).LONG_COUNT = 1;
+void FillTallies(CReport& report, int records) {
+    for (int i = 0; i < records; ++i) AddTally(report, NameOf(i)).LONG_COUNT = 1;
 }
 
-void FillPositions(int records) {
-    for (int i = 0; i < records; ++i) AddPosition({{"CONTRACT", NameOf(i)}});
+void FillPositions(CReport& report, int records) {
+    for (int i = 0; i < records; ++i) AddPosition(report, {{"CONTRACT", NameOf(i)}});
 }
 
-void FillLots(int records) {
-    for (int i = 0; i < records; ++i) AddLot({{"CONTRACT", NameOf(i)}, {"BILL_DATE", "20240102"}});
+void FillLots(CReport& report, int records) {
+    for (int i = 0; i < records; ++i) AddLot(report, {{"CONTRACT", NameOf(i)}, {"BILL_DATE", "20240102"}});
 }
 
-void FillTrades(int records) {
-    for (int i = 0; i < records; ++i) AddTrade({{"CONTRACT", NameOf(i)}, {"BILL_DATE", "20240102"}});
+void FillTrades(CReport& report, int records) {
+    for (int i = 0; i < records; ++i) AddTrade(report, {{"CONTRACT", NameOf(i)}, {"BILL_DATE", "20240102"}});
 }
 
-void FillClosed(int records) {
-    for (int i = 0; i < records; ++i) AddClosed({{"CONTRACT", NameOf(i)}});
+void FillClosed(CReport& report, int records) {
+    for (int i = 0; i < records; ++i) AddClosed(report, {{"CONTRACT", NameOf(i)}});
 }
 
 struct Section {
     std::string name;
-    bool (*add)(CHtmlBuilder&);
-    void (*fill)(int records);
+    bool (*add)(CHtmlBuilder&, const CReport&);
+    void (*fill)(CReport& report, int records);
     int kind;
     int format;
 };
@@ -77,15 +76,15 @@ const Section kSections[] = {
 class TableSectionStop : public PageFixture, public testing::WithParamInterface<Section> {
 protected:
     TableSectionStop() {
-        Request.StatementKind = GetParam().kind;
-        Request.StatementFormat = GetParam().format;
-        ReportDays.first = ReportDays.last = MidnightOf({2024, 1, 2});
+        report.Request.StatementKind = GetParam().kind;
+        report.Request.StatementFormat = GetParam().format;
+        report.ReportDays.first = report.ReportDays.last = MidnightOf({2024, 1, 2});
     }
 
     /// The section without a stop, in the order in which it came to the page: no wrappers yet.
     std::string WholeSection() {
         CHtmlBuilder page(path_);
-        EXPECT_TRUE(GetParam().add(page));
+        EXPECT_TRUE(GetParam().add(page, report));
         std::string text = Bytes();
         const std::string head = Gbk(kHead);
         const std::string before = "<html>\r\n" + head + "<body>\r\n";
@@ -96,8 +95,8 @@ protected:
     void UseEvents(bool manualReset) {
         stop_.reset(CreateHostEvent(manualReset ? 1 : 0));
         acknowledge_.reset(CreateHostEvent(1));
-        Request.StopEvent = stop_.get();
-        Request.AckEvent = acknowledge_.get();
+        report.Request.StopEvent = stop_.get();
+        report.Request.AckEvent = acknowledge_.get();
     }
 
     UniqueEvent stop_;
@@ -105,14 +104,14 @@ protected:
 };
 
 TEST_P(TableSectionStop, AtTheFirstRowLeavesHeaderAndDashesOfAnOpenTable) {
-    GetParam().fill(2);
+    GetParam().fill(report, 2);
     const std::string whole = WholeSection();
     const std::string top = whole.substr(0, whole.find("<tr class='billclr1'>"));
     for (const bool manualReset : {true, false}) {
         UseEvents(manualReset);
         SignalHostEvent(stop_.get());
         CHtmlBuilder page(path_);
-        EXPECT_FALSE(GetParam().add(page));
+        EXPECT_FALSE(GetParam().add(page, report));
         EXPECT_EQ(WaitForHostEvent(acknowledge_.get(), 0), 1);
         EXPECT_EQ(Bytes(), top);
         EXPECT_EQ(WaitForHostEvent(stop_.get(), 0), manualReset ? 1 : 0);  // the module itself resets nothing
@@ -128,7 +127,7 @@ TEST_P(TableSectionStop, IsNotSeenWithoutRows) {
 }
 
 TEST_P(TableSectionStop, IsNotAcknowledgedUnlessAskedFor) {
-    GetParam().fill(2);
+    GetParam().fill(report, 2);
     const std::string whole = WholeSection();
     UseEvents(true);
     EXPECT_EQ(WholeSection(), whole);
@@ -169,12 +168,12 @@ private:
 };
 
 TEST_P(TableSectionStop, AtALaterRowLeavesAllRowsBeforeItOnDisk) {
-    GetParam().fill(GetParam().fill == FillTallies ? 250 : 500);
+    GetParam().fill(report, GetParam().fill == FillTallies ? 250 : 500);
     const std::string whole = WholeSection();
     UseEvents(true);
     CHtmlBuilder page(path_);
     CStoppingHost host(path_, stop_.get(), acknowledge_.get());
-    const bool finished = GetParam().add(page);
+    const bool finished = GetParam().add(page, report);
     const std::uintmax_t sizeAtAnswer = host.SizeAtAnswer();
     ASSERT_FALSE(finished);
     const std::string stopped = Bytes();

@@ -8,17 +8,17 @@
 #include "base/day.h"
 #include "page/html_builder.h"
 #include "page/page_fixture.h"
+#include "page/page_scripts.h"
 #include "page/page_sections.h"
 #include "page/statement_rows.h"
-#include "report/request_copy.h"
 #include "support/host_objects.h"
 
 namespace tradebill {
 namespace {
 
-using SectionWriter = bool (*)(CHtmlBuilder&);
+using SectionWriter = bool (*)(CHtmlBuilder&, const CReport&);
 
-bool AddNotes(CHtmlBuilder& page) {
+bool AddNotes(CHtmlBuilder& page, const CReport& /*report*/) {
     AddNotesSection(page);
     return true;
 }
@@ -32,22 +32,22 @@ int CountOf(std::string_view text, std::string_view word) {
 class PageShape : public PageFixture {
 protected:
     PageShape() {
-        Request.StatementKind = 1;
-        Request.StatementFormat = 1;
-        ReportDays.first = ReportDays.last = MidnightOf({2024, 1, 2});
+        report.Request.StatementKind = 1;
+        report.Request.StatementFormat = 1;
+        report.ReportDays.first = report.ReportDays.last = MidnightOf({2024, 1, 2});
     }
 
-    static void AddOneRecordEverywhere() {
-        AddTally("cu", "2405").LONG_COUNT = 1;
-        AddLot({{"BILL_DATE", "20240102"}, {"CONTRACT", "cu"}});
-        AddTrade({{"BILL_DATE", "20240102"}, {"CONTRACT", "cu"}});
-        AddClosed({{"BILL_DATE", "20240102"}, {"CONTRACT", "cu"}});
+    void AddOneRecordEverywhere() {
+        AddTally(report, "cu", "2405").LONG_COUNT = 1;
+        AddLot(report, {{"BILL_DATE", "20240102"}, {"CONTRACT", "cu"}});
+        AddTrade(report, {{"BILL_DATE", "20240102"}, {"CONTRACT", "cu"}});
+        AddClosed(report, {{"BILL_DATE", "20240102"}, {"CONTRACT", "cu"}});
     }
 
     /// What a section alone leaves on its page, its last line ended. A section that saw the stop leaves it open.
     std::string Alone(SectionWriter add) {
         CHtmlBuilder page(path_);
-        add(page);
+        add(page, report);
         page.ClosePage();
         const std::string text = Page();
         const std::string before = "<html>\r\n" + kHead + "<body>\r\n";
@@ -59,7 +59,7 @@ protected:
     /// A closed page of scripts, styles and `sections`.
     std::string WithScripts(const std::string& sections) {
         CHtmlBuilder page(path_);
-        page.AddPageScripts();
+        AddPageScripts(page, report);
         page.ClosePage();
         const std::string text = Page();
         const std::string after = "</body>\r\n</html>\r\n";
@@ -84,7 +84,7 @@ protected:
 
     std::string WrittenPage() {
         CHtmlBuilder page(path_);
-        AddPageSections(page);
+        AddPageSections(page, report);
         EXPECT_FALSE(page.HasFailed());
         return Page();
     }
@@ -92,18 +92,18 @@ protected:
 
 TEST_F(PageShape, HasAllDomesticSectionsInOrder) {
     for (const int format : {0, 1, 2, 3, 6}) {
-        Request.StatementFormat = format;
+        report.Request.StatementFormat = format;
         EXPECT_EQ(WrittenPage(), DomesticPage()) << format;
     }
     AddOneRecordEverywhere();
     for (const int kind : {0, 1, 3}) {
-        Request.StatementKind = kind;
+        report.Request.StatementKind = kind;
         EXPECT_EQ(WrittenPage(), DomesticPage()) << kind;
     }
 }
 
 TEST_F(PageShape, HasNoOffsetSectionInForeignPages) {
-    Request.StatementKind = 2;
+    report.Request.StatementKind = 2;
     EXPECT_EQ(WrittenPage(), ForeignPage());
     AddOneRecordEverywhere();
     const std::string page = WrittenPage();
@@ -132,7 +132,7 @@ TEST_F(PageShape, NamesTheButtonsOfItsSections) {
 TEST_F(PageShape, HasItsWrappersOnce) {
     AddOneRecordEverywhere();
     for (const int kind : {1, 2}) {
-        Request.StatementKind = kind;
+        report.Request.StatementKind = kind;
         const std::string page = WrittenPage();
         EXPECT_TRUE(page.starts_with("<html>\r\n<head>\r\n"));
         EXPECT_TRUE(page.ends_with("</p>\r\n</body>\r\n</html>\r\n"));
@@ -148,8 +148,8 @@ TEST_F(PageShape, GoesOnWithTheNextSectionAfterAStop) {
     AddOneRecordEverywhere();
     const UniqueEvent stop(CreateHostEvent(1));
     const UniqueEvent acknowledge(CreateHostEvent(1));
-    Request.StopEvent = stop.get();
-    Request.AckEvent = acknowledge.get();
+    report.Request.StopEvent = stop.get();
+    report.Request.AckEvent = acknowledge.get();
     SignalHostEvent(stop.get());
     const std::string page = WrittenPage();
     EXPECT_EQ(WaitForHostEvent(acknowledge.get(), 0), 1);
@@ -166,13 +166,13 @@ TEST_F(PageShape, GoesOnWithTheNextSectionAfterAStop) {
 TEST_F(PageShape, StopsOneSectionForAnAutoResetEvent) {
     AddOneRecordEverywhere();
     const UniqueEvent stop(CreateHostEvent(0));
-    Request.StopEvent = stop.get();
+    report.Request.StopEvent = stop.get();
     SignalHostEvent(stop.get());
     const std::string page = WrittenPage();
     EXPECT_EQ(CountOf(page, "<table "), 4);
     EXPECT_EQ(CountOf(page, "</table>"), 3);
     EXPECT_LT(page.find("<a name = 期末持仓></a>"), page.find("</table>"));
-    Request.StopEvent = nullptr;
+    report.Request.StopEvent = nullptr;
     EXPECT_TRUE(page.ends_with("<a name = 期末持仓></a>\r\n" + Alone(AddPositionSection) +
                                "<a name = 成交明细></a>\r\n" + Alone(AddMatchSection) + "<a name = 平仓记录></a>\r\n" +
                                Alone(AddOffsetSection) + "<a name = 报告说明></a>\r\n" + Alone(AddNotes) +
@@ -182,7 +182,7 @@ TEST_F(PageShape, StopsOneSectionForAnAutoResetEvent) {
 TEST_F(PageShape, IsNothingIfThePageCantBeMade) {
     CHtmlBuilder page(folder_.Path("none/TradeBill.html"));
     AddOneRecordEverywhere();
-    AddPageSections(page);
+    AddPageSections(page, report);
     EXPECT_TRUE(page.HasFailed());
     EXPECT_EQ(ReadFile(folder_.Path("none/TradeBill.html")), "");
 }

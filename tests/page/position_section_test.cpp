@@ -51,18 +51,18 @@ std::string Row(const std::string& band, const std::vector<std::string>& texts,
 
 class PositionSection : public PageFixture {
 protected:
-    PositionSection() { Request.StatementKind = 1; }
+    PositionSection() { report.Request.StatementKind = 1; }
 
     void ExpectRows(const Columns& columns, const std::string& rows) {
         CHtmlBuilder page(path_);
-        EXPECT_TRUE(AddPositionSection(page));
+        EXPECT_TRUE(AddPositionSection(page, report));
         EXPECT_EQ(Page(), ClosedPage(Top(columns) + rows + kTableFoot + "\r\n"));
     }
 };
 
 class PositionSummary : public PositionSection {
 protected:
-    PositionSummary() { Request.StatementFormat = 2; }
+    PositionSummary() { report.Request.StatementFormat = 2; }
     const std::string dashes_ = DashRow("", kPlain, kSummaryColumns);
 
     static std::string Total(const std::string& profit, const std::string& margin) {
@@ -75,29 +75,29 @@ TEST_F(PositionSummary, OfNothingHasATotalOfZeros) {
 }
 
 TEST_F(PositionSummary, ShowsOneRowAndDashesForEachPosition) {
-    AddPosition({{"CONTRACT", "cu2405"},
-                 {"POSITION_VOL", "3"},
-                 {"BID", "买"},
-                 {"POSITION_PRICE", "68,000"},
-                 {"YSETTLE_PRICE", "68100.0"},
-                 {"SETTLE_PRICE", "68200.000"},
-                 {"DSYK", "1500.5"},
-                 {"DEPOSIT", "20000"}});
-    AddPosition({{"BILL_DATE", "20240103"},  // and exchange, month, other lots and hedge aren't shown
-                 {"EXCH_NAME", "e"},
-                 {"CONTRACT", "al2406"},
-                 {"DELIVERY", "2406"},
-                 {"BID_POSITION_VOL", "7"},
-                 {"ASK_POSITION_VOL", "8"},
-                 {"POSITION_VOL", "1"},
-                 {"BID", "卖"},
-                 {"POSITION_PRICE", "1"},
-                 {"YSETTLE_PRICE", "2"},
-                 {"SETTLE_PRICE", "3"},
-                 {"DSYK", "-2000"},
-                 {"DEPOSIT", "0.256"},
-                 {"HEDGE", "投"}});
-    AddPosition({{"CONTRACT", "zn2407"}, {"DSYK", "0.00"}});
+    AddPosition(report, {{"CONTRACT", "cu2405"},
+                         {"POSITION_VOL", "3"},
+                         {"BID", "买"},
+                         {"POSITION_PRICE", "68,000"},
+                         {"YSETTLE_PRICE", "68100.0"},
+                         {"SETTLE_PRICE", "68200.000"},
+                         {"DSYK", "1500.5"},
+                         {"DEPOSIT", "20000"}});
+    AddPosition(report, {{"BILL_DATE", "20240103"},  // and exchange, month, other lots and hedge aren't shown
+                         {"EXCH_NAME", "e"},
+                         {"CONTRACT", "al2406"},
+                         {"DELIVERY", "2406"},
+                         {"BID_POSITION_VOL", "7"},
+                         {"ASK_POSITION_VOL", "8"},
+                         {"POSITION_VOL", "1"},
+                         {"BID", "卖"},
+                         {"POSITION_PRICE", "1"},
+                         {"YSETTLE_PRICE", "2"},
+                         {"SETTLE_PRICE", "3"},
+                         {"DSYK", "-2000"},
+                         {"DEPOSIT", "0.256"},
+                         {"HEDGE", "投"}});
+    AddPosition(report, {{"CONTRACT", "zn2407"}, {"DSYK", "0.00"}});
     ExpectRows(
         kSummaryColumns,
         Row("billclr1", {"cu2405", "3", "买", "68,000", "68100.0", "68200.000", "1500.5", "20000"}, "positionspanbid") +
@@ -107,31 +107,31 @@ TEST_F(PositionSummary, ShowsOneRowAndDashesForEachPosition) {
 }
 
 TEST_F(PositionSummary, TotalIsBlackWhateverItsSign) {
-    AddPosition({{"CONTRACT", "a"}, {"DSYK", "5"}});
+    AddPosition(report, {{"CONTRACT", "a"}, {"DSYK", "5"}});
     ExpectRows(kSummaryColumns, Row("billclr1", {"a", "", "", "", "", "", "5", ""}, "positionspanbid") + dashes_ +
                                     Total("5.00", "0.00"));
 }
 
 TEST_F(PositionSummary, HoldsInAllFormatsButZeroOneAndThree) {
     for (const int format : {2, 6, 201, 4, -1}) {
-        Request.StatementFormat = format;
+        report.Request.StatementFormat = format;
         ExpectRows(kSummaryColumns, Total("0.00", "0.00"));
     }
     for (const int format : {0, 1, 3}) {
-        Request.StatementFormat = format;
+        report.Request.StatementFormat = format;
         ExpectRows(kDetailColumns, "");
     }
 }
 
 TEST_F(PositionSummary, TrimsTheFrontOfAContract) {
-    AddPosition({{"CONTRACT", " \t　　cu 2405 "}});
+    AddPosition(report, {{"CONTRACT", " \t　　cu 2405 "}});
     ExpectRows(kSummaryColumns,
                Row("billclr1", {"cu 2405 ", "", "", "", "", "", "", ""}) + dashes_ + Total("0.00", "0.00"));
 }
 
 TEST_F(PositionSummary, ReadsAmountsAsFarAsTheyGo) {
-    AddPosition({{"CONTRACT", "a"}, {"DSYK", " 1.5x"}, {"DEPOSIT", "1,000"}});
-    AddPosition({{"CONTRACT", "b"}, {"DSYK", "-"}, {"DEPOSIT", "n/a"}});
+    AddPosition(report, {{"CONTRACT", "a"}, {"DSYK", " 1.5x"}, {"DEPOSIT", "1,000"}});
+    AddPosition(report, {{"CONTRACT", "b"}, {"DSYK", "-"}, {"DEPOSIT", "n/a"}});
     ExpectRows(kSummaryColumns, Row("billclr1", {"a", "", "", "", "", "", " 1.5x", "1,000"}, "positionspanbid") +
                                     dashes_ + Row("billclr2", {"b", "", "", "", "", "", "-", "n/a"}) + dashes_ +
                                     Total("1.50", "1.00"));
@@ -139,7 +139,7 @@ TEST_F(PositionSummary, ReadsAmountsAsFarAsTheyGo) {
 
 class PositionDetail : public PositionSection {
 protected:
-    PositionDetail() { Request.StatementFormat = 0; }
+    PositionDetail() { report.Request.StatementFormat = 0; }
 
     static std::string Dashes(const std::string& band) { return DashRow(band, kPlain, kDetailColumns); }
 
@@ -151,8 +151,8 @@ protected:
     }
 
     /// A lot of nothing but contract, day and profit.
-    static void AddSmallLot(std::string_view contract, std::string_view day, std::string_view profit) {
-        AddLot({{"CONTRACT", contract}, {"BILL_DATE", day}, {"DSYK", profit}});
+    void AddSmallLot(std::string_view contract, std::string_view day, std::string_view profit) {
+        AddLot(report, {{"CONTRACT", contract}, {"BILL_DATE", day}, {"DSYK", profit}});
     }
     static std::string SmallLot(const std::string& band, const std::string& contract, const std::string& day,
                                 const std::string& profit, const std::string& profitClass = kPlain) {
@@ -166,20 +166,20 @@ TEST_F(PositionDetail, OfNothingIsHeaderAndDashes) {
 }
 
 TEST_F(PositionDetail, OneRecordFillsTwoRowsAndASubtotalOfOneBand) {
-    AddLot({{"BILL_DATE", "20240103"},
-            {"EXCH_NAME", "上期所"},
-            {"CONTRACT", "铜"},
-            {"DELIVERY", "2405"},
-            {"POSITION_VOL", "3"},
-            {"OPEN_DATE", "20240102"},
-            {"BID", "买"},
-            {"OPEN_PRICE", "68000"},
-            {"YSETTLE_PRICE", "1"},
-            {"SETTLE_PRICE", "2"},
-            {"FLOATPL", "777"},
-            {"DSYK", "1500.5"},
-            {"DEPOSIT", "20000"},
-            {"HEDGE", "投机"}});
+    AddLot(report, {{"BILL_DATE", "20240103"},
+                    {"EXCH_NAME", "上期所"},
+                    {"CONTRACT", "铜"},
+                    {"DELIVERY", "2405"},
+                    {"POSITION_VOL", "3"},
+                    {"OPEN_DATE", "20240102"},
+                    {"BID", "买"},
+                    {"OPEN_PRICE", "68000"},
+                    {"YSETTLE_PRICE", "1"},
+                    {"SETTLE_PRICE", "2"},
+                    {"FLOATPL", "777"},
+                    {"DSYK", "1500.5"},
+                    {"DEPOSIT", "20000"},
+                    {"HEDGE", "投机"}});
     ExpectRows(kDetailColumns,
                Row("billclr1", {"上期所", "铜2405", "3", "20240102", "68000", "", "", "", ""}) +
                    Row("billclr1", {"", "", "", "20240103", "", "", "1500.5", "20000", "投机"}, "positionspanbid") +
@@ -187,7 +187,9 @@ TEST_F(PositionDetail, OneRecordFillsTwoRowsAndASubtotalOfOneBand) {
 }
 
 TEST_F(PositionDetail, PutsThePriceUnderTheSide) {
-    const auto lot = [](std::string_view side) { AddLot({{"BILL_DATE", "1"}, {"BID", side}, {"OPEN_PRICE", "5"}}); };
+    const auto lot = [this](std::string_view side) {
+        AddLot(report, {{"BILL_DATE", "1"}, {"BID", side}, {"OPEN_PRICE", "5"}});
+    };
     lot("买");
     lot(" 买入");
     lot("卖");
@@ -223,8 +225,8 @@ TEST_F(PositionDetail, FirstRecordOpensAGroupEvenWithoutADay) {
 }
 
 TEST_F(PositionDetail, TrimsTheFrontOfExchangeAndContract) {
-    AddLot({{"BILL_DATE", "1"}, {"EXCH_NAME", " \t　　上期所 "}, {"CONTRACT", "　cu "}, {"DELIVERY", "2405"}});
-    AddLot({{"BILL_DATE", "1"}, {"CONTRACT", " "}, {"DELIVERY", " 2405"}});
+    AddLot(report, {{"BILL_DATE", "1"}, {"EXCH_NAME", " \t　　上期所 "}, {"CONTRACT", "　cu "}, {"DELIVERY", "2405"}});
+    AddLot(report, {{"BILL_DATE", "1"}, {"CONTRACT", " "}, {"DELIVERY", " 2405"}});
     const std::string second = Row("billclr1", {"", "", "", "1", "", "", "", "", ""}) + Dashes("billclr1");
     ExpectRows(kDetailColumns, Row("billclr1", {"上期所 ", "cu 2405", "", "", "", "", "", "", ""}) + second +
                                    Row("billclr1", {"", "2405", "", "", "", "", "", "", ""}) + second +
@@ -232,16 +234,16 @@ TEST_F(PositionDetail, TrimsTheFrontOfExchangeAndContract) {
 }
 
 TEST_F(PositionDetail, KeepsLotsOfAllDays) {
-    ReportDays = {1, 1};  // only the foreign form looks at the range
+    report.ReportDays = {1, 1};  // only the foreign form looks at the range
     AddSmallLot("a", "19991231", "");
     ExpectRows(kDetailColumns,
                SmallLot("billclr1", "a", "19991231", "") + Subtotal("billclr1", "0.00", "0.00", "positionsumnormal"));
 }
 
 TEST_F(PositionDetail, TakesThePageWidth) {
-    ReportDocument.PageWidth = 800;
+    report.ReportDocument.PageWidth = 800;
     CHtmlBuilder page(path_);
-    EXPECT_TRUE(AddPositionSection(page));
+    EXPECT_TRUE(AddPositionSection(page, report));
     EXPECT_NE(Page().find("<table width = \"800\" style=\"table-layout: fixed;\" cellspacing = \"0\" border=\"0\" "
                           "id= \"tabPositions\">\r\n"),
               std::string::npos);

@@ -9,8 +9,8 @@
 #include "page/html_builder.h"
 #include "page/page_fixture.h"
 #include "page/page_sections.h"
+#include "page/section_title.h"
 #include "paint/picture_file.h"
-#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {
@@ -40,18 +40,19 @@ protected:
     std::string Block() {
         CHtmlBuilder page(path_);
         const std::string title = Gbk("成交明细");
-        page.AddSectionTitle({.title = title,
-                              .handler = "fold",
-                              .buttonId = "btn",
-                              .picture = "Bar.jpg",
-                              .titleTail = "[behind title]",
-                              .heightTail = "[behind height]"});
+        AddSectionTitle(page, report,
+                        {.title = title,
+                         .handler = "fold",
+                         .buttonId = "btn",
+                         .picture = "Bar.jpg",
+                         .titleTail = "[behind title]",
+                         .heightTail = "[behind height]"});
         return Page().substr(kHead.size());
     }
 
     std::string Figure() {
         CHtmlBuilder page(path_);
-        page.AddOffsetFigure();
+        AddOffsetFigure(page, report);
         return Page().substr(kHead.size());
     }
 };
@@ -77,7 +78,7 @@ TEST_F(SectionTitleBlock, TakesPictureSizesAsTheyAreAt96Dpi) {
     AddPictures();
     const TextExtent title = MeasuredTitle("成交明细");
     for (const int dpi : {0, 96}) {
-        Request.Dpi = dpi;
+        report.Request.Dpi = dpi;
         EXPECT_EQ(Block(), kDivStart +
                                "<img border=\"0\" style=\"width:100px; height:27px; \" src=\"Image_files\\Bar.jpg\" "
                                "alt=\"成交明细\" />\r\n"
@@ -94,7 +95,7 @@ TEST_F(SectionTitleBlock, TakesPictureSizesAsTheyAreAt96Dpi) {
 
 TEST_F(SectionTitleBlock, ScalesPicturesPlacesAndFontAt120Dpi) {
     AddPictures();
-    Request.Dpi = 120;
+    report.Request.Dpi = 120;
     const TextExtent title = MeasuredTitle("成交明细", 20);
     EXPECT_EQ(title.height, 20);
     EXPECT_GT(title.width, MeasuredTitle("成交明细").width);
@@ -136,8 +137,8 @@ TEST_F(SectionTitleBlock, TakesABrokenPictureAsNone) {
 TEST_F(SectionTitleBlock, GoesOntoThePageInOneStep) {
     CHtmlBuilder page(path_);
     page.AddText("before\r\n");
-    page.AddSectionTitle(
-        {.title = "t", .handler = "f", .buttonId = "b", .picture = "p", .titleTail = "", .heightTail = ""});
+    AddSectionTitle(page, report,
+                    {.title = "t", .handler = "f", .buttonId = "b", .picture = "p", .titleTail = "", .heightTail = ""});
     const std::string text = Page();
     EXPECT_TRUE(text.starts_with(kHead + "before\r\n" + kDivStart));
     EXPECT_TRUE(text.ends_with("alt=\"\" />\r\n</div>\r\n"));
@@ -145,7 +146,7 @@ TEST_F(SectionTitleBlock, GoesOntoThePageInOneStep) {
 
 TEST_F(SectionTitleBlock, OfEachSectionNamesItsPicture) {
     struct Section {
-        bool (*add)(CHtmlBuilder&);
+        bool (*add)(CHtmlBuilder&, const CReport&);
         std::string picture;
     };
     const std::vector<Section> sections = {
@@ -159,7 +160,7 @@ TEST_F(SectionTitleBlock, OfEachSectionNamesItsPicture) {
     for (const Section& section : sections) {
         PutJpeg(section.picture, ++width, 30);
         CHtmlBuilder page(path_);
-        section.add(page);
+        section.add(page, report);
         const std::string bar = "<img border=\"0\" style=\"width:" + std::to_string(width) +
                                 "px; height:30px; \" src=\"Image_files\\" + section.picture + "\" alt=";
         EXPECT_NE(Page().find(kDivStart + bar), std::string::npos) << section.picture;
@@ -180,9 +181,9 @@ TEST_F(SectionTitleBlock, OffsetFigureShowsItsChart) {
     EXPECT_EQ(Figure(), figure("0", "0"));
     PutJpeg("OffsetFigure.jpg", 90, 41);
     EXPECT_EQ(Figure(), figure("90", "41"));
-    Request.Dpi = 96;
+    report.Request.Dpi = 96;
     EXPECT_EQ(Figure(), figure("90", "41"));
-    Request.Dpi = 120;
+    report.Request.Dpi = 120;
     EXPECT_EQ(Figure(), figure("113", "51"));  // 112.5 and 51.25
 }
 

@@ -12,8 +12,7 @@
 
 #include "report/record_fields.h"
 #include "report/records.h"
-#include "report/report_document.h"
-#include "report/stores.h"
+#include "report/report.h"
 #include "support/gbk_text.h"
 
 namespace tradebill {
@@ -36,35 +35,35 @@ void SetFields(Record& record, std::span<const TextField<Record>> fields, FieldV
     }
 }
 
-inline MatchRecord& AddTrade(FieldValues values) {
-    MatchStore.Add(std::make_unique<MatchRecord>());
-    SetFields<MatchRecord>(*MatchStore.Rows.back(), kMatchFields, values);
-    return *MatchStore.Rows.back();
+inline MatchRecord& AddTrade(CReport& report, FieldValues values) {
+    report.MatchStore.Add(std::make_unique<MatchRecord>());
+    SetFields<MatchRecord>(*report.MatchStore.Rows.back(), kMatchFields, values);
+    return *report.MatchStore.Rows.back();
 }
 
-inline PingDetail& AddClosed(FieldValues values) {
-    PingDetailStore.Add(std::make_unique<PingDetail>());
-    SetFields<PingDetail>(*PingDetailStore.Rows.back(), kPingFields, values);
-    return *PingDetailStore.Rows.back();
+inline PingDetail& AddClosed(CReport& report, FieldValues values) {
+    report.PingDetailStore.Add(std::make_unique<PingDetail>());
+    SetFields<PingDetail>(*report.PingDetailStore.Rows.back(), kPingFields, values);
+    return *report.PingDetailStore.Rows.back();
 }
 
-inline OpiDetail& AddLot(FieldValues values) {
-    OpiDetailStore.Add(std::make_unique<OpiDetail>());
-    SetFields<OpiDetail>(*OpiDetailStore.Rows.back(), kOpiDetailFields, values);
-    return *OpiDetailStore.Rows.back();
+inline OpiDetail& AddLot(CReport& report, FieldValues values) {
+    report.OpiDetailStore.Add(std::make_unique<OpiDetail>());
+    SetFields<OpiDetail>(*report.OpiDetailStore.Rows.back(), kOpiDetailFields, values);
+    return *report.OpiDetailStore.Rows.back();
 }
 
-inline OpiSum& AddPosition(FieldValues values) {
-    OpiSumStore.Add(std::make_unique<OpiSum>());
-    SetFields<OpiSum>(*OpiSumStore.Rows.back(), kOpiSumFields, values);
-    return *OpiSumStore.Rows.back();
+inline OpiSum& AddPosition(CReport& report, FieldValues values) {
+    report.OpiSumStore.Add(std::make_unique<OpiSum>());
+    SetFields<OpiSum>(*report.OpiSumStore.Rows.back(), kOpiSumFields, values);
+    return *report.OpiSumStore.Rows.back();
 }
 
 /// A tally of zeros.
-inline ContractOffset& AddTally(std::string_view contract, std::string_view delivery = {},
+inline ContractOffset& AddTally(CReport& report, std::string_view contract, std::string_view delivery = {},
                                 std::string_view currency = {}) {
-    ReportDocument.Offsets.push_back(std::make_unique<ContractOffset>());
-    ContractOffset& tally = *ReportDocument.Offsets.back();
+    report.ReportDocument.Offsets.push_back(std::make_unique<ContractOffset>());
+    ContractOffset& tally = *report.ReportDocument.Offsets.back();
     CopyField(tally.CONTRACT, Gbk(contract));
     CopyField(tally.DELIVERY, Gbk(delivery));
     CopyField(tally.CURRENCY, Gbk(currency));

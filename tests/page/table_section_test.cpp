@@ -14,7 +14,6 @@
 
 #include "page/page_fixture.h"
 #include "platform/host_link.h"
-#include "report/request_copy.h"
 #include "support/host_objects.h"
 
 namespace tradebill {
@@ -79,7 +78,7 @@ protected:
 };
 
 TEST_F(TableWriter, OpensWithTitleHeaderAndDashes) {
-    CTableWriter table(page_, kTable, kHeadings);
+    CTableWriter table(page_, report, kTable, kHeadings);
     table.Flush();
     EXPECT_EQ(Page(), kHead + Title() +
                           "<table style=\"table-layout: fixed;\" cellspacing = \"0\" border=\"0\" id= \"tab\">\r\n"
@@ -96,8 +95,8 @@ TEST_F(TableWriter, OpensWithTitleHeaderAndDashes) {
 }
 
 TEST_F(TableWriter, GivesTheTableThePageWidth) {
-    ReportDocument.PageWidth = 1250;
-    CTableWriter table(page_, kTable, kHeadings);
+    report.ReportDocument.PageWidth = 1250;
+    CTableWriter table(page_, report, kTable, kHeadings);
     table.Flush();
     EXPECT_NE(Page().find("<table width = \"1250\" style=\"table-layout: fixed;\" cellspacing = \"0\" border=\"0\" "
                           "id= \"tab\">\r\n"),
@@ -107,7 +106,7 @@ TEST_F(TableWriter, GivesTheTableThePageWidth) {
 TEST_F(TableWriter, CountsDashesByGbkBytes) {
     const std::string wide = Gbk("手数　 ");
     const std::vector<Heading> headings = {{wide, "100%"}};
-    CTableWriter table(page_, kTable, headings);
+    CTableWriter table(page_, report, kTable, headings);
     table.AddDashRow("band");
     table.Flush();
     const std::string dashes =
@@ -117,7 +116,7 @@ TEST_F(TableWriter, CountsDashesByGbkBytes) {
 }
 
 TEST_F(TableWriter, ClosesTheTableWithASpacer) {
-    CTableWriter table(page_, kTable, kHeadings);
+    CTableWriter table(page_, report, kTable, kHeadings);
     table.AddRow(std::vector<Cell>{{"1", "red"}, {"2", "plain"}}, "band");
     table.CloseTable();
     const std::string row = HtmlRow("band", "plain", {"1", "2"}, {{0, "red"}});
@@ -125,13 +124,13 @@ TEST_F(TableWriter, ClosesTheTableWithASpacer) {
 }
 
 TEST_F(TableWriter, ClosesThePageToo) {
-    CTableWriter table(page_, kTable, kHeadings);
+    CTableWriter table(page_, report, kTable, kHeadings);
     table.Close();
     EXPECT_EQ(Page(), ClosedPage(Title() + kTop + "</table>\r\n<h1></h1>\r\n"));
 }
 
 TEST_F(TableWriter, GathersAtMost64KiB) {
-    CTableWriter table(page_, kTable, kHeadings);
+    CTableWriter table(page_, report, kTable, kHeadings);
     const std::string text(1500, 'x');
     const std::vector<Cell> cells = {{text, "plain"}, {text, "plain"}};
     const std::string row = HtmlRow("", "plain", {text, text});
@@ -152,8 +151,8 @@ TEST_F(TableWriter, GathersAtMost64KiB) {
 
 TEST_F(TableWriter, SeesNoStopWithoutAnEvent) {
     const UniqueEvent acknowledge(CreateHostEvent(1));
-    Request.AckEvent = acknowledge.get();
-    CTableWriter table(page_, kTable, kHeadings);
+    report.Request.AckEvent = acknowledge.get();
+    CTableWriter table(page_, report, kTable, kHeadings);
     EXPECT_FALSE(table.StopRequested());
     EXPECT_FALSE(WaitForEvent(acknowledge.get(), 0));
 }
@@ -161,9 +160,9 @@ TEST_F(TableWriter, SeesNoStopWithoutAnEvent) {
 TEST_F(TableWriter, SeesNoStopBeforeItIsSignalled) {
     const UniqueEvent stop(CreateHostEvent(1));
     const UniqueEvent acknowledge(CreateHostEvent(1));
-    Request.StopEvent = stop.get();
-    Request.AckEvent = acknowledge.get();
-    CTableWriter table(page_, kTable, kHeadings);
+    report.Request.StopEvent = stop.get();
+    report.Request.AckEvent = acknowledge.get();
+    CTableWriter table(page_, report, kTable, kHeadings);
     EXPECT_FALSE(table.StopRequested());
     EXPECT_FALSE(WaitForEvent(acknowledge.get(), 0));
     SignalHostEvent(stop.get());
@@ -174,9 +173,9 @@ TEST_F(TableWriter, SeesNoStopBeforeItIsSignalled) {
 
 TEST_F(TableWriter, StopsWithoutAnAcknowledgeEvent) {
     const UniqueEvent stop(CreateHostEvent(1));
-    Request.StopEvent = stop.get();
+    report.Request.StopEvent = stop.get();
     SignalHostEvent(stop.get());
-    CTableWriter table(page_, kTable, kHeadings);
+    CTableWriter table(page_, report, kTable, kHeadings);
     EXPECT_TRUE(table.StopRequested());
     EXPECT_EQ(Page(), kHead + Title() + kTop);
 }
@@ -225,7 +224,7 @@ protected:
     /// The rows behind the header as "band:text", "=" for a subtotal.
     std::string Written(NameSettings settings = {}) {
         CNameLayout layout(std::move(settings));
-        CTableWriter table(page_, kTable, kHeadings);
+        CTableWriter table(page_, report, kTable, kHeadings);
         finished_ = WriteDayGroups(table, rows_, layout);
         if (finished_) table.Flush();
         const std::string page = Page();
@@ -285,8 +284,8 @@ TEST_F(DayGroups, HaveNoSubtotalBehindALastRecordThatDoesntCount) {
 TEST_F(DayGroups, EndAtOnceWhenAStopIsSeen) {
     const UniqueEvent stop(CreateHostEvent(0));
     const UniqueEvent acknowledge(CreateHostEvent(0));
-    Request.StopEvent = stop.get();
-    Request.AckEvent = acknowledge.get();
+    report.Request.StopEvent = stop.get();
+    report.Request.AckEvent = acknowledge.get();
     Add("20240102", "a");
     Add("20240103", "b");
     Add("20240104", "c");
@@ -299,7 +298,7 @@ TEST_F(DayGroups, EndAtOnceWhenAStopIsSeen) {
 
 TEST_F(DayGroups, LookForAStopBeforeRecordsThatDontCountToo) {
     const UniqueEvent stop(CreateHostEvent(1));
-    Request.StopEvent = stop.get();
+    report.Request.StopEvent = stop.get();
     Add("20240102", "a");
     Add("20240103", "x");
     EXPECT_EQ(Written({.skipped = "x", .stop = stop.get(), .stopsAt = "a"}), "1:a ");
@@ -308,7 +307,7 @@ TEST_F(DayGroups, LookForAStopBeforeRecordsThatDontCountToo) {
 
 TEST_F(DayGroups, DontLookBehindTheLastRecord) {
     const UniqueEvent stop(CreateHostEvent(1));
-    Request.StopEvent = stop.get();
+    report.Request.StopEvent = stop.get();
     Add("20240102", "a");
     EXPECT_EQ(Written({.stop = stop.get(), .stopsAt = "a"}), "1:a 1=a ");
     EXPECT_TRUE(finished_);

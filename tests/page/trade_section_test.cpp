@@ -68,7 +68,7 @@ protected:
     /// The closed page's rows between header and table end.
     std::string Rows() {
         CHtmlBuilder page(path_);
-        EXPECT_TRUE(AddTradeSection(page));
+        EXPECT_TRUE(AddTradeSection(page, report));
         const std::string text = Page();
         const std::string before = "<html>\r\n" + kHead + "<body>\r\n" + Top();
         const std::string after = kTableFoot + "\r\n</body>\r\n</html>\r\n";
@@ -79,7 +79,7 @@ protected:
 
     /// The contract as the first data row shows it.
     std::string ShownContract(int format) {
-        Request.StatementFormat = format;
+        report.Request.StatementFormat = format;
         const std::string rows = Rows();
         const std::size_t from = rows.find("normal'>") + 8;
         return rows.substr(from, rows.find("</span>") - from);
@@ -88,22 +88,22 @@ protected:
 
 TEST_F(TradeSection, OfNothingHasATotalOfZeros) {
     CHtmlBuilder page(path_);
-    EXPECT_TRUE(AddTradeSection(page));
+    EXPECT_TRUE(AddTradeSection(page, report));
     EXPECT_EQ(Page(),
               ClosedPage(Top() + Total({"总计", "", "", "0", "0", "0.00", "0.00", "0.00"}) + kTableFoot + "\r\n"));
 }
 
 TEST_F(TradeSection, TakesThePageWidth) {
-    ReportDocument.PageWidth = 1040;
+    report.ReportDocument.PageWidth = 1040;
     CHtmlBuilder page(path_);
-    EXPECT_TRUE(AddTradeSection(page));
+    EXPECT_TRUE(AddTradeSection(page, report));
     EXPECT_NE(Page().find("<table width = \"1040\" style=\"table-layout: fixed;\" cellspacing = \"0\" border=\"0\" "
                           "id= \"tabTrade\">\r\n"),
               std::string::npos);
 }
 
 TEST_F(TradeSection, ShowsBothSidesOfAContract) {
-    ContractOffset& tally = AddTally("铜", "2405");
+    ContractOffset& tally = AddTally(report, "铜", "2405");
     tally.LONG_COUNT = 3;
     tally.LONG_VOL = 8;
     tally.LONG_WIN_COUNT = 2;
@@ -142,10 +142,10 @@ TEST_F(TradeSection, ShowsBothSidesOfAContract) {
 }
 
 TEST_F(TradeSection, RunsItsBandsThroughAllContracts) {
-    ContractOffset& first = AddTally("a", "1");
+    ContractOffset& first = AddTally(report, "a", "1");
     first.LONG_COUNT = first.LONG_VOL = first.LONG_WIN_COUNT = first.LONG_WIN_VOL = 1;
     first.LONG_WIN_PL = first.LONG_MAX_WIN = 10;
-    ContractOffset& second = AddTally("b", "2");
+    ContractOffset& second = AddTally(report, "b", "2");
     second.SHORT_COUNT = second.SHORT_VOL = second.SHORT_LOSE_COUNT = second.SHORT_LOSE_VOL = 2;
     second.SHORT_LOSE_PL = -4;
     second.SHORT_MAX_LOSS = -3;
@@ -168,7 +168,7 @@ TEST_F(TradeSection, RunsItsBandsThroughAllContracts) {
 }
 
 TEST_F(TradeSection, ShowsTheLargestAmountsOfASideWithoutTrades) {
-    ContractOffset& tally = AddTally("a");
+    ContractOffset& tally = AddTally(report, "a");
     tally.LONG_COUNT = tally.LONG_VOL = 1;
     tally.SHORT_MAX_WIN = 7;
     tally.SHORT_MAX_LOSS = -8;
@@ -179,7 +179,7 @@ TEST_F(TradeSection, ShowsTheLargestAmountsOfASideWithoutTrades) {
 }
 
 TEST_F(TradeSection, ShowsZerosForASideUnderOneTrade) {
-    ContractOffset& tally = AddTally("a");
+    ContractOffset& tally = AddTally(report, "a");
     tally.LONG_COUNT = 0;  // although all else is there
     tally.LONG_VOL = tally.LONG_WIN_COUNT = tally.LONG_WIN_VOL = tally.LONG_LOSE_COUNT = tally.LONG_LOSE_VOL = 4;
     tally.LONG_WIN_PL = 8;
@@ -192,7 +192,7 @@ TEST_F(TradeSection, ShowsZerosForASideUnderOneTrade) {
 }
 
 TEST_F(TradeSection, ShowsZerosForAnOutcomeUnderOneLot) {
-    ContractOffset& tally = AddTally("a");
+    ContractOffset& tally = AddTally(report, "a");
     tally.LONG_COUNT = tally.LONG_VOL = 3;
     tally.LONG_WIN_COUNT = 2;  // of rows of no lots
     tally.LONG_WIN_PL = 5;
@@ -206,7 +206,7 @@ TEST_F(TradeSection, ShowsZerosForAnOutcomeUnderOneLot) {
 }
 
 TEST_F(TradeSection, DividesByZeroLotsWithoutAGuard) {
-    ContractOffset& tally = AddTally("a");
+    ContractOffset& tally = AddTally(report, "a");
     tally.LONG_COUNT = tally.LONG_WIN_COUNT = 1;
     tally.LONG_WIN_PL = 5;
     EXPECT_EQ(Rows(), Pale({"a", "", "", "1", "0", "5.00", "5.00", "inf"}) +
@@ -219,7 +219,7 @@ TEST_F(TradeSection, DividesByZeroLotsWithoutAGuard) {
 }
 
 TEST_F(TradeSection, ShowsNoNumberForAContractWithoutTrades) {
-    AddTally("a");  // a row of no side
+    AddTally(report, "a");  // a row of no side
     const std::string rows = Rows();
     const std::string contract = rows.substr(0, rows.find("</tr>"));
     EXPECT_NE(contract.find("<span class='tradespannormal'>0.00</span>"), std::string::npos);
@@ -229,24 +229,24 @@ TEST_F(TradeSection, ShowsNoNumberForAContractWithoutTrades) {
 }
 
 TEST_F(TradeSection, NamesTheDeliveryMonthWhereItStandsApart) {
-    AddTally("cu", "2405").LONG_COUNT = 1;
+    AddTally(report, "cu", "2405").LONG_COUNT = 1;
     for (const int format : {0, 1, 3}) EXPECT_EQ(ShownContract(format), "cu2405") << format;
     for (const int format : {2, 6, 201, 4, -1}) EXPECT_EQ(ShownContract(format), "cu") << format;
 }
 
 TEST_F(TradeSection, TrimsTheFrontOfAContract) {
-    AddTally(" \t　cu ", "2405").LONG_COUNT = 1;
+    AddTally(report, " \t　cu ", "2405").LONG_COUNT = 1;
     EXPECT_EQ(ShownContract(1), "cu 2405");
     EXPECT_EQ(ShownContract(2), "cu ");
 }
 
 TEST_F(TradeSection, LeavesThePageOpenAtAStop) {
     const UniqueEvent stop(CreateHostEvent(1));
-    Request.StopEvent = stop.get();
+    report.Request.StopEvent = stop.get();
     SignalHostEvent(stop.get());
-    AddTally("a");
+    AddTally(report, "a");
     CHtmlBuilder page(path_);
-    EXPECT_FALSE(AddTradeSection(page));
+    EXPECT_FALSE(AddTradeSection(page, report));
     EXPECT_EQ(Page(), kHead + Top());
 }
 

@@ -9,9 +9,8 @@
 #include <string_view>
 
 #include "base/report_error.h"
-#include "platform/root_folder.h"
+#include "driver/bill_folders.h"
 #include "readers/reader_fixture.h"
-#include "readers/statement_loader.h"
 #include "support/temp_folder.h"
 
 namespace tradebill {
@@ -26,14 +25,18 @@ std::ostream& operator<<(std::ostream& out, Labels labels) {
 class BilingualChangeDate : public ReaderFixture {
 protected:
     BilingualChangeDate() { Begin(); }
-    ~BilingualChangeDate() override { SetRootFolderPath(formerRoot_); }
 
     void Begin() {
-        ClearAll();
+        MakeReport(3);
         folder_.emplace();
-        SetRootFolderPath(folder_->Path());
-        Request.StatementFormat = 3;
-        CopyField(Request.TemplateName, "broker");
+        NameTemplate("broker");
+    }
+
+    /// Lets the request name this template of the folder.
+    void NameTemplate(std::string_view name) {
+        report.RootFolder = folder_->Path();
+        CopyField(report.Request.TemplateName, name);
+        report.TemplatePath = TemplatePath(report);
     }
 
     /// Begins anew, with a template of this content.
@@ -51,29 +54,28 @@ protected:
                           "权利金支出", "成交记录"});
     }
 
-    static Labels LabelsRead() {
-        const Texts equities = TextsOf(MoneyStore.Records, "KHQY");
+    Labels LabelsRead() {
+        const Texts equities = TextsOf(report.MoneyStore.Records, "KHQY");
         if (equities == Texts{"1"}) return Labels::Old;
         return equities == Texts{"2"} ? Labels::New : Labels::None;
     }
 
     /// The labels that a statement of `day` is read by.
-    static Labels LabelsOf(std::string_view day) {
-        ReadBilingualStatement(day, BothLabels());
+    Labels LabelsOf(std::string_view day) {
+        Read(ReadBilingualStatement, day, BothLabels());
         return LabelsRead();
     }
 
     /// The code of the error that reading a statement of `day` raises; 0 without one.
-    static std::uint32_t ErrorOf(std::string_view day) {
+    std::uint32_t ErrorOf(std::string_view day) {
         try {
-            ReadBilingualStatement(day, BothLabels());
+            Read(ReadBilingualStatement, day, BothLabels());
         } catch (const CReportError& error) {
             return error.Code();
         }
         return 0;
     }
 
-    const std::string formerRoot_ = RootFolder();
     std::optional<CTempFolder> folder_;
 };
 
@@ -124,10 +126,10 @@ TEST_F(BilingualChangeDate, MayBeBlank) {
 
 TEST_F(BilingualChangeDate, StandsInTheTemplateOfTheRequest) {
     BeginWithDate("20240101");
-    CopyField(Request.TemplateName, "other");
+    NameTemplate("other");
     EXPECT_EQ(LabelsOf("20240105"), Labels::Old);
     BeginWithDate("20240101");
-    Request.TemplateName[0] = '\0';
+    NameTemplate("");
     EXPECT_EQ(LabelsOf("20240105"), Labels::Old);
     BeginWithDate("20240101");
     EXPECT_EQ(LabelsOf("20240105"), Labels::New);
@@ -216,9 +218,10 @@ TEST_F(BilingualChangeDate, HoldsForStatementsThatTheTemplateCannotRead) {
 
 TEST_F(BilingualChangeDate, ReadsEachDayByItsOwnLabels) {
     BeginWithDate("20240105");
-    for (const std::string_view day : {"20240104", "20240105", "20240103"}) ReadBilingualStatement(day, BothLabels());
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "BILL_DATE"), (Texts{"20240104", "20240105", "20240103"}));
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "KHQY"), (Texts{"1", "2", "1"}));
+    for (const std::string_view day : {"20240104", "20240105", "20240103"})
+        Read(ReadBilingualStatement, day, BothLabels());
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "BILL_DATE"), (Texts{"20240104", "20240105", "20240103"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "KHQY"), (Texts{"1", "2", "1"}));
 }
 
 }  // namespace

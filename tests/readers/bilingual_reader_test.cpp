@@ -8,7 +8,6 @@
 
 #include "readers/near_words.h"
 #include "readers/reader_fixture.h"
-#include "readers/statement_loader.h"
 
 namespace tradebill {
 namespace {
@@ -43,27 +42,22 @@ Fields OnlyPremium(const char* amount) {
 
 class BilingualReader : public ReaderFixture {
 protected:
-    static void Begin() {
-        ClearAll();
-        Request.StatementFormat = 3;
-    }
-
-    static Fields ReadOld(std::initializer_list<std::string_view> lines) {
-        Begin();
-        ReadBilingualStatement(kDay, Statement(lines));
+    Fields ReadOld(std::initializer_list<std::string_view> lines) {
+        MakeReport(3);
+        Read(ReadBilingualStatement, kDay, Statement(lines));
         return Money();
     }
-    static Fields ReadNew(std::initializer_list<std::string_view> lines) {
-        Begin();
-        ReadBilingualStatementNew(kDay, Statement(lines));
+    Fields ReadNew(std::initializer_list<std::string_view> lines) {
+        MakeReport(3);
+        Read(ReadBilingualStatementNew, kDay, Statement(lines));
         return Money();
     }
 
     /// The record of a money section of these rows.
-    static Fields ReadOldRows(std::string_view row, std::string_view otherRow = "----") {
+    Fields ReadOldRows(std::string_view row, std::string_view otherRow = "----") {
         return ReadOld({"资金状况", "----------", row, otherRow, "权利金支出 Premium paid：  40.00"});
     }
-    static Fields ReadNewRows(std::string_view row, std::string_view otherRow = "----") {
+    Fields ReadNewRows(std::string_view row, std::string_view otherRow = "----") {
         return ReadNew({"资金状况", "----------", row, otherRow, "成交记录"});
     }
 };
@@ -88,7 +82,7 @@ TEST_F(BilingualReader, FillsMoneyFromTheOldLabels) {
                              {"SXF", "m9"},
                              {"XQSXF", "m10"},
                              {"QLJSZ", "100.00"}}));
-    EXPECT_EQ(MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
+    EXPECT_EQ(report.MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
 }
 
 TEST_F(BilingualReader, FillsMoneyFromTheNewLabels) {
@@ -112,7 +106,7 @@ TEST_F(BilingualReader, FillsMoneyFromTheNewLabels) {
                              {"SXF", "m9"},
                              {"XQSXF", "m10"},
                              {"QLJSZ", "60.00"}}));
-    EXPECT_EQ(MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
+    EXPECT_EQ(report.MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
 }
 
 TEST_F(BilingualReader, KnowsTheLabelsOfItsOwnTimeOnly) {
@@ -262,27 +256,27 @@ TEST_F(BilingualReader, MakesNoMoneyRecordWithoutTitleOrTerminatingRow) {
         {ReadBilingualStatementNew, Statement({"成交记录", "资金状况", "----", kNewEquity})},
     };
     for (const auto& statement : cases) {
-        Begin();
-        statement.read(kDay, statement.text, nullptr);
+        MakeReport(3);
+        Read(statement.read, kDay, statement.text);
         EXPECT_TRUE(NothingRead()) << statement.text;
     }
 }
 
 TEST_F(BilingualReader, NeedsTheWholeWordsOfMoney) {
     for (const std::string& title : NearWords("资金状况")) {
-        Begin();
-        ReadBilingualStatement(kDay, Statement({title, "----", kOldEquity, "权利金支出"}));
-        ReadBilingualStatementNew(kDay, Statement({title, "----", kNewEquity, "成交记录"}));
+        MakeReport(3);
+        Read(ReadBilingualStatement, kDay, Statement({title, "----", kOldEquity, "权利金支出"}));
+        Read(ReadBilingualStatementNew, kDay, Statement({title, "----", kNewEquity, "成交记录"}));
         EXPECT_TRUE(NothingRead()) << title;
     }
     for (const std::string& word : NearWords("权利金支出")) {
-        Begin();
-        ReadBilingualStatement(kDay, Statement({"资金状况", "----", kOldEquity, word}));
+        MakeReport(3);
+        Read(ReadBilingualStatement, kDay, Statement({"资金状况", "----", kOldEquity, word}));
         EXPECT_TRUE(NothingRead()) << word;
     }
     for (const std::string& word : NearWords("成交记录")) {
-        Begin();
-        ReadBilingualStatementNew(kDay, Statement({"资金状况", "----", kNewEquity, word}));
+        MakeReport(3);
+        Read(ReadBilingualStatementNew, kDay, Statement({"资金状况", "----", kNewEquity, word}));
         EXPECT_TRUE(NothingRead()) << word;
     }
 }
@@ -290,18 +284,18 @@ TEST_F(BilingualReader, NeedsTheWholeWordsOfMoney) {
 TEST_F(BilingualReader, HandsMoneyToStatisticsAndStore) {
     ReadOldRows("期初结存 Balance b/f：  10  期末结存 Balance c/f：  30  平仓盈亏 Realized P/L：  4",
                 "持仓盯市盈亏 MTM P/L：  3  出 入 金 Deposit/Withdrawal：  2  保证金占用 Margin Occupied：  6");
-    const DayFigure* const figure = TradeStatistics.DayFigures.Find(kDay);
+    const DayFigure* const figure = report.TradeStatistics.DayFigures.Find(kDay);
     ASSERT_NE(figure, nullptr);
     EXPECT_EQ(figure->Opening, 10);
     EXPECT_EQ(figure->Closing, 30);
     EXPECT_EQ(figure->ClosedPL, 4);
     EXPECT_EQ(figure->PositionPL, 3);
     EXPECT_EQ(figure->CashFlow, 2);
-    const CDayUsage* const usage = TradeStatistics.DayUsages.Find(kDay);
+    const CDayUsage* const usage = report.TradeStatistics.DayUsages.Find(kDay);
     ASSERT_NE(usage, nullptr);
     EXPECT_EQ(usage->Margin, 6);
-    EXPECT_EQ(MoneyStore.ClosingEquity, 30);
-    EXPECT_TRUE(CurrencyMoneyStore.Names.empty());
+    EXPECT_EQ(report.MoneyStore.ClosingEquity, 30);
+    EXPECT_TRUE(report.CurrencyMoneyStore.Names.empty());
 }
 
 TEST_F(BilingualReader, FilesUnderTheDayWhateverDatesTheStatementBears) {
@@ -312,15 +306,15 @@ TEST_F(BilingualReader, FilesUnderTheDayWhateverDatesTheStatementBears) {
 
 TEST_F(BilingualReader, ReadsADayThatIsStoredAlreadyOnceMore) {
     ReadOldRows(kOldEquity);
-    ReadBilingualStatement(kDay, Statement({"制表时间：20240105", "资金状况", "----------",
-                                            "客户权益 Client Equity：：  6", "权利金支出"}));
+    Read(ReadBilingualStatement, kDay,
+         Statement({"制表时间：20240105", "资金状况", "----------", "客户权益 Client Equity：：  6", "权利金支出"}));
     EXPECT_EQ(Money(), (Fields{{"BILL_DATE", "20240105"}, {"KHQY", "6"}, {"QLJSZ", "0.00"}}));
-    EXPECT_EQ(MoneyStore.MinEquity, 5);
-    EXPECT_EQ(MoneyStore.MaxEquity, 6);
+    EXPECT_EQ(report.MoneyStore.MinEquity, 5);
+    EXPECT_EQ(report.MoneyStore.MaxEquity, 6);
 }
 
 TEST_F(BilingualReader, IsChosenForFormatThreeWithPremium) {
-    Begin();
+    MakeReport(3);
     ReadStatement(kDay, Statement({"资金状况", "----------", kOldEquity, "权利金支出"}));
     EXPECT_EQ(Money(), (Fields{{"BILL_DATE", "20240105"}, {"KHQY", "5"}, {"QLJSZ", "0.00"}}));
 }
@@ -328,8 +322,8 @@ TEST_F(BilingualReader, IsChosenForFormatThreeWithPremium) {
 TEST_F(BilingualReader, ReadsNothingFromAnEmptyText) {
     for (Reader* const read : {ReadBilingualStatement, ReadBilingualStatementNew}) {
         for (const std::string_view text : {"", " \r\n", "\n\n"}) {
-            Begin();
-            read(kDay, text, nullptr);
+            MakeReport(3);
+            Read(read, kDay, text);
             EXPECT_TRUE(NothingRead());
         }
     }

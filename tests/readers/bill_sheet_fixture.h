@@ -11,9 +11,7 @@
 #include <vector>
 
 #include "base/report_error.h"
-#include "platform/root_folder.h"
 #include "readers/reader_fixture.h"
-#include "support/temp_folder.h"
 
 namespace tradebill {
 
@@ -56,15 +54,15 @@ protected:
     }
 
     /// A copy of the day's figures; zeros if there are none.
-    static DayFigure FigureOf(std::string_view day) {
-        const DayFigure* const found = TradeStatistics.DayFigures.Find(day);
+    DayFigure FigureOf(std::string_view day) {
+        const DayFigure* const found = report.TradeStatistics.DayFigures.Find(day);
         return found == nullptr ? DayFigure{} : *found;
     }
 
     /// The net positions of the day, spelled out: product, side, lots and margin.
-    static Texts PositionsOf(std::string_view day) {
+    Texts PositionsOf(std::string_view day) {
         Texts texts;
-        const CDayUsage* const usage = TradeStatistics.DayUsages.Find(day);
+        const CDayUsage* const usage = report.TradeStatistics.DayUsages.Find(day);
         if (usage == nullptr) return texts;
         for (const auto& position : usage->Positions) {
             texts.push_back(position->Product + " " + GbkToUtf8(position->Side) + " " + std::to_string(position->Lots) +
@@ -72,17 +70,6 @@ protected:
         }
         return texts;
     }
-};
-
-/// Statements on their way through the dispatch of a request without a template.
-class BillDispatchFixture : public BillSheetFixture {
-protected:
-    BillDispatchFixture() { SetRootFolderPath(root_.Path()); }
-    ~BillDispatchFixture() override { SetRootFolderPath(formerRoot_); }
-
-private:
-    std::string formerRoot_ = RootFolder();
-    CTempFolder root_;
 };
 
 }  // namespace tradebill

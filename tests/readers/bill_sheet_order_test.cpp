@@ -48,19 +48,19 @@ struct Order {
 class BillSheetOrder : public BillSheetFixture {
 protected:
     /// The records that `read` makes of a file.
-    static std::string RecordsOf(Reader* read, const Sheets& sheets, std::string_view file, int format) {
-        ClearAll();
-        Request.StatementFormat = format;
+    std::string RecordsOf(Reader* read, const Sheets& sheets, std::string_view file, int format) {
+        MakeReport(format);
         Lines lines;
         for (const char letter : file) {
             const Lines& sheet = sheets.at(letter);
             lines.insert(lines.end(), sheet.begin(), sheet.end());
         }
-        read(kBillDay, BillOf(lines), nullptr);
+        Read(read, kBillDay, BillOf(lines));
         const char open = format == 6 ? 'S' : 'O';
         const auto times = [](int count, char letter) { return std::string(static_cast<std::size_t>(count), letter); };
-        return times(MoneyStore.Count(), 'M') + times(MatchStore.Count(), 'T') + times(PingDetailStore.Count(), 'C') +
-               times(OpiDetailStore.Count(), 'D') + times(OpiSumStore.Count(), open);
+        return times(report.MoneyStore.Count(), 'M') + times(report.MatchStore.Count(), 'T') +
+               times(report.PingDetailStore.Count(), 'C') + times(report.OpiDetailStore.Count(), 'D') +
+               times(report.OpiSumStore.Count(), open);
     }
 };
 
@@ -107,23 +107,22 @@ TEST_F(BillSheetOrder, OfTheClientBillIsSoughtFromATitleWithoutEnd) {
 TEST_F(BillSheetOrder, OfTheClientBillGoesOnFromTheRowAboveTheDashedOne) {
     const Lines trades = {"客户帐单_成交记录单", "---------", "h", "h", Ones(12), "合计"};
     const Lines open = {"客户帐单_持仓盈亏单", "---------", "h", "h", "1 1 2 1 0 1 1 1 1 1 1", "合计"};
-    const auto read = [](const Lines& lines) {
-        ClearAll();
-        Request.StatementFormat = 201;
-        ReadClientBillStatement(kBillDay, BillOf(lines));
-        EXPECT_EQ(MoneyStore.Count(), 1);
+    const auto read = [this](const Lines& lines) {
+        MakeReport(201);
+        Read(ReadClientBillStatement, kBillDay, BillOf(lines));
+        EXPECT_EQ(report.MoneyStore.Count(), 1);
     };
     const Lines money = {"客户帐单_资金清单", "h", "h", "h", Ones(9)};
     read(Joined({money, trades}));
-    EXPECT_EQ(MatchStore.Count(), 1);
+    EXPECT_EQ(report.MatchStore.Count(), 1);
     read(Joined({money, open}));  // although the trades are missing
-    EXPECT_EQ(OpiSumStore.Count(), 1);
+    EXPECT_EQ(report.OpiSumStore.Count(), 1);
 
     Lines oneRowFurther = trades;
     oneRowFurther[1] = "h";
     oneRowFurther[2] = "---------";
     read(Joined({money, oneRowFurther}));
-    EXPECT_EQ(MatchStore.Count(), 0);
+    EXPECT_EQ(report.MatchStore.Count(), 0);
 }
 
 TEST_F(BillSheetOrder, OfTheClientBillSkipsAllAboveALateDashedRow) {
@@ -133,9 +132,9 @@ TEST_F(BillSheetOrder, OfTheClientBillSkipsAllAboveALateDashedRow) {
         lines.insert(lines.end(), sheet.begin(), sheet.end());
     }
     lines.push_back("---------");
-    ReadClientBillStatement(kBillDay, BillOf(lines));
-    EXPECT_EQ(MoneyStore.Count(), 1);
-    EXPECT_EQ(MatchStore.Count() + OpiSumStore.Count() + PingDetailStore.Count(), 0);
+    Read(ReadClientBillStatement, kBillDay, BillOf(lines));
+    EXPECT_EQ(report.MoneyStore.Count(), 1);
+    EXPECT_EQ(report.MatchStore.Count() + report.OpiSumStore.Count() + report.PingDetailStore.Count(), 0);
 }
 
 TEST_F(BillSheetOrder, OfThePremiumClientBillIsFree) {

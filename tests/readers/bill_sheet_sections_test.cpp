@@ -12,20 +12,20 @@
 namespace tradebill {
 namespace {
 
-std::int32_t Trades() {
-    return MatchStore.Count();
+std::int32_t Trades(const CReport& report) {
+    return report.MatchStore.Count();
 }
-std::int32_t ClosedRows() {
-    return PingDetailStore.Count();
+std::int32_t ClosedRows(const CReport& report) {
+    return report.PingDetailStore.Count();
 }
-std::int32_t OpenRowsOfTwoSides() {
-    return OpiSumStore.Count() / 2;
+std::int32_t OpenRowsOfTwoSides(const CReport& report) {
+    return report.OpiSumStore.Count() / 2;
 }
-std::int32_t OpenRows() {
-    return OpiDetailStore.Count();
+std::int32_t OpenRows(const CReport& report) {
+    return report.OpiDetailStore.Count();
 }
-std::int32_t SummaryRows() {
-    return OpiSumStore.Count();
+std::int32_t SummaryRows(const CReport& report) {
+    return report.OpiSumStore.Count();
 }
 
 /// A sheet of rows that ends in a row of totals.
@@ -33,11 +33,11 @@ struct Sheet {
     const char* reader;
     Reader* read;
     std::string title;
-    std::size_t terminatorOffset;  ///< of the first row that may be the totals row, from the title
-    std::size_t firstRow;          ///< of the first data row
-    std::size_t columns;           ///< the fewest that make a record
-    std::size_t tooFew;            ///< the most that make none
-    std::int32_t (*count)();       ///< rows that were read
+    std::size_t terminatorOffset;           ///< of the first row that may be the totals row, from the title
+    std::size_t firstRow;                   ///< of the first data row
+    std::size_t columns;                    ///< the fewest that make a record
+    std::size_t tooFew;                     ///< the most that make none
+    std::int32_t (*count)(const CReport&);  ///< rows that were read
 };
 
 // clang-format off
@@ -62,12 +62,11 @@ const Sheet kSheets[] = {
 class BillSheetSections : public BillSheetFixture {
 protected:
     /// Rows of `sheet` that are read from `lines`.
-    static std::int32_t RowsRead(const Sheet& sheet, const Lines& lines) {
-        ClearAll();
-        Request.StatementFormat = 201;
-        sheet.read(kBillDay, BillOf(lines), nullptr);
-        EXPECT_EQ(MoneyStore.Count(), 0);
-        return sheet.count();
+    std::int32_t RowsRead(const Sheet& sheet, const Lines& lines) {
+        MakeReport(201);
+        Read(sheet.read, kBillDay, BillOf(lines));
+        EXPECT_EQ(report.MoneyStore.Count(), 0);
+        return sheet.count(report);
     }
 
     /// The title and the rows up to the first data row, each wide enough to be one.
@@ -185,8 +184,9 @@ TEST_F(BillSheetSections, FileTheirRowsUnderTheDay) {
         head[1] = "日  期:20240102 制表时间：20240102 " + Ones(sheet.columns);
         RowsRead(sheet, Joined({head, {Ones(sheet.columns), "合计"}}));
         Texts days;
-        for (const Texts& of : {TextsOf(MatchStore.Rows, "BILL_DATE"), TextsOf(PingDetailStore.Rows, "BILL_DATE"),
-                                TextsOf(OpiDetailStore.Rows, "BILL_DATE"), TextsOf(OpiSumStore.Rows, "BILL_DATE")}) {
+        for (const Texts& of :
+             {TextsOf(report.MatchStore.Rows, "BILL_DATE"), TextsOf(report.PingDetailStore.Rows, "BILL_DATE"),
+              TextsOf(report.OpiDetailStore.Rows, "BILL_DATE"), TextsOf(report.OpiSumStore.Rows, "BILL_DATE")}) {
             days.insert(days.end(), of.begin(), of.end());
         }
         ASSERT_FALSE(days.empty()) << NameOf(sheet);
@@ -197,8 +197,8 @@ TEST_F(BillSheetSections, FileTheirRowsUnderTheDay) {
 TEST_F(BillSheetSections, YieldNothingFromAnEmptyStatement) {
     for (const Sheet& sheet : kSheets) {
         for (const std::string_view text : {"", "\r\n", "x"}) {
-            ClearAll();
-            EXPECT_EQ(ErrorOf([&] { sheet.read(kBillDay, text, nullptr); }), 0U) << NameOf(sheet);
+            MakeReport();
+            EXPECT_EQ(ErrorOf([&] { Read(sheet.read, kBillDay, text); }), 0U) << NameOf(sheet);
             EXPECT_TRUE(NothingRead()) << NameOf(sheet);
         }
     }

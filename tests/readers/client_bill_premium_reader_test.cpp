@@ -8,36 +8,31 @@
 #include <vector>
 
 #include "readers/bill_sheet_fixture.h"
-#include "readers/statement_loader.h"
 
 namespace tradebill {
 namespace {
 
-class ClientBillPremiumReader : public BillDispatchFixture {
+class ClientBillPremiumReader : public BillSheetFixture {
 protected:
-    ClientBillPremiumReader() { Begin(201); }
+    ClientBillPremiumReader() { MakeReport(201); }
 
-    static void Begin(int format) {
-        ClearAll();
-        Request.StatementFormat = format;
-    }
-
-    static void Read(std::initializer_list<std::string_view> lines) {
-        ReadClientBillPremiumStatement(kBillDay, Statement(lines));
+    using ReaderFixture::Read;
+    void Read(std::initializer_list<std::string_view> lines) {
+        Read(ReadClientBillPremiumStatement, kBillDay, Statement(lines));
     }
 
     /// The record of a money sheet of this row.
-    static Fields ReadMoneyRow(std::string_view row, int format = 201) {
-        Begin(format);
+    Fields ReadMoneyRow(std::string_view row, int format = 201) {
+        MakeReport(format);
         Read({"客户帐单_资金清单", "客户号: 1", "---------", "序号 上日结存", row});
         return Money();
     }
 
     /// What an open sheet of this row leaves in OpiSumStore.
-    static std::vector<Fields> ReadOpenRow(std::string_view row) {
-        Begin(201);
+    std::vector<Fields> ReadOpenRow(std::string_view row) {
+        MakeReport(201);
         Read({"客户帐单_持仓盈亏单", "客户号: 1", "---------", "序号 交易所", row, "合计"});
-        return FieldsOfAll(OpiSumStore.Rows);
+        return FieldsOfAll(report.OpiSumStore.Rows);
     }
 };
 
@@ -52,7 +47,7 @@ TEST_F(ClientBillPremiumReader, FillsMoneyFromOneRowOfColumns) {
                                {"KHQY", "m15"},
                                {"KYZJ", "m7"},
                                {"BZJZY", "m9"}}));
-    EXPECT_EQ(MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
+    EXPECT_EQ(report.MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
 }
 
 TEST_F(ClientBillPremiumReader, TakesEquityFromTheSixteenthColumnOrTheClosingBalance) {
@@ -109,9 +104,9 @@ TEST_F(ClientBillPremiumReader, CopiesTheClosingBalanceWhole) {
 TEST_F(ClientBillPremiumReader, KeepsItsEquityForFormat201AndLosesItForFormat2) {
     constexpr std::string_view kRow = "1 1000 0 0 10 0 990 600 38% 380.5 0 0 0 0 0 1001";
     EXPECT_EQ(ReadMoneyRow(kRow, 201).at("KHQY"), "1001");
-    EXPECT_EQ(MoneyStore.MaxEquity, 1001);
+    EXPECT_EQ(report.MoneyStore.MaxEquity, 1001);
     EXPECT_EQ(ReadMoneyRow(kRow, 2).at("KHQY"), "980.50");
-    EXPECT_EQ(MoneyStore.MaxEquity, 980.5);
+    EXPECT_EQ(report.MoneyStore.MaxEquity, 980.5);
 }
 
 TEST_F(ClientBillPremiumReader, FeedsTheDaysMoneyToTheStatistics) {
@@ -120,34 +115,34 @@ TEST_F(ClientBillPremiumReader, FeedsTheDaysMoneyToTheStatistics) {
     EXPECT_EQ(figure.Opening, 1000);
     EXPECT_EQ(figure.CashFlow, 50);
     EXPECT_EQ(figure.Closing, 1040);
-    ASSERT_EQ(TradeStatistics.DayUsages.Days.size(), 1U);
-    EXPECT_EQ(TradeStatistics.DayUsages.Days.front()->Margin, 416);
+    ASSERT_EQ(report.TradeStatistics.DayUsages.Days.size(), 1U);
+    EXPECT_EQ(report.TradeStatistics.DayUsages.Days.front()->Margin, 416);
 }
 
 TEST_F(ClientBillPremiumReader, FillsATradeFromItsColumns) {
     Read({"客户帐单_成交记录单", "日  期:20240102", "---------", "成交日期 交易所",
           "t0 t1 t2 t3 买t4 t5 t6 t7 t8 t9 t10 t11 t12 t13 t14", "合计"});
-    EXPECT_EQ(FieldsOfAll(MatchStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240105"},
-                                                                  {"MATCH_DATE", "t0"},
-                                                                  {"EXCH_NAME", "t1"},
-                                                                  {"CONTRACT", "t2"},
-                                                                  {"MATCHNO", "t3"},
-                                                                  {"BID", "买"},
-                                                                  {"MATCH_PRICE", "t5"},
-                                                                  {"MATCH_VOL", "t6"},
-                                                                  {"TURNOVER", "t7"},
-                                                                  {"OFFSET", "t8"},
-                                                                  {"POUNDAGE", "t9"},
-                                                                  {"OFFSETPL", "t11"},
-                                                                  {"ROYALTY", "t12"},
-                                                                  {"HEDGE", "t13"}}}));
+    EXPECT_EQ(FieldsOfAll(report.MatchStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240105"},
+                                                                         {"MATCH_DATE", "t0"},
+                                                                         {"EXCH_NAME", "t1"},
+                                                                         {"CONTRACT", "t2"},
+                                                                         {"MATCHNO", "t3"},
+                                                                         {"BID", "买"},
+                                                                         {"MATCH_PRICE", "t5"},
+                                                                         {"MATCH_VOL", "t6"},
+                                                                         {"TURNOVER", "t7"},
+                                                                         {"OFFSET", "t8"},
+                                                                         {"POUNDAGE", "t9"},
+                                                                         {"OFFSETPL", "t11"},
+                                                                         {"ROYALTY", "t12"},
+                                                                         {"HEDGE", "t13"}}}));
 }
 
 TEST_F(ClientBillPremiumReader, TakesTheHedgeMarkOnlyFromTradesThatHaveIt) {
     Read({"客户帐单_成交记录单", "h", "h", "h", "t0 t1 t2 t3 t4 t5 t6 t7 t8 t9 t10 t11 t12",
           "u0 u1 u2 u3 u4 u5 u6 u7 u8 u9 u10 u11 u12 u13", "合计"});
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "ROYALTY"), (Texts{"t12", "u12"}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "HEDGE"), (Texts{"", "u13"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "ROYALTY"), (Texts{"t12", "u12"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "HEDGE"), (Texts{"", "u13"}));
 }
 
 TEST_F(ClientBillPremiumReader, NormalisesSideAndOpeningMarkOfTrades) {
@@ -157,25 +152,25 @@ TEST_F(ClientBillPremiumReader, NormalisesSideAndOpeningMarkOfTrades) {
           "1 1 1 1 买/Buy 1 1 1 (开仓) 1 1 1 1",  //
           "1 1 1 1 Sell 1 1 1 平仓/Of 1 1 1 1",   //
           "1 1 1 买 开仓 1 1 1 开 1 1 1 1", "合计"});
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "BID"), (Texts{"买", "卖", "买", "卖", "卖"}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "OFFSET"), (Texts{"开仓", "平今", "开仓", "平仓/Of", "开"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "BID"), (Texts{"买", "卖", "买", "卖", "卖"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "OFFSET"), (Texts{"开仓", "平今", "开仓", "平仓/Of", "开"}));
 }
 
 TEST_F(ClientBillPremiumReader, FillsAClosedPositionFromItsColumns) {
     Read({"客户帐单_平仓盈亏单", "客户号: 1", "---------", "平仓日期 交易所",
           "p0 p1 p2 买p3 卖p4 p5 p6 p7 p8 p9 p10 p11 p12 p13 p14", "合计"});
-    EXPECT_EQ(FieldsOfAll(PingDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240105"},
-                                                                       {"MATCH_DATE", "p0"},
-                                                                       {"EXCH_NAME", "p1"},
-                                                                       {"CONTRACT", "p2"},
-                                                                       {"BID", "买"},
-                                                                       {"MATCH_PRICE", "p5"},
-                                                                       {"OPEN_PRICE", "p6"},
-                                                                       {"MATCH_VOL", "p7"},
-                                                                       {"SETTLE_PRICE", "p8"},
-                                                                       {"OFFSETPL", "p9"},
-                                                                       {"OPEN_DATE", "p12"},
-                                                                       {"HEDGE", "p13"}}}));
+    EXPECT_EQ(FieldsOfAll(report.PingDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240105"},
+                                                                              {"MATCH_DATE", "p0"},
+                                                                              {"EXCH_NAME", "p1"},
+                                                                              {"CONTRACT", "p2"},
+                                                                              {"BID", "买"},
+                                                                              {"MATCH_PRICE", "p5"},
+                                                                              {"OPEN_PRICE", "p6"},
+                                                                              {"MATCH_VOL", "p7"},
+                                                                              {"SETTLE_PRICE", "p8"},
+                                                                              {"OFFSETPL", "p9"},
+                                                                              {"OPEN_DATE", "p12"},
+                                                                              {"HEDGE", "p13"}}}));
 }
 
 TEST_F(ClientBillPremiumReader, TakesOpenDateAndHedgeMarkOnlyFromClosedRowsThatHaveThem) {
@@ -184,17 +179,17 @@ TEST_F(ClientBillPremiumReader, TakesOpenDateAndHedgeMarkOnlyFromClosedRowsThatH
           "1 1 1 1 1 1 1 1 1 1 1 p11",           //
           "1 1 1 1 1 1 1 1 1 1 1 p11 p12",       //
           "1 1 1 1 1 1 1 1 1 1 1 p11 p12 p13", "合计"});
-    EXPECT_EQ(TextsOf(PingDetailStore.Rows, "OPEN_DATE"), (Texts{"", "", "p12", "p12"}));
-    EXPECT_EQ(TextsOf(PingDetailStore.Rows, "HEDGE"), (Texts{"", "", "", "p13"}));
+    EXPECT_EQ(TextsOf(report.PingDetailStore.Rows, "OPEN_DATE"), (Texts{"", "", "p12", "p12"}));
+    EXPECT_EQ(TextsOf(report.PingDetailStore.Rows, "HEDGE"), (Texts{"", "", "", "p13"}));
 }
 
 TEST_F(ClientBillPremiumReader, InvertsTheSideOfClosedPositionsAndFoldsThem) {
     Read({"客户帐单_平仓盈亏单", "h", "h", "h", "1 1 cu2405 1 卖 105 100 2 1 99 1",
           "1 1 cu2405 1 买入 103 100 1 1 99 1", "合计"});
-    EXPECT_EQ(TextsOf(PingDetailStore.Rows, "BID"), (Texts{"买", "卖"}));
-    ASSERT_EQ(ReportDocument.Offsets.size(), 1U);
-    EXPECT_EQ(ReportDocument.Offsets.front()->LONG_WIN_PL, 10);
-    EXPECT_EQ(ReportDocument.Offsets.front()->SHORT_LOSE_PL, -3);
+    EXPECT_EQ(TextsOf(report.PingDetailStore.Rows, "BID"), (Texts{"买", "卖"}));
+    ASSERT_EQ(report.ReportDocument.Offsets.size(), 1U);
+    EXPECT_EQ(report.ReportDocument.Offsets.front()->LONG_WIN_PL, 10);
+    EXPECT_EQ(report.ReportDocument.Offsets.front()->SHORT_LOSE_PL, -3);
 }
 
 TEST_F(ClientBillPremiumReader, MakesTwoRecordsOfAnOpenRowBuyFirst) {
@@ -233,8 +228,8 @@ TEST_F(ClientBillPremiumReader, TakesMarginAndHedgeMarkOnlyFromOpenRowsThatHaveT
     };
     for (const auto& row : cases) {
         ReadOpenRow(row.row);
-        EXPECT_EQ(TextsOf(OpiSumStore.Rows, "DEPOSIT"), row.margins) << row.row;
-        EXPECT_EQ(TextsOf(OpiSumStore.Rows, "HEDGE"), row.hedgeMarks) << row.row;
+        EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "DEPOSIT"), row.margins) << row.row;
+        EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "HEDGE"), row.hedgeMarks) << row.row;
     }
 }
 
@@ -249,7 +244,7 @@ TEST_F(ClientBillPremiumReader, TakesOnlySidesWithLots) {
     };
     for (const auto& row : cases) {
         ReadOpenRow(row.row);
-        EXPECT_EQ(TextsOf(OpiSumStore.Rows, "BID"), row.sides) << row.row;
+        EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "BID"), row.sides) << row.row;
     }
 }
 
@@ -258,7 +253,7 @@ TEST_F(ClientBillPremiumReader, FeedsOpenRowsToTheStatistics) {
           "1 1 ru2405 1 4 1 0 1 1 1 1", "合计"});
     // 3 bought for 300, then 1 sold for 300: 2 of 4 lots for 600 remain
     EXPECT_EQ(PositionsOf("20240105"), (Texts{"cu 买 2 300.000000", "al 卖 2 50.000000", "ru 买 4 0.000000"}));
-    EXPECT_EQ(OpiDetailStore.Count(), 0);
+    EXPECT_EQ(report.OpiDetailStore.Count(), 0);
 }
 
 TEST_F(ClientBillPremiumReader, KeepsBarsInEverySheet) {
@@ -287,20 +282,20 @@ TEST_F(ClientBillPremiumReader, KeepsBarsInEverySheet) {
           "合计"});
     EXPECT_EQ(Money().at("QCQY"), "m0");
     EXPECT_EQ(Money().at("BZJZY"), "m8|");
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "MATCH_DATE"), (Texts{"|t0"}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "ROYALTY"), (Texts{"t12|"}));
-    EXPECT_EQ(TextsOf(PingDetailStore.Rows, "MATCH_DATE"), (Texts{"|p0"}));
-    EXPECT_EQ(TextsOf(OpiSumStore.Rows, "CONTRACT"), (Texts{"x"}));
-    EXPECT_EQ(TextsOf(OpiSumStore.Rows, "DEPOSIT"), (Texts{"o10|"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "MATCH_DATE"), (Texts{"|t0"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "ROYALTY"), (Texts{"t12|"}));
+    EXPECT_EQ(TextsOf(report.PingDetailStore.Rows, "MATCH_DATE"), (Texts{"|p0"}));
+    EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "CONTRACT"), (Texts{"x"}));
+    EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "DEPOSIT"), (Texts{"o10|"}));
 }
 
 TEST_F(ClientBillPremiumReader, IsChosenByTheWordForPremium) {
     const std::string text = Statement({"客户帐单_资金清单", "h", "---------", "h", "m0 m1 0 0 1 1 1 1 1"});
     for (const int format : {2, 201}) {
-        Begin(format);
+        MakeReport(format);
         ReadStatement(kBillDay, text);
         EXPECT_EQ(Money().at("QCQY"), "m0") << format;
-        Begin(format);
+        MakeReport(format);
         ReadStatement(kBillDay, text + Gbk("注：权利金另计\r\n"));
         EXPECT_EQ(Money().at("QCQY"), "m1") << format;
     }

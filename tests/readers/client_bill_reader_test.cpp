@@ -15,29 +15,25 @@ namespace {
 
 class ClientBillReader : public BillSheetFixture {
 protected:
-    ClientBillReader() { Begin(201); }
+    ClientBillReader() { MakeReport(201); }
 
-    static void Begin(int format) {
-        ClearAll();
-        Request.StatementFormat = format;
-    }
-
-    static void Read(std::initializer_list<std::string_view> lines) {
-        ReadClientBillStatement(kBillDay, Statement(lines));
+    using ReaderFixture::Read;
+    void Read(std::initializer_list<std::string_view> lines) {
+        Read(ReadClientBillStatement, kBillDay, Statement(lines));
     }
 
     /// The record of a money sheet of this row.
-    static Fields ReadMoneyRow(std::string_view row, int format = 201) {
-        Begin(format);
+    Fields ReadMoneyRow(std::string_view row, int format = 201) {
+        MakeReport(format);
         Read({"客户帐单_资金清单", "客户号: 1", "---------", "上日结存 入金", row});
         return Money();
     }
 
     /// What an open sheet of this row leaves in OpiSumStore.
-    static std::vector<Fields> ReadOpenRow(std::string_view row) {
-        Begin(201);
+    std::vector<Fields> ReadOpenRow(std::string_view row) {
+        MakeReport(201);
         Read({"客户帐单_持仓盈亏单", "客户号: 1", "---------", "交易所 合约", row, "合计"});
-        return FieldsOfAll(OpiSumStore.Rows);
+        return FieldsOfAll(report.OpiSumStore.Rows);
     }
 };
 
@@ -51,7 +47,7 @@ TEST_F(ClientBillReader, FillsMoneyFromOneRowOfColumns) {
                                {"KHQY", "m5"},
                                {"KYZJ", "m6"},
                                {"BZJZY", "m8"}}));
-    EXPECT_EQ(MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
+    EXPECT_EQ(report.MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
 }
 
 TEST_F(ClientBillReader, TakesMoneyFromTheFourthRowBelowTheTitleAlone) {
@@ -82,9 +78,9 @@ TEST_F(ClientBillReader, NeedsADashedRowFromTheSecondRowBelowTheMoneyTitle) {
         {{"客户帐单_资金清单", "h", "h", "h", "1 1 1 1 1 1 1 1 1", "h", "-----------"}, 1},
     };
     for (const auto& sheet : cases) {
-        Begin(201);
-        ReadClientBillStatement(kBillDay, BillOf(sheet.rows));
-        EXPECT_EQ(MoneyStore.Count(), sheet.records) << sheet.rows[2];
+        MakeReport(201);
+        Read(ReadClientBillStatement, kBillDay, BillOf(sheet.rows));
+        EXPECT_EQ(report.MoneyStore.Count(), sheet.records) << sheet.rows[2];
     }
 }
 
@@ -126,9 +122,9 @@ TEST_F(ClientBillReader, CutsTheCopyOfTheClosingBalanceToFourteenCharacters) {
 TEST_F(ClientBillReader, KeepsItsEquityForFormat201AndLosesItForFormat2) {
     constexpr std::string_view kRow = "1000 0 0 10 0 990 600 38% 380.5";
     EXPECT_EQ(ReadMoneyRow(kRow, 201).at("KHQY"), "990");
-    EXPECT_EQ(MoneyStore.MaxEquity, 990);
+    EXPECT_EQ(report.MoneyStore.MaxEquity, 990);
     EXPECT_EQ(ReadMoneyRow(kRow, 2).at("KHQY"), "980.50");
-    EXPECT_EQ(MoneyStore.MaxEquity, 980.5);
+    EXPECT_EQ(report.MoneyStore.MaxEquity, 980.5);
 }
 
 TEST_F(ClientBillReader, KeepsBarsOfTheMoneyRow) {
@@ -145,42 +141,42 @@ TEST_F(ClientBillReader, FeedsTheDaysMoneyToTheStatistics) {
     EXPECT_EQ(figure.Closing, 1040);
     EXPECT_EQ(figure.ClosedPL, 0);
     EXPECT_EQ(figure.PositionPL, 0);
-    ASSERT_EQ(TradeStatistics.DayUsages.Days.size(), 1U);
-    EXPECT_EQ(TradeStatistics.DayUsages.Days.front()->Margin, 416);
-    EXPECT_EQ(TradeStatistics.DayUsages.Days.front()->Risk, 0.4);
+    ASSERT_EQ(report.TradeStatistics.DayUsages.Days.size(), 1U);
+    EXPECT_EQ(report.TradeStatistics.DayUsages.Days.front()->Margin, 416);
+    EXPECT_EQ(report.TradeStatistics.DayUsages.Days.front()->Risk, 0.4);
 }
 
 TEST_F(ClientBillReader, FillsATradeFromItsColumns) {
     Read({"客户帐单_成交记录单", "日  期:20240102", "---------", "成交日期 交易所",
           "t0 t1 t2 t3 买t4 t5 t6 t7 开仓t8 t9 t10 t11 t12", "合计"});
-    EXPECT_EQ(FieldsOfAll(MatchStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240105"},
-                                                                  {"MATCH_DATE", "t0"},
-                                                                  {"EXCH_NAME", "t1"},
-                                                                  {"CONTRACT", "t2"},
-                                                                  {"BID", "买t4"},
-                                                                  {"MATCH_PRICE", "t5"},
-                                                                  {"MATCH_VOL", "t6"},
-                                                                  {"TURNOVER", "t7"},
-                                                                  {"OFFSET", "开仓t8"},
-                                                                  {"POUNDAGE", "t9"},
-                                                                  {"OFFSETPL", "t10"},
-                                                                  {"HEDGE", "t11"}}}));
+    EXPECT_EQ(FieldsOfAll(report.MatchStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240105"},
+                                                                         {"MATCH_DATE", "t0"},
+                                                                         {"EXCH_NAME", "t1"},
+                                                                         {"CONTRACT", "t2"},
+                                                                         {"BID", "买t4"},
+                                                                         {"MATCH_PRICE", "t5"},
+                                                                         {"MATCH_VOL", "t6"},
+                                                                         {"TURNOVER", "t7"},
+                                                                         {"OFFSET", "开仓t8"},
+                                                                         {"POUNDAGE", "t9"},
+                                                                         {"OFFSETPL", "t10"},
+                                                                         {"HEDGE", "t11"}}}));
 }
 
 TEST_F(ClientBillReader, FillsAClosedPositionFromItsColumns) {
     Read({"客户帐单_平仓盈亏单", "客户号: 1", "---------", "平仓日期 交易所",
           "p0 p1 p2 买p3 卖p4 p5 p6 p7 p8 p9 p10 p11 p12 p13", "合计"});
-    EXPECT_EQ(FieldsOfAll(PingDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240105"},
-                                                                       {"MATCH_DATE", "p0"},
-                                                                       {"EXCH_NAME", "p1"},
-                                                                       {"CONTRACT", "p2"},
-                                                                       {"BID", "买"},
-                                                                       {"MATCH_PRICE", "p5"},
-                                                                       {"OPEN_PRICE", "p6"},
-                                                                       {"MATCH_VOL", "p7"},
-                                                                       {"SETTLE_PRICE", "p8"},
-                                                                       {"OFFSETPL", "p9"},
-                                                                       {"OPEN_DATE", "p11"}}}));
+    EXPECT_EQ(FieldsOfAll(report.PingDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240105"},
+                                                                              {"MATCH_DATE", "p0"},
+                                                                              {"EXCH_NAME", "p1"},
+                                                                              {"CONTRACT", "p2"},
+                                                                              {"BID", "买"},
+                                                                              {"MATCH_PRICE", "p5"},
+                                                                              {"OPEN_PRICE", "p6"},
+                                                                              {"MATCH_VOL", "p7"},
+                                                                              {"SETTLE_PRICE", "p8"},
+                                                                              {"OFFSETPL", "p9"},
+                                                                              {"OPEN_DATE", "p11"}}}));
 }
 
 TEST_F(ClientBillReader, InvertsTheSideOfClosedPositionsAndFoldsThem) {
@@ -188,11 +184,11 @@ TEST_F(ClientBillReader, InvertsTheSideOfClosedPositionsAndFoldsThem) {
           "1 1 cu2405 1 卖 105 100 2 1 99 1 1",    // a long position, closed 5 points higher
           "1 1 cu2405 1 买入 103 100 1 1 99 1 1",  // a short one, closed 3 points higher
           "1 1 cu2405 1 x 100 100 1 1 99 1 1", "合计"});
-    EXPECT_EQ(TextsOf(PingDetailStore.Rows, "BID"), (Texts{"买", "卖", "买"}));
-    ASSERT_EQ(ReportDocument.Offsets.size(), 1U);
-    EXPECT_EQ(ReportDocument.Offsets.front()->LONG_WIN_PL, 10);
-    EXPECT_EQ(ReportDocument.Offsets.front()->LONG_COUNT, 2);
-    EXPECT_EQ(ReportDocument.Offsets.front()->SHORT_LOSE_PL, -3);
+    EXPECT_EQ(TextsOf(report.PingDetailStore.Rows, "BID"), (Texts{"买", "卖", "买"}));
+    ASSERT_EQ(report.ReportDocument.Offsets.size(), 1U);
+    EXPECT_EQ(report.ReportDocument.Offsets.front()->LONG_WIN_PL, 10);
+    EXPECT_EQ(report.ReportDocument.Offsets.front()->LONG_COUNT, 2);
+    EXPECT_EQ(report.ReportDocument.Offsets.front()->SHORT_LOSE_PL, -3);
 }
 
 TEST_F(ClientBillReader, DropsBarsAroundRowsOfTradesAndClosedPositions) {
@@ -200,10 +196,10 @@ TEST_F(ClientBillReader, DropsBarsAroundRowsOfTradesAndClosedPositions) {
           "|| u0 u1 u2 u3 u4 u5 u6 u7 u8 u9 u10 u11 ||", "| v0 v1 v2 v3 v4 v5 v6 v7 v8 v9 v10 |", "合计",
           "客户帐单_平仓盈亏单", "h", "h", "h", "| p0 p1 p2 p3 p4 p5 p6 p7 p8 p9 p10 p11 |",
           "|q0 q1 q2 q3 q4 q5 q6 q7 q8 q9 q10 q11||", "|| r0 r1 r2 r3 r4 r5 r6 r7 r8 r9 r10 ||", "合计"});
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "MATCH_DATE"), (Texts{"t0", "u0"}));  // a bar makes no twelfth column
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "HEDGE"), (Texts{"t11", "u11"}));
-    EXPECT_EQ(TextsOf(PingDetailStore.Rows, "MATCH_DATE"), (Texts{"p0", "q0"}));
-    EXPECT_EQ(TextsOf(PingDetailStore.Rows, "OPEN_DATE"), (Texts{"p11", "q11"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "MATCH_DATE"), (Texts{"t0", "u0"}));  // a bar makes no twelfth column
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "HEDGE"), (Texts{"t11", "u11"}));
+    EXPECT_EQ(TextsOf(report.PingDetailStore.Rows, "MATCH_DATE"), (Texts{"p0", "q0"}));
+    EXPECT_EQ(TextsOf(report.PingDetailStore.Rows, "OPEN_DATE"), (Texts{"p11", "q11"}));
 }
 
 TEST_F(ClientBillReader, KeepsBarsOfOpenRows) {
@@ -253,7 +249,7 @@ TEST_F(ClientBillReader, TakesOnlySidesWithLots) {
     };
     for (const auto& row : cases) {
         ReadOpenRow(row.row);
-        EXPECT_EQ(TextsOf(OpiSumStore.Rows, "BID"), row.sides) << row.row;
+        EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "BID"), row.sides) << row.row;
     }
 }
 
@@ -261,17 +257,17 @@ TEST_F(ClientBillReader, FeedsOpenRowsToTheStatistics) {
     Read({"客户帐单_持仓盈亏单", "h", "h", "h", "1 cu2405 3 1 1 1 1 1 1 300 1", "1 al2406 0 1 2 1 1 1 1 50 1", "合计"});
     // 3 bought for 300, then 1 sold for 300: 2 of 4 lots for 600 remain
     EXPECT_EQ(PositionsOf("20240105"), (Texts{"cu 买 2 300.000000", "al 卖 2 50.000000"}));
-    EXPECT_EQ(OpiDetailStore.Count(), 0);
+    EXPECT_EQ(report.OpiDetailStore.Count(), 0);
 }
 
 TEST_F(ClientBillReader, ReadsTheSameWithEitherLineEnd) {
     const std::string text =
         Statement({"客户帐单_资金清单", "h", "---------", "h", "1 2 0 4 5 6 7 8 9", "客户帐单_持仓盈亏单", "h", "h",
                    "h", "1 x 3 1 0 1 1 1 1 1 1", "合计 1 2 5.5", "客户帐单_平仓盈亏单", "h", "h", "h", "合计 1 7.5"});
-    const auto read = [](const std::string& statement) {
-        Begin(201);
-        ReadClientBillStatement(kBillDay, statement);
-        return std::pair(Money(), FieldsOfAll(OpiSumStore.Rows));
+    const auto read = [this](const std::string& statement) {
+        MakeReport(201);
+        Read(ReadClientBillStatement, kBillDay, statement);
+        return std::pair(Money(), FieldsOfAll(report.OpiSumStore.Rows));
     };
     const auto withCarriageReturns = read(text);
     EXPECT_EQ(withCarriageReturns.first.at("PCYK"), "7.5");

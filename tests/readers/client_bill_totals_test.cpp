@@ -30,6 +30,8 @@ Lines ClosedSheet(const Lines& rows, const std::string& totals = "合计") {
 /// What the stores hold of the day's P/L whenever something is told of a sheet.
 class CTotalsWatch : public CScanListener {
 public:
+    explicit CTotalsWatch(const CReport& report) : report_(report) {}
+
     Texts seen;
 
     void OnTemplate(const TemplateSeen& /*seen*/) override {}
@@ -48,32 +50,30 @@ public:
 
 private:
     void Note(const std::string& row, const std::string& field) {
-        const Texts texts = TextsOf(MoneyStore.Records, field);
+        const Texts texts = TextsOf(report_.MoneyStore.Records, field);
         seen.push_back(row.substr(0, row.find(' ')) + ":" + (texts.empty() ? std::string() : texts.front()));
     }
 
+    const CReport& report_;
     SectionKind kind_ = SectionKind::Money;
 };
 
 class ClientBillTotals : public BillSheetFixture {
 protected:
-    ClientBillTotals() { Begin(); }
+    ClientBillTotals() { MakeReport(201); }
 
-    static void Begin() {
-        ClearAll();
-        Request.StatementFormat = 201;
+    using ReaderFixture::Read;
+    void Read(const Lines& lines, CScanListener* listener = nullptr) {
+        MakeReport(201);
+        Read(ReadClientBillStatement, kBillDay, BillOf(lines), listener);
     }
-    static void Read(const Lines& lines, CScanListener* listener = nullptr) {
-        Begin();
-        ReadClientBillStatement(kBillDay, BillOf(lines), listener);
-    }
-    static void ReadPremium(const Lines& lines, CScanListener* listener = nullptr) {
-        Begin();
-        ReadClientBillPremiumStatement(kBillDay, BillOf(lines), listener);
+    void ReadPremium(const Lines& lines, CScanListener* listener = nullptr) {
+        MakeReport(201);
+        Read(ReadClientBillPremiumStatement, kBillDay, BillOf(lines), listener);
     }
 
     /// A field of the only money record; kEmpty if it has none.
-    static std::string MoneyField(const std::string& name) {
+    std::string MoneyField(const std::string& name) {
         const Fields money = Money();
         const auto found = money.find(name);
         return found == money.end() ? kEmpty : found->second;
@@ -84,20 +84,20 @@ TEST_F(ClientBillTotals, TakePositionPLFromTheTotalsRowAndNotFromTheRows) {
     Read(Joined({kMoneySheet, OpenSheet({"1 x 2 1 3 1 1 1 50 1 1"}, "合计 0 0 123.45 1 1 1")}));
     EXPECT_EQ(MoneyField("CCDSYK"), "123.45");
     EXPECT_EQ(MoneyField("PCYK"), kEmpty);
-    EXPECT_EQ(MoneyStore.TotalPositionPL, 123.45);
+    EXPECT_EQ(report.MoneyStore.TotalPositionPL, 123.45);
     EXPECT_EQ(FigureOf("20240105").PositionPL, 123.45);
-    EXPECT_EQ(TextsOf(OpiSumStore.Rows, "DSYK"), (Texts{"50", "50"}));
+    EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "DSYK"), (Texts{"50", "50"}));
 }
 
 TEST_F(ClientBillTotals, TakeClosedPLFromTheTotalsRowAndNotFromTheRows) {
     Read(Joined({kMoneySheet, ClosedSheet({"1 1 1 1 1 1 1 1 1 50 1 1"}, "合计 0 -77.5 1 1")}));
     EXPECT_EQ(MoneyField("PCYK"), "-77.5");
     EXPECT_EQ(MoneyField("CCDSYK"), kEmpty);
-    EXPECT_EQ(MoneyStore.TotalClosedPL, -77.5);
-    EXPECT_EQ(MoneyStore.MinDayPL, -77.5);
-    EXPECT_EQ(MoneyStore.MaxDayPL, 0);
+    EXPECT_EQ(report.MoneyStore.TotalClosedPL, -77.5);
+    EXPECT_EQ(report.MoneyStore.MinDayPL, -77.5);
+    EXPECT_EQ(report.MoneyStore.MaxDayPL, 0);
     EXPECT_EQ(FigureOf("20240105").ClosedPL, -77.5);
-    EXPECT_EQ(TextsOf(PingDetailStore.Rows, "OFFSETPL"), (Texts{"50"}));
+    EXPECT_EQ(TextsOf(report.PingDetailStore.Rows, "OFFSETPL"), (Texts{"50"}));
 }
 
 TEST_F(ClientBillTotals, TakePositionPLFromTheFourthColumnOfTheTotalsRow) {
@@ -123,7 +123,7 @@ TEST_F(ClientBillTotals, TakePositionPLFromTheFourthColumnOfTheTotalsRow) {
     for (const auto& row : cases) {
         Read(Joined({kMoneySheet, OpenSheet({}, row.totals)}));
         EXPECT_EQ(MoneyField("CCDSYK"), row.text) << row.totals;
-        EXPECT_EQ(MoneyStore.TotalPositionPL, row.amount) << row.totals;
+        EXPECT_EQ(report.MoneyStore.TotalPositionPL, row.amount) << row.totals;
         EXPECT_EQ(FigureOf("20240105").PositionPL, row.amount) << row.totals;
     }
 }
@@ -149,7 +149,7 @@ TEST_F(ClientBillTotals, TakeClosedPLFromTheThirdColumnOfTheTotalsRow) {
     for (const auto& row : cases) {
         Read(Joined({kMoneySheet, ClosedSheet({}, row.totals)}));
         EXPECT_EQ(MoneyField("PCYK"), row.text) << row.totals;
-        EXPECT_EQ(MoneyStore.TotalClosedPL, row.amount) << row.totals;
+        EXPECT_EQ(report.MoneyStore.TotalClosedPL, row.amount) << row.totals;
         EXPECT_EQ(FigureOf("20240105").ClosedPL, row.amount) << row.totals;
     }
 }
@@ -160,7 +160,7 @@ TEST_F(ClientBillTotals, LeaveTheDaysFiguresAloneIfTheTotalsRowIsShort) {
 }
 
 TEST_F(ClientBillTotals, AreReportedBeforeTheRowsOfTheirSheet) {
-    CTotalsWatch watch;
+    CTotalsWatch watch(report);
     Read(Joined({kMoneySheet, OpenSheet({"o1 x 2 1 0 1 1 1 50 1 1", "o2 x 2 1 0 1 1 1 50 1 1"}, "合计 0 0 123.45"),
                  ClosedSheet({"c1 1 1 1 1 1 1 1 1 50 1 1", "c2 1 1 1 1 1 1 1 1 50 1 1"}, "合计 0 77.5")}),
          &watch);
@@ -169,11 +169,11 @@ TEST_F(ClientBillTotals, AreReportedBeforeTheRowsOfTheirSheet) {
 
 TEST_F(ClientBillTotals, ReachTheStatisticsEvenWithoutAMoneyRecord) {
     Read(Joined({OpenSheet({}, "合计 0 0 123.45"), ClosedSheet({}, "合计 0 77.5")}));
-    EXPECT_EQ(MoneyStore.Count(), 0);
-    EXPECT_EQ(MoneyStore.TotalPositionPL, 0);
-    EXPECT_EQ(MoneyStore.TotalClosedPL, 0);
-    EXPECT_EQ(MoneyStore.MaxDayPL, 0);
-    EXPECT_EQ(TradeStatistics.DayFigures.Days.size(), 1U);
+    EXPECT_EQ(report.MoneyStore.Count(), 0);
+    EXPECT_EQ(report.MoneyStore.TotalPositionPL, 0);
+    EXPECT_EQ(report.MoneyStore.TotalClosedPL, 0);
+    EXPECT_EQ(report.MoneyStore.MaxDayPL, 0);
+    EXPECT_EQ(report.TradeStatistics.DayFigures.Days.size(), 1U);
     EXPECT_EQ(FigureOf("20240105").PositionPL, 123.45);
     EXPECT_EQ(FigureOf("20240105").ClosedPL, 77.5);
 }
@@ -182,7 +182,7 @@ TEST_F(ClientBillTotals, StayAwayWithTheirSheet) {
     Read(Joined({kMoneySheet, {"客户帐单_持仓盈亏单", "h", "h", "h", "1 x 2 1 0 1 1 1 50 1 1"}}));
     EXPECT_EQ(MoneyField("CCDSYK"), kEmpty);
     EXPECT_EQ(MoneyField("PCYK"), kEmpty);
-    EXPECT_EQ(OpiSumStore.Count(), 0);
+    EXPECT_EQ(report.OpiSumStore.Count(), 0);
 }
 
 TEST_F(ClientBillTotals, OfThePremiumFormAddUpClosedRows) {
@@ -192,9 +192,9 @@ TEST_F(ClientBillTotals, OfThePremiumFormAddUpClosedRows) {
                                   "合计 1 999 999")}));
     EXPECT_EQ(MoneyField("PCYK"), "9.250000");  // the row of ten columns stays out
     EXPECT_EQ(MoneyField("CCDSYK"), kEmpty);
-    EXPECT_EQ(MoneyStore.TotalClosedPL, 9.25);
-    EXPECT_EQ(MoneyStore.MaxDayPL, 9.25);
-    EXPECT_EQ(MoneyStore.MinDayPL, 0);
+    EXPECT_EQ(report.MoneyStore.TotalClosedPL, 9.25);
+    EXPECT_EQ(report.MoneyStore.MaxDayPL, 9.25);
+    EXPECT_EQ(report.MoneyStore.MinDayPL, 0);
     EXPECT_EQ(FigureOf("20240105").ClosedPL, 9.25);
 }
 
@@ -205,7 +205,7 @@ TEST_F(ClientBillTotals, OfThePremiumFormAddUpEachOpenRecord) {
                                        "合计 1 1 999 999")}));
     EXPECT_EQ(MoneyField("CCDSYK"), "81.250000");  // 50.5 twice: its row has both sides
     EXPECT_EQ(MoneyField("PCYK"), kEmpty);
-    EXPECT_EQ(MoneyStore.TotalPositionPL, 81.25);
+    EXPECT_EQ(report.MoneyStore.TotalPositionPL, 81.25);
     EXPECT_EQ(FigureOf("20240105").PositionPL, 81.25);
 }
 
@@ -214,7 +214,7 @@ TEST_F(ClientBillTotals, OfThePremiumFormAreZeroForSheetsWithoutRows) {
     EXPECT_EQ(MoneyField("CCDSYK"), "0.000000");
     EXPECT_EQ(MoneyField("PCYK"), "0.000000");
     ReadPremium(Joined({OpenSheet({}), ClosedSheet({})}));
-    EXPECT_EQ(TradeStatistics.DayFigures.Days.size(), 1U);
+    EXPECT_EQ(report.TradeStatistics.DayFigures.Days.size(), 1U);
 }
 
 TEST_F(ClientBillTotals, OfThePremiumFormStayAwayWithTheirSheet) {
@@ -227,7 +227,7 @@ TEST_F(ClientBillTotals, OfThePremiumFormStayAwayWithTheirSheet) {
 }
 
 TEST_F(ClientBillTotals, OfThePremiumFormAreReportedBehindTheRowsOfTheirSheet) {
-    CTotalsWatch watch;
+    CTotalsWatch watch(report);
     ReadPremium(Joined({kMoneySheet, OpenSheet({"o1 1 x 1 2 1 0 1 1 1 50", "o2 1 x 1 2 1 0 1 1 1 50"}),
                         ClosedSheet({"c1 1 1 1 1 1 1 1 1 50 1", "c2 1 1 1 1 1 1 1 1 50 1"})}),
                 &watch);
@@ -238,9 +238,9 @@ TEST_F(ClientBillTotals, OfThePremiumFormAreReportedBehindTheRowsOfTheirSheet) {
 
 TEST_F(ClientBillTotals, OfThePremiumFormReachTheStatisticsEvenWithoutAMoneyRecord) {
     ReadPremium(Joined({OpenSheet({"1 1 x 1 2 1 0 1 1 1 50"}), ClosedSheet({"1 1 1 1 1 1 1 1 1 -7.5 1"})}));
-    EXPECT_EQ(MoneyStore.Count(), 0);
-    EXPECT_EQ(MoneyStore.TotalPositionPL, 0);
-    EXPECT_EQ(MoneyStore.TotalClosedPL, 0);
+    EXPECT_EQ(report.MoneyStore.Count(), 0);
+    EXPECT_EQ(report.MoneyStore.TotalPositionPL, 0);
+    EXPECT_EQ(report.MoneyStore.TotalClosedPL, 0);
     EXPECT_EQ(FigureOf("20240105").PositionPL, 50);
     EXPECT_EQ(FigureOf("20240105").ClosedPL, -7.5);
 }
@@ -250,10 +250,10 @@ TEST_F(ClientBillTotals, OfThePremiumFormAreCutInTheRecordAlone) {
                         OpenSheet({"1 1 x 1 2 1 0 1 1 1 -123456789.25"})}));
     EXPECT_EQ(MoneyField("PCYK"), "1234567890.5000");
     EXPECT_EQ(FigureOf("20240105").ClosedPL, 1234567890.5);
-    EXPECT_EQ(MoneyStore.TotalClosedPL, 1234567890.5);
+    EXPECT_EQ(report.MoneyStore.TotalClosedPL, 1234567890.5);
     EXPECT_EQ(MoneyField("CCDSYK"), "-123456789.2500");
     EXPECT_EQ(FigureOf("20240105").PositionPL, -123456789.25);
-    EXPECT_EQ(MoneyStore.TotalPositionPL, -123456789.25);
+    EXPECT_EQ(report.MoneyStore.TotalPositionPL, -123456789.25);
 }
 
 TEST_F(ClientBillTotals, OfThePremiumFormTakeHugeAmounts) {

@@ -29,22 +29,22 @@ constexpr FixedLayout kLayout{.money = SectionOf("MONEY", 0),
                               .closed = {SectionOf("CLOSED", 2), kClosed},
                               .open = {SectionOf("OPEN", 2), kOpen},
                               .summary = SectionOf("SUMMARY", 3),
-                              .summarySides = kSides};
+                              .summarySides = {.sides = kSides}};
 
 constexpr std::string_view kSections[] = {"MONEY\nequity 5\nend\n", "TRADES\ntrade 1\nend\n", "CLOSED\nclosed 1\nend\n",
                                           "OPEN\nopen 1\nend\n", "SUMMARY\nsum 1 2\nend\n"};
 
 class FixedLayouts : public ReaderFixture {
 protected:
-    static void Read(const FixedLayout& layout, std::string_view text) {
-        ClearAll();
-        ReadFixedLayout(layout, "20240105", text);
+    void Read(const FixedLayout& layout, std::string_view text) {
+        MakeReport();
+        ReadFixedLayout(layout, {.day = "20240105", .text = text}, report);
     }
 
     /// Whether something was read from each of kSections.
-    static std::vector<bool> SectionsRead() {
-        return {MoneyStore.Count() != 0, MatchStore.Count() != 0, PingDetailStore.Count() != 0,
-                OpiDetailStore.Count() != 0, OpiSumStore.Count() != 0};
+    std::vector<bool> SectionsRead() {
+        return {report.MoneyStore.Count() != 0, report.MatchStore.Count() != 0, report.PingDetailStore.Count() != 0,
+                report.OpiDetailStore.Count() != 0, report.OpiSumStore.Count() != 0};
     }
 };
 
@@ -52,13 +52,15 @@ TEST_F(FixedLayouts, ReadAllSections) {
     std::string text;
     for (const std::string_view section : kSections) text += section;
     Read(kLayout, text);
-    EXPECT_EQ(FieldsOfAll(MoneyStore.Records), (std::vector<Fields>{{{"BILL_DATE", "20240105"}, {"KHQY", "5"}}}));
-    EXPECT_EQ(FieldsOfAll(MatchStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240105"}, {"CONTRACT", "trade"}}}));
-    EXPECT_EQ(FieldsOfAll(PingDetailStore.Rows),
+    EXPECT_EQ(FieldsOfAll(report.MoneyStore.Records),
+              (std::vector<Fields>{{{"BILL_DATE", "20240105"}, {"KHQY", "5"}}}));
+    EXPECT_EQ(FieldsOfAll(report.MatchStore.Rows),
+              (std::vector<Fields>{{{"BILL_DATE", "20240105"}, {"CONTRACT", "trade"}}}));
+    EXPECT_EQ(FieldsOfAll(report.PingDetailStore.Rows),
               (std::vector<Fields>{{{"BILL_DATE", "20240105"}, {"CONTRACT", "closed"}}}));
-    EXPECT_EQ(FieldsOfAll(OpiDetailStore.Rows),
+    EXPECT_EQ(FieldsOfAll(report.OpiDetailStore.Rows),
               (std::vector<Fields>{{{"BILL_DATE", "20240105"}, {"CONTRACT", "open"}}}));
-    EXPECT_EQ(FieldsOfAll(OpiSumStore.Rows),
+    EXPECT_EQ(FieldsOfAll(report.OpiSumStore.Rows),
               (std::vector<Fields>{{{"BILL_DATE", "20240105"}, {"CONTRACT", "sum"}, {"BID", "long"}},
                                    {{"BILL_DATE", "20240105"}, {"CONTRACT", "sum"}, {"BID", "short"}}}));
 }
@@ -98,12 +100,12 @@ TEST_F(FixedLayouts, FileTheirRecordsUnderTheStatedDateIfTheyHaveADateWord) {
     layout.dateWord = "Date:";
     const std::string body = std::string(kSections[0]) + std::string(kSections[1]);
     Read(layout, "-Date:20240102\n" + body);
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "BILL_DATE"), (Texts{"20240102"}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "BILL_DATE"), (Texts{"20240102"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "BILL_DATE"), (Texts{"20240102"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "BILL_DATE"), (Texts{"20240102"}));
     Read(layout, body);
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "BILL_DATE"), (Texts{""}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "BILL_DATE"), (Texts{""}));
     Read(kLayout, "-Date:20240102\n" + body);
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "BILL_DATE"), (Texts{"20240105"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "BILL_DATE"), (Texts{"20240105"}));
 }
 
 TEST_F(FixedLayouts, SkipAStoredDayIfTheySaySo) {
@@ -112,10 +114,10 @@ TEST_F(FixedLayouts, SkipAStoredDayIfTheySaySo) {
         layout.skipsStoredDay = skips;
         const std::string text = std::string(kSections[0]) + std::string(kSections[1]);
         Read(layout, text);
-        EXPECT_EQ(MatchStore.Count(), 1);
-        ReadFixedLayout(layout, "20240105", text);
-        EXPECT_EQ(MatchStore.Count(), skips ? 1 : 2);
-        EXPECT_EQ(MoneyStore.Count(), 1);
+        EXPECT_EQ(report.MatchStore.Count(), 1);
+        ReadFixedLayout(layout, {.day = "20240105", .text = text}, report);
+        EXPECT_EQ(report.MatchStore.Count(), skips ? 1 : 2);
+        EXPECT_EQ(report.MoneyStore.Count(), 1);
     }
 }
 
@@ -124,11 +126,11 @@ TEST_F(FixedLayouts, ComputePremiumIfTheyHaveItsWords) {
     layout.premium = {.income = "received", .payment = "paid"};
     const std::string_view text = "MONEY\nreceived: 10 paid: 4\npaid: 2.5\nend";
     Read(layout, text);
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "QLJSZ"), (Texts{"7.50"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "QLJSZ"), (Texts{"7.50"}));
     Read(layout, kSections[0]);
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "QLJSZ"), (Texts{"0.00"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "QLJSZ"), (Texts{"0.00"}));
     Read(kLayout, text);
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "QLJSZ"), (Texts{""}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "QLJSZ"), (Texts{""}));
 }
 
 TEST_F(FixedLayouts, HaveNoSummaryWithoutSides) {

@@ -78,19 +78,21 @@ protected:
     }
     static std::string WideRow() { return RowOf(GetParam().minColumns); }
 
-    static void Read(const std::vector<std::string>& rows) {
-        ClearAll();
+    using ReaderFixture::Read;
+    void Read(const std::vector<std::string>& rows) {
+        MakeReport();
         std::string text = "head\r\n";
         for (const std::string& row : rows) text += Gbk(row) + "\r\n";
-        GetParam().reader(kDay, text, nullptr);
+        Read(GetParam().reader, kDay, text);
     }
 
     /// Records made of a section of these rows below its title row.
-    static int RecordsOf(const std::vector<std::string>& rows) { return RecordsOf(GetParam().title, rows); }
-    static int RecordsOf(const std::string& title, std::vector<std::string> rows) {
+    int RecordsOf(const std::vector<std::string>& rows) { return RecordsOf(GetParam().title, rows); }
+    int RecordsOf(const std::string& title, std::vector<std::string> rows) {
         rows.insert(rows.begin(), title);
         Read(rows);
-        return MatchStore.Count() + PingDetailStore.Count() + OpiDetailStore.Count() + OpiSumStore.Count();
+        return report.MatchStore.Count() + report.PingDetailStore.Count() + report.OpiDetailStore.Count() +
+               report.OpiSumStore.Count();
     }
 
     /// The section with `count` wide rows between title and terminating row, the first ones standing for headings.
@@ -184,15 +186,15 @@ protected:
     static constexpr int kNoRecord = -1;
 
     /// Which row below the title filled KHQY last, counted from 1; 0 if none did.
-    static int LastRowRead(int rowCount, int terminatorRow = 0) {
+    int LastRowRead(int rowCount, int terminatorRow = 0) {
         std::vector<std::string> rows = {GetParam().title};
         for (int row = 1; row <= rowCount; ++row) {
             rows.push_back(row == terminatorRow ? GetParam().terminator : "客户权益: " + std::to_string(row));
         }
         rows.emplace_back(GetParam().terminator);
         Read(rows);
-        if (MoneyStore.Count() == 0) return kNoRecord;
-        const std::string text = TextsOf(MoneyStore.Records, "KHQY").front();
+        if (report.MoneyStore.Count() == 0) return kNoRecord;
+        const std::string text = TextsOf(report.MoneyStore.Records, "KHQY").front();
         return text.empty() ? 0 : std::stoi(text);
     }
 };
@@ -201,10 +203,10 @@ TEST_P(FixedMoneyBlocks, BeginAtTheirFirstRow) {
     std::vector<std::string> rows = {GetParam().title, "客户权益: 1", "出入金: 2",          "其他: 3",
                                      "其他: 4",        "其他: 5",     GetParam().terminator};
     Read(rows);
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "KHQY"), (Texts{""}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "KHQY"), (Texts{""}));
     std::swap(rows[1], rows[2]);
     Read(rows);
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "KHQY"), (Texts{"1"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "KHQY"), (Texts{"1"}));
 }
 
 TEST_P(FixedMoneyBlocks, EndAtTheirOffset) {
@@ -235,7 +237,7 @@ TEST_P(FixedMoneyBlocks, EndAtALongEnoughRowOfDashes) {
         std::vector<std::string> ended = rows;
         ended.push_back(end);
         Read(ended);
-        EXPECT_EQ(MoneyStore.Count(), records) << end;
+        EXPECT_EQ(report.MoneyStore.Count(), records) << end;
     }
 }
 

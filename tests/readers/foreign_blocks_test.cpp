@@ -7,10 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/root_folder.h"
 #include "readers/foreign_fixture.h"
 #include "readers/near_words.h"
-#include "readers/statement_loader.h"
 #include "support/temp_folder.h"
 
 namespace tradebill {
@@ -21,17 +19,17 @@ using Names = std::vector<std::string>;
 class ForeignBlocks : public ForeignFixture {
 protected:
     /// The currencies of a summary with this heading.
-    static Names NamesOf(std::string_view heading) {
+    Names NamesOf(std::string_view heading) {
         Read({"资金汇总", heading, "当前权益 1 2 3", "追加保证金"});
-        EXPECT_EQ(MoneyStore.Count(), CurrencyMoneyStore.Names.empty() ? 0 : 1) << heading;
-        return CurrencyMoneyStore.Names;
+        EXPECT_EQ(report.MoneyStore.Count(), report.CurrencyMoneyStore.Names.empty() ? 0 : 1) << heading;
+        return report.CurrencyMoneyStore.Names;
     }
 
     /// The currencies of a later block with this heading, behind the summary's "USD".
-    static Names LaterNamesOf(std::string_view heading) {
+    Names LaterNamesOf(std::string_view heading) {
         Read({"资金汇总", "Base USD", "当前权益 1", "追加保证金", "借贷成本", heading, "当前权益 1 2 3", "追加保证金"});
-        EXPECT_EQ(MoneyStore.Count(), 1);
-        Names names = CurrencyMoneyStore.Names;
+        EXPECT_EQ(report.MoneyStore.Count(), 1);
+        Names names = report.CurrencyMoneyStore.Names;
         if (names.empty() || names.front() != "USD") return {"the summary is missing"};
         names.erase(names.begin());
         return names;
@@ -78,7 +76,7 @@ TEST_F(ForeignBlocks, ReadNoLaterBlockIfTheSummaryNamesNoCurrency) {
     Read({"资金汇总", "货币 USD", "当前权益 1", "追加保证金",  //
           "借贷成本", "Base                HKD", "当前权益 2", "追加保证金"});
     EXPECT_TRUE(NothingRead());
-    EXPECT_TRUE(CurrencyMoneyStore.Names.empty());
+    EXPECT_TRUE(report.CurrencyMoneyStore.Names.empty());
 }
 
 TEST_F(ForeignBlocks, NameLaterCurrenciesFromByteTwentyOn) {
@@ -108,7 +106,7 @@ TEST_F(ForeignBlocks, EndMoneyAtALaterHeadingWithoutNames) {
     Read({"资金汇总", "Base USD", "当前权益 1", "追加保证金",  //
           "借贷成本", "01234567890123456789", "当前权益 2", "追加保证金", "借贷成本", "01234567890123456789HKD",
           "当前权益 3", "追加保证金"});
-    EXPECT_EQ(CurrencyMoneyStore.Names, (Names{"USD"}));
+    EXPECT_EQ(report.CurrencyMoneyStore.Names, (Names{"USD"}));
     EXPECT_EQ(AccountRecords(), OneRecord({{"KHQY", "1"}, {"QMJC", "1"}}));
 }
 
@@ -134,22 +132,22 @@ TEST_F(ForeignBlocks, AddLaterOnesToTheCurrenciesAlone) {
           "浮动盈亏 8",
           "追加保证金"});
     EXPECT_EQ(AccountRecords(), OneRecord({{"KHQY", "1"}, {"QMJC", "1"}, {"SXF", "3"}}));
-    EXPECT_EQ(CurrencyMoneyStore.Names, (Names{"USD", "HKD", "JPY", "EUR", "GBP", "CHF"}));
+    EXPECT_EQ(report.CurrencyMoneyStore.Names, (Names{"USD", "HKD", "JPY", "EUR", "GBP", "CHF"}));
     EXPECT_EQ(RecordsOf("USD"), OneRecord({{"KHQY", "1"}, {"QMJC", "1"}, {"SXF", "3"}}));
     EXPECT_EQ(RecordsOf("HKD"), OneRecord({{"KHQY", "2"}, {"QMJC", "2"}, {"SXF", "4"}}));
     EXPECT_EQ(RecordsOf("JPY"), OneRecord({{"KHQY", "5"}, {"QMJC", "5"}, {"BZJZY", "1000"}}));
     EXPECT_EQ(RecordsOf("EUR"), OneRecord({{"KHQY", "6"}, {"QMJC", "6"}, {"BZJZY", "2000"}}));
     EXPECT_EQ(RecordsOf("GBP"), OneRecord({{"CRJ", "-7"}}));
     EXPECT_EQ(RecordsOf("CHF"), OneRecord({{"HOST_CURRENT", "8"}}));
-    EXPECT_EQ(MoneyStore.MaxEquity, 1);
-    ASSERT_EQ(TradeStatistics.DayFigures.Days.size(), 1U);
-    EXPECT_EQ(TradeStatistics.DayFigures.Days.front()->Closing, 1);
+    EXPECT_EQ(report.MoneyStore.MaxEquity, 1);
+    ASSERT_EQ(report.TradeStatistics.DayFigures.Days.size(), 1U);
+    EXPECT_EQ(report.TradeStatistics.DayFigures.Days.front()->Closing, 1);
 }
 
 TEST_F(ForeignBlocks, MayBeginInTheRowThatEndsTheOneBefore) {
     Read({"资金汇总", "Base USD", "当前权益 1", "追加保证金 借贷成本",  //
           "01234567890123456789HKD", "当前权益 2", "追加保证金"});
-    EXPECT_EQ(CurrencyMoneyStore.Names, (Names{"USD", "HKD"}));
+    EXPECT_EQ(report.CurrencyMoneyStore.Names, (Names{"USD", "HKD"}));
     EXPECT_EQ(RecordsOf("HKD"), OneRecord({{"KHQY", "2"}, {"QMJC", "2"}}));
 }
 
@@ -157,24 +155,24 @@ TEST_F(ForeignBlocks, AreOneSummaryAndLaterOnesBehindIt) {
     Read({"借贷成本", "01234567890123456789JPY", "当前权益 3", "追加保证金",  //
           "资金汇总", "Base USD", "借贷成本", "当前权益 1", "追加保证金",     //
           "资金汇总", "Base HKD", "当前权益 2", "追加保证金"});
-    EXPECT_EQ(CurrencyMoneyStore.Names, (Names{"USD"}));
+    EXPECT_EQ(report.CurrencyMoneyStore.Names, (Names{"USD"}));
     EXPECT_EQ(AccountRecords(), OneRecord({{"KHQY", "1"}, {"QMJC", "1"}}));
 }
 
 TEST_F(ForeignBlocks, NeedTheSummary) {
     Read({"借贷成本", "01234567890123456789HKD", "当前权益 1", "追加保证金"});
-    EXPECT_TRUE(CurrencyMoneyStore.Names.empty());
+    EXPECT_TRUE(report.CurrencyMoneyStore.Names.empty());
     EXPECT_TRUE(NothingRead());
 }
 
 TEST_F(ForeignBlocks, NeedTheWholeWordsOfALaterOne) {
     for (const std::string& title : NearWords("借贷成本")) {
         Read({"资金汇总", "Base USD", "追加保证金", title, "01234567890123456789HKD", "手续费 2", "追加保证金"});
-        EXPECT_EQ(CurrencyMoneyStore.Names, (Names{"USD"})) << title;
+        EXPECT_EQ(report.CurrencyMoneyStore.Names, (Names{"USD"})) << title;
     }
     for (const std::string& word : NearWords("追加保证金")) {
         Read({"资金汇总", "Base USD", "追加保证金", "借贷成本", "01234567890123456789HKD", "手续费 2", word});
-        EXPECT_EQ(CurrencyMoneyStore.Names, (Names{"USD"})) << word;
+        EXPECT_EQ(report.CurrencyMoneyStore.Names, (Names{"USD"})) << word;
     }
 }
 
@@ -196,19 +194,19 @@ TEST_F(ForeignBlocks, LookForTheEndOfLaterOnesFromTheSecondRowBelowTheTitle) {
 TEST_F(ForeignBlocks, KeepWhatWasReadBeforeAnUnendedOne) {
     Read({"资金汇总", "Base USD", "当前权益 1", "追加保证金",  //
           "借贷成本", "01234567890123456789HKD", "当前权益 2"});
-    EXPECT_EQ(CurrencyMoneyStore.Names, (Names{"USD"}));
+    EXPECT_EQ(report.CurrencyMoneyStore.Names, (Names{"USD"}));
     EXPECT_EQ(AccountRecords(), OneRecord({{"KHQY", "1"}, {"QMJC", "1"}}));
 }
 
 // The second of the day takes the place of the first, whose amounts stay in the totals.
 TEST_F(ForeignBlocks, AddEqualNamesToOneStore) {
     Read({"资金汇总", "Base USD USD HKD", "当前权益 1 2 3", "手续费 4 5 6", "追加保证金"});
-    EXPECT_EQ(CurrencyMoneyStore.Names, (Names{"USD", "HKD"}));
-    EXPECT_EQ(CurrencyMoneyStore.Stores.size(), 2U);
+    EXPECT_EQ(report.CurrencyMoneyStore.Names, (Names{"USD", "HKD"}));
+    EXPECT_EQ(report.CurrencyMoneyStore.Stores.size(), 2U);
     EXPECT_EQ(RecordsOf("USD"), OneRecord({{"KHQY", "2"}, {"QMJC", "2"}, {"SXF", "5"}}));
-    EXPECT_EQ(CurrencyMoneyStore.Find("USD")->TotalFees, 9);
-    EXPECT_EQ(CurrencyMoneyStore.Find("USD")->MinEquity, 1);
-    EXPECT_EQ(CurrencyMoneyStore.Find("USD")->MaxEquity, 2);
+    EXPECT_EQ(report.CurrencyMoneyStore.Find("USD")->TotalFees, 9);
+    EXPECT_EQ(report.CurrencyMoneyStore.Find("USD")->MinEquity, 1);
+    EXPECT_EQ(report.CurrencyMoneyStore.Find("USD")->MaxEquity, 2);
     EXPECT_EQ(RecordsOf("HKD"), OneRecord({{"KHQY", "3"}, {"QMJC", "3"}, {"SXF", "6"}}));
     EXPECT_EQ(AccountRecords(), OneRecord({{"KHQY", "1"}, {"QMJC", "1"}, {"SXF", "4"}}));
 }
@@ -216,11 +214,11 @@ TEST_F(ForeignBlocks, AddEqualNamesToOneStore) {
 TEST_F(ForeignBlocks, AddALaterEqualNameToTheStoreOfTheSummary) {
     Read({"资金汇总", "Base USD", "手续费 4", "追加保证金",  //
           "借贷成本", "01234567890123456789USD", "手续费 5", "追加保证金"});
-    EXPECT_EQ(CurrencyMoneyStore.Names, (Names{"USD"}));
+    EXPECT_EQ(report.CurrencyMoneyStore.Names, (Names{"USD"}));
     EXPECT_EQ(RecordsOf("USD"), OneRecord({{"SXF", "5"}}));
-    EXPECT_EQ(CurrencyMoneyStore.Find("USD")->TotalFees, 9);
+    EXPECT_EQ(report.CurrencyMoneyStore.Find("USD")->TotalFees, 9);
     EXPECT_EQ(AccountRecords(), OneRecord({{"SXF", "4"}}));
-    EXPECT_EQ(MoneyStore.TotalFees, 4);
+    EXPECT_EQ(report.MoneyStore.TotalFees, 4);
 }
 
 TEST_F(ForeignBlocks, TellNamesApartByCase) {
@@ -235,11 +233,11 @@ TEST_F(ForeignBlocks, TakeTenThousandCurrencies) {
         row += " " + std::to_string(i) + ".5";
     }
     Read({"资金汇总", heading, row, "手续费 1", "追加保证金"});
-    ASSERT_EQ(CurrencyMoneyStore.Names.size(), 10'000U);
-    EXPECT_EQ(CurrencyMoneyStore.Stores.size(), 10'000U);
+    ASSERT_EQ(report.CurrencyMoneyStore.Names.size(), 10'000U);
+    EXPECT_EQ(report.CurrencyMoneyStore.Stores.size(), 10'000U);
     EXPECT_EQ(RecordsOf("N0"), OneRecord({{"KHQY", "0.5"}, {"QMJC", "0.5"}, {"SXF", "1"}}));
     EXPECT_EQ(RecordsOf("N9999"), OneRecord({{"KHQY", "9999.5"}, {"QMJC", "9999.5"}}));
-    EXPECT_EQ(MoneyStore.Count(), 1);
+    EXPECT_EQ(report.MoneyStore.Count(), 1);
 }
 
 TEST_F(ForeignBlocks, MayBeManyOnOneDay) {
@@ -248,14 +246,14 @@ TEST_F(ForeignBlocks, MayBeManyOnOneDay) {
         text += Statement({"借贷成本", "01234567890123456789N" + std::to_string(i), "手续费 2", "追加保证金"});
     }
     ReadText(text);
-    EXPECT_EQ(CurrencyMoneyStore.Names.size(), 10'001U);
+    EXPECT_EQ(report.CurrencyMoneyStore.Names.size(), 10'001U);
     EXPECT_EQ(RecordsOf("N9999"), OneRecord({{"SXF", "2"}}));
 }
 
 TEST_F(ForeignBlocks, AreReadForTheForeignKindWhateverTheFormat) {
     for (const int format : {-1, 0, 1, 3, 5, 201}) {
         Begin();
-        Request.StatementFormat = format;
+        report.Request.StatementFormat = format;
         ReadStatement("20240105", Statement({"权利金", "资金汇总", "Base USD", "当前权益 1", "追加保证金"}));
         EXPECT_EQ(AccountRecords(), OneRecord({{"KHQY", "1"}, {"QMJC", "1"}})) << format;
     }
@@ -265,24 +263,21 @@ TEST_F(ForeignBlocks, AreReadForTheForeignKindWhateverTheFormat) {
 TEST_F(ForeignBlocks, HaveTheirEquityWorkedOutInFormatsTwoAndSix) {
     for (const int format : {2, 6}) {
         Begin();
-        Request.StatementFormat = format;
+        report.Request.StatementFormat = format;
         ReadStatement("20240105", Statement({"资金汇总", "Base USD HKD", "当前权益 1 2", "维持保证金 3 4",
                                              "可用资金 5 6", "追加保证金"}));
-        EXPECT_EQ(TextsOf(MoneyStore.Records, "KHQY"), (Texts{"8.00"})) << format;
-        EXPECT_EQ(TextsOf(CurrencyMoneyStore.Find("USD")->Records, "KHQY"), (Texts{"8.00"})) << format;
-        EXPECT_EQ(TextsOf(CurrencyMoneyStore.Find("HKD")->Records, "KHQY"), (Texts{"10.00"})) << format;
+        EXPECT_EQ(TextsOf(report.MoneyStore.Records, "KHQY"), (Texts{"8.00"})) << format;
+        EXPECT_EQ(TextsOf(report.CurrencyMoneyStore.Find("USD")->Records, "KHQY"), (Texts{"8.00"})) << format;
+        EXPECT_EQ(TextsOf(report.CurrencyMoneyStore.Find("HKD")->Records, "KHQY"), (Texts{"10.00"})) << format;
     }
 }
 
 TEST_F(ForeignBlocks, AreReadWithoutATemplate) {
-    const std::string formerRoot = RootFolder();
     const CTempFolder folder;
     folder.Write("BillTemplate/broker.ini", "[DEALFIELD]\r\nBILLFORMAT_NEWDATE=no date\r\n");
-    SetRootFolderPath(folder.Path());
-    CopyField(Request.TemplateName, "broker");
+    report.TemplatePath = folder.Path("BillTemplate/broker.ini");
     EXPECT_NO_THROW(ReadStatement("20240105", Statement({"资金汇总", "Base USD", "当前权益 1", "追加保证金"})));
     EXPECT_EQ(AccountRecords(), OneRecord({{"KHQY", "1"}, {"QMJC", "1"}}));
-    SetRootFolderPath(formerRoot);
 }
 
 }  // namespace

@@ -4,28 +4,39 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "readers/foreign_fixture.h"
 #include "readers/near_words.h"
-#include "report/account_statistics.h"
+#include "report/product_source.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {
 
+/// Every contract has the unit 10.
+class CTenfold final : public CProductSource {
+public:
+    [[nodiscard]] std::int32_t UnitOf(std::string_view /*contract*/, std::string_view /*delivery*/) const override {
+        return 10;
+    }
+    [[nodiscard]] std::optional<std::string> CodeOf(std::string_view /*name*/) const override { return std::nullopt; }
+};
+
 class ForeignClosed : public ForeignFixture {
 protected:
     /// Reads a table of these rows alone.
-    static void ReadRows(std::initializer_list<std::string_view> rows) {
+    void ReadRows(std::initializer_list<std::string_view> rows) {
         ReadText(Statement({"平仓明细", "--------", "Date Contract", "--------"}) + Statement(rows) +
                  Statement({"--------", "持仓明细"}));
     }
 
     /// Reads a table of the rows "1" to "9", of 7 columns each, of which one holds a word, and of an ending row.
-    static void ReadNumberedRows(int wordRow, std::string_view word, std::string_view end,
-                                 std::string_view title = "平仓明细") {
+    void ReadNumberedRows(int wordRow, std::string_view word, std::string_view end,
+                          std::string_view title = "平仓明细") {
         std::string text = Statement({title});
         for (int row = 1; row <= 9; ++row) {
             const std::string date = row == wordRow ? std::string(word) : "c0";
@@ -35,16 +46,16 @@ protected:
     }
 
     /// The contracts of the tally, in order of first appearance.
-    static Texts Contracts() {
+    Texts Contracts() {
         Texts contracts;
-        for (const auto& offset : ReportDocument.Offsets) contracts.emplace_back(offset->CONTRACT);
+        for (const auto& offset : report.ReportDocument.Offsets) contracts.emplace_back(offset->CONTRACT);
         return contracts;
     }
 
     /// The only contract of the tally.
-    static ContractOffset Tally() {
-        EXPECT_EQ(ReportDocument.Offsets.size(), 1U);
-        return ReportDocument.Offsets.empty() ? ContractOffset{} : *ReportDocument.Offsets.front();
+    ContractOffset Tally() {
+        EXPECT_EQ(report.ReportDocument.Offsets.size(), 1U);
+        return report.ReportDocument.Offsets.empty() ? ContractOffset{} : *report.ReportDocument.Offsets.front();
     }
 };
 
@@ -90,9 +101,9 @@ TEST_F(ForeignClosed, TalliesContractLotsResultAndCurrency) {
     EXPECT_EQ(tally.LONG_WIN_PL, 6.5);
     EXPECT_EQ(tally.LONG_MAX_WIN, 6.5);
     EXPECT_EQ(tally.LONG_LOSE_COUNT, 0);
-    EXPECT_EQ(AccountStatistics.WinCount, 1);
-    EXPECT_EQ(AccountStatistics.TotalPL, 6.5);
-    EXPECT_EQ(AccountStatistics.MaxProfit, 6.5);
+    EXPECT_EQ(report.AccountStatistics.WinCount, 1);
+    EXPECT_EQ(report.AccountStatistics.TotalPL, 6.5);
+    EXPECT_EQ(report.AccountStatistics.MaxProfit, 6.5);
 }
 
 TEST_F(ForeignClosed, HasNoCurrencyInRowsOfSevenColumns) {
@@ -110,9 +121,9 @@ TEST_F(ForeignClosed, TalliesBuysAndSellsAlike) {
     EXPECT_EQ(tally.LONG_MAX_LOSS, -7);
     EXPECT_EQ(tally.SHORT_COUNT, 0);
     EXPECT_EQ(tally.SHORT_VOL, 0);
-    EXPECT_EQ(AccountStatistics.LoseCount, 2);
-    EXPECT_EQ(AccountStatistics.TotalPL, -13);
-    EXPECT_EQ(AccountStatistics.MaxLoss, -7);
+    EXPECT_EQ(report.AccountStatistics.LoseCount, 2);
+    EXPECT_EQ(report.AccountStatistics.TotalPL, -13);
+    EXPECT_EQ(report.AccountStatistics.MaxLoss, -7);
 }
 
 TEST_F(ForeignClosed, TakesTheResultAsPrinted) {
@@ -120,13 +131,14 @@ TEST_F(ForeignClosed, TakesTheResultAsPrinted) {
         std::string_view result;
         double amount;
     } cases[] = {{"250.00", 250}, {"-3.25", -3.25}, {"1,234.50", 1}, {"none", 0}, {"+2", 2}};
+    const CTenfold products;
     for (const auto& row : cases) {
         Begin();
-        Request.ContractUnitCallback = [](const char*, const char*, const char*) -> std::int32_t { return 10; };
+        report.Products = &products;
         ReadNextDay({"平仓明细", "--", "--", "--", "a A c d 1 5 6", "b B c d 2 100 " + std::string(row.result), "--",
                      "持仓明细"});
-        EXPECT_EQ(AccountStatistics.TotalPL, row.amount) << row.result;
-        EXPECT_EQ(AccountStatistics.FlatCount, row.amount == 0 ? 1 : 0) << row.result;
+        EXPECT_EQ(report.AccountStatistics.TotalPL, row.amount) << row.result;
+        EXPECT_EQ(report.AccountStatistics.FlatCount, row.amount == 0 ? 1 : 0) << row.result;
     }
 }
 
@@ -146,8 +158,8 @@ TEST_F(ForeignClosed, KeepsTheCurrencyOfAContractsFirstRow) {
 TEST_F(ForeignClosed, AddsNothingToTheRowStores) {
     ReadRows({"a A c d 1 5 6", "b B c d 1 5 6"});
     EXPECT_EQ(Contracts(), (Texts{"B"}));
-    EXPECT_EQ(PingDetailStore.Count(), 0);
-    EXPECT_EQ(MatchStore.Count() + OpiDetailStore.Count() + OpiSumStore.Count(), 0);
+    EXPECT_EQ(report.PingDetailStore.Count(), 0);
+    EXPECT_EQ(report.MatchStore.Count() + report.OpiDetailStore.Count() + report.OpiSumStore.Count(), 0);
 }
 
 // Of the rows 4 to 8 the second and the fourth count.

@@ -16,26 +16,27 @@ class ForeignFixture : public ReaderFixture {
 protected:
     ForeignFixture() { Begin(); }
 
-    static void Begin() {
-        ClearAll();
-        Request.StatementKind = kForeignKind;
+    void Begin() {
+        MakeReport();
+        report.Request.StatementKind = kForeignKind;
     }
 
-    static void Read(std::initializer_list<std::string_view> lines) { ReadText(Statement(lines)); }
+    using ReaderFixture::Read;
+    void Read(std::initializer_list<std::string_view> lines) { ReadText(Statement(lines)); }
 
-    static void ReadText(const std::string& text) {
+    void ReadText(const std::string& text) {
         Begin();
-        ReadForeignStatement("20240105", text);
+        Read(ReadForeignStatement, "20240105", text);
     }
 
     /// Reads one more statement, of another day.
-    static void ReadNextDay(std::initializer_list<std::string_view> lines) {
-        ReadForeignStatement("20240108", Statement(lines));
+    void ReadNextDay(std::initializer_list<std::string_view> lines) {
+        Read(ReadForeignStatement, "20240108", Statement(lines));
     }
 
     /// The records of one currency; none if it has no store.
-    static std::vector<Fields> RecordsOf(std::string_view currency) {
-        const CMoneyStore* const store = CurrencyMoneyStore.Find(Gbk(currency));
+    std::vector<Fields> RecordsOf(std::string_view currency) {
+        const CMoneyStore* const store = report.CurrencyMoneyStore.Find(Gbk(currency));
         return store == nullptr ? std::vector<Fields>{} : FieldsOfAll(store->Records);
     }
 
@@ -45,7 +46,7 @@ protected:
         return {fields};
     }
 
-    static std::vector<Fields> AccountRecords() { return FieldsOfAll(MoneyStore.Records); }
+    std::vector<Fields> AccountRecords() { return FieldsOfAll(report.MoneyStore.Records); }
 };
 
 }  // namespace tradebill

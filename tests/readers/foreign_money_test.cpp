@@ -16,13 +16,13 @@ namespace {
 class ForeignMoney : public ForeignFixture {
 protected:
     /// Reads a summary of three currencies with these rows.
-    static void ReadRows(std::initializer_list<std::string_view> rows) {
+    void ReadRows(std::initializer_list<std::string_view> rows) {
         ReadText(Statement({"资金汇总 Summary", "货币 Base USD HKD JPY"}) + Statement(rows) +
                  Statement({"追加保证金 Margin Call 0 0 0"}));
     }
 
     /// The fields that a row fills for the first currency, besides the day.
-    static Fields FilledBy(std::string_view row) {
+    Fields FilledBy(std::string_view row) {
         ReadRows({row});
         Fields fields = Money();
         EXPECT_EQ(fields["BILL_DATE"], "20240105");
@@ -31,11 +31,11 @@ protected:
     }
 
     /// What a row of equity gives each of the three currencies.
-    static Texts ValuesOf(std::string_view row) {
+    Texts ValuesOf(std::string_view row) {
         ReadRows({row});
         Texts values;
         for (const std::string_view currency : {"USD", "HKD", "JPY"}) {
-            const CMoneyStore* const store = CurrencyMoneyStore.Find(currency);
+            const CMoneyStore* const store = report.CurrencyMoneyStore.Find(currency);
             values.push_back(store == nullptr ? "no store" : TextsOf(store->Records, "KHQY").front());
         }
         return values;
@@ -66,7 +66,7 @@ TEST_F(ForeignMoney, FillsEachCurrencyFromItsColumn) {
     EXPECT_EQ(RecordsOf("USD"), column("1"));
     EXPECT_EQ(RecordsOf("HKD"), column("2"));
     EXPECT_EQ(RecordsOf("JPY"), column("3"));
-    EXPECT_EQ(CurrencyMoneyStore.Names, (std::vector<std::string>{"USD", "HKD", "JPY"}));
+    EXPECT_EQ(report.CurrencyMoneyStore.Names, (std::vector<std::string>{"USD", "HKD", "JPY"}));
 }
 
 TEST_F(ForeignMoney, ChoosesFieldsByTheWordsOfARow) {
@@ -180,12 +180,12 @@ TEST_F(ForeignMoney, DropsThousandsMarks) {
 
 TEST_F(ForeignMoney, DropsValuesPastTheLastCurrency) {
     EXPECT_EQ(ValuesOf("当前权益 1 2 3 4 5 6"), (Texts{"1", "2", "3"}));
-    EXPECT_EQ(CurrencyMoneyStore.Stores.size(), 3U);
+    EXPECT_EQ(report.CurrencyMoneyStore.Stores.size(), 3U);
     std::string row = "手续费";
     for (int value = 1; value <= 10'000; ++value) row += " " + std::to_string(value);
     ReadRows({row});
     EXPECT_EQ(RecordsOf("JPY"), OneRecord({{"SXF", "3"}}));
-    EXPECT_EQ(CurrencyMoneyStore.Stores.size(), 3U);
+    EXPECT_EQ(report.CurrencyMoneyStore.Stores.size(), 3U);
 }
 
 TEST_F(ForeignMoney, LeavesLaterCurrenciesEmptyInAShortRow) {
@@ -225,7 +225,7 @@ TEST_F(ForeignMoney, IsAbsentWithoutTitleOrMarginCall) {
           Statement({"资金状况", "Base USD", "手续费 5", "追加保证金"}), std::string(), std::string(" \r\n")}) {
         ReadText(text);
         EXPECT_TRUE(NothingRead()) << text;
-        EXPECT_TRUE(CurrencyMoneyStore.Names.empty()) << text;
+        EXPECT_TRUE(report.CurrencyMoneyStore.Names.empty()) << text;
     }
 }
 
@@ -244,10 +244,10 @@ TEST_F(ForeignMoney, NeedsItsWholeTitleAndTheWholeMarginCall) {
 
 TEST_F(ForeignMoney, HasRateOneAndNoCurrencyInItsRecords) {
     ReadRows({"当前权益 1 2 3"});
-    ASSERT_EQ(CurrencyMoneyStore.Stores.size(), 3U);
-    EXPECT_EQ(MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
-    EXPECT_STREQ(MoneyStore.Records.front()->CURRENCY, "");
-    for (const auto& store : CurrencyMoneyStore.Stores) {
+    ASSERT_EQ(report.CurrencyMoneyStore.Stores.size(), 3U);
+    EXPECT_EQ(report.MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
+    EXPECT_STREQ(report.MoneyStore.Records.front()->CURRENCY, "");
+    for (const auto& store : report.CurrencyMoneyStore.Stores) {
         ASSERT_EQ(store->Count(), 1);
         EXPECT_EQ(store->Records.front()->EXCHANGE_RATE, 1.0);
         EXPECT_STREQ(store->Records.front()->CURRENCY, "");
@@ -257,37 +257,37 @@ TEST_F(ForeignMoney, HasRateOneAndNoCurrencyInItsRecords) {
 // Statement records count the margin as what isn't available; live ones bring a margin of their own.
 TEST_F(ForeignMoney, AddsItsRecordsAsThoseOfAStatement) {
     ReadRows({"当前权益 100 200 300", "可用资金 60 50 40", "浮动盈亏 7 8 9"});
-    EXPECT_EQ(MoneyStore.PositionMargin, 40);
-    EXPECT_EQ(MoneyStore.LastHostCurrent, 7);
-    ASSERT_NE(CurrencyMoneyStore.Find("HKD"), nullptr);
-    EXPECT_EQ(CurrencyMoneyStore.Find("HKD")->PositionMargin, 150);
-    EXPECT_EQ(CurrencyMoneyStore.Find("HKD")->LastHostCurrent, 8);
+    EXPECT_EQ(report.MoneyStore.PositionMargin, 40);
+    EXPECT_EQ(report.MoneyStore.LastHostCurrent, 7);
+    ASSERT_NE(report.CurrencyMoneyStore.Find("HKD"), nullptr);
+    EXPECT_EQ(report.CurrencyMoneyStore.Find("HKD")->PositionMargin, 150);
+    EXPECT_EQ(report.CurrencyMoneyStore.Find("HKD")->LastHostCurrent, 8);
 }
 
 TEST_F(ForeignMoney, FeedsTheFirstCurrencyAloneToTheStatistics) {
     ReadRows({"期初资金 10 20 30", "当前权益 11 21 31", "平仓盈亏 Realized P/L 12 22 32", "出入金 13 23 33",
               "维持保证金 14 24 34"});
-    ASSERT_EQ(TradeStatistics.DayFigures.Days.size(), 1U);
-    const DayFigure& figure = *TradeStatistics.DayFigures.Days.front();
+    ASSERT_EQ(report.TradeStatistics.DayFigures.Days.size(), 1U);
+    const DayFigure& figure = *report.TradeStatistics.DayFigures.Days.front();
     EXPECT_EQ(figure.Day, "20240105");
     EXPECT_EQ(figure.Opening, 10);
     EXPECT_EQ(figure.Closing, 11);
     EXPECT_EQ(figure.ClosedPL, 12);
     EXPECT_EQ(figure.CashFlow, 13);
-    ASSERT_EQ(TradeStatistics.DayUsages.Days.size(), 1U);
-    EXPECT_EQ(TradeStatistics.DayUsages.Days.front()->Margin, 14);
-    EXPECT_EQ(TradeStatistics.DayUsages.Days.front()->Equity, 11);
+    ASSERT_EQ(report.TradeStatistics.DayUsages.Days.size(), 1U);
+    EXPECT_EQ(report.TradeStatistics.DayUsages.Days.front()->Margin, 14);
+    EXPECT_EQ(report.TradeStatistics.DayUsages.Days.front()->Equity, 11);
 }
 
 TEST_F(ForeignMoney, GrowsDayByDay) {
     ReadRows({"当前权益 1 2 3"});
     ReadNextDay({"资金汇总", "Base USD JPY EUR", "当前权益 4 5 6", "追加保证金"});
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "BILL_DATE"), (Texts{"20240105", "20240108"}));
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "KHQY"), (Texts{"1", "4"}));
-    EXPECT_EQ(CurrencyMoneyStore.Names, (std::vector<std::string>{"USD", "HKD", "JPY", "EUR"}));
-    EXPECT_EQ(TextsOf(CurrencyMoneyStore.Find("HKD")->Records, "KHQY"), (Texts{"2"}));
-    EXPECT_EQ(TextsOf(CurrencyMoneyStore.Find("JPY")->Records, "KHQY"), (Texts{"3", "5"}));
-    EXPECT_EQ(TextsOf(CurrencyMoneyStore.Find("EUR")->Records, "BILL_DATE"), (Texts{"20240108"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "BILL_DATE"), (Texts{"20240105", "20240108"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "KHQY"), (Texts{"1", "4"}));
+    EXPECT_EQ(report.CurrencyMoneyStore.Names, (std::vector<std::string>{"USD", "HKD", "JPY", "EUR"}));
+    EXPECT_EQ(TextsOf(report.CurrencyMoneyStore.Find("HKD")->Records, "KHQY"), (Texts{"2"}));
+    EXPECT_EQ(TextsOf(report.CurrencyMoneyStore.Find("JPY")->Records, "KHQY"), (Texts{"3", "5"}));
+    EXPECT_EQ(TextsOf(report.CurrencyMoneyStore.Find("EUR")->Records, "BILL_DATE"), (Texts{"20240108"}));
 }
 
 }  // namespace

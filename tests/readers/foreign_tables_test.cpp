@@ -28,16 +28,16 @@ constexpr Table kTables[] = {
 class ForeignTables : public ForeignFixture {
 protected:
     /// Reads a table of these rows alone.
-    static void ReadRows(std::string_view title, std::initializer_list<std::string_view> rows) {
+    void ReadRows(std::string_view title, std::initializer_list<std::string_view> rows) {
         const std::string_view terminator = title == "成交记录" ? "持仓明细" : "平仓明细";
         ReadText(Statement({title, "--------", "Date Contract", "--------"}) + Statement(rows) +
                  Statement({"--------", terminator}));
     }
-    static void ReadTrades(std::initializer_list<std::string_view> rows) { ReadRows("成交记录", rows); }
-    static void ReadOpen(std::initializer_list<std::string_view> rows) { ReadRows("持仓明细", rows); }
+    void ReadTrades(std::initializer_list<std::string_view> rows) { ReadRows("成交记录", rows); }
+    void ReadOpen(std::initializer_list<std::string_view> rows) { ReadRows("持仓明细", rows); }
 
     /// Reads a table of the rows "1" to "8", of 7 columns each, of which one holds a word, and of an ending row.
-    static void ReadNumberedRows(std::string_view title, int wordRow, std::string_view word, std::string_view end) {
+    void ReadNumberedRows(std::string_view title, int wordRow, std::string_view word, std::string_view end) {
         std::string text = Statement({title});
         for (int row = 1; row <= 8; ++row) {
             const std::string contract = row == wordRow ? std::string(word) : "c1";
@@ -47,47 +47,47 @@ protected:
     }
 
     /// One field of all trades and open positions.
-    static Texts BothTextsOf(const std::string& field) {
-        Texts texts = TextsOf(MatchStore.Rows, field);
-        for (const std::string& text : TextsOf(OpiDetailStore.Rows, field)) texts.push_back(text);
+    Texts BothTextsOf(const std::string& field) {
+        Texts texts = TextsOf(report.MatchStore.Rows, field);
+        for (const std::string& text : TextsOf(report.OpiDetailStore.Rows, field)) texts.push_back(text);
         return texts;
     }
 
     /// The first columns of all trades and open positions.
-    static Texts FirstColumns() {
-        Texts texts = TextsOf(MatchStore.Rows, "MATCH_DATE");
-        for (const std::string& text : TextsOf(OpiDetailStore.Rows, "OPEN_DATE")) texts.push_back(text);
+    Texts FirstColumns() {
+        Texts texts = TextsOf(report.MatchStore.Rows, "MATCH_DATE");
+        for (const std::string& text : TextsOf(report.OpiDetailStore.Rows, "OPEN_DATE")) texts.push_back(text);
         return texts;
     }
 };
 
 TEST_F(ForeignTables, FillATradeFromItsColumns) {
     ReadTrades({"HKEX", "t0 t1 t2 t3 4t t5 t6 t7 t8"});
-    EXPECT_EQ(FieldsOfAll(MatchStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240105"},
-                                                                  {"MATCH_DATE", "t0"},
-                                                                  {"EXCH_NAME", "HKEX"},
-                                                                  {"CONTRACT", "t1"},
-                                                                  {"BID", "买"},
-                                                                  {"MATCH_VOL", "4t"},
-                                                                  {"MATCH_PRICE", "t5"},
-                                                                  {"POUNDAGE", "t6"},
-                                                                  {"CURRENCY", "t7"}}}));
-    EXPECT_EQ(OpiDetailStore.Count(), 0);
+    EXPECT_EQ(FieldsOfAll(report.MatchStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240105"},
+                                                                         {"MATCH_DATE", "t0"},
+                                                                         {"EXCH_NAME", "HKEX"},
+                                                                         {"CONTRACT", "t1"},
+                                                                         {"BID", "买"},
+                                                                         {"MATCH_VOL", "4t"},
+                                                                         {"MATCH_PRICE", "t5"},
+                                                                         {"POUNDAGE", "t6"},
+                                                                         {"CURRENCY", "t7"}}}));
+    EXPECT_EQ(report.OpiDetailStore.Count(), 0);
 }
 
 TEST_F(ForeignTables, FillAnOpenPositionFromItsColumns) {
     ReadOpen({"HKEX", "o0 o1 o2 o3 4o o5 o6 o7 o8 o9"});
-    EXPECT_EQ(FieldsOfAll(OpiDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240105"},
-                                                                      {"EXCH_NAME", "HKEX"},
-                                                                      {"OPEN_DATE", "o0"},
-                                                                      {"CONTRACT", "o1"},
-                                                                      {"BID", "买"},
-                                                                      {"POSITION_VOL", "4o"},
-                                                                      {"OPEN_PRICE", "o5"},
-                                                                      {"SETTLE_PRICE", "o6"},
-                                                                      {"FLOATPL", "o7"},
-                                                                      {"CURRENCY", "o8"}}}));
-    EXPECT_EQ(MatchStore.Count(), 0);
+    EXPECT_EQ(FieldsOfAll(report.OpiDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240105"},
+                                                                             {"EXCH_NAME", "HKEX"},
+                                                                             {"OPEN_DATE", "o0"},
+                                                                             {"CONTRACT", "o1"},
+                                                                             {"BID", "买"},
+                                                                             {"POSITION_VOL", "4o"},
+                                                                             {"OPEN_PRICE", "o5"},
+                                                                             {"SETTLE_PRICE", "o6"},
+                                                                             {"FLOATPL", "o7"},
+                                                                             {"CURRENCY", "o8"}}}));
+    EXPECT_EQ(report.MatchStore.Count(), 0);
 }
 
 TEST_F(ForeignTables, TellBuysFromSellsByTheGapBeforeTheLots) {
@@ -98,9 +98,9 @@ TEST_F(ForeignTables, TellBuysFromSellsByTheGapBeforeTheLots) {
                   "20240102          HSI2401          open          ref 9          3500          1"});
         EXPECT_EQ(BothTextsOf("BID"), (Texts{"买", "买", "卖", "卖", "买"})) << table.title;
     }
-    EXPECT_EQ(TextsOf(OpiDetailStore.Rows, "POSITION_VOL"), (Texts{"9", "9", "9", "9", "9"}));
+    EXPECT_EQ(TextsOf(report.OpiDetailStore.Rows, "POSITION_VOL"), (Texts{"9", "9", "9", "9", "9"}));
     ReadTrades({"20240102 HSI2401 open ref 8 3500 1", "20240102 HSI2401 open ref       9 3500 1"});
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "MATCH_VOL"), (Texts{"8", "9"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "MATCH_VOL"), (Texts{"8", "9"}));
 }
 
 // The fourth column's "0" stands in the date already, and the lots are looked for from there.
@@ -113,12 +113,12 @@ TEST_F(ForeignTables, MeasureTheGapFromTheFirstOccurrenceOfItsText) {
 
 TEST_F(ForeignTables, LeaveFieldsOfMissingColumnsEmpty) {
     ReadTrades({"t0 t1 t2 t3 t4 t5 t6", "t0 t1 t2 t3 t4 t5 t6 t7"});
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "POUNDAGE"), (Texts{"t6", "t6"}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "CURRENCY"), (Texts{"", "t7"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "POUNDAGE"), (Texts{"t6", "t6"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "CURRENCY"), (Texts{"", "t7"}));
     ReadOpen({"o0 o1 o2 o3 o4 o5 o6", "o0 o1 o2 o3 o4 o5 o6 o7", "o0 o1 o2 o3 o4 o5 o6 o7 o8"});
-    EXPECT_EQ(TextsOf(OpiDetailStore.Rows, "SETTLE_PRICE"), (Texts{"o6", "o6", "o6"}));
-    EXPECT_EQ(TextsOf(OpiDetailStore.Rows, "FLOATPL"), (Texts{"", "o7", "o7"}));
-    EXPECT_EQ(TextsOf(OpiDetailStore.Rows, "CURRENCY"), (Texts{"", "", "o8"}));
+    EXPECT_EQ(TextsOf(report.OpiDetailStore.Rows, "SETTLE_PRICE"), (Texts{"o6", "o6", "o6"}));
+    EXPECT_EQ(TextsOf(report.OpiDetailStore.Rows, "FLOATPL"), (Texts{"", "o7", "o7"}));
+    EXPECT_EQ(TextsOf(report.OpiDetailStore.Rows, "CURRENCY"), (Texts{"", "", "o8"}));
 }
 
 TEST_F(ForeignTables, PassOverRowsOfTwoToSixColumns) {
@@ -152,8 +152,8 @@ TEST_F(ForeignTables, BeginWithoutAHeading) {
     EXPECT_EQ(FirstColumns(), (Texts{"t1", "t2", "o1", "o2"}));
     EXPECT_EQ(BothTextsOf("EXCH_NAME"), (Texts{"", "HKEX", "", "CME"}));
     ReadNextDay({"成交记录", "--", "--", "--", "t3 b c d e f g", "--", "持仓明细"});
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "EXCH_NAME"), (Texts{"", "HKEX", ""}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "BILL_DATE"), (Texts{"20240105", "20240105", "20240108"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "EXCH_NAME"), (Texts{"", "HKEX", ""}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "BILL_DATE"), (Texts{"20240105", "20240105", "20240108"}));
 }
 
 TEST_F(ForeignTables, PassOverSubtotalsAndCounts) {
@@ -167,13 +167,13 @@ TEST_F(ForeignTables, PassOverSubtotalsAndCounts) {
 
 TEST_F(ForeignTables, KeepThousandsMarks) {
     ReadTrades({"a b c d 1,000 3,500.00 1,234.50 U,SD"});
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "MATCH_VOL"), (Texts{"1,000"}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "MATCH_PRICE"), (Texts{"3,500.00"}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "POUNDAGE"), (Texts{"1,234.50"}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "CURRENCY"), (Texts{"U,SD"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "MATCH_VOL"), (Texts{"1,000"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "MATCH_PRICE"), (Texts{"3,500.00"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "POUNDAGE"), (Texts{"1,234.50"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "CURRENCY"), (Texts{"U,SD"}));
     ReadOpen({"a b c d 1,000 3,500.00 3,501.00 -1,200.00 U,SD"});
-    EXPECT_EQ(TextsOf(OpiDetailStore.Rows, "POSITION_VOL"), (Texts{"1,000"}));
-    EXPECT_EQ(TextsOf(OpiDetailStore.Rows, "FLOATPL"), (Texts{"-1,200.00"}));
+    EXPECT_EQ(TextsOf(report.OpiDetailStore.Rows, "POSITION_VOL"), (Texts{"1,000"}));
+    EXPECT_EQ(TextsOf(report.OpiDetailStore.Rows, "FLOATPL"), (Texts{"-1,200.00"}));
 }
 
 TEST_F(ForeignTables, BeginInTheFourthRowAndEndAboveTheRowOverTheNextTitle) {
@@ -247,8 +247,8 @@ TEST_F(ForeignTables, AreLookedForFromTheTopEach) {
           "成交记录", "--",       "--",         "--",         "t0 b c d e f g", "--",
           "持仓明细"});
     EXPECT_EQ(FirstColumns(), (Texts{"t0", "o0"}));
-    EXPECT_EQ(ReportDocument.Offsets.size(), 1U);
-    EXPECT_EQ(MoneyStore.Count(), 1);
+    EXPECT_EQ(report.ReportDocument.Offsets.size(), 1U);
+    EXPECT_EQ(report.MoneyStore.Count(), 1);
 }
 
 TEST_F(ForeignTables, AreReadWithoutMoney) {
@@ -276,10 +276,10 @@ TEST_F(ForeignTables, AreReadWithoutMoney) {
           "o0 b c d e f g",
           "--",
           "资金汇总"});
-    EXPECT_EQ(MoneyStore.Count(), 0);
-    EXPECT_TRUE(CurrencyMoneyStore.Names.empty());
+    EXPECT_EQ(report.MoneyStore.Count(), 0);
+    EXPECT_TRUE(report.CurrencyMoneyStore.Names.empty());
     EXPECT_EQ(FirstColumns(), (Texts{"t0", "o0"}));
-    EXPECT_EQ(ReportDocument.Offsets.size(), 1U);
+    EXPECT_EQ(report.ReportDocument.Offsets.size(), 1U);
 }
 
 TEST_F(ForeignTables, DoNotNeedOneAnother) {
@@ -292,7 +292,7 @@ TEST_F(ForeignTables, DoNotNeedOneAnother) {
 
 TEST_F(ForeignTables, FeedOpenPositionsToTheStatistics) {
     ReadOpen({"20240102 HSI2401 open ref        3 3500 3501 5 HKD"});
-    const CDayUsage* const usage = TradeStatistics.DayUsages.Find("20240105");
+    const CDayUsage* const usage = report.TradeStatistics.DayUsages.Find("20240105");
     ASSERT_NE(usage, nullptr);
     ASSERT_EQ(usage->Positions.size(), 1U);
     EXPECT_EQ(usage->Positions[0]->Product, "HSI");

@@ -14,13 +14,14 @@ namespace {
 
 class FundClassReader : public ReaderFixture {
 protected:
-    static void Read(std::initializer_list<std::string_view> lines) {
-        ReadFundClassStatement("20240105", Statement(lines));
+    using ReaderFixture::Read;
+    void Read(std::initializer_list<std::string_view> lines) {
+        Read(ReadFundClassStatement, "20240105", Statement(lines));
     }
 
     /// The record of a money section of this row.
-    static Fields ReadMoneyRow(std::string_view row) {
-        ClearAll();
+    Fields ReadMoneyRow(std::string_view row) {
+        MakeReport();
         Read({"结算单", "日  期:20240102", "资金类别", "---------", row, "---------"});
         return Money();
     }
@@ -41,7 +42,7 @@ TEST_F(FundClassReader, FillsMoneyFromItsLabels) {
                                {"KYZJ", "m8"},
                                {"QLJSZ", "7.25"},
                                {"SXF", "m9"}}));
-    EXPECT_EQ(MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
+    EXPECT_EQ(report.MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
 }
 
 TEST_F(FundClassReader, FindsLabelsInsideLongerColumns) {
@@ -110,69 +111,69 @@ TEST_F(FundClassReader, GivesZeroPremiumToABlockWithoutRows) {
 TEST_F(FundClassReader, FillsATradeFromItsColumns) {
     Read({"结算单", "日  期:20240102", "成交记录", "---------", "成交日期 交易所",
           "t0 t1 t2 t3 t4 t5 t6 t7 t8 t9 t10 t11 t12", "共 1条"});
-    EXPECT_EQ(FieldsOfAll(MatchStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240102"},
-                                                                  {"MATCH_DATE", "t0"},
-                                                                  {"EXCH_NAME", "t1"},
-                                                                  {"CONTRACT", "t2"},
-                                                                  {"DELIVERY", "t3"},
-                                                                  {"BID", "t4"},
-                                                                  {"OFFSET", "t5"},
-                                                                  {"MATCH_PRICE", "t6"},
-                                                                  {"MATCH_VOL", "t7"},
-                                                                  {"TURNOVER", "t8"},
-                                                                  {"POUNDAGE", "t9"},
-                                                                  {"OFFSETPL", "t10"},
-                                                                  {"HEDGE", "t11"}}}));
+    EXPECT_EQ(FieldsOfAll(report.MatchStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240102"},
+                                                                         {"MATCH_DATE", "t0"},
+                                                                         {"EXCH_NAME", "t1"},
+                                                                         {"CONTRACT", "t2"},
+                                                                         {"DELIVERY", "t3"},
+                                                                         {"BID", "t4"},
+                                                                         {"OFFSET", "t5"},
+                                                                         {"MATCH_PRICE", "t6"},
+                                                                         {"MATCH_VOL", "t7"},
+                                                                         {"TURNOVER", "t8"},
+                                                                         {"POUNDAGE", "t9"},
+                                                                         {"OFFSETPL", "t10"},
+                                                                         {"HEDGE", "t11"}}}));
 }
 
 TEST_F(FundClassReader, FillsAClosedPositionFromItsColumns) {
     Read({"结算单", "日  期:20240102", "平仓明细", "---------", "平仓日期 交易所",
           "p0 p1 p2 p3 买4 p5 p6 p7 p8 p9 p10 p11 p12 p13", "共 1条"});
-    EXPECT_EQ(FieldsOfAll(PingDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240102"},
-                                                                       {"MATCH_DATE", "p0"},
-                                                                       {"EXCH_NAME", "p1"},
-                                                                       {"CONTRACT", "p2"},
-                                                                       {"DELIVERY", "p3"},
-                                                                       {"BID", "卖"},
-                                                                       {"MATCH_PRICE", "p5"},
-                                                                       {"MATCH_VOL", "p6"},
-                                                                       {"OPEN_DATE", "p7"},
-                                                                       {"OPEN_PRICE", "p8"},
-                                                                       {"SETTLE_PRICE", "p9"},
-                                                                       {"POUNDAGE", "p10"},
-                                                                       {"HEDGE", "p11"},
-                                                                       {"OFFSETPL", "p12"}}}));
+    EXPECT_EQ(FieldsOfAll(report.PingDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240102"},
+                                                                              {"MATCH_DATE", "p0"},
+                                                                              {"EXCH_NAME", "p1"},
+                                                                              {"CONTRACT", "p2"},
+                                                                              {"DELIVERY", "p3"},
+                                                                              {"BID", "卖"},
+                                                                              {"MATCH_PRICE", "p5"},
+                                                                              {"MATCH_VOL", "p6"},
+                                                                              {"OPEN_DATE", "p7"},
+                                                                              {"OPEN_PRICE", "p8"},
+                                                                              {"SETTLE_PRICE", "p9"},
+                                                                              {"POUNDAGE", "p10"},
+                                                                              {"HEDGE", "p11"},
+                                                                              {"OFFSETPL", "p12"}}}));
 }
 
 TEST_F(FundClassReader, TakesTheSideOfAClosedPositionFromItsFifthColumn) {
     Read({"结算单", "日  期:20240102", "平仓明细", "---------", "平仓日期 交易所",
           "p0 p1 p2 p3 p4 买5 买6 p7 p8 p9 p10 p11 p12", "p0 p1 p2 p3 买 p5 p6 p7 p8 p9 p10 p11 p12", "共 2条"});
-    EXPECT_EQ(TextsOf(PingDetailStore.Rows, "BID"), (Texts{"买", "卖"}));
+    EXPECT_EQ(TextsOf(report.PingDetailStore.Rows, "BID"), (Texts{"买", "卖"}));
 }
 
 TEST_F(FundClassReader, FillsAnOpenPositionFromItsColumns) {
     Read({"结算单", "日  期:20240102", "持仓明细", "---------", "交易所 品种",
           "o0 o1 o2 o3 买o4 o5 o6 o7 o8 o9 o10 o11 o12 o13", "共 1条"});
-    EXPECT_EQ(FieldsOfAll(OpiDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240102"},
-                                                                      {"EXCH_NAME", "o0"},
-                                                                      {"CONTRACT", "o1"},
-                                                                      {"DELIVERY", "o2"},
-                                                                      {"OPEN_DATE", "o3"},
-                                                                      {"BID", "买o4"},
-                                                                      {"HEDGE", "o5"},
-                                                                      {"POSITION_VOL", "o6"},
-                                                                      {"OPEN_PRICE", "o7"},
-                                                                      {"YSETTLE_PRICE", "o8"},
-                                                                      {"SETTLE_PRICE", "o9"},
-                                                                      {"FLOATPL", "o10"},
-                                                                      {"DSYK", "o11"},
-                                                                      {"DEPOSIT", "o12"}}}));
+    EXPECT_EQ(FieldsOfAll(report.OpiDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240102"},
+                                                                             {"EXCH_NAME", "o0"},
+                                                                             {"CONTRACT", "o1"},
+                                                                             {"DELIVERY", "o2"},
+                                                                             {"OPEN_DATE", "o3"},
+                                                                             {"BID", "买o4"},
+                                                                             {"HEDGE", "o5"},
+                                                                             {"POSITION_VOL", "o6"},
+                                                                             {"OPEN_PRICE", "o7"},
+                                                                             {"YSETTLE_PRICE", "o8"},
+                                                                             {"SETTLE_PRICE", "o9"},
+                                                                             {"FLOATPL", "o10"},
+                                                                             {"DSYK", "o11"},
+                                                                             {"DEPOSIT", "o12"}}}));
 }
 
 TEST_F(FundClassReader, HasNoSummarySection) {
     Read({"结算单", "日  期:20240102", "持仓汇总", "---------", "交易所 品种",
           "s0 s1 s2 3 s4 5 s6 s7 s8 s9 s10 s11 s12", "共 1条", "---------"});
-    EXPECT_EQ(OpiSumStore.Count(), 0);
+    EXPECT_EQ(report.OpiSumStore.Count(), 0);
     EXPECT_TRUE(NothingRead());
 }
 
@@ -180,7 +181,7 @@ TEST_F(FundClassReader, TakesBillDatesFromTheStatementAloneEvenIfItHasNone) {
     Read({"结算单", "日  期：20240102", "资金类别", "---------", "---------", "成交记录", "---------", "成交日期",
           "t0 t1 t2 t3 t4 t5 t6 t7 t8 t9 t10 t11", "共 1条"});
     EXPECT_EQ(Money(), (Fields{{"QLJSZ", "0.00"}}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "BILL_DATE"), (Texts{""}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "BILL_DATE"), (Texts{""}));
 }
 
 TEST_F(FundClassReader, ReadsSectionsBehindEachOtherOnly) {
@@ -188,41 +189,41 @@ TEST_F(FundClassReader, ReadsSectionsBehindEachOtherOnly) {
           "成交记录", "---------", "成交日期", "t0 t1 t2 t3 t4 t5 t6 t7 t8 t9 t10 t11", "共 1条",  //
           "资金类别", "---------", "客户权益: 5", "---------",                                     //
           "持仓明细", "---------", "交易所", "o0 o1 o2 o3 o4 o5 o6 o7 o8 o9 o10 o11 o12", "共 1条"});
-    EXPECT_EQ(MoneyStore.Count(), 1);
-    EXPECT_EQ(MatchStore.Count(), 0);
-    EXPECT_EQ(OpiDetailStore.Count(), 1);
+    EXPECT_EQ(report.MoneyStore.Count(), 1);
+    EXPECT_EQ(report.MatchStore.Count(), 0);
+    EXPECT_EQ(report.OpiDetailStore.Count(), 1);
 }
 
 TEST_F(FundClassReader, ReadsTheOtherSectionsWithoutAMoneySection) {
     Read({"结算单", "日  期:20240102",                                                             //
           "成交记录", "---------", "成交日期", "t0 t1 t2 t3 t4 t5 t6 t7 t8 t9 t10 t11", "共 1条",  //
           "持仓明细", "---------", "交易所", "o0 o1 o2 o3 o4 o5 o6 o7 o8 o9 o10 o11 o12", "共 1条"});
-    EXPECT_EQ(MoneyStore.Count(), 0);
-    EXPECT_EQ(MatchStore.Count(), 1);
-    EXPECT_EQ(OpiDetailStore.Count(), 1);
+    EXPECT_EQ(report.MoneyStore.Count(), 0);
+    EXPECT_EQ(report.MatchStore.Count(), 1);
+    EXPECT_EQ(report.OpiDetailStore.Count(), 1);
 }
 
 TEST_F(FundClassReader, MakesNoMoneyRecordWithoutATerminatingRow) {
     Read({"结算单", "日  期:20240102", "资金类别", "---------", "客户权益: 5",  //
           "成交记录", "--------", "成交日期", "t0 t1 t2 t3 t4 t5 t6 t7 t8 t9 t10 t11", "共 1条"});
-    EXPECT_EQ(MoneyStore.Count(), 0);
-    EXPECT_EQ(MatchStore.Count(), 1);
+    EXPECT_EQ(report.MoneyStore.Count(), 0);
+    EXPECT_EQ(report.MatchStore.Count(), 1);
 }
 
 TEST_F(FundClassReader, ReadsTheSameWithEitherLineEnd) {
     const std::string text =
         Statement({"结算单", "日  期:20240102", "资金类别", "---------", "客户权益: 5", "---------", "成交记录",
                    "---------", "成交日期", "t0 t1 t2 t3 t4 t5 t6 t7 t8 t9 t10 t11", "共 1条"});
-    ReadFundClassStatement("20240105", text);
+    Read(ReadFundClassStatement, "20240105", text);
     const Fields money = Money();
-    const std::vector<Fields> trades = FieldsOfAll(MatchStore.Rows);
+    const std::vector<Fields> trades = FieldsOfAll(report.MatchStore.Rows);
     ASSERT_EQ(trades.size(), 1U);
-    ClearAll();
+    MakeReport();
     std::string unixText = text;
     std::erase(unixText, '\r');
-    ReadFundClassStatement("20240105", unixText);
+    Read(ReadFundClassStatement, "20240105", unixText);
     EXPECT_EQ(Money(), money);
-    EXPECT_EQ(FieldsOfAll(MatchStore.Rows), trades);
+    EXPECT_EQ(FieldsOfAll(report.MatchStore.Rows), trades);
 }
 
 }  // namespace

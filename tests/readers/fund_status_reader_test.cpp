@@ -13,22 +13,23 @@ namespace {
 
 class FundStatusReader : public ReaderFixture {
 protected:
-    static void Read(std::initializer_list<std::string_view> lines) {
-        ReadFundStatusStatement("20240105", Statement(lines));
+    using ReaderFixture::Read;
+    void Read(std::initializer_list<std::string_view> lines) {
+        Read(ReadFundStatusStatement, "20240105", Statement(lines));
     }
 
     /// The record of a money section of this row.
-    static Fields ReadMoneyRow(std::string_view row) {
-        ClearAll();
+    Fields ReadMoneyRow(std::string_view row) {
+        MakeReport();
         Read({"结算单", "日  期:20240102", "资金状况", "---------", row, "---------"});
         return Money();
     }
 
     /// What a summary of this row leaves in OpiSumStore.
-    static std::vector<Fields> ReadSummaryRow(std::string_view row) {
-        ClearAll();
+    std::vector<Fields> ReadSummaryRow(std::string_view row) {
+        MakeReport();
         Read({"结算单", "日  期:20240102", "持仓汇总", "---------", "交易所 品种", row, "共 1条"});
-        return FieldsOfAll(OpiSumStore.Rows);
+        return FieldsOfAll(report.OpiSumStore.Rows);
     }
 };
 
@@ -46,7 +47,7 @@ TEST_F(FundStatusReader, FillsMoneyFromItsLabels) {
                                {"CCDSYK", "m7"},
                                {"KYZJ", "m8"},
                                {"SXF", "m9"}}));
-    EXPECT_EQ(MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
+    EXPECT_EQ(report.MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
 }
 
 TEST_F(FundStatusReader, FindsLabelsInsideLongerColumns) {
@@ -88,80 +89,80 @@ TEST_F(FundStatusReader, LetsALaterRowOverwriteAnEarlierOne) {
 TEST_F(FundStatusReader, HandsOverAMoneyRecordWithoutAnyLabel) {
     Read({"结算单", "日  期:20240102", "资金状况", "---------", "---------"});
     EXPECT_EQ(Money(), (Fields{{"BILL_DATE", "20240102"}}));
-    EXPECT_TRUE(MoneyStore.HasDay("20240102"));
-    EXPECT_NE(TradeStatistics.DayFigures.Find("20240102"), nullptr);
+    EXPECT_TRUE(report.MoneyStore.HasDay("20240102"));
+    EXPECT_NE(report.TradeStatistics.DayFigures.Find("20240102"), nullptr);
 }
 
 TEST_F(FundStatusReader, FillsATradeFromItsColumns) {
     Read({"结算单", "日  期:20240102", "成交记录", "---------", "成交日期 交易所",
           "t0 t1 t2 t3 t4 t5 t6 t7 t8 t9 t10 t11 t12", "共 1条"});
-    EXPECT_EQ(FieldsOfAll(MatchStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240102"},
-                                                                  {"MATCH_DATE", "t0"},
-                                                                  {"EXCH_NAME", "t1"},
-                                                                  {"CONTRACT", "t2"},
-                                                                  {"DELIVERY", "t3"},
-                                                                  {"BID", "t4"},
-                                                                  {"OFFSET", "t5"},
-                                                                  {"MATCH_PRICE", "t6"},
-                                                                  {"MATCH_VOL", "t7"},
-                                                                  {"TURNOVER", "t8"},
-                                                                  {"POUNDAGE", "t9"},
-                                                                  {"OFFSETPL", "t10"},
-                                                                  {"HEDGE", "t11"}}}));
+    EXPECT_EQ(FieldsOfAll(report.MatchStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240102"},
+                                                                         {"MATCH_DATE", "t0"},
+                                                                         {"EXCH_NAME", "t1"},
+                                                                         {"CONTRACT", "t2"},
+                                                                         {"DELIVERY", "t3"},
+                                                                         {"BID", "t4"},
+                                                                         {"OFFSET", "t5"},
+                                                                         {"MATCH_PRICE", "t6"},
+                                                                         {"MATCH_VOL", "t7"},
+                                                                         {"TURNOVER", "t8"},
+                                                                         {"POUNDAGE", "t9"},
+                                                                         {"OFFSETPL", "t10"},
+                                                                         {"HEDGE", "t11"}}}));
 }
 
 TEST_F(FundStatusReader, PassesOverATradeWithABlankCell) {
     Read({"结算单", "日  期:20240102", "成交记录", "---------", "成交日期 交易所",
           "t0 t1 t2 t3 t4 t5 t6 t7 t8 t9      t11", "u0 t1 t2 t3 t4 t5 t6 t7 t8 t9 t10 t11", "共 2条"});
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "MATCH_DATE"), (Texts{"u0"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "MATCH_DATE"), (Texts{"u0"}));
 }
 
 TEST_F(FundStatusReader, DoesNotReadTheRowOfTheCountEvenIfItIsWide) {
     Read({"结算单", "日  期:20240102", "成交记录", "---------", "成交日期 交易所",
           "t0 t1 t2 t3 t4 t5 t6 t7 t8 t9 t10 t11", "共1条 t1 t2 t3 t4 t5 t6 t7 t8 t9 t10 t11"});
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "MATCH_DATE"), (Texts{"t0"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "MATCH_DATE"), (Texts{"t0"}));
 }
 
 TEST_F(FundStatusReader, FillsAClosedPositionFromItsColumns) {
     Read({"结算单", "日  期:20240102", "平仓明细", "---------", "平仓日期 交易所",
           "p0 p1 p2 p3 卖4 买5 p6 p7 p8 p9 p10 p11 p12", "共 1条"});
-    EXPECT_EQ(FieldsOfAll(PingDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240102"},
-                                                                       {"MATCH_DATE", "p0"},
-                                                                       {"EXCH_NAME", "p1"},
-                                                                       {"CONTRACT", "p2"},
-                                                                       {"DELIVERY", "p3"},
-                                                                       {"BID", "卖"},
-                                                                       {"MATCH_PRICE", "p6"},
-                                                                       {"OPEN_DATE", "p7"},
-                                                                       {"OPEN_PRICE", "p8"},
-                                                                       {"MATCH_VOL", "p9"},
-                                                                       {"SETTLE_PRICE", "p10"},
-                                                                       {"OFFSETPL", "p11"}}}));
+    EXPECT_EQ(FieldsOfAll(report.PingDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240102"},
+                                                                              {"MATCH_DATE", "p0"},
+                                                                              {"EXCH_NAME", "p1"},
+                                                                              {"CONTRACT", "p2"},
+                                                                              {"DELIVERY", "p3"},
+                                                                              {"BID", "卖"},
+                                                                              {"MATCH_PRICE", "p6"},
+                                                                              {"OPEN_DATE", "p7"},
+                                                                              {"OPEN_PRICE", "p8"},
+                                                                              {"MATCH_VOL", "p9"},
+                                                                              {"SETTLE_PRICE", "p10"},
+                                                                              {"OFFSETPL", "p11"}}}));
 }
 
 TEST_F(FundStatusReader, TakesTheSideOfAClosedPositionFromItsSixthColumn) {
     Read({"结算单", "日  期:20240102", "平仓明细", "---------", "平仓日期 交易所",
           "p0 p1 p2 p3 买 卖 买 p7 p8 p9 p10 p11", "p0 p1 p2 p3 卖 买 卖 p7 p8 p9 p10 p11", "共 2条"});
-    EXPECT_EQ(TextsOf(PingDetailStore.Rows, "BID"), (Texts{"买", "卖"}));
+    EXPECT_EQ(TextsOf(report.PingDetailStore.Rows, "BID"), (Texts{"买", "卖"}));
 }
 
 TEST_F(FundStatusReader, FillsAnOpenPositionFromItsColumns) {
     Read({"结算单", "日  期:20240102", "持仓明细", "---------", "交易所 品种",
           "o0 o1 o2 o3 买o4 o5 o6 o7 o8 o9 o10 o11 o12 o13", "共 1条"});
-    EXPECT_EQ(FieldsOfAll(OpiDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240102"},
-                                                                      {"EXCH_NAME", "o0"},
-                                                                      {"CONTRACT", "o1"},
-                                                                      {"DELIVERY", "o2"},
-                                                                      {"OPEN_DATE", "o3"},
-                                                                      {"BID", "买o4"},
-                                                                      {"HEDGE", "o5"},
-                                                                      {"POSITION_VOL", "o6"},
-                                                                      {"OPEN_PRICE", "o7"},
-                                                                      {"YSETTLE_PRICE", "o8"},
-                                                                      {"SETTLE_PRICE", "o9"},
-                                                                      {"FLOATPL", "o10"},
-                                                                      {"DSYK", "o11"},
-                                                                      {"DEPOSIT", "o12"}}}));
+    EXPECT_EQ(FieldsOfAll(report.OpiDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240102"},
+                                                                             {"EXCH_NAME", "o0"},
+                                                                             {"CONTRACT", "o1"},
+                                                                             {"DELIVERY", "o2"},
+                                                                             {"OPEN_DATE", "o3"},
+                                                                             {"BID", "买o4"},
+                                                                             {"HEDGE", "o5"},
+                                                                             {"POSITION_VOL", "o6"},
+                                                                             {"OPEN_PRICE", "o7"},
+                                                                             {"YSETTLE_PRICE", "o8"},
+                                                                             {"SETTLE_PRICE", "o9"},
+                                                                             {"FLOATPL", "o10"},
+                                                                             {"DSYK", "o11"},
+                                                                             {"DEPOSIT", "o12"}}}));
 }
 
 TEST_F(FundStatusReader, FillsBothSidesOfASummaryRowBuyFirst) {
@@ -207,25 +208,25 @@ TEST_F(FundStatusReader, MakesASummaryRecordOfASideWithLotsOnly) {
     };
     for (const auto& row : cases) {
         ReadSummaryRow(row.row);
-        EXPECT_EQ(TextsOf(OpiSumStore.Rows, "BID"), row.sides) << row.row;
+        EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "BID"), row.sides) << row.row;
     }
 }
 
 TEST_F(FundStatusReader, FeedsOpenPositionsButNoSummaryToTheStatistics) {
     ReadSummaryRow("s0 cu s2 3 s4 5 s6 s7 s8 s9 s10 s11 s12");
-    EXPECT_EQ(OpiSumStore.Count(), 2);
-    EXPECT_TRUE(TradeStatistics.DayUsages.Days.empty());
+    EXPECT_EQ(report.OpiSumStore.Count(), 2);
+    EXPECT_TRUE(report.TradeStatistics.DayUsages.Days.empty());
     Read({"结算单", "日  期:20240102", "持仓明细", "---------", "交易所 品种",
           "o0 cu o2 o3 买 o5 6 o7 o8 o9 o10 o11 12", "共 1条"});
-    ASSERT_NE(TradeStatistics.DayUsages.Find("20240102"), nullptr);
-    EXPECT_EQ(TradeStatistics.DayUsages.Find("20240102")->Positions.front()->Lots, 6);
+    ASSERT_NE(report.TradeStatistics.DayUsages.Find("20240102"), nullptr);
+    EXPECT_EQ(report.TradeStatistics.DayUsages.Find("20240102")->Positions.front()->Lots, 6);
 }
 
 TEST_F(FundStatusReader, MakesRecordsWithoutABillDateIfTheStatementHasNone) {
     Read({"结算单", "日 期:20240102", "资金状况", "---------", "客户权益: 5", "---------", "成交记录", "---------",
           "成交日期", "t0 t1 t2 t3 t4 t5 t6 t7 t8 t9 t10 t11", "共 1条"});
     EXPECT_EQ(Money(), (Fields{{"KHQY", "5"}}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "BILL_DATE"), (Texts{""}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "BILL_DATE"), (Texts{""}));
 }
 
 TEST_F(FundStatusReader, CutsADateBehindABlankByItsLastDigit) {
@@ -242,25 +243,25 @@ TEST_F(FundStatusReader, DoesNotFindTradesAboveTheMoneySection) {
     Read({"结算单", "日  期:20240102",                                                             //
           "成交记录", "---------", "成交日期", "t0 t1 t2 t3 t4 t5 t6 t7 t8 t9 t10 t11", "共 1条",  //
           "资金状况", "---------", "客户权益: 5", "---------"});
-    EXPECT_EQ(MoneyStore.Count(), 1);
-    EXPECT_EQ(MatchStore.Count(), 0);
+    EXPECT_EQ(report.MoneyStore.Count(), 1);
+    EXPECT_EQ(report.MatchStore.Count(), 0);
 }
 
 TEST_F(FundStatusReader, ReadsTheOtherSectionsWithoutAMoneySection) {
     Read({"结算单", "日  期:20240102",                                                             //
           "成交记录", "---------", "成交日期", "t0 t1 t2 t3 t4 t5 t6 t7 t8 t9 t10 t11", "共 1条",  //
           "持仓汇总", "---------", "交易所", "s0 s1 s2 3 s4 5 s6 s7 s8 s9 s10 s11 s12", "共 1条"});
-    EXPECT_EQ(MoneyStore.Count(), 0);
-    EXPECT_EQ(MatchStore.Count(), 1);
-    EXPECT_EQ(OpiSumStore.Count(), 2);
+    EXPECT_EQ(report.MoneyStore.Count(), 0);
+    EXPECT_EQ(report.MatchStore.Count(), 1);
+    EXPECT_EQ(report.OpiSumStore.Count(), 2);
 }
 
 TEST_F(FundStatusReader, MakesNoMoneyRecordWithoutATerminatingRow) {
     Read({"结算单", "日  期:20240102", "资金状况", "---------", "客户权益: 5",  //
           "成交记录", "--------", "成交日期", "t0 t1 t2 t3 t4 t5 t6 t7 t8 t9 t10 t11", "共 1条"});
-    EXPECT_EQ(MoneyStore.Count(), 0);
-    EXPECT_TRUE(TradeStatistics.DayFigures.Days.empty());
-    EXPECT_EQ(MatchStore.Count(), 1);
+    EXPECT_EQ(report.MoneyStore.Count(), 0);
+    EXPECT_TRUE(report.TradeStatistics.DayFigures.Days.empty());
+    EXPECT_EQ(report.MatchStore.Count(), 1);
 }
 
 TEST_F(FundStatusReader, DoesNotCountBlankLines) {
@@ -286,13 +287,13 @@ TEST_F(FundStatusReader, DoesNotCountBlankLines) {
           "",
           "共 1条"});
     EXPECT_EQ(Money(), (Fields{{"BILL_DATE", "20240102"}, {"KHQY", "5"}}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "MATCH_DATE"), (Texts{"t0"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "MATCH_DATE"), (Texts{"t0"}));
 }
 
 TEST_F(FundStatusReader, EndsASectionAtADataRowThatHoldsTheTerminatingWord) {
     Read({"结算单", "日  期:20240102", "成交记录", "---------", "成交日期", "t0 t1 t2 t3 t4 t5 t6 t7 t8 t9 t10 t11",
           "u0 公共 t2 t3 t4 t5 t6 t7 t8 t9 t10 t11", "v0 t1 t2 t3 t4 t5 t6 t7 t8 t9 t10 t11", "共 3条"});
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "MATCH_DATE"), (Texts{"t0"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "MATCH_DATE"), (Texts{"t0"}));
 }
 
 }  // namespace

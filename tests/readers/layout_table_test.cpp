@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "readers/statement_loader.h"
+#include "report/statement_format.h"
 #include "support/gbk_text.h"
 
 namespace tradebill {
@@ -70,12 +70,29 @@ TEST(LayoutTable, NamesTheMarkOfEachLayout) {
         names.insert(layout.name);
         const auto* const row = std::ranges::find(rows, layout.name, [](const auto& item) { return item.name; });
         ASSERT_NE(row, std::end(rows)) << layout.name;
-        EXPECT_EQ(layout.mark, Gbk(row->mark)) << layout.name;
+        EXPECT_EQ(layout.marks.mark, Gbk(row->mark)) << layout.name;
         EXPECT_EQ(layout.isForeign, layout.name == "foreign") << layout.name;
         EXPECT_NE(layout.read, nullptr) << layout.name;
     }
     EXPECT_EQ(names.size(), std::size(rows));
     EXPECT_EQ(Layouts().size(), 13U);  // the client bills stand there for each of their two formats
+}
+
+TEST(LayoutTable, HasALayoutForEachFormatAndAFormatForEachDomesticLayout) {
+    std::set<std::int32_t> served;
+    for (const Layout& layout : Layouts()) {
+        if (layout.isForeign) continue;
+        EXPECT_TRUE(IsKnownFormat(layout.format)) << layout.name;
+        served.insert(layout.format);
+    }
+    std::set<std::int32_t> formats;
+    for (const StatementFormat& format : StatementFormats()) {
+        EXPECT_TRUE(formats.insert(format.number).second) << format.number << " stands twice";
+        for (const std::string& text : {std::string(), Gbk("权利金")}) {
+            EXPECT_NE(FindLayout(format.number, text), nullptr) << format.number << ' ' << text;
+        }
+    }
+    EXPECT_EQ(served, formats);
 }
 
 TEST(LayoutTable, NeverGivesADomesticTextToTheForeignReader) {

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "readers/reader_fixture.h"
+#include "report/statement_format.h"
 
 namespace tradebill {
 namespace {
@@ -232,26 +233,26 @@ protected:
     }
 
     void ExpectWellFormedStores() {
-        EXPECT_LE(MoneyStore.Count(), 1);
-        for (const auto& record : MoneyStore.Records) ExpectWellFormed(*record, kMoneyFields);
-        EXPECT_EQ(TradeStatistics.DayFigures.Days.size(), MoneyStore.Records.size());
-        ExpectWellFormedRows(MatchStore, kMatchFields);
-        ExpectWellFormedRows(PingDetailStore, kPingFields);
-        ExpectWellFormedRows(OpiDetailStore, kOpiDetailFields);
-        ExpectWellFormedRows(OpiSumStore, kOpiSumFields);
-        ExpectSides(PingDetailStore);
-        ExpectSides(OpiSumStore);
+        EXPECT_LE(report.MoneyStore.Count(), 1);
+        for (const auto& record : report.MoneyStore.Records) ExpectWellFormed(*record, kMoneyFields);
+        EXPECT_EQ(report.TradeStatistics.DayFigures.Days.size(), report.MoneyStore.Records.size());
+        ExpectWellFormedRows(report.MatchStore, kMatchFields);
+        ExpectWellFormedRows(report.PingDetailStore, kPingFields);
+        ExpectWellFormedRows(report.OpiDetailStore, kOpiDetailFields);
+        ExpectWellFormedRows(report.OpiSumStore, kOpiSumFields);
+        ExpectSides(report.PingDetailStore);
+        ExpectSides(report.OpiSumStore);
         std::int32_t folded = 0;
-        for (const auto& offset : ReportDocument.Offsets) folded += offset->LONG_COUNT + offset->SHORT_COUNT;
-        EXPECT_EQ(folded, PingDetailStore.Count());
-        money_ += MoneyStore.Count();
-        rows_ += MatchStore.Count() + PingDetailStore.Count() + OpiDetailStore.Count() + OpiSumStore.Count();
+        for (const auto& offset : report.ReportDocument.Offsets) folded += offset->LONG_COUNT + offset->SHORT_COUNT;
+        EXPECT_EQ(folded, report.PingDetailStore.Count());
+        money_ += report.MoneyStore.Count();
+        rows_ += report.MatchStore.Count() + report.PingDetailStore.Count() + report.OpiDetailStore.Count() +
+                 report.OpiSumStore.Count();
     }
 
     void ReadInAllFormats(const std::string& text) {
         for (const std::int32_t format : kFormats) {
-            ClearAll();
-            Request.StatementFormat = format;
+            MakeReport(format);
             ReadStatement(kDay, text);
             ExpectWellFormedStores();
             EXPECT_TRUE(IsKnownFormat(format) || NothingRead());
@@ -259,13 +260,12 @@ protected:
     }
 
     /// All that the readers of format 1 leave.
-    static std::vector<Fields> AllRead(const std::string& text) {
-        ClearAll();
-        Request.StatementFormat = 1;
+    std::vector<Fields> AllRead(const std::string& text) {
+        MakeReport(1);
         ReadStatement(kDay, text);
-        std::vector<Fields> all = FieldsOfAll(MoneyStore.Records);
-        for (const auto& rows : {FieldsOfAll(MatchStore.Rows), FieldsOfAll(PingDetailStore.Rows),
-                                 FieldsOfAll(OpiDetailStore.Rows), FieldsOfAll(OpiSumStore.Rows)}) {
+        std::vector<Fields> all = FieldsOfAll(report.MoneyStore.Records);
+        for (const auto& rows : {FieldsOfAll(report.MatchStore.Rows), FieldsOfAll(report.PingDetailStore.Rows),
+                                 FieldsOfAll(report.OpiDetailStore.Rows), FieldsOfAll(report.OpiSumStore.Rows)}) {
             all.insert(all.end(), rows.begin(), rows.end());
         }
         return all;

@@ -2,15 +2,21 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <map>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/text.h"
 #include "platform/text_encoding.h"
+#include "readers/statement_loader.h"
+#include "readers/statement_template.h"
+#include "readers/statement_text.h"
 #include "report/record_fields.h"
-#include "report/stores.h"
+#include "report/report.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 
@@ -87,17 +93,53 @@ using Texts = std::vector<std::string>;
 
 class ReaderFixture : public StoreFixture {
 protected:
-    /// The only money record, field by field.
-    static Fields Money() {
-        EXPECT_EQ(MoneyStore.Count(), 1);
-        return MoneyStore.Records.empty() ? Fields{} : FieldsOf(*MoneyStore.Records.front());
+    /// Puts a new report, with a request of this format, in the place of the one at hand.
+    void MakeReport(std::int32_t format = 0) {
+        std::destroy_at(&report);
+        std::construct_at(&report);
+        report.Request.StatementFormat = format;
+        template_.reset();
     }
 
-    static bool NothingRead() {
-        return MoneyStore.Count() == 0 && MatchStore.Count() == 0 && PingDetailStore.Count() == 0 &&
-               OpiDetailStore.Count() == 0 && OpiSumStore.Count() == 0 && ReportDocument.Offsets.empty() &&
-               TradeStatistics.DayFigures.Days.empty() && TradeStatistics.DayUsages.Days.empty();
+    /// Reads one statement into the report by `reader`, which gets the template of the report's template path, if there
+    /// is one. As in a run, the template is kept from statement to statement.
+    void Read(Reader* reader, std::string_view day, std::string_view text, CScanListener* listener = nullptr) {
+        reader({.day = day, .text = text, .byTemplate = Template(), .listener = listener}, report);
     }
+
+    /// Reads one statement into the report by the reader that the report's request asks for.
+    void ReadStatement(std::string_view day, std::string_view text, CScanListener* listener = nullptr) {
+        CStatementLoader(report).Read(day, text, listener);
+    }
+    bool LoadStatement(std::string_view day, const std::string& path) {
+        return CStatementLoader(report).Load(day, path);
+    }
+
+    /// The template of the report's template path, or null.
+    const CStatementTemplate* Template() {
+        if (!template_ || templatePath_ != report.TemplatePath) {
+            templatePath_ = report.TemplatePath;
+            template_.emplace(templatePath_);
+        }
+        return template_->Present();
+    }
+
+    /// The only money record, field by field.
+    [[nodiscard]] Fields Money() const {
+        EXPECT_EQ(report.MoneyStore.Count(), 1);
+        return report.MoneyStore.Records.empty() ? Fields{} : FieldsOf(*report.MoneyStore.Records.front());
+    }
+
+    [[nodiscard]] bool NothingRead() const {
+        return report.MoneyStore.Count() == 0 && report.MatchStore.Count() == 0 &&
+               report.PingDetailStore.Count() == 0 && report.OpiDetailStore.Count() == 0 &&
+               report.OpiSumStore.Count() == 0 && report.ReportDocument.Offsets.empty() &&
+               report.TradeStatistics.DayFigures.Days.empty() && report.TradeStatistics.DayUsages.Days.empty();
+    }
+
+private:
+    std::string templatePath_;
+    std::optional<CTemplateFile> template_;
 };
 
 }  // namespace tradebill

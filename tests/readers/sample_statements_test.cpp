@@ -129,9 +129,8 @@ protected:
         return days;
     }
 
-    static void Read(const Day& day) {
-        ClearAll();
-        Request.StatementFormat = GetParam().format;
+    void Read(const Day& day) {
+        MakeReport(GetParam().format);
         ReadStatement(day.day, day.text);
     }
 };
@@ -140,8 +139,8 @@ TEST_P(SampleStatements, CloseWithWhatTheDayBrought) {
     std::string formerClosing;
     for (const Day& day : Days()) {
         Read(day);
-        ASSERT_EQ(MoneyStore.Count(), 1) << day.day;
-        const MoneyRecord& money = *MoneyStore.Records.front();
+        ASSERT_EQ(report.MoneyStore.Count(), 1) << day.day;
+        const MoneyRecord& money = *report.MoneyStore.Records.front();
         EXPECT_EQ(money.BILL_DATE, day.day);
         const double brought = AmountIn(money.QCQY) + AmountIn(money.CRJ) + AmountIn(money.PCYK) +
                                AmountIn(money.CCDSYK) + AmountIn(money.QLJSZ) - AmountIn(money.SXF) -
@@ -160,10 +159,10 @@ TEST_P(SampleStatements, HaveTheRowsThatTheirTotalsCount) {
     for (const Day& day : Days()) {
         SCOPED_TRACE(day.day);
         Read(day);
-        ExpectTotals(MatchStore.Rows, TotalsOf(day.text, "成交记录"), sample.trades);
-        ExpectTotals(PingDetailStore.Rows, TotalsOf(day.text, "平仓明细"), sample.closed);
-        ExpectTotals(OpiDetailStore.Rows, TotalsOf(day.text, "持仓明细"), sample.open);
-        rows += MatchStore.Count() + PingDetailStore.Count() + OpiDetailStore.Count();
+        ExpectTotals(report.MatchStore.Rows, TotalsOf(day.text, "成交记录"), sample.trades);
+        ExpectTotals(report.PingDetailStore.Rows, TotalsOf(day.text, "平仓明细"), sample.closed);
+        ExpectTotals(report.OpiDetailStore.Rows, TotalsOf(day.text, "持仓明细"), sample.open);
+        rows += report.MatchStore.Count() + report.PingDetailStore.Count() + report.OpiDetailStore.Count();
     }
     EXPECT_GT(rows, 400);
 }
@@ -172,12 +171,12 @@ TEST_P(SampleStatements, HaveMoneyThatAgreesWithTheirRows) {
     for (const Day& day : Days()) {
         SCOPED_TRACE(day.day);
         Read(day);
-        ASSERT_EQ(MoneyStore.Count(), 1);
-        const MoneyRecord& money = *MoneyStore.Records.front();
-        EXPECT_NEAR(SumOf(MatchStore.Rows, "POUNDAGE"), AmountIn(money.SXF), kRounding);
-        EXPECT_NEAR(SumOf(PingDetailStore.Rows, "OFFSETPL"), AmountIn(money.PCYK), kRounding);
-        EXPECT_NEAR(SumOf(OpiDetailStore.Rows, "DSYK"), AmountIn(money.CCDSYK), kRounding);
-        EXPECT_NEAR(SumOf(OpiDetailStore.Rows, "DEPOSIT"), AmountIn(money.BZJZY), kRounding);
+        ASSERT_EQ(report.MoneyStore.Count(), 1);
+        const MoneyRecord& money = *report.MoneyStore.Records.front();
+        EXPECT_NEAR(SumOf(report.MatchStore.Rows, "POUNDAGE"), AmountIn(money.SXF), kRounding);
+        EXPECT_NEAR(SumOf(report.PingDetailStore.Rows, "OFFSETPL"), AmountIn(money.PCYK), kRounding);
+        EXPECT_NEAR(SumOf(report.OpiDetailStore.Rows, "DSYK"), AmountIn(money.CCDSYK), kRounding);
+        EXPECT_NEAR(SumOf(report.OpiDetailStore.Rows, "DEPOSIT"), AmountIn(money.BZJZY), kRounding);
         EXPECT_NEAR(AmountIn(money.QMJC) - AmountIn(money.BZJZY), AmountIn(money.KYZJ), kCent);
     }
 }
@@ -187,12 +186,12 @@ TEST_P(SampleStatements, HaveASummaryThatAgreesWithItsTotals) {
         SCOPED_TRACE(day.day);
         Read(day);
         if (GetParam().summaryPL == 0) {
-            EXPECT_EQ(OpiSumStore.Count(), 0);
+            EXPECT_EQ(report.OpiSumStore.Count(), 0);
             continue;
         }
         std::set<std::pair<std::string, std::string>> contracts;
         double lots[2] = {};
-        for (const auto& row : OpiSumStore.Rows) {
+        for (const auto& row : report.OpiSumStore.Rows) {
             contracts.emplace(row->CONTRACT, row->DELIVERY);
             const bool isLong = row->BID == Gbk("买");
             lots[isLong ? 0 : 1] +=
@@ -203,9 +202,10 @@ TEST_P(SampleStatements, HaveASummaryThatAgreesWithItsTotals) {
         ASSERT_GE(totals.numbers.size(), GetParam().summaryPL + 2);
         EXPECT_EQ(lots[0], totals.numbers[0]);
         EXPECT_EQ(lots[1], totals.numbers[1]);
-        if (OpiSumStore.Count() != totals.count) continue;  // a contract held on both sides prints one P/L for two
-        EXPECT_NEAR(SumOf(OpiSumStore.Rows, "DSYK"), totals.numbers[GetParam().summaryPL], kRounding);
-        EXPECT_NEAR(SumOf(OpiSumStore.Rows, "DEPOSIT"), totals.numbers[GetParam().summaryPL + 1], kRounding);
+        if (report.OpiSumStore.Count() != totals.count)
+            continue;  // a contract held on both sides prints one P/L for two
+        EXPECT_NEAR(SumOf(report.OpiSumStore.Rows, "DSYK"), totals.numbers[GetParam().summaryPL], kRounding);
+        EXPECT_NEAR(SumOf(report.OpiSumStore.Rows, "DEPOSIT"), totals.numbers[GetParam().summaryPL + 1], kRounding);
     }
 }
 
@@ -215,11 +215,11 @@ TEST_P(SampleStatements, ShowEveryColumnOfTheirRows) {
         Read(day);
         for (const char* const field :
              {"EXCH_NAME", "CONTRACT", "BID", "MATCH_DATE", "MATCH_PRICE", "OFFSET", "HEDGE"}) {
-            if (std::ranges::count(TextsOf(MatchStore.Rows, field), "") != 0) empty.insert(field);
+            if (std::ranges::count(TextsOf(report.MatchStore.Rows, field), "") != 0) empty.insert(field);
         }
-        EXPECT_EQ(MatchStore.Rows.empty() ? day.day : MatchStore.Rows.front()->MATCH_DATE, day.day);
-        for (const std::string& date : TextsOf(OpiDetailStore.Rows, "OPEN_DATE")) EXPECT_LE(date, day.day);
-        for (const std::string& date : TextsOf(PingDetailStore.Rows, "OPEN_DATE")) EXPECT_LE(date, day.day);
+        EXPECT_EQ(report.MatchStore.Rows.empty() ? day.day : report.MatchStore.Rows.front()->MATCH_DATE, day.day);
+        for (const std::string& date : TextsOf(report.OpiDetailStore.Rows, "OPEN_DATE")) EXPECT_LE(date, day.day);
+        for (const std::string& date : TextsOf(report.PingDetailStore.Rows, "OPEN_DATE")) EXPECT_LE(date, day.day);
     }
     EXPECT_EQ(empty, std::set<std::string>{});
 }

@@ -8,11 +8,10 @@
 
 #include "base/report_error.h"
 #include "readers/scan_recorder.h"
-#include "readers/statement_loader.h"
 #include "readers/template_fixture.h"
 #include "report/money_store.h"
+#include "report/report.h"
 #include "report/request_copy.h"
-#include "report/stores.h"
 
 namespace tradebill {
 namespace {
@@ -22,8 +21,8 @@ using Events = std::vector<std::string>;
 class ScanListener : public TemplateFixture {
 protected:
     /// Reads a statement of 5 January 2024 without a template.
-    static CScanLog Listen(std::int32_t format, Lines lines) {
-        Request.StatementFormat = format;
+    CScanLog Listen(std::int32_t format, Lines lines) {
+        report.Request.StatementFormat = format;
         CScanRecorder recorder;
         ReadStatement("20240105", Statement(lines), &recorder);
         return recorder.Log();
@@ -69,6 +68,8 @@ TEST_F(ScanListener, HearsOfLabelsBehindWhichAValueStands) {
 TEST_F(ScanListener, HearsOfMoneyBeforeTheStoresHaveIt) {
     class CWatch final : public CScanListener {
     public:
+        explicit CWatch(const CReport& report) : report_(report) {}
+
         void OnTemplate(const TemplateSeen&) override {}
         void OnReader(std::string_view) override {}
         void OnDate(std::string_view, std::string_view) override {}
@@ -78,21 +79,24 @@ TEST_F(ScanListener, HearsOfMoneyBeforeTheStoresHaveIt) {
         void OnLabelMet(std::string_view) override {}
         void OnMoney(const MoneyRecord& record, std::string_view) override {
             equity = FieldText(record.KHQY);
-            stored = MoneyStore.Count();
+            stored = report_.MoneyStore.Count();
         }
         void OnRecord() override {}
 
         std::string equity;
         int stored = -1;
+
+    private:
+        const CReport& report_;
     };
-    CWatch watch;
-    Request.StatementFormat = 2;  // the store works out the equity of this format anew
+    CWatch watch(report);
+    report.Request.StatementFormat = 2;  // the store works out the equity of this format anew
     ReadStatement("20240105",
                   Statement({"客户帐单_资金清单", "-", "-", "-", "1 0 0 2 3 100.00 60.00 9% 50.00", "---------"}),
                   &watch);
     EXPECT_EQ(watch.equity, "100.00");
     EXPECT_EQ(watch.stored, 0);
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "KHQY"), (std::vector<std::string>{"110.00"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "KHQY"), (std::vector<std::string>{"110.00"}));
 }
 
 TEST_F(ScanListener, HearsOfRowsThatHoldBothSides) {
@@ -101,11 +105,11 @@ TEST_F(ScanListener, HearsOfRowsThatHoldBothSides) {
     EXPECT_EQ(heard.Events("record").size(), 3U);
     EXPECT_EQ(heard.Events("row"), (Events{"a b 1 c 2 d e f g h i/read/11", "a b 0 c 2 d e f g h i/read/11",
                                            "a b 0 c 0 d e f g h i/no lots/11", "a b 1 c 2/too short/5/11"}));
-    EXPECT_EQ(OpiSumStore.Count(), 3);
+    EXPECT_EQ(report.OpiSumStore.Count(), 3);
 }
 
 TEST_F(ScanListener, HearsOfForeignTables) {
-    Request.StatementKind = kForeignKind;
+    report.Request.StatementKind = kForeignKind;
     const CScanLog heard = Listen(0, {"成交记录",
                                       "-",
                                       "-",
@@ -147,7 +151,7 @@ TEST_F(ScanListener, HearsOfForeignTables) {
 }
 
 TEST_F(ScanListener, HearsOfEachCurrencysMoney) {
-    Request.StatementKind = kForeignKind;
+    report.Request.StatementKind = kForeignKind;
     const CScanLog heard = Listen(0, {"资金汇总", "Base HKD* USD", "当前权益 1,000.00 20.00", "合约", "追加保证金",
                                       "借贷成本", "币种 Currency        JPY", "当前权益 3.00", "追加保证金"});
     EXPECT_EQ(heard.Events("money"), (Events{"20240105/1000.00/HKD*", "20240105/20.00/USD", "20240105/3.00/JPY"}));
@@ -162,7 +166,7 @@ TEST_F(ScanListener, HearsHowTheReaderOfChangedLabelsTakesOver) {
     EXPECT_EQ(Listen(3, {"权利金"}).Events("reader"), (Events{"bilingual"}));
     const CScanLog heard = ListenBy("[DEALFIELD]\r\nBILLFORMAT_NEWDATE=20240105\r\n", {"权利金"});
     EXPECT_EQ(heard.Events("reader"), (Events{"fund-status-premium"}));
-    Request.StatementFormat = 3;
+    report.Request.StatementFormat = 3;
     CScanRecorder again;
     ReadStatement("20240105", Statement({"权利金"}), &again);
     EXPECT_EQ(again.Events("reader"), (Events{"bilingual", "bilingual-new"}));

@@ -14,20 +14,16 @@ namespace {
 
 class SpacedTitleReader : public BillSheetFixture {
 protected:
-    SpacedTitleReader() { Begin(6); }
+    SpacedTitleReader() { MakeReport(6); }
 
-    static void Begin(int format) {
-        ClearAll();
-        Request.StatementFormat = format;
-    }
-
-    static void Read(std::initializer_list<std::string_view> lines) {
-        ReadSpacedTitleStatement(kBillDay, Statement(lines));
+    using ReaderFixture::Read;
+    void Read(std::initializer_list<std::string_view> lines) {
+        Read(ReadSpacedTitleStatement, kBillDay, Statement(lines));
     }
 
     /// The record of a money sheet of these rows. Any format but 6 keeps the reader's own equity.
-    static Fields ReadMoneyRows(std::string_view first, std::string_view second, int format = 6) {
-        Begin(format);
+    Fields ReadMoneyRows(std::string_view first, std::string_view second, int format = 6) {
+        MakeReport(format);
         Read({"资 金 清 单", "---------", "上日结存", first, "---------", "当日结存", second});
         return Money();
     }
@@ -45,13 +41,13 @@ TEST_F(SpacedTitleReader, FillsMoneyFromTwoRowsOfColumns) {
                                {"BZJZY", "20.25"},
                                {"KYZJ", "30.5"},
                                {"KHQY", "50.75"}}));
-    EXPECT_EQ(MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
+    EXPECT_EQ(report.MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
 }
 
 TEST_F(SpacedTitleReader, LeavesCashFlowEmpty) {
     const Fields money = ReadMoneyRows("1000 500 1 1 1", "1 1 1");
     EXPECT_FALSE(money.contains("CRJ"));
-    EXPECT_EQ(MoneyStore.TotalCashFlow, 0);
+    EXPECT_EQ(report.MoneyStore.TotalCashFlow, 0);
     EXPECT_EQ(FigureOf("20240105").CashFlow, 0);
 }
 
@@ -70,7 +66,7 @@ TEST_F(SpacedTitleReader, NeedsFiveColumnsInTheFirstMoneyRow) {
 }
 
 TEST_F(SpacedTitleReader, EndsAtAShortFirstMoneyRowEvenIfTheSecondIsMissing) {
-    EXPECT_EQ(ErrorOf([] { Read({"资 金 清 单", "h", "h", "1 1 1 1"}); }), 0U);
+    EXPECT_EQ(ErrorOf([this] { Read({"资 金 清 单", "h", "h", "1 1 1 1"}); }), 0U);
     EXPECT_TRUE(NothingRead());
 }
 
@@ -112,26 +108,27 @@ TEST_F(SpacedTitleReader, RaisesAnErrorIfTheTextEndsAboveAMoneyRow) {
         {"资 金 清 单", "h", "h", "1 1 1 1 1", "h", "h"},
     };
     for (const Lines& lines : texts) {
-        EXPECT_EQ(ErrorOf([&] { ReadSpacedTitleStatement(kBillDay, BillOf(lines)); }), 0x80070057U) << lines.size();
+        EXPECT_EQ(ErrorOf([&] { Read(ReadSpacedTitleStatement, kBillDay, BillOf(lines)); }), 0x80070057U)
+            << lines.size();
         EXPECT_TRUE(NothingRead()) << lines.size();
     }
-    EXPECT_EQ(ErrorOf([] { Read({"资 金 清 单", "h", "h", "1 1 1 1 1", "h", "h", "x"}); }), 0U);
-    EXPECT_EQ(MoneyStore.Count(), 1);
+    EXPECT_EQ(ErrorOf([this] { Read({"资 金 清 单", "h", "h", "1 1 1 1 1", "h", "h", "x"}); }), 0U);
+    EXPECT_EQ(report.MoneyStore.Count(), 1);
 }
 
 TEST_F(SpacedTitleReader, KeepsTheTablesReadBeforeAMoneyError) {
-    const auto read = [] {
+    const auto read = [this] {
         Read({"成 交 记 录 单", "h", "h", Ones(9),  "合计", "平 仓 盈 亏 单",    "h", "h", Ones(10), "合计",  //
               "持仓明细",       "h", "h", Ones(13), "合计", "持 仓 盈 亏 汇 总", "h", "h", Ones(8),  "合计",
               "资 金 清 单"});
     };
     EXPECT_EQ(ErrorOf(read), 0x80070057U);
-    EXPECT_EQ(MatchStore.Count(), 1);
-    EXPECT_EQ(PingDetailStore.Count(), 1);
-    EXPECT_EQ(OpiDetailStore.Count(), 1);
-    EXPECT_EQ(OpiSumStore.Count(), 1);
-    EXPECT_EQ(MoneyStore.Count(), 0);
-    EXPECT_TRUE(TradeStatistics.DayFigures.Days.empty());
+    EXPECT_EQ(report.MatchStore.Count(), 1);
+    EXPECT_EQ(report.PingDetailStore.Count(), 1);
+    EXPECT_EQ(report.OpiDetailStore.Count(), 1);
+    EXPECT_EQ(report.OpiSumStore.Count(), 1);
+    EXPECT_EQ(report.MoneyStore.Count(), 0);
+    EXPECT_TRUE(report.TradeStatistics.DayFigures.Days.empty());
 }
 
 TEST_F(SpacedTitleReader, FeedsTheDaysMoneyToTheStatistics) {
@@ -141,8 +138,8 @@ TEST_F(SpacedTitleReader, FeedsTheDaysMoneyToTheStatistics) {
     EXPECT_EQ(figure.PositionPL, 20);
     EXPECT_EQ(figure.ClosedPL, -30);
     EXPECT_EQ(figure.Closing, 990);
-    ASSERT_EQ(TradeStatistics.DayUsages.Days.size(), 1U);
-    EXPECT_EQ(TradeStatistics.DayUsages.Days.front()->Risk, 0.4);
+    ASSERT_EQ(report.TradeStatistics.DayUsages.Days.size(), 1U);
+    EXPECT_EQ(report.TradeStatistics.DayUsages.Days.front()->Risk, 0.4);
 }
 
 TEST_F(SpacedTitleReader, TakesTheDaysTotalsFromTheMoneyRowAlone) {
@@ -151,38 +148,38 @@ TEST_F(SpacedTitleReader, TakesTheDaysTotalsFromTheMoneyRowAlone) {
           "1 1 1 1 1 1 55 1", "合计 1 66 66 66"});
     EXPECT_EQ(Money().at("CCDSYK"), "20");
     EXPECT_EQ(Money().at("PCYK"), "-30");
-    EXPECT_EQ(MoneyStore.TotalPositionPL, 20);
-    EXPECT_EQ(MoneyStore.TotalClosedPL, -30);
+    EXPECT_EQ(report.MoneyStore.TotalPositionPL, 20);
+    EXPECT_EQ(report.MoneyStore.TotalClosedPL, -30);
     EXPECT_EQ(FigureOf("20240105").PositionPL, 20);
     EXPECT_EQ(FigureOf("20240105").ClosedPL, -30);
 }
 
 TEST_F(SpacedTitleReader, FillsATradeFromItsColumns) {
     Read({"成 交 记 录 单", "日  期:20240102", "成交日期", "t0 t1 t2 买t3 开仓t4 t5 t6 t7 t8 t9", "合计"});
-    EXPECT_EQ(FieldsOfAll(MatchStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240105"},
-                                                                  {"MATCH_DATE", "t0"},
-                                                                  {"CONTRACT", "t1"},
-                                                                  {"MATCH_VOL", "t2"},
-                                                                  {"BID", "买t3"},
-                                                                  {"OFFSET", "开仓t4"},
-                                                                  {"MATCH_PRICE", "t5"},
-                                                                  {"TURNOVER", "t6"},
-                                                                  {"POUNDAGE", "t7"},
-                                                                  {"EXCH_NAME", "t8"}}}));
+    EXPECT_EQ(FieldsOfAll(report.MatchStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240105"},
+                                                                         {"MATCH_DATE", "t0"},
+                                                                         {"CONTRACT", "t1"},
+                                                                         {"MATCH_VOL", "t2"},
+                                                                         {"BID", "买t3"},
+                                                                         {"OFFSET", "开仓t4"},
+                                                                         {"MATCH_PRICE", "t5"},
+                                                                         {"TURNOVER", "t6"},
+                                                                         {"POUNDAGE", "t7"},
+                                                                         {"EXCH_NAME", "t8"}}}));
 }
 
 TEST_F(SpacedTitleReader, FillsAClosedPositionFromItsColumns) {
     Read({"平 仓 盈 亏 单", "---------", "平仓日期", "p0 买p1 p2 卖p3 p4 p5 p6 p7 p8 p9 p10", "合计"});
-    EXPECT_EQ(FieldsOfAll(PingDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240105"},
-                                                                       {"MATCH_DATE", "p0"},
-                                                                       {"CONTRACT", "买p1"},
-                                                                       {"MATCH_VOL", "p2"},
-                                                                       {"BID", "买"},
-                                                                       {"MATCH_PRICE", "p4"},
-                                                                       {"SETTLE_PRICE", "p5"},
-                                                                       {"OPEN_DATE", "p7"},
-                                                                       {"OPEN_PRICE", "p8"},
-                                                                       {"OFFSETPL", "p9"}}}));
+    EXPECT_EQ(FieldsOfAll(report.PingDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240105"},
+                                                                              {"MATCH_DATE", "p0"},
+                                                                              {"CONTRACT", "买p1"},
+                                                                              {"MATCH_VOL", "p2"},
+                                                                              {"BID", "买"},
+                                                                              {"MATCH_PRICE", "p4"},
+                                                                              {"SETTLE_PRICE", "p5"},
+                                                                              {"OPEN_DATE", "p7"},
+                                                                              {"OPEN_PRICE", "p8"},
+                                                                              {"OFFSETPL", "p9"}}}));
 }
 
 TEST_F(SpacedTitleReader, InvertsTheSideOfClosedPositionsAndFoldsThem) {
@@ -190,62 +187,62 @@ TEST_F(SpacedTitleReader, InvertsTheSideOfClosedPositionsAndFoldsThem) {
           "1 cu2405 2 卖 105 99 1 1 100 1",    // a long position, closed 5 points higher
           "1 cu2405 1 买入 103 99 1 1 100 1",  // a short one, closed 3 points higher
           "合计"});
-    EXPECT_EQ(TextsOf(PingDetailStore.Rows, "BID"), (Texts{"买", "卖"}));
-    ASSERT_EQ(ReportDocument.Offsets.size(), 1U);
-    EXPECT_EQ(ReportDocument.Offsets.front()->LONG_WIN_PL, 10);
-    EXPECT_EQ(ReportDocument.Offsets.front()->SHORT_LOSE_PL, -3);
+    EXPECT_EQ(TextsOf(report.PingDetailStore.Rows, "BID"), (Texts{"买", "卖"}));
+    ASSERT_EQ(report.ReportDocument.Offsets.size(), 1U);
+    EXPECT_EQ(report.ReportDocument.Offsets.front()->LONG_WIN_PL, 10);
+    EXPECT_EQ(report.ReportDocument.Offsets.front()->SHORT_LOSE_PL, -3);
 }
 
 TEST_F(SpacedTitleReader, FillsAnOpenPositionFromItsColumns) {
     Read({"持仓明细", "---------", "交易所", "o0 o1 o2 o3 买o4 o5 o6 o7 o8 o9 o10 o11 o12 o13", "合计"});
-    EXPECT_EQ(FieldsOfAll(OpiDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240105"},
-                                                                      {"EXCH_NAME", "o0"},
-                                                                      {"CONTRACT", "o1"},
-                                                                      {"DELIVERY", "o2"},
-                                                                      {"OPEN_DATE", "o3"},
-                                                                      {"BID", "买o4"},
-                                                                      {"HEDGE", "o5"},
-                                                                      {"POSITION_VOL", "o6"},
-                                                                      {"OPEN_PRICE", "o7"},
-                                                                      {"YSETTLE_PRICE", "o8"},
-                                                                      {"SETTLE_PRICE", "o9"},
-                                                                      {"FLOATPL", "o10"},
-                                                                      {"DSYK", "o11"},
-                                                                      {"DEPOSIT", "o12"}}}));
+    EXPECT_EQ(FieldsOfAll(report.OpiDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240105"},
+                                                                             {"EXCH_NAME", "o0"},
+                                                                             {"CONTRACT", "o1"},
+                                                                             {"DELIVERY", "o2"},
+                                                                             {"OPEN_DATE", "o3"},
+                                                                             {"BID", "买o4"},
+                                                                             {"HEDGE", "o5"},
+                                                                             {"POSITION_VOL", "o6"},
+                                                                             {"OPEN_PRICE", "o7"},
+                                                                             {"YSETTLE_PRICE", "o8"},
+                                                                             {"SETTLE_PRICE", "o9"},
+                                                                             {"FLOATPL", "o10"},
+                                                                             {"DSYK", "o11"},
+                                                                             {"DEPOSIT", "o12"}}}));
 }
 
 TEST_F(SpacedTitleReader, FillsASummaryRowFromItsColumns) {
     Read({"持 仓 盈 亏 汇 总", "---------", "合约", "s0 s1 买s2 s3 s4 s5 s6 s7 s8", "合计"});
-    EXPECT_EQ(FieldsOfAll(OpiSumStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240105"},
-                                                                   {"CONTRACT", "s0"},
-                                                                   {"POSITION_VOL", "s1"},
-                                                                   {"BID", "买s2"},
-                                                                   {"SETTLE_PRICE", "s3"},
-                                                                   {"YSETTLE_PRICE", "s4"},
-                                                                   {"POSITION_PRICE", "s5"},
-                                                                   {"DSYK", "s6"},
-                                                                   {"DEPOSIT", "s7"}}}));
+    EXPECT_EQ(FieldsOfAll(report.OpiSumStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240105"},
+                                                                          {"CONTRACT", "s0"},
+                                                                          {"POSITION_VOL", "s1"},
+                                                                          {"BID", "买s2"},
+                                                                          {"SETTLE_PRICE", "s3"},
+                                                                          {"YSETTLE_PRICE", "s4"},
+                                                                          {"POSITION_PRICE", "s5"},
+                                                                          {"DSYK", "s6"},
+                                                                          {"DEPOSIT", "s7"}}}));
 }
 
 TEST_F(SpacedTitleReader, MakesOneRecordOfEachSummaryRowWhateverItsLots) {
     Read({"持 仓 盈 亏 汇 总", "h", "h", "a 0 买 1 1 1 1 1", "b -1 卖 1 1 1 1 1", "c x 净 1 1 1 1 1", "合计"});
-    EXPECT_EQ(TextsOf(OpiSumStore.Rows, "CONTRACT"), (Texts{"a", "b", "c"}));
-    EXPECT_EQ(TextsOf(OpiSumStore.Rows, "POSITION_VOL"), (Texts{"0", "-1", "x"}));
-    EXPECT_EQ(TextsOf(OpiSumStore.Rows, "BID"), (Texts{"买", "卖", "净"}));
+    EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "CONTRACT"), (Texts{"a", "b", "c"}));
+    EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "POSITION_VOL"), (Texts{"0", "-1", "x"}));
+    EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "BID"), (Texts{"买", "卖", "净"}));
 }
 
 TEST_F(SpacedTitleReader, FeedsOpenRowsAndNotTheSummaryToTheStatistics) {
     Read({"持仓明细", "h", "h", "1 cu2405 1 1 买 1 3 1 1 1 1 1 300", "1 al2406 1 1 卖 1 2 1 1 1 1 1 50", "合计",
           "持 仓 盈 亏 汇 总", "h", "h", "cu2405 3 买 1 1 1 1 300", "ru2405 4 卖 1 1 1 1 90", "合计"});
     EXPECT_EQ(PositionsOf("20240105"), (Texts{"cu 买 3 300.000000", "al 卖 2 50.000000"}));
-    EXPECT_EQ(OpiSumStore.Count(), 2);
+    EXPECT_EQ(report.OpiSumStore.Count(), 2);
 }
 
 TEST_F(SpacedTitleReader, KeepsBars) {
     Read({"成 交 记 录 单", "h", "h", "|t0 t1 t2 t3 t4 t5 t6 t7 t8|", "合计",  //
           "资 金 清 单", "h", "h", "|m0 1 1 1 m4|", "h", "h", "|n0 1 n2|"});
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "MATCH_DATE"), (Texts{"|t0"}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "EXCH_NAME"), (Texts{"t8|"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "MATCH_DATE"), (Texts{"|t0"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "EXCH_NAME"), (Texts{"t8|"}));
     const Fields money = Money();
     EXPECT_EQ(money.at("QCQY"), "|m0");
     EXPECT_EQ(money.at("SXF"), "m4|");

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "readers/reader_fixture.h"
+#include "report/statement_format.h"
 #include "support/temp_folder.h"
 
 namespace tradebill {
@@ -40,12 +41,7 @@ std::string PremiumNote() {
 
 class StatementLoader : public ReaderFixture {
 protected:
-    StatementLoader() { Begin(1); }
-
-    static void Begin(std::int32_t format) {
-        ClearAll();
-        Request.StatementFormat = format;
-    }
+    StatementLoader() { MakeReport(1); }
 
     bool Load(const std::string& content) {
         path_ = folder_.Write("D1.20240105o.txt", content);
@@ -53,10 +49,10 @@ protected:
     }
 
     /// The day under which `text` was filed; nothing if no money record was made.
-    static std::string DayOf(std::int32_t format, const std::string& text) {
-        Begin(format);
+    std::string DayOf(std::int32_t format, const std::string& text) {
+        MakeReport(format);
         ReadStatement(kFileDay, text);
-        return MoneyStore.Count() == 0 ? "none" : TextsOf(MoneyStore.Records, "BILL_DATE").front();
+        return report.MoneyStore.Count() == 0 ? "none" : TextsOf(report.MoneyStore.Records, "BILL_DATE").front();
     }
 
     CTempFolder folder_;
@@ -72,7 +68,7 @@ TEST_F(StatementLoader, ReadsOneFileAfterTheOther) {
     const std::string other = Gbk("结算单\r\n日  期:20240103\r\n资金状况\r\n-\r\n-\r\n---------\r\n");
     EXPECT_TRUE(Load(StatusText()));
     EXPECT_TRUE(Load(other));
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "BILL_DATE"), (Texts{"20240102", "20240103"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "BILL_DATE"), (Texts{"20240102", "20240103"}));
 }
 
 TEST_F(StatementLoader, PassesOverAMissingFile) {
@@ -91,26 +87,26 @@ TEST_F(StatementLoader, ReadsNothingFromAnEmptyFileAndLeavesItEmpty) {
 
 TEST_F(StatementLoader, EndsTheTextAtItsFirstZeroByte) {
     Load(StatusText() + "\0"s + Statement({"成交记录", "-", "-", "t0 t1 t2 t3 t4 t5 t6 t7 t8 t9 t10 t11", "共"}));
-    EXPECT_EQ(MoneyStore.Count(), 1);
-    EXPECT_EQ(MatchStore.Count(), 0);
-    Begin(1);
+    EXPECT_EQ(report.MoneyStore.Count(), 1);
+    EXPECT_EQ(report.MatchStore.Count(), 0);
+    MakeReport(1);
     Load("\0"s + StatusText());
     EXPECT_TRUE(NothingRead());
 }
 
 TEST_F(StatementLoader, DoesNotSeeTheWordForPremiumBehindAZeroByte) {
     Load(StatusText() + "\0"s + PremiumNote());
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "BILL_DATE"), (Texts{"20240102"}));
-    Begin(1);
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "BILL_DATE"), (Texts{"20240102"}));
+    MakeReport(1);
     Load(StatusText() + PremiumNote() + "\0"s);
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "BILL_DATE"), (Texts{"20240105"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "BILL_DATE"), (Texts{"20240105"}));
 }
 
 TEST_F(StatementLoader, LeavesContentAndLengthOfTheFile) {
     for (const std::string& content : {""s, "\0"s, StatusText(), StatusText() + "\0tail"s, std::string(4096, 'x'),
                                        std::string(4095, '\n'), "no line end"s}) {
         for (const std::int32_t format : {0, 1, 3, 5}) {
-            Begin(format);
+            MakeReport(format);
             EXPECT_TRUE(Load(content));
             EXPECT_EQ(ReadFile(path_), content);
         }
@@ -118,7 +114,7 @@ TEST_F(StatementLoader, LeavesContentAndLengthOfTheFile) {
 }
 
 TEST_F(StatementLoader, PassesOverAFolder) {
-    Begin(1);
+    MakeReport(1);
     EXPECT_FALSE(LoadStatement(kFileDay, folder_.Path()));
     EXPECT_TRUE(NothingRead());
 }
@@ -128,7 +124,7 @@ TEST_F(StatementLoader, ReadsAFileThatAnotherHasOpen) {
     std::fstream other(path, std::ios::in | std::ios::out | std::ios::binary);
     ASSERT_TRUE(other.is_open());
     EXPECT_TRUE(LoadStatement(kFileDay, path));
-    EXPECT_EQ(MoneyStore.Count(), 1);
+    EXPECT_EQ(report.MoneyStore.Count(), 1);
 }
 
 TEST_F(StatementLoader, ChoosesTheReaderByFormat) {
@@ -166,28 +162,28 @@ TEST_F(StatementLoader, ReadsFormatZeroAlikeWithAndWithoutTheWord) {
 
 TEST_F(StatementLoader, DoesNotTakeAStatementWithPremiumForATabulatedOne) {
     DayOf(3, TabulatedText() + PremiumNote());
-    EXPECT_FALSE(MoneyStore.HasDay("20240102"));
+    EXPECT_FALSE(report.MoneyStore.HasDay("20240102"));
 }
 
 TEST_F(StatementLoader, AlternatesBetweenTheTwoReadersFromDayToDay) {
     for (const bool premium : {false, true, false}) {
         ReadStatement(premium ? "20240108" : "20240105", StatusText() + (premium ? PremiumNote() : ""));
     }
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "BILL_DATE"), (Texts{"20240108", "20240102"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "BILL_DATE"), (Texts{"20240108", "20240102"}));
 }
 
 TEST_F(StatementLoader, FilesADayUnderTheStatementsDateUnnoticed) {
     EXPECT_EQ(DayOf(1, StatusText()), "20240102");
-    EXPECT_FALSE(MoneyStore.HasDay(kFileDay));
+    EXPECT_FALSE(report.MoneyStore.HasDay(kFileDay));
 }
 
 TEST_F(StatementLoader, ReadsNoDomesticLayoutForTheForeignFamily) {
     for (const std::int32_t kind : {-1, 0, 1, 2, 3}) {
         for (const std::int32_t format : {0, 1, 3}) {
-            Begin(format);
-            Request.StatementKind = kind;
+            MakeReport(format);
+            report.Request.StatementKind = kind;
             ReadStatement(kFileDay, format == 0 ? ClassText() : format == 1 ? StatusText() : TabulatedText());
-            EXPECT_EQ(MoneyStore.HasDay("20240102"), kind != 2) << kind << ' ' << format;
+            EXPECT_EQ(report.MoneyStore.HasDay("20240102"), kind != 2) << kind << ' ' << format;
         }
     }
 }

@@ -8,37 +8,38 @@
 #include <utility>
 #include <vector>
 
-#include "readers/hand_over.h"
 #include "readers/reader_fixture.h"
+#include "readers/record_sink.h"
 
 namespace tradebill {
 namespace {
 
 class TabulatedReader : public ReaderFixture {
 protected:
-    static void Read(std::initializer_list<std::string_view> lines) {
-        ReadTabulatedStatement("20240105", Statement(lines));
+    using ReaderFixture::Read;
+    void Read(std::initializer_list<std::string_view> lines) {
+        Read(ReadTabulatedStatement, "20240105", Statement(lines));
     }
 
     /// The record of a money section of this row.
-    static Fields ReadMoneyRow(std::string_view row) {
-        ClearAll();
+    Fields ReadMoneyRow(std::string_view row) {
+        MakeReport();
         Read({"制表", "制表时间：20240102", "资金状况", "=========", row, "成交记录", "---------"});
         return Money();
     }
 
     /// What a summary of this row leaves in OpiSumStore.
-    static std::vector<Fields> ReadSummaryRow(std::string_view row) {
-        ClearAll();
+    std::vector<Fields> ReadSummaryRow(std::string_view row) {
+        MakeReport();
         Read({"制表", "制表时间：20240102", "持仓汇总", "---------", "|品种|", "|(手)|", row, "---------"});
-        return FieldsOfAll(OpiSumStore.Rows);
+        return FieldsOfAll(report.OpiSumStore.Rows);
     }
 
-    static void StoreDay(std::string_view day) {
+    void StoreDay(std::string_view day) {
         auto record = std::make_unique<MoneyRecord>(ClearedMoneyRecord());
         CopyField(record->BILL_DATE, day);
         CopyField(record->KHQY, "1");
-        HandOver(std::move(record));
+        CRecordSink(report, nullptr).Add(std::move(record));
     }
 };
 
@@ -56,7 +57,7 @@ TEST_F(TabulatedReader, FillsMoneyFromItsLabels) {
                                {"CCDSYK", "m7"},
                                {"KYZJ", "m8"},
                                {"SXF", "m9"}}));
-    EXPECT_EQ(MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
+    EXPECT_EQ(report.MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
 }
 
 TEST_F(TabulatedReader, FindsLabelsInsideLongerColumns) {
@@ -119,75 +120,75 @@ TEST_F(TabulatedReader, FindsATitleInTheRowAboveTheDashedLine) {
     Read({"制表", "制表时间：20240102", "资金状况", "=========", "客户权益： 5",  //
           "平仓明细", "---------", "|平仓日期|", "---------",                     //
           "|p0|p1|p2|p3|p4|p5|p6|p7|p8|p9|p10|", "---------", "|共1条|"});
-    EXPECT_EQ(MoneyStore.Count(), 1);
-    EXPECT_EQ(PingDetailStore.Count(), 1);  // although the trades above it are missing
+    EXPECT_EQ(report.MoneyStore.Count(), 1);
+    EXPECT_EQ(report.PingDetailStore.Count(), 1);  // although the trades above it are missing
 }
 
 TEST_F(TabulatedReader, DoesNotFindATitleFurtherUp) {
     Read({"制表", "制表时间：20240102", "资金状况", "=========", "成交记录", "客户权益： 5", "---------", "|成交日期|",
           "|t0|t1|t2|t3|t4|t5|t6|t7|t8|t9|t10|t11|", "---------", "|共1条|"});
-    EXPECT_EQ(MoneyStore.Count(), 1);
-    EXPECT_EQ(MatchStore.Count(), 0);
+    EXPECT_EQ(report.MoneyStore.Count(), 1);
+    EXPECT_EQ(report.MatchStore.Count(), 0);
 }
 
 TEST_F(TabulatedReader, FillsATradeFromItsColumns) {
     Read({"制表", "制表时间：20240102", "成交记录", "---------", "|成交日期|", "---------",
           "|t0|t1|t2 x|t3| 买4 | t5 |   t6|t7|t8|t9|t10|t11|t12|", "---------", "|共1条|"});
-    EXPECT_EQ(FieldsOfAll(MatchStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240102"},
-                                                                  {"MATCH_DATE", "t0"},
-                                                                  {"EXCH_NAME", "t1"},
-                                                                  {"CONTRACT", "t2 x"},
-                                                                  {"DELIVERY", "t3"},
-                                                                  {"BID", "买4"},
-                                                                  {"HEDGE", "t5"},
-                                                                  {"MATCH_PRICE", "t6"},
-                                                                  {"MATCH_VOL", "t7"},
-                                                                  {"TURNOVER", "t8"},
-                                                                  {"OFFSET", "t9"},
-                                                                  {"POUNDAGE", "t10"},
-                                                                  {"OFFSETPL", "t11"}}}));
+    EXPECT_EQ(FieldsOfAll(report.MatchStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240102"},
+                                                                         {"MATCH_DATE", "t0"},
+                                                                         {"EXCH_NAME", "t1"},
+                                                                         {"CONTRACT", "t2 x"},
+                                                                         {"DELIVERY", "t3"},
+                                                                         {"BID", "买4"},
+                                                                         {"HEDGE", "t5"},
+                                                                         {"MATCH_PRICE", "t6"},
+                                                                         {"MATCH_VOL", "t7"},
+                                                                         {"TURNOVER", "t8"},
+                                                                         {"OFFSET", "t9"},
+                                                                         {"POUNDAGE", "t10"},
+                                                                         {"OFFSETPL", "t11"}}}));
 }
 
 TEST_F(TabulatedReader, FillsAClosedPositionFromItsColumns) {
     Read({"制表", "制表时间：20240102", "平仓明细", "---------", "|平仓日期|", "---------",
           "|p0|p1|p2|p3|p4|买5|p6|p7|p8|p9|p10|p11|", "---------", "|共1条|"});
-    EXPECT_EQ(FieldsOfAll(PingDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240102"},
-                                                                       {"MATCH_DATE", "p0"},
-                                                                       {"EXCH_NAME", "p1"},
-                                                                       {"CONTRACT", "p2"},
-                                                                       {"DELIVERY", "p3"},
-                                                                       {"OPEN_DATE", "p4"},
-                                                                       {"BID", "卖"},
-                                                                       {"MATCH_VOL", "p6"},
-                                                                       {"OPEN_PRICE", "p7"},
-                                                                       {"SETTLE_PRICE", "p8"},
-                                                                       {"MATCH_PRICE", "p9"},
-                                                                       {"OFFSETPL", "p10"}}}));
+    EXPECT_EQ(FieldsOfAll(report.PingDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240102"},
+                                                                              {"MATCH_DATE", "p0"},
+                                                                              {"EXCH_NAME", "p1"},
+                                                                              {"CONTRACT", "p2"},
+                                                                              {"DELIVERY", "p3"},
+                                                                              {"OPEN_DATE", "p4"},
+                                                                              {"BID", "卖"},
+                                                                              {"MATCH_VOL", "p6"},
+                                                                              {"OPEN_PRICE", "p7"},
+                                                                              {"SETTLE_PRICE", "p8"},
+                                                                              {"MATCH_PRICE", "p9"},
+                                                                              {"OFFSETPL", "p10"}}}));
 }
 
 TEST_F(TabulatedReader, TakesTheSideOfAClosedPositionFromItsSixthColumn) {
     Read({"制表", "制表时间：20240102", "平仓明细", "---------", "|平仓日期|", "---------",
           "|p0|p1|p2|p3|买|卖|买|p7|p8|p9|p10|", "|p0|p1|p2|p3|卖|买|卖|p7|p8|p9|p10|", "---------", "|共2条|"});
-    EXPECT_EQ(TextsOf(PingDetailStore.Rows, "BID"), (Texts{"买", "卖"}));
+    EXPECT_EQ(TextsOf(report.PingDetailStore.Rows, "BID"), (Texts{"买", "卖"}));
 }
 
 TEST_F(TabulatedReader, FillsAnOpenPositionFromItsColumns) {
     Read({"制表", "制表时间：20240102", "持仓明细", "---------", "|交易所|", "---------",
           "|o0|o1|o2|o3|o4|买o5|o6|o7|o8|o9|o10|o11|o12|o13|", "---------", "|共1条|"});
-    EXPECT_EQ(FieldsOfAll(OpiDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240102"},
-                                                                      {"EXCH_NAME", "o0"},
-                                                                      {"CONTRACT", "o1"},
-                                                                      {"DELIVERY", "o2"},
-                                                                      {"OPEN_DATE", "o3"},
-                                                                      {"HEDGE", "o4"},
-                                                                      {"BID", "买o5"},
-                                                                      {"POSITION_VOL", "o6"},
-                                                                      {"OPEN_PRICE", "o7"},
-                                                                      {"YSETTLE_PRICE", "o8"},
-                                                                      {"SETTLE_PRICE", "o9"},
-                                                                      {"FLOATPL", "o10"},
-                                                                      {"DSYK", "o11"},
-                                                                      {"DEPOSIT", "o12"}}}));
+    EXPECT_EQ(FieldsOfAll(report.OpiDetailStore.Rows), (std::vector<Fields>{{{"BILL_DATE", "20240102"},
+                                                                             {"EXCH_NAME", "o0"},
+                                                                             {"CONTRACT", "o1"},
+                                                                             {"DELIVERY", "o2"},
+                                                                             {"OPEN_DATE", "o3"},
+                                                                             {"HEDGE", "o4"},
+                                                                             {"BID", "买o5"},
+                                                                             {"POSITION_VOL", "o6"},
+                                                                             {"OPEN_PRICE", "o7"},
+                                                                             {"YSETTLE_PRICE", "o8"},
+                                                                             {"SETTLE_PRICE", "o9"},
+                                                                             {"FLOATPL", "o10"},
+                                                                             {"DSYK", "o11"},
+                                                                             {"DEPOSIT", "o12"}}}));
 }
 
 TEST_F(TabulatedReader, FillsBothSidesOfASummaryRowBuyFirst) {
@@ -227,8 +228,8 @@ TEST_F(TabulatedReader, MakesASummaryRecordOfASideWithLotsOnly) {
     };
     for (const auto& row : cases) {
         ReadSummaryRow(row.row);
-        EXPECT_EQ(TextsOf(OpiSumStore.Rows, "BID"), row.sides) << row.row;
-        EXPECT_TRUE(TradeStatistics.DayUsages.Days.empty());
+        EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "BID"), row.sides) << row.row;
+        EXPECT_TRUE(report.TradeStatistics.DayUsages.Days.empty());
     }
 }
 
@@ -236,21 +237,21 @@ TEST_F(TabulatedReader, TakesRowsWithOrWithoutBarsAtTheirEnds) {
     Read({"制表", "制表时间：20240102", "成交记录", "---------", "|成交日期|", "---------",
           "a0|t1|t2|t3|t4|t5|t6|t7|t8|t9|t10|t11", "|||b0|t1|t2|t3|t4|t5|t6|t7|t8|t9|t10|t11||",
           "| |c0|t1|t2|t3|t4|t5|t6|t7|t8|t9|t10|t11", "---------", "|共3条|"});
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "MATCH_DATE"), (Texts{"a0", "b0", "c0"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "MATCH_DATE"), (Texts{"a0", "b0", "c0"}));
 }
 
 TEST_F(TabulatedReader, ReadsNeitherTheRowOfTheCountNorTheRowAboveIt) {
     Read({"制表", "制表时间：20240102", "成交记录", "---------", "|成交日期|", "---------",
           "|a0|t1|t2|t3|t4|t5|t6|t7|t8|t9|t10|t11|", "|b0|t1|t2|t3|t4|t5|t6|t7|t8|t9|t10|t11|",
           "|共2条|t1|t2|t3|t4|t5|t6|t7|t8|t9|t10|t11|"});
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "MATCH_DATE"), (Texts{"a0"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "MATCH_DATE"), (Texts{"a0"}));
 }
 
 TEST_F(TabulatedReader, TakesBillDatesFromTheStatementNotFromTheDay) {
     Read({"制表", "日  期:20240103 制表时间：20240102", "资金状况", "=========", "成交记录", "---------"});
-    EXPECT_TRUE(MoneyStore.HasDay("20240102"));
-    EXPECT_FALSE(MoneyStore.HasDay("20240105"));
-    ClearAll();
+    EXPECT_TRUE(report.MoneyStore.HasDay("20240102"));
+    EXPECT_FALSE(report.MoneyStore.HasDay("20240105"));
+    MakeReport();
     Read({"制表", "日  期:20240103", "资金状况", "=========", "成交记录", "---------"});
     EXPECT_EQ(Money(), Fields{});
 }
@@ -261,14 +262,14 @@ TEST_F(TabulatedReader, ChangesNothingForADateThatIsAlreadyStored) {
           "成交记录", "---------", "|成交日期|", "---------", "|t0|t1|t2|t3|t4|t5|t6|t7|t8|t9|t10|t11|", "---------",
           "|共1条|"});
     EXPECT_EQ(Money(), (Fields{{"BILL_DATE", "20240102"}, {"KHQY", "1"}}));
-    EXPECT_EQ(MatchStore.Count(), 0);
-    EXPECT_EQ(MoneyStore.MaxEquity, 1);
+    EXPECT_EQ(report.MatchStore.Count(), 0);
+    EXPECT_EQ(report.MoneyStore.MaxEquity, 1);
 }
 
 TEST_F(TabulatedReader, ReadsADateThatIsNotStoredWhateverTheDay) {
     StoreDay("20240105");
     Read({"制表", "制表时间：20240102", "资金状况", "=========", "客户权益： 5", "成交记录", "---------"});
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "BILL_DATE"), (Texts{"20240105", "20240102"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "BILL_DATE"), (Texts{"20240105", "20240102"}));
 }
 
 // The date is compared as it stands, blank included, while the stored key is cut to its field.
@@ -283,8 +284,8 @@ TEST_F(TabulatedReader, SkipsASecondStatementWithoutADate) {
         Read({"制表", "资金状况", "=========", "客户权益： 5", "成交记录", "---------", "|成交日期|", "---------",
               "|t0|t1|t2|t3|t4|t5|t6|t7|t8|t9|t10|t11|", "---------", "|共1条|"});
     }
-    EXPECT_EQ(MoneyStore.Count(), 1);
-    EXPECT_EQ(MatchStore.Count(), 1);
+    EXPECT_EQ(report.MoneyStore.Count(), 1);
+    EXPECT_EQ(report.MatchStore.Count(), 1);
 }
 
 TEST_F(TabulatedReader, DoesNotFindTradesAboveTheMoneySection) {
@@ -292,8 +293,8 @@ TEST_F(TabulatedReader, DoesNotFindTradesAboveTheMoneySection) {
           "成交记录", "---------", "|成交日期|", "---------", "|t0|t1|t2|t3|t4|t5|t6|t7|t8|t9|t10|t11|", "---------",
           "|共1条|",  //
           "资金状况", "=========", "客户权益： 5", "期末", "---------"});
-    EXPECT_EQ(MoneyStore.Count(), 1);
-    EXPECT_EQ(MatchStore.Count(), 0);
+    EXPECT_EQ(report.MoneyStore.Count(), 1);
+    EXPECT_EQ(report.MatchStore.Count(), 0);
 }
 
 TEST_F(TabulatedReader, ReadsTheOtherSectionsWithoutAMoneySection) {
@@ -301,17 +302,17 @@ TEST_F(TabulatedReader, ReadsTheOtherSectionsWithoutAMoneySection) {
           "成交记录", "---------", "|成交日期|", "---------", "|t0|t1|t2|t3|t4|t5|t6|t7|t8|t9|t10|t11|", "---------",
           "|共1条|",  //
           "持仓汇总", "---------", "|品种|", "|(手)|", "|s0|s1|2|s3|4|s5|s6|s7|s8|s9|s10|", "---------"});
-    EXPECT_EQ(MoneyStore.Count(), 0);
-    EXPECT_EQ(MatchStore.Count(), 1);
-    EXPECT_EQ(OpiSumStore.Count(), 2);
+    EXPECT_EQ(report.MoneyStore.Count(), 0);
+    EXPECT_EQ(report.MatchStore.Count(), 1);
+    EXPECT_EQ(report.OpiSumStore.Count(), 2);
 }
 
 TEST_F(TabulatedReader, MakesNoMoneyRecordWithoutATerminatingRow) {
     Read({"制表", "制表时间：20240102", "资金状况", "=========", "客户权益： 5",  //
           "成交记录", "--------", "|成交日期|", "--------", "|t0|t1|t2|t3|t4|t5|t6|t7|t8|t9|t10|t11|", "--------",
           "|共1条|"});
-    EXPECT_EQ(MoneyStore.Count(), 0);
-    EXPECT_EQ(MatchStore.Count(), 1);
+    EXPECT_EQ(report.MoneyStore.Count(), 0);
+    EXPECT_EQ(report.MatchStore.Count(), 1);
 }
 
 }  // namespace

@@ -37,11 +37,11 @@ protected:
         }
         Outcome outcome{{}, 0};
         try {
-            EXPECT_TRUE(ReadTemplateStatement("20240105", Gbk(text)));
+            EXPECT_TRUE(ReadByTemplate("20240105", Gbk(text)));
         } catch (const CReportError& error) {
             outcome.code = error.Code();
         }
-        outcome.contracts = TextsOf(MatchStore.Rows, "CONTRACT");
+        outcome.contracts = TextsOf(report.MatchStore.Rows, "CONTRACT");
         return outcome;
     }
 };
@@ -73,7 +73,7 @@ TEST_F(TemplateBounds, TakeTheTitlesRowBeforeAndTheTerminatorByDefault) {
     BeginWith(1, Ini({"[DEALFIELD]", "MONEY_MODE=9", "MATCH_RECORD=1", "[MATCH_RECORD]", "START_FLAG=明细",
                       "END_FLAG=共", "DELIMITER=|", "CONTRACT=0"}));
     EXPECT_TRUE(Read({Row("前"), "明细", Row("中"), Row("共"), Row("后")}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "CONTRACT"), (Texts{"前", "中", "共"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "CONTRACT"), (Texts{"前", "中", "共"}));
 }
 
 TEST_F(TemplateBounds, RaiseAnErrorForRowsThatAreRead) {
@@ -165,7 +165,7 @@ TEST_F(TemplateBounds, KeepTheRowsReadBeforeAnErrorAndReachTheCallerOfTheDispatc
     } catch (const CReportError& error) {
         EXPECT_EQ(error.Code(), 0x80070057U);
     }
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "CONTRACT"), (Texts{"a", "b"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "CONTRACT"), (Texts{"a", "b"}));
 }
 
 TEST_F(TemplateBounds, RaiseAnErrorForAClosedPositionWithoutASide) {
@@ -182,8 +182,8 @@ TEST_F(TemplateBounds, RaiseAnErrorForAClosedPositionWithoutASide) {
 TEST_F(TemplateBounds, KeepClosedPositionsBeforeTheOneWithoutASide) {
     BeginWith(1, TableTemplate("PING_DETAIL", "BID=11\r\nCONTRACT=0\r\n"));
     EXPECT_EQ(ErrorOfRows({Row("a"), "b|1|2|3|4|5|6|7|8|9|10", Row("c")}), kErrorInvalidArgument);
-    EXPECT_EQ(TextsOf(PingDetailStore.Rows, "CONTRACT"), (Texts{"a"}));
-    EXPECT_EQ(ReportDocument.Offsets.size(), 1U);
+    EXPECT_EQ(TextsOf(report.PingDetailStore.Rows, "CONTRACT"), (Texts{"a"}));
+    EXPECT_EQ(report.ReportDocument.Offsets.size(), 1U);
 }
 
 TEST_F(TemplateBounds, StandHugeModes) {
@@ -209,10 +209,10 @@ TEST_F(TemplateBounds, LetSectionsOverlap) {
                        "END_FLAG=d|1",   "END_OFFSET=0",    "DELIMITER=|",    "CONTRACT=0",     "BID_POSITION_VOL=1"}));
     EXPECT_TRUE(Read({"结算单", "明细", Row("a"), Row("b"), Row("c"), Row("d"), "共"}));
     EXPECT_EQ(Money()["KHQY"], "a");
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "CONTRACT"), (Texts{"a", "b", "c", "d"}));
-    EXPECT_EQ(TextsOf(PingDetailStore.Rows, "CONTRACT"), (Texts{"b", "c", "d"}));
-    EXPECT_EQ(TextsOf(OpiDetailStore.Rows, "CONTRACT"), (Texts{"a", "b"}));
-    EXPECT_EQ(TextsOf(OpiSumStore.Rows, "CONTRACT"), (Texts{"b", "c"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "CONTRACT"), (Texts{"a", "b", "c", "d"}));
+    EXPECT_EQ(TextsOf(report.PingDetailStore.Rows, "CONTRACT"), (Texts{"b", "c", "d"}));
+    EXPECT_EQ(TextsOf(report.OpiDetailStore.Rows, "CONTRACT"), (Texts{"a", "b"}));
+    EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "CONTRACT"), (Texts{"b", "c"}));
 }
 
 TEST_F(TemplateBounds, LetSectionsStandInAnyOrder) {
@@ -221,8 +221,8 @@ TEST_F(TemplateBounds, LetSectionsStandInAnyOrder) {
                           "DELIMITER=|", "CONTRACT=0", "[OPI_DETAIL]", "START_FLAG=持仓", "START_OFFSET=2",
                           "END_FLAG=共", "END_OFFSET=0", "DELIMITER=|", "CONTRACT=0"}));
     EXPECT_TRUE(Read({"持仓", "-", Row("a"), "共", "成交", "-", Row("b"), "共"}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "CONTRACT"), (Texts{"b"}));
-    EXPECT_EQ(TextsOf(OpiDetailStore.Rows, "CONTRACT"), (Texts{"a"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "CONTRACT"), (Texts{"b"}));
+    EXPECT_EQ(TextsOf(report.OpiDetailStore.Rows, "CONTRACT"), (Texts{"a"}));
 }
 
 TEST_F(TemplateBounds, SearchTheTerminatorSomeRowsBehindTheTitle) {
@@ -238,9 +238,9 @@ TEST_F(TemplateBounds, SearchTheTerminatorSomeRowsBehindTheTitle) {
                       TableTemplate(row.section, "START_OFFSET=0\r\nBID=0\r\nBID_VOL=1\r\nBID_POSITION_VOL=1\r\n"));
             std::string text = Gbk("共\n" + Row("明细") + "\n");  // a terminator before its title counts for nothing
             for (std::int32_t behind = 1; behind < at; ++behind) text += Row("a") + "\n";
-            EXPECT_TRUE(ReadTemplateStatement("20240105", text + Gbk("共\n")));
-            const std::int32_t rows =
-                MatchStore.Count() + PingDetailStore.Count() + OpiDetailStore.Count() + OpiSumStore.Count();
+            EXPECT_TRUE(ReadByTemplate("20240105", text + Gbk("共\n")));
+            const std::int32_t rows = report.MatchStore.Count() + report.PingDetailStore.Count() +
+                                      report.OpiDetailStore.Count() + report.OpiSumStore.Count();
             EXPECT_EQ(rows, at < row.searchOffset ? 0 : at) << row.section << ' ' << row.format << ' ' << at;
         }
     }
@@ -249,13 +249,13 @@ TEST_F(TemplateBounds, SearchTheTerminatorSomeRowsBehindTheTitle) {
 TEST_F(TemplateBounds, EndATableAtTheFirstRowThatHoldsTheTerminator) {
     BeginWith(1, TableTemplate("MATCH_RECORD", "CONTRACT=0\r\n"));
     EXPECT_TRUE(ReadRows({Row("a"), Row("公共"), Row("b")}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "CONTRACT"), (Texts{"a"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "CONTRACT"), (Texts{"a"}));
 }
 
 TEST_F(TemplateBounds, CountNoBlankRows) {
     BeginWith(1, TableTemplate("MATCH_RECORD", "CONTRACT=0\r\n"));
     EXPECT_TRUE(Read({"", "结算单", "", "  明细  ", "", "标题", "\t", Row("a"), "", "共"}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "CONTRACT"), (Texts{"a"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "CONTRACT"), (Texts{"a"}));
 }
 
 }  // namespace

@@ -21,10 +21,10 @@ protected:
     bool IsRead(std::string_view dealField, std::string_view beginning) {
         BeginWith(1, MoneyTemplate(dealField));
         EXPECT_TRUE(Read({"结算单", "资金", "-", "权益|1", "合计"}, "20240105"));
-        EXPECT_TRUE(MoneyStore.HasDay("20240105"));
+        EXPECT_TRUE(report.MoneyStore.HasDay("20240105"));
         const std::string text = Gbk(beginning) + Statement({"资金", "-", "权益|2", "合计"});
-        EXPECT_TRUE(ReadTemplateStatement("20240108", text));
-        return MoneyStore.HasDay("20240108");
+        EXPECT_TRUE(ReadByTemplate("20240108", text));
+        return report.MoneyStore.HasDay("20240108");
     }
 };
 
@@ -74,7 +74,7 @@ TEST_F(TemplateDate, LeavesAStatementWithoutItToBeReadAgain) {
 TEST_F(TemplateDate, FilesNoRecordUnderTheStatementsOwnDate) {
     BeginWith(1, MoneyTemplate(""));
     EXPECT_TRUE(Read({"结算单", "日期：20240102", "资金", "-", "权益|1", "合计"}, "20240105"));
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "BILL_DATE"), (Texts{"20240105"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "BILL_DATE"), (Texts{"20240105"}));
 }
 
 TEST_F(TemplateDate, StandsBehindTheWordOfTheScheme) {
@@ -105,17 +105,17 @@ TEST_F(TemplateDate, IsNotLookedForBehindAnEmptyWord) {
 TEST_F(TemplateDate, KeepsAKnownDayFromTheFixedReaderToo) {
     BeginWith(1, "");
     ReadStatement("20240105", Statement({"结算单", "日期：20240103", "日  期:20240105", "资金状况", "-", "---------"}));
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "BILL_DATE"), (Texts{"20240105"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "BILL_DATE"), (Texts{"20240105"}));
     const std::string next = Statement({"结算单", "日期：20240105", "日  期:20240109", "资金状况", "-", "---------"});
-    EXPECT_TRUE(ReadTemplateStatement("20240108", next));
+    EXPECT_TRUE(ReadByTemplate("20240108", next));
     ReadStatement("20240108", next);
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "BILL_DATE"), (Texts{"20240105"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "BILL_DATE"), (Texts{"20240105"}));
 }
 
 TEST_F(TemplateDate, IsLookedUpBehindTheChangeDate) {
     BeginWith(1, MoneyTemplate(""));
     Read({"结算单", "资金", "-", "权益|1", "合计"}, "20240105");
-    CopyField(Request.TemplateName, "other");
+    NameTemplate("other");
     folder_.Write("BillTemplate/other.ini", "[DEALFIELD]\r\nBILLFORMAT_NEWDATE=20249999\r\n");
     EXPECT_EQ(ErrorOf({"结算单", "日期：20240105"}, "20240108"), 0x80004005U);
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "readers/statement_loader.h"
 #include "readers/template_fixture.h"
 
 namespace tradebill {
@@ -33,19 +34,19 @@ protected:
         return content.erase(begin + key.size() + 1, end - begin - key.size() - 1);
     }
 
-    static bool ReadAll() {
+    bool ReadAll() {
         return Read({"结算单", "资金", "-", "权益|1", "合计", "成交", Numbers(12), "共", "平仓", Numbers(12), "-", "共",
                      "持仓", Numbers(12), "共", "汇总", Numbers(12), "共"});
     }
 
     /// Which stores have rows: m money, t trades, c closed positions, o open ones, s their sums.
-    static std::string Filled() {
+    std::string Filled() {
         std::string filled;
-        if (MoneyStore.Count() > 0) filled += 'm';
-        if (MatchStore.Count() > 0) filled += 't';
-        if (PingDetailStore.Count() > 0) filled += 'c';
-        if (OpiDetailStore.Count() > 0) filled += 'o';
-        if (OpiSumStore.Count() > 0) filled += 's';
+        if (report.MoneyStore.Count() > 0) filled += 'm';
+        if (report.MatchStore.Count() > 0) filled += 't';
+        if (report.PingDetailStore.Count() > 0) filled += 'c';
+        if (report.OpiDetailStore.Count() > 0) filled += 'o';
+        if (report.OpiSumStore.Count() > 0) filled += 's';
         return filled;
     }
 };
@@ -87,7 +88,7 @@ TEST_F(TemplateDeclines, AtAnIncompleteSectionThatTheStatementLacks) {
     for (const std::string_view section : {"MONEY_RECORD", "MATCH_RECORD", "PING_DETAIL", "OPI_DETAIL", "OPI_SUM"}) {
         BeginWith(1, Without(section, "DELIMITER"));
         EXPECT_FALSE(Read({"结算单"})) << section;
-        EXPECT_FALSE(ReadTemplateStatement("20240105", "")) << section;
+        EXPECT_FALSE(ReadByTemplate("20240105", "")) << section;
         EXPECT_TRUE(NothingRead());
     }
 }
@@ -95,7 +96,7 @@ TEST_F(TemplateDeclines, AtAnIncompleteSectionThatTheStatementLacks) {
 TEST_F(TemplateDeclines, NotForSectionsThatTheStatementLacks) {
     BeginWith(1, WholeTemplate());
     EXPECT_TRUE(Read({"结算单"}));
-    EXPECT_TRUE(ReadTemplateStatement("20240105", ""));
+    EXPECT_TRUE(ReadByTemplate("20240105", ""));
     EXPECT_TRUE(Read({"资金", "成交", "平仓", "持仓", "汇总"}));
     EXPECT_TRUE(NothingRead());
     EXPECT_TRUE(Read({"汇总", Numbers(12), "共", "成交"}));  // what follows a missing one is read
@@ -178,16 +179,16 @@ TEST_F(TemplateDispatch, GivesEveryFormatToTheTemplateFirst) {
     for (const std::int32_t format : {0, 1, 2, 3, 6, 201, 5, -1, 99}) {
         BeginWith(format, TradesTemplate(""));
         ReadStatement("20240105", StatusText());
-        EXPECT_EQ(FieldsOfAll(MatchStore.Rows), OneRecord({{"MATCHNO", "t11"}})) << format;
-        EXPECT_EQ(MoneyStore.Count(), 0) << format;
+        EXPECT_EQ(FieldsOfAll(report.MatchStore.Rows), OneRecord({{"MATCHNO", "t11"}})) << format;
+        EXPECT_EQ(report.MoneyStore.Count(), 0) << format;
     }
 }
 
 TEST_F(TemplateDispatch, GivesAStatementOfTheFixedReaderToItWithoutATemplate) {
     Begin(1);
     ReadStatement("20240105", StatusText());
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "BILL_DATE"), (Texts{"20240102"}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "BILL_DATE"), (Texts{"20240102"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "BILL_DATE"), (Texts{"20240102"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "BILL_DATE"), (Texts{"20240102"}));
 }
 
 TEST_F(TemplateDispatch, LeavesAStatementThatTheTemplateFindsNothingInUnread) {
@@ -199,33 +200,44 @@ TEST_F(TemplateDispatch, LeavesAStatementThatTheTemplateFindsNothingInUnread) {
 TEST_F(TemplateDispatch, ReadsTheWholeStatementAgainBehindAnIncompleteTemplate) {
     BeginWith(1, TradesTemplate("OPI_SUM=1\r\n"));
     ReadStatement("20240105", StatusText());
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "BILL_DATE"), (Texts{"20240105", "20240102"}));
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "KHQY"), (Texts{"7"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "BILL_DATE"), (Texts{"20240105", "20240102"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "KHQY"), (Texts{"7"}));
 }
 
 TEST_F(TemplateDispatch, HasNoFixedReaderForOtherFormatsBehindAnIncompleteTemplate) {
     BeginWith(5, TradesTemplate("OPI_SUM=1\r\n"));
     ReadStatement("20240105", StatusText());
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "BILL_DATE"), (Texts{"20240105"}));
-    EXPECT_EQ(MoneyStore.Count(), 0);
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "BILL_DATE"), (Texts{"20240105"}));
+    EXPECT_EQ(report.MoneyStore.Count(), 0);
 }
 
 TEST_F(TemplateDispatch, LooksAtNoTemplateForTheForeignFamily) {
     for (const std::int32_t kind : {-1, 0, 1, 2, 3}) {
         BeginWith(1, TradesTemplate(""));
-        Request.StatementKind = kind;
+        report.Request.StatementKind = kind;
         ReadStatement("20240105", StatusText());
-        EXPECT_EQ(MatchStore.Count(), kind == 2 ? 0 : 1) << kind;
+        EXPECT_EQ(report.MatchStore.Count(), kind == 2 ? 0 : 1) << kind;
     }
     BeginWith(1, "[DEALFIELD]\r\nBILLFORMAT_NEWDATE=never\r\n");
-    Request.StatementKind = 2;
+    report.Request.StatementKind = 2;
     EXPECT_NO_THROW(ReadStatement("20240105", StatusText()));
+}
+
+TEST_F(TemplateDispatch, ReadsATemplateAnewThatIsWrittenDuringTheRun) {
+    CStatementLoader loader(report);
+    loader.Read("20240105", StatusText());
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "BILL_DATE"), (Texts{"20240102"}));
+    WriteTemplate(TradesTemplate(""));
+    loader.Read("20240108", StatusText());
+    WriteTemplate(TradesTemplate("OPI_SUM=1\r\n"));  // incomplete
+    loader.Read("20240109", StatusText());
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "BILL_DATE"), (Texts{"20240102", "20240108", "20240109", "20240102"}));
 }
 
 TEST_F(TemplateDispatch, GivesStatementsWithPremiumToTheTemplateToo) {
     BeginWith(1, TradesTemplate(""));
     ReadStatement("20240105", StatusText() + Gbk("权利金\r\n"));
-    EXPECT_EQ(FieldsOfAll(MatchStore.Rows), OneRecord({{"MATCHNO", "t11"}}));
+    EXPECT_EQ(FieldsOfAll(report.MatchStore.Rows), OneRecord({{"MATCHNO", "t11"}}));
 }
 
 }  // namespace

@@ -10,9 +10,8 @@
 #include <vector>
 
 #include "base/report_error.h"
-#include "platform/root_folder.h"
+#include "driver/bill_folders.h"
 #include "readers/reader_fixture.h"
-#include "readers/statement_loader.h"
 #include "readers/template_reader.h"
 #include "support/temp_folder.h"
 
@@ -44,15 +43,21 @@ inline std::string Numbers(int count) {
 class TemplateFixture : public ReaderFixture {
 protected:
     TemplateFixture() { Begin(1); }
-    ~TemplateFixture() override { SetRootFolderPath(formerRoot_); }
+
+    using ReaderFixture::Read;
 
     /// Begins anew, without a template.
     void Begin(std::int32_t format) {
-        ClearAll();
+        MakeReport(format);
         std::filesystem::remove_all(folder_.Path("BillTemplate"));
-        SetRootFolderPath(folder_.Path());
-        Request.StatementFormat = format;
-        CopyField(Request.TemplateName, "broker");
+        NameTemplate("broker");
+    }
+
+    /// Lets the request name this template of the folder.
+    void NameTemplate(std::string_view name) {
+        report.RootFolder = folder_.Path();
+        CopyField(report.Request.TemplateName, name);
+        report.TemplatePath = TemplatePath(report);
     }
 
     /// Begins anew, with a template of this content (UTF-8).
@@ -75,22 +80,24 @@ protected:
                Ini({"START_FLAG=明细", "START_OFFSET=2", "END_FLAG=共", "END_OFFSET=0", "DELIMITER=|"});
     }
 
-    static bool Read(Lines lines, std::string_view day = "20240105") {
-        return ReadTemplateStatement(day, Statement(lines));
+    /// Whether the template read the statement.
+    bool ReadByTemplate(std::string_view day, std::string_view text) {
+        return ReadTemplateStatement({.day = day, .text = text, .byTemplate = Template()}, report);
     }
+    bool Read(Lines lines, std::string_view day = "20240105") { return ReadByTemplate(day, Statement(lines)); }
 
     /// Reads a statement whose table "明细" to "共" has these rows.
-    static bool ReadRows(const std::vector<std::string>& rows) {
+    bool ReadRows(const std::vector<std::string>& rows) {
         std::string text = Gbk("结算单\r\n明细\r\n标题\r\n");
         for (const std::string& row : rows) text += Gbk(row) + "\r\n";
-        return ReadTemplateStatement("20240105", text + Gbk("共 2 条\r\n"));
+        return ReadByTemplate("20240105", text + Gbk("共 2 条\r\n"));
     }
 
     /// The code of the error that reading raises; 0 without one.
-    static std::uint32_t ErrorOf(Lines lines, std::string_view day = "20240105") {
+    std::uint32_t ErrorOf(Lines lines, std::string_view day = "20240105") {
         return ErrorOf([&] { Read(lines, day); });
     }
-    static std::uint32_t ErrorOfRows(const std::vector<std::string>& rows) {
+    std::uint32_t ErrorOfRows(const std::vector<std::string>& rows) {
         return ErrorOf([&] { ReadRows(rows); });
     }
 
@@ -101,7 +108,6 @@ protected:
     }
     static std::vector<Fields> OneRecord(const Fields& fields) { return {Record(fields)}; }
 
-    const std::string formerRoot_ = RootFolder();
     CTempFolder folder_;
 
 private:

@@ -15,7 +15,7 @@ protected:
     std::string ContractBy(std::string_view keys) {
         BeginWith(1, TableTemplate("MATCH_RECORD", keys));
         EXPECT_TRUE(ReadRows({Cells(13)}));
-        const Texts contracts = TextsOf(MatchStore.Rows, "CONTRACT");
+        const Texts contracts = TextsOf(report.MatchStore.Rows, "CONTRACT");
         EXPECT_EQ(contracts.size(), 1U);
         return contracts.empty() ? "none" : contracts.front();
     }
@@ -24,7 +24,7 @@ protected:
     std::size_t TradesBy(std::string_view keys) {
         BeginWith(1, "[DEALFIELD]\r\nMONEY_MODE=9\r\n" + std::string(keys) + TableSection("MATCH_RECORD", ""));
         EXPECT_TRUE(ReadRows({Cells(13)}));
-        return MatchStore.Rows.size();
+        return report.MatchStore.Rows.size();
     }
 
     /// The equity of a labelled money section with these keys before all others of its section.
@@ -32,7 +32,7 @@ protected:
         BeginWith(1, "[MONEY_RECORD]\r\n" + std::string(keys) +
                          Ini({"START_FLAG=资金", "END_FLAG=合计", "DELIMITER=|", "KHQY_NAME=权益"}));
         EXPECT_TRUE(Read(lines));
-        return MoneyStore.Count() == 1 ? Money()["KHQY"] : "no record";
+        return report.MoneyStore.Count() == 1 ? Money()["KHQY"] : "no record";
     }
 };
 
@@ -74,7 +74,7 @@ TEST_F(TemplateIni, DoesNotMindTheCaseOfNames) {
     WriteTemplate(Ini({"[dealField]", "money_mode=9", "Match_Record=1", "[Match_record]", "Start_Flag=明细",
                        "start_offset=2", "end_FLAG=共", "End_Offset=0", "delimiter=|", "contract=3", "matchNo=4"}));
     EXPECT_TRUE(ReadRows({Cells(13)}));
-    EXPECT_EQ(FieldsOfAll(MatchStore.Rows), OneRecord({{"CONTRACT", "v3"}, {"MATCHNO", "v4"}}));
+    EXPECT_EQ(FieldsOfAll(report.MatchStore.Rows), OneRecord({{"CONTRACT", "v3"}, {"MATCHNO", "v4"}}));
 }
 
 TEST_F(TemplateIni, DoesNotMindBlanksAroundNames) {
@@ -82,14 +82,14 @@ TEST_F(TemplateIni, DoesNotMindBlanksAroundNames) {
         Ini({" [ DEALFIELD ] ", " MONEY_MODE = 9 ", "\tOPI_DETAIL \t=\t1", "[OPI_DETAIL]", "START_FLAG = 明细 ",
              "START_OFFSET =2", "END_FLAG= 共", "END_OFFSET = 0", " DELIMITER = | ", " CONTRACT = 3"}));
     EXPECT_TRUE(ReadRows({Cells(13)}));
-    EXPECT_EQ(FieldsOfAll(OpiDetailStore.Rows), OneRecord({{"CONTRACT", "v3"}}));
+    EXPECT_EQ(FieldsOfAll(report.OpiDetailStore.Rows), OneRecord({{"CONTRACT", "v3"}}));
 }
 
 TEST_F(TemplateIni, ReadsTheFirstSectionOfAName) {
     WriteTemplate(TableTemplate("MATCH_RECORD", "CONTRACT=3\r\n") +
                   Ini({"[match_record]", "CONTRACT=4", "MATCHNO=5", "[DEALFIELD]", "OPI_SUM=1"}));
     EXPECT_TRUE(ReadRows({Cells(13)}));
-    EXPECT_EQ(FieldsOfAll(MatchStore.Rows), OneRecord({{"CONTRACT", "v3"}}));
+    EXPECT_EQ(FieldsOfAll(report.MatchStore.Rows), OneRecord({{"CONTRACT", "v3"}}));
 }
 
 TEST_F(TemplateIni, DropsOnePairOfQuotesAroundATextAndKeepsItsBlanks) {
@@ -122,7 +122,9 @@ TEST_F(TemplateIni, TakesTheWordSpaceForTwoBlanksInMoneyAndForOneElsewhere) {
     for (const std::string_view section : {"MATCH_RECORD", "PING_DETAIL", "OPI_DETAIL", "OPI_SUM"}) {
         BeginWith(1, TableTemplate(section, "DELIMITER=SPACE\r\nCONTRACT=2\r\nBID=0\r\nBID_POSITION_VOL=1\r\n"));
         EXPECT_TRUE(ReadRows({"a 7  b c d e f g h i j   k"}));
-        EXPECT_EQ(MatchStore.Count() + PingDetailStore.Count() + OpiDetailStore.Count() + OpiSumStore.Count(), 1)
+        EXPECT_EQ(report.MatchStore.Count() + report.PingDetailStore.Count() + report.OpiDetailStore.Count() +
+                      report.OpiSumStore.Count(),
+                  1)
             << section;
     }
 }
@@ -158,10 +160,10 @@ TEST_F(TemplateIni, CutsTextsInTheMiddleOfACharacter) {
     WriteTemplate("[MONEY_RECORD]\r\nSTART_FLAG=" + std::string(title) +
                   Ini({"", "END_FLAG=合计", "DELIMITER=|", "KHQY_NAME=权益"}));
     const std::string rest = "\n-\n" + Gbk("权益|1\n合计\n");
-    EXPECT_TRUE(ReadTemplateStatement("20240105", cut + rest));
-    EXPECT_EQ(MoneyStore.Count(), 1);
-    EXPECT_TRUE(ReadTemplateStatement("20240108", cut.substr(0, 30) + rest));
-    EXPECT_EQ(MoneyStore.Count(), 1);
+    EXPECT_TRUE(ReadByTemplate("20240105", cut + rest));
+    EXPECT_EQ(report.MoneyStore.Count(), 1);
+    EXPECT_TRUE(ReadByTemplate("20240108", cut.substr(0, 30) + rest));
+    EXPECT_EQ(report.MoneyStore.Count(), 1);
 }
 
 TEST_F(TemplateIni, CutsTheDateWordToo) {
@@ -170,7 +172,7 @@ TEST_F(TemplateIni, CutsTheDateWordToo) {
                      Ini({"[MONEY_RECORD]", "START_FLAG=资金", "END_FLAG=合计", "DELIMITER=|"}));
     EXPECT_TRUE(Read({"结算单", "资金", "-", "合计"}, "20240105"));
     EXPECT_TRUE(Read({"结算单", bytes31 + "20240105", "资金", "-", "合计"}, "20240108"));
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "BILL_DATE"), (Texts{"20240105"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "BILL_DATE"), (Texts{"20240105"}));
 }
 
 TEST_F(TemplateIni, HasNoUseForTheHeadFormat) {

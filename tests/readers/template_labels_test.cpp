@@ -21,7 +21,7 @@ protected:
         BeginWith(1, MoneyTemplate(keys));
         std::string text = Gbk("结算单\r\n资金\r\n标题\r\n");
         for (const std::string_view row : rows) text += Gbk(row) + "\r\n";
-        EXPECT_TRUE(ReadTemplateStatement("20240105", text + Gbk("合计\r\n")));
+        EXPECT_TRUE(ReadByTemplate("20240105", text + Gbk("合计\r\n")));
         return Money();
     }
 };
@@ -43,7 +43,7 @@ TEST_F(TemplateLabels, FillEachItsField) {
                       {"CCDSYK", "m11"},
                       {"XQSXF", "m12"},
                       {"QLJSZ", "m13"}}));
-    EXPECT_EQ(MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
+    EXPECT_EQ(report.MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
 }
 
 TEST_F(TemplateLabels, FillNothingElse) {
@@ -164,7 +164,7 @@ TEST_F(TemplateLabels, MakeNoRecordWithoutTitleOrTerminator) {
     EXPECT_TRUE(Read({"合计", "资金", "合计", "权益|1"}));  // before the title, and in the row behind it
     EXPECT_TRUE(Read({"结算单", "资金 合计"}));
     EXPECT_TRUE(Read({"资金"}));
-    EXPECT_TRUE(ReadTemplateStatement("20240105", ""));
+    EXPECT_TRUE(ReadByTemplate("20240105", ""));
     EXPECT_TRUE(NothingRead());
 }
 
@@ -176,12 +176,12 @@ TEST_F(TemplateLabels, StandBehindTheFirstTitle) {
 
 TEST_F(TemplateLabels, FeedTheDaysFigures) {
     MoneyOf("PCYK_NAME=平仓\r\nCCDSYK_NAME=持仓\r\nQMJC_NAME=期末\r\n", {"平仓|1.5|持仓|-2.5|期末|70"});
-    const DayFigure* const figure = TradeStatistics.DayFigures.Find("20240105");
+    const DayFigure* const figure = report.TradeStatistics.DayFigures.Find("20240105");
     ASSERT_NE(figure, nullptr);
     EXPECT_EQ(figure->ClosedPL, 1.5);
     EXPECT_EQ(figure->PositionPL, -2.5);
     EXPECT_EQ(figure->Closing, 70);
-    EXPECT_EQ(MoneyStore.TotalClosedPL, 1.5);
+    EXPECT_EQ(report.MoneyStore.TotalClosedPL, 1.5);
 }
 
 }  // namespace

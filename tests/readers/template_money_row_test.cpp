@@ -20,7 +20,7 @@ protected:
     Fields MoneyOf(std::string_view keys, std::string_view row) {
         BeginWith(1, MoneyTemplate(keys));
         EXPECT_TRUE(Read({"结算单", "资金", "标题", row}));
-        return MoneyStore.Count() == 0 ? Fields{{"none", ""}} : Money();
+        return report.MoneyStore.Count() == 0 ? Fields{{"none", ""}} : Money();
     }
 };
 
@@ -35,7 +35,7 @@ TEST_F(TemplateMoneyRow, FillsMoneyFromItsColumns) {
                       {"QCQY", "v5"},
                       {"SXF", "v6"},
                       {"KHQY", "v8"}}));
-    EXPECT_EQ(MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
+    EXPECT_EQ(report.MoneyStore.Records.front()->EXCHANGE_RATE, 1.0);
 }
 
 TEST_F(TemplateMoneyRow, FillsNothingElse) {
@@ -124,7 +124,7 @@ TEST_F(TemplateMoneyRow, StandsAsManyRowsBehindTheTitleAsTheTemplateSays) {
         EXPECT_EQ(ErrorOf({"r0|1|2|3|4|5|6|7|8", "r1|1|2|3|4|5|6|7|8", "资金|1|2|3|4|5|6|7|8", "r3|1|2|3|4|5|6|7|8",
                            "r4|1|2|3|4|5|6|7|8"}),
                   0U);
-        EXPECT_EQ(TextsOf(MoneyStore.Records, "KYZJ"), row.read) << row.offset;
+        EXPECT_EQ(TextsOf(report.MoneyStore.Records, "KYZJ"), row.read) << row.offset;
     }
 }
 
@@ -174,12 +174,12 @@ TEST_F(TemplateMoneyRow, IsSplitAtTwoBlanksByTheWordSpace) {
 
 TEST_F(TemplateMoneyRow, FeedsTheDaysFigures) {
     MoneyOf("QMJC_NAME=2\r\nQCQY_NAME=1\r\nRJ_NAME=3\r\nCJ_NAME=4\r\n", "0|10|20|9|4|5|6|7|8");
-    const DayFigure* const figure = TradeStatistics.DayFigures.Find("20240105");
+    const DayFigure* const figure = report.TradeStatistics.DayFigures.Find("20240105");
     ASSERT_NE(figure, nullptr);
     EXPECT_EQ(figure->Opening, 10);
     EXPECT_EQ(figure->Closing, 20);
     EXPECT_EQ(figure->CashFlow, 5);
-    EXPECT_EQ(MoneyStore.TotalCashFlow, 5);
+    EXPECT_EQ(report.MoneyStore.TotalCashFlow, 5);
 }
 
 }  // namespace

@@ -23,14 +23,14 @@ protected:
                     "[MONEY_RECORD_NEW]", "START_FLAG=Funds", "END_FLAG=Total", "DELIMITER=,", "KHQY_NAME=Equity"});
     }
 
-    static bool ReadBoth(std::string_view day) {
+    bool ReadBoth(std::string_view day) {
         return Read({"结算单", "资金", "-", "权益|old", "合计", "Funds", "-", "Equity,new", "Total"}, day);
     }
 
     /// Which scheme `day` is read by: "old", "new", or "" if no money record was made.
-    static std::string SchemeOf(std::string_view day) {
+    std::string SchemeOf(std::string_view day) {
         ReadBoth(day);
-        return MoneyStore.Count() == 1 ? Money()["KHQY"] : "";
+        return report.MoneyStore.Count() == 1 ? Money()["KHQY"] : "";
     }
 
     /// What a money section yields whose key KHQY_NAME is 2, by label or by column; "" if none was read.
@@ -38,7 +38,7 @@ protected:
         BeginWith(1, "[DEALFIELD]\r\n" + std::string(dealField) + "[" + std::string(section) + "]\r\n" +
                          Ini({"START_FLAG=资金", "START_OFFSET=2", "END_FLAG=合计", "DELIMITER=|", "KHQY_NAME=2"}));
         EXPECT_TRUE(Read({"结算单", "资金", "-", "2|label|row|3|4|5|6|7|8", "合计"}));
-        return MoneyStore.Count() == 1 ? Money()["KHQY"] : "";
+        return report.MoneyStore.Count() == 1 ? Money()["KHQY"] : "";
     }
 };
 
@@ -56,7 +56,7 @@ TEST_F(TemplateScheme, DeclinesWithoutATemplateFile) {
 TEST_F(TemplateScheme, TakesTheFileThatTheRequestNames) {
     for (const std::string_view name : {"b", "broker1234", "a b.c", ""}) {
         Begin(1);
-        CopyField(Request.TemplateName, name);
+        NameTemplate(name);
         folder_.Write("BillTemplate/" + std::string(name) + ".ini", Gbk(BothSchemes("")));
         EXPECT_TRUE(ReadBoth("20240105")) << name;
         EXPECT_EQ(Money(), Record({{"KHQY", "old"}})) << name;
@@ -65,7 +65,7 @@ TEST_F(TemplateScheme, TakesTheFileThatTheRequestNames) {
 
 TEST_F(TemplateScheme, DeclinesForARequestWithoutATemplateName) {
     WriteTemplate(BothSchemes(""));
-    Request.TemplateName[0] = '\0';
+    NameTemplate("");
     EXPECT_FALSE(ReadBoth("20240105"));
 }
 
@@ -76,12 +76,12 @@ TEST_F(TemplateScheme, ReadsAFileAnewThatHasChanged) {
     EXPECT_EQ(SchemeOf("20240105"), "old");
     WriteTemplate(BothSchemes("BILLFORMAT_NEWDATE=20240101\r\n"));
     ReadBoth("20240108");
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "KHQY"), (Texts{"old", "new"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "KHQY"), (Texts{"old", "new"}));
     std::filesystem::remove(path);
     EXPECT_FALSE(ReadBoth("20240109"));
     WriteTemplate(BothSchemes(""));
     EXPECT_TRUE(ReadBoth("20240110"));
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "KHQY"), (Texts{"old", "new", "old"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "KHQY"), (Texts{"old", "new", "old"}));
 }
 
 TEST_F(TemplateScheme, ReadsAFileAnewThatHasChangedButNotInLength) {
@@ -92,7 +92,7 @@ TEST_F(TemplateScheme, ReadsAFileAnewThatHasChangedButNotInLength) {
     WriteTemplate(BothSchemes("BILLFORMAT_NEWDATE=20240101\r\n"));
     std::filesystem::last_write_time(path, written - std::chrono::milliseconds(10));  // an older copy put back
     ReadBoth("20240108");
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "KHQY"), (Texts{"old", "new"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "KHQY"), (Texts{"old", "new"}));
 }
 
 TEST_F(TemplateScheme, TellsTwoFilesOfOneTimeAndLengthApart) {
@@ -101,9 +101,9 @@ TEST_F(TemplateScheme, TellsTwoFilesOfOneTimeAndLengthApart) {
         folder_.Write("BillTemplate/other.ini", Gbk(BothSchemes("BILLFORMAT_NEWDATE=20240101\r\n")));
     std::filesystem::last_write_time(other, std::filesystem::last_write_time(folder_.Path("BillTemplate/broker.ini")));
     ReadBoth("20240105");
-    CopyField(Request.TemplateName, "other");
+    NameTemplate("other");
     ReadBoth("20240108");
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "KHQY"), (Texts{"old", "new"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "KHQY"), (Texts{"old", "new"}));
 }
 
 TEST_F(TemplateScheme, ChangesOnTheChangeDate) {
@@ -179,7 +179,7 @@ TEST_F(TemplateScheme, RaisesAnErrorForADateThatIsNone) {
 TEST_F(TemplateScheme, LetsADayBeAnythingWithoutAChangeDate) {
     WriteTemplate(BothSchemes(""));
     EXPECT_EQ(ErrorOf({"结算单", "资金", "-", "权益|old", "合计"}, "today"), 0U);
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "BILL_DATE"), (Texts{"today"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "BILL_DATE"), (Texts{"today"}));
 }
 
 TEST_F(TemplateScheme, RaisesTheErrorOfAStatementThatAFixedReaderCouldRead) {
@@ -247,8 +247,8 @@ TEST_F(TemplateScheme, ReadsEachTableBySectionsOfTheirOwnName) {
                              isNew ? "20240105" : "20240104"));
             Texts contracts;
             for (const Texts& some :
-                 {TextsOf(MatchStore.Rows, "CONTRACT"), TextsOf(PingDetailStore.Rows, "CONTRACT"),
-                  TextsOf(OpiDetailStore.Rows, "CONTRACT"), TextsOf(OpiSumStore.Rows, "CONTRACT")}) {
+                 {TextsOf(report.MatchStore.Rows, "CONTRACT"), TextsOf(report.PingDetailStore.Rows, "CONTRACT"),
+                  TextsOf(report.OpiDetailStore.Rows, "CONTRACT"), TextsOf(report.OpiSumStore.Rows, "CONTRACT")}) {
                 contracts.insert(contracts.end(), some.begin(), some.end());
             }
             EXPECT_EQ(contracts, (Texts{isNew ? "new" : "old"})) << name << ' ' << row.format;

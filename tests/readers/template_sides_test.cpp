@@ -16,14 +16,14 @@ protected:
     std::vector<Fields> DetailOf(std::string_view keys, const std::vector<std::string>& rows) {
         BeginWith(2, TableTemplate("OPI_DETAIL", keys));
         EXPECT_TRUE(ReadRows(rows));
-        return FieldsOfAll(OpiSumStore.Rows);
+        return FieldsOfAll(report.OpiSumStore.Rows);
     }
 
     /// The records of a summary.
     std::vector<Fields> SummaryOf(std::string_view keys, const std::vector<std::string>& rows) {
         BeginWith(1, TableTemplate("OPI_SUM", keys));
         EXPECT_TRUE(ReadRows(rows));
-        return FieldsOfAll(OpiSumStore.Rows);
+        return FieldsOfAll(report.OpiSumStore.Rows);
     }
 };
 
@@ -183,9 +183,9 @@ TEST_F(TemplateSides, MakeARecordOfEachSideThatHoldsLots) {
     for (const auto& row : cases) {
         const std::string cells = "0|" + std::string(row.bought) + "|" + std::string(row.sold) + "|3|4|5|6|7|8|9|10|11";
         DetailOf("BID_VOL=1\r\nASK_VOL=2\r\n", {cells});
-        EXPECT_EQ(TextsOf(OpiSumStore.Rows, "BID"), row.sides) << cells;
+        EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "BID"), row.sides) << cells;
         SummaryOf("BID_POSITION_VOL=1\r\nASK_POSITION_VOL=2\r\n", {cells});
-        EXPECT_EQ(TextsOf(OpiSumStore.Rows, "BID"), row.sides) << cells;
+        EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "BID"), row.sides) << cells;
     }
 }
 
@@ -193,13 +193,13 @@ TEST_F(TemplateSides, MakeNoRecordWithoutAColumnOfLots) {
     for (const std::string_view none : {"-1", "-2", "-2147483648", "-4294967295"}) {
         const std::string column(none);
         DetailOf("BID_VOL=" + column + "\r\nASK_VOL=2\r\n", {Numbers(12)});
-        EXPECT_EQ(TextsOf(OpiSumStore.Rows, "BID"), (Texts{"卖"})) << none;
+        EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "BID"), (Texts{"卖"})) << none;
         DetailOf("BID_VOL=1\r\nASK_VOL=" + column + "\r\n", {Numbers(12)});
-        EXPECT_EQ(TextsOf(OpiSumStore.Rows, "BID"), (Texts{"买"})) << none;
+        EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "BID"), (Texts{"买"})) << none;
         SummaryOf("BID_POSITION_VOL=" + column + "\r\nASK_POSITION_VOL=2\r\n", {Numbers(12)});
-        EXPECT_EQ(TextsOf(OpiSumStore.Rows, "BID"), (Texts{"卖"})) << none;
+        EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "BID"), (Texts{"卖"})) << none;
         SummaryOf("BID_POSITION_VOL=1\r\nASK_POSITION_VOL=" + column + "\r\n", {Numbers(12)});
-        EXPECT_EQ(TextsOf(OpiSumStore.Rows, "BID"), (Texts{"买"})) << none;
+        EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "BID"), (Texts{"买"})) << none;
     }
     EXPECT_TRUE(DetailOf("CONTRACT=1\r\n", {Numbers(12)}).empty());
     EXPECT_TRUE(SummaryOf("CONTRACT=1\r\n", {Numbers(12)}).empty());
@@ -218,15 +218,15 @@ TEST_F(TemplateSides, RaiseAnErrorForLotsBeyondADetailRow) {
 TEST_F(TemplateSides, MakeTheBoughtRecordBeforeTheErrorOfTheSoldOne) {
     BeginWith(2, TableTemplate("OPI_DETAIL", "BID_VOL=1\r\nASK_VOL=11\r\n"));
     EXPECT_EQ(ErrorOfRows({Numbers(12), Numbers(11), Numbers(12)}), kErrorInvalidArgument);
-    EXPECT_EQ(TextsOf(OpiSumStore.Rows, "BID"), (Texts{"买", "卖", "买"}));
+    EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "BID"), (Texts{"买", "卖", "买"}));
 }
 
 TEST_F(TemplateSides, PassOverLotsBeyondASummaryRow) {
     for (const std::string_view far : {"12", "2147483647", "99999999999"}) {
         SummaryOf("BID_POSITION_VOL=1\r\nASK_POSITION_VOL=" + std::string(far) + "\r\n", {Numbers(12)});
-        EXPECT_EQ(TextsOf(OpiSumStore.Rows, "BID"), (Texts{"买"})) << far;
+        EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "BID"), (Texts{"买"})) << far;
         SummaryOf("ASK_POSITION_VOL=1\r\nBID_POSITION_VOL=" + std::string(far) + "\r\n", {Numbers(12)});
-        EXPECT_EQ(TextsOf(OpiSumStore.Rows, "BID"), (Texts{"卖"})) << far;
+        EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "BID"), (Texts{"卖"})) << far;
     }
 }
 
@@ -240,16 +240,16 @@ TEST_F(TemplateSides, NeedElevenColumnsInTheDetailAndTwelveInTheSummary) {
 
 TEST_F(TemplateSides, FeedTheDaysUsageFromTheDetailAlone) {
     DetailOf("CONTRACT=0\r\nBID_VOL=1\r\n", {"cu2405|2|2|3|4|5|6|7|8|9|10"});
-    EXPECT_NE(TradeStatistics.DayUsages.Find("20240105"), nullptr);
+    EXPECT_NE(report.TradeStatistics.DayUsages.Find("20240105"), nullptr);
     SummaryOf("CONTRACT=0\r\nBID_POSITION_VOL=1\r\n", {"cu|2|2|3|4|5|6|7|8|9|10|11"});
-    EXPECT_EQ(TradeStatistics.DayUsages.Find("20240105"), nullptr);
+    EXPECT_EQ(report.TradeStatistics.DayUsages.Find("20240105"), nullptr);
 }
 
 TEST_F(TemplateSides, MakeSummariesAlikeInAllFormats) {
     for (const std::int32_t format : {0, 1, 2, 3, 5, 6, 201}) {
         BeginWith(format, TableTemplate("OPI_SUM", "CONTRACT=0\r\nBID_POSITION_VOL=1\r\n"));
         EXPECT_TRUE(ReadRows({Numbers(12)}));
-        EXPECT_EQ(FieldsOfAll(OpiSumStore.Rows),
+        EXPECT_EQ(FieldsOfAll(report.OpiSumStore.Rows),
                   OneRecord({{"BID", "买"}, {"CONTRACT", "10"}, {"BID_POSITION_VOL", "11"}}))
             << format;
     }
@@ -258,13 +258,13 @@ TEST_F(TemplateSides, MakeSummariesAlikeInAllFormats) {
 TEST_F(TemplateSides, GoOnInTheDetailWithEmptyTitleAndTerminator) {
     BeginWith(2, TableTemplate("OPI_DETAIL", "START_FLAG=\r\nSTART_OFFSET=1\r\nBID_VOL=1\r\n"));
     EXPECT_TRUE(Read({"结算单", Numbers(11), Numbers(11), "共", Numbers(11)}));
-    EXPECT_EQ(OpiSumStore.Count(), 2);
+    EXPECT_EQ(report.OpiSumStore.Count(), 2);
     BeginWith(2, TableTemplate("OPI_DETAIL", "END_FLAG=\r\nSTART_OFFSET=1\r\nBID_VOL=1\r\n"));
     EXPECT_TRUE(Read({"结算单", "明细", Numbers(11), Numbers(11), Numbers(11), "共"}));
-    EXPECT_EQ(OpiSumStore.Count(), 1);  // the row two behind the title ends the table
+    EXPECT_EQ(report.OpiSumStore.Count(), 1);  // the row two behind the title ends the table
     BeginWith(2, TableTemplate("OPI_DETAIL", "END_FLAG=\r\nSTART_OFFSET=1\r\nBID_VOL=1\r\n"));
     EXPECT_TRUE(Read({"结算单", "明细", Numbers(11)}));
-    EXPECT_EQ(OpiSumStore.Count(), 0);
+    EXPECT_EQ(report.OpiSumStore.Count(), 0);
 }
 
 TEST_F(TemplateSides, MakeOneColumnOfADetailRowWithoutADelimiter) {

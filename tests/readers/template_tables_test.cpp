@@ -43,9 +43,9 @@ protected:
     std::vector<Fields> RowsOf(std::string_view section, std::string_view keys, const std::vector<std::string>& rows) {
         BeginWith(1, TableTemplate(section, keys));
         EXPECT_TRUE(ReadRows(rows));
-        std::vector<Fields> all = FieldsOfAll(MatchStore.Rows);
-        for (const Fields& row : FieldsOfAll(PingDetailStore.Rows)) all.push_back(row);
-        for (const Fields& row : FieldsOfAll(OpiDetailStore.Rows)) all.push_back(row);
+        std::vector<Fields> all = FieldsOfAll(report.MatchStore.Rows);
+        for (const Fields& row : FieldsOfAll(report.PingDetailStore.Rows)) all.push_back(row);
+        for (const Fields& row : FieldsOfAll(report.OpiDetailStore.Rows)) all.push_back(row);
         return all;
     }
 
@@ -144,9 +144,9 @@ TEST_F(TemplateTables, NeedElevenColumns) {
 TEST_F(TemplateTables, FillAFieldOnlyFromRowsThatHaveItsColumn) {
     BeginWith(1, TableTemplate("MATCH_RECORD", "MATCHNO=11\r\nROYALTY=12\r\nBID=10\r\n"));
     EXPECT_TRUE(ReadRows({Cells(11), Cells(12), Cells(13)}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "BID"), (Texts{"v10", "v10", "v10"}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "MATCHNO"), (Texts{"", "v11", "v11"}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "ROYALTY"), (Texts{"", "", "v12"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "BID"), (Texts{"v10", "v10", "v10"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "MATCHNO"), (Texts{"", "v11", "v11"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "ROYALTY"), (Texts{"", "", "v12"}));
 }
 
 TEST_F(TemplateTables, MoveCellsLeftOverBlankOnes) {
@@ -163,46 +163,46 @@ TEST_F(TemplateTables, CutTextsToTheirFields) {
 TEST_F(TemplateTables, KeepTheSideOfATradeAsItIsSpelled) {
     BeginWith(1, TableTemplate("MATCH_RECORD", "BID=1\r\n"));
     EXPECT_TRUE(ReadRows({"0|买|2|3|4|5|6|7|8|9|10", "0|买入|2|3|4|5|6|7|8|9|10", "0|S|2|3|4|5|6|7|8|9|10"}));
-    EXPECT_EQ(TextsOf(MatchStore.Rows, "BID"), (Texts{"买", "买入", "S"}));
+    EXPECT_EQ(TextsOf(report.MatchStore.Rows, "BID"), (Texts{"买", "买入", "S"}));
     BeginWith(1, TableTemplate("OPI_DETAIL", "BID=1\r\n"));
     EXPECT_TRUE(ReadRows({"0|卖出|2|3|4|5|6|7|8|9|10"}));
-    EXPECT_EQ(TextsOf(OpiDetailStore.Rows, "BID"), (Texts{"卖出"}));
+    EXPECT_EQ(TextsOf(report.OpiDetailStore.Rows, "BID"), (Texts{"卖出"}));
 }
 
 TEST_F(TemplateTables, InvertTheSideOfAClosedPosition) {
     BeginWith(1, TableTemplate("PING_DETAIL", "BID=1\r\n"));
     EXPECT_TRUE(ReadRows({"0|买|2|3|4|5|6|7|8|9|10", "0|卖|2|3|4|5|6|7|8|9|10", "0|买平|2|3|4|5|6|7|8|9|10",
                           "0|B|2|3|4|5|6|7|8|9|10", "0|卖买|2|3|4|5|6|7|8|9|10"}));
-    EXPECT_EQ(TextsOf(PingDetailStore.Rows, "BID"), (Texts{"卖", "买", "卖", "买", "卖"}));
+    EXPECT_EQ(TextsOf(report.PingDetailStore.Rows, "BID"), (Texts{"卖", "买", "卖", "买", "卖"}));
 }
 
 TEST_F(TemplateTables, FoldClosedPositionsIntoTheirTally) {
     RowsOf("PING_DETAIL", "CONTRACT=2\r\nDELIVERY=3\r\nBID=1\r\nMATCH_VOL=4\r\nMATCH_PRICE=5\r\nOPEN_PRICE=6\r\n",
            {"0|卖|cu|2405|2|105|100|7|8|9|10", "0|买|cu|2405|1|90|100|7|8|9|10"});
-    ASSERT_EQ(ReportDocument.Offsets.size(), 1U);
-    EXPECT_EQ(ReportDocument.Offsets.front()->LONG_WIN_PL, 10);
-    EXPECT_EQ(ReportDocument.Offsets.front()->SHORT_WIN_PL, 10);
+    ASSERT_EQ(report.ReportDocument.Offsets.size(), 1U);
+    EXPECT_EQ(report.ReportDocument.Offsets.front()->LONG_WIN_PL, 10);
+    EXPECT_EQ(report.ReportDocument.Offsets.front()->SHORT_WIN_PL, 10);
 }
 
 TEST_F(TemplateTables, FeedOpenPositionsToTheDaysUsage) {
     RowsOf("OPI_DETAIL", "CONTRACT=1\r\nBID=2\r\nPOSITION_VOL=3\r\n", {"0|cu|买|4|4|5|6|7|8|9|10"});
-    EXPECT_NE(TradeStatistics.DayUsages.Find("20240105"), nullptr);
+    EXPECT_NE(report.TradeStatistics.DayUsages.Find("20240105"), nullptr);
     RowsOf("MATCH_RECORD", "CONTRACT=1\r\nBID=2\r\nMATCH_VOL=3\r\n", {"0|cu|买|4|4|5|6|7|8|9|10"});
-    EXPECT_EQ(TradeStatistics.DayUsages.Find("20240105"), nullptr);
+    EXPECT_EQ(report.TradeStatistics.DayUsages.Find("20240105"), nullptr);
 }
 
 TEST_F(TemplateTables, HoldOpenPositionsApartFromSidesByFormat) {
     for (const std::int32_t format : {0, 1, 3}) {
         BeginWith(format, TableTemplate("OPI_DETAIL", "POSITION_VOL=1\r\nBID_VOL=2\r\nASK_VOL=3\r\n"));
         EXPECT_TRUE(ReadRows({Numbers(11)}));
-        EXPECT_EQ(FieldsOfAll(OpiDetailStore.Rows), OneRecord({{"POSITION_VOL", "11"}})) << format;
-        EXPECT_EQ(OpiSumStore.Count(), 0) << format;
+        EXPECT_EQ(FieldsOfAll(report.OpiDetailStore.Rows), OneRecord({{"POSITION_VOL", "11"}})) << format;
+        EXPECT_EQ(report.OpiSumStore.Count(), 0) << format;
     }
     for (const std::int32_t format : {2, 6, 201, 4, 5, 7, -1, 200, INT32_MAX}) {
         BeginWith(format, TableTemplate("OPI_DETAIL", "POSITION_VOL=1\r\nBID_VOL=2\r\nASK_VOL=3\r\n"));
         EXPECT_TRUE(ReadRows({Numbers(11)}));
-        EXPECT_EQ(OpiDetailStore.Count(), 0) << format;
-        EXPECT_EQ(TextsOf(OpiSumStore.Rows, "POSITION_VOL"), (Texts{"12", "13"})) << format;
+        EXPECT_EQ(report.OpiDetailStore.Count(), 0) << format;
+        EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "POSITION_VOL"), (Texts{"12", "13"})) << format;
     }
 }
 
@@ -220,10 +220,10 @@ TEST_F(TemplateTables, AreReadOnlyIfTheirFlagIsSet) {
         for (const std::string& dealField : {flags, set + "=1\r\n"}) {
             BeginWith(1, "[DEALFIELD]\r\nMONEY_MODE=9\r\n" + dealField + tables);
             EXPECT_TRUE(ReadRows({Numbers(12)}));
-            EXPECT_EQ(MatchStore.Count(), set == "MATCH_RECORD" ? 1 : 0) << dealField;
-            EXPECT_EQ(PingDetailStore.Count(), set == "PING_DETAIL" ? 1 : 0) << dealField;
-            EXPECT_EQ(OpiDetailStore.Count(), set == "OPI_DETAIL" ? 1 : 0) << dealField;
-            EXPECT_EQ(OpiSumStore.Count(), set == "OPI_SUM" ? 1 : 0) << dealField;
+            EXPECT_EQ(report.MatchStore.Count(), set == "MATCH_RECORD" ? 1 : 0) << dealField;
+            EXPECT_EQ(report.PingDetailStore.Count(), set == "PING_DETAIL" ? 1 : 0) << dealField;
+            EXPECT_EQ(report.OpiDetailStore.Count(), set == "OPI_DETAIL" ? 1 : 0) << dealField;
+            EXPECT_EQ(report.OpiSumStore.Count(), set == "OPI_SUM" ? 1 : 0) << dealField;
         }
     }
     BeginWith(1, "[DEALFIELD]\r\nMONEY_MODE=9\r\n" + tables);

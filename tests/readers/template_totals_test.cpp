@@ -41,7 +41,7 @@ protected:
         std::string text = "结算单\r\n资金\r\n" + std::string(kMoneyRow) + "\r\n" + std::string(title) + "\r\n-\r\n";
         if (rows.empty()) text += "-\r\n";
         for (const std::string& row : rows) text += row + "\r\n";
-        EXPECT_TRUE(ReadTemplateStatement("20240105", Gbk(text + "共 2 条\r\n")));
+        EXPECT_TRUE(ReadByTemplate("20240105", Gbk(text + "共 2 条\r\n")));
     }
 
     std::string ClosedPLOf(const std::vector<std::string>& rows) {
@@ -56,32 +56,32 @@ protected:
 
 TEST_F(TemplateTotals, SumTheDaysClosedPositions) {
     EXPECT_EQ(ClosedPLOf({ClosedRow("100.5"), ClosedRow("-20.25"), ClosedRow("none")}), "80.250000");
-    EXPECT_EQ(MoneyStore.TotalClosedPL, 80.25);
-    EXPECT_EQ(MoneyStore.MaxDayPL, 80.25);
-    ASSERT_NE(TradeStatistics.DayFigures.Find("20240105"), nullptr);
-    EXPECT_EQ(TradeStatistics.DayFigures.Find("20240105")->ClosedPL, 80.25);
-    EXPECT_EQ(TradeStatistics.DayFigures.Find("20240105")->PositionPL, 0);
+    EXPECT_EQ(report.MoneyStore.TotalClosedPL, 80.25);
+    EXPECT_EQ(report.MoneyStore.MaxDayPL, 80.25);
+    ASSERT_NE(report.TradeStatistics.DayFigures.Find("20240105"), nullptr);
+    EXPECT_EQ(report.TradeStatistics.DayFigures.Find("20240105")->ClosedPL, 80.25);
+    EXPECT_EQ(report.TradeStatistics.DayFigures.Find("20240105")->PositionPL, 0);
     EXPECT_FALSE(Money().contains("CCDSYK"));
 }
 
 TEST_F(TemplateTotals, SumTheDaysOpenPositions) {
     EXPECT_EQ(PositionPLOf({OpenRow("100.5", "1"), OpenRow("-20.25", "0", "3"), OpenRow("7", "0", "0")}), "87.250000");
-    EXPECT_EQ(TextsOf(OpiSumStore.Rows, "BID"), (Texts{"买", "卖"}));
-    EXPECT_EQ(MoneyStore.TotalPositionPL, 87.25);
-    ASSERT_NE(TradeStatistics.DayFigures.Find("20240105"), nullptr);
-    EXPECT_EQ(TradeStatistics.DayFigures.Find("20240105")->PositionPL, 87.25);
-    EXPECT_EQ(TradeStatistics.DayFigures.Find("20240105")->ClosedPL, 0);
+    EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "BID"), (Texts{"买", "卖"}));
+    EXPECT_EQ(report.MoneyStore.TotalPositionPL, 87.25);
+    ASSERT_NE(report.TradeStatistics.DayFigures.Find("20240105"), nullptr);
+    EXPECT_EQ(report.TradeStatistics.DayFigures.Find("20240105")->PositionPL, 87.25);
+    EXPECT_EQ(report.TradeStatistics.DayFigures.Find("20240105")->ClosedPL, 0);
     EXPECT_FALSE(Money().contains("PCYK"));
 }
 
 TEST_F(TemplateTotals, JoinARowThatHoldsBothSidesOnce) {
     EXPECT_EQ(PositionPLOf({OpenRow("5", "2", "3")}), "5.000000");
-    EXPECT_EQ(OpiSumStore.Count(), 2);
+    EXPECT_EQ(report.OpiSumStore.Count(), 2);
 }
 
 TEST_F(TemplateTotals, JoinARowWithSoldLotsAlone) {
     EXPECT_EQ(PositionPLOf({OpenRow("5", "0", "3")}), "5.000000");
-    EXPECT_EQ(TextsOf(OpiSumStore.Rows, "POSITION_VOL"), (Texts{"3"}));
+    EXPECT_EQ(TextsOf(report.OpiSumStore.Rows, "POSITION_VOL"), (Texts{"3"}));
 }
 
 TEST_F(TemplateTotals, AreZeroForATableWithoutRows) {
@@ -111,9 +111,9 @@ TEST_F(TemplateTotals, JoinAmountsAsCutToFifteenBytes) {
 
 TEST_F(TemplateTotals, AreCutToTheirField) {
     EXPECT_EQ(ClosedPLOf({ClosedRow("12345678901"), ClosedRow("12345678901")}), "24691357802.000");
-    EXPECT_EQ(MoneyStore.TotalClosedPL, 24691357802.0);
+    EXPECT_EQ(report.MoneyStore.TotalClosedPL, 24691357802.0);
     EXPECT_EQ(PositionPLOf({OpenRow("12345678901"), OpenRow("12345678901")}), "24691357802.000");
-    EXPECT_EQ(MoneyStore.TotalPositionPL, 24691357802.0);
+    EXPECT_EQ(report.MoneyStore.TotalPositionPL, 24691357802.0);
 }
 
 TEST_F(TemplateTotals, StandHugeAmounts) {
@@ -138,15 +138,15 @@ TEST_F(TemplateTotals, AreZeroWhereTheAmountHasNoColumn) {
 TEST_F(TemplateTotals, AreReportedWithoutAMoneyRecordToo) {
     BeginWith(1, TotalsTemplate(""));
     EXPECT_TRUE(Read({"结算单", "平仓", "-", ClosedRow("5"), "共"}));
-    EXPECT_EQ(MoneyStore.Count(), 0);
-    EXPECT_EQ(MoneyStore.TotalClosedPL, 0);
-    ASSERT_NE(TradeStatistics.DayFigures.Find("20240105"), nullptr);
-    EXPECT_EQ(TradeStatistics.DayFigures.Find("20240105")->ClosedPL, 5);
+    EXPECT_EQ(report.MoneyStore.Count(), 0);
+    EXPECT_EQ(report.MoneyStore.TotalClosedPL, 0);
+    ASSERT_NE(report.TradeStatistics.DayFigures.Find("20240105"), nullptr);
+    EXPECT_EQ(report.TradeStatistics.DayFigures.Find("20240105")->ClosedPL, 5);
     BeginWith(2, TotalsTemplate(""));
     EXPECT_TRUE(Read({"结算单", "持仓", "-", OpenRow("5"), "共"}));
-    EXPECT_EQ(MoneyStore.TotalPositionPL, 0);
-    ASSERT_NE(TradeStatistics.DayFigures.Find("20240105"), nullptr);
-    EXPECT_EQ(TradeStatistics.DayFigures.Find("20240105")->PositionPL, 5);
+    EXPECT_EQ(report.MoneyStore.TotalPositionPL, 0);
+    ASSERT_NE(report.TradeStatistics.DayFigures.Find("20240105"), nullptr);
+    EXPECT_EQ(report.TradeStatistics.DayFigures.Find("20240105")->PositionPL, 5);
 }
 
 TEST_F(TemplateTotals, AreNotReportedForATableThatIsMissing) {
@@ -154,16 +154,16 @@ TEST_F(TemplateTotals, AreNotReportedForATableThatIsMissing) {
     EXPECT_TRUE(Read({"结算单", "资金", kMoneyRow, "平仓", "-", ClosedRow("5"), "持仓", "-", OpenRow("5")}));
     EXPECT_FALSE(Money().contains("PCYK"));
     EXPECT_FALSE(Money().contains("CCDSYK"));
-    EXPECT_EQ(PingDetailStore.Count(), 0);
+    EXPECT_EQ(report.PingDetailStore.Count(), 0);
 }
 
 TEST_F(TemplateTotals, AreNotFormedByFormatsThatHoldOpenPositionsApart) {
     for (const std::int32_t format : {0, 1, 3}) {
         ReadTable(format, "持仓", {OpenRow("5", "1", "1")});
-        EXPECT_EQ(OpiDetailStore.Count(), 1) << format;
+        EXPECT_EQ(report.OpiDetailStore.Count(), 1) << format;
         EXPECT_FALSE(Money().contains("CCDSYK")) << format;
-        EXPECT_EQ(TradeStatistics.DayFigures.Find("20240105")->PositionPL, 0) << format;
-        EXPECT_EQ(MoneyStore.TotalPositionPL, 0) << format;
+        EXPECT_EQ(report.TradeStatistics.DayFigures.Find("20240105")->PositionPL, 0) << format;
+        EXPECT_EQ(report.MoneyStore.TotalPositionPL, 0) << format;
     }
 }
 
@@ -175,19 +175,19 @@ TEST_F(TemplateTotals, LeaveLabelledMoneyAlone) {
     BeginWith(2, content + all.substr(all.find("[PING_DETAIL]")));
     EXPECT_TRUE(Read({"结算单", "资金", "-", "平|1|持|2", "合计", "平仓", "-", ClosedRow("5"), "共", "持仓", "-",
                       OpenRow("6", "1"), "共"}));
-    EXPECT_EQ(PingDetailStore.Count(), 1);
-    EXPECT_EQ(OpiSumStore.Count(), 1);
+    EXPECT_EQ(report.PingDetailStore.Count(), 1);
+    EXPECT_EQ(report.OpiSumStore.Count(), 1);
     EXPECT_EQ(Money()["PCYK"], "1");
     EXPECT_EQ(Money()["CCDSYK"], "2");
-    EXPECT_EQ(TradeStatistics.DayFigures.Find("20240105")->ClosedPL, 1);
-    EXPECT_EQ(TradeStatistics.DayFigures.Find("20240105")->PositionPL, 2);
+    EXPECT_EQ(report.TradeStatistics.DayFigures.Find("20240105")->ClosedPL, 1);
+    EXPECT_EQ(report.TradeStatistics.DayFigures.Find("20240105")->PositionPL, 2);
 }
 
 TEST_F(TemplateTotals, AreNotReportedWithoutMoney) {
     for (const std::string_view mode : {"MONEY_MODE=2\r\n", "MONEY_MODE=-1\r\n"}) {
         ReadTable(2, "平仓", {ClosedRow("5")}, mode);
-        EXPECT_EQ(PingDetailStore.Count(), 1);
-        EXPECT_TRUE(TradeStatistics.DayFigures.Days.empty()) << mode;
+        EXPECT_EQ(report.PingDetailStore.Count(), 1);
+        EXPECT_TRUE(report.TradeStatistics.DayFigures.Days.empty()) << mode;
     }
 }
 
@@ -198,12 +198,12 @@ TEST_F(TemplateTotals, FollowTheMoneyModeOfTheScheme) {
     content.replace(content.find("OPI_DETAIL=1"), 12, "OPI_DETAIL=0");
     BeginWith(1, content);
     EXPECT_TRUE(Read({"结算单", "平仓", "-", ClosedRow("5"), "共"}));
-    EXPECT_EQ(PingDetailStore.Count(), 1);
-    EXPECT_TRUE(TradeStatistics.DayFigures.Days.empty());
+    EXPECT_EQ(report.PingDetailStore.Count(), 1);
+    EXPECT_TRUE(report.TradeStatistics.DayFigures.Days.empty());
     content.replace(content.find("MONEY_MODE_NEW=2"), 16, "MONEY_MODE_NEW=1");
     BeginWith(1, content);
     EXPECT_TRUE(Read({"结算单", "平仓", "-", ClosedRow("5"), "共"}));
-    EXPECT_EQ(TradeStatistics.DayFigures.Days.size(), 1U);
+    EXPECT_EQ(report.TradeStatistics.DayFigures.Days.size(), 1U);
 }
 
 TEST_F(TemplateTotals, StartAnewWithEachStatement) {
@@ -211,7 +211,7 @@ TEST_F(TemplateTotals, StartAnewWithEachStatement) {
     for (const std::string_view day : {"20240105", "20240108"}) {
         EXPECT_TRUE(Read({"结算单", "资金", kMoneyRow, "平仓", "-", ClosedRow("5"), "共"}, day));
     }
-    EXPECT_EQ(TextsOf(MoneyStore.Records, "PCYK"), (Texts{"5.000000", "5.000000"}));
+    EXPECT_EQ(TextsOf(report.MoneyStore.Records, "PCYK"), (Texts{"5.000000", "5.000000"}));
 }
 
 TEST_F(TemplateTotals, AreNotReportedBehindAnError) {
@@ -223,7 +223,7 @@ TEST_F(TemplateTotals, AreNotReportedBehindAnError) {
     BeginWith(1, content);
     EXPECT_EQ(ErrorOf({"结算单", "资金", kMoneyRow, "平仓", "-", ClosedRow("5") + "|11", ClosedRow("6"), "共"}),
               kErrorInvalidArgument);
-    EXPECT_EQ(PingDetailStore.Count(), 1);
+    EXPECT_EQ(report.PingDetailStore.Count(), 1);
     EXPECT_FALSE(Money().contains("PCYK"));
 }
 

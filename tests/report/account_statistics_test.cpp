@@ -1,4 +1,4 @@
-#include "report/account_statistics.h"
+#include "report/report.h"
 
 #include <gtest/gtest.h>
 

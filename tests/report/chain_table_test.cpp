@@ -7,9 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/root_folder.h"
 #include "support/gbk_text.h"
-#include "support/store_fixture.h"
 #include "support/temp_folder.h"
 
 namespace tradebill {
@@ -17,29 +15,21 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class ChainTableTest : public StoreFixture {
+class ChainTableTest : public testing::Test {
 protected:
-    ChainTableTest() { SetRootFolderPath(root_.Path()); }
-    ~ChainTableTest() override { SetRootFolderPath(formerRoot_); }
-
-    void Load(std::string_view content) const {
-        root_.Write("sys/chain.ini", content);
-        ChainTable.Load();
-    }
-    static Texts Bases() {
+    void Load(std::string_view content) { table_.Load(folder_.Write("chain.ini", content)); }
+    [[nodiscard]] Texts Bases() const {
         Texts bases;
-        for (const auto& chain : ChainTable.Chains) bases.push_back(chain->ItemBase);
+        for (const auto& chain : table_.Chains) bases.push_back(chain->ItemBase);
         return bases;
     }
-    static Texts ItemsOf(std::string_view base) {
-        const CContractChain* const chain = ChainTable.FindChain(base);
+    [[nodiscard]] Texts ItemsOf(std::string_view base) const {
+        const CContractChain* const chain = table_.FindChain(base);
         return chain == nullptr ? Texts{"no chain"} : chain->Items;
     }
 
-    CTempFolder root_;
-
-private:
-    std::string formerRoot_ = RootFolder();
+    CChainTable table_;
+    CTempFolder folder_;
 };
 
 TEST_F(ChainTableTest, ReadsChainsAndItemsInFileOrder) {
@@ -50,24 +40,24 @@ TEST_F(ChainTableTest, ReadsChainsAndItemsInFileOrder) {
     EXPECT_EQ(Bases(), (Texts{"cu", "a"}));
     EXPECT_EQ(ItemsOf("cu"), (Texts{"al", "zn"}));
     EXPECT_EQ(ItemsOf("a"), (Texts{"b"}));
-    EXPECT_EQ(ChainTable.FindChain("b"), nullptr);
-    EXPECT_EQ(ChainTable.FindChain("A"), nullptr);
-    EXPECT_EQ(ChainTable.FindChain(""), nullptr);
+    EXPECT_EQ(table_.FindChain("b"), nullptr);
+    EXPECT_EQ(table_.FindChain("A"), nullptr);
+    EXPECT_EQ(table_.FindChain(""), nullptr);
 }
 
 TEST_F(ChainTableTest, IsEmptyWithoutAFile) {
-    ChainTable.Load();
-    EXPECT_TRUE(ChainTable.Chains.empty());
-    EXPECT_EQ(ChainTable.FindChain("cu"), nullptr);
+    table_.Load(folder_.Path("chain.ini"));
+    EXPECT_TRUE(table_.Chains.empty());
+    EXPECT_EQ(table_.FindChain("cu"), nullptr);
 }
 
 TEST_F(ChainTableTest, IsEmptyForANumberOfZeroOrBelow) {
     for (const std::string_view number : {"0", "-1", "", "none"}) {
         Load("[CHAINNUM]\nNum=" + std::string(number) + "\n[CHAIN001]\nItemBase=a\nNum=1\nItem01=b\n");
-        EXPECT_TRUE(ChainTable.Chains.empty()) << number;
+        EXPECT_TRUE(table_.Chains.empty()) << number;
     }
     Load("[CHAIN001]\nItemBase=a\nNum=1\nItem01=b\n");
-    EXPECT_TRUE(ChainTable.Chains.empty());
+    EXPECT_TRUE(table_.Chains.empty());
 }
 
 TEST_F(ChainTableTest, ReadsNoMoreChainsThanTheNumberSays) {
@@ -112,18 +102,18 @@ TEST_F(ChainTableTest, NamesItemsWithTwoDigitsOrMore) {
 TEST_F(ChainTableTest, ListsAnItemThatIsMissingAsAnEmptyText) {
     Load("[CHAINNUM]\nNum=1\n[CHAIN001]\nItemBase=a\nNum=2\nItem01=b\n");
     EXPECT_EQ(ItemsOf("a"), (Texts{"b", ""}));
-    EXPECT_TRUE(ChainTable.FindChain("a")->Contains(""));
-    EXPECT_FALSE(ChainTable.FindChain("a")->Contains("c"));
+    EXPECT_TRUE(table_.FindChain("a")->Contains(""));
+    EXPECT_FALSE(table_.FindChain("a")->Contains("c"));
 }
 
 TEST_F(ChainTableTest, HasAnEmptyTextForAMissingItemOfAnyNumber) {
     std::string items;
     for (int k = 1; k <= 99; ++k) items += "Item" + std::string(k < 10 ? "0" : "") + std::to_string(k) + "=z\n";
     Load("[CHAINNUM]\nNum=1\n[CHAIN001]\nItemBase=a\nNum=99\n" + items);
-    EXPECT_FALSE(ChainTable.FindChain("a")->Contains(""));
-    ChainTable.Clear();
+    EXPECT_FALSE(table_.FindChain("a")->Contains(""));
+    table_.Clear();
     Load("[CHAINNUM]\nNum=1\n[CHAIN001]\nItemBase=a\nNum=100\n" + items);
-    EXPECT_TRUE(ChainTable.FindChain("a")->Contains(""));
+    EXPECT_TRUE(table_.FindChain("a")->Contains(""));
 }
 
 TEST_F(ChainTableTest, ReadsNoMoreItemsThanTheNumberSays) {
@@ -167,26 +157,11 @@ TEST_F(ChainTableTest, KeepsGbkProductsAsBytes) {
     EXPECT_EQ(ItemsOf(Gbk("豆一")), (Texts{Gbk("豆二")}));
 }
 
-TEST_F(ChainTableTest, ReadsTheForeignFileForTheForeignKind) {
-    root_.Write("sys/chain.ini", "[CHAINNUM]\nNum=1\n[CHAIN001]\nItemBase=home\n");
-    root_.Write("sys/wpchain.ini", "[CHAINNUM]\nNum=1\n[CHAIN001]\nItemBase=abroad\n");
-    for (const std::int32_t kind : {0, 1, 3}) {
-        ChainTable.Clear();
-        Request.StatementKind = kind;
-        ChainTable.Load();
-        EXPECT_EQ(Bases(), (Texts{"home"})) << kind;
-    }
-    ChainTable.Clear();
-    Request.StatementKind = 2;
-    ChainTable.Load();
-    EXPECT_EQ(Bases(), (Texts{"abroad"}));
-}
-
 TEST_F(ChainTableTest, IsAsNewAfterClear) {
     Load("[CHAINNUM]\nNum=1\n[CHAIN001]\nItemBase=a\n");
-    ChainTable.Clear();
-    EXPECT_TRUE(ChainTable.Chains.empty());
-    EXPECT_EQ(ChainTable.FindChain("a"), nullptr);
+    table_.Clear();
+    EXPECT_TRUE(table_.Chains.empty());
+    EXPECT_EQ(table_.FindChain("a"), nullptr);
 }
 
 TEST_F(ChainTableTest, TakesCountsOfBillionsInItsStride) {
@@ -198,12 +173,12 @@ TEST_F(ChainTableTest, TakesCountsOfBillionsInItsStride) {
         "[CHAIN2000000001]\nItemBase=c\n[CHAIN99999999999]\nItemBase=d\n");
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
     EXPECT_EQ(Bases(), (Texts{"a", "b"}));
-    EXPECT_TRUE(ChainTable.FindChain("a")->Contains("x"));
-    EXPECT_TRUE(ChainTable.FindChain("a")->Contains("y"));
-    EXPECT_TRUE(ChainTable.FindChain("a")->Contains(""));
-    EXPECT_FALSE(ChainTable.FindChain("a")->Contains("z"));
-    EXPECT_TRUE(ChainTable.FindChain("b")->Contains("v"));
-    EXPECT_FALSE(ChainTable.FindChain("b")->Contains("w"));
+    EXPECT_TRUE(table_.FindChain("a")->Contains("x"));
+    EXPECT_TRUE(table_.FindChain("a")->Contains("y"));
+    EXPECT_TRUE(table_.FindChain("a")->Contains(""));
+    EXPECT_FALSE(table_.FindChain("a")->Contains("z"));
+    EXPECT_TRUE(table_.FindChain("b")->Contains("v"));
+    EXPECT_FALSE(table_.FindChain("b")->Contains("w"));
     EXPECT_LE(ItemsOf("a").size(), 1000U);
     EXPECT_LE(ItemsOf("b").size(), 1000U);
 }
@@ -216,14 +191,14 @@ TEST_F(ChainTableTest, SurvivesAFileOfManySectionsWithCountsOfBillions) {
                    number + "\nNum=2000000000\n";
     }
     Load(content);
-    EXPECT_EQ(ChainTable.Chains.size(), 2000U);
+    EXPECT_EQ(table_.Chains.size(), 2000U);
 }
 
 TEST_F(ChainTableTest, PassesOverAnyBytes) {
     std::string bytes;
     for (int i = 0; i < 4096; ++i) bytes += static_cast<char>(i * 37);
     Load("[CHAINNUM]\nNum=9\n" + bytes + "\n[CHAIN001\nItemBase\n=\n[]\n[CHAIN001]\nItemBase=a");
-    EXPECT_LE(ChainTable.Chains.size(), 9U);
+    EXPECT_LE(table_.Chains.size(), 9U);
 }
 
 TEST(ContractChain, ContainsItsItemsToTheLetter) {

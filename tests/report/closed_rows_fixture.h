@@ -7,8 +7,10 @@
 #include <string>
 #include <vector>
 
+#include "driver/host_products.h"
+#include "report/closed_rows.h"
 #include "report/record_makers.h"
-#include "report/report_document.h"
+#include "report/report.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 
@@ -30,22 +32,26 @@ class ClosedRows : public StoreFixture {
 protected:
     ClosedRows() {
         questions.clear();
-        Request.StatementFormat = 2;
+        report.Request.StatementFormat = 2;
+        report.Products = &products_;
     }
-    static void Fold(const PingDetail& row) { ReportDocument.FoldClosedRow(row); }
-    static const ContractOffset& First() { return *ReportDocument.Offsets.at(0); }
-    static std::vector<std::string> Contracts() {
+    void Fold(const PingDetail& row) { FoldClosedRow(row, report); }
+    [[nodiscard]] const ContractOffset& First() const { return *report.ReportDocument.Offsets.at(0); }
+    [[nodiscard]] std::vector<std::string> Contracts() const {
         std::vector<std::string> contracts;
-        for (const auto& offset : ReportDocument.Offsets) {
+        for (const auto& offset : report.ReportDocument.Offsets) {
             contracts.push_back(offset->CONTRACT + std::string("/") + offset->DELIVERY);
         }
         return contracts;
     }
-    static void ExpectCounters(std::int32_t wins, std::int32_t losses, std::int32_t flats) {
-        EXPECT_EQ(AccountStatistics.WinCount, wins);
-        EXPECT_EQ(AccountStatistics.LoseCount, losses);
-        EXPECT_EQ(AccountStatistics.FlatCount, flats);
+    void ExpectCounters(std::int32_t wins, std::int32_t losses, std::int32_t flats) const {
+        EXPECT_EQ(report.AccountStatistics.WinCount, wins);
+        EXPECT_EQ(report.AccountStatistics.LoseCount, losses);
+        EXPECT_EQ(report.AccountStatistics.FlatCount, flats);
     }
+
+private:
+    CHostProducts products_{report.Request};
 };
 
 }  // namespace tradebill

@@ -61,10 +61,10 @@ TEST_F(RequestCopy, TakesOverAllFields) {
     request->CurrencyMoney[99] = Money("", {{"CURRENCY", "HKD"}}, 8.0);  // beyond CurrencyCount
     request->CurrencyCount = 1;
 
-    CopyRequest(*request);
-    EXPECT_EQ(std::memcmp(&Request, request.get(), sizeof(GenerateBillRequest)), 0);
+    report.Request = CopyRequest(*request);
+    EXPECT_EQ(std::memcmp(&report.Request, request.get(), sizeof(GenerateBillRequest)), 0);
     CopyField(request->Account, "gone");
-    EXPECT_EQ(FieldText(Request.Account), "80012345");
+    EXPECT_EQ(FieldText(report.Request.Account), "80012345");
 }
 
 TEST_F(RequestCopy, CutsUnterminatedTexts) {
@@ -76,14 +76,14 @@ TEST_F(RequestCopy, CutsUnterminatedTexts) {
     std::memset(request->UserFolder, 'x', sizeof request->UserFolder);
     std::memset(request->BaseMoney.QMJC, '9', sizeof request->BaseMoney.QMJC);
     std::memset(request->CurrencyMoney[99].CURRENCY, 'x', sizeof request->CurrencyMoney[99].CURRENCY);
-    CopyRequest(*request);
-    EXPECT_EQ(FieldText(Request.TemplateName), std::string(10, 'x'));
-    EXPECT_EQ(FieldText(Request.StartDate), std::string(63, 'x'));
-    EXPECT_EQ(FieldText(Request.EndDate), std::string(63, 'x'));
-    EXPECT_EQ(FieldText(Request.Account), std::string(16, 'x'));
-    EXPECT_EQ(FieldText(Request.UserFolder), std::string(127, 'x'));
-    EXPECT_EQ(FieldText(Request.BaseMoney.QMJC), std::string(15, '9'));
-    EXPECT_EQ(FieldText(Request.CurrencyMoney[99].CURRENCY), std::string(15, 'x'));
+    report.Request = CopyRequest(*request);
+    EXPECT_EQ(FieldText(report.Request.TemplateName), std::string(10, 'x'));
+    EXPECT_EQ(FieldText(report.Request.StartDate), std::string(63, 'x'));
+    EXPECT_EQ(FieldText(report.Request.EndDate), std::string(63, 'x'));
+    EXPECT_EQ(FieldText(report.Request.Account), std::string(16, 'x'));
+    EXPECT_EQ(FieldText(report.Request.UserFolder), std::string(127, 'x'));
+    EXPECT_EQ(FieldText(report.Request.BaseMoney.QMJC), std::string(15, '9'));
+    EXPECT_EQ(FieldText(report.Request.CurrencyMoney[99].CURRENCY), std::string(15, 'x'));
     EXPECT_EQ(request->Account[16], 'x');  // the caller's record isn't touched
 }
 
@@ -95,63 +95,9 @@ TEST_F(RequestCopy, HoldsTheCurrencyCountToTheArray) {
     } cases[] = {{-1, 0}, {0, 0}, {1, 1}, {99, 99}, {100, 100}, {101, 100}, {INT32_MAX, 100}, {INT32_MIN, 0}};
     for (const auto& row : cases) {
         request->CurrencyCount = row.given;
-        CopyRequest(*request);
-        EXPECT_EQ(Request.CurrencyCount, row.held) << row.given;
+        report.Request = CopyRequest(*request);
+        EXPECT_EQ(report.Request.CurrencyCount, row.held) << row.given;
     }
-}
-
-TEST_F(RequestCopy, IsForeignForKindTwoAlone) {
-    for (const std::int32_t kind : {0, 1, 3, -2}) {
-        Request.StatementKind = kind;
-        EXPECT_FALSE(IsForeign()) << kind;
-    }
-    Request.StatementKind = 2;
-    EXPECT_TRUE(IsForeign());
-}
-
-TEST_F(RequestCopy, NamesTheDeliveryApartInThreeFormats) {
-    for (const std::int32_t format : {0, 1, 3}) EXPECT_TRUE(NamesDeliveryApart(format)) << format;
-    for (const std::int32_t format : {-1, 2, 4, 5, 6, 201}) EXPECT_FALSE(NamesDeliveryApart(format)) << format;
-}
-
-struct Question {
-    std::string account;
-    std::string contract;
-    std::string delivery;
-} lastQuestion;
-
-std::int32_t KeepQuestion(const char* account, const char* contract, const char* delivery) {
-    lastQuestion = {account, contract, delivery};
-    return -10;
-}
-
-TEST_F(RequestCopy, AsksTheHostForAUnit) {
-    Request.ContractUnitCallback = KeepQuestion;
-    CopyField(Request.Account, "80012345");
-    EXPECT_EQ(AskContractUnit("cu", "1105"), -10);
-    EXPECT_EQ(lastQuestion.account, "80012345");
-    EXPECT_EQ(lastQuestion.contract, "cu");
-    EXPECT_EQ(lastQuestion.delivery, "1105");
-}
-
-TEST_F(RequestCopy, CutsTheTextsOfItsQuestionAt63Bytes) {
-    Request.ContractUnitCallback = KeepQuestion;
-    static_cast<void>(AskContractUnit(std::string(63, 'c'), std::string(70, 'd')));
-    EXPECT_EQ(lastQuestion.contract, std::string(63, 'c'));
-    EXPECT_EQ(lastQuestion.delivery, std::string(63, 'd'));
-    static_cast<void>(AskContractUnit(std::string(64, 'c'), ""));
-    EXPECT_EQ(lastQuestion.contract, std::string(63, 'c'));
-    EXPECT_EQ(lastQuestion.delivery, "");
-}
-
-TEST_F(RequestCopy, TakesOneAsTheUnitWithoutAHost) {
-    EXPECT_EQ(AskContractUnit("cu", "1105"), 1);
-}
-
-TEST_F(RequestCopy, ScalesMeasuresByItsResolution) {
-    EXPECT_EQ(ScaleByRequest(825), 825);
-    Request.Dpi = 120;
-    EXPECT_EQ(ScaleByRequest(825), 1031);
 }
 
 }  // namespace

@@ -58,13 +58,13 @@ TEST(RowStore, IsAsNewAfterClear) {
 class RowStores : public StoreFixture {};
 
 TEST_F(RowStores, AreFourApart) {
-    MatchStore.Add(std::make_unique<MatchRecord>());
-    OpiSumStore.Add(std::make_unique<OpiSum>());
-    OpiSumStore.Add(std::make_unique<OpiSum>());
-    EXPECT_EQ(MatchStore.Count(), 1);
-    EXPECT_EQ(OpiSumStore.Count(), 2);
-    EXPECT_EQ(OpiDetailStore.Count(), 0);
-    EXPECT_EQ(PingDetailStore.Count(), 0);
+    report.MatchStore.Add(std::make_unique<MatchRecord>());
+    report.OpiSumStore.Add(std::make_unique<OpiSum>());
+    report.OpiSumStore.Add(std::make_unique<OpiSum>());
+    EXPECT_EQ(report.MatchStore.Count(), 1);
+    EXPECT_EQ(report.OpiSumStore.Count(), 2);
+    EXPECT_EQ(report.OpiDetailStore.Count(), 0);
+    EXPECT_EQ(report.PingDetailStore.Count(), 0);
 }
 
 }  // namespace

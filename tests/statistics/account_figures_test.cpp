@@ -12,9 +12,10 @@
 #include <vector>
 
 #include "base/number.h"
+#include "report/closed_rows.h"
 #include "report/record_makers.h"
-#include "report/report_document.h"
-#include "report/trade_statistics.h"
+#include "report/report.h"
+#include "statistics/daily_series.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 
@@ -86,8 +87,8 @@ TEST(MaxDrawdown, IsThePairwiseOneOnOddAmounts) {
 
 class AccountFigures : public StoreFixture {
 protected:
-    static void AddDay(std::string_view day, std::string_view equity, double rate = 1.0) {
-        MoneyStore.Add(CopyOf(Money(day, {{"KHQY", equity}}, rate)), MoneySource::Statement);
+    void AddDay(std::string_view day, std::string_view equity, double rate = 1.0) {
+        report.MoneyStore.Add(CopyOf(Money(day, {{"KHQY", equity}}, rate)), MoneySource::Statement);
     }
 };
 
@@ -96,67 +97,69 @@ TEST_F(AccountFigures, TakeEquitiesFromTheAccountsDays) {
     AddDay("20240103", "80");
     AddDay("20240104", "120");
     AddDay("20240105", "90");
-    ComputeAccountStatistics();
-    EXPECT_EQ(AccountStatistics.InitialEquity, 100);
-    EXPECT_EQ(AccountStatistics.MaxEquity, 120);
-    EXPECT_EQ(AccountStatistics.MinEquity, 80);
-    EXPECT_EQ(AccountStatistics.MaxDrawdown, 30);
+    ComputeAccountStatistics(report);
+    EXPECT_EQ(report.AccountStatistics.InitialEquity, 100);
+    EXPECT_EQ(report.AccountStatistics.MaxEquity, 120);
+    EXPECT_EQ(report.AccountStatistics.MinEquity, 80);
+    EXPECT_EQ(report.AccountStatistics.MaxDrawdown, 30);
 }
 
 TEST_F(AccountFigures, DivideEachEquityByItsOwnRate) {
     AddDay("20240102", "300", 2.0);  // 150
     AddDay("20240103", "500", 5.0);  // 100
     AddDay("20240104", "110");
-    ComputeAccountStatistics();
-    EXPECT_EQ(AccountStatistics.InitialEquity, 150);
-    EXPECT_EQ(AccountStatistics.MaxDrawdown, 50);
+    ComputeAccountStatistics(report);
+    EXPECT_EQ(report.AccountStatistics.InitialEquity, 150);
+    EXPECT_EQ(report.AccountStatistics.MaxDrawdown, 50);
 }
 
 TEST_F(AccountFigures, CopyTheBoundsOfTheStore) {
     AddDay("20240102", "100");
     AddDay("20240102", "80");  // comes again: the bounds keep both
-    ComputeAccountStatistics();
-    EXPECT_EQ(AccountStatistics.MaxEquity, 100);
-    EXPECT_EQ(AccountStatistics.InitialEquity, 80);
-    EXPECT_EQ(AccountStatistics.MaxDrawdown, 0);
+    ComputeAccountStatistics(report);
+    EXPECT_EQ(report.AccountStatistics.MaxEquity, 100);
+    EXPECT_EQ(report.AccountStatistics.InitialEquity, 80);
+    EXPECT_EQ(report.AccountStatistics.MaxDrawdown, 0);
 }
 
 TEST_F(AccountFigures, TakeTheEquityThatAFormatWithoutOneWasGiven) {
-    Request.StatementFormat = 6;
-    MoneyStore.Add(CopyOf(Money("20240102", {{"KHQY", "1"}, {"BZJZY", "40"}, {"KYZJ", "60"}})), MoneySource::Statement);
-    ComputeAccountStatistics();
-    EXPECT_EQ(AccountStatistics.InitialEquity, 100);
+    report.Request.StatementFormat = 6;
+    report.MoneyStore.Add(CopyOf(Money("20240102", {{"KHQY", "1"}, {"BZJZY", "40"}, {"KYZJ", "60"}})),
+                          MoneySource::Statement, report.Format().equity);
+    ComputeAccountStatistics(report);
+    EXPECT_EQ(report.AccountStatistics.InitialEquity, 100);
 }
 
 TEST_F(AccountFigures, AreZeroWithoutDaysAndRows) {
-    ComputeAccountStatistics();
-    EXPECT_EQ(AccountStatistics.InitialEquity, 0);
-    EXPECT_EQ(AccountStatistics.MaxDrawdown, 0);
-    EXPECT_EQ(AccountStatistics.WinRate, 0);
-    EXPECT_EQ(AccountStatistics.ProfitRate, 0);
-    EXPECT_EQ(AccountStatistics.MaxYield, 0);
-    EXPECT_EQ(AccountStatistics.MaxRisk, 0);
+    ComputeAccountStatistics(report);
+    EXPECT_EQ(report.AccountStatistics.InitialEquity, 0);
+    EXPECT_EQ(report.AccountStatistics.MaxDrawdown, 0);
+    EXPECT_EQ(report.AccountStatistics.WinRate, 0);
+    EXPECT_EQ(report.AccountStatistics.ProfitRate, 0);
+    EXPECT_EQ(report.AccountStatistics.MaxYield, 0);
+    EXPECT_EQ(report.AccountStatistics.MaxRisk, 0);
 }
 
 TEST_F(AccountFigures, CountFlatRowsAsWon) {
-    Request.StatementFormat = 2;
+    report.Request.StatementFormat = 2;
     for (const char* const close : {"105", "100", "95"}) {
-        ReportDocument.FoldClosedRow(Closed({{"CONTRACT", "cu1105"},
-                                             {"BID", Gbk("买")},
-                                             {"MATCH_VOL", "1"},
-                                             {"OPEN_PRICE", "100"},
-                                             {"MATCH_PRICE", close}}));
+        FoldClosedRow(Closed({{"CONTRACT", "cu1105"},
+                              {"BID", Gbk("买")},
+                              {"MATCH_VOL", "1"},
+                              {"OPEN_PRICE", "100"},
+                              {"MATCH_PRICE", close}}),
+                      report);
     }
-    ComputeAccountStatistics();
-    EXPECT_EQ(CNumberText(AccountStatistics.WinRate).View(), "66.67");
-    EXPECT_EQ(AccountStatistics.WinRate, 2.0 / 3 * 100);
+    ComputeAccountStatistics(report);
+    EXPECT_EQ(CNumberText(report.AccountStatistics.WinRate).View(), "66.67");
+    EXPECT_EQ(report.AccountStatistics.WinRate, 2.0 / 3 * 100);
 }
 
 TEST_F(AccountFigures, DontSeeAFirstShortRowWithoutGain) {
-    Request.StatementFormat = 2;
-    ReportDocument.FoldClosedRow(Closed({{"CONTRACT", "cu1105"}, {"BID", Gbk("卖")}, {"MATCH_VOL", "1"}}));
-    ComputeAccountStatistics();
-    EXPECT_EQ(AccountStatistics.WinRate, 0);
+    report.Request.StatementFormat = 2;
+    FoldClosedRow(Closed({{"CONTRACT", "cu1105"}, {"BID", Gbk("卖")}, {"MATCH_VOL", "1"}}), report);
+    ComputeAccountStatistics(report);
+    EXPECT_EQ(report.AccountStatistics.WinRate, 0);
 }
 
 TEST_F(AccountFigures, RateWinsOverAllRows) {
@@ -165,54 +168,54 @@ TEST_F(AccountFigures, RateWinsOverAllRows) {
         double rate;
     } cases[] = {{0, 0, 0, 0}, {1, 0, 0, 100}, {0, 1, 0, 0}, {0, 0, 1, 100}, {1, 3, 0, 25}, {1, 2, 1, 50}};
     for (const auto& row : cases) {
-        ClearAll();
-        AccountStatistics.WinCount = row.wins;
-        AccountStatistics.LoseCount = row.losses;
-        AccountStatistics.FlatCount = row.flats;
-        ComputeAccountStatistics();
-        EXPECT_EQ(AccountStatistics.WinRate, row.rate);
+        report.Clear();
+        report.AccountStatistics.WinCount = row.wins;
+        report.AccountStatistics.LoseCount = row.losses;
+        report.AccountStatistics.FlatCount = row.flats;
+        ComputeAccountStatistics(report);
+        EXPECT_EQ(report.AccountStatistics.WinRate, row.rate);
     }
 }
 
 TEST_F(AccountFigures, RateProfitOverTheInitialEquity) {
     AddDay("20240102", "400");
     AddDay("20240103", "999");
-    AccountStatistics.TotalPL = -50;
-    ComputeAccountStatistics();
-    EXPECT_EQ(AccountStatistics.ProfitRate, -12.5);
+    report.AccountStatistics.TotalPL = -50;
+    ComputeAccountStatistics(report);
+    EXPECT_EQ(report.AccountStatistics.ProfitRate, -12.5);
 }
 
 TEST_F(AccountFigures, RateNoProfitWithoutInitialEquity) {
     for (const char* const equity : {"0", "", "-100"}) {
-        ClearAll();
+        report.Clear();
         AddDay("20240102", equity);
         AddDay("20240103", "500");
-        AccountStatistics.TotalPL = 50;
-        ComputeAccountStatistics();
-        EXPECT_EQ(AccountStatistics.ProfitRate, 0) << equity;
+        report.AccountStatistics.TotalPL = 50;
+        ComputeAccountStatistics(report);
+        EXPECT_EQ(report.AccountStatistics.ProfitRate, 0) << equity;
     }
 }
 
 TEST_F(AccountFigures, TakeYieldAndRiskInPerCent) {
-    MoneyStore.OpeningEquity = 100;
-    TradeStatistics.SetEquity("20240102", 90, 45);
-    TradeStatistics.SetEquity("20240103", 75, 15);
-    TradeStatistics.ComputeYields();
-    ComputeAccountStatistics();
-    EXPECT_EQ(AccountStatistics.MaxYield, -10);  // the first day's, below 0 as it is
-    EXPECT_EQ(AccountStatistics.MaxRisk, 50);
+    report.MoneyStore.OpeningEquity = 100;
+    report.TradeStatistics.SetEquity("20240102", 90, 45);
+    report.TradeStatistics.SetEquity("20240103", 75, 15);
+    ComputeYields(report);
+    ComputeAccountStatistics(report);
+    EXPECT_EQ(report.AccountStatistics.MaxYield, -10);  // the first day's, below 0 as it is
+    EXPECT_EQ(report.AccountStatistics.MaxRisk, 50);
 }
 
 TEST_F(AccountFigures, LeaveTheCountersOfTheRowsAlone) {
-    AccountStatistics.WinCount = 3;
-    AccountStatistics.TotalPL = 7;
-    AccountStatistics.MaxProfit = 5;
-    AccountStatistics.MaxLoss = -4;
-    ComputeAccountStatistics();
-    EXPECT_EQ(AccountStatistics.WinCount, 3);
-    EXPECT_EQ(AccountStatistics.TotalPL, 7);
-    EXPECT_EQ(AccountStatistics.MaxProfit, 5);
-    EXPECT_EQ(AccountStatistics.MaxLoss, -4);
+    report.AccountStatistics.WinCount = 3;
+    report.AccountStatistics.TotalPL = 7;
+    report.AccountStatistics.MaxProfit = 5;
+    report.AccountStatistics.MaxLoss = -4;
+    ComputeAccountStatistics(report);
+    EXPECT_EQ(report.AccountStatistics.WinCount, 3);
+    EXPECT_EQ(report.AccountStatistics.TotalPL, 7);
+    EXPECT_EQ(report.AccountStatistics.MaxProfit, 5);
+    EXPECT_EQ(report.AccountStatistics.MaxLoss, -4);
 }
 
 }  // namespace

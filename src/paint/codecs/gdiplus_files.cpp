@@ -48,7 +48,7 @@ bool SaveImage(const CGdiplusImage& image, const std::string& path, std::wstring
     });
 }
 
-PictureSize SizeOf(const CGdiplusImage& image) {
+PictureSize SizeOfImage(const CGdiplusImage& image) {
     UINT width = 0;
     UINT height = 0;
     GdipGetImageWidth(image.Get(), &width);
@@ -119,7 +119,7 @@ PictureSize ReadPictureSize(const std::string& path) {
     const auto content = ReadPlainFile(path);
     if (!content) return {};
     const DecodedFile file = Decode(*content);
-    return file.image.Get() != nullptr ? SizeOf(file.image) : PictureSize{};
+    return file.image.Get() != nullptr ? SizeOfImage(file.image) : PictureSize{};
 }
 
 std::optional<CPicture> DecodePng(std::string_view content) {
@@ -128,7 +128,7 @@ std::optional<CPicture> DecodePng(std::string_view content) {
     const CPictureWork work;
     const DecodedFile file = Decode(content);
     if (file.image.Get() == nullptr) return std::nullopt;
-    const PictureSize size = SizeOf(file.image);
+    const PictureSize size = SizeOfImage(file.image);
     CPicture picture(size.width, size.height);
     if (picture.Pixels().empty() || !ReadPixels(file.image, picture)) return std::nullopt;
     return picture;

@@ -16,14 +16,14 @@ inline constexpr std::int32_t kFarthest = 1 << 16;
 /// Of the ends of thin lines, which cost no more for being long.
 inline constexpr std::int32_t kFarthestThin = 1 << 26;
 
-[[nodiscard]] constexpr std::int32_t Held(std::int32_t coordinate) {
+[[nodiscard]] constexpr std::int32_t Clamped(std::int32_t coordinate) {
     return std::clamp(coordinate, -kFarthest, kFarthest);
 }
-[[nodiscard]] constexpr Point Held(Point point) {
-    return {Held(point.x), Held(point.y)};
+[[nodiscard]] constexpr Point Clamped(Point point) {
+    return {Clamped(point.x), Clamped(point.y)};
 }
-[[nodiscard]] constexpr Box Held(const Box& box) {
-    return {Held(box.left), Held(box.top), Held(box.right), Held(box.bottom)};
+[[nodiscard]] constexpr Box Clamped(const Box& box) {
+    return {Clamped(box.left), Clamped(box.top), Clamped(box.right), Clamped(box.bottom)};
 }
 
 /// The part of a line whose coordinates lie between -limit and limit, with the direction it has; nothing if there is

@@ -102,7 +102,7 @@ public:
     void LineTo(Point point) override {
         const Point from = std::exchange(position_, point);
         if (isInPath_) {
-            const Point held = Held(point);
+            const Point held = Clamped(point);
             ::LineTo(context_.Get(), held.x, held.y);
         } else if (const auto line = NearPartOf(from, point, pen_.width > 1 ? kFarthest : kFarthestThin)) {
             ::MoveToEx(context_.Get(), line->first.x, line->first.y, nullptr);
@@ -111,23 +111,23 @@ public:
     }
 
     void Rectangle(const Box& box) override {
-        const Box held = Held(box);
+        const Box held = Clamped(box);
         ::Rectangle(context_.Get(), held.left, held.top, held.right, held.bottom);
     }
     void Ellipse(const Box& box) override {
-        const Box held = Held(box);
+        const Box held = Clamped(box);
         ::Ellipse(context_.Get(), held.left, held.top, held.right, held.bottom);
     }
     void Pie(const Box& box, Point start, Point end) override {
-        const Box held = Held(box);
-        const Point from = Held(start);
-        const Point to = Held(end);
+        const Box held = Clamped(box);
+        const Point from = Clamped(start);
+        const Point to = Clamped(end);
         ::Pie(context_.Get(), held.left, held.top, held.right, held.bottom, from.x, from.y, to.x, to.y);
     }
     void Polygon(std::span<const Point> corners) override {
         std::vector<POINT> points;
         points.reserve(corners.size());
-        for (const Point& corner : corners) points.push_back({Held(corner).x, Held(corner).y});
+        for (const Point& corner : corners) points.push_back({Clamped(corner).x, Clamped(corner).y});
         ::Polygon(context_.Get(), points.data(), static_cast<int>(points.size()));
     }
 
@@ -142,7 +142,7 @@ public:
     void FillPath() override { ::FillPath(context_.Get()); }
 
     void FillSolid(const Box& box, Color color) override {
-        const Box held = Held(box);
+        const Box held = Clamped(box);
         const RECT area{held.left, held.top, held.right, held.bottom};
         ::SetBkColor(context_.Get(), color);
         ::ExtTextOutW(context_.Get(), 0, 0, ETO_OPAQUE, &area, nullptr, 0, nullptr);
@@ -154,13 +154,13 @@ public:
         BlendPicture(bitmap_, clip_ ? Intersection(whole, *clip_) : whole, picture, leftTop);
     }
 
-    void WriteText(Point point, std::string_view text) override { text_.Write(Held(point), text); }
+    void WriteText(Point point, std::string_view text) override { text_.Write(Clamped(point), text); }
     [[nodiscard]] TextExtent MeasureText(std::string_view text) const override { return text_.Measure(text); }
     [[nodiscard]] TextMetrics Metrics() const override { return text_.Metrics(); }
 
 private:
     void PlaceAt(Point point) {
-        const Point held = Held(point);
+        const Point held = Clamped(point);
         ::MoveToEx(context_.Get(), held.x, held.y, nullptr);
     }
 

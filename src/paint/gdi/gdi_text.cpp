@@ -93,7 +93,7 @@ void CGdiText::Write(Point point, std::string_view text) {
     for (const Run& run : RunsOf(WideOf(text))) {
         const std::int32_t width = WidthOf(run);
         const FarPoint start = places.At(along, ascent);
-        ::TextOutW(context_, HeldCoordinate(start.x), HeldCoordinate(start.y), run.text.data(),
+        ::TextOutW(context_, ClampCoordinate(start.x), ClampCoordinate(start.y), run.text.data(),
                    static_cast<int>(run.text.size()));
         along += width;
     }

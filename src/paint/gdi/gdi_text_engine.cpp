@@ -24,7 +24,7 @@ public:
         const CGdiObject region = MakeRegion(seen);
         ::SelectClipRgn(context_.Get(), static_cast<HRGN>(region.Get()));  // which copies it
         ::SetTextColor(context_.Get(), PixelOf(line.pixel));               // the same swap both ways
-        In(font).Write(Held(line.leftTop), line.text);
+        In(font).Write(Clamped(line.leftTop), line.text);
         ::GdiFlush();  // its pixels are read and written in between
     }
 

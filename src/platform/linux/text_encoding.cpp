@@ -5,7 +5,6 @@
 #include <array>
 #include <cerrno>
 #include <memory>
-#include <mutex>
 #include <type_traits>
 
 namespace tradebill {
@@ -26,16 +25,11 @@ struct CloseConverter {
 };
 using UniqueConverter = std::unique_ptr<std::remove_pointer_t<iconv_t>, CloseConverter>;
 
+/// A converter keeps what it is in the midst of, so each thread has its own.
 UniqueConverter MakeConverter(const char* to, const char* from) {
     const iconv_t converter = ::iconv_open(to, from);
     return UniqueConverter(converter == reinterpret_cast<iconv_t>(-1) ? nullptr : converter);
 }
-
-/// Two threads mustn't be in one converter at once.
-struct SharedConverter {
-    std::mutex lock;
-    UniqueConverter converter;
-};
 
 /// Converts as much as it can, takes it off `text`, and returns it.
 std::string ConvertRun(iconv_t converter, std::string_view& text) {
@@ -56,14 +50,13 @@ std::string ConvertRun(iconv_t converter, std::string_view& text) {
 }  // namespace
 
 std::string GbkToUtf8(std::string_view text) {
-    static SharedConverter shared{.lock = {}, .converter = MakeConverter("UTF-8", "GBK")};
-    const std::scoped_lock guard(shared.lock);
-    if (shared.converter == nullptr) return std::string(text);
+    thread_local const UniqueConverter converter = MakeConverter("UTF-8", "GBK");
+    if (converter == nullptr) return std::string(text);
     std::string result;
     while (!text.empty()) {
         std::string_view character = text.substr(0, CharacterLength(text));
         const std::size_t length = character.size();
-        const std::string decoded = length == 0 ? std::string() : ConvertRun(shared.converter.get(), character);
+        const std::string decoded = length == 0 ? std::string() : ConvertRun(converter.get(), character);
         const bool isCharacter = length != 0 && character.empty();
         result += isCharacter ? std::string_view(decoded) : kReplacement;
         text.remove_prefix(isCharacter ? length : 1);
@@ -72,11 +65,10 @@ std::string GbkToUtf8(std::string_view text) {
 }
 
 std::optional<std::string> Utf8ToGbk(std::string_view text) {
-    static SharedConverter shared{.lock = {}, .converter = MakeConverter("GBK", "UTF-8")};
+    thread_local const UniqueConverter converter = MakeConverter("GBK", "UTF-8");
     constexpr std::string_view kEuro = "\xE2\x82\xAC";  // iconv would make it 0x80, which is no character of GBK
-    const std::scoped_lock guard(shared.lock);
-    if (shared.converter == nullptr || text.find(kEuro) != std::string_view::npos) return std::nullopt;
-    std::string result = ConvertRun(shared.converter.get(), text);
+    if (converter == nullptr || text.find(kEuro) != std::string_view::npos) return std::nullopt;
+    std::string result = ConvertRun(converter.get(), text);
     if (!text.empty()) return std::nullopt;
     return result;
 }

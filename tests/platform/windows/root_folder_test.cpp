@@ -2,18 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
 namespace tradebill {
 namespace {
 
 TEST(WindowsRootFolder, LosesTheSeparatorsAtItsEndButNoHalfOfACharacter) {
-    const std::string former = RootFolder();
-    SetRootFolderPath("C:\\trade\\/\\");
-    EXPECT_EQ(RootFolder(), "C:\\trade");
-    SetRootFolderPath("C:\\\x81\x5C");  // one character, whose second byte is a backslash
-    EXPECT_EQ(RootFolder(), "C:\\\x81\x5C");
-    SetRootFolderPath(former);
+    EXPECT_EQ(RootFolderAt("C:\\trade\\/\\"), "C:\\trade");
+    EXPECT_EQ(RootFolderAt("C:\\\x81\x5C"), "C:\\\x81\x5C");  // one character, whose second byte is a backslash
 }
 
 }  // namespace

@@ -38,10 +38,7 @@ private:
 
 class LinuxStatementLoader : public ReaderFixture {
 protected:
-    LinuxStatementLoader() {
-        ClearAll();
-        Request.StatementFormat = 1;
-    }
+    LinuxStatementLoader() { report.Request.StatementFormat = 1; }
 
     CTempFolder folder_;
 };
@@ -61,7 +58,7 @@ TEST_F(LinuxStatementLoader, PassesOverAFileThatCantBeWritten) {
     ASSERT_EQ(::chmod(path.c_str(), 0666), 0);
     const CBoundUser user;
     EXPECT_TRUE(LoadStatement(kFileDay, path));
-    EXPECT_EQ(MoneyStore.Count(), 1);
+    EXPECT_EQ(report.MoneyStore.Count(), 1);
 }
 
 TEST_F(LinuxStatementLoader, PassesOverAPipe) {

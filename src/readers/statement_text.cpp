@@ -1,4 +1,4 @@
-#include "readers/date_scan.h"
+#include "readers/statement_text.h"
 
 #include <cstddef>
 

@@ -1,4 +1,4 @@
-#include "report/report_document.h"
+#include "report/closed_rows.h"
 
 #include <gtest/gtest.h>
 
@@ -55,31 +55,31 @@ void ExpectShort(const ContractOffset& offset, const SideTally& side) {
 }
 
 TEST_F(ClosedRows, LongGainIsAWinInMoney) {
-    Request.ContractUnitCallback = UnitOfTen;
+    report.Request.ContractUnitCallback = UnitOfTen;
     Fold(Trade("买", "2", "100", "105"));
     ExpectLong(First(), {.lots = 2, .count = 1, .winCount = 1, .winLots = 2, .pl = 100, .winPL = 100, .maxWin = 100});
     ExpectShort(First(), {});
     ExpectCounters(1, 0, 0);
-    EXPECT_EQ(AccountStatistics.TotalPL, 100);
-    EXPECT_EQ(AccountStatistics.MaxProfit, 100);
-    EXPECT_EQ(AccountStatistics.MaxLoss, 0);
+    EXPECT_EQ(report.AccountStatistics.TotalPL, 100);
+    EXPECT_EQ(report.AccountStatistics.MaxProfit, 100);
+    EXPECT_EQ(report.AccountStatistics.MaxLoss, 0);
 }
 
 TEST_F(ClosedRows, ShortRiseIsALossInMoney) {
-    Request.ContractUnitCallback = UnitOfTen;
+    report.Request.ContractUnitCallback = UnitOfTen;
     Fold(Trade("卖", "2", "100", "105"));
     ExpectShort(First(),
                 {.lots = 2, .count = 1, .loseCount = 1, .loseLots = 2, .pl = -100, .losePL = -100, .maxLoss = -100});
     ExpectLong(First(), {});
     ExpectCounters(0, 1, 0);
-    EXPECT_EQ(AccountStatistics.TotalPL, -100);
-    EXPECT_EQ(AccountStatistics.MaxProfit, 0);
-    EXPECT_EQ(AccountStatistics.MaxLoss, -100);
+    EXPECT_EQ(report.AccountStatistics.TotalPL, -100);
+    EXPECT_EQ(report.AccountStatistics.MaxProfit, 0);
+    EXPECT_EQ(report.AccountStatistics.MaxLoss, -100);
 }
 
 TEST_F(ClosedRows, AreInPricePointsWithoutAHostsUnit) {
     Fold(Trade("买", "2", "100", "105"));
-    EXPECT_EQ(AccountStatistics.TotalPL, 10);
+    EXPECT_EQ(report.AccountStatistics.TotalPL, 10);
     EXPECT_EQ(First().LONG_WIN_PL, 10);
 }
 
@@ -87,11 +87,11 @@ TEST_F(ClosedRows, DontTrustTheStatementsFigure) {
     PingDetail row = Trade("买", "2", "100", "105");
     CopyField(row.OFFSETPL, "-777");
     Fold(row);
-    EXPECT_EQ(AccountStatistics.TotalPL, 10);
+    EXPECT_EQ(report.AccountStatistics.TotalPL, 10);
 }
 
 TEST_F(ClosedRows, LaterLongRowsAddUpButForTheirPoints) {
-    Request.ContractUnitCallback = UnitOfTen;
+    report.Request.ContractUnitCallback = UnitOfTen;
     Fold(Trade("买", "2", "100", "105"));  // 100
     Fold(Trade("买", "1", "100", "108"));  // 80
     EXPECT_EQ(First().LONG_PL, 8);         // the last row's points, without the unit
@@ -111,13 +111,13 @@ TEST_F(ClosedRows, LaterLongRowsAddUpButForTheirPoints) {
                          .maxWin = 120,
                          .maxLoss = -100});
     ExpectCounters(3, 2, 1);
-    EXPECT_EQ(AccountStatistics.TotalPL, 150);
-    EXPECT_EQ(AccountStatistics.MaxProfit, 120);
-    EXPECT_EQ(AccountStatistics.MaxLoss, -100);
+    EXPECT_EQ(report.AccountStatistics.TotalPL, 150);
+    EXPECT_EQ(report.AccountStatistics.MaxProfit, 120);
+    EXPECT_EQ(report.AccountStatistics.MaxLoss, -100);
 }
 
 TEST_F(ClosedRows, LaterShortRowsAddUp) {
-    Request.ContractUnitCallback = UnitOfTen;
+    report.Request.ContractUnitCallback = UnitOfTen;
     Fold(Trade("卖", "1", "100", "110"));  // -100
     Fold(Trade("卖", "2", "100", "103"));  // -60
     Fold(Trade("卖", "1", "100", "95"));   // 50
@@ -171,22 +171,22 @@ TEST_F(ClosedRows, LargestWinAndLossAreRaisedFromZeroBehindARowOfTheOtherSide) {
 
 TEST_F(ClosedRows, WithoutASideListANewContractOfZerosAndNothingElse) {
     Fold(Trade("", "2", "100", "105"));
-    ASSERT_EQ(ReportDocument.Offsets.size(), 1U);
+    ASSERT_EQ(report.ReportDocument.Offsets.size(), 1U);
     EXPECT_EQ(FieldText(First().CONTRACT), "cu1105");
     ExpectLong(First(), {});
     ExpectShort(First(), {});
     ExpectCounters(0, 0, 0);
-    EXPECT_EQ(AccountStatistics.TotalPL, 0);
-    EXPECT_EQ(AccountStatistics.MaxProfit, 0);
+    EXPECT_EQ(report.AccountStatistics.TotalPL, 0);
+    EXPECT_EQ(report.AccountStatistics.MaxProfit, 0);
 }
 
 TEST_F(ClosedRows, WithoutASideChangeNothingOfAKnownContract) {
     Fold(Trade("买", "2", "100", "105"));
     Fold(Trade("平", "2", "100", "1000"));
-    ASSERT_EQ(ReportDocument.Offsets.size(), 1U);
+    ASSERT_EQ(report.ReportDocument.Offsets.size(), 1U);
     ExpectLong(First(), {.lots = 2, .count = 1, .winCount = 1, .winLots = 2, .pl = 10, .winPL = 10, .maxWin = 10});
     ExpectCounters(1, 0, 0);
-    EXPECT_EQ(AccountStatistics.TotalPL, 10);
+    EXPECT_EQ(report.AccountStatistics.TotalPL, 10);
 }
 
 TEST_F(ClosedRows, BehindOneWithoutASideAreNoFirstRow) {
@@ -211,47 +211,48 @@ TEST_F(ClosedRows, ReadBadNumbersAsZero) {
     ExpectCounters(0, 0, 1);
     Fold(Trade("买", "2.9", "", "5x"));
     EXPECT_EQ(First().LONG_VOL, 2);
-    EXPECT_EQ(AccountStatistics.TotalPL, 10);
+    EXPECT_EQ(report.AccountStatistics.TotalPL, 10);
 }
 
 TEST_F(ClosedRows, MultiplyFromLeftToRight) {
-    Request.ContractUnitCallback = UnitOfTen;
+    report.Request.ContractUnitCallback = UnitOfTen;
     Fold(Trade("买", "3", "0.1", "0.3"));
-    EXPECT_EQ(AccountStatistics.TotalPL, (3 * (0.3 - 0.1)) * 10);
+    EXPECT_EQ(report.AccountStatistics.TotalPL, (3 * (0.3 - 0.1)) * 10);
 }
 
 TEST_F(ClosedRows, WrapTheirLotsAtThirtyTwoBits) {
     Fold(Trade("买", "99999999999", "0", "1"));
     Fold(Trade("买", "99999999999", "0", "1"));
     EXPECT_EQ(First().LONG_VOL, -2);
-    EXPECT_EQ(AccountStatistics.TotalPL, 2 * 2147483647.0);
+    EXPECT_EQ(report.AccountStatistics.TotalPL, 2 * 2147483647.0);
 }
 
 TEST_F(ClosedRows, AreGoneAfterClearing) {
     Fold(Trade("买", "2", "100", "105"));
-    ReportDocument.ClearOffsets();
-    EXPECT_TRUE(ReportDocument.Offsets.empty());
+    report.ReportDocument.ClearOffsets();
+    EXPECT_TRUE(report.ReportDocument.Offsets.empty());
     Fold(Trade("卖", "2", "100", "100"));
-    ASSERT_EQ(ReportDocument.Offsets.size(), 1U);
+    ASSERT_EQ(report.ReportDocument.Offsets.size(), 1U);
     ExpectShort(First(), {.lots = 2, .count = 1});  // a first row again
 }
 
 class ForeignRows : public ClosedRows {
 protected:
-    static void Fold(std::string_view contract, std::string_view lots, std::string_view amount) {
-        ReportDocument.FoldForeignClosedRow(Closed({{"CONTRACT", contract},
-                                                    {"DELIVERY", "1105"},
-                                                    {"CURRENCY", "USD"},
-                                                    {"BID", Gbk("卖")},
-                                                    {"MATCH_VOL", lots},
-                                                    {"OPEN_PRICE", "1"},
-                                                    {"MATCH_PRICE", "2"},
-                                                    {"OFFSETPL", amount}}));
+    void Fold(std::string_view contract, std::string_view lots, std::string_view amount) {
+        FoldForeignClosedRow(Closed({{"CONTRACT", contract},
+                                     {"DELIVERY", "1105"},
+                                     {"CURRENCY", "USD"},
+                                     {"BID", Gbk("卖")},
+                                     {"MATCH_VOL", lots},
+                                     {"OPEN_PRICE", "1"},
+                                     {"MATCH_PRICE", "2"},
+                                     {"OFFSETPL", amount}}),
+                             report);
     }
 };
 
 TEST_F(ForeignRows, TakeTheStatementsFigureIntoTheLongFields) {
-    Request.ContractUnitCallback = UnitOfTen;
+    report.Request.ContractUnitCallback = UnitOfTen;
     Fold("CL", "2", "-12.5");
     Fold("CL", "3", "40");
     Fold("CL", "1", "30");
@@ -269,9 +270,9 @@ TEST_F(ForeignRows, TakeTheStatementsFigureIntoTheLongFields) {
                          .maxLoss = -12.5});
     ExpectShort(First(), {});
     ExpectCounters(2, 2, 1);
-    EXPECT_EQ(AccountStatistics.TotalPL, 55);
-    EXPECT_EQ(AccountStatistics.MaxProfit, 40);
-    EXPECT_EQ(AccountStatistics.MaxLoss, -12.5);
+    EXPECT_EQ(report.AccountStatistics.TotalPL, 55);
+    EXPECT_EQ(report.AccountStatistics.MaxProfit, 40);
+    EXPECT_EQ(report.AccountStatistics.MaxLoss, -12.5);
     EXPECT_TRUE(questions.empty());
 }
 
@@ -283,10 +284,10 @@ TEST_F(ForeignRows, FirstRowWithoutGainIsFlat) {
 
 TEST_F(ForeignRows, AreKeyedByContractAloneInEveryFormat) {
     for (const std::int32_t format : {0, 1, 2, 3}) {
-        ClearAll();
-        Request.StatementFormat = format;
+        report.Clear();
+        report.Request.StatementFormat = format;
         Fold("CL", "1", "1");
-        ReportDocument.FoldForeignClosedRow(Closed({{"CONTRACT", "CL"}, {"DELIVERY", "1106"}, {"CURRENCY", "HKD"}}));
+        FoldForeignClosedRow(Closed({{"CONTRACT", "CL"}, {"DELIVERY", "1106"}, {"CURRENCY", "HKD"}}), report);
         Fold("GC", "1", "1");
         EXPECT_EQ(Contracts(), (std::vector<std::string>{"CL/1105", "GC/1105"})) << format;
         EXPECT_EQ(FieldText(First().CURRENCY), "USD") << format;
@@ -296,10 +297,10 @@ TEST_F(ForeignRows, AreKeyedByContractAloneInEveryFormat) {
 TEST_F(ForeignRows, KeepNothingOfTheRowItself) {
     {
         const auto row = CopyOf(Closed({{"CONTRACT", "CL"}, {"OFFSETPL", "5"}}));
-        ReportDocument.FoldForeignClosedRow(*row);
+        FoldForeignClosedRow(*row, report);
     }
-    ReportDocument.FoldForeignClosedRow(Closed({{"CONTRACT", "CL"}, {"OFFSETPL", "6"}}));
-    ASSERT_EQ(ReportDocument.Offsets.size(), 1U);
+    FoldForeignClosedRow(Closed({{"CONTRACT", "CL"}, {"OFFSETPL", "6"}}), report);
+    ASSERT_EQ(report.ReportDocument.Offsets.size(), 1U);
     EXPECT_EQ(First().LONG_WIN_PL, 11);
 }
 

@@ -1,5 +1,5 @@
 // How closed positions find their contract, and how the host is asked for its unit.
-#include "report/report_document.h"
+#include "report/closed_rows.h"
 
 #include <gtest/gtest.h>
 
@@ -13,8 +13,8 @@ namespace {
 
 TEST_F(ClosedRows, AreKeyedByContractAndDeliveryInThreeFormats) {
     for (const std::int32_t format : {0, 1, 3}) {
-        ClearAll();
-        Request.StatementFormat = format;
+        report.Clear();
+        report.Request.StatementFormat = format;
         for (const char* const delivery : {"1105", "1106", "1105"}) {
             Fold(Closed({{"CONTRACT", "cu"}, {"DELIVERY", delivery}, {"BID", Gbk("买")}}));
         }
@@ -25,8 +25,8 @@ TEST_F(ClosedRows, AreKeyedByContractAndDeliveryInThreeFormats) {
 
 TEST_F(ClosedRows, AreKeyedByContractAloneInTheOtherFormats) {
     for (const std::int32_t format : {2, 6, 201}) {
-        ClearAll();
-        Request.StatementFormat = format;
+        report.Clear();
+        report.Request.StatementFormat = format;
         Fold(Closed({{"CONTRACT", "cu1105"}, {"DELIVERY", "x"}, {"BID", Gbk("买")}}));
         Fold(Closed({{"CONTRACT", "cu1106"}, {"DELIVERY", "x"}, {"BID", Gbk("买")}}));
         Fold(Closed({{"CONTRACT", "cu1105"}, {"DELIVERY", "y"}, {"BID", Gbk("买")}}));
@@ -35,7 +35,7 @@ TEST_F(ClosedRows, AreKeyedByContractAloneInTheOtherFormats) {
 }
 
 TEST_F(ClosedRows, JoinContractAndDeliveryByADash) {
-    Request.StatementFormat = 0;
+    report.Request.StatementFormat = 0;
     Fold(Closed({{"CONTRACT", "cu"}, {"DELIVERY", "-1105"}, {"BID", Gbk("买")}}));
     Fold(Closed({{"CONTRACT", "cu-"}, {"DELIVERY", "1105"}, {"BID", Gbk("买")}}));  // the same key
     EXPECT_EQ(Contracts(), (std::vector<std::string>{"cu/-1105"}));
@@ -49,7 +49,7 @@ TEST_F(ClosedRows, AreListedInOrderOfFirstAppearance) {
 }
 
 TEST_F(ClosedRows, KeepContractAndDeliveryAsFirstSeen) {
-    Request.StatementFormat = 1;
+    report.Request.StatementFormat = 1;
     const std::string longest(80, 'c');
     Fold(Closed({{"CONTRACT", longest}, {"DELIVERY", "12345678"}, {"CURRENCY", "USD"}, {"BID", Gbk("买")}}));
     EXPECT_EQ(FieldText(First().CONTRACT), longest);
@@ -58,8 +58,8 @@ TEST_F(ClosedRows, KeepContractAndDeliveryAsFirstSeen) {
 }
 
 TEST_F(ClosedRows, AskForTheUnitOfTheContractWithoutBlanks) {
-    Request.ContractUnitCallback = UnitOfTen;
-    CopyField(Request.Account, "80012345");
+    report.Request.ContractUnitCallback = UnitOfTen;
+    CopyField(report.Request.Account, "80012345");
     Fold(Closed({{"CONTRACT", "  cu 1105 "}, {"DELIVERY", " 1105 "}, {"BID", Gbk("买")}}));
     Fold(Closed({{"CONTRACT", Gbk("　铜　")}, {"BID", Gbk("买")}}));
     Fold(Closed({{"CONTRACT", "\tcu\t"}, {"BID", ""}}));
@@ -72,8 +72,8 @@ TEST_F(ClosedRows, AskForTheUnitOfTheContractWithoutBlanks) {
 }
 
 TEST_F(ClosedRows, AskForTheUnitWithDeliveryInFormatZero) {
-    Request.ContractUnitCallback = UnitOfTen;
-    Request.StatementFormat = 0;
+    report.Request.ContractUnitCallback = UnitOfTen;
+    report.Request.StatementFormat = 0;
     Fold(Closed({{"CONTRACT", " " + Gbk("　铜　") + " "}, {"DELIVERY", " 1105 "}, {"BID", Gbk("买")}}));
     Fold(Closed({{"CONTRACT", "\xA1  cu"},
                  {"DELIVERY",

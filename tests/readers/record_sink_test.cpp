@@ -1,4 +1,4 @@
-#include "readers/hand_over.h"
+#include "readers/record_sink.h"
 
 #include <gtest/gtest.h>
 
@@ -10,9 +10,9 @@
 namespace tradebill {
 namespace {
 
-class HandingOver : public ReaderFixture {
+class RecordSink : public ReaderFixture {
 protected:
-    static void AddMoney(const char* day, const char* closing, const char* available) {
+    void AddMoney(const char* day, const char* closing, const char* available) {
         auto record = std::make_unique<MoneyRecord>(ClearedMoneyRecord());
         CopyField(record->BILL_DATE, day);
         CopyField(record->QCQY, "900");
@@ -23,10 +23,10 @@ protected:
         CopyField(record->CRJ, "50");
         CopyField(record->BZJZY, "200");
         CopyField(record->HOST_POSITION_MARGIN, "7");
-        HandOver(std::move(record));
+        sink_.Add(std::move(record));
     }
 
-    static void AddClosed(const char* bid, const char* openPrice, const char* closePrice) {
+    void AddClosed(const char* bid, const char* openPrice, const char* closePrice) {
         auto record = std::make_unique<PingDetail>();
         CopyField(record->BILL_DATE, "20240102");
         CopyField(record->CONTRACT, "cu");
@@ -35,85 +35,87 @@ protected:
         CopyField(record->OPEN_PRICE, openPrice);
         CopyField(record->MATCH_PRICE, closePrice);
         CopyField(record->MATCH_VOL, "2");
-        HandOver(std::move(record));
+        sink_.Add(std::move(record));
     }
+
+    CRecordSink sink_{report, nullptr};
 };
 
-TEST_F(HandingOver, AddsMoneyAsAStatementToTheStore) {
+TEST_F(RecordSink, AddsMoneyAsAStatementToTheStore) {
     AddMoney("20240102", "1000", "600");
-    ASSERT_EQ(MoneyStore.Count(), 1);
-    EXPECT_TRUE(MoneyStore.HasDay("20240102"));
-    EXPECT_EQ(MoneyStore.ClosingEquity, 1000);
-    EXPECT_EQ(MoneyStore.TotalPositionPL, 40);
-    EXPECT_EQ(MoneyStore.PositionMargin, 400);  // closing less available; a live record would bring its own 7
-    EXPECT_TRUE(CurrencyMoneyStore.Stores.empty());
+    ASSERT_EQ(report.MoneyStore.Count(), 1);
+    EXPECT_TRUE(report.MoneyStore.HasDay("20240102"));
+    EXPECT_EQ(report.MoneyStore.ClosingEquity, 1000);
+    EXPECT_EQ(report.MoneyStore.TotalPositionPL, 40);
+    EXPECT_EQ(report.MoneyStore.PositionMargin, 400);  // closing less available; a live record would bring its own 7
+    EXPECT_TRUE(report.CurrencyMoneyStore.Stores.empty());
 }
 
-TEST_F(HandingOver, FeedsMoneyToTheStatistics) {
+TEST_F(RecordSink, FeedsMoneyToTheStatistics) {
     AddMoney("20240102", "1000", "600");
-    const DayFigure* const figure = TradeStatistics.DayFigures.Find("20240102");
+    const DayFigure* const figure = report.TradeStatistics.DayFigures.Find("20240102");
     ASSERT_NE(figure, nullptr);
     EXPECT_EQ(figure->Opening, 900);
     EXPECT_EQ(figure->Closing, 1000);
     EXPECT_EQ(figure->ClosedPL, 30);
     EXPECT_EQ(figure->PositionPL, 40);
     EXPECT_EQ(figure->CashFlow, 50);
-    const CDayUsage* const usage = TradeStatistics.DayUsages.Find("20240102");
+    const CDayUsage* const usage = report.TradeStatistics.DayUsages.Find("20240102");
     ASSERT_NE(usage, nullptr);
     EXPECT_EQ(usage->Margin, 200);
     EXPECT_EQ(usage->Risk, 0.2);
 }
 
-TEST_F(HandingOver, OfADayTwiceLeavesOneRecordAndTheLaterFigures) {
+TEST_F(RecordSink, KeepsOneRecordAndTheLaterFiguresOfADayThatComesTwice) {
     AddMoney("20240102", "1000", "600");
     AddMoney("20240102", "2000", "600");
-    EXPECT_EQ(MoneyStore.Count(), 1);
-    EXPECT_EQ(MoneyStore.TotalClosedPL, 60);
-    ASSERT_EQ(TradeStatistics.DayFigures.Days.size(), 1U);
-    EXPECT_EQ(TradeStatistics.DayFigures.Days.front()->Closing, 2000);
-    EXPECT_EQ(TradeStatistics.DayFigures.Days.front()->ClosedPL, 30);
+    EXPECT_EQ(report.MoneyStore.Count(), 1);
+    EXPECT_EQ(report.MoneyStore.TotalClosedPL, 60);
+    ASSERT_EQ(report.TradeStatistics.DayFigures.Days.size(), 1U);
+    EXPECT_EQ(report.TradeStatistics.DayFigures.Days.front()->Closing, 2000);
+    EXPECT_EQ(report.TradeStatistics.DayFigures.Days.front()->ClosedPL, 30);
 }
 
-TEST_F(HandingOver, AddsATradeToItsStoreAlone) {
+TEST_F(RecordSink, AddsATradeToItsStoreAlone) {
     auto record = std::make_unique<MatchRecord>();
     CopyField(record->CONTRACT, "cu");
     CopyField(record->OFFSETPL, "100");
     const MatchRecord* const row = record.get();
-    HandOver(std::move(record));
-    ASSERT_EQ(MatchStore.Count(), 1);
-    EXPECT_EQ(MatchStore.Rows.front().get(), row);
-    MatchStore.Clear();
+    sink_.Add(std::move(record));
+    ASSERT_EQ(report.MatchStore.Count(), 1);
+    EXPECT_EQ(report.MatchStore.Rows.front().get(), row);
+    report.MatchStore.Clear();
     EXPECT_TRUE(NothingRead());
-    EXPECT_EQ(AccountStatistics.TotalPL, 0);
+    EXPECT_EQ(report.AccountStatistics.TotalPL, 0);
 }
 
-TEST_F(HandingOver, AddsAClosedPositionAndFoldsItIntoItsContract) {
+TEST_F(RecordSink, AddsAClosedPositionAndFoldsItIntoItsContract) {
     AddClosed("买", "100", "105");
     AddClosed("卖", "100", "103");
-    EXPECT_EQ(TextsOf(PingDetailStore.Rows, "BID"), (Texts{"买", "卖"}));
-    ASSERT_EQ(ReportDocument.Offsets.size(), 1U);
-    const ContractOffset& offset = *ReportDocument.Offsets.front();
+    EXPECT_EQ(TextsOf(report.PingDetailStore.Rows, "BID"), (Texts{"买", "卖"}));
+    ASSERT_EQ(report.ReportDocument.Offsets.size(), 1U);
+    const ContractOffset& offset = *report.ReportDocument.Offsets.front();
     EXPECT_STREQ(offset.CONTRACT, "cu");
     EXPECT_EQ(offset.LONG_WIN_PL, 10);
     EXPECT_EQ(offset.SHORT_LOSE_PL, -6);
-    EXPECT_EQ(AccountStatistics.TotalPL, 4);
-    EXPECT_EQ(AccountStatistics.WinCount, 1);
-    EXPECT_EQ(AccountStatistics.LoseCount, 1);
-    EXPECT_TRUE(TradeStatistics.DayUsages.Days.empty());
-    EXPECT_EQ(MatchStore.Count(), 0);
+    EXPECT_EQ(report.AccountStatistics.TotalPL, 4);
+    EXPECT_EQ(report.AccountStatistics.WinCount, 1);
+    EXPECT_EQ(report.AccountStatistics.LoseCount, 1);
+    EXPECT_TRUE(report.TradeStatistics.DayUsages.Days.empty());
+    EXPECT_EQ(report.MatchStore.Count(), 0);
 }
 
-TEST_F(HandingOver, AddsAnOpenPositionAndFeedsItToTheStatistics) {
+TEST_F(RecordSink, AddsAnOpenPositionAndFeedsItToTheStatistics) {
     auto record = std::make_unique<OpiDetail>();
     CopyField(record->BILL_DATE, "20240102");
     CopyField(record->CONTRACT, "cu2402");
     CopyField(record->BID, Gbk("买"));
     CopyField(record->POSITION_VOL, "3");
     CopyField(record->DEPOSIT, "600");
-    HandOver(std::move(record));
-    EXPECT_EQ(OpiDetailStore.Count(), 1);
-    EXPECT_EQ(OpiSumStore.Count(), 0);
-    const CDayUsage* const usage = TradeStatistics.DayUsages.Find("20240102");
+    sink_.Add(std::move(record));
+    EXPECT_EQ(report.OpiDetailStore.Count(), 1);
+    EXPECT_EQ(report.OpiSumStore.Count(), 0);
+    const CDayUsage* const usage = report.TradeStatistics.DayUsages.Find("20240102");
     ASSERT_NE(usage, nullptr);
     ASSERT_EQ(usage->Positions.size(), 1U);
     EXPECT_EQ(usage->Positions.front()->Product, "cu");
@@ -122,16 +124,16 @@ TEST_F(HandingOver, AddsAnOpenPositionAndFeedsItToTheStatistics) {
     EXPECT_EQ(usage->Positions.front()->Margin, 600);
 }
 
-TEST_F(HandingOver, AddsASummaryRowToItsStoreAlone) {
+TEST_F(RecordSink, AddsASummaryRowToItsStoreAlone) {
     auto record = std::make_unique<OpiSum>();
     CopyField(record->BILL_DATE, "20240102");
     CopyField(record->CONTRACT, "cu2402");
     CopyField(record->BID, Gbk("买"));
     CopyField(record->POSITION_VOL, "3");
     CopyField(record->DEPOSIT, "600");
-    HandOver(std::move(record));
-    EXPECT_EQ(OpiSumStore.Count(), 1);
-    OpiSumStore.Clear();
+    sink_.Add(std::move(record));
+    EXPECT_EQ(report.OpiSumStore.Count(), 1);
+    report.OpiSumStore.Clear();
     EXPECT_TRUE(NothingRead());
 }
 

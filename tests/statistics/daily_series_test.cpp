@@ -1,4 +1,4 @@
-#include "report/day_usage.h"
+#include "statistics/daily_series.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 #include <string_view>
 #include <tuple>
 
-#include "report/trade_statistics.h"
+#include "report/report.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 #include "support/temp_folder.h"
@@ -20,14 +20,14 @@ namespace {
 class MarginOffset : public StoreFixture {
 protected:
     /// A chain of `base` with these items.
-    void LoadChain(std::string_view base, std::initializer_list<std::string_view> items) const {
+    void LoadChain(std::string_view base, std::initializer_list<std::string_view> items) {
         std::string content = "[CHAINNUM]\nNum=1\n[CHAIN001]\nItemBase=" + std::string(base) +
                               "\nNum=" + std::to_string(items.size()) + "\n";
         int number = 0;
         for (const std::string_view item : items) {
             content += "Item0" + std::to_string(++number) + "=" + std::string(item) + "\n";
         }
-        ChainTable.Load(folder_.Write("chain.ini", content));
+        report.ChainTable.Load(folder_.Write("chain.ini", content));
     }
     void AddLong(std::string_view product, std::int32_t lots, double margin) {
         usage_.AddRow(product, {.day = "20240102", .side = long_, .lots = lots, .margin = margin, .isSummary = false});
@@ -45,7 +45,7 @@ protected:
         usage_.HasFigures = 1;
     }
 
-    CDayUsage usage_;
+    CDayUsage& usage_ = report.TradeStatistics.DayUsages.FindOrCreate("20240102");
 
 private:
     std::string long_ = Gbk("买");
@@ -58,7 +58,7 @@ TEST_F(MarginOffset, NeedsMarginOnTheLargerLegOnly) {
     AddLong("a", 10, 100);
     AddShort("b", 5, 60);
     SetFigures(200, 160);
-    usage_.OffsetMargins();
+    OffsetMargins(report);
     EXPECT_EQ(MarginAt(0), 40);
     EXPECT_EQ(NetLotsAt(0), 4);  // 40 at 10 per lot
     EXPECT_EQ(MarginAt(1), 0);
@@ -72,7 +72,7 @@ TEST_F(MarginOffset, TakesAnEarlierSmallerLegOffALaterLargerOne) {
     LoadChain("a", {"b"});
     AddShort("a", 10, 60);
     AddLong("b", 5, 100);
-    usage_.OffsetMargins();
+    OffsetMargins(report);
     EXPECT_EQ(MarginAt(0), 0);
     EXPECT_EQ(NetLotsAt(0), 0);
     EXPECT_EQ(MarginAt(1), 40);
@@ -84,7 +84,7 @@ TEST_F(MarginOffset, LeavesNothingOfEqualLegs) {
     AddLong("a", 10, 60);
     AddShort("b", 5, 60);
     SetFigures(100, 120);
-    usage_.OffsetMargins();
+    OffsetMargins(report);
     EXPECT_EQ(MarginAt(0), 0);
     EXPECT_EQ(MarginAt(1), 0);
     EXPECT_EQ(NetLotsAt(0), 0);
@@ -96,12 +96,12 @@ TEST_F(MarginOffset, NeedsTheHeadOfTheChainToComeFirst) {
     LoadChain("a", {"b"});
     AddShort("b", 5, 60);
     AddLong("a", 10, 100);
-    usage_.OffsetMargins();
+    OffsetMargins(report);
     EXPECT_EQ(MarginAt(0), 60);
     EXPECT_EQ(MarginAt(1), 100);
-    ChainTable.Clear();
+    report.ChainTable.Clear();
     LoadChain("b", {"a"});
-    usage_.OffsetMargins();
+    OffsetMargins(report);
     EXPECT_EQ(MarginAt(0), 0);
     EXPECT_EQ(MarginAt(1), 40);
 }
@@ -111,7 +111,7 @@ TEST_F(MarginOffset, LeavesProductsOutsideTheChainAlone) {
     AddLong("a", 1, 100);
     AddShort("c", 1, 60);
     AddShort("B", 1, 60);
-    usage_.OffsetMargins();
+    OffsetMargins(report);
     EXPECT_EQ(MarginAt(0), 100);
     EXPECT_EQ(MarginAt(1), 60);
     EXPECT_EQ(MarginAt(2), 60);
@@ -121,7 +121,7 @@ TEST_F(MarginOffset, LeavesLegsOfOneSideAlone) {
     LoadChain("a", {"b"});
     AddLong("a", 1, 100);
     AddLong("b", 1, 60);
-    usage_.OffsetMargins();
+    OffsetMargins(report);
     EXPECT_EQ(MarginAt(0), 100);
     EXPECT_EQ(MarginAt(1), 60);
 }
@@ -132,7 +132,7 @@ TEST_F(MarginOffset, GoesOnUntilTheHeadIsUsedUp) {
     AddShort("b", 1, 60);
     AddShort("c", 1, 70);
     AddShort("d", 1, 5);
-    usage_.OffsetMargins();
+    OffsetMargins(report);
     EXPECT_EQ(MarginAt(0), 0);
     EXPECT_EQ(MarginAt(1), 0);
     EXPECT_EQ(MarginAt(2), 30);  // less the 40 that a had left
@@ -145,7 +145,7 @@ TEST_F(MarginOffset, TakesEachHeadInTurn) {
     AddLong("a", 1, 100);
     AddShort("b", 1, 60);
     AddLong("c", 1, 20);
-    usage_.OffsetMargins();
+    OffsetMargins(report);
     EXPECT_EQ(MarginAt(0), 100);
     EXPECT_EQ(MarginAt(1), 40);
     EXPECT_EQ(MarginAt(2), 0);
@@ -155,7 +155,7 @@ TEST_F(MarginOffset, PassesOverAHeadWithoutMargin) {
     LoadChain("a", {"b"});
     AddLong("a", 1, -10);
     AddShort("b", 1, 60);
-    usage_.OffsetMargins();
+    OffsetMargins(report);
     EXPECT_EQ(MarginAt(0), -10);
     EXPECT_EQ(MarginAt(1), 60);
 }
@@ -166,14 +166,14 @@ TEST_F(MarginOffset, AddsMarginUpAnewWithoutAnyChainToo) {
     AddShort("c", 1, -5);  // not above 0
     AddShort("d", 0, 7);   // never opened: its margin is 1
     SetFigures(322, 9999);
-    usage_.OffsetMargins();
+    OffsetMargins(report);
     EXPECT_EQ(usage_.Margin, 161);
     EXPECT_EQ(usage_.Risk, 0.5);
 }
 
 TEST_F(MarginOffset, KeepsTheStatementsMarginWithoutPositions) {
     SetFigures(200, 50);
-    usage_.OffsetMargins();
+    OffsetMargins(report);
     EXPECT_EQ(usage_.Margin, 50);
     EXPECT_EQ(usage_.Risk, 0.25);
 }
@@ -184,7 +184,7 @@ TEST_F(MarginOffset, KeepsMarginAndRiskWithoutFigures) {
     AddShort("b", 1, 60);
     SetFigures(200, 50);
     usage_.HasFigures = 0;
-    usage_.OffsetMargins();
+    OffsetMargins(report);
     EXPECT_EQ(MarginAt(0), 40);
     EXPECT_EQ(usage_.Margin, 50);
     EXPECT_EQ(usage_.Risk, 0.25);
@@ -196,12 +196,12 @@ TEST_F(MarginOffset, KeepsMarginAndRiskWhereEquityIsTooLow) {
     for (const double equity : {kBound, 0.0, -5.0, std::numeric_limits<double>::quiet_NaN()}) {
         SetFigures(100, 50);
         usage_.Equity = equity;
-        usage_.OffsetMargins();
+        OffsetMargins(report);
         EXPECT_EQ(usage_.Margin, 50) << equity;
         EXPECT_EQ(usage_.Risk, 0.5) << equity;
     }
     usage_.Equity = std::nextafter(kBound, 1);
-    usage_.OffsetMargins();
+    OffsetMargins(report);
     EXPECT_EQ(usage_.Margin, 100);
     EXPECT_EQ(usage_.Risk, 100 / std::nextafter(kBound, 1));
 }
@@ -209,18 +209,126 @@ TEST_F(MarginOffset, KeepsMarginAndRiskWhereEquityIsTooLow) {
 TEST_F(MarginOffset, ReachesEveryDay) {
     LoadChain("a", {"b"});
     for (const char* const day : {"20240102", "20240103"}) {
-        TradeStatistics.SetEquity(day, 200, 999);
+        report.TradeStatistics.SetEquity(day, 200, 999);
         for (const auto& [product, side, margin] : {std::tuple("a", "买", 100.0), std::tuple("b", "卖", 60.0)}) {
-            TradeStatistics.DayUsages.Find(day)->AddRow(
+            report.TradeStatistics.DayUsages.Find(day)->AddRow(
                 product, {.day = day, .side = Gbk(side), .lots = 1, .margin = margin, .isSummary = true});
         }
     }
-    TradeStatistics.OffsetMargins();
-    for (const auto& usage : TradeStatistics.DayUsages.Days) {
+    OffsetMargins(report);
+    for (const auto& usage : report.TradeStatistics.DayUsages.Days) {
         EXPECT_EQ(usage->Margin, 40);
         EXPECT_EQ(usage->Risk, 0.2);
     }
-    EXPECT_EQ(TradeStatistics.MaxRisk(), 0.2);
+    EXPECT_EQ(report.TradeStatistics.MaxRisk(), 0.2);
+}
+
+class Yields : public StoreFixture {
+protected:
+    /// Closing equity of a day and what was paid in on it.
+    void FeedDay(std::string_view day, double closing, double cashFlow) {
+        report.TradeStatistics.SetCashFlow(day, cashFlow);
+        report.TradeStatistics.SetEquity(day, closing, 0);
+    }
+    [[nodiscard]] double YieldOf(std::string_view day) const {
+        const DayFigure* const figure = report.TradeStatistics.DayFigures.Find(day);
+        EXPECT_NE(figure, nullptr) << day;
+        return figure == nullptr ? std::numeric_limits<double>::quiet_NaN() : figure->Yield;
+    }
+};
+
+TEST_F(Yields, AreGainsOverTheOpeningEquity) {
+    report.MoneyStore.OpeningEquity = 1000;
+    FeedDay("20240102", 1100, 0);
+    FeedDay("20240103", 750, 0);
+    ComputeYields(report);
+    EXPECT_EQ(YieldOf("20240102"), 0.1);
+    EXPECT_EQ(YieldOf("20240103"), -0.25);
+}
+
+TEST_F(Yields, DontMoveWithMoneyPaidIn) {
+    report.MoneyStore.OpeningEquity = 1000;
+    FeedDay("20240102", 1250, 0);
+    FeedDay("20240103", 1750, 500);
+    FeedDay("20240104", 1550, -200);
+    ComputeYields(report);
+    for (const char* const day : {"20240102", "20240103", "20240104"}) EXPECT_EQ(YieldOf(day), 0.25) << day;
+}
+
+TEST_F(Yields, AreGainsOverTheMoneyPaidInWithoutAnOpeningEquity) {
+    FeedDay("20240102", 0, 0);
+    FeedDay("20240103", 500, 400);
+    FeedDay("20240104", 1000, 400);
+    FeedDay("20240105", 100, -900);
+    ComputeYields(report);
+    EXPECT_EQ(YieldOf("20240102"), 0);
+    EXPECT_EQ(YieldOf("20240103"), 0.25);
+    EXPECT_EQ(YieldOf("20240104"), 0.25);  // (1000 - 800) / 800
+    EXPECT_EQ(YieldOf("20240105"), 0);     // more was paid out than in
+}
+
+TEST_F(Yields, TakeANegativeOpeningEquityOff) {
+    report.MoneyStore.OpeningEquity = -100;
+    FeedDay("20240102", 300, 400);
+    ComputeYields(report);
+    EXPECT_EQ(YieldOf("20240102"), 0);  // (300 - 400 + 100) / 400
+    FeedDay("20240102", 500, 400);
+    ComputeYields(report);
+    EXPECT_EQ(YieldOf("20240102"), 0.5);
+}
+
+TEST_F(Yields, NeedABaseAboveTheirBound) {
+    constexpr double kBound = 1.1920928955078125e-7;
+    const double above = std::nextafter(kBound, 1);
+    report.MoneyStore.OpeningEquity = kBound;
+    FeedDay("20240102", 1, kBound);
+    ComputeYields(report);
+    EXPECT_EQ(YieldOf("20240102"), 0);
+    FeedDay("20240102", 1, above);
+    ComputeYields(report);
+    EXPECT_EQ(YieldOf("20240102"), (1 - above - kBound) / above);
+    report.MoneyStore.OpeningEquity = above;
+    ComputeYields(report);
+    EXPECT_EQ(YieldOf("20240102"), (1 - above - above) / above);
+}
+
+TEST_F(Yields, AreWorkedOutFromLeftToRight) {
+    report.MoneyStore.OpeningEquity = 0.3;
+    FeedDay("20240102", 0.7, 0.1);
+    FeedDay("20240103", 0.9, 0.2);
+    ComputeYields(report);
+    const double flow = 0.1 + 0.2;
+    EXPECT_EQ(YieldOf("20240103"), (0.9 - flow - 0.3) / 0.3);
+}
+
+TEST_F(Yields, CountFromTheFirstDayOnForTheHighest) {
+    report.MoneyStore.OpeningEquity = 100;
+    FeedDay("20240102", 90, 0);
+    ComputeYields(report);
+    EXPECT_EQ(report.TradeStatistics.MaxYield(), -0.1);
+    FeedDay("20240103", 80, 0);
+    ComputeYields(report);
+    EXPECT_EQ(report.TradeStatistics.MaxYield(), -0.1);  // not 0
+    FeedDay("20240104", 95, 0);
+    FeedDay("20240105", 50, 0);
+    ComputeYields(report);
+    EXPECT_EQ(report.TradeStatistics.MaxYield(), -0.05);
+}
+
+TEST_F(Yields, HaveNoHighestWithoutDays) {
+    ComputeYields(report);
+    EXPECT_EQ(report.TradeStatistics.MaxYield(), 0);
+    EXPECT_EQ(report.TradeStatistics.MaxRisk(), 0);
+}
+
+TEST_F(Yields, LeaveRisksAlone) {
+    report.TradeStatistics.SetEquity("20240102", 100, -20);
+    report.TradeStatistics.SetEquity("20240103", 100, -30);
+    ComputeYields(report);
+    EXPECT_EQ(report.TradeStatistics.MaxRisk(), -0.2);  // the first day's counts however low
+    report.TradeStatistics.SetEquity("20240104", 100, 60);
+    report.TradeStatistics.SetEquity("20240105", 100, 50);
+    EXPECT_EQ(report.TradeStatistics.MaxRisk(), 0.6);
 }
 
 }  // namespace

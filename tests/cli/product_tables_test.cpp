@@ -1,30 +1,33 @@
-#include "cli/host_tables.h"
+#include "cli/product_tables.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <string_view>
 
 #include "cli/cli_fixture.h"
-#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {
 
 class UnitTable : public testing::Test {
 protected:
-    void Use(std::string_view content) { UseUnitFile(folder_.Write("units.ini", content), request_); }
+    void Use(std::string_view content) {
+        tables_ = std::make_unique<CProductTables>();
+        tables_->LoadUnits(folder_.Write("units.ini", content));
+    }
     [[nodiscard]] std::string Refusal(std::string_view content) {
         return UsageErrorOf([&] { Use(content); });
     }
     /// The unit of a contract given in UTF-8.
-    [[nodiscard]] std::int32_t UnitOf(std::string_view contract, const char* delivery = "") const {
-        return request_.ContractUnitCallback("90010002", Gbk(contract).c_str(), delivery);
+    [[nodiscard]] std::int32_t UnitOf(std::string_view contract, std::string_view delivery = {}) const {
+        return tables_->UnitOf(Gbk(contract), delivery);
     }
 
     CTempFolder folder_;
-    GenerateBillRequest request_ = ClearedRequest();
+    std::unique_ptr<CProductTables> tables_ = std::make_unique<CProductTables>();
 };
 
 TEST_F(UnitTable, TakesTheProductUpToTheFirstDigit) {
@@ -54,10 +57,14 @@ TEST_F(UnitTable, LooksProductsUpToTheLetter) {
     }
 }
 
-TEST_F(UnitTable, DoesntLookAtAccountAndDelivery) {
+TEST_F(UnitTable, DoesntLookAtTheDelivery) {
     Use("[UNITS]\nrb=10\ni=100\n");
     EXPECT_EQ(UnitOf("rb", "i2405"), 10);
-    EXPECT_EQ(request_.ContractUnitCallback("i", "rb", ""), 10);
+    EXPECT_EQ(UnitOf("", "i2405"), 1);
+}
+
+TEST_F(UnitTable, WithoutAFileHasUnitsOfOne) {
+    EXPECT_EQ(UnitOf("rb2405"), 1);
 }
 
 TEST_F(UnitTable, TakesTheFirstOfTwoUnits) {
@@ -67,9 +74,12 @@ TEST_F(UnitTable, TakesTheFirstOfTwoUnits) {
     EXPECT_EQ(UnitOf("i2405"), 1);
 }
 
-TEST_F(UnitTable, ForgetsTheFormerFile) {
-    Use("[UNITS]\nrb=10\n");
+TEST_F(UnitTable, KnowsNothingOfAnotherTablesFile) {
+    CProductTables other;
+    other.LoadUnits(folder_.Write("other.ini", "[UNITS]\nrb=10\n"));
     Use("[UNITS]\ni=100\n");
+    EXPECT_EQ(other.UnitOf("rb2405", ""), 10);
+    EXPECT_EQ(other.UnitOf("i2405", ""), 1);
     EXPECT_EQ(UnitOf("rb2405"), 1);
     EXPECT_EQ(UnitOf("i2405"), 100);
 }
@@ -85,7 +95,7 @@ TEST_F(UnitTable, RefusesWhatIsNoUnitWithItsLine) {
 }
 
 TEST_F(UnitTable, OfTheSamplesGivesTheUnitsOfTheMarkets) {
-    UseUnitFile(std::string(TRADEBILL_SAMPLES) + "/units.ini", request_);
+    tables_->LoadUnits(std::string(TRADEBILL_SAMPLES) + "/units.ini");
     EXPECT_EQ(UnitOf("IF2401"), 300);
     EXPECT_EQ(UnitOf("cu2405"), 5);
     EXPECT_EQ(UnitOf("au2406"), 1000);
@@ -98,21 +108,20 @@ TEST_F(UnitTable, OfTheSamplesGivesTheUnitsOfTheMarkets) {
 
 class ProductTable : public testing::Test {
 protected:
-    void Use(std::string_view content) { UseProductFile(folder_.Write("products.ini", content), request_); }
+    void Use(std::string_view content) {
+        tables_ = std::make_unique<CProductTables>();
+        tables_->LoadProducts(folder_.Write("products.ini", content));
+    }
     [[nodiscard]] std::string Refusal(std::string_view content) {
         return UsageErrorOf([&] { Use(content); });
     }
     /// The code of a product given in UTF-8, or "none".
     [[nodiscard]] std::string CodeOf(std::string_view product) const {
-        std::array<char, 32> name{};
-        Gbk(product).copy(name.data(), name.size() - 1);
-        std::array<char, 32> code{};
-        const std::int32_t result = request_.ProductNameCallback(name.data(), code.data());
-        return result == 1 ? std::string(code.data()) : "none";
+        return tables_->CodeOf(Gbk(product)).value_or("none");
     }
 
     CTempFolder folder_;
-    GenerateBillRequest request_ = ClearedRequest();
+    std::unique_ptr<CProductTables> tables_ = std::make_unique<CProductTables>();
 };
 
 TEST_F(ProductTable, GivesTheCodeOfAName) {
@@ -122,17 +131,20 @@ TEST_F(ProductTable, GivesTheCodeOfAName) {
     for (const char* const name : {"铜", "沪铜C", " 沪铜", ""}) EXPECT_EQ(CodeOf(name), "none") << name;
 }
 
-TEST_F(ProductTable, TakesCodesThatFitTheirBuffer) {
+TEST_F(ProductTable, TakesCodesOfAtMost31Bytes) {
     Use("[PRODUCTS]\na=" + std::string(31, 'c') + "\n");
     EXPECT_EQ(CodeOf("a"), std::string(31, 'c'));
     EXPECT_PRED2(IsClearLine, Refusal("[PRODUCTS]\na=" + std::string(32, 'c') + "\n"),
                  folder_.Path("products.ini") + ", line 2:");
 }
 
-TEST_F(ProductTable, ForgetsTheFormerFile) {
-    Use("[PRODUCTS]\na=b\n");
+TEST_F(ProductTable, KnowsNothingOfAnotherTablesFile) {
+    CProductTables other;
+    other.LoadProducts(folder_.Write("other.ini", "[PRODUCTS]\na=b\n"));
+    EXPECT_EQ(CodeOf("a"), "none");  // without a file names stay names
     Use("[PRODUCTS]\n");
     EXPECT_EQ(CodeOf("a"), "none");
+    EXPECT_EQ(other.CodeOf("a"), "b");
 }
 
 TEST_F(ProductTable, RefusesWhatItCantRead) {

@@ -1,0 +1,40 @@
+#include "cli/command_table.h"
+
+#include "cli/chart_command.h"
+#include "cli/explain_command.h"
+#include "cli/gallery_command.h"
+#include "cli/layouts_command.h"
+#include "cli/report_command.h"
+#include "cli/reset_command.h"
+#include "cli/template_check.h"
+
+namespace tradebill {
+namespace {
+
+// clang-format off
+constexpr CommandGroup kGroups[] = {
+    {"template", "Work on statement templates"},
+};
+
+constexpr Command kCommands[] = {
+    {"",         "report",  "Read the statements of a range of days and write the page", DeclareReport},
+    {"",         "chart",   "Paint one chart of an account at any size",                 DeclareChart},
+    {"",         "reset",   "Write the page that stands for a report until it is there", DeclareReset},
+    {"",         "explain", "Show what the readers see in one statement",                DeclareExplain},
+    {"",         "layouts", "List the statement layouts that can be read",               DeclareLayouts},
+    {"template", "check",   "Find what a template says in vain",                         DeclareTemplateCheck},
+    {"",         "gallery", "Paint every kind of chart, with a page that shows them",    DeclareGallery},
+};
+// clang-format on
+
+}  // namespace
+
+std::span<const Command> Commands() {
+    return kCommands;
+}
+
+std::span<const CommandGroup> CommandGroups() {
+    return kGroups;
+}
+
+}  // namespace tradebill

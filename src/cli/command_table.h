@@ -1,0 +1,33 @@
+// The commands of the program. Each is a row, and has a file of its own that declares its options and does its work.
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string_view>
+
+namespace CLI {
+class App;
+}
+
+namespace tradebill {
+
+/// Does a command's work with what the command line said. Returns the program's exit code; throws CUsageError before
+/// anything is done.
+using CommandRun = std::function<int()>;
+
+struct Command {
+    std::string_view group;  ///< the word before the name, as in "template check"; empty: none
+    std::string_view name;
+    std::string_view help;
+    CommandRun (*declare)(CLI::App& app);  ///< declares the options; what it returns runs once they are parsed
+};
+
+struct CommandGroup {
+    std::string_view name;
+    std::string_view help;
+};
+
+[[nodiscard]] std::span<const Command> Commands();
+[[nodiscard]] std::span<const CommandGroup> CommandGroups();
+
+}  // namespace tradebill

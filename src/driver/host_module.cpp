@@ -1,0 +1,24 @@
+#include "driver/host_module.h"
+
+#include "platform/root_folder.h"
+#include "platform/screen.h"
+
+namespace tradebill {
+namespace {
+
+HostModule Module;
+
+}  // namespace
+
+CReport& HostModule::ReportForCall() {
+    report.RootFolder = rootFolder ? *rootFolder : ProgramFolder();
+    report.ScreenWidth = screenWidth > 0 ? screenWidth : DisplayWidth();
+    report.Products = &products;
+    return report;
+}
+
+HostModule& TheModule() {
+    return Module;
+}
+
+}  // namespace tradebill

@@ -1,0 +1,29 @@
+// What the module keeps between the calls of its host: the one report that GenerateBill fills and the repaint functions
+// read, and what was set beside it.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "driver/host_products.h"
+#include "report/report.h"
+
+namespace tradebill {
+
+struct HostModule {
+    CReport report;
+    CHostProducts products{report.Request};
+    std::optional<std::string> rootFolder;  ///< nothing: the folder of the executable
+    std::int32_t screenWidth = 0;           ///< pixels; below 1: that of the display
+
+    /// The report, ready for a run or for a chart: with root folder, products and screen width as they are set now.
+    [[nodiscard]] CReport& ReportForCall();
+};
+
+/// The module's own, static like the module.
+///
+/// REQUIRES: one call of the host at a time.
+[[nodiscard]] HostModule& TheModule();
+
+}  // namespace tradebill

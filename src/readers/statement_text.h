@@ -1,0 +1,31 @@
+// One statement as its reader gets it, and the date that it states of itself.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+namespace tradebill {
+
+class CReport;
+class CScanListener;
+class CStatementTemplate;
+
+struct StatementText {
+    std::string_view day;                            ///< of the statement's file, yyyymmdd
+    std::string_view text;                           ///< GBK, all of it
+    const CStatementTemplate* byTemplate = nullptr;  ///< of the request; null if there is none
+    CScanListener* listener = nullptr;               ///< hears what was found; null: nobody does
+};
+
+/// The one shape of all readers, so that they fit into a table. What a statement lacks or has otherwise is passed over.
+/// BILL_DATE of the records is the statement's day unless the layout states its own date.
+using Reader = void(const StatementText& statement, CReport& report);
+
+/// The digits, dots and blanks behind the first `dateWord` of `text`, as they stand; nothing if the word is missing or
+/// is the very start of the text.
+[[nodiscard]] std::optional<std::string_view> FindDate(std::string_view text, std::string_view dateWord);
+
+/// The same, the empty text for nothing.
+[[nodiscard]] std::string_view ScanDate(std::string_view text, std::string_view dateWord);
+
+}  // namespace tradebill

@@ -1,7 +1,0 @@
-#include "report/account_statistics.h"
-
-namespace tradebill {
-
-constinit CAccountStatistics AccountStatistics;
-
-}  // namespace tradebill

@@ -1,0 +1,26 @@
+// Whom a report asks about products: a terminal through its callbacks, the program through its files.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tradebill {
+
+/// Texts are GBK. Called on the run's thread, once for each closed row and each row of it on the page.
+class CProductSource {
+public:
+    CProductSource() = default;
+    CProductSource(const CProductSource&) = delete;
+    CProductSource& operator=(const CProductSource&) = delete;
+    virtual ~CProductSource() = default;
+
+    /// The unit (multiplier) of a contract. Contract and delivery month are 63 bytes at most.
+    [[nodiscard]] virtual std::int32_t UnitOf(std::string_view contract, std::string_view delivery) const = 0;
+
+    /// The code, of at most 31 bytes, of the product called `name`, which has as many; nothing if the name stays.
+    [[nodiscard]] virtual std::optional<std::string> CodeOf(std::string_view name) const = 0;
+};
+
+}  // namespace tradebill

@@ -1,0 +1,26 @@
+// The product that a contract belongs to, as the daily positions go by it.
+#pragma once
+
+#include <string_view>
+
+namespace tradebill {
+
+class CProductSource;
+
+/// All delivery months of a product are one position: a contract's text, cut to 31 bytes, before its first digit.
+class CProductText {
+public:
+    explicit CProductText(std::string_view contract);
+
+    /// For layouts that print names where the others print codes: the name without blanks of either width around it, or
+    /// the code that `source`, which may be null, has for it.
+    void TakeName(const CProductSource* source);
+
+    /// Valid as long as this lives and takes no name.
+    [[nodiscard]] std::string_view View() const;
+
+private:
+    char text_[32] = {};
+};
+
+}  // namespace tradebill
