@@ -36,11 +36,7 @@ CIniFile CIniFile::Parse(std::string_view content) {
     CIniFile file;
     if (content.starts_with(kByteOrderMark)) content.remove_prefix(kByteOrderMark.size());
     int number = 0;
-    while (!content.empty()) {
-        const std::size_t end = std::min(content.find('\n'), content.size());
-        file.ParseLine(Trim(content.substr(0, end)), ++number);
-        content.remove_prefix(std::min(end + 1, content.size()));
-    }
+    while (!content.empty()) file.ParseLine(Trim(TakeLine(content)), ++number);
     return file;
 }
 

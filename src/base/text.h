@@ -58,6 +58,14 @@ void CopyField(char (&field)[N], std::string_view text) {
     return text;
 }
 
+/// Takes the first line off `rest` and gives it without its line feed. What stands behind the last line feed is a line
+/// too; an empty text has none and gives an empty one.
+[[nodiscard]] constexpr std::string_view TakeLine(std::string_view& rest) {
+    const std::string_view line = rest.substr(0, rest.find('\n'));
+    rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+    return line;
+}
+
 /// What stands before the first digit; all of it without one.
 [[nodiscard]] constexpr std::string_view UpToFirstDigit(std::string_view text) {
     return text.substr(0, std::min(text.find_first_of("0123456789"), text.size()));

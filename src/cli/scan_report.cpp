@@ -26,11 +26,8 @@ void Move(const std::string& label, std::vector<std::string>& from, std::vector<
 }  // namespace
 
 CScanReport::CScanReport(std::string_view text) : text_(text) {
-    for (std::size_t start = 0; start < text.size();) {
-        lineStarts_.push_back(start);
-        const std::size_t end = text.find('\n', start);
-        if (end == std::string_view::npos) break;
-        start = end + 1;
+    for (std::string_view rest = text; !rest.empty(); static_cast<void>(TakeLine(rest))) {
+        lineStarts_.push_back(text.size() - rest.size());
     }
 }
 

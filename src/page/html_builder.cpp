@@ -1,6 +1,5 @@
 #include "page/html_builder.h"
 
-#include <algorithm>
 #include <array>
 
 #include "base/gbk.h"
@@ -41,10 +40,10 @@ std::string StyleBlock(const Style& style) {
 /// Where the line with </head> begins; where the last line begins if there is none.
 std::size_t HeadEndLine(std::string_view page) {
     std::size_t start = 0;
-    while (start < page.size()) {
-        const std::size_t end = std::min(page.find('\n', start), page.size() - 1);
-        if (Contains(page.substr(start, end - start), kHeadEnd) || end + 1 >= page.size()) break;
-        start = end + 1;
+    std::string_view rest = page;
+    while (!rest.empty()) {
+        start = page.size() - rest.size();
+        if (Contains(TakeLine(rest), kHeadEnd)) break;
     }
     return start;
 }
@@ -52,13 +51,7 @@ std::size_t HeadEndLine(std::string_view page) {
 /// Each line ended once.
 std::string WithLineEnds(std::string_view text) {
     std::string result;
-    while (!text.empty()) {
-        const std::size_t end = text.find('\n');
-        std::string_view line = text.substr(0, end);
-        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-        while (line.ends_with('\r')) line.remove_suffix(1);
-        Append(result, line, "\r\n");
-    }
+    while (!text.empty()) Append(result, TakePageLine(text), "\r\n");
     return result;
 }
 

@@ -21,10 +21,7 @@ std::string Wrapped(std::string_view page) {
     result.reserve(page.size() + 64);
     result += kPageStart;
     while (!page.empty()) {
-        const std::size_t end = page.find('\n');
-        std::string_view line = page.substr(0, end);
-        page.remove_prefix(end == std::string_view::npos ? page.size() : end + 1);
-        while (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+        const std::string_view line = TakePageLine(page);
         if (IsWrapperLine(line)) continue;
         result += line;
         result += kLineEnd;

@@ -21,6 +21,12 @@ bool OpensTag(std::string_view text) {
 
 }  // namespace
 
+std::string_view TakePageLine(std::string_view& rest) {
+    std::string_view line = TakeLine(rest);
+    while (line.ends_with('\r')) line.remove_suffix(1);
+    return line;
+}
+
 bool IsWrapperLine(std::string_view line) {
     return std::ranges::any_of(kWrappers, [line](std::string_view tag) { return Contains(line, tag); });
 }

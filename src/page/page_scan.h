@@ -1,4 +1,5 @@
-// Looks through what is appended to a page for anything that a full pass over the page would change.
+// How a full pass over a page reads it, and the look through what is appended for anything that such a pass would
+// change.
 #pragma once
 
 #include <cstddef>
@@ -8,6 +9,10 @@
 namespace tradebill {
 
 inline constexpr std::string_view kHeadEnd = "</head>";
+
+/// Takes the first line off `rest`, as a full pass reads it: its line end is the line feed with all carriage returns
+/// before it.
+[[nodiscard]] std::string_view TakePageLine(std::string_view& rest);
 
 /// Whether ClosePage drops the line: it holds one of the tags that stand around the page.
 [[nodiscard]] bool IsWrapperLine(std::string_view line);

@@ -126,6 +126,42 @@ TEST(GbkCharacterLength, IsTwoForAPairOfLeadAndTrail) {
     for (const auto& row : kCases) EXPECT_EQ(GbkCharacterLength(row.text), row.length) << row.text;
 }
 
+Parts LinesOf(std::string_view text) {
+    Parts lines;
+    while (!text.empty()) lines.push_back(TakeLine(text));
+    return lines;
+}
+
+TEST(TakeLine, EndsALineAtEachLineFeed) {
+    EXPECT_EQ(LinesOf("one\ntwo\n"), (Parts{"one", "two"}));
+    EXPECT_EQ(LinesOf("one\n\n\ntwo"), (Parts{"one", "", "", "two"}));
+    EXPECT_EQ(LinesOf("\n"), Parts{""});
+}
+
+TEST(TakeLine, TakesWhatStandsBehindTheLastLineFeedToo) {
+    EXPECT_EQ(LinesOf("one\ntwo"), (Parts{"one", "two"}));
+    EXPECT_EQ(LinesOf("one"), Parts{"one"});
+}
+
+TEST(TakeLine, LeavesCarriageReturnsAndWhiteSpace) {
+    EXPECT_EQ(LinesOf(" one \r\r\ntwo\rthree\r"), (Parts{" one \r\r", "two\rthree\r"}));
+}
+
+TEST(TakeLine, LeavesTheTextBehindTheLine) {
+    std::string_view rest = "one\ntwo\nthree";
+    EXPECT_EQ(TakeLine(rest), "one");
+    EXPECT_EQ(rest, "two\nthree");
+    rest = "one\n";
+    EXPECT_EQ(TakeLine(rest), "one");
+    EXPECT_EQ(rest, "");
+}
+
+TEST(TakeLine, GivesAnEmptyLineOfAnEmptyText) {
+    std::string_view rest;
+    EXPECT_EQ(TakeLine(rest), "");
+    EXPECT_EQ(rest, "");
+}
+
 TEST(SplitText, CutsAtEachDelimiter) {
     EXPECT_EQ(Split("a b c", " "), (Parts{"a", "b", "c"}));
     EXPECT_EQ(Split("a|b|c", "|"), (Parts{"a", "b", "c"}));

@@ -16,6 +16,15 @@ bool IsPlain(const std::vector<std::string>& texts) {
     return scan.IsPlain();
 }
 
+TEST(PageLine, EndsBeforeAllCarriageReturnsOfItsLineEnd) {
+    std::string_view rest = "one\r\r\ntwo\n\r\nth\rree\r";
+    EXPECT_EQ(TakePageLine(rest), "one");
+    EXPECT_EQ(TakePageLine(rest), "two");
+    EXPECT_EQ(TakePageLine(rest), "");
+    EXPECT_EQ(TakePageLine(rest), "th\rree");
+    EXPECT_EQ(rest, "");
+}
+
 TEST(WrapperLine, HoldsOneOfTheFourTagsAnywhere) {
     for (const std::string tag : {"<html>", "<body>", "</body>", "</html>"}) {
         EXPECT_TRUE(IsWrapperLine(tag));
