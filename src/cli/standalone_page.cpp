@@ -7,6 +7,7 @@
 
 #include "cli/output_file.h"
 #include "images/picture_names.h"
+#include "images/report_images.h"
 #include "page/page_pictures.h"
 #include "platform/file.h"
 #include "platform/paths.h"
@@ -15,10 +16,6 @@
 
 namespace tradebill {
 namespace {
-
-constexpr std::string_view kPictures[] = {
-    kShrinkPicture, kExpandPicture,   kAccountSummary, kAccountDetail, kAccountFigure, kAccountStatics, kHealthFigure,
-    kRiskFigure,    kTradeStatistics, kLastPositions,  kMatchDetails,  kOffsetRecords, kOffsetFigure};
 
 std::string Base64(std::string_view bytes) {
     constexpr std::string_view kDigits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
@@ -53,7 +50,7 @@ void ReplaceAll(std::string& text, const std::string& from, const std::string& t
 
 /// Only the report's own pictures, in quotes as the page has them: cells hold what brokers print.
 void TakeInPictures(const CReport& report, std::string& page) {
-    for (const std::string_view picture : kPictures) {
+    for (const std::string_view picture : PagePictures()) {
         const std::string address = "\"" + DataAddress(report, picture) + "\"";
         for (const std::string& path : {PagePicturePath(report, picture), ScriptPicturePath(report, picture)}) {
             ReplaceAll(page, "\"" + path + "\"", address);

@@ -2,6 +2,7 @@
 
 #include <new>
 #include <string_view>
+#include <vector>
 
 #include "base/number.h"
 #include "base/text.h"
@@ -122,8 +123,17 @@ void NoteSize(ChartSizes& sizes, const AccountChart& chart, const PictureSize& s
     sizes[chart.ownSize + 1] = size.height;
 }
 
-void SaveButton(const CReportDocument& document, int id, std::string_view name) {
-    if (const auto button = LoadPngResource(id)) static_cast<void>(SavePng(*button, FullPicturePath(document, name)));
+/// A picture that the module carries inside and lays beside the painted ones.
+struct Button {
+    std::string_view name;
+    int id;
+};
+
+constexpr Button kButtons[] = {{kShrinkPicture, kShrinkId}, {kExpandPicture, kExpandId}};
+
+void SaveButton(const CReportDocument& document, const Button& button) {
+    const auto picture = LoadPngResource(button.id);
+    if (picture) static_cast<void>(SavePng(*picture, FullPicturePath(document, button.name)));
 }
 
 /// Passed over if it can't be made: the report comes out with what there is.
@@ -140,6 +150,15 @@ void SavePicture(const CReport& report, const ShownPicture& picture, ChartSizes&
 }
 
 }  // namespace
+
+std::vector<std::string_view> PagePictures() {
+    std::vector<std::string_view> names;
+    for (const Button& button : kButtons) names.push_back(button.name);
+    for (const ReportPicture& picture : kPictures) {
+        if (picture.name != kBillStatistics) names.push_back(picture.name);
+    }
+    return names;
+}
 
 void ShowReportPictures(const CReport& report, int baseWidth,
                         const std::function<void(const ShownPicture& picture)>& show) {
@@ -160,8 +179,7 @@ void ShowReportPictures(const CReport& report, int baseWidth,
 }
 
 std::optional<ReportImages> BuildReportImages(const CReport& report) {
-    SaveButton(report.ReportDocument, kShrinkId, kShrinkPicture);
-    SaveButton(report.ReportDocument, kExpandId, kExpandPicture);
+    for (const Button& button : kButtons) SaveButton(report.ReportDocument, button);
     const auto banner = LoadPngResource(kBannerId);
     if (!banner) return std::nullopt;
     ReportImages images{.pageWidth = report.Scaled(banner->Width()), .chartSizes = report.MoneyStore.ChartSizes};

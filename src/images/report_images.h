@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "images/chart_kinds.h"
 #include "paint/canvas.h"
@@ -21,6 +22,9 @@ struct ShownPicture {
     const AccountChart* chart;                   ///< that fills it, or null
     std::function<void(CCanvas& canvas)> paint;  ///< on a canvas of that size
 };
+
+/// File names of all pictures that a page shows: all that are made but for kBillStatistics.
+[[nodiscard]] std::vector<std::string_view> PagePictures();
 
 /// Hands the twelve pictures to `show`, in the order of the report, as for a banner of `baseWidth` pixels.
 void ShowReportPictures(const CReport& report, int baseWidth,
