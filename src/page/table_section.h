@@ -1,6 +1,6 @@
 // The engine of all sections that show a store as a table: title, header, dash rows, bands, sign colours, the look at
-// the host's stop before each record, grouping by day with subtotals, and the closing. A section is a descriptor and a
-// function from record to cells.
+// the host's stop before each record, grouping by day with subtotals, and the closing. A section is a descriptor and
+// its columns (table_columns.h).
 #pragma once
 
 #include <span>
@@ -46,6 +46,8 @@ class CContractText {
 public:
     CContractText(std::string_view contract, std::string_view delivery) : text_(contract) { text_ += delivery; }
     [[nodiscard]] std::string_view View() const { return TrimForPage(text_); }
+    operator std::string_view() const& { return View(); }
+    operator std::string_view() const&& = delete;  // the view would outlive its text
 
 private:
     std::string text_;
@@ -84,15 +86,16 @@ private:
     std::string gathered_;
 };
 
-/// Writes `rows` in groups of one BILL_DATE, each group in one band, with a subtotal behind it. `Layout` has
+/// Writes `rows` in groups of one BILL_DATE, each group in one band, with a subtotal behind it. `Table` is a
+/// CTableWriter, and `Layout` has
 ///   bool Counts(const Record&)                                         whether the record is shown at all
 ///   void ResetSums()
-///   void WriteRecord(CTableWriter&, const Record&, std::string_view band)
-///   void WriteSubtotal(CTableWriter&, std::string_view band)
+///   void WriteRecord(Table&, const Record&, std::string_view band)
+///   void WriteSubtotal(Table&, std::string_view band)
 /// The last subtotal belongs to the store's last record: if that one doesn't count, the last group has none. Returns
 /// false if the host's stop was seen.
-template <class Rows, class Layout>
-bool WriteDayGroups(CTableWriter& table, const Rows& rows, Layout& layout) {
+template <class Table, class Rows, class Layout>
+bool WriteDayGroups(Table& table, const Rows& rows, Layout& layout) {
     int counter = 0;
     std::string_view day;
     for (const auto& row : rows) {
