@@ -1,13 +1,15 @@
 // The section of open positions: a summary by contract and side where the layout prints one, single lots grouped by day
 // elsewhere.
-#include <array>
 #include <ctime>
+#include <span>
+#include <string_view>
 
 #include "base/day.h"
 #include "base/gbk.h"
 #include "base/number.h"
 #include "images/picture_names.h"
 #include "page/page_sections.h"
+#include "page/table_columns.h"
 #include "page/table_section.h"
 #include "platform/local_time.h"
 #include "report/report.h"
@@ -27,197 +29,157 @@ constexpr TableSection kSection{
     .sums = {.normal = "positionsumnormal", .bid = "positionsumbid", .ask = "positionsumask"},
 };
 
+/// The sums of one day, or of the whole summary, written out.
+struct PositionSums {
+    CNumberText profitText;
+    CNumberText margin;
+    double profit;
+};
+
+struct SummaryRow {
+    const OpiSum& record;
+    double profit;
+};
+
+struct SummaryContent {
+    CCellContent<SummaryRow> side;  ///< of one contract
+    CCellContent<PositionSums> total = {};
+};
+
+/// A lot takes two rows: as it was opened, and as it stands on the day of its statement.
+struct LotRow {
+    const OpiDetail& record;
+    CContractText contract;
+    bool bought;
+    double profit;
+};
+
+struct LotContent {
+    CCellContent<LotRow> opened;
+    CCellContent<LotRow> held = {};
+    CCellContent<PositionSums> subtotal = {};
+};
+
+using LotColumn = PageColumn<LotContent>;
+
+constexpr CCellContent<PositionSums> kProfitSum{TextOf<&PositionSums::profitText>, BySign<&PositionSums::profit>};
+
+// The foreign form has blank texts where the other leaves cells empty.
+constexpr std::string_view kBlank = " ";
+constexpr std::string_view kThreeBlanks = "   ";
+
 // clang-format off
-constexpr Heading kSummaryHeadings[] = {
-    {"合约　　　　　"_gbk,              "12%"},
-    {"手数　　　　　"_gbk,              "8%"},
-    {"买卖　　　　　"_gbk,              "8%"},
-    {"价格　　　　　"_gbk,              "12%"},
-    {"昨结　　　　　"_gbk,              "12%"},
-    {"今结　　　　　"_gbk,              "12%"},
-    {"持仓盈亏　　　　　　　　　"_gbk,  "18%"},
-    {"占用保证金　　　　　　　　"_gbk,  "18%"},
+constexpr PageColumn<SummaryContent> kSummaryColumns[] = {
+    {{"合约　　　　　"_gbk,              "12%"}, {TrimmedFieldOf<&OpiSum::CONTRACT>, "总计"_gbk}},
+    {{"手数　　　　　"_gbk,              "8%"},  {FieldOf<&OpiSum::POSITION_VOL>}},
+    {{"买卖　　　　　"_gbk,              "8%"},  {FieldOf<&OpiSum::BID>}},
+    {{"价格　　　　　"_gbk,              "12%"}, {FieldOf<&OpiSum::POSITION_PRICE>}},
+    {{"昨结　　　　　"_gbk,              "12%"}, {FieldOf<&OpiSum::YSETTLE_PRICE>}},
+    {{"今结　　　　　"_gbk,              "12%"}, {FieldOf<&OpiSum::SETTLE_PRICE>}},
+    {{"持仓盈亏　　　　　　　　　"_gbk,  "18%"}, {{FieldOf<&OpiSum::DSYK>, BySign<&SummaryRow::profit>},
+                                                 TextOf<&PositionSums::profitText>}},
+    {{"占用保证金　　　　　　　　"_gbk,  "18%"}, {FieldOf<&OpiSum::DEPOSIT>, TextOf<&PositionSums::margin>}},
 };
 
-constexpr Heading kDetailHeadings[] = {
-    {"交易所　　　"_gbk,            "9%"},
-    {"合约　　　　　　　"_gbk,      "13%"},
-    {"手数　　　　"_gbk,            "9%"},
-    {"日期　　　　　"_gbk,          "10%"},
-    {"买入　　　　　"_gbk,          "10%"},
-    {"卖出　　　　　　"_gbk,        "12%"},
-    {"浮动盈亏　　　　　　"_gbk,    "15%"},
-    {"占用保证金　　　　　　"_gbk,  "15%"},
-    {"投保　　"_gbk,                "7%"},
+constexpr LotColumn kDetailColumns[] = {
+    {{"交易所　　　"_gbk,            "9%"},  {TrimmedFieldOf<&OpiDetail::EXCH_NAME>, {}, "小计"_gbk}},
+    {{"合约　　　　　　　"_gbk,      "13%"}, {TextOf<&LotRow::contract>}},
+    {{"手数　　　　"_gbk,            "9%"},  {FieldOf<&OpiDetail::POSITION_VOL>}},
+    {{"日期　　　　　"_gbk,          "10%"}, {FieldOf<&OpiDetail::OPEN_DATE>, FieldOf<&OpiDetail::BILL_DATE>}},
+    {{"买入　　　　　"_gbk,          "10%"}, {BuyPrice<&OpiDetail::OPEN_PRICE>}},
+    {{"卖出　　　　　　"_gbk,        "12%"}, {SellPrice<&OpiDetail::OPEN_PRICE>}},
+    {{"浮动盈亏　　　　　　"_gbk,    "15%"}, {{}, {FieldOf<&OpiDetail::DSYK>, BySign<&LotRow::profit>}, kProfitSum}},
+    {{"占用保证金　　　　　　"_gbk,  "15%"}, {{}, FieldOf<&OpiDetail::DEPOSIT>, TextOf<&PositionSums::margin>}},
+    {{"投保　　"_gbk,                "7%"},  {{}, FieldOf<&OpiDetail::HEDGE>}},
 };
 
-constexpr Heading kForeignHeadings[] = {
-    {"交易所　　　　　"_gbk,                  "12%"},
-    {"合约　　　　　　"_gbk,                  "12%"},
-    {"手数　　　 　"_gbk,                     "10%"},
-    {"日期　　　　　　    "_gbk,              "14%"},
-    {"买入　　　　　　"_gbk,                  "12%"},
-    {"卖出　　　　　　"_gbk,                  "12%"},
-    {"浮动盈亏　　　　　　　        "_gbk,    "18%"},
-    {"币种　　        "_gbk,                  "10%"},
+constexpr LotColumn kForeignColumns[] = {
+    {{"交易所　　　　　"_gbk,                  "12%"}, {TrimmedFieldOf<&OpiDetail::EXCH_NAME>, kBlank, "小计"_gbk}},
+    {{"合约　　　　　　"_gbk,                  "12%"}, {TextOf<&LotRow::contract>, kBlank, kThreeBlanks}},
+    {{"手数　　　 　"_gbk,                     "10%"}, {FieldOf<&OpiDetail::POSITION_VOL>, kBlank, kThreeBlanks}},
+    {{"日期　　　　　　    "_gbk,              "14%"}, {FieldOf<&OpiDetail::OPEN_DATE>, FieldOf<&OpiDetail::BILL_DATE>,
+                                                      kThreeBlanks}},
+    {{"买入　　　　　　"_gbk,                  "12%"}, {BuyPrice<&OpiDetail::OPEN_PRICE>, kBlank, kThreeBlanks}},
+    {{"卖出　　　　　　"_gbk,                  "12%"}, {SellPrice<&OpiDetail::OPEN_PRICE>, kBlank, kThreeBlanks}},
+    {{"浮动盈亏　　　　　　　        "_gbk,    "18%"}, {kBlank, {FieldOf<&OpiDetail::FLOATPL>, BySign<&LotRow::profit>},
+                                                      kProfitSum}},
+    {{"币种　　        "_gbk,                  "10%"}, {kBlank, FieldOf<&OpiDetail::CURRENCY>, kBlank}},
 };
 // clang-format on
 
-constexpr std::size_t kProfitColumn = 6;  // in all three layouts
-
-/// Plain cells, with the profit's column in the class of its sign.
-template <std::size_t N>
-std::array<Cell, N> Cells(const std::array<std::string_view, N>& texts, const CellClasses& classes, double profit) {
-    std::array<Cell, N> cells;
-    for (std::size_t i = 0; i < N; ++i) cells[i] = {texts[i], classes.normal};
-    cells[kProfitColumn].className = SignClass(profit, classes);
-    return cells;
-}
-
-template <std::size_t N>
-std::array<Cell, N> PlainCells(const std::array<std::string_view, N>& texts, const CellClasses& classes) {
-    return Cells(texts, classes, 0);
-}
-
-/// A price in the column of the position's side, the other column empty.
-struct SidePrices {
-    std::string_view buy;
-    std::string_view sell;
-};
-
-SidePrices OpenPriceBySide(const OpiDetail& row) {
-    const std::string_view price = FieldText(row.OPEN_PRICE);
-    return Contains(FieldText(row.BID), "买"_gbk) ? SidePrices{price, ""} : SidePrices{"", price};
-}
-
 bool AddSummaryTable(CHtmlBuilder& page, const CReport& report) {
-    CTableWriter table(page, report, kSection, kSummaryHeadings);
+    CColumnTable<SummaryContent> table(page, report, kSection, kSummaryColumns);
     int counter = 0;
     double profit = 0;
     double margin = 0;
-    for (const auto& row : report.OpiSumStore.Rows) {
+    for (const auto& side : report.OpiSumStore.Rows) {
         if (table.StopRequested()) return false;
-        const double rowProfit = AmountIn(row->DSYK);
-        const std::array<std::string_view, 8> texts{TrimForPage(FieldText(row->CONTRACT)),
-                                                    FieldText(row->POSITION_VOL),
-                                                    FieldText(row->BID),
-                                                    FieldText(row->POSITION_PRICE),
-                                                    FieldText(row->YSETTLE_PRICE),
-                                                    FieldText(row->SETTLE_PRICE),
-                                                    FieldText(row->DSYK),
-                                                    FieldText(row->DEPOSIT)};
-        table.AddRow(Cells(texts, kSection.classes, rowProfit), BandClass(++counter));
+        const SummaryRow row{.record = *side, .profit = AmountIn(side->DSYK)};
+        table.Add(&SummaryContent::side, row, BandClass(++counter));
         table.AddDashRow({});
-        profit += rowProfit;
-        margin += AmountIn(row->DEPOSIT);
+        profit += row.profit;
+        margin += AmountIn(side->DEPOSIT);
     }
-    const CNumberText profitText(profit);
-    const CNumberText marginText(margin);
-    const std::array<std::string_view, 8> total{"总计"_gbk, "", "", "", "", "", profitText, marginText};
-    table.AddRow(PlainCells(total, kSection.sums), {});
+    const PositionSums total{.profitText = CNumberText(profit), .margin = CNumberText(margin), .profit = profit};
+    table.AddSums(&SummaryContent::total, total, {});
     table.Close();
     return true;
 }
 
+/// A form of the table of single lots.
+struct LotForm {
+    std::span<const LotColumn> columns;
+    char (OpiDetail::*profit)[16];  ///< that is shown and added up
+    bool ofReportDaysOnly = false;  ///< lots of other days are passed over
+};
+
+constexpr LotForm kDetailForm{.columns = kDetailColumns, .profit = &OpiDetail::DSYK};
+constexpr LotForm kForeignForm{.columns = kForeignColumns, .profit = &OpiDetail::FLOATPL, .ofReportDaysOnly = true};
+
 /// Two rows for each lot, one day in one band.
-class CDetailLayout {
+class CLotLayout {
 public:
-    [[nodiscard]] bool Counts(const OpiDetail& /*row*/) const { return true; }
+    /// A report of today alone begins at the time of its call; what is of today belongs to it all the same.
+    CLotLayout(const LotForm& form, const ReportRange& days)
+        : form_(form), firstDay_(MidnightOf(LocalDayOf(days.first))), lastDay_(days.last) {}
+
+    [[nodiscard]] bool Counts(const OpiDetail& lot) const {
+        if (!form_.ofReportDaysOnly) return true;
+        const std::time_t day = MidnightOf(ParsePackedDay(FieldText(lot.BILL_DATE)));
+        return day >= firstDay_ && day <= lastDay_;
+    }
 
     void ResetSums() { profit_ = margin_ = 0; }
 
-    void WriteRecord(CTableWriter& table, const OpiDetail& row, std::string_view band) {
-        const CContractText contract(row.CONTRACT, row.DELIVERY);
-        const SidePrices price = OpenPriceBySide(row);
-        const std::array<std::string_view, 9> first{TrimForPage(FieldText(row.EXCH_NAME)),
-                                                    contract.View(),
-                                                    FieldText(row.POSITION_VOL),
-                                                    FieldText(row.OPEN_DATE),
-                                                    price.buy,
-                                                    price.sell,
-                                                    "",
-                                                    "",
-                                                    ""};
-        const std::array<std::string_view, 9> second{"",
-                                                     "",
-                                                     "",
-                                                     FieldText(row.BILL_DATE),
-                                                     "",
-                                                     "",
-                                                     FieldText(row.DSYK),
-                                                     FieldText(row.DEPOSIT),
-                                                     FieldText(row.HEDGE)};
-        const double profit = AmountIn(row.DSYK);
-        table.AddRow(PlainCells(first, kSection.classes), band);
-        table.AddRow(Cells(second, kSection.classes, profit), band);
+    void WriteRecord(CColumnTable<LotContent>& table, const OpiDetail& lot, std::string_view band) {
+        const LotRow row{.record = lot,
+                         .contract = CContractText(lot.CONTRACT, lot.DELIVERY),
+                         .bought = Contains(FieldText(lot.BID), "买"_gbk),
+                         .profit = AmountIn(lot.*form_.profit)};
+        table.Add(&LotContent::opened, row, band);
+        table.Add(&LotContent::held, row, band);
         table.AddDashRow(band);
-        profit_ += profit;
-        margin_ += AmountIn(row.DEPOSIT);
+        profit_ += row.profit;
+        margin_ += AmountIn(lot.DEPOSIT);
     }
 
-    void WriteSubtotal(CTableWriter& table, std::string_view band) const {
-        const CNumberText profit(profit_);
-        const CNumberText margin(margin_);
-        const std::array<std::string_view, 9> texts{"小计"_gbk, "", "", "", "", "", profit, margin, ""};
-        table.AddRow(Cells(texts, kSection.sums, profit_), band);
+    void WriteSubtotal(CColumnTable<LotContent>& table, std::string_view band) const {
+        const PositionSums sums{.profitText = CNumberText(profit_), .margin = CNumberText(margin_), .profit = profit_};
+        table.AddSums(&LotContent::subtotal, sums, band);
         table.AddDashRow(band);
     }
 
 private:
+    const LotForm& form_;
+    std::time_t firstDay_;
+    std::time_t lastDay_;
     double profit_ = 0;
     double margin_ = 0;
 };
 
-/// The foreign form: only lots of the report's days, and blank text where the other form leaves cells empty.
-class CForeignLayout {
-public:
-    /// A report of today alone begins at the time of its call; what is of today belongs to it all the same.
-    explicit CForeignLayout(const ReportRange& days)
-        : firstDay_(MidnightOf(LocalDayOf(days.first))), lastDay_(days.last) {}
-
-    [[nodiscard]] bool Counts(const OpiDetail& row) const {
-        const std::time_t day = MidnightOf(ParsePackedDay(FieldText(row.BILL_DATE)));
-        return day >= firstDay_ && day <= lastDay_;
-    }
-
-    void ResetSums() { profit_ = 0; }
-
-    void WriteRecord(CTableWriter& table, const OpiDetail& row, std::string_view band) {
-        const CContractText contract(row.CONTRACT, row.DELIVERY);
-        const SidePrices price = OpenPriceBySide(row);
-        const std::array<std::string_view, 8> first{TrimForPage(FieldText(row.EXCH_NAME)),
-                                                    contract.View(),
-                                                    FieldText(row.POSITION_VOL),
-                                                    FieldText(row.OPEN_DATE),
-                                                    price.buy,
-                                                    price.sell,
-                                                    " ",
-                                                    " "};
-        const std::array<std::string_view, 8> second{
-            " ", " ", " ", FieldText(row.BILL_DATE), " ", " ", FieldText(row.FLOATPL), FieldText(row.CURRENCY)};
-        const double profit = AmountIn(row.FLOATPL);
-        table.AddRow(PlainCells(first, kSection.classes), band);
-        table.AddRow(Cells(second, kSection.classes, profit), band);
-        table.AddDashRow(band);
-        profit_ += profit;
-    }
-
-    void WriteSubtotal(CTableWriter& table, std::string_view band) const {
-        const CNumberText profit(profit_);
-        const std::array<std::string_view, 8> texts{"小计"_gbk, "   ", "   ", "   ", "   ", "   ", profit, " "};
-        table.AddRow(Cells(texts, kSection.sums, profit_), band);
-        table.AddDashRow(band);
-    }
-
-private:
-    std::time_t firstDay_;
-    std::time_t lastDay_;
-    double profit_ = 0;
-};
-
-template <class Layout>
-bool AddDayTable(CHtmlBuilder& page, const CReport& report, std::span<const Heading> headings, Layout layout) {
-    CTableWriter table(page, report, kSection, headings);
+bool AddLotTable(CHtmlBuilder& page, const CReport& report, const LotForm& form) {
+    CColumnTable<LotContent> table(page, report, kSection, form.columns);
+    CLotLayout layout(form, report.ReportDays);
     if (!WriteDayGroups(table, report.OpiDetailStore.Rows, layout)) return false;
     table.Close();
     return true;
@@ -226,12 +188,11 @@ bool AddDayTable(CHtmlBuilder& page, const CReport& report, std::span<const Head
 }  // namespace
 
 bool AddPositionSection(CHtmlBuilder& page, const CReport& report) {
-    if (!report.Format().namesDeliveryApart) return AddSummaryTable(page, report);
-    return AddDayTable(page, report, kDetailHeadings, CDetailLayout{});
+    return report.Format().namesDeliveryApart ? AddLotTable(page, report, kDetailForm) : AddSummaryTable(page, report);
 }
 
 bool AddForeignPositionSection(CHtmlBuilder& page, const CReport& report) {
-    return AddDayTable(page, report, kForeignHeadings, CForeignLayout(report.ReportDays));
+    return AddLotTable(page, report, kForeignForm);
 }
 
 }  // namespace tradebill
