@@ -1,13 +1,14 @@
 // The section of closed positions: each as its opening and its closing leg, with a P/L made of prices and the
 // contract's unit.
-#include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "base/gbk.h"
 #include "base/number.h"
 #include "images/picture_names.h"
 #include "page/page_sections.h"
+#include "page/table_columns.h"
 #include "page/table_section.h"
 #include "report/report.h"
 
@@ -26,50 +27,62 @@ constexpr TableSection kSection{
     .sums = {.normal = "offsetsumnormal", .bid = "offsetsumbid", .ask = "offsetsumask"},
 };
 
+/// The trade that opened a position.
+struct OpeningLeg {
+    const PingDetail& record;
+    std::string_view exchange;
+    CContractText contract;
+    bool bought;
+};
+
+/// The trade that closed it: the opposite one, a long position is closed by a sale.
+struct ClosingLeg {
+    const PingDetail& record;
+    bool bought;
+    CNumberText profitText;
+    double profit;
+};
+
+/// The sums of the whole table, written out.
+struct OffsetSums {
+    CNumberText profitText;
+    CNumberText fees;
+    double profit;
+};
+
+struct OffsetContent {
+    CCellContent<OpeningLeg> opening;
+    CCellContent<ClosingLeg> closing = {};
+    CCellContent<OffsetSums> total = {};
+};
+
 // clang-format off
-constexpr Heading kHeadings[] = {
-    {"交易所　　　　　"_gbk,      "10%"},
-    {"合约　　　　　　　　"_gbk,  "12%"},
-    {"手数　　　　　　"_gbk,      "10%"},
-    {"日期　　　　　　　　"_gbk,  "13%"},
-    {"买入　　　　　　　　"_gbk,  "13%"},
-    {"卖出　　　　　　　　"_gbk,  "13%"},
-    {"逐笔平仓盈亏　　　　"_gbk,  "14%"},
-    {"手续费              "_gbk,  "12%"},
+constexpr PageColumn<OffsetContent> kColumns[] = {
+    {{"交易所　　　　　"_gbk,      "10%"}, {TextOf<&OpeningLeg::exchange>, {}, "总计"_gbk}},
+    {{"合约　　　　　　　　"_gbk,  "12%"}, {TextOf<&OpeningLeg::contract>}},
+    {{"手数　　　　　　"_gbk,      "10%"}, {FieldOf<&PingDetail::MATCH_VOL>}},
+    {{"日期　　　　　　　　"_gbk,  "13%"}, {FieldOf<&PingDetail::OPEN_DATE>, FieldOf<&PingDetail::MATCH_DATE>}},
+    {{"买入　　　　　　　　"_gbk,  "13%"}, {BuyPrice<&PingDetail::OPEN_PRICE>, BuyPrice<&PingDetail::MATCH_PRICE>}},
+    {{"卖出　　　　　　　　"_gbk,  "13%"}, {SellPrice<&PingDetail::OPEN_PRICE>, SellPrice<&PingDetail::MATCH_PRICE>}},
+    {{"逐笔平仓盈亏　　　　"_gbk,  "14%"}, {{}, {TextOf<&ClosingLeg::profitText>, BySign<&ClosingLeg::profit>},
+                                          {TextOf<&OffsetSums::profitText>, BySign<&OffsetSums::profit>}}},
+    {{"手续费              "_gbk,  "12%"}, {{}, FieldOf<&PingDetail::POUNDAGE>, TextOf<&OffsetSums::fees>}},
 };
 // clang-format on
 
-constexpr std::size_t kColumns = 8;
-constexpr std::size_t kProfitColumn = 6;
-using Texts = std::array<std::string_view, kColumns>;
-
-std::array<Cell, kColumns> Cells(const Texts& texts, const CellClasses& classes, double profit) {
-    std::array<Cell, kColumns> cells;
-    for (std::size_t i = 0; i < kColumns; ++i) cells[i] = {texts[i], classes.normal};
-    cells[kProfitColumn].className = SignClass(profit, classes);
-    return cells;
+bool IsLong(const PingDetail& position) {
+    return Contains(FieldText(position.BID), "买"_gbk);
 }
 
-/// The closing trade is the opposite of the position: a long one is closed by a sale.
-bool IsClosedByBuying(const PingDetail& row) {
-    return !Contains(FieldText(row.BID), "买"_gbk);
+OpeningLeg OpeningOf(const PingDetail& position, const StatementFormat& format) {
+    return {.record = position,
+            .exchange = format.showsExchangeOfClosed ? TrimForPage(FieldText(position.EXCH_NAME)) : std::string_view(),
+            .contract = CContractText(position.CONTRACT, format.namesDeliveryApart ? position.DELIVERY : ""),
+            .bought = IsLong(position)};
 }
 
-void WriteOpeningRow(CTableWriter& table, const StatementFormat& format, const PingDetail& row, std::string_view band) {
-    const CContractText contract(row.CONTRACT, format.namesDeliveryApart ? row.DELIVERY : "");
-    const std::string_view exchange =
-        format.showsExchangeOfClosed ? TrimForPage(FieldText(row.EXCH_NAME)) : std::string_view();
-    const std::string_view price = FieldText(row.OPEN_PRICE);
-    const bool closedByBuying = IsClosedByBuying(row);
-    const Texts texts{exchange,
-                      contract.View(),
-                      FieldText(row.MATCH_VOL),
-                      FieldText(row.OPEN_DATE),
-                      closedByBuying ? "" : price,
-                      closedByBuying ? price : "",
-                      "",
-                      ""};
-    table.AddRow(Cells(texts, kSection.classes, 0), band);
+ClosingLeg ClosingOf(const PingDetail& position, double profit) {
+    return {.record = position, .bought = !IsLong(position), .profitText = CNumberText(profit), .profit = profit};
 }
 
 std::int32_t UnitOf(const CReport& report, const PingDetail& row) {
@@ -86,46 +99,30 @@ double ProfitOf(const PingDetail& row, std::int32_t unit) {
     const double openPrice = AmountIn(row.OPEN_PRICE);
     const double closePrice = AmountIn(row.MATCH_PRICE);
     const std::int32_t quantity = WrapMultiply(IntegerIn(row.MATCH_VOL), unit);
-    const double profit = (IsClosedByBuying(row) ? openPrice - closePrice : closePrice - openPrice) * quantity;
+    const double profit = (IsLong(row) ? closePrice - openPrice : openPrice - closePrice) * quantity;
     return profit == 0 ? 0 : profit;  // never "-0.00"
-}
-
-void WriteClosingRow(CTableWriter& table, const PingDetail& row, double profit, std::string_view band) {
-    const std::string_view price = FieldText(row.MATCH_PRICE);
-    const bool closedByBuying = IsClosedByBuying(row);
-    const CNumberText profitText(profit);
-    const Texts texts{"",
-                      "",
-                      "",
-                      FieldText(row.MATCH_DATE),
-                      closedByBuying ? price : "",
-                      closedByBuying ? "" : price,
-                      profitText,
-                      FieldText(row.POUNDAGE)};
-    table.AddRow(Cells(texts, kSection.classes, profit), band);
 }
 
 }  // namespace
 
 bool AddOffsetSection(CHtmlBuilder& page, const CReport& report) {
-    CTableWriter table(page, report, kSection, kHeadings);
+    CColumnTable<OffsetContent> table(page, report, kSection, kColumns);
     int counter = 0;
     double profit = 0;
     double fees = 0;
     for (const auto& row : report.PingDetailStore.Rows) {
         if (table.StopRequested()) return false;
-        WriteOpeningRow(table, report.Format(), *row, BandClass(counter + 1));
+        table.Add(&OffsetContent::opening, OpeningOf(*row, report.Format()), BandClass(counter + 1));
         if (report.Products != nullptr) table.Flush();  // a host sees all rows before it is asked
         const double rowProfit = ProfitOf(*row, UnitOf(report, *row));
-        WriteClosingRow(table, *row, rowProfit, BandClass(counter + 2));
+        table.Add(&OffsetContent::closing, ClosingOf(*row, rowProfit), BandClass(counter + 2));
         table.AddDashRow({});
         profit += rowProfit;
         fees += AmountIn(row->POUNDAGE);
         counter += 2;
     }
-    const CNumberText profitText(profit);
-    const CNumberText feesText(fees);
-    table.AddRow(Cells({"总计"_gbk, "", "", "", "", "", profitText, feesText}, kSection.sums, profit), {});
+    const OffsetSums total{.profitText = CNumberText(profit), .fees = CNumberText(fees), .profit = profit};
+    table.AddSums(&OffsetContent::total, total, {});
     table.CloseTable();
     AddOffsetFigure(page, report);
     page.ClosePage();
