@@ -1,13 +1,13 @@
 // The section of results per contract: one block of rows for each tally of closed positions, in order of first
 // appearance.
-#include <array>
 #include <cstdint>
-#include <string>
+#include <string_view>
 
 #include "base/gbk.h"
 #include "base/number.h"
 #include "images/picture_names.h"
 #include "page/page_sections.h"
+#include "page/table_columns.h"
 #include "page/table_section.h"
 #include "report/offset_sides.h"
 #include "report/report.h"
@@ -29,31 +29,59 @@ constexpr TableSection kSection{
     .sums = {.normal = "tradespansum", .bid = "tradespansum", .ask = "tradespansum"},
 };
 
-// clang-format off
-constexpr Heading kHeadings[] = {
-    {"合约　　　　　　　"_gbk,          "14%"},
-    {"多空　　　　"_gbk,                "9%"},
-    {"盈亏　　　　"_gbk,                "9%"},
-    {"交易次数　　　　"_gbk,            "10%"},
-    {"手数　　　　    "_gbk,            "10%"},
-    {"利润　　　　　　　　　　　"_gbk,  "16%"},
-    {"平均单次利润　　　　　　　"_gbk,  "16%"},
-    {"平均每手利润　　　　　　　"_gbk,  "16%"},
+/// The texts of one row.
+struct ResultRow {
+    std::string_view contract = {};
+    std::string_view side = {};
+    std::string_view outcome = {};
+    std::string_view count = {};
+    std::string_view lots = {};
+    std::string_view profit = {};
+    std::string_view perTrade = {};
+    std::string_view perLot = {};
+    std::string_view currency = {};
+    std::string_view CellClasses::*sideClass = &CellClasses::normal;
 };
 
-constexpr Heading kForeignHeadings[] = {
-    {"合约　　　　　　　　"_gbk,      "14%"},
-    {"盈亏　　　　     "_gbk,         "10%"},
-    {"交易次数　　　　"_gbk,          "12%"},
-    {"手数　　　　    "_gbk,          "10%"},
-    {"利润　　　　　　　　　　"_gbk,  "15%"},
-    {"平均单次利润　　　　　　"_gbk,  "15%"},
-    {"平均每手利润　　　　　　"_gbk,  "15%"},
-    {"币种　　           "_gbk,       "9%"},
+std::string_view BySide(const ResultRow& row, const CellClasses& classes) {
+    return classes.*row.sideClass;
+}
+
+struct ResultContent {
+    CCellContent<ResultRow> shown;
+    CCellContent<ResultRow> total = {};
+};
+
+/// The total row shows what the others show.
+template <auto Text>
+constexpr ResultContent kAmount{TextOf<Text>, TextOf<Text>};
+
+constexpr std::string_view kTotalBlanks = "               ";
+
+// clang-format off
+constexpr PageColumn<ResultContent> kColumns[] = {
+    {{"合约　　　　　　　"_gbk,          "14%"}, {TextOf<&ResultRow::contract>, "总计"_gbk}},
+    {{"多空　　　　"_gbk,                "9%"},  {{TextOf<&ResultRow::side>, BySide}}},
+    {{"盈亏　　　　"_gbk,                "9%"},  {TextOf<&ResultRow::outcome>}},
+    {{"交易次数　　　　"_gbk,            "10%"}, kAmount<&ResultRow::count>},
+    {{"手数　　　　    "_gbk,            "10%"}, kAmount<&ResultRow::lots>},
+    {{"利润　　　　　　　　　　　"_gbk,  "16%"}, kAmount<&ResultRow::profit>},
+    {{"平均单次利润　　　　　　　"_gbk,  "16%"}, kAmount<&ResultRow::perTrade>},
+    {{"平均每手利润　　　　　　　"_gbk,  "16%"}, kAmount<&ResultRow::perLot>},
+};
+
+// The row of a contract has no outcome, and its empty cell bears the side's class.
+constexpr PageColumn<ResultContent> kForeignColumns[] = {
+    {{"合约　　　　　　　　"_gbk,      "14%"}, {TextOf<&ResultRow::contract>, "总计"_gbk}},
+    {{"盈亏　　　　     "_gbk,         "10%"}, {{TextOf<&ResultRow::outcome>, BySide}, kTotalBlanks}},
+    {{"交易次数　　　　"_gbk,          "12%"}, kAmount<&ResultRow::count>},
+    {{"手数　　　　    "_gbk,          "10%"}, kAmount<&ResultRow::lots>},
+    {{"利润　　　　　　　　　　"_gbk,  "15%"}, kAmount<&ResultRow::profit>},
+    {{"平均单次利润　　　　　　"_gbk,  "15%"}, kAmount<&ResultRow::perTrade>},
+    {{"平均每手利润　　　　　　"_gbk,  "15%"}, kAmount<&ResultRow::perLot>},
+    {{"币种　　           "_gbk,       "9%"},  {TextOf<&ResultRow::currency>}},
 };
 // clang-format on
-
-constexpr std::size_t kColumns = 8;
 
 /// Count, lots and profit of some trades.
 struct Result {
@@ -62,7 +90,7 @@ struct Result {
     double profit = 0;
 };
 
-/// A Result written out: count, lots, profit, profit per trade and per lot. A division by zero shows as it comes out.
+/// A Result written out. A division by zero shows as it comes out.
 class CResultTexts {
 public:
     explicit CResultTexts(const Result& result)
@@ -71,7 +99,15 @@ public:
     CResultTexts(const Result& result, double perTrade, double perLot)
         : count_(result.count), lots_(result.lots), profit_(result.profit), perTrade_(perTrade), perLot_(perLot) {}
 
-    [[nodiscard]] std::array<std::string_view, 5> Views() const { return {count_, lots_, profit_, perTrade_, perLot_}; }
+    /// `row` with the result's texts, which must outlive it.
+    [[nodiscard]] ResultRow In(ResultRow row) const {
+        row.count = count_;
+        row.lots = lots_;
+        row.profit = profit_;
+        row.perTrade = perTrade_;
+        row.perLot = perLot_;
+        return row;
+    }
 
 private:
     CNumberText count_;
@@ -100,32 +136,20 @@ void AddTo(Result& total, const Result& result) {
 /// The rows of the table, with the band that runs through all of it.
 class CTradeRows {
 public:
-    explicit CTradeRows(CTableWriter& table) : table_(table) {}
+    explicit CTradeRows(CColumnTable<ResultContent>& table) : table_(table) {}
 
-    void Add(const std::array<std::string_view, kColumns>& texts, std::size_t marked = kColumns,
-             std::string_view markedClass = {}) {
-        std::array<Cell, kColumns> cells;
-        for (std::size_t i = 0; i < kColumns; ++i) {
-            cells[i] = {texts[i], i == marked ? markedClass : kSection.classes.normal};
-        }
-        table_.AddRow(cells, BandClass(++counter_));
-    }
-
-    void AddTotal(const std::array<std::string_view, kColumns>& texts) {
-        std::array<Cell, kColumns> cells;
-        for (std::size_t i = 0; i < kColumns; ++i) cells[i] = {texts[i], kSection.sums.normal};
-        table_.AddRow(cells, {});
-    }
+    void Add(const ResultRow& row) { table_.Add(&ResultContent::shown, row, BandClass(++counter_)); }
+    void AddTotal(const Result& total) { table_.AddSums(&ResultContent::total, TotalTexts(total).In({}), {}); }
 
 private:
-    CTableWriter& table_;
+    CColumnTable<ResultContent>& table_;
     int counter_ = 0;
 };
 
 /// One side of a tally, as the page shows it.
 struct SideResult {
     std::string_view name;
-    std::string_view nameClass;
+    std::string_view CellClasses::*nameClass;
     Result all;
     Result wins;
     Result losses;
@@ -136,7 +160,7 @@ struct SideResult {
 SideResult SideOf(const ContractOffset& offset, const OffsetSide& side) {
     const bool isLong = &side == &kLongSide;
     return {.name = isLong ? "多头"_gbk : "空头"_gbk,
-            .nameClass = isLong ? kSection.classes.bid : kSection.classes.ask,
+            .nameClass = isLong ? &CellClasses::bid : &CellClasses::ask,
             .all = {offset.*side.count, offset.*side.lots, offset.*side.winPL + offset.*side.losePL},
             .wins = {offset.*side.winCount, offset.*side.winLots, offset.*side.winPL},
             .losses = {offset.*side.loseCount, offset.*side.loseLots, offset.*side.losePL},
@@ -144,21 +168,20 @@ SideResult SideOf(const ContractOffset& offset, const OffsetSide& side) {
             .maxLoss = offset.*side.maxLoss};
 }
 
-void WriteResultRow(CTradeRows& rows, std::string_view name, std::string_view nameClass, std::string_view outcome,
-                    const CResultTexts& texts) {
-    const auto [count, lots, profit, perTrade, perLot] = texts.Views();
-    rows.Add({"", name, outcome, count, lots, profit, perTrade, perLot}, name.empty() ? kColumns : 1, nameClass);
+/// The largest win and the largest loss.
+void WriteExtremes(CTradeRows& rows, const SideResult& side) {
+    const CNumberText maxWin(side.maxWin);
+    const CNumberText maxLoss(side.maxLoss);
+    rows.Add({.outcome = "最大盈利"_gbk, .profit = maxWin});
+    rows.Add({.outcome = "最大亏损"_gbk, .profit = maxLoss});
 }
 
 void WriteSide(CTradeRows& rows, const SideResult& side) {
     const bool traded = side.all.count >= 1;
-    WriteResultRow(rows, side.name, side.nameClass, "", TextsIf(traded, side.all));
-    WriteResultRow(rows, "", {}, "盈利"_gbk, TextsIf(traded && side.wins.lots >= 1, side.wins));
-    WriteResultRow(rows, "", {}, "亏损"_gbk, TextsIf(traded && side.losses.lots >= 1, side.losses));
-    const CNumberText maxWin(side.maxWin);
-    const CNumberText maxLoss(side.maxLoss);
-    rows.Add({"", "", "最大盈利"_gbk, "", "", maxWin, "", ""});
-    rows.Add({"", "", "最大亏损"_gbk, "", "", maxLoss, "", ""});
+    rows.Add(TextsIf(traded, side.all).In({.side = side.name, .sideClass = side.nameClass}));
+    rows.Add(TextsIf(traded && side.wins.lots >= 1, side.wins).In({.outcome = "盈利"_gbk}));
+    rows.Add(TextsIf(traded && side.losses.lots >= 1, side.losses).In({.outcome = "亏损"_gbk}));
+    WriteExtremes(rows, side);
 }
 
 Result WriteContract(CTradeRows& rows, const ContractOffset& offset, bool withDelivery) {
@@ -168,39 +191,27 @@ Result WriteContract(CTradeRows& rows, const ContractOffset& offset, bool withDe
         .lots = WrapAdd(offset.LONG_VOL, offset.SHORT_VOL),
         .profit = offset.LONG_WIN_PL + offset.LONG_LOSE_PL + offset.SHORT_WIN_PL + offset.SHORT_LOSE_PL,
     };
-    const CResultTexts texts(all);
-    const auto [count, lots, profit, perTrade, perLot] = texts.Views();
-    rows.Add({contract.View(), "", "", count, lots, profit, perTrade, perLot});
+    rows.Add(CResultTexts(all).In({.contract = contract}));
     WriteSide(rows, SideOf(offset, kLongSide));
     WriteSide(rows, SideOf(offset, kShortSide));
     return all;
 }
 
-void WriteForeignOutcome(CTradeRows& rows, std::string_view outcome, const Result& result, std::string_view currency) {
-    const CResultTexts texts = TextsIf(result.lots >= 1, result);
-    const auto [count, lots, profit, perTrade, perLot] = texts.Views();
-    rows.Add({"", outcome, count, lots, profit, perTrade, perLot, currency});
-}
-
 Result WriteForeignContract(CTradeRows& rows, const ContractOffset& offset) {
     const SideResult side = SideOf(offset, kLongSide);
     const CContractText contract(offset.CONTRACT, "");
-    const CResultTexts texts(side.all);
-    const auto [count, lots, profit, perTrade, perLot] = texts.Views();
-    rows.Add({contract.View(), "", count, lots, profit, perTrade, perLot, ""}, 1, kSection.classes.bid);
-    WriteForeignOutcome(rows, "盈利"_gbk, side.wins, FieldText(offset.CURRENCY));
-    WriteForeignOutcome(rows, "亏损"_gbk, side.losses, FieldText(offset.CURRENCY));
-    const CNumberText maxWin(side.maxWin);
-    const CNumberText maxLoss(side.maxLoss);
-    rows.Add({"", "最大盈利"_gbk, "", "", maxWin, "", "", ""});
-    rows.Add({"", "最大亏损"_gbk, "", "", maxLoss, "", "", ""});
+    const std::string_view currency = FieldText(offset.CURRENCY);
+    rows.Add(CResultTexts(side.all).In({.contract = contract, .sideClass = side.nameClass}));
+    rows.Add(TextsIf(side.wins.lots >= 1, side.wins).In({.outcome = "盈利"_gbk, .currency = currency}));
+    rows.Add(TextsIf(side.losses.lots >= 1, side.losses).In({.outcome = "亏损"_gbk, .currency = currency}));
+    WriteExtremes(rows, side);
     return side.all;
 }
 
 }  // namespace
 
 bool AddTradeSection(CHtmlBuilder& page, const CReport& report) {
-    CTableWriter table(page, report, kSection, kHeadings);
+    CColumnTable<ResultContent> table(page, report, kSection, kColumns);
     CTradeRows rows(table);
     Result total;
     for (const auto& offset : report.ReportDocument.Offsets) {
@@ -208,15 +219,13 @@ bool AddTradeSection(CHtmlBuilder& page, const CReport& report) {
         AddTo(total, WriteContract(rows, *offset, report.Format().namesDeliveryApart));
         table.AddDashRow({});
     }
-    const CResultTexts texts = TotalTexts(total);
-    const auto [count, lots, profit, perTrade, perLot] = texts.Views();
-    rows.AddTotal({"总计"_gbk, "", "", count, lots, profit, perTrade, perLot});
+    rows.AddTotal(total);
     table.Close();
     return true;
 }
 
 bool AddForeignTradeSection(CHtmlBuilder& page, const CReport& report) {
-    CTableWriter table(page, report, kSection, kForeignHeadings);
+    CColumnTable<ResultContent> table(page, report, kSection, kForeignColumns);
     CTradeRows rows(table);
     Result total;
     for (const auto& offset : report.ReportDocument.Offsets) {
@@ -225,9 +234,7 @@ bool AddForeignTradeSection(CHtmlBuilder& page, const CReport& report) {
         AddTo(total, WriteForeignContract(rows, *offset));
         table.AddDashRow({});
     }
-    const CResultTexts texts = TotalTexts(total);
-    const auto [count, lots, profit, perTrade, perLot] = texts.Views();
-    rows.AddTotal({"总计"_gbk, "               ", count, lots, profit, perTrade, perLot, ""});
+    rows.AddTotal(total);
     table.Close();
     return true;
 }
