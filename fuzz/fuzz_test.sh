@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Fuzzes for a short while, from one statement of each sample on. A longer run: fuzz_test.sh PROGRAM SAMPLES SECONDS
+# Fuzzes for a short while, from two statements of each sample on. A longer run: fuzz_test.sh PROGRAM SAMPLES SECONDS
+# An input that fails stays beside the program.
 set -euo pipefail
 program=$(realpath "$1") samples=$(realpath "$2") seconds=${3:-20}
 
@@ -24,4 +25,5 @@ done
 cd "$work"
 export TMPDIR=$work
 LSAN_OPTIONS=suppressions=$(dirname "$samples")/tests/support/leaks.supp:print_suppressions=0 \
-    "$program" -max_total_time="$seconds" -max_len=20000 -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 -verbosity=0 "$corpus"
+    "$program" -max_total_time="$seconds" -max_len=20000 -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 -verbosity=0 \
+    -artifact_prefix="$(dirname "$program")/" "$corpus"

@@ -5,10 +5,11 @@ set -euo pipefail
 build_packages=(
     g++ cmake ninja-build pkg-config
     libfreetype-dev libfontconfig-dev libpng-dev libturbojpeg0-dev
-    libcli11-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev
+    libcli11-dev nlohmann-json3-dev
     fonts-liberation fonts-arphic-uming fonts-wine
 )
-test_packages=(clang clang-format libclang-rt-14-dev python3 fonts-wqy-zenhei chromium)
+test_packages=(libgtest-dev libgmock-dev libbenchmark-dev)
+test_packages+=(clang clang-format clang-tidy-19 libclang-rt-14-dev git python3 fonts-wqy-zenhei chromium)
 test_packages+=(g++-mingw-w64-x86-64-posix googletest wine wine64 locales zip unzip)  # the Windows build
 command -v npm >/dev/null || test_packages+=(nodejs npm)  # another build of Node has its own npm, and no such package
 

@@ -8,7 +8,7 @@
 #include "base/report_error.h"
 #include "support/time_zone.h"
 
-namespace tradebill {
+namespace tradebill::day_test {
 namespace {
 
 std::tm LocalParts(std::time_t time) {
@@ -146,4 +146,4 @@ TEST(DashedDayText, IsYearMonthAndDayWithDashes) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::day_test

@@ -7,7 +7,7 @@
 
 #include "platform/text_encoding.h"
 
-namespace tradebill {
+namespace tradebill::gbk_test {
 namespace {
 
 static_assert("买"_gbk == "\xC2\xF2");
@@ -52,4 +52,4 @@ TEST(GbkTable, AscendsByCodePoint) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::gbk_test

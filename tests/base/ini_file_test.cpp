@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace tradebill {
+namespace tradebill::ini_file_test {
 namespace {
 
 std::vector<int> ProblemLines(const CIniFile& file) {
@@ -135,4 +135,4 @@ TEST(IniFile, FindsNothingInAnEmptyText) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::ini_file_test

@@ -12,7 +12,7 @@
 #include <random>
 #include <string>
 
-namespace tradebill {
+namespace tradebill::number_test {
 namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
@@ -235,4 +235,4 @@ TEST(NumberText, WritesCounts) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::number_test

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace tradebill {
+namespace tradebill::report_error_test {
 namespace {
 
 TEST(ReportError, CarriesItsCode) {
@@ -20,4 +20,4 @@ TEST(ReportError, SaysWhatWentWrong) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::report_error_test

@@ -4,7 +4,7 @@
 
 #include <climits>
 
-namespace tradebill {
+namespace tradebill::scale_test {
 namespace {
 
 TEST(MulDiv, RoundsToTheNearestWithHalvesAwayFromZero) {
@@ -37,4 +37,4 @@ TEST(ScaleByDpi, RoundsTheFactorToWholePerCentFirst) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::scale_test

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tradebill {
+namespace tradebill::text_test {
 namespace {
 
 using Parts = std::vector<std::string_view>;
@@ -236,4 +236,4 @@ TEST(SplitText, FollowsTheRulesOnRandomTexts) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::text_test

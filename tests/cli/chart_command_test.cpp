@@ -9,7 +9,7 @@
 #include "paint/picture_file.h"
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::chart_command_test {
 namespace {
 
 class ChartCommands : public Program {
@@ -98,4 +98,4 @@ TEST_F(ChartCommands, WriteStandalonePages) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::chart_command_test

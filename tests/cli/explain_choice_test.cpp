@@ -9,7 +9,7 @@
 #include "cli/explain_fixture.h"
 #include "cli/usage_error.h"
 
-namespace tradebill {
+namespace tradebill::explain_choice_test {
 namespace {
 
 class ExplainedChoice : public ExplainFixture {
@@ -217,4 +217,4 @@ TEST_F(ExplainedChoice, KnowsNoReaderForANumberWhoseTemplateDeclines) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::explain_choice_test

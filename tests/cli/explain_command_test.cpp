@@ -14,7 +14,7 @@
 #include "readers/statement_loader.h"
 #include "report/report.h"
 
-namespace tradebill {
+namespace tradebill::explain_command_test {
 namespace {
 
 class ExplainCommandRun : public ExplainFixture {};
@@ -192,4 +192,4 @@ TEST_F(ExplainCommandRun, RefusesWrongUse) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::explain_command_test

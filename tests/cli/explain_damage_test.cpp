@@ -8,7 +8,7 @@
 #include "base/text.h"
 #include "cli/damaged_samples.h"
 
-namespace tradebill {
+namespace tradebill::explain_damage_test {
 namespace {
 
 class DamagedStatement : public DamagedSampleFixture {
@@ -189,4 +189,4 @@ TEST_P(DamagedStatement, TellsASectionThatStandsAboveTheOthers) {
 INSTANTIATE_TEST_SUITE_P(Samples, DamagedStatement, testing::ValuesIn(DamagedSamples()), DamagedSampleName);
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::explain_damage_test

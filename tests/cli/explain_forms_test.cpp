@@ -15,7 +15,7 @@
 #include "report/report.h"
 #include "report/request_copy.h"
 
-namespace tradebill {
+namespace tradebill::explain_forms_test {
 namespace {
 
 /// Checks that phrases stand in a text, one behind the other.
@@ -257,4 +257,4 @@ TEST_F(ExplanationOfOneStatement, EndsAtAZeroByte) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::explain_forms_test

@@ -8,7 +8,7 @@
 
 #include "cli/explain_fixture.h"
 
-namespace tradebill {
+namespace tradebill::explain_lines_test {
 namespace {
 
 class ExplainedLines : public ExplainFixture {
@@ -129,4 +129,4 @@ TEST_F(ExplainedLines, HoldAllRecordsOfTheSamples) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::explain_lines_test

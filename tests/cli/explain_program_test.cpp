@@ -11,7 +11,7 @@
 #include "support/shell.h"
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::explain_program_test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -201,4 +201,4 @@ TEST_F(ExplainingProgram, RefusesAReportWhoseFormatCannotBeTold) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::explain_program_test

@@ -10,7 +10,7 @@
 #include "cli/explain_fixture.h"
 #include "cli/usage_error.h"
 
-namespace tradebill {
+namespace tradebill::explain_samples_test {
 namespace {
 
 struct Sample {
@@ -126,4 +126,4 @@ std::string NameOf(const testing::TestParamInfo<Sample>& sample) {
 INSTANTIATE_TEST_SUITE_P(Samples, ExplainedSample, testing::ValuesIn(kSamples), NameOf);
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::explain_samples_test

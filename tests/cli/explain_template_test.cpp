@@ -9,7 +9,7 @@
 #include "readers/statement_loader.h"
 #include "report/report.h"
 
-namespace tradebill {
+namespace tradebill::explain_template_test {
 namespace {
 
 /// One part of a template: the flag that turns it on, its section, and the words of the statement.
@@ -193,4 +193,4 @@ TEST_F(ExplainedTemplate, OfOneMoneyRowNeedsNoTitle) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::explain_template_test

@@ -9,7 +9,7 @@
 #include "driver/host_module.h"
 #include "report/request_copy.h"
 
-namespace tradebill {
+namespace tradebill::format_choice_test {
 namespace {
 
 class FormatChoice : public CliFixture {
@@ -87,4 +87,4 @@ TEST_F(FormatChoice, NumbersAreTakenAsTheyAre) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::format_choice_test

@@ -11,7 +11,7 @@
 #include "platform/local_time.h"
 #include "report/request_copy.h"
 
-namespace tradebill {
+namespace tradebill::format_pick_test {
 namespace {
 
 class FormatPick : public CliFixture {
@@ -156,4 +156,4 @@ TEST_F(FormatPick, KeepsWhatElseTheRequestSays) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::format_pick_test

@@ -5,7 +5,7 @@
 #include <set>
 #include <string>
 
-namespace tradebill {
+namespace tradebill::gallery_charts_test {
 namespace {
 
 TEST(GalleryCharts, HaveNamesOfTheirOwnInWholeSections) {
@@ -42,4 +42,4 @@ TEST(GalleryCharts, ShowEveryKindInEveryWay) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::gallery_charts_test

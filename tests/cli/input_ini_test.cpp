@@ -7,7 +7,7 @@
 
 #include "cli/cli_fixture.h"
 
-namespace tradebill {
+namespace tradebill::input_ini_test {
 namespace {
 
 class InputIniFile : public testing::Test {
@@ -86,4 +86,4 @@ TEST(WholeNumber, IsANumberAndNothingElse) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::input_ini_test

@@ -16,7 +16,7 @@
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 
-namespace tradebill {
+namespace tradebill::json_values_test {
 namespace {
 
 using Json = nlohmann::ordered_json;
@@ -108,4 +108,4 @@ TEST_F(JsonValues, StandOneRowALine) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::json_values_test

@@ -17,7 +17,7 @@
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 
-namespace tradebill {
+namespace tradebill::json_writer_test {
 namespace {
 
 using Json = nlohmann::ordered_json;
@@ -313,4 +313,4 @@ TEST_F(JsonWriter, WritesAllAccountFigures) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::json_writer_test

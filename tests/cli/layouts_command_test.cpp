@@ -9,7 +9,7 @@
 #include "platform/text_encoding.h"
 #include "readers/layout_table.h"
 
-namespace tradebill {
+namespace tradebill::layouts_command_test {
 namespace {
 
 std::string Printed() {
@@ -47,4 +47,4 @@ TEST(LayoutsCommand, SaysWhyOneOfTwoIsChosen) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::layouts_command_test

@@ -9,7 +9,7 @@
 #include "cli/cli_fixture.h"
 #include "report/request_copy.h"
 
-namespace tradebill {
+namespace tradebill::live_figures_test {
 namespace {
 
 class LiveFigures : public testing::Test {
@@ -119,4 +119,4 @@ TEST_F(LiveFigures, OfTheForeignSampleAreTaken) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::live_figures_test

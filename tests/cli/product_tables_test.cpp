@@ -9,7 +9,7 @@
 
 #include "cli/cli_fixture.h"
 
-namespace tradebill {
+namespace tradebill::product_tables_test {
 namespace {
 
 class UnitTable : public testing::Test {
@@ -154,4 +154,4 @@ TEST_F(ProductTable, RefusesWhatItCantRead) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::product_tables_test

@@ -13,7 +13,7 @@
 #include "platform/local_time.h"
 #include "platform/paths.h"
 
-namespace tradebill {
+namespace tradebill::program_test {
 namespace {
 
 TEST_F(Program, MakesTheReportOfASample) {
@@ -185,4 +185,4 @@ TEST_F(Program, ListsItsOptions) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::program_test

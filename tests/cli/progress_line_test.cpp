@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace tradebill {
+namespace tradebill::progress_line_test {
 namespace {
 
 /// What `action` shows while a progress line lives.
@@ -47,4 +47,4 @@ TEST(ProgressLine, ShowsTheLastDayHoweverQuick) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::progress_line_test

@@ -12,7 +12,7 @@
 #include "cli/cli_fixture.h"
 #include "platform/paths.h"
 
-namespace tradebill {
+namespace tradebill::report_command_test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -225,4 +225,4 @@ TEST_F(Command, WritesNothingOutsideTheUsersDataButTheJson) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::report_command_test

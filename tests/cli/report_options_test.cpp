@@ -14,7 +14,7 @@
 #include "driver/host_module.h"
 #include "platform/local_time.h"
 
-namespace tradebill {
+namespace tradebill::report_options_test {
 namespace {
 
 class Options : public CliFixture {
@@ -273,4 +273,4 @@ TEST_F(Options, TakeARootWithSeparatorsAtItsEnd) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::report_options_test

@@ -6,7 +6,7 @@
 #include "base/text.h"
 #include "cli/cli_fixture.h"
 
-namespace tradebill {
+namespace tradebill::request_file_test {
 namespace {
 
 constexpr std::string_view kWholeRequest =
@@ -117,4 +117,4 @@ TEST_F(RequestFile, OfEverySampleIsTaken) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::request_file_test

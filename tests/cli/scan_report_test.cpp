@@ -14,7 +14,7 @@
 #include "readers/section_scan.h"
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::scan_report_test {
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -343,4 +343,4 @@ TEST(ScanReport, KeepsAMoneyBlockThatHasNoEnd) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::scan_report_test

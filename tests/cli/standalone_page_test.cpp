@@ -11,7 +11,7 @@
 #include "support/store_fixture.h"
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::standalone_page_test {
 namespace {
 
 class StandalonePage : public StoreFixture {
@@ -75,4 +75,4 @@ TEST_F(StandalonePage, TellsWhatCannotBeReadOrWritten) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::standalone_page_test

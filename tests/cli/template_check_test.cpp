@@ -13,7 +13,7 @@
 #include "support/gbk_text.h"
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::template_check_test {
 namespace {
 
 /// The lines of a template in which nothing is wrong; each of them can be replaced.
@@ -218,4 +218,4 @@ TEST(TemplateCheck, NamesTheWrongEncoding) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::template_check_test

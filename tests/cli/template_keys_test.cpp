@@ -10,7 +10,7 @@
 #include "cli/template_known_keys.h"
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::template_keys_test {
 namespace {
 
 using Keys = std::vector<std::string_view>;
@@ -264,4 +264,4 @@ TEST(TemplateKeys, HoldADateThatCanBeReached) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::template_keys_test

@@ -7,7 +7,7 @@
 
 #include "driver/run_fixture.h"
 
-namespace tradebill {
+namespace tradebill::bill_folders_test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -110,4 +110,4 @@ TEST_F(BillFolders, AreNotNeededToReadStatements) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::bill_folders_test

@@ -8,7 +8,7 @@
 #include "report/report.h"
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::chain_path_test {
 namespace {
 
 TEST(ChainPath, IsThatOfTheForeignFileForTheForeignKind) {
@@ -30,4 +30,4 @@ TEST(ChainPath, IsThatOfTheForeignFileForTheForeignKind) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::chain_path_test

@@ -10,7 +10,7 @@
 #include "driver/run_fixture.h"
 #include "support/time_zone.h"
 
-namespace tradebill {
+namespace tradebill::day_walk_test {
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -89,7 +89,7 @@ TEST_F(DayWalk, ReadsFinishedDaysFromFilesEndingInO) {
     Put("D10086.20240101o.txt", FundsOf("20240101", "7.00"));    // before it
     const RunResult result = Run();
     EXPECT_EQ(result.statementsRead, 1);
-    EXPECT_EQ(MoneyDays(report), (Texts{"20240102"}));
+    EXPECT_EQ(DaysWithMoney(report), (Texts{"20240102"}));
     EXPECT_EQ(report.MoneyStore.ClosingEquity, 2);
 }
 
@@ -100,7 +100,7 @@ TEST_F(DayWalk, PassesOverDaysWithoutAFile) {
     const RunResult result = Run();
     EXPECT_EQ(result.days, 6);
     EXPECT_EQ(result.statementsRead, 2);
-    EXPECT_EQ(MoneyDays(report), (Texts{"20240102", "20240105"}));
+    EXPECT_EQ(DaysWithMoney(report), (Texts{"20240102", "20240105"}));
 }
 
 TEST_F(DayWalk, ReadsTodayFromTheFileWithoutO) {
@@ -126,7 +126,7 @@ TEST_F(DayWalk, ReadsTodayFromTheFileWithoutOInsideARangeToo) {
     Put("D10086." + DayText(tomorrow) + "o.txt", FundsOf(DayText(tomorrow), "4.00"));
     SetDates(today, tomorrow);
     EXPECT_EQ(Run().statementsRead, 2);
-    EXPECT_EQ(MoneyDays(report), (Texts{DayText(today), DayText(tomorrow)}));
+    EXPECT_EQ(DaysWithMoney(report), (Texts{DayText(today), DayText(tomorrow)}));
 }
 
 TEST_F(DayWalk, ReadsForeignStatementsFromFilesNamedDWP) {
@@ -150,7 +150,7 @@ TEST_F(DayWalk, IsDomesticForAllKindsButTwo) {
     for (const std::int32_t kind : {0, 1, 3, -2, 201, std::numeric_limits<std::int32_t>::max()}) {
         request_.StatementKind = kind;
         EXPECT_EQ(Run().statementsRead, 2) << kind;
-        EXPECT_EQ(MoneyDays(report), (Texts{"20240102", "20240103"})) << kind;
+        EXPECT_EQ(DaysWithMoney(report), (Texts{"20240102", "20240103"})) << kind;
     }
 }
 
@@ -168,8 +168,8 @@ TEST_F(DayWalk, HandsTheDayOfTheFileToTheReader) {
     Put("D10086.20240103o.txt",
         Statement({"日  期:20240102", "资金状况", "----------", "当日结存: 5.00", "权利金收入: 2.00", "----------"}));
     Run();
-    EXPECT_EQ(MoneyDays(report), (Texts{"20240103"}));
+    EXPECT_EQ(DaysWithMoney(report), (Texts{"20240103"}));
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::day_walk_test

@@ -9,7 +9,7 @@
 #include "support/host_objects.h"
 #include "support/raised_code.h"
 
-namespace tradebill {
+namespace tradebill::exports_test {
 namespace {
 
 class Exports : public RunFixture {
@@ -94,4 +94,4 @@ TEST_F(Exports, KeepTheRootFolderForANullPath) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::exports_test

@@ -7,7 +7,7 @@
 #include "platform/root_folder.h"
 #include "platform/screen.h"
 
-namespace tradebill {
+namespace tradebill::host_module_test {
 namespace {
 
 TEST(HostModuleReport, LiesInTheProgramsFolderUntilAnotherIsSet) {
@@ -48,4 +48,4 @@ TEST(HostModuleReport, AsksTheCallbacksOfItsOwnRequest) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::host_module_test

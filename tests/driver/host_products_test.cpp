@@ -10,7 +10,7 @@
 #include "base/text.h"
 #include "report/request_copy.h"
 
-namespace tradebill {
+namespace tradebill::host_products_test {
 namespace {
 
 struct Question {
@@ -82,4 +82,4 @@ TEST_F(HostProducts, CutNamesAt31Bytes) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::host_products_test

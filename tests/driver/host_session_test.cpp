@@ -14,7 +14,7 @@
 #include "support/host_objects.h"
 #include "support/surface.h"
 
-namespace tradebill {
+namespace tradebill::host_session_test {
 namespace {
 
 constexpr std::uint32_t kUntouched = 0x00ABCDEF;
@@ -159,4 +159,4 @@ TEST_F(HostSession, GoesOnWhenThePicturesFolderVanishes) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::host_session_test

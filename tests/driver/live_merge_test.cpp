@@ -11,7 +11,7 @@
 
 #include "driver/run_fixture.h"
 
-namespace tradebill {
+namespace tradebill::live_merge_test {
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -47,7 +47,7 @@ protected:
 
 TEST_F(LiveMerge, AddsTheBaseFiguresAsALiveRecord) {
     Run();
-    ASSERT_EQ(MoneyDays(report), (Texts{"20240202"}));
+    ASSERT_EQ(DaysWithMoney(report), (Texts{"20240202"}));
     EXPECT_EQ(report.MoneyStore.OpeningEquity, 500);
     EXPECT_EQ(report.MoneyStore.ClosingEquity, 1000);
     EXPECT_EQ(report.MoneyStore.TotalClosedPL, 15);
@@ -100,7 +100,7 @@ TEST_F(LiveMerge, IsAllOfAReportThatStartsAfterItEndsToday) {
     SetDates(DayFromToday(1), DayFromToday(0));
     const RunResult result = Run();
     EXPECT_EQ(result.days, 0);
-    EXPECT_EQ(MoneyDays(report), (Texts{"20240202"}));
+    EXPECT_EQ(DaysWithMoney(report), (Texts{"20240202"}));
     EXPECT_TRUE(result.pageWritten);
 }
 
@@ -109,7 +109,7 @@ TEST_F(LiveMerge, ComesAfterTheStatementOfToday) {
     Put("D10086." + today + ".txt", FundsOf(today, "900.00", "7.00"));
     CopyField(request_.BaseMoney.BILL_DATE, today);
     Run();
-    EXPECT_EQ(MoneyDays(report), (Texts{today}));  // one record a day: the live one
+    EXPECT_EQ(DaysWithMoney(report), (Texts{today}));  // one record a day: the live one
     EXPECT_EQ(FieldText(report.MoneyStore.Records[0]->QMJC), "2000.00");
     EXPECT_EQ(report.MoneyStore.OpeningEquity, 1000);  // of the statement
     EXPECT_EQ(report.MoneyStore.ClosingEquity, 1000);
@@ -120,7 +120,7 @@ TEST_F(LiveMerge, ComesAfterTheStatementOfToday) {
 TEST_F(LiveMerge, TakesBaseFiguresWhateverTheyHold) {
     request_.BaseMoney = ClearedMoneyRecord();
     Run();
-    EXPECT_EQ(MoneyDays(report), (Texts{""}));
+    EXPECT_EQ(DaysWithMoney(report), (Texts{""}));
 }
 
 TEST_F(LiveMerge, LeavesCurrenciesOfTheDomesticFamilyAlone) {
@@ -156,7 +156,7 @@ TEST_F(LiveMerge, KeepsForeignFiguresOutOfTheAccount) {
     CopyField(request_.CurrencyMoney[0].BILL_DATE, "20240203");
     request_.CurrencyCount = 1;
     Run();
-    EXPECT_EQ(MoneyDays(report), (Texts{"20240202"}));
+    EXPECT_EQ(DaysWithMoney(report), (Texts{"20240202"}));
     EXPECT_EQ(report.MoneyStore.ClosingEquity, 1000);
     EXPECT_EQ(report.TradeStatistics.DayFigures.Find("20240203"), nullptr);
     EXPECT_EQ(report.TradeStatistics.DayUsages.Find("20240203"), nullptr);
@@ -217,9 +217,9 @@ TEST_F(LiveMerge, CutsUnterminatedTexts) {
     std::fill(std::begin(request_.BaseMoney.QMJC), std::end(request_.BaseMoney.QMJC), '8');
     Run();
     EXPECT_EQ(report.CurrencyMoneyStore.Names, (Texts{std::string(15, 'C')}));
-    EXPECT_EQ(MoneyDays(report), (Texts{"11111111"}));
+    EXPECT_EQ(DaysWithMoney(report), (Texts{"11111111"}));
     EXPECT_EQ(report.MoneyStore.ClosingEquity, 888888888888888.0 / 2);
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::live_merge_test

@@ -9,7 +9,7 @@
 
 #include "driver/run_fixture.h"
 
-namespace tradebill {
+namespace tradebill::notification_test {
 namespace {
 
 class Notification : public RunFixture {
@@ -106,4 +106,4 @@ TEST_F(Notification, IsSentIfTheDiskIsFull) {
 #endif
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::notification_test

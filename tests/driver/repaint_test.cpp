@@ -15,7 +15,7 @@
 #include "support/store_fixture.h"
 #include "support/surface.h"
 
-namespace tradebill {
+namespace tradebill::repaint_test {
 namespace {
 
 constexpr std::uint32_t kUntouched = 0x12345678;
@@ -150,4 +150,4 @@ TEST(ChartExports, TellThatThereWasNoReport) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::repaint_test

@@ -9,7 +9,7 @@
 #include "driver/run_fixture.h"
 #include "support/host_objects.h"
 
-namespace tradebill {
+namespace tradebill::report_dates_test {
 namespace {
 
 constexpr std::uint32_t kNoError = 0;
@@ -184,4 +184,4 @@ TEST_F(ReportDates, AreCheckedAfterTheRequestIsCopied) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::report_dates_test

@@ -12,7 +12,7 @@
 
 #include "driver/run_fixture.h"
 
-namespace tradebill {
+namespace tradebill::report_run_test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -68,7 +68,7 @@ TEST_F(ReportRun, GoesFromDaysOverStatisticsAndPicturesToThePage) {
 TEST_F(ReportRun, FillsTheStoresFromEachStatement) {
     PutBothDays();
     Run();
-    EXPECT_EQ(MoneyDays(report), (Texts{"20240102", "20240103"}));
+    EXPECT_EQ(DaysWithMoney(report), (Texts{"20240102", "20240103"}));
     EXPECT_EQ(report.MatchStore.Count(), 4);
     EXPECT_EQ(report.PingDetailStore.Count(), 4);
     EXPECT_EQ(report.OpiDetailStore.Count(), 4);
@@ -268,4 +268,4 @@ TEST_F(ReportRun, ClearsAllResultsAtItsStart) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::report_run_test

@@ -12,7 +12,7 @@
 
 #include "driver/report_request.h"
 
-namespace tradebill {
+namespace tradebill::request_layout_test {
 namespace {
 
 struct Field {
@@ -143,4 +143,4 @@ TEST(RequestLayout, HasNumbersOfFixedSigns) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::request_layout_test

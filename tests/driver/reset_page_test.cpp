@@ -7,7 +7,7 @@
 #include "support/gbk_text.h"
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::reset_page_test {
 namespace {
 
 std::string Placeholder(const std::string& words) {
@@ -43,4 +43,4 @@ TEST(ResetTradeBillFile, PassesOverWhatCannotBeWritten) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::reset_page_test

@@ -164,7 +164,7 @@ inline std::map<std::string, std::string> ContentOf(const std::string& folder) {
 }
 
 /// Days of the money records that a run made.
-[[nodiscard]] inline std::vector<std::string> MoneyDays(const CReport& report) {
+[[nodiscard]] inline std::vector<std::string> DaysWithMoney(const CReport& report) {
     std::vector<std::string> days;
     for (const auto& record : report.MoneyStore.Records) days.emplace_back(FieldText(record->BILL_DATE));
     return days;

@@ -9,7 +9,7 @@
 #include "base/report_error.h"
 #include "driver/run_fixture.h"
 
-namespace tradebill {
+namespace tradebill::second_run_test {
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -111,7 +111,7 @@ TEST_F(SecondRun, KeepsTheChartSizes) {
 TEST_F(SecondRun, LeavesItsResultsToBeRead) {
     PutBothDays();
     Run();
-    EXPECT_EQ(MoneyDays(report), (Texts{"20240102", "20240103"}));
+    EXPECT_EQ(DaysWithMoney(report), (Texts{"20240102", "20240103"}));
     EXPECT_EQ(FieldText(report.Request.Account), "10086");
     EXPECT_EQ(report.ReportDocument.BillFolder, root_.Path("Users/u/Data/Bill/Image"));
     EXPECT_EQ(report.ReportDocument.ImageFolderName, "Image_files");
@@ -126,4 +126,4 @@ TEST_F(SecondRun, KeepsThePicturesFolderNameIfItsFoldersFail) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::second_run_test

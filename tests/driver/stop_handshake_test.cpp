@@ -10,7 +10,7 @@
 #include "driver/run_fixture.h"
 #include "support/host_objects.h"
 
-namespace tradebill {
+namespace tradebill::stop_handshake_test {
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -93,7 +93,7 @@ TEST_P(StopHandshake, BetweenDaysKeepsWhatWasRead) {
     const RunResult result = Run();
     EXPECT_EQ(result.end, RunEnd::Stopped);
     EXPECT_EQ(result.days, 1);
-    EXPECT_EQ(MoneyDays(report), (Texts{"20240102"}));
+    EXPECT_EQ(DaysWithMoney(report), (Texts{"20240102"}));
     EXPECT_EQ(report.MatchStore.Count(), 2);
     EXPECT_EQ(report.AccountStatistics.MaxRisk, 0);  // nothing after the day loop took place
     EXPECT_TRUE(IsSignalled(acknowledge_));
@@ -109,7 +109,7 @@ TEST_P(StopHandshake, InsideADayWaitsForTheNextOne) {
     EXPECT_EQ(Run().end, RunEnd::Stopped);
     EXPECT_EQ(report.PingDetailStore.Count(), 2);
     EXPECT_EQ(report.OpiDetailStore.Count(), 2);
-    EXPECT_EQ(MoneyDays(report), (Texts{"20240102"}));
+    EXPECT_EQ(DaysWithMoney(report), (Texts{"20240102"}));
     EXPECT_TRUE(IsSignalled(acknowledge_));
 }
 
@@ -118,7 +118,7 @@ TEST_P(StopHandshake, InTheLastDayIsSeenInThePage) {
         if (day == 2) Stop();
     };
     EXPECT_EQ(Run().end, RunEnd::Finished);
-    EXPECT_EQ(MoneyDays(report), (Texts{"20240102", "20240103"}));
+    EXPECT_EQ(DaysWithMoney(report), (Texts{"20240102", "20240103"}));
     EXPECT_NE(report.AccountStatistics.MaxRisk, 0);  // statistics have no stop point
     EXPECT_TRUE(IsCutAtTheFirstRow("交易统计"));
     EXPECT_TRUE(IsSignalled(acknowledge_));
@@ -240,4 +240,4 @@ TEST_P(StopHandshake, IsOverForTheRunBehindAnAutoResetEvent) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::stop_handshake_test

@@ -17,7 +17,7 @@
 #include "support/store_fixture.h"
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::whole_page_test {
 namespace {
 
 std::string WithLineEnds(const std::string& text) {
@@ -110,4 +110,4 @@ TEST_F(WholePage, HasTheFiguresWorkedOutByHand) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::whole_page_test

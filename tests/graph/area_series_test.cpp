@@ -5,7 +5,7 @@
 
 #include "graph/graph_fixture.h"
 
-namespace tradebill {
+namespace tradebill::area_series_test {
 namespace {
 
 constexpr Pen kRed{.width = 1, .color = 0x0000C0};
@@ -116,4 +116,4 @@ TEST_F(AreaSeries, IsNothingWithoutGroups) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::area_series_test

@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-namespace tradebill {
+namespace tradebill::axis_arrangement_test {
 namespace {
 
 TEST(AxisArrangement, TellsTheAxesOfAChart) {
@@ -94,4 +94,4 @@ TEST(AxisArrangement, FindsTheQuadrantOfBarsAlone) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::axis_arrangement_test

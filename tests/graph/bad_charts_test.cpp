@@ -8,7 +8,7 @@
 
 #include "graph/bad_charts.h"
 
-namespace tradebill {
+namespace tradebill::bad_charts_test {
 namespace {
 
 using IntegerField = std::int32_t CGraph::*;
@@ -135,4 +135,4 @@ TEST_F(BadCharts, TakeAScaleOfEqualEnds) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::bad_charts_test

@@ -7,7 +7,7 @@
 #include "graph/graph_fixture.h"
 #include "graph/shades.h"
 
-namespace tradebill {
+namespace tradebill::bar_series_3d_test {
 namespace {
 
 constexpr Color kRed = 0x1020F0;
@@ -93,4 +93,4 @@ TEST(Shades, ChangeEachChannelAsFarAsItGoes) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::bar_series_3d_test

@@ -6,7 +6,7 @@
 
 #include "graph/graph_fixture.h"
 
-namespace tradebill {
+namespace tradebill::bar_series_test {
 namespace {
 
 constexpr Color kRed = 0x0000C0;
@@ -150,4 +150,4 @@ TEST_F(BarSeries, LieInRows) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::bar_series_test

@@ -6,7 +6,7 @@
 
 #include "graph/graph_fixture.h"
 
-namespace tradebill {
+namespace tradebill::box_axes_test {
 namespace {
 
 constexpr Pen kWallGrid{.width = 1, .color = 0x808080};
@@ -104,4 +104,4 @@ TEST_F(BoxAxes, AreFlatWithoutDepth) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::box_axes_test

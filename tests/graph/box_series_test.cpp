@@ -5,7 +5,7 @@
 
 #include "graph/graph_fixture.h"
 
-namespace tradebill {
+namespace tradebill::box_series_test {
 namespace {
 
 constexpr Pen kMedian{.width = 1, .color = 0x0000FF};
@@ -122,4 +122,4 @@ TEST_F(BoxSeries, HoldsValuesOutsideOfWholeNumbers) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::box_series_test

@@ -8,7 +8,7 @@
 #include "graph/crossed_axes.h"
 #include "graph/graph_fixture.h"
 
-namespace tradebill {
+namespace tradebill::crossed_axes_test {
 namespace {
 
 constexpr Pen kQuadrantGrid{.width = 1, .color = 0x808080};
@@ -218,4 +218,4 @@ TEST_F(CrossedAxes, HaveTitlesInEveryStyle) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::crossed_axes_test

@@ -8,7 +8,7 @@
 #include "graph/area_series.h"
 #include "graph/line_series.h"
 
-namespace tradebill {
+namespace tradebill::graph_kinds_test {
 namespace {
 
 TEST(GraphKinds, HaveARowAndAPainterEach) {
@@ -45,4 +45,4 @@ TEST(GraphKinds, AreNoOthers) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::graph_kinds_test

@@ -12,7 +12,7 @@
 #include "graph/graph_measures.h"
 #include "paint/font.h"
 
-namespace tradebill {
+namespace tradebill::graph_layout_test {
 namespace {
 
 class LaidOutGraph : public GraphFixture {};
@@ -249,4 +249,4 @@ TEST_F(AxisTitleFont, WritesBothTitles) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::graph_layout_test

@@ -8,7 +8,7 @@
 #include "graph/second_bars.h"
 #include "graph/value_labels.h"
 
-namespace tradebill {
+namespace tradebill::graph_lines_test {
 namespace {
 
 using Points = std::vector<Point>;
@@ -191,4 +191,4 @@ TEST_F(GraphLines, CollectTheirPointsAlikeForAllKinds) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::graph_lines_test

@@ -6,7 +6,7 @@
 
 #include "graph/graph_measures.h"
 
-namespace tradebill {
+namespace tradebill::graph_plane_test {
 namespace {
 
 /// Apex at (100, 300), axes of 410 by 200.
@@ -143,4 +143,4 @@ TEST_F(GraphPlane, HasSomePixelForAnyScale) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::graph_plane_test

@@ -10,7 +10,7 @@
 #include "graph/second_bars.h"
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::graph_steps_test {
 namespace {
 
 using Lines = std::vector<PaintedLine>;
@@ -231,4 +231,4 @@ TEST_F(GraphSteps, DrawNoSecondBarsWithoutPoints) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::graph_steps_test

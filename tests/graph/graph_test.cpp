@@ -9,7 +9,7 @@
 #include "graph/graph_measures.h"
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::graph_test {
 namespace {
 
 TEST(GraphModel, BeginsAsALineChartOfTenTicks) {
@@ -101,4 +101,4 @@ TEST_F(GraphOfAnything, PaintsOnARealCanvasAndDoesNotFailWithoutASize) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::graph_test

@@ -7,7 +7,7 @@
 #include "graph/graph_fixture.h"
 #include "graph/graph_measures.h"
 
-namespace tradebill {
+namespace tradebill::graph_title_test {
 namespace {
 
 constexpr Pen kFirst{.width = 2, .color = 0xC08000};
@@ -140,4 +140,4 @@ TEST_F(GraphTitle, CutsTheHalfOfItsLength) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::graph_title_test

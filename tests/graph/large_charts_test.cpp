@@ -7,7 +7,7 @@
 
 #include "graph/bad_charts.h"
 
-namespace tradebill {
+namespace tradebill::large_charts_test {
 namespace {
 
 using LargeCharts = BadCharts;
@@ -105,4 +105,4 @@ TEST_F(LargeCharts, TakeLongTexts) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::large_charts_test

@@ -8,7 +8,7 @@
 
 #include "graph/graph_fixture.h"
 
-namespace tradebill {
+namespace tradebill::line_chart_geometry_test {
 namespace {
 
 constexpr Color kColor = 0xC08000;
@@ -285,4 +285,4 @@ std::vector<Form> Forms() {
 INSTANTIATE_TEST_SUITE_P(Charts, LineChartGeometry, testing::ValuesIn(Forms()));
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::line_chart_geometry_test

@@ -5,7 +5,7 @@
 
 #include "graph/graph_fixture.h"
 
-namespace tradebill {
+namespace tradebill::line_series_3d_test {
 namespace {
 
 constexpr Color kRed = 0x1020F0;
@@ -88,4 +88,4 @@ TEST_F(Line3d, IsNoneForOnePosition) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::line_series_3d_test

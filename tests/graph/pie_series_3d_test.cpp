@@ -9,7 +9,7 @@
 #include "graph/graph_fixture.h"
 #include "graph/pie_slices.h"
 
-namespace tradebill {
+namespace tradebill::pie_series_3d_test {
 namespace {
 
 constexpr Color kRed = 0x1020F0;
@@ -113,4 +113,4 @@ TEST_F(Pie3dSeries, LeavesOutASliceTooThinToSee) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::pie_series_3d_test

@@ -8,7 +8,7 @@
 #include "graph/graph_fixture.h"
 #include "graph/pie_slices.h"
 
-namespace tradebill {
+namespace tradebill::pie_series_test {
 namespace {
 
 constexpr Color kRed = 0x0000C0;
@@ -223,4 +223,4 @@ TEST_F(PieSeries, LabelsASliceOfLessThanOne) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::pie_series_test

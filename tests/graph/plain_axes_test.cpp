@@ -8,7 +8,7 @@
 #include "graph/graph_fixture.h"
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::plain_axes_test {
 namespace {
 
 using Points = std::vector<Point>;
@@ -211,4 +211,4 @@ TEST_F(GraphAxes, GrowWithoutASwatchTitleToo) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::plain_axes_test

@@ -7,7 +7,7 @@
 #include "graph/crossed_axes.h"
 #include "graph/graph_fixture.h"
 
-namespace tradebill {
+namespace tradebill::scatter_series_test {
 namespace {
 
 using Points = std::vector<Point>;
@@ -88,4 +88,4 @@ TEST_F(ScatterSeries, LiesWithItsNumbersExchanged) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::scatter_series_test

@@ -7,7 +7,7 @@
 #include "graph/line_series.h"
 #include "graph/second_bars.h"
 
-namespace tradebill {
+namespace tradebill::second_bars_test {
 namespace {
 
 using Points = std::vector<Point>;
@@ -89,4 +89,4 @@ TEST_F(SecondSeriesByHand, HasNoLineWithoutGroups) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::second_bars_test

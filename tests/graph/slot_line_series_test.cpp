@@ -5,7 +5,7 @@
 
 #include "graph/graph_fixture.h"
 
-namespace tradebill {
+namespace tradebill::slot_line_series_test {
 namespace {
 
 constexpr Pen kRed{.width = 2, .color = 0x0000C0};
@@ -69,4 +69,4 @@ TEST_F(SlotLine, LiesInRows) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::slot_line_series_test

@@ -5,7 +5,7 @@
 
 #include "graph/graph_fixture.h"
 
-namespace tradebill {
+namespace tradebill::stacked_bar_series_test {
 namespace {
 
 constexpr Color kRed = 0x0000C0;
@@ -113,4 +113,4 @@ TEST_F(StackedBars, StandFarUnderTheLowestTick) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::stacked_bar_series_test

@@ -8,7 +8,7 @@
 
 #include "graph/recording_canvas.h"
 
-namespace tradebill {
+namespace tradebill::value_labels_test {
 namespace {
 
 using Points = std::vector<Point>;
@@ -100,4 +100,4 @@ TEST_F(ValueLabels, CountAlthoughEmpty) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::value_labels_test

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace tradebill {
+namespace tradebill::value_marks_test {
 namespace {
 
 TEST(PatternText, IsTheLowerHalfOfTheNumber) {
@@ -124,4 +124,4 @@ TEST_F(ValueMarks, AreNoMoreThanCanBeTold) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::value_marks_test

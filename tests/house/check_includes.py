@@ -14,7 +14,7 @@ BELOW = {
     "platform": {"base"},
     "paint": {"base", "platform"},
     "report": {"base", "platform"},
-    "graph": {"base", "platform", "paint"},
+    "graph": {"base", "paint"},
     "statistics": {"base", "platform", "report"},
     "readers": {"base", "platform", "report"},
     "images": {"base", "platform", "paint", "report", "statistics", "graph"},

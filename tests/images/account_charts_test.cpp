@@ -15,7 +15,7 @@
 #include "images/chart_fixture.h"
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::account_charts_test {
 namespace {
 
 using Painting = std::shared_ptr<const CRecordingCanvas>;
@@ -269,4 +269,4 @@ TEST_F(AccountCharts, BearAnyRectangle) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::account_charts_test

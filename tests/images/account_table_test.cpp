@@ -16,7 +16,7 @@
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 
-namespace tradebill {
+namespace tradebill::account_table_test {
 namespace {
 
 class AccountTable : public StoreFixture {
@@ -152,4 +152,4 @@ TEST_F(AccountTable, IsSafeAtAnyResolution) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::account_table_test

@@ -10,7 +10,7 @@
 #include "images/chart_fixture.h"
 #include "support/time_zone.h"
 
-namespace tradebill {
+namespace tradebill::chart_filling_test {
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -308,4 +308,4 @@ TEST_F(ChartFilling, TakesInfiniteAmountsAsTheyAre) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::chart_filling_test

@@ -8,7 +8,7 @@
 #include "images/chart_fixture.h"
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::chart_kinds_test {
 namespace {
 
 class ChartKinds : public ChartFixture {};
@@ -167,4 +167,4 @@ TEST_F(ChartKinds, HaveTheirSizesAtFixedPlaces) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::chart_kinds_test

@@ -4,7 +4,7 @@
 
 #include <climits>
 
-namespace tradebill {
+namespace tradebill::chart_markers_test {
 namespace {
 
 TEST(ChartMarkers, AreSmallerWhereDaysLieCloserThanSixPixels) {
@@ -83,4 +83,4 @@ TEST(ChartMarkers, AreNeverNegative) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::chart_markers_test

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <limits>
 
-namespace tradebill {
+namespace tradebill::chart_scale_test {
 namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
@@ -193,4 +193,4 @@ TEST(RealisedScale, CountsTenTicksOfWhatCantBeMeasured) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::chart_scale_test

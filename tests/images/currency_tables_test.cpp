@@ -19,7 +19,7 @@
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 
-namespace tradebill {
+namespace tradebill::currency_tables_test {
 namespace {
 
 constexpr int kMost = std::numeric_limits<int>::max();
@@ -307,4 +307,4 @@ TEST_F(CurrencyTables, HandBackTheFormerTools) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::currency_tables_test

@@ -10,7 +10,7 @@
 #include "platform/embedded_picture.h"
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::header_block_test {
 namespace {
 
 constexpr Font kBold16{.face = "Arial", .cellHeight = 16, .weight = 600};
@@ -165,4 +165,4 @@ TEST(HeaderBlock, WritesItsTextsLightOverTheBanner) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::header_block_test

@@ -4,7 +4,7 @@
 
 #include "images/report_images.h"
 
-namespace tradebill {
+namespace tradebill::page_pictures_list_test {
 namespace {
 
 TEST(PagePicturesList, HoldsButtonsBarsTablesAndCharts) {
@@ -18,4 +18,4 @@ TEST(PagePicturesList, HoldsButtonsBarsTablesAndCharts) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::page_pictures_list_test

@@ -18,7 +18,7 @@
 #include "support/store_fixture.h"
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::report_images_test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -186,4 +186,4 @@ TEST_F(ReportImages, LeaveTheSizesThatAreMeasuredWithoutPainting) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::report_images_test

@@ -17,7 +17,7 @@
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 
-namespace tradebill {
+namespace tradebill::statistics_panel_test {
 namespace {
 
 constexpr std::size_t kFirstNote = 14;  // behind seven labels and their values
@@ -180,4 +180,4 @@ TEST_F(StatisticsPanel, IsSafeAtAnyResolution) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::statistics_panel_test

@@ -13,7 +13,7 @@
 #include "report/report.h"
 #include "support/host_objects.h"
 
-namespace tradebill {
+namespace tradebill::account_section_test {
 namespace {
 
 std::optional<ChartSizeReport> Told;
@@ -171,4 +171,4 @@ TEST_F(AccountSection, IsWholeWithoutACallback) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::account_section_test

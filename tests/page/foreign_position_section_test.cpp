@@ -13,7 +13,7 @@
 #include "page/page_sections.h"
 #include "page/statement_rows.h"
 
-namespace tradebill {
+namespace tradebill::foreign_position_section_test {
 namespace {
 
 // clang-format off
@@ -212,4 +212,4 @@ TEST_F(ForeignPositionSection, ReadsDaysByWidths) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::foreign_position_section_test

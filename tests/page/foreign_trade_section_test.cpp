@@ -9,7 +9,7 @@
 #include "page/page_sections.h"
 #include "page/statement_rows.h"
 
-namespace tradebill {
+namespace tradebill::foreign_trade_section_test {
 namespace {
 
 // clang-format off
@@ -149,4 +149,4 @@ TEST_F(ForeignTradeSection, ShowsZerosForAnOutcomeUnderOneLot) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::foreign_trade_section_test

@@ -14,7 +14,7 @@
 #include "page/page_scripts.h"
 #include "page/section_title.h"
 
-namespace tradebill {
+namespace tradebill::html_builder_test {
 namespace {
 
 class HtmlBuilder : public PageFixture {
@@ -348,4 +348,4 @@ TEST_F(HtmlBuilder, CutsItsPathTo259Bytes) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::html_builder_test

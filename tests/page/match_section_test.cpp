@@ -10,7 +10,7 @@
 #include "page/page_sections.h"
 #include "page/statement_rows.h"
 
-namespace tradebill {
+namespace tradebill::match_section_test {
 namespace {
 
 // clang-format off
@@ -295,4 +295,4 @@ TEST_F(MatchSection, TakesThePageWidth) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::match_section_test

@@ -6,7 +6,7 @@
 #include "page/page_fixture.h"
 #include "page/page_sections.h"
 
-namespace tradebill {
+namespace tradebill::notes_section_test {
 namespace {
 
 class NotesSection : public PageFixture {};
@@ -41,4 +41,4 @@ TEST_F(NotesSection, MovesTheWrappersOfAnEarlierClosing) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::notes_section_test

@@ -12,7 +12,7 @@
 #include "page/statement_rows.h"
 #include "support/host_objects.h"
 
-namespace tradebill {
+namespace tradebill::offset_section_test {
 namespace {
 
 // clang-format off
@@ -309,4 +309,4 @@ TEST_F(OffsetSection, IgnoresAStopBehindTheLastRecord) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::offset_section_test

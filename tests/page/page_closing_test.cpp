@@ -13,7 +13,7 @@
 #include "page/html_builder.h"
 #include "page/page_fixture.h"
 
-namespace tradebill {
+namespace tradebill::page_closing_test {
 namespace {
 
 /// The page after a full pass: wrapper lines out, each other line ended once by "\r\n", wrappers around all of it, and
@@ -322,4 +322,4 @@ TEST_F(ClosePage, LeavesTheBytesOfAFullPassAfterPlainCalls) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::page_closing_test

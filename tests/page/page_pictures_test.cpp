@@ -4,7 +4,7 @@
 
 #include "support/store_fixture.h"
 
-namespace tradebill {
+namespace tradebill::page_pictures_test {
 namespace {
 
 class PagePictures : public StoreFixture {
@@ -31,4 +31,4 @@ TEST_F(PagePictures, LieBelowTheBillFolder) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::page_pictures_test

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tradebill {
+namespace tradebill::page_scan_test {
 namespace {
 
 bool IsPlain(const std::vector<std::string>& texts) {
@@ -125,4 +125,4 @@ TEST(PageScan, KnowsWhetherALineIsOpen) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::page_scan_test

@@ -10,7 +10,7 @@
 #include "page/page_fixture.h"
 #include "page/page_scripts.h"
 
-namespace tradebill {
+namespace tradebill::page_scripts_test {
 namespace {
 
 const std::string kDomesticSummary = R"(function clicksummary()
@@ -292,4 +292,4 @@ TEST_F(PageScripts, AreLeftOutOfAPageThatIsGone) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::page_scripts_test

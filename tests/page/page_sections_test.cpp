@@ -18,7 +18,7 @@
 #include "page/statement_rows.h"
 #include "support/host_objects.h"
 
-namespace tradebill {
+namespace tradebill::page_sections_test {
 namespace {
 
 std::string NameOf(int record) {
@@ -193,4 +193,4 @@ INSTANTIATE_TEST_SUITE_P(All, TableSectionStop, testing::ValuesIn(kSections),
                          [](const auto& section) { return section.param.name; });
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::page_sections_test

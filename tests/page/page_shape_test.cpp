@@ -13,7 +13,7 @@
 #include "page/statement_rows.h"
 #include "support/host_objects.h"
 
-namespace tradebill {
+namespace tradebill::page_shape_test {
 namespace {
 
 using SectionWriter = bool (*)(CHtmlBuilder&, const CReport&);
@@ -188,4 +188,4 @@ TEST_F(PageShape, IsNothingIfThePageCantBeMade) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::page_shape_test

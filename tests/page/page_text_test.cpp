@@ -8,7 +8,7 @@
 
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::page_text_test {
 namespace {
 
 std::string Expanded(std::string_view utf8) {
@@ -76,4 +76,4 @@ TEST(PageText, TableTagsSayAWidthAboveZero) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::page_text_test

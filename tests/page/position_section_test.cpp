@@ -10,7 +10,7 @@
 #include "page/page_sections.h"
 #include "page/statement_rows.h"
 
-namespace tradebill {
+namespace tradebill::position_section_test {
 namespace {
 
 // clang-format off
@@ -250,4 +250,4 @@ TEST_F(PositionDetail, TakesThePageWidth) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::position_section_test

@@ -12,7 +12,7 @@
 #include "page/section_title.h"
 #include "paint/picture_file.h"
 
-namespace tradebill {
+namespace tradebill::section_title_test {
 namespace {
 
 const std::string kDivStart =
@@ -188,4 +188,4 @@ TEST_F(SectionTitleBlock, OffsetFigureShowsItsChart) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::section_title_test

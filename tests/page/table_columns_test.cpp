@@ -8,7 +8,7 @@
 #include "base/number.h"
 #include "page/page_fixture.h"
 
-namespace tradebill {
+namespace tradebill::table_columns_test {
 namespace {
 
 constexpr CellClasses kClasses{.normal = "plain", .bid = "red", .ask = "green"};
@@ -109,4 +109,4 @@ TEST_F(ColumnTable, ShowsHeadingsRecordsAndSumsColumnByColumn) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::table_columns_test

@@ -16,7 +16,7 @@
 #include "platform/host_link.h"
 #include "support/host_objects.h"
 
-namespace tradebill {
+namespace tradebill::table_section_test {
 namespace {
 
 constexpr CellClasses kClasses{.normal = "plain", .bid = "red", .ask = "green"};
@@ -314,4 +314,4 @@ TEST_F(DayGroups, DontLookBehindTheLastRecord) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::table_section_test

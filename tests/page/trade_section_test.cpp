@@ -10,7 +10,7 @@
 #include "page/statement_rows.h"
 #include "support/host_objects.h"
 
-namespace tradebill {
+namespace tradebill::trade_section_test {
 namespace {
 
 // clang-format off
@@ -251,4 +251,4 @@ TEST_F(TradeSection, LeavesThePageOpenAtAStop) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::trade_section_test

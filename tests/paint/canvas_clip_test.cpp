@@ -7,7 +7,7 @@
 
 #include "paint/canvas.h"
 
-namespace tradebill {
+namespace tradebill::canvas_clip_test {
 namespace {
 
 constexpr Color kRed = 0x0000FF;
@@ -128,4 +128,4 @@ TEST(CanvasClip, OfAScopeNarrowsTheOneAroundItAndEndsWithIt) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::canvas_clip_test

@@ -10,7 +10,7 @@
 #include <random>
 #include <vector>
 
-namespace tradebill {
+namespace tradebill::canvas_test {
 namespace {
 
 constexpr Color kRed = 0x0000FF;
@@ -310,4 +310,4 @@ TEST(Canvas, ClipsTextAnywhere) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::canvas_test

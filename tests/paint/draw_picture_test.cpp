@@ -7,7 +7,7 @@
 
 #include "paint/canvas.h"
 
-namespace tradebill {
+namespace tradebill::draw_picture_test {
 namespace {
 
 using Pixels = std::vector<std::uint32_t>;
@@ -104,4 +104,4 @@ TEST(DrawnPicture, NeverSetsTheByteAboveTheColors) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::draw_picture_test

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <limits>
 
-namespace tradebill {
+namespace tradebill::escapement_test {
 namespace {
 
 TEST(Escapement, CountsTenthsOfADegree) {
@@ -29,4 +29,4 @@ TEST(Escapement, TurnsCounterClockwise) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::escapement_test

@@ -6,7 +6,7 @@
 
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::font_test {
 namespace {
 
 /// Fonts differ from system to system, so only what holds for each of them is told here.
@@ -61,4 +61,4 @@ TEST(MeasureText, IsSafeAtAnySize) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::font_test

@@ -13,7 +13,7 @@
 #include "paint/raster/raster_canvas.h"
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::font_threads_test {
 namespace {
 
 using CanvasMaker = std::unique_ptr<CCanvas>(CBitmap& bitmap);
@@ -74,4 +74,4 @@ TEST_P(FontThreads, GetWhatOneGetsAlone) {
 INSTANTIATE_TEST_SUITE_P(Canvases, FontThreads, testing::Values(&MakeCanvas, &MakeRasterCanvas));
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::font_threads_test

@@ -7,7 +7,7 @@
 #include "support/picture_beginnings.h"
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::picture_file_test {
 namespace {
 
 using namespace std::string_literals;
@@ -50,4 +50,4 @@ TEST_F(PictureSizeOf, APngWithoutPixelsIsNothing) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::picture_file_test

@@ -8,7 +8,7 @@
 #include "paint/picture_file.h"
 #include "platform/embedded_picture.h"
 
-namespace tradebill {
+namespace tradebill::picture_resource_test {
 namespace {
 
 CPicture Load(int id) {
@@ -108,4 +108,4 @@ TEST(ButtonMarks, PointDownToExpandAndUpToShrink) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::picture_resource_test

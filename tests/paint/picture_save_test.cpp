@@ -9,7 +9,7 @@
 #include "support/decoded_picture.h"
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::picture_save_test {
 namespace {
 
 /// Red above, blue below, and a green pixel at the left top corner.
@@ -71,4 +71,4 @@ TEST_F(SavedPicture, IsRefusedWithoutPixelsOrAPlace) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::picture_save_test

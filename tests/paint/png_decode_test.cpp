@@ -9,7 +9,7 @@
 #include "support/png_bytes.h"
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::png_decode_test {
 namespace {
 
 using namespace std::string_literals;
@@ -164,4 +164,4 @@ TEST(SavedAlphaPicture, IsRefusedWithoutPixelsOrAPlace) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::png_decode_test

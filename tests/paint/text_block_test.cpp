@@ -14,7 +14,7 @@
 #include "graph/recording_canvas.h"
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::text_block_test {
 namespace {
 
 constexpr std::int32_t kLineHeight = 20;
@@ -213,4 +213,4 @@ TEST(TextBlockPicture, HasTheHeightOfTheFontsCells) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::text_block_test

@@ -8,7 +8,7 @@
 
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::embedded_picture_test {
 namespace {
 
 TEST(EmbeddedPicture, IsTheFileInTheSources) {
@@ -38,4 +38,4 @@ TEST(EmbeddedPicture, IsNothingUnderAnyOtherId) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::embedded_picture_test

@@ -10,7 +10,7 @@
 
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::file_saving_test {
 namespace {
 
 class SavedFile : public testing::Test {
@@ -56,4 +56,4 @@ TEST_F(SavedFile, LeavesAFolderInItsPlace) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::file_saving_test

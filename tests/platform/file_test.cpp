@@ -7,7 +7,7 @@
 
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::file_test {
 namespace {
 
 using namespace std::string_literals;
@@ -165,4 +165,4 @@ TEST_F(File, IsNoIniFileIfItIsNone) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::file_test

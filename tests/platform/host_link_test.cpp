@@ -12,7 +12,7 @@
 
 #include "support/host_objects.h"
 
-namespace tradebill {
+namespace tradebill::host_link_test {
 namespace {
 
 using std::chrono::steady_clock;
@@ -203,4 +203,4 @@ TEST(AcknowledgeStop, SeesAStopWithoutAnEventToAnswerBy) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::host_link_test

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace tradebill {
+namespace tradebill::local_time_test {
 namespace {
 
 TEST(PresentTime, IsTheSystemsClock) {
@@ -23,4 +23,4 @@ TEST(LocalDayOf, IsTheDayThatHasTheTime) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::local_time_test

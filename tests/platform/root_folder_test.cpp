@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace tradebill {
+namespace tradebill::root_folder_test {
 namespace {
 
 TEST(RootFolder, IsWhatItIsNamed) {
@@ -23,4 +23,4 @@ TEST(RootFolder, IsCutAt259Bytes) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::root_folder_test

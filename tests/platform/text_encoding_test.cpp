@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace tradebill {
+namespace tradebill::text_encoding_test {
 namespace {
 
 TEST(GbkToUtf8, DecodesCharactersOfOneAndTwoBytes) {
@@ -88,4 +88,4 @@ TEST(Utf8ToGbk, EncodesLongTexts) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::text_encoding_test

@@ -13,7 +13,7 @@
 #include "readers/reader_fixture.h"
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::bilingual_change_date_test {
 namespace {
 
 enum class Labels { None, Old, New };
@@ -225,4 +225,4 @@ TEST_F(BilingualChangeDate, ReadsEachDayByItsOwnLabels) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::bilingual_change_date_test

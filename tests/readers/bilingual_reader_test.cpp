@@ -9,7 +9,7 @@
 #include "readers/near_words.h"
 #include "readers/reader_fixture.h"
 
-namespace tradebill {
+namespace tradebill::bilingual_reader_test {
 namespace {
 
 constexpr std::string_view kDay = "20240105";
@@ -330,4 +330,4 @@ TEST_F(BilingualReader, ReadsNothingFromAnEmptyText) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::bilingual_reader_test

@@ -10,7 +10,7 @@
 #include "readers/near_words.h"
 #include "readers/reader_fixture.h"
 
-namespace tradebill {
+namespace tradebill::bilingual_tables_test {
 namespace {
 
 /// One of the tables, and the first row below its title in which the word of the count is seen.
@@ -266,4 +266,4 @@ TEST_P(BilingualTables, HaveNoSummary) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::bilingual_tables_test

@@ -15,19 +15,19 @@
 
 namespace tradebill {
 
-using Lines = std::vector<std::string>;
+using BillLines = std::vector<std::string>;
 
 inline constexpr std::string_view kBillDay = "20240105";
 
 /// All `sheets` one below the other.
-inline Lines Joined(std::initializer_list<Lines> sheets) {
-    Lines all;
-    for (const Lines& sheet : sheets) all.insert(all.end(), sheet.begin(), sheet.end());
+inline BillLines Joined(std::initializer_list<BillLines> sheets) {
+    BillLines all;
+    for (const BillLines& sheet : sheets) all.insert(all.end(), sheet.begin(), sheet.end());
     return all;
 }
 
 /// A statement of `lines` (UTF-8), each ended by CRLF.
-inline std::string BillOf(const Lines& lines) {
+inline std::string BillOf(const BillLines& lines) {
     std::string text;
     for (const std::string& line : lines) text += Gbk(line) + "\r\n";
     return text;

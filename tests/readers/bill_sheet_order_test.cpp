@@ -8,11 +8,11 @@
 #include "readers/bill_sheet_fixture.h"
 #include "readers/fixed_readers.h"
 
-namespace tradebill {
+namespace tradebill::bill_sheet_order_test {
 namespace {
 
 /// Sheets by letter; a small letter is the same sheet without its end.
-using Sheets = std::map<char, Lines>;
+using Sheets = std::map<char, BillLines>;
 
 Sheets WithOpenEnds(Sheets sheets) {
     for (const auto& [letter, lines] : Sheets(sheets)) {
@@ -50,9 +50,9 @@ protected:
     /// The records that `read` makes of a file.
     std::string RecordsOf(Reader* read, const Sheets& sheets, std::string_view file, int format) {
         MakeReport(format);
-        Lines lines;
+        BillLines lines;
         for (const char letter : file) {
-            const Lines& sheet = sheets.at(letter);
+            const BillLines& sheet = sheets.at(letter);
             lines.insert(lines.end(), sheet.begin(), sheet.end());
         }
         Read(read, kBillDay, BillOf(lines));
@@ -105,20 +105,20 @@ TEST_F(BillSheetOrder, OfTheClientBillIsSoughtFromATitleWithoutEnd) {
 }
 
 TEST_F(BillSheetOrder, OfTheClientBillGoesOnFromTheRowAboveTheDashedOne) {
-    const Lines trades = {"客户帐单_成交记录单", "---------", "h", "h", Ones(12), "合计"};
-    const Lines open = {"客户帐单_持仓盈亏单", "---------", "h", "h", "1 1 2 1 0 1 1 1 1 1 1", "合计"};
-    const auto read = [this](const Lines& lines) {
+    const BillLines trades = {"客户帐单_成交记录单", "---------", "h", "h", Ones(12), "合计"};
+    const BillLines open = {"客户帐单_持仓盈亏单", "---------", "h", "h", "1 1 2 1 0 1 1 1 1 1 1", "合计"};
+    const auto read = [this](const BillLines& lines) {
         MakeReport(201);
         Read(ReadClientBillStatement, kBillDay, BillOf(lines));
         EXPECT_EQ(report.MoneyStore.Count(), 1);
     };
-    const Lines money = {"客户帐单_资金清单", "h", "h", "h", Ones(9)};
+    const BillLines money = {"客户帐单_资金清单", "h", "h", "h", Ones(9)};
     read(Joined({money, trades}));
     EXPECT_EQ(report.MatchStore.Count(), 1);
     read(Joined({money, open}));  // although the trades are missing
     EXPECT_EQ(report.OpiSumStore.Count(), 1);
 
-    Lines oneRowFurther = trades;
+    BillLines oneRowFurther = trades;
     oneRowFurther[1] = "h";
     oneRowFurther[2] = "---------";
     read(Joined({money, oneRowFurther}));
@@ -126,9 +126,9 @@ TEST_F(BillSheetOrder, OfTheClientBillGoesOnFromTheRowAboveTheDashedOne) {
 }
 
 TEST_F(BillSheetOrder, OfTheClientBillSkipsAllAboveALateDashedRow) {
-    Lines lines = {"客户帐单_资金清单", "h", "h", "h", Ones(9)};
+    BillLines lines = {"客户帐单_资金清单", "h", "h", "h", Ones(9)};
     for (const char letter : std::string_view("TOC")) {
-        const Lines& sheet = kClientBill.at(letter);
+        const BillLines& sheet = kClientBill.at(letter);
         lines.insert(lines.end(), sheet.begin(), sheet.end());
     }
     lines.push_back("---------");
@@ -185,4 +185,4 @@ TEST_F(BillSheetOrder, OfSpacedTitlesIsTradesClosedOpenSummaryWithMoneyAnywhere)
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::bill_sheet_order_test

@@ -9,7 +9,7 @@
 #include "readers/bill_sheet_fixture.h"
 #include "readers/fixed_readers.h"
 
-namespace tradebill {
+namespace tradebill::bill_sheet_sections_test {
 namespace {
 
 std::int32_t Trades(const CReport& report) {
@@ -62,7 +62,7 @@ const Sheet kSheets[] = {
 class BillSheetSections : public BillSheetFixture {
 protected:
     /// Rows of `sheet` that are read from `lines`.
-    std::int32_t RowsRead(const Sheet& sheet, const Lines& lines) {
+    std::int32_t RowsRead(const Sheet& sheet, const BillLines& lines) {
         MakeReport(201);
         Read(sheet.read, kBillDay, BillOf(lines));
         EXPECT_EQ(report.MoneyStore.Count(), 0);
@@ -70,8 +70,8 @@ protected:
     }
 
     /// The title and the rows up to the first data row, each wide enough to be one.
-    static Lines Head(const Sheet& sheet) {
-        Lines lines(sheet.firstRow, Ones(sheet.columns));
+    static BillLines Head(const Sheet& sheet) {
+        BillLines lines(sheet.firstRow, Ones(sheet.columns));
         lines.front() = sheet.title;
         return lines;
     }
@@ -92,9 +92,9 @@ TEST_F(BillSheetSections, HoldTheRowsBetweenHeadAndTotals) {
 
 TEST_F(BillSheetSections, EndAtTotalsFromTheirOffsetOn) {
     for (const Sheet& sheet : kSheets) {
-        const Lines data{Ones(sheet.columns), "合计"};
+        const BillLines data{Ones(sheet.columns), "合计"};
         for (std::size_t row = 0; row < sheet.firstRow; ++row) {
-            Lines head = Head(sheet);
+            BillLines head = Head(sheet);
             head[row] = WithTotals(head[row]);
             const std::int32_t expected = row < sheet.terminatorOffset ? 1 : 0;
             EXPECT_EQ(RowsRead(sheet, Joined({head, data})), expected) << NameOf(sheet) << ", row " << row;
@@ -104,7 +104,7 @@ TEST_F(BillSheetSections, EndAtTotalsFromTheirOffsetOn) {
 
 TEST_F(BillSheetSections, SkipRowsShorterThanTheLayout) {
     for (const Sheet& sheet : kSheets) {
-        const Lines rows{Ones(sheet.tooFew), Ones(sheet.columns), Ones(1), Ones(sheet.columns + 5)};
+        const BillLines rows{Ones(sheet.tooFew), Ones(sheet.columns), Ones(1), Ones(sheet.columns + 5)};
         EXPECT_EQ(RowsRead(sheet, Joined({Head(sheet), rows, {"合计"}})), 2) << NameOf(sheet);
     }
 }
@@ -123,7 +123,7 @@ TEST_F(BillSheetSections, AreAbsentWithoutTitleOrTotals) {
 
 TEST_F(BillSheetSections, AreFoundByATitleInsideALongerRow) {
     for (const Sheet& sheet : kSheets) {
-        Lines head = Head(sheet);
+        BillLines head = Head(sheet);
         head[0] = "** " + sheet.title + " **";
         EXPECT_EQ(RowsRead(sheet, Joined({head, {Ones(sheet.columns), "合计"}})), 1) << NameOf(sheet);
     }
@@ -131,7 +131,7 @@ TEST_F(BillSheetSections, AreFoundByATitleInsideALongerRow) {
 
 TEST_F(BillSheetSections, CountNoBlankRows) {
     for (const Sheet& sheet : kSheets) {
-        Lines lines;
+        BillLines lines;
         for (const std::string& line : Joined({Head(sheet), {Ones(sheet.columns), "合计"}})) {
             lines.insert(lines.end(), {"", line, " \t "});
         }
@@ -170,7 +170,7 @@ TEST_F(BillSheetSections, AreNotFoundByATitleOfOtherBlanks) {
     for (const auto& title : cases) {
         for (const Sheet& sheet : kSheets) {
             if (sheet.title != title.title) continue;
-            Lines head = Head(sheet);
+            BillLines head = Head(sheet);
             head[0] = title.printed;
             EXPECT_EQ(RowsRead(sheet, Joined({head, {Ones(sheet.columns), "合计"}})), 0)
                 << NameOf(sheet) << ": " << title.printed;
@@ -180,7 +180,7 @@ TEST_F(BillSheetSections, AreNotFoundByATitleOfOtherBlanks) {
 
 TEST_F(BillSheetSections, FileTheirRowsUnderTheDay) {
     for (const Sheet& sheet : kSheets) {
-        Lines head = Head(sheet);
+        BillLines head = Head(sheet);
         head[1] = "日  期:20240102 制表时间：20240102 " + Ones(sheet.columns);
         RowsRead(sheet, Joined({head, {Ones(sheet.columns), "合计"}}));
         Texts days;
@@ -205,4 +205,4 @@ TEST_F(BillSheetSections, YieldNothingFromAnEmptyStatement) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::bill_sheet_sections_test

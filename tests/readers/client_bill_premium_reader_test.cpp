@@ -9,7 +9,7 @@
 
 #include "readers/bill_sheet_fixture.h"
 
-namespace tradebill {
+namespace tradebill::client_bill_premium_reader_test {
 namespace {
 
 class ClientBillPremiumReader : public BillSheetFixture {
@@ -302,4 +302,4 @@ TEST_F(ClientBillPremiumReader, IsChosenByTheWordForPremium) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::client_bill_premium_reader_test

@@ -10,7 +10,7 @@
 
 #include "readers/bill_sheet_fixture.h"
 
-namespace tradebill {
+namespace tradebill::client_bill_reader_test {
 namespace {
 
 class ClientBillReader : public BillSheetFixture {
@@ -69,7 +69,7 @@ TEST_F(ClientBillReader, MakesNoMoneyRecordIfTheTextEndsAboveItsRow) {
 
 TEST_F(ClientBillReader, NeedsADashedRowFromTheSecondRowBelowTheMoneyTitle) {
     const struct {
-        Lines rows;
+        BillLines rows;
         int records;
     } cases[] = {
         {{"客户帐单_资金清单 ---------", "---------", "h", "h", "1 1 1 1 1 1 1 1 1", "--------"}, 0},
@@ -277,4 +277,4 @@ TEST_F(ClientBillReader, ReadsTheSameWithEitherLineEnd) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::client_bill_reader_test

@@ -10,20 +10,20 @@
 #include "readers/fixed_readers.h"
 #include "readers/scan_listener.h"
 
-namespace tradebill {
+namespace tradebill::client_bill_totals_test {
 namespace {
 
 const std::string kEmpty = "nothing";
 
-const Lines kMoneySheet = {"客户帐单_资金清单", "h", "---------", "h", "1 1 0 0 1 1 1 1 1"};
+const BillLines kMoneySheet = {"客户帐单_资金清单", "h", "---------", "h", "1 1 0 0 1 1 1 1 1"};
 
-Lines Sheet(const std::string& title, const Lines& rows, const std::string& totals) {
+BillLines Sheet(const std::string& title, const BillLines& rows, const std::string& totals) {
     return Joined({{title, "h", "h", "h"}, rows, {totals}});
 }
-Lines OpenSheet(const Lines& rows, const std::string& totals = "合计") {
+BillLines OpenSheet(const BillLines& rows, const std::string& totals = "合计") {
     return Sheet("客户帐单_持仓盈亏单", rows, totals);
 }
-Lines ClosedSheet(const Lines& rows, const std::string& totals = "合计") {
+BillLines ClosedSheet(const BillLines& rows, const std::string& totals = "合计") {
     return Sheet("客户帐单_平仓盈亏单", rows, totals);
 }
 
@@ -63,11 +63,11 @@ protected:
     ClientBillTotals() { MakeReport(201); }
 
     using ReaderFixture::Read;
-    void Read(const Lines& lines, CScanListener* listener = nullptr) {
+    void Read(const BillLines& lines, CScanListener* listener = nullptr) {
         MakeReport(201);
         Read(ReadClientBillStatement, kBillDay, BillOf(lines), listener);
     }
-    void ReadPremium(const Lines& lines, CScanListener* listener = nullptr) {
+    void ReadPremium(const BillLines& lines, CScanListener* listener = nullptr) {
         MakeReport(201);
         Read(ReadClientBillPremiumStatement, kBillDay, BillOf(lines), listener);
     }
@@ -218,7 +218,7 @@ TEST_F(ClientBillTotals, OfThePremiumFormAreZeroForSheetsWithoutRows) {
 }
 
 TEST_F(ClientBillTotals, OfThePremiumFormStayAwayWithTheirSheet) {
-    const Lines open = {"客户帐单_持仓盈亏单", "h", "h", "h", "1 1 x 1 2 1 3 1 1 1 50.5"};
+    const BillLines open = {"客户帐单_持仓盈亏单", "h", "h", "h", "1 1 x 1 2 1 3 1 1 1 50.5"};
     ReadPremium(Joined({ClosedSheet({"1 1 1 1 1 1 1 1 1 10.5 1"}), kMoneySheet, open}));
     EXPECT_EQ(MoneyField("CCDSYK"), kEmpty);
     EXPECT_EQ(MoneyField("PCYK"), "10.500000");
@@ -273,4 +273,4 @@ TEST_F(ClientBillTotals, OfThePremiumFormAddUpFieldsAsTheyAreCut) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::client_bill_totals_test

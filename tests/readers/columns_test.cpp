@@ -10,7 +10,7 @@
 
 #include "readers/reader_fixture.h"
 
-namespace tradebill {
+namespace tradebill::columns_test {
 namespace {
 
 TEST(Treated, CopiesTheColumnAsItStands) {
@@ -85,4 +85,4 @@ TEST(LastColumn, IsTheHighestThatEveryRowMustHave) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::columns_test

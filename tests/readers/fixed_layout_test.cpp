@@ -8,7 +8,7 @@
 
 #include "readers/reader_fixture.h"
 
-namespace tradebill {
+namespace tradebill::fixed_layout_test {
 namespace {
 
 // A layout of its own: each section's title is its name, it ends at "end", and its rows have two columns or more.
@@ -148,4 +148,4 @@ TEST_F(FixedLayouts, ReadNothingFromAnEmptyText) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::fixed_layout_test

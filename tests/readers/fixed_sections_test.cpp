@@ -13,7 +13,7 @@
 
 #include "readers/reader_fixture.h"
 
-namespace tradebill {
+namespace tradebill::fixed_sections_test {
 namespace {
 
 /// How a section must be read. Money sections have no rows to count: their rows fill KHQY.
@@ -245,4 +245,4 @@ INSTANTIATE_TEST_SUITE_P(AllLayouts, FixedMoneyBlocks, testing::ValuesIn(kMoneyB
                          testing::PrintToStringParamName());
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::fixed_sections_test

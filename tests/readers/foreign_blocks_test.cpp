@@ -11,7 +11,7 @@
 #include "readers/near_words.h"
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::foreign_blocks_test {
 namespace {
 
 using Names = std::vector<std::string>;
@@ -281,4 +281,4 @@ TEST_F(ForeignBlocks, AreReadWithoutATemplate) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::foreign_blocks_test

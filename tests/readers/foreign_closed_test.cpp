@@ -14,7 +14,7 @@
 #include "report/product_source.h"
 #include "report/report.h"
 
-namespace tradebill {
+namespace tradebill::foreign_closed_test {
 namespace {
 
 /// Every contract has the unit 10.
@@ -213,4 +213,4 @@ TEST_F(ForeignClosed, EndsAtTheTitlesOfItsNeighboursOnly) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::foreign_closed_test

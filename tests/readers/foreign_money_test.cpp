@@ -10,7 +10,7 @@
 #include "readers/foreign_fixture.h"
 #include "readers/near_words.h"
 
-namespace tradebill {
+namespace tradebill::foreign_money_test {
 namespace {
 
 class ForeignMoney : public ForeignFixture {
@@ -291,4 +291,4 @@ TEST_F(ForeignMoney, GrowsDayByDay) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::foreign_money_test

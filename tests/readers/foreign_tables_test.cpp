@@ -10,7 +10,7 @@
 #include "readers/foreign_fixture.h"
 #include "readers/near_words.h"
 
-namespace tradebill {
+namespace tradebill::foreign_tables_test {
 namespace {
 
 /// A table of trades or open positions, the titles that end it and one that doesn't.
@@ -306,4 +306,4 @@ TEST_F(ForeignTables, HaveNoSummary) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::foreign_tables_test

@@ -9,7 +9,7 @@
 
 #include "readers/reader_fixture.h"
 
-namespace tradebill {
+namespace tradebill::fund_class_reader_test {
 namespace {
 
 class FundClassReader : public ReaderFixture {
@@ -227,4 +227,4 @@ TEST_F(FundClassReader, ReadsTheSameWithEitherLineEnd) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::fund_class_reader_test

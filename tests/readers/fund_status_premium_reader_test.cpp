@@ -9,7 +9,7 @@
 
 #include "readers/reader_fixture.h"
 
-namespace tradebill {
+namespace tradebill::fund_status_premium_reader_test {
 namespace {
 
 class FundStatusPremiumReader : public ReaderFixture {
@@ -224,4 +224,4 @@ TEST_F(FundStatusPremiumReader, ReadsTheStatementOfItsTwinDifferently) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::fund_status_premium_reader_test

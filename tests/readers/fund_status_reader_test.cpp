@@ -8,7 +8,7 @@
 
 #include "readers/reader_fixture.h"
 
-namespace tradebill {
+namespace tradebill::fund_status_reader_test {
 namespace {
 
 class FundStatusReader : public ReaderFixture {
@@ -297,4 +297,4 @@ TEST_F(FundStatusReader, EndsASectionAtADataRowThatHoldsTheTerminatingWord) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::fund_status_reader_test

@@ -8,7 +8,7 @@
 
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::gap_side_test {
 namespace {
 
 /// A row whose fifth column stands `gap` bytes behind the fourth.
@@ -101,4 +101,4 @@ TEST(GapSide, FindsALongColumnBehindItsOwnBeginning) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::gap_side_test

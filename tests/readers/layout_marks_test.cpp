@@ -10,7 +10,7 @@
 
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::layout_marks_test {
 namespace {
 
 using Formats = std::vector<std::int32_t>;  // -1 is the foreign kind
@@ -70,4 +70,4 @@ TEST(LayoutMarks, TellTheTwoClientBillsByTheirEquity) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::layout_marks_test

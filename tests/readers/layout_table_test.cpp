@@ -12,7 +12,7 @@
 #include "report/statement_format.h"
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::layout_table_test {
 namespace {
 
 std::string_view NameFor(std::int32_t format, std::string_view text) {
@@ -102,4 +102,4 @@ TEST(LayoutTable, NeverGivesADomesticTextToTheForeignReader) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::layout_table_test

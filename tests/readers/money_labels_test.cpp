@@ -8,7 +8,7 @@
 
 #include "readers/reader_fixture.h"
 
-namespace tradebill {
+namespace tradebill::money_labels_test {
 namespace {
 
 constexpr MoneyLabel kLabels[] = {
@@ -97,4 +97,4 @@ TEST(MoneyLabels, CutTheValueToItsField) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::money_labels_test

@@ -13,7 +13,7 @@
 #include "report/report.h"
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::product_names_test {
 namespace {
 
 /// Knows copper by its name.
@@ -70,4 +70,4 @@ TEST_F(ProductNamesRead, AreAskedForInDetailsOfFormatZeroAlone) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::product_names_test

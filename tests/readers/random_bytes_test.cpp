@@ -15,7 +15,7 @@
 #include "readers/reader_fixture.h"
 #include "report/statement_format.h"
 
-namespace tradebill {
+namespace tradebill::random_bytes_test {
 namespace {
 
 constexpr std::int32_t kFormats[] = {0, 1, 2, 3, 6, 201, 5, -1};
@@ -324,4 +324,4 @@ TEST_F(RandomStatements, ReadARowOfVeryManyColumns) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::random_bytes_test

@@ -7,7 +7,7 @@
 
 #include "readers/reader_fixture.h"
 
-namespace tradebill {
+namespace tradebill::record_sink_test {
 namespace {
 
 class RecordSink : public ReaderFixture {
@@ -138,4 +138,4 @@ TEST_F(RecordSink, AddsASummaryRowToItsStoreAlone) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::record_sink_test

@@ -18,7 +18,7 @@
 #include "readers/reader_fixture.h"
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::sample_statements_test {
 namespace {
 
 constexpr double kCent = 0.01;
@@ -231,4 +231,4 @@ INSTANTIATE_TEST_SUITE_P(FixedLayouts, SampleStatements, testing::ValuesIn(kSamp
 });
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::sample_statements_test

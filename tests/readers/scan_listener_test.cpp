@@ -13,7 +13,7 @@
 #include "report/report.h"
 #include "report/request_copy.h"
 
-namespace tradebill {
+namespace tradebill::scan_listener_test {
 namespace {
 
 using Events = std::vector<std::string>;
@@ -230,4 +230,4 @@ TEST_F(ScanListener, HearsOfWhatWasReadBeforeAnError) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::scan_listener_test

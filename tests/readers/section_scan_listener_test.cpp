@@ -9,7 +9,7 @@
 #include "readers/scan_recorder.h"
 #include "readers/section_scan.h"
 
-namespace tradebill {
+namespace tradebill::section_scan_listener_test {
 namespace {
 
 using Events = std::vector<std::string>;
@@ -154,4 +154,4 @@ TEST(SectionScanListener, ChangesNothingInWhatIsRead) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::section_scan_listener_test

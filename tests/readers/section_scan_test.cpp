@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tradebill {
+namespace tradebill::section_scan_test {
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -237,4 +237,4 @@ TEST(TopScan, FindsSectionsInAnyOrder) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::section_scan_test

@@ -9,7 +9,7 @@
 
 #include "readers/bill_sheet_fixture.h"
 
-namespace tradebill {
+namespace tradebill::spaced_title_premium_reader_test {
 namespace {
 
 class SpacedTitlePremiumReader : public BillSheetFixture {
@@ -72,13 +72,13 @@ TEST_F(SpacedTitlePremiumReader, RaisesAnErrorForAFirstMoneyRowOfExactlyFiveColu
 }
 
 TEST_F(SpacedTitlePremiumReader, RaisesAnErrorIfTheTextEndsAboveAMoneyRow) {
-    const std::vector<Lines> texts = {
+    const std::vector<BillLines> texts = {
         {"资 金 清 单"},
         {"资 金 清 单", "h", "h"},
         {"资 金 清 单", "h", "h", "1 1 1 1 1 1"},
         {"资 金 清 单", "h", "h", "1 1 1 1 1 1", "h", "h"},
     };
-    for (const Lines& lines : texts) {
+    for (const BillLines& lines : texts) {
         EXPECT_EQ(ErrorOf([&] { Read(ReadSpacedTitlePremiumStatement, kBillDay, BillOf(lines)); }), 0x80070057U)
             << lines.size();
         EXPECT_TRUE(NothingRead()) << lines.size();
@@ -226,4 +226,4 @@ TEST_F(SpacedTitlePremiumReader, IsChosenByTheWordForPremium) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::spaced_title_premium_reader_test

@@ -9,7 +9,7 @@
 
 #include "readers/bill_sheet_fixture.h"
 
-namespace tradebill {
+namespace tradebill::spaced_title_reader_test {
 namespace {
 
 class SpacedTitleReader : public BillSheetFixture {
@@ -101,13 +101,13 @@ TEST_F(SpacedTitleReader, FindsNoMoneyUnderATitleOfOtherBlanks) {
 }
 
 TEST_F(SpacedTitleReader, RaisesAnErrorIfTheTextEndsAboveAMoneyRow) {
-    const std::vector<Lines> texts = {
+    const std::vector<BillLines> texts = {
         {"资 金 清 单"},
         {"资 金 清 单", "h", "h"},
         {"资 金 清 单", "h", "h", "1 1 1 1 1"},
         {"资 金 清 单", "h", "h", "1 1 1 1 1", "h", "h"},
     };
-    for (const Lines& lines : texts) {
+    for (const BillLines& lines : texts) {
         EXPECT_EQ(ErrorOf([&] { Read(ReadSpacedTitleStatement, kBillDay, BillOf(lines)); }), 0x80070057U)
             << lines.size();
         EXPECT_TRUE(NothingRead()) << lines.size();
@@ -251,4 +251,4 @@ TEST_F(SpacedTitleReader, KeepsBars) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::spaced_title_reader_test

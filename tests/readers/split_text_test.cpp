@@ -8,7 +8,7 @@
 
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::split_text_test {
 namespace {
 
 using Parts = std::vector<std::string_view>;
@@ -113,4 +113,4 @@ TEST(RowsAndColumns, PointIntoTheText) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::split_text_test

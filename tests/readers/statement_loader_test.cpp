@@ -13,7 +13,7 @@
 #include "report/statement_format.h"
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::statement_loader_test {
 namespace {
 
 using namespace std::string_literals;
@@ -197,4 +197,4 @@ TEST_F(StatementLoader, KnowsTheFormatsOfTheFixedReaders) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::statement_loader_test

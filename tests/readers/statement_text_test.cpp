@@ -7,7 +7,7 @@
 
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::statement_text_test {
 namespace {
 
 TEST(DateScan, TakesDigitsDotsAndBlanksBehindTheWord) {
@@ -58,4 +58,4 @@ TEST(DateScan, LooksThroughTheWholeText) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::statement_text_test

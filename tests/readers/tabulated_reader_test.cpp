@@ -11,7 +11,7 @@
 #include "readers/reader_fixture.h"
 #include "readers/record_sink.h"
 
-namespace tradebill {
+namespace tradebill::tabulated_reader_test {
 namespace {
 
 class TabulatedReader : public ReaderFixture {
@@ -316,4 +316,4 @@ TEST_F(TabulatedReader, MakesNoMoneyRecordWithoutATerminatingRow) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::tabulated_reader_test

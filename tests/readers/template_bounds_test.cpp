@@ -7,7 +7,7 @@
 
 #include "readers/template_fixture.h"
 
-namespace tradebill {
+namespace tradebill::template_bounds_test {
 namespace {
 
 class TemplateBounds : public TemplateFixture {
@@ -259,4 +259,4 @@ TEST_F(TemplateBounds, CountNoBlankRows) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::template_bounds_test

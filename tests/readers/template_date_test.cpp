@@ -5,7 +5,7 @@
 
 #include "readers/template_fixture.h"
 
-namespace tradebill {
+namespace tradebill::template_date_test {
 namespace {
 
 class TemplateDate : public TemplateFixture {
@@ -121,4 +121,4 @@ TEST_F(TemplateDate, IsLookedUpBehindTheChangeDate) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::template_date_test

@@ -8,7 +8,7 @@
 #include "readers/statement_loader.h"
 #include "readers/template_fixture.h"
 
-namespace tradebill {
+namespace tradebill::template_declines_test {
 namespace {
 
 class TemplateDeclines : public TemplateFixture {
@@ -241,4 +241,4 @@ TEST_F(TemplateDispatch, GivesStatementsWithPremiumToTheTemplateToo) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::template_declines_test

@@ -6,7 +6,7 @@
 
 #include "readers/template_fixture.h"
 
-namespace tradebill {
+namespace tradebill::template_ini_test {
 namespace {
 
 class TemplateIni : public TemplateFixture {
@@ -190,4 +190,4 @@ TEST_F(TemplateIni, ReadsAFileWithoutALineEndAtItsEnd) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::template_ini_test

@@ -6,7 +6,7 @@
 
 #include "readers/template_fixture.h"
 
-namespace tradebill {
+namespace tradebill::template_labels_test {
 namespace {
 
 class TemplateLabels : public TemplateFixture {
@@ -185,4 +185,4 @@ TEST_F(TemplateLabels, FeedTheDaysFigures) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::template_labels_test

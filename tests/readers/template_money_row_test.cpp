@@ -5,7 +5,7 @@
 
 #include "readers/template_fixture.h"
 
-namespace tradebill {
+namespace tradebill::template_money_row_test {
 namespace {
 
 class TemplateMoneyRow : public TemplateFixture {
@@ -183,4 +183,4 @@ TEST_F(TemplateMoneyRow, FeedsTheDaysFigures) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::template_money_row_test

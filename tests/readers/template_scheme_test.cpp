@@ -8,7 +8,7 @@
 
 #include "readers/template_fixture.h"
 
-namespace tradebill {
+namespace tradebill::template_scheme_test {
 namespace {
 
 constexpr std::uint32_t kOutOfBounds = 0x80004005;
@@ -257,4 +257,4 @@ TEST_F(TemplateScheme, ReadsEachTableBySectionsOfTheirOwnName) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::template_scheme_test

@@ -7,7 +7,7 @@
 
 #include "readers/template_fixture.h"
 
-namespace tradebill {
+namespace tradebill::template_sides_test {
 namespace {
 
 class TemplateSides : public TemplateFixture {
@@ -272,4 +272,4 @@ TEST_F(TemplateSides, MakeOneColumnOfADetailRowWithoutADelimiter) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::template_sides_test

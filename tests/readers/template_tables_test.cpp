@@ -8,7 +8,7 @@
 
 #include "readers/template_fixture.h"
 
-namespace tradebill {
+namespace tradebill::template_tables_test {
 namespace {
 
 // clang-format off
@@ -232,4 +232,4 @@ TEST_F(TemplateTables, AreReadOnlyIfTheirFlagIsSet) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::template_tables_test

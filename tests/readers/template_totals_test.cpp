@@ -8,7 +8,7 @@
 
 #include "readers/template_fixture.h"
 
-namespace tradebill {
+namespace tradebill::template_totals_test {
 namespace {
 
 class TemplateTotals : public TemplateFixture {
@@ -228,4 +228,4 @@ TEST_F(TemplateTotals, AreNotReportedBehindAnError) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::template_totals_test

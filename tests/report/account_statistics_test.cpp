@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace tradebill {
+namespace tradebill::account_statistics_test {
 namespace {
 
 TEST(AccountStatisticsOf, RowsGrowWithEach) {
@@ -46,4 +46,4 @@ TEST(AccountStatisticsOf, NothingAreZero) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::account_statistics_test

@@ -10,7 +10,7 @@
 #include "support/gbk_text.h"
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::chain_table_test {
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -216,4 +216,4 @@ TEST(ContractChain, ContainsItsItemsToTheLetter) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::chain_table_test

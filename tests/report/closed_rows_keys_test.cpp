@@ -8,7 +8,7 @@
 
 #include "report/closed_rows_fixture.h"
 
-namespace tradebill {
+namespace tradebill::closed_rows_keys_test {
 namespace {
 
 TEST_F(ClosedRows, AreKeyedByContractAndDeliveryInThreeFormats) {
@@ -90,4 +90,4 @@ TEST_F(ClosedRows, AskForTheUnitWithDeliveryInFormatZero) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::closed_rows_keys_test

@@ -8,7 +8,7 @@
 
 #include "report/closed_rows_fixture.h"
 
-namespace tradebill {
+namespace tradebill::closed_rows_test {
 namespace {
 
 /// One closed position of cu1105, P/L in points.
@@ -305,4 +305,4 @@ TEST_F(ForeignRows, KeepNothingOfTheRowItself) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::closed_rows_test

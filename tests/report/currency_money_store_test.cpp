@@ -8,7 +8,7 @@
 #include "report/record_makers.h"
 #include "support/store_fixture.h"
 
-namespace tradebill {
+namespace tradebill::currency_money_store_test {
 namespace {
 
 using Names = std::vector<std::string>;
@@ -91,4 +91,4 @@ TEST_F(CurrencyMoneyStoreTest, IsAsNewAfterClear) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::currency_money_store_test

@@ -11,7 +11,7 @@
 #include "report/record_makers.h"
 #include "support/store_fixture.h"
 
-namespace tradebill {
+namespace tradebill::money_store_test {
 namespace {
 
 class MoneyStoreTest : public StoreFixture {
@@ -352,4 +352,4 @@ TEST_F(MoneyStoreTest, FindsTheRecordOfADayThatCameLast) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::money_store_test

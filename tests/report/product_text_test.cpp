@@ -13,7 +13,7 @@
 #include "report/request_copy.h"
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::product_text_test {
 namespace {
 
 TEST(ProductText, IsTheContractUpToItsFirstDigit) {
@@ -98,4 +98,4 @@ TEST_F(ProductNames, LoseTheirBlanksWithoutASourceToo) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::product_text_test

@@ -6,7 +6,7 @@
 #include <span>
 #include <string>
 
-namespace tradebill {
+namespace tradebill::record_fields_test {
 namespace {
 
 template <class Record>
@@ -61,4 +61,4 @@ TEST(RecordFields, StandApart) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::record_fields_test

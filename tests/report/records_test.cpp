@@ -12,7 +12,7 @@
 #include "base/number.h"
 #include "base/text.h"
 
-namespace tradebill {
+namespace tradebill::records_test {
 namespace {
 
 struct FieldPlace {
@@ -172,4 +172,4 @@ TEST(Records, AbsentColumnsReadAsZero) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::records_test

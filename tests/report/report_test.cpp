@@ -13,7 +13,7 @@
 #include "support/gbk_text.h"
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::report_test {
 namespace {
 
 TEST(Report, IsForeignForKindTwoAlone) {
@@ -144,4 +144,4 @@ TEST(Report, KeepsBehindClearWhatItIsAskedAndWhatStoreAndDocumentSayOfThemselves
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::report_test

@@ -10,7 +10,7 @@
 #include "report/record_makers.h"
 #include "support/store_fixture.h"
 
-namespace tradebill {
+namespace tradebill::request_copy_test {
 namespace {
 
 class RequestCopy : public StoreFixture {};
@@ -101,4 +101,4 @@ TEST_F(RequestCopy, HoldsTheCurrencyCountToTheArray) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::request_copy_test

@@ -9,7 +9,7 @@
 #include "report/record_makers.h"
 #include "support/store_fixture.h"
 
-namespace tradebill {
+namespace tradebill::row_store_test {
 namespace {
 
 TEST(RowStore, KeepsRowsInOrderOfAdding) {
@@ -68,4 +68,4 @@ TEST_F(RowStores, AreFourApart) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::row_store_test

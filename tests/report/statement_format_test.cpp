@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace tradebill {
+namespace tradebill::statement_format_test {
 namespace {
 
 /// What the layouts of a number are like.
@@ -66,4 +66,4 @@ TEST(StatementFormats, NameTheDeliveryApartInThreeFormats) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::statement_format_test

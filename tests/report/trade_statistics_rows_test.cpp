@@ -11,7 +11,7 @@
 #include "report/record_makers.h"
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::trade_statistics_rows_test {
 namespace {
 
 constexpr std::string_view kDay = "20240102";
@@ -254,4 +254,4 @@ TEST_F(PositionRows, SurviveLotsAtTheEndsOfTheRange) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::trade_statistics_rows_test

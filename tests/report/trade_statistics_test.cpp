@@ -11,7 +11,7 @@
 #include "report/record_makers.h"
 #include "support/store_fixture.h"
 
-namespace tradebill {
+namespace tradebill::trade_statistics_test {
 namespace {
 
 class DayFiguresTest : public StoreFixture {
@@ -165,4 +165,4 @@ TEST_F(DayFiguresTest, AreToldByDayAndAreZeroForAnUnknownOne) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::trade_statistics_test

@@ -19,7 +19,7 @@
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 
-namespace tradebill {
+namespace tradebill::account_figures_test {
 namespace {
 
 /// The definition: the largest fall over all pairs, never below 0.
@@ -219,4 +219,4 @@ TEST_F(AccountFigures, LeaveTheCountersOfTheRowsAlone) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::account_figures_test

@@ -14,7 +14,7 @@
 #include "support/store_fixture.h"
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::daily_series_test {
 namespace {
 
 class MarginOffset : public StoreFixture {
@@ -332,4 +332,4 @@ TEST_F(Yields, LeaveRisksAlone) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::daily_series_test

@@ -1,7 +1,6 @@
 // What nearly every test includes: precompiled. Each test still includes what it uses.
 #pragma once
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -4,7 +4,7 @@
 #include "driver/report_request.h"
 
 #if defined(_WIN32)
-#include <windows.h>
+#include "support/windows_header.h"
 
 #include <cstdint>
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #if defined(_WIN32)
-#include <windows.h>
+#include "support/windows_header.h"
 #else
 #include "base/report_error.h"
 #endif

@@ -11,7 +11,7 @@
 #include "support/temp_folder.h"
 
 #if defined(_WIN32)
-#include <windows.h>
+#include "support/windows_header.h"
 
 #include "platform/windows/unique_handle.h"
 #else

@@ -10,7 +10,7 @@
 #include "paint/picture_file.h"
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::linux_gallery_pictures_test {
 namespace {
 
 /// Painting of glyphs changes a little from one FreeType to the next: few pixels may differ by more than a shade.
@@ -63,4 +63,4 @@ INSTANTIATE_TEST_SUITE_P(Gallery, GalleryPicture,
                                          "line-bars-few-192.png"));
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::linux_gallery_pictures_test

@@ -10,7 +10,7 @@
 
 #include "cli/program_fixture.h"
 
-namespace tradebill {
+namespace tradebill::linux_terminal_test {
 namespace {
 
 /// What the program shows on a terminal, which takes its standard error; its output goes to `out`.
@@ -46,4 +46,4 @@ TEST_F(Program, ShowsNoProgressOnATerminalIfQuiet) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::linux_terminal_test

@@ -7,7 +7,7 @@
 #include "cli/gallery_charts.h"
 #include "comparison/windows/two_canvases.h"
 
-namespace tradebill {
+namespace tradebill::windows_gallery_canvases_test {
 namespace {
 
 /// How a chart is looked at. What isn't told is as in the gallery.
@@ -102,4 +102,4 @@ TEST(TwoCanvases, MeasureTextsAlike) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::windows_gallery_canvases_test

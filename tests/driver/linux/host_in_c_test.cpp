@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace tradebill {
+namespace tradebill::linux_host_in_c_test {
 namespace {
 
 TEST(HostInC, CanUseAllOfTheHeader) {
@@ -10,4 +10,4 @@ TEST(HostInC, CanUseAllOfTheHeader) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::linux_host_in_c_test

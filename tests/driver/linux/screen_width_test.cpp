@@ -5,7 +5,7 @@
 #include "driver/host_module.h"
 #include "driver/report_request.h"
 
-namespace tradebill {
+namespace tradebill::linux_screen_width_test {
 namespace {
 
 TEST(ScreenWidth, IsWhatTheHostSays) {
@@ -20,4 +20,4 @@ TEST(ScreenWidth, IsWhatTheHostSays) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::linux_screen_width_test

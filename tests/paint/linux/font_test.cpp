@@ -6,7 +6,7 @@
 
 #include "support/gbk_text.h"
 
-namespace tradebill {
+namespace tradebill::linux_font_test {
 namespace {
 
 // Arial's stand-in has a cell of 2288 / 2048 em and lacks Chinese: what takes its place there takes its em, not a cell
@@ -22,4 +22,4 @@ TEST(LinuxFont, TakesMissingCharactersAtTheSameEm) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::linux_font_test

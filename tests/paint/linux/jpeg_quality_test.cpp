@@ -8,7 +8,7 @@
 #include "paint/picture_file.h"
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::linux_jpeg_quality_test {
 namespace {
 
 TEST(JpegQuality, MakesASmallerFileIfItIsLower) {
@@ -33,4 +33,4 @@ TEST(JpegQuality, MakesASmallerFileIfItIsLower) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::linux_jpeg_quality_test

@@ -8,7 +8,7 @@
 #include "support/picture_beginnings.h"
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::linux_picture_size_test {
 namespace {
 
 class HeadOfPicture : public testing::Test {
@@ -31,4 +31,4 @@ TEST_F(HeadOfPicture, JpegIsItsPixels) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::linux_picture_size_test

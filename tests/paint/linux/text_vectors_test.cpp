@@ -11,7 +11,7 @@
 #include "paint/freetype/scaled_face.h"
 #include "platform/text_encoding.h"
 
-namespace tradebill {
+namespace tradebill::linux_text_vectors_test {
 namespace {
 
 /// Where Debian's packages put the recorded font files.
@@ -76,4 +76,4 @@ TEST(TextVectors, GiveTheRecordedMeasures) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::linux_text_vectors_test

@@ -4,7 +4,7 @@
 
 #include <limits>
 
-namespace tradebill {
+namespace tradebill::windows_far_line_test {
 namespace {
 
 using Line = std::pair<Point, Point>;
@@ -40,4 +40,4 @@ TEST(FarLine, IsNothingIfAllOfItIsFar) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::windows_far_line_test

@@ -7,7 +7,7 @@
 
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::linux_file_test {
 namespace {
 
 TEST(LinuxStatementFile, IsNotReadIfItIsNoPlainFile) {
@@ -25,4 +25,4 @@ TEST(LinuxStatementFile, IsNotReadIfItCantBeWritten) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::linux_file_test

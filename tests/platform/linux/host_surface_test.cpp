@@ -5,7 +5,7 @@
 #include <array>
 #include <cstdint>
 
-namespace tradebill {
+namespace tradebill::linux_host_surface_test {
 namespace {
 
 TEST(HostSurface, TellsOfATargetThatCannotBe) {
@@ -28,4 +28,4 @@ TEST(HostSurface, TellsOfATargetThatCannotBe) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::linux_host_surface_test

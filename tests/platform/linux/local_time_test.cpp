@@ -4,7 +4,7 @@
 
 #include <limits>
 
-namespace tradebill {
+namespace tradebill::linux_local_time_test {
 namespace {
 
 TEST(LinuxLocalDayOf, IsNothingForATimeBeyondTheCalendar) {
@@ -16,4 +16,4 @@ TEST(LinuxLocalDayOf, IsNothingForATimeBeyondTheCalendar) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::linux_local_time_test

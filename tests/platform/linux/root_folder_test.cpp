@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <string>
 
-namespace tradebill {
+namespace tradebill::linux_root_folder_test {
 namespace {
 
 TEST(LinuxProgramFolder, IsTheExecutablesFolder) {
@@ -14,4 +14,4 @@ TEST(LinuxProgramFolder, IsTheExecutablesFolder) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::linux_root_folder_test

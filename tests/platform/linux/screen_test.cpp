@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace tradebill {
+namespace tradebill::linux_screen_test {
 namespace {
 
 TEST(LinuxScreen, IsAsWideAsDisplaysUsuallyAre) {
@@ -10,4 +10,4 @@ TEST(LinuxScreen, IsAsWideAsDisplaysUsuallyAre) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::linux_screen_test

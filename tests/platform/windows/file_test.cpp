@@ -1,15 +1,15 @@
 #include "platform/file.h"
 
 #include <gtest/gtest.h>
-#include <windows.h>
 
 #include <string>
 
 #include "platform/paths.h"
 #include "platform/windows/unique_handle.h"
 #include "support/temp_folder.h"
+#include "support/windows_header.h"
 
-namespace tradebill {
+namespace tradebill::windows_file_test {
 namespace {
 
 TEST(WindowsStatementFile, IsNotReadIfAnotherHoldsItForItself) {
@@ -54,4 +54,4 @@ TEST(WindowsPath, IsShownWithBackslashes) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::windows_file_test

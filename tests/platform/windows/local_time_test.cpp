@@ -4,7 +4,7 @@
 
 #include <limits>
 
-namespace tradebill {
+namespace tradebill::windows_local_time_test {
 namespace {
 
 TEST(WindowsLocalDayOf, IsNothingForATimeBeyondTheCalendar) {
@@ -16,4 +16,4 @@ TEST(WindowsLocalDayOf, IsNothingForATimeBeyondTheCalendar) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::windows_local_time_test

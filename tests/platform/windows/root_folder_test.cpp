@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace tradebill {
+namespace tradebill::windows_root_folder_test {
 namespace {
 
 TEST(WindowsRootFolder, LosesTheSeparatorsAtItsEndButNoHalfOfACharacter) {
@@ -11,4 +11,4 @@ TEST(WindowsRootFolder, LosesTheSeparatorsAtItsEndButNoHalfOfACharacter) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::windows_root_folder_test

@@ -1,9 +1,10 @@
 #include "platform/screen.h"
 
 #include <gtest/gtest.h>
-#include <windows.h>
 
-namespace tradebill {
+#include "support/windows_header.h"
+
+namespace tradebill::windows_screen_test {
 namespace {
 
 TEST(WindowsScreen, IsAsWideAsTheDisplay) {
@@ -15,4 +16,4 @@ TEST(WindowsScreen, IsAsWideAsTheDisplay) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::windows_screen_test

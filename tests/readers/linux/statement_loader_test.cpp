@@ -11,7 +11,7 @@
 #include "readers/reader_fixture.h"
 #include "support/temp_folder.h"
 
-namespace tradebill {
+namespace tradebill::linux_statement_loader_test {
 namespace {
 
 constexpr std::string_view kFileDay = "20240105";
@@ -69,4 +69,4 @@ TEST_F(LinuxStatementLoader, PassesOverAPipe) {
 }
 
 }  // namespace
-}  // namespace tradebill
+}  // namespace tradebill::linux_statement_loader_test
