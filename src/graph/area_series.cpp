@@ -1,5 +1,6 @@
 #include "graph/area_series.h"
 
+#include <array>
 #include <cstddef>
 #include <optional>
 #include <vector>
@@ -12,7 +13,6 @@ namespace {
 
 constexpr Color kBandColor = 0xBB937A;
 constexpr Color kGroundColor = 0x62599C;
-constexpr Pen kGroundPen{.width = 0, .color = 0x6259BC};
 constexpr std::int32_t kOverlap = 2;  ///< pixels that a band rises over its lower line
 
 /// The points of a group, one per position; nothing where its value is missing.
@@ -39,29 +39,31 @@ void ForEachPart(const Edge& edge, Paint paint) {
     }
 }
 
+/// Without an outline: parts that lie side by side show no seams.
+void FillFourSides(CCanvas& canvas, const std::array<Point, 4>& corners) {
+    canvas.BeginPath();
+    canvas.MoveTo(corners[0]);
+    for (std::size_t i = 1; i < corners.size(); ++i) canvas.LineTo(corners[i]);
+    canvas.EndPath();
+    canvas.FillPath();
+}
+
 void FillBand(CCanvas& canvas, const Edge& lower, const Edge& upper) {
     const CBrushScope brush(canvas, kBandColor);
     ForEachPart(lower, [&](std::size_t second, Point from, Point to) {
         if (!upper[second - 1] || !upper[second]) return;
-        canvas.BeginPath();
-        canvas.MoveTo({from.x, from.y - kOverlap});
-        canvas.LineTo({to.x, to.y - kOverlap});
-        canvas.LineTo(*upper[second]);
-        canvas.LineTo(*upper[second - 1]);
-        canvas.EndPath();
-        canvas.FillPath();
+        FillFourSides(canvas, {Point{from.x, from.y - kOverlap}, Point{to.x, to.y - kOverlap}, *upper[second],
+                               *upper[second - 1]});
     });
 }
 
 void FillGround(CCanvas& canvas, const GraphLayout& layout, const Edge& edge) {
-    const CPenScope pen(canvas, kGroundPen);
     const CBrushScope brush(canvas, kGroundColor);
     const auto onAxis = [&](Point point) {
         return layout.axes.isLying ? Point{layout.xApexPoint, point.y} : Point{point.x, layout.yApexPoint};
     };
     ForEachPart(edge, [&](std::size_t, Point from, Point to) {
-        const Point corners[] = {from, to, onAxis(to), onAxis(from)};
-        canvas.Polygon(corners);
+        FillFourSides(canvas, {from, to, onAxis(to), onAxis(from)});
     });
 }
 

@@ -10,7 +10,6 @@ namespace {
 
 constexpr Pen kRed{.width = 1, .color = 0x0000C0};
 constexpr Pen kBlue{.width = 1, .color = 0xC00000};
-constexpr Pen kGround{.width = 0, .color = 0x6259BC};
 constexpr Color kBand = 0xBB937A;
 constexpr Color kUnder = 0x62599C;
 using Lines = std::vector<PaintedLine>;
@@ -33,8 +32,8 @@ TEST_F(AreaSeries, FillsBetweenItsGroupsAndUnderTheFirst) {
     Draw();
     EXPECT_EQ(canvas_.polygons, (Polygons{{{{54, 202}, {429, 186}, {429, 140}, {54, 156}}, std::nullopt, kBand},
                                           {{{429, 186}, {804, 170}, {804, 124}, {429, 140}}, std::nullopt, kBand},
-                                          {{{54, 204}, {429, 188}, {429, 220}, {54, 220}}, kGround, kUnder},
-                                          {{{429, 188}, {804, 172}, {804, 220}, {429, 220}}, kGround, kUnder}}));
+                                          {{{54, 204}, {429, 188}, {429, 220}, {54, 220}}, std::nullopt, kUnder},
+                                          {{{429, 188}, {804, 172}, {804, 220}, {429, 220}}, std::nullopt, kUnder}}));
     EXPECT_EQ(canvas_.LinesOf(kRed), (Lines{{{54, 204}, {429, 188}, kRed}, {{429, 188}, {804, 172}, kRed}}));
     EXPECT_EQ(canvas_.LinesOf(kBlue), (Lines{{{54, 156}, {429, 140}, kBlue}, {{429, 140}, {804, 124}, kBlue}}));
     EXPECT_TRUE(canvas_.ellipses.empty());
@@ -65,7 +64,7 @@ TEST_F(AreaSeries, HasNoBandForOneGroup) {
     AddGroups({10});
     AddGroups({20});
     Draw();
-    EXPECT_EQ(canvas_.polygons, (Polygons{{{{54, 204}, {805, 188}, {805, 220}, {54, 220}}, kGround, kUnder}}));
+    EXPECT_EQ(canvas_.polygons, (Polygons{{{{54, 204}, {805, 188}, {805, 220}, {54, 220}}, std::nullopt, kUnder}}));
 }
 
 // The second position lacks the first group, the fourth the second one.
@@ -75,7 +74,7 @@ TEST_F(AreaSeries, LeavesAGapForAMissingValue) {
     AddGroups({10, 40});
     AddGroups({10, -5});
     Draw();  // 54, 304, 554, 804
-    EXPECT_EQ(canvas_.polygons, (Polygons{{{{554, 204}, {804, 204}, {804, 220}, {554, 220}}, kGround, kUnder}}));
+    EXPECT_EQ(canvas_.polygons, (Polygons{{{{554, 204}, {804, 204}, {804, 220}, {554, 220}}, std::nullopt, kUnder}}));
     EXPECT_EQ(canvas_.LinesOf(kRed), (Lines{{{554, 204}, {804, 204}, kRed}}));
     EXPECT_EQ(canvas_.LinesOf(kBlue), (Lines{{{54, 156}, {304, 140}, kBlue}, {{304, 140}, {554, 156}, kBlue}}));
 }
