@@ -8,10 +8,10 @@ namespace tradebill {
 namespace {
 
 constexpr std::int64_t kMostExact = 1 << 15;  // wide or high: up to here the rim is followed pixel by pixel
-constexpr int kFarCorners = 4096;             // of what stands for the rim of a larger one
+constexpr int kFarCorners = 4096;             // of what stands for the whole rim of a larger one
 
-bool IsFar(const Box& box) {
-    return std::max(std::int64_t{box.right} - box.left, std::int64_t{box.bottom} - box.top) > kMostExact;
+bool IsFar(std::int64_t width, std::int64_t height) {
+    return std::max(width, height) > kMostExact;
 }
 
 /// The rim's quarter right and below the middle, from the right end down to the lowest row, by an integer error term.
@@ -44,75 +44,73 @@ Figure RimQuarter(std::int64_t width, std::int64_t height) {
     return points;
 }
 
-struct Direction {
-    std::int64_t x;
-    std::int64_t y;
-    bool isLowerHalf;  ///< of a way round from the right end, over the top first
-
-    Direction(std::int64_t toX, std::int64_t toY) : x(toX), y(toY), isLowerHalf(y > 0 || (y == 0 && x < 0)) {}
-};
-
-/// A pixel of the rim, and the direction in which it is looked at. Mirrored pixels are looked at in the mirrored
-/// direction, so that of an even height both middle rows lie level with the middle.
-struct RimPixel {
-    FarPoint at;
-    Direction direction;
-};
-
-/// The whole rim, counter-clockwise from the right end, no pixel twice in a row.
-std::vector<RimPixel> Rim(std::int64_t width, std::int64_t height) {
-    const Figure quarter = RimQuarter(width, height);
-    std::vector<RimPixel> rim;
-    const auto add = [&](FarPoint point, bool flipX, bool flipY) {
-        const FarPoint placed{flipX ? width - 1 - point.x : point.x, flipY ? height - 1 - point.y : point.y};
-        if (!rim.empty() && rim.back().at == placed) return;
-        const FarPoint seen{point.x - width / 2, point.y - height / 2};
-        rim.push_back({placed, {flipX ? -seen.x : seen.x, flipY ? -seen.y : seen.y}});
-    };
-    for (auto point = quarter.begin(); point != quarter.end(); ++point) add(*point, false, true);
-    for (auto point = quarter.rbegin(); point != quarter.rend(); ++point) add(*point, true, true);
-    for (auto point = quarter.begin(); point != quarter.end(); ++point) add(*point, true, false);
-    for (auto point = quarter.rbegin(); point != quarter.rend(); ++point) add(*point, false, false);
-    rim.back().direction.isLowerHalf = true;  // a whole turn, not the start of one
-    return rim;
-}
-
-/// Corners on the rim of an ellipse too large to follow.
-std::vector<RimPixel> FarRim(std::int64_t width, std::int64_t height) {
-    std::vector<RimPixel> rim;
-    for (int i = 0; i < kFarCorners; ++i) {
+/// What stands for it if the ellipse is too large to follow.
+Figure FarRimQuarter(std::int64_t width, std::int64_t height) {
+    Figure points;
+    for (int i = 0; i < kFarCorners / 4; ++i) {
         const double angle = 2 * std::numbers::pi * i / kFarCorners;
         const double x = (1 + std::cos(angle)) / 2 * static_cast<double>(width - 1);
-        const double y = (1 - std::sin(angle)) / 2 * static_cast<double>(height - 1);
-        const FarPoint at{std::llround(x), std::llround(y)};
-        rim.push_back({at, {at.x - width / 2, at.y - height / 2}});
+        const double y = (1 + std::sin(angle)) / 2 * static_cast<double>(height - 1);
+        points.push_back({std::llround(x), std::llround(y)});
     }
-    return rim;
+    return points;
 }
 
-/// 1 if `direction` lies behind `other` on the way round from the right end, counter-clockwise; 0 if it is the same.
-int Compare(const Direction& direction, const Direction& other) {
-    if (direction.isLowerHalf != other.isLowerHalf) return direction.isLowerHalf ? 1 : -1;
-    const __int128 cross = static_cast<__int128>(direction.x) * other.y - static_cast<__int128>(direction.y) * other.x;
-    return cross > 0 ? 1 : cross < 0 ? -1 : 0;
-}
+/// The whole rim: its quarter, mirrored. Where a size is odd, the pixels in the middle come twice. Places on it count
+/// counter-clockwise from the right end.
+class CRim {
+public:
+    CRim(std::int64_t width, std::int64_t height)
+        : width_(width),
+          height_(height),
+          quarter_(IsFar(width, height) ? FarRimQuarter(width, height) : RimQuarter(width, height)) {}
 
-/// The first rim pixel at or past a direction; below the middle, past it.
-std::size_t FirstAt(const std::vector<RimPixel>& rim, const Direction& direction) {
-    const int least = direction.y > 0 ? 1 : 0;
-    for (std::size_t i = 0; i < rim.size(); ++i) {
-        if (Compare(rim[i].direction, direction) >= least) return i;
+    /// Of places.
+    [[nodiscard]] std::size_t Size() const { return 4 * quarter_.size(); }
+
+    /// Counted from the box's left top corner. Places behind the last one begin anew.
+    [[nodiscard]] FarPoint At(std::size_t place) const {
+        const std::size_t number = place / quarter_.size() % 4;
+        const std::size_t along = place % quarter_.size();
+        const FarPoint& point = quarter_[number % 2 == 0 ? along : quarter_.size() - 1 - along];
+        const bool isLeft = number == 1 || number == 2;
+        const bool isUpper = number < 2;
+        return {isLeft ? width_ - 1 - point.x : point.x, isUpper ? height_ - 1 - point.y : point.y};
     }
-    return 0;
-}
 
-/// The rim of a box, in the bitmap's coordinates.
-std::vector<RimPixel> RimIn(const Box& box) {
-    const std::int64_t width = std::int64_t{box.right} - box.left;
-    const std::int64_t height = std::int64_t{box.bottom} - box.top;
-    std::vector<RimPixel> rim = IsFar(box) ? FarRim(width, height) : Rim(width, height);
-    for (RimPixel& pixel : rim) pixel.at = {pixel.at.x + box.left, pixel.at.y + box.top};
-    return rim;
+    /// The first place at or past a direction, as seen from the middle; below the middle, past it. It is looked for in
+    /// the direction's own quarter, and if there is none, it is where the next one begins: from 0 to Size().
+    [[nodiscard]] std::size_t FirstAt(const FarPoint& direction) const {
+        const bool isRight = direction.x >= 0;
+        const bool isUpper = direction.y <= 0;
+        const std::int64_t x = std::abs(direction.x);
+        const std::int64_t y = std::abs(direction.y);
+        const auto first = std::ranges::find_if(quarter_, [&](const FarPoint& point) {
+            const __int128 steeper =
+                static_cast<__int128>(point.y - height_ / 2) * x - static_cast<__int128>(point.x - width_ / 2) * y;
+            return isRight ? steeper >= 0 : steeper > 0;
+        });
+        const auto along = static_cast<std::size_t>(first - quarter_.begin());
+        if (isUpper) return isRight ? along : 2 * quarter_.size() - along;
+        return isRight ? Size() - along : 2 * quarter_.size() + along;
+    }
+
+private:
+    std::int64_t width_;
+    std::int64_t height_;
+    Figure quarter_;
+};
+
+/// Places from `first` to before `end`, in the bitmap's coordinates if the box's left top corner is `leftTop`; no pixel
+/// twice in a row.
+Figure PartOf(const CRim& rim, std::size_t first, std::size_t end, FarPoint leftTop) {
+    Figure part;
+    for (std::size_t place = first; place < end; ++place) {
+        const FarPoint at = rim.At(place);
+        const FarPoint placed{at.x + leftTop.x, at.y + leftTop.y};
+        if (part.empty() || part.back() != placed) part.push_back(placed);
+    }
+    return part;
 }
 
 }  // namespace
@@ -134,17 +132,18 @@ const EllipseShape& CRaster::ShapeOf(std::int64_t width, std::int64_t height) {
     if (shape_.width == width && shape_.height == height) return shape_;
     shape_ = {.width = width, .height = height, .rim = {}, .rows = {}};
     shape_.rows.assign(static_cast<std::size_t>(height), {width, 0});
-    for (const RimPixel& pixel : Rim(width, height)) {
-        shape_.rim.push_back(pixel.at);
-        EllipseShape::Extent& row = shape_.rows[static_cast<std::size_t>(pixel.at.y)];
-        row = {std::min(row.left, pixel.at.x), std::max(row.right, pixel.at.x)};
+    const CRim rim(width, height);
+    shape_.rim = PartOf(rim, 0, rim.Size(), {0, 0});
+    for (const FarPoint& at : shape_.rim) {
+        EllipseShape::Extent& row = shape_.rows[static_cast<std::size_t>(at.y)];
+        row = {std::min(row.left, at.x), std::max(row.right, at.x)};
     }
     return shape_;
 }
 
 void CRaster::DrawFarEllipse(const Box& box, const Stroke& stroke, const std::uint32_t* brush) {
-    Figure corners;
-    for (const RimPixel& corner : RimIn(box)) corners.push_back(corner.at);
+    const CRim rim(std::int64_t{box.right} - box.left, std::int64_t{box.bottom} - box.top);
+    const Figure corners = PartOf(rim, 0, rim.Size(), {box.left, box.top});
     if (brush != nullptr) FillFigure(corners, FillRule::Alternate, *brush);
     DrawOutline(corners, stroke.width, stroke.pixel);
 }
@@ -158,7 +157,7 @@ void CRaster::DrawEllipse(const Box& box, const Stroke& stroke, const std::uint3
         DrawBox(sorted, stroke, brush);
         return;
     }
-    if (IsFar(sorted)) {
+    if (IsFar(width, height)) {
         DrawFarEllipse(sorted, stroke, brush);
         return;
     }
@@ -179,18 +178,16 @@ void CRaster::DrawEllipse(const Box& box, const Stroke& stroke, const std::uint3
 void CRaster::DrawPie(const Box& box, Point start, Point end, const Stroke& stroke, const std::uint32_t* brush) {
     const Box sorted = Sorted(box);
     if (sorted.left == sorted.right || sorted.top == sorted.bottom) return;
-    const std::vector<RimPixel> rim = RimIn(sorted);
-    if (rim.empty()) return;
-    const FarPoint middle{sorted.left + (std::int64_t{sorted.right} - sorted.left) / 2,
-                          sorted.top + (std::int64_t{sorted.bottom} - sorted.top) / 2};
-    const auto directionOf = [&](Point point) { return Direction{point.x - middle.x, point.y - middle.y}; };
-    const std::size_t behind = FirstAt(rim, directionOf(end));
-    Figure outline;
-    std::size_t at = FirstAt(rim, directionOf(start));
-    do {
-        outline.push_back(rim[at].at);
-        at = (at + 1) % rim.size();
-    } while (at != behind);
+    const std::int64_t width = std::int64_t{sorted.right} - sorted.left;
+    const std::int64_t height = std::int64_t{sorted.bottom} - sorted.top;
+    const FarPoint middle{sorted.left + width / 2, sorted.top + height / 2};
+    const CRim rim(width, height);
+    const auto placeOf = [&](Point point) { return rim.FirstAt({point.x - middle.x, point.y - middle.y}); };
+    const std::size_t first = placeOf(start);
+    const std::size_t last = placeOf(end);
+    const std::size_t behind = last > first ? last : last + rim.Size();
+    if (behind == first) return;  // from the end of a round to its beginning
+    Figure outline = PartOf(rim, first, behind, {sorted.left, sorted.top});
     outline.push_back(middle);
     if (brush != nullptr) FillFigure(outline, FillRule::NonZero, *brush);
     DrawOutline(outline, stroke.width, stroke.pixel);
