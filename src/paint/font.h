@@ -31,7 +31,8 @@ struct TextMetrics {
 };
 
 /// Width and height of a GBK text on one line, whatever its direction: the sum of whole advances, no kerning. A
-/// character that the face lacks is measured in a face that has it; without any font each counts as a box.
+/// character that the face lacks is measured in a face that has it; without any font each counts as a box. A control
+/// character that the face lacks is a blank, as wide as its space.
 [[nodiscard]] TextExtent MeasureText(const Font& font, std::string_view text);
 
 [[nodiscard]] TextMetrics MetricsOf(const Font& font);

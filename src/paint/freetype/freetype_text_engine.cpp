@@ -46,6 +46,7 @@ public:
         const CTurnedText places(line.leftTop, font.escapement);
         for (const PlacedGlyph& glyph : LayOutText(font, line.text)) {
             if (glyph.face == nullptr) {
+                if (IsControl(glyph.character)) continue;
                 FillGlyphBox(bitmap, seen, places.At(glyph.offset + 1, ascent / 4.0),
                              places.At(glyph.offset + glyph.advance - 1, ascent), line.pixel);
                 continue;

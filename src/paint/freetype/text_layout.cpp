@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "paint/raster/text_engine.h"
 #include "platform/text_encoding.h"
 
 namespace tradebill {
@@ -42,6 +43,12 @@ CScaledFace* FaceWith(char32_t character, std::int32_t pixelsPerEm, const std::v
     return nullptr;
 }
 
+/// What is written for a character: for a control that the font's own face lacks a space.
+char32_t WrittenFor(char32_t character, std::int32_t pixelsPerEm, const std::vector<FaceChoice>& faces) {
+    if (!IsControl(character) || faces.empty()) return character;
+    return ScaledFaceFor(faces.front(), pixelsPerEm).HasGlyph(character) ? character : U' ';
+}
+
 /// Of a character that no face has: a full cell beyond Latin, half a cell for others.
 std::int32_t BoxWidth(char32_t character, std::int32_t cellHeight) {
     const std::int32_t cell = std::max(cellHeight, 1);
@@ -57,7 +64,7 @@ std::vector<PlacedGlyph> LayOutText(const Font& font, std::string_view text) {
     std::vector<PlacedGlyph> glyphs;
     std::int32_t offset = 0;
     for (std::string_view rest = characters; !rest.empty();) {
-        const char32_t character = TakeCharacter(rest);
+        const char32_t character = WrittenFor(TakeCharacter(rest), pixelsPerEm, faces);
         CScaledFace* const face = FaceWith(character, pixelsPerEm, faces);
         const std::int32_t advance =
             face != nullptr ? face->AdvanceOf(character) : BoxWidth(character, font.cellHeight);

@@ -1,5 +1,6 @@
 #include "paint/gdi/gdi_text.h"
 
+#include "paint/raster/text_engine.h"
 #include "paint/raster/turned_text.h"
 #include "platform/windows/wide_text.h"
 
@@ -60,9 +61,10 @@ std::vector<CGdiText::Run> CGdiText::RunsOf(const std::wstring& text) {
                        GGI_MARK_NONEXISTING_GLYPHS);
     std::vector<Run> runs;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const Face face = glyphs[i] == kMissing ? Face::StandIn : Face::Own;
+        const bool isBlank = glyphs[i] == kMissing && IsControl(text[i]);
+        const Face face = glyphs[i] == kMissing && !isBlank ? Face::StandIn : Face::Own;
         if (runs.empty() || runs.back().face != face) runs.push_back({face, {}});
-        runs.back().text += text[i];
+        runs.back().text += isBlank ? L' ' : text[i];
     }
     return runs;
 }
