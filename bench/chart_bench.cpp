@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "graph/graph.h"
+#include "paint/canvas.h"
 #include "paint/picture_file.h"
 #include "timing.h"
 

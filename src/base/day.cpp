@@ -1,8 +1,11 @@
 #include "base/day.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
+#include <ctime>
+#include <optional>
+#include <string>
+#include <string_view>
 
 #include "base/number.h"
 #include "base/report_error.h"

@@ -4,7 +4,6 @@
 
 #include <compare>
 #include <ctime>
-#include <optional>
 #include <string>
 #include <string_view>
 

@@ -1,6 +1,10 @@
 #include "base/ini_file.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
 
 #include "base/number.h"
 #include "base/text.h"

@@ -2,7 +2,11 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstddef>
+#include <cstdint>
 #include <limits>
+#include <string_view>
+#include <system_error>
 
 #include "base/text.h"
 

@@ -1,5 +1,9 @@
 #include "base/text.h"
 
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
 namespace tradebill {
 namespace {
 

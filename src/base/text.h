@@ -2,6 +2,7 @@
 // works on bytes; a GBK character is two of them. "White space" is the six ASCII characters, "blank" is 0x20 alone.
 #pragma once
 
+#include <string.h>
 #include <algorithm>
 #include <cstddef>
 #include <cstring>

@@ -5,16 +5,26 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <string>
+#include <system_error>
 
+#include "cli/command_table.h"
 #include "cli/output_file.h"
+#include "cli/report_options.h"
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"
 #include "driver/repaint.h"
+#include "driver/report_request.h"
+#include "driver/report_run.h"
 #include "images/chart_kinds.h"
+#include "paint/picture.h"
 #include "paint/picture_file.h"
 #include "platform/host_surface.h"
+#include "report/money_store.h"
 #include "report/report.h"
 
 namespace tradebill {

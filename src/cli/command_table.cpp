@@ -1,5 +1,7 @@
 #include "cli/command_table.h"
 
+#include <span>
+
 #include "cli/chart_command.h"
 #include "cli/explain_command.h"
 #include "cli/gallery_command.h"

@@ -3,19 +3,30 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "base/day.h"
 #include "base/report_error.h"
 #include "base/text.h"
+#include "cli/command_table.h"
 #include "cli/format_choice.h"
+#include "cli/scan_report.h"
 #include "cli/usage_error.h"
 #include "platform/file.h"
 #include "platform/local_time.h"
 #include "platform/paths.h"
 #include "readers/layout_marks.h"
+#include "readers/layout_table.h"
+#include "readers/scan_listener.h"
 #include "readers/statement_loader.h"
 #include "report/report.h"
+#include "report/statement_format.h"
 
 namespace tradebill {
 namespace {
@@ -30,7 +41,7 @@ bool IsDay(const std::string& text) {
 std::optional<std::string> DayInFileName(const std::string& path) {
     const std::string name = FileNameOf(path);
     for (std::size_t dot = name.find('.'); dot != std::string::npos; dot = name.find('.', dot + 1)) {
-        const std::string digits = name.substr(dot + 1, kDayLength);
+        std::string digits = name.substr(dot + 1, kDayLength);
         if (IsDay(digits)) return digits;
     }
     return std::nullopt;

@@ -1,9 +1,13 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 #include <optional>
+#include <string_view>
+#include <vector>
 
 #include "cli/explain_command.h"
 #include "cli/explain_words.h"
+#include "cli/scan_report.h"
+#include "readers/scan_listener.h"
 
 namespace tradebill {
 namespace {

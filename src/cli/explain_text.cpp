@@ -1,12 +1,15 @@
+#include <cstddef>
 #include <iomanip>
 #include <iostream>
-#include <sstream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "cli/explain_command.h"
 #include "cli/explain_words.h"
+#include "cli/scan_report.h"
 #include "cli/usage_error.h"
+#include "readers/scan_listener.h"
 
 namespace tradebill {
 namespace {

@@ -1,9 +1,13 @@
 #include "cli/explain_words.h"
 
 #include <algorithm>
+#include <string>
+#include <string_view>
 
+#include "cli/scan_report.h"
 #include "platform/text_encoding.h"
 #include "readers/layout_table.h"
+#include "readers/scan_listener.h"
 
 namespace tradebill {
 

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "cli/scan_report.h"
+#include "readers/scan_listener.h"
 
 namespace tradebill {
 

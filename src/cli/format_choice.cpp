@@ -1,15 +1,23 @@
 #include "cli/format_choice.h"
 
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
 #include "base/day.h"
 #include "cli/input_ini.h"
 #include "cli/usage_error.h"
 #include "driver/bill_folders.h"
 #include "driver/report_days.h"
+#include "driver/report_request.h"
 #include "platform/file.h"
 #include "platform/local_time.h"
 #include "readers/layout_marks.h"
 #include "readers/layout_table.h"
 #include "report/report.h"
+#include "report/request_copy.h"
+#include "report/statement_format.h"
 
 namespace tradebill {
 namespace {

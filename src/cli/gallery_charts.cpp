@@ -1,13 +1,17 @@
 #include "cli/gallery_charts.h"
 
 #include <cmath>
-#include <optional>
+#include <cstdint>
+#include <memory>
+#include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
-#include "base/gbk.h"
 #include "base/scale.h"
 #include "base/text.h"
+#include "graph/graph.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 namespace {
@@ -204,7 +208,7 @@ std::unique_ptr<CGraph> MakeGraph(const Choice& choice) {
     return graph;
 }
 
-GalleryChart ChartOf(const Choice& choice, std::string name, std::string caption) {
+GalleryChart ChartOf(const Choice& choice, const std::string& name, const std::string& caption) {
     const std::string dpi = std::to_string(choice.dpi);
     return {.fileName = std::string(choice.kind->name) + "-" + name + "-" + dpi + ".png",
             .section = std::string(choice.kind->heading),

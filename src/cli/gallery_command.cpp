@@ -5,13 +5,17 @@
 #include <iostream>
 #include <memory>
 #include <stdexcept>
+#include <string>
 #include <string_view>
 #include <vector>
 
+#include "cli/command_table.h"
 #include "cli/gallery_charts.h"
 #include "cli/output_file.h"
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"
+#include "paint/bitmap.h"
+#include "paint/canvas.h"
 #include "paint/picture_file.h"
 #include "platform/paths.h"
 

@@ -1,6 +1,11 @@
 #include "cli/input_ini.h"
 
 #include <charconv>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "cli/usage_error.h"

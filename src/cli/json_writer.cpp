@@ -1,17 +1,26 @@
 #include "cli/json_writer.h"
 
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <nlohmann/json.hpp>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <variant>
 
 #include "platform/text_encoding.h"
+#include "report/chain_table.h"
+#include "report/currency_money_store.h"
+#include "report/day_usage.h"
 #include "report/figure_fields.h"
+#include "report/money_record.h"
+#include "report/money_store.h"
 #include "report/record_fields.h"
+#include "report/records.h"
 #include "report/report.h"
+#include "report/trade_statistics.h"
 
 namespace tradebill {
 namespace {

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "cli/command_table.h"
 #include "cli/usage_error.h"
 #include "platform/text_encoding.h"
 #include "readers/layout_table.h"

@@ -4,11 +4,17 @@
 #include <charconv>
 #include <cmath>
 #include <iterator>
+#include <string>
 #include <string_view>
+#include <system_error>
 
+#include "base/ini_file.h"
 #include "cli/input_ini.h"
 #include "cli/usage_error.h"
+#include "driver/report_request.h"
+#include "report/money_record.h"
 #include "report/record_fields.h"
+#include "report/records.h"
 
 namespace tradebill {
 namespace {

@@ -1,11 +1,13 @@
 // The program `tradebill`: it checks everything first, says clearly what is wrong, and runs the module as a host would.
 // command_table.h lists what it can do.
+
 #include <CLI/CLI.hpp>
 
 #include <exception>
 #include <iostream>
+#include <stdexcept>
 #include <string>
-#include <utility>
+#include <string_view>
 #include <vector>
 
 #include "cli/command_table.h"

@@ -1,6 +1,11 @@
 #include "cli/output_file.h"
 
 #include <fstream>
+#include <functional>
+#include <ios>
+#include <optional>
+#include <ostream>
+#include <string>
 
 #include "cli/usage_error.h"
 #include "platform/file.h"

@@ -1,8 +1,13 @@
 #include "cli/product_tables.h"
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
 
 #include "base/gbk.h"
+#include "base/ini_file.h"
 #include "base/text.h"
 #include "cli/input_ini.h"
 #include "cli/usage_error.h"

@@ -1,6 +1,8 @@
 #include "cli/progress_line.h"
 
+#include <chrono>
 #include <iostream>
+#include <string_view>
 
 namespace tradebill {
 namespace {

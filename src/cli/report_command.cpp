@@ -2,17 +2,23 @@
 
 #include <CLI/CLI.hpp>
 
+#include <cstddef>
 #include <iostream>
 #include <memory>
+#include <string>
 
 #include "base/number.h"
+#include "cli/command_table.h"
 #include "cli/json_writer.h"
 #include "cli/output_file.h"
+#include "cli/report_options.h"
 #include "cli/standalone_page.h"
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"
+#include "driver/report_run.h"
 #include "platform/desktop.h"
 #include "platform/paths.h"
+#include "report/money_store.h"
 #include "report/report.h"
 
 namespace tradebill {

@@ -3,11 +3,15 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <iterator>
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "base/day.h"
+#include "base/ini_file.h"
 #include "base/report_error.h"
 #include "base/text.h"
 #include "cli/format_choice.h"

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "cli/product_tables.h"
+#include "driver/report_request.h"
 #include "report/request_copy.h"
 
 namespace CLI {
@@ -47,6 +48,6 @@ struct PreparedRequest {
 
 /// Checks everything and fills a request. What the command line doesn't say is taken from the request file. Throws
 /// CUsageError.
-[[nodiscard]] PreparedRequest PrepareRequest(const ReportOptions& options);
+[[nodiscard]] PreparedRequest PrepareRequest(const ReportOptions& given);
 
 }  // namespace tradebill

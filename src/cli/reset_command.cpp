@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "cli/command_table.h"
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"
 #include "page/page_sections.h"

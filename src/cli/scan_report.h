@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "readers/scan_listener.h"
+#include "report/money_record.h"
 
 namespace tradebill {
 

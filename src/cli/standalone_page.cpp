@@ -1,8 +1,10 @@
 #include "cli/standalone_page.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <ostream>
+#include <string>
 #include <string_view>
 
 #include "cli/output_file.h"

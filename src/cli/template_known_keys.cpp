@@ -1,9 +1,14 @@
 #include "cli/template_known_keys.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <initializer_list>
+#include <optional>
 #include <span>
+#include <string_view>
 
 #include "base/ini_file.h"
+#include "readers/scan_listener.h"
 #include "readers/template_keys.h"
 
 namespace tradebill {

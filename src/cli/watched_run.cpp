@@ -1,14 +1,19 @@
 #include "cli/watched_run.h"
 
+#include <cstdint>
 #include <iomanip>
 #include <ios>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <sstream>
+#include <string>
 
 #include "base/report_error.h"
 #include "cli/progress_line.h"
+#include "cli/report_options.h"
 #include "cli/usage_error.h"
+#include "driver/report_run.h"
 #include "paint/font.h"
 #include "platform/screen.h"
 #include "platform/terminal.h"

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cli/report_options.h"
+#include "driver/report_request.h"
 #include "driver/report_run.h"
 
 namespace tradebill {

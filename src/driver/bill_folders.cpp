@@ -1,10 +1,13 @@
 #include "driver/bill_folders.h"
 
 #include <cstddef>
+#include <string>
 
+#include "base/day.h"
 #include "base/text.h"
 #include "platform/paths.h"
 #include "report/report.h"
+#include "report/report_document.h"
 
 namespace tradebill {
 namespace {

@@ -1,4 +1,5 @@
 // The functions that a host finds in the module.
+#include <cstdint>
 #include <new>
 
 #include "base/report_error.h"
@@ -8,6 +9,7 @@
 #include "driver/report_run.h"
 #include "images/chart_kinds.h"
 #include "page/page_sections.h"
+#include "paint/picture_file.h"
 #include "platform/host_link.h"
 #include "platform/root_folder.h"
 

@@ -2,6 +2,7 @@
 
 #include "platform/root_folder.h"
 #include "platform/screen.h"
+#include "report/report.h"
 
 namespace tradebill {
 namespace {

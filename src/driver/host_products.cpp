@@ -1,5 +1,10 @@
 #include "driver/host_products.h"
 
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
 #include "base/text.h"
 
 namespace tradebill {

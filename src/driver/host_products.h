@@ -1,6 +1,10 @@
 // What a host's callbacks say of products.
 #pragma once
 
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
 #include "driver/report_request.h"
 #include "report/product_source.h"
 

@@ -1,10 +1,16 @@
 #include "driver/repaint.h"
 
+#include <cstdint>
 #include <new>
 
 #include "base/report_error.h"
+#include "driver/report_request.h"
 #include "images/account_charts.h"
+#include "images/chart_kinds.h"
+#include "images/chart_values.h"
+#include "paint/bitmap.h"
 #include "paint/canvas.h"
+#include "paint/picture_file.h"
 #include "platform/host_surface.h"
 
 namespace tradebill {

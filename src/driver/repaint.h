@@ -3,6 +3,7 @@
 
 #include "driver/report_request.h"
 #include "images/chart_kinds.h"
+#include "images/chart_values.h"
 #include "paint/picture_file.h"
 
 namespace tradebill {

@@ -1,8 +1,13 @@
 #include "driver/report_days.h"
 
+#include <ctime>
 #include <string_view>
 
+#include "base/day.h"
 #include "base/text.h"
+#include "driver/report_request.h"
+#include "platform/local_time.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 

@@ -4,6 +4,7 @@
 #include <ctime>
 
 #include "base/day.h"
+#include "driver/report_request.h"
 #include "platform/local_time.h"
 #include "report/request_copy.h"
 

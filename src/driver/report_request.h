@@ -124,9 +124,13 @@ enum ChartStatus {
  * where the middle of the area would be; what lies outside of the target is cut off. An account without days shows an
  * empty frame. Nothing is drawn if `target` or `rect` is null, if `rect` is empty or reversed, or, with a status, if
  * there has been no report. Not to be called during a run. */
+/* The equity. */
 TRADEBILL_API void StretchZjGraph(ChartTarget* target, const ChartRect* rect, int32_t width, int32_t height);
+/* The account yield. */
 TRADEBILL_API void StretchRiskAndProfit(ChartTarget* target, const ChartRect* rect, int32_t width, int32_t height);
+/* The trading yield. */
 TRADEBILL_API void StretchRisk(ChartTarget* target, const ChartRect* rect, int32_t width, int32_t height);
+/* The realised P/L. */
 TRADEBILL_API void StretchOffsetGraph(ChartTarget* target, const ChartRect* rect, int32_t width, int32_t height);
 
 #if !defined(_WIN32)

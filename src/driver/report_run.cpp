@@ -1,20 +1,28 @@
 #include "driver/report_run.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <ctime>
 #include <memory>
 #include <string>
 
+#include "base/day.h"
 #include "base/text.h"
 #include "driver/bill_folders.h"
 #include "driver/report_days.h"
+#include "driver/report_request.h"
 #include "images/report_images.h"
 #include "page/html_builder.h"
 #include "page/page_sections.h"
 #include "paint/picture_file.h"
 #include "platform/host_link.h"
+#include "platform/local_time.h"
 #include "readers/statement_loader.h"
+#include "report/money_record.h"
+#include "report/money_store.h"
 #include "report/report.h"
+#include "report/request_copy.h"
+#include "report/statement_format.h"
 #include "statistics/account_figures.h"
 #include "statistics/daily_series.h"
 

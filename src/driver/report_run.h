@@ -5,7 +5,6 @@
 // between calls; bill_folders.h tells where the files lie, report_days.h which days are read.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 

@@ -1,12 +1,18 @@
 #include "graph/area_series.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <vector>
 
+#include "graph/graph.h"
+#include "graph/graph_layout.h"
 #include "graph/graph_measures.h"
 #include "graph/graph_plane.h"
+#include "paint/canvas.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 namespace {
@@ -72,6 +78,7 @@ void FillGround(CCanvas& canvas, const GraphLayout& layout, const Edge& edge) {
 void DrawAreaSeries(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout) {
     if (graph.graphSeries.size() < 2) return;
     std::vector<Edge> edges;
+    edges.reserve(static_cast<std::size_t>(std::max(graph.Groups(), 0)));
     for (std::int32_t group = 0; group < graph.Groups(); ++group) edges.push_back(EdgeOf(graph, layout, group));
     for (std::size_t upper = 1; upper < edges.size(); ++upper) FillBand(canvas, edges[upper - 1], edges[upper]);
     if (!edges.empty()) FillGround(canvas, layout, edges.front());

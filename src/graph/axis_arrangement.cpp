@@ -1,7 +1,9 @@
 #include "graph/axis_arrangement.h"
 
 #include <algorithm>
+#include <cstdint>
 
+#include "graph/graph.h"
 #include "graph/graph_kinds.h"
 #include "graph/graph_measures.h"
 

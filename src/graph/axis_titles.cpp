@@ -1,8 +1,15 @@
 #include "graph/axis_titles.h"
 
+#include <cstdint>
+
+#include "graph/graph.h"
+#include "graph/graph_layout.h"
 #include "graph/graph_measures.h"
 #include "graph/graph_plane.h"
+#include "paint/canvas.h"
 #include "paint/escapement.h"
+#include "paint/font.h"
+#include "paint/geometry.h"
 #include "paint/text_block.h"
 
 namespace tradebill {

@@ -6,6 +6,7 @@
 #include "graph/graph.h"
 #include "graph/graph_layout.h"
 #include "paint/canvas.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 

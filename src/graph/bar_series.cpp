@@ -1,6 +1,13 @@
 #include "graph/bar_series.h"
 
+#include <cstdint>
+
 #include "graph/bar_slots.h"
+#include "graph/graph.h"
+#include "graph/graph_layout.h"
+#include "graph/graph_plane.h"
+#include "paint/canvas.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 namespace {

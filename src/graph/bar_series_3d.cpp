@@ -1,10 +1,16 @@
 #include "graph/bar_series_3d.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <span>
 
 #include "graph/bar_slots.h"
+#include "graph/graph.h"
+#include "graph/graph_layout.h"
+#include "graph/graph_plane.h"
 #include "graph/shades.h"
+#include "paint/canvas.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 namespace {

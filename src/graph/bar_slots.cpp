@@ -1,6 +1,13 @@
 #include "graph/bar_slots.h"
 
+#include <cstddef>
+#include <cstdint>
+
+#include "graph/graph.h"
+#include "graph/graph_layout.h"
 #include "graph/graph_measures.h"
+#include "graph/graph_plane.h"
+#include "paint/canvas.h"
 
 namespace tradebill {
 

@@ -7,6 +7,7 @@
 #include "graph/graph_layout.h"
 #include "graph/graph_plane.h"
 #include "paint/canvas.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 

@@ -1,12 +1,18 @@
 #include "graph/box_series.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <span>
 #include <vector>
 
 #include "base/number.h"
+#include "graph/graph.h"
+#include "graph/graph_layout.h"
 #include "graph/graph_measures.h"
 #include "graph/graph_plane.h"
+#include "paint/canvas.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 namespace {

@@ -1,9 +1,18 @@
 #include "graph/crossed_axes.h"
 
+#include <cstdint>
+#include <vector>
+
 #include "graph/axis_titles.h"
+#include "graph/graph.h"
+#include "graph/graph_layout.h"
 #include "graph/graph_measures.h"
 #include "graph/graph_plane.h"
 #include "graph/position_labels.h"
+#include "graph/value_marks.h"
+#include "paint/canvas.h"
+#include "paint/font.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 namespace {

@@ -1,9 +1,14 @@
 #include "graph/graph.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
 
 #include "base/gbk.h"
 #include "base/text.h"
+#include "graph/axis_arrangement.h"
 #include "graph/box_axes.h"
 #include "graph/crossed_axes.h"
 #include "graph/graph_kinds.h"
@@ -14,6 +19,8 @@
 #include "graph/plain_axes.h"
 #include "graph/second_axis.h"
 #include "graph/second_bars.h"
+#include "paint/canvas.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 namespace {

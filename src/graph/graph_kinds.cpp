@@ -7,6 +7,7 @@
 #include "graph/bar_series.h"
 #include "graph/bar_series_3d.h"
 #include "graph/box_series.h"
+#include "graph/graph.h"
 #include "graph/line_series.h"
 #include "graph/line_series_3d.h"
 #include "graph/pie_series.h"

@@ -1,14 +1,22 @@
 #include "graph/graph_layout.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
 
 #include "base/number.h"
 #include "base/scale.h"
 #include "base/text.h"
+#include "graph/axis_arrangement.h"
 #include "graph/axis_titles.h"
+#include "graph/graph.h"
 #include "graph/graph_kinds.h"
 #include "graph/graph_measures.h"
 #include "graph/graph_title.h"
+#include "paint/canvas.h"
+#include "paint/font.h"
 
 namespace tradebill {
 namespace {

@@ -8,6 +8,7 @@
 #include "graph/axis_arrangement.h"
 #include "graph/graph.h"
 #include "paint/canvas.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 

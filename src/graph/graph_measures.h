@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -9,6 +10,8 @@
 #include "base/number.h"
 #include "graph/graph.h"
 #include "paint/canvas.h"
+#include "paint/font.h"
+#include "paint/geometry.h"
 #include "paint/text_block.h"
 
 namespace tradebill {

@@ -1,8 +1,13 @@
 #include "graph/graph_plane.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 
+#include "graph/graph.h"
+#include "graph/graph_layout.h"
 #include "graph/graph_measures.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 

@@ -1,7 +1,14 @@
 #include "graph/graph_title.h"
 
+#include <cstdint>
+
 #include "base/scale.h"
+#include "graph/graph.h"
+#include "graph/graph_layout.h"
 #include "graph/graph_measures.h"
+#include "paint/canvas.h"
+#include "paint/font.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 namespace {

@@ -5,6 +5,7 @@
 #include "graph/graph.h"
 #include "graph/graph_layout.h"
 #include "paint/canvas.h"
+#include "paint/font.h"
 
 namespace tradebill {
 

@@ -1,8 +1,15 @@
 #include "graph/line_series.h"
 
+#include <cstddef>
+#include <cstdint>
+
+#include "graph/graph.h"
+#include "graph/graph_layout.h"
 #include "graph/graph_measures.h"
 #include "graph/graph_plane.h"
 #include "graph/value_labels.h"
+#include "paint/canvas.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 namespace {

@@ -1,10 +1,16 @@
 #include "graph/line_series_3d.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 
+#include "graph/graph.h"
+#include "graph/graph_layout.h"
 #include "graph/graph_measures.h"
 #include "graph/graph_plane.h"
 #include "graph/shades.h"
+#include "paint/canvas.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 namespace {

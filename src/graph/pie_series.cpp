@@ -1,6 +1,12 @@
 #include "graph/pie_series.h"
 
+#include <vector>
+
+#include "graph/graph.h"
+#include "graph/graph_layout.h"
 #include "graph/pie_slices.h"
+#include "paint/canvas.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 namespace {

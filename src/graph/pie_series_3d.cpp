@@ -1,11 +1,16 @@
 #include "graph/pie_series_3d.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <vector>
 
+#include "graph/graph.h"
+#include "graph/graph_layout.h"
 #include "graph/graph_measures.h"
 #include "graph/pie_slices.h"
 #include "graph/shades.h"
+#include "paint/canvas.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 namespace {

@@ -2,9 +2,18 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
 
 #include "base/number.h"
+#include "graph/graph.h"
+#include "graph/graph_layout.h"
 #include "graph/graph_measures.h"
+#include "paint/canvas.h"
+#include "paint/font.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 namespace {
@@ -161,6 +170,7 @@ void DrawPies(CCanvas& canvas, const CGraph& graph, const GraphLayout& layout, c
         DrawCaption(canvas, circle, measures, series.seriesLabel);
         if (circle.radius > 0) form.drawSlices(canvas, graph, circle, slices);
         std::vector<CGraphPieLabel> labels;
+        labels.reserve(slices.size());
         for (const PieSlice& slice : slices) {
             labels.push_back(LabelOf(circle, measures, slice, (circle.*form.edgePoint)(slice.middleDegrees)));
         }

@@ -1,13 +1,21 @@
 #include "graph/plain_axes.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 
 #include "base/text.h"
+#include "graph/axis_arrangement.h"
 #include "graph/axis_titles.h"
+#include "graph/graph.h"
+#include "graph/graph_layout.h"
 #include "graph/graph_measures.h"
 #include "graph/graph_plane.h"
 #include "graph/position_labels.h"
+#include "paint/canvas.h"
+#include "paint/font.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 namespace {

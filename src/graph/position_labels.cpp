@@ -1,12 +1,19 @@
 #include "graph/position_labels.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <string>
 
+#include "graph/axis_arrangement.h"
 #include "graph/axis_titles.h"
+#include "graph/graph.h"
+#include "graph/graph_layout.h"
 #include "graph/graph_measures.h"
 #include "graph/graph_plane.h"
+#include "paint/canvas.h"
 #include "paint/escapement.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 namespace {

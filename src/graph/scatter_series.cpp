@@ -1,9 +1,15 @@
 #include "graph/scatter_series.h"
 
+#include <cstdint>
 #include <vector>
 
 #include "graph/crossed_axes.h"
+#include "graph/graph.h"
+#include "graph/graph_layout.h"
 #include "graph/graph_measures.h"
+#include "graph/value_marks.h"
+#include "paint/canvas.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 namespace {

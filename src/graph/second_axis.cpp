@@ -1,11 +1,15 @@
 #include "graph/second_axis.h"
 
+#include <cstdint>
 #include <string>
 
 #include "base/number.h"
 #include "base/text.h"
 #include "graph/axis_titles.h"
+#include "graph/graph.h"
+#include "graph/graph_layout.h"
 #include "graph/graph_measures.h"
+#include "paint/canvas.h"
 
 namespace tradebill {
 namespace {

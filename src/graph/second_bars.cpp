@@ -1,11 +1,18 @@
 #include "graph/second_bars.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <string>
+#include <vector>
 
+#include "graph/graph.h"
+#include "graph/graph_layout.h"
 #include "graph/graph_measures.h"
 #include "graph/graph_plane.h"
 #include "graph/value_labels.h"
+#include "paint/canvas.h"
+#include "paint/font.h"
 
 namespace tradebill {
 namespace {

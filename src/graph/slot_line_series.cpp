@@ -1,9 +1,15 @@
 #include "graph/slot_line_series.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 
+#include "graph/graph.h"
+#include "graph/graph_layout.h"
 #include "graph/graph_measures.h"
 #include "graph/graph_plane.h"
+#include "paint/canvas.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 

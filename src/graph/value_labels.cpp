@@ -1,8 +1,13 @@
 #include "graph/value_labels.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <string>
 
 #include "base/number.h"
+#include "paint/canvas.h"
+#include "paint/font.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "paint/canvas.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 

@@ -1,8 +1,13 @@
 #include "graph/value_marks.h"
 
 #include <bit>
+#include <cstdint>
+#include <string>
+#include <vector>
 
 #include "base/number.h"
+#include "graph/axis_arrangement.h"
+#include "graph/graph.h"
 #include "graph/graph_measures.h"
 
 namespace tradebill {

@@ -9,8 +9,14 @@
 #include "base/report_error.h"
 #include "graph/graph.h"
 #include "images/chart_filling.h"
+#include "images/chart_kinds.h"
 #include "images/chart_markers.h"
+#include "paint/canvas.h"
+#include "paint/geometry.h"
+#include "paint/picture_file.h"
+#include "report/money_store.h"
 #include "report/report.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

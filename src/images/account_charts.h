@@ -5,6 +5,7 @@
 #pragma once
 
 #include "images/chart_kinds.h"
+#include "images/chart_values.h"
 #include "paint/canvas.h"
 #include "paint/geometry.h"
 #include "paint/picture_file.h"

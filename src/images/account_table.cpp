@@ -3,6 +3,8 @@
 #include "base/gbk.h"
 #include "images/money_figures.h"
 #include "images/painted_table.h"
+#include "paint/canvas.h"
+#include "report/money_store.h"
 #include "report/report.h"
 
 namespace tradebill {

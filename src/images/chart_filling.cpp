@@ -12,8 +12,15 @@
 
 #include "base/day.h"
 #include "base/text.h"
+#include "graph/graph.h"
+#include "images/chart_kinds.h"
+#include "images/chart_scale.h"
+#include "images/chart_values.h"
 #include "platform/local_time.h"
+#include "report/money_record.h"
+#include "report/money_store.h"
 #include "report/report.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

@@ -3,6 +3,7 @@
 
 #include "graph/graph.h"
 #include "images/chart_kinds.h"
+#include "images/chart_values.h"
 #include "report/request_copy.h"
 
 namespace tradebill {

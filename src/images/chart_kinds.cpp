@@ -1,9 +1,17 @@
 #include "images/chart_kinds.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
+#include <span>
+#include <string_view>
 
 #include "base/gbk.h"
+#include "graph/graph.h"
+#include "images/chart_scale.h"
+#include "images/chart_values.h"
+#include "paint/geometry.h"
+#include "report/money_store.h"
 #include "report/report.h"
 
 namespace tradebill {
@@ -145,6 +153,9 @@ constexpr AccountChart kTradeYieldChart{
 namespace {
 
 constexpr const AccountChart* kCharts[] = {&kEquityChart, &kRealisedChart, &kAccountYieldChart, &kTradeYieldChart};
+static_assert(std::ranges::all_of(kCharts, [](const AccountChart* chart) {
+    return chart->ownSize + 1 < std::tuple_size_v<ChartSizes> && chart->comparedSize < std::tuple_size_v<ChartSizes>;
+}));
 
 }  // namespace
 

@@ -11,6 +11,7 @@
 #include "graph/graph.h"
 #include "images/chart_scale.h"
 #include "images/chart_values.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 

@@ -1,6 +1,7 @@
 #include "images/chart_markers.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "base/scale.h"
 

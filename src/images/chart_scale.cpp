@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 #include "base/number.h"
 
@@ -60,7 +61,7 @@ ChartScale YieldScale(double lowest, double highest) {
     const double low = lowest - pad;
     double up = kLeastYield;
     double down = -kLeastYield;
-    if (!(std::fabs(high) < kYieldStep && std::fabs(low) < kYieldStep)) {
+    if (!(std::fabs(high) < kYieldStep && std::fabs(low) < kYieldStep)) {  // so that no number is no small one
         up = (1.0 - TruncateToInt32(high / -kYieldStep)) * kYieldStep;
         down = (-1.0 - TruncateToInt32(low / -kYieldStep)) * kYieldStep;
     }

@@ -1,5 +1,8 @@
 #include "images/chart_values.h"
 
+#include <cstdint>
+#include <optional>
+
 #include "base/number.h"
 #include "report/report.h"
 

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-#include "report/records.h"
+#include "report/money_record.h"
 
 namespace tradebill {
 

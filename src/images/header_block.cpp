@@ -1,12 +1,18 @@
 #include "images/header_block.h"
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "base/day.h"
 #include "base/gbk.h"
+#include "paint/canvas.h"
+#include "paint/font.h"
+#include "paint/geometry.h"
 #include "paint/picture_file.h"
 #include "platform/embedded_picture.h"
 #include "platform/local_time.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

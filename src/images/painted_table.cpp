@@ -1,6 +1,12 @@
 #include "images/painted_table.h"
 
+#include <cstdint>
+#include <span>
+#include <string_view>
+
 #include "base/scale.h"
+#include "paint/canvas.h"
+#include "paint/geometry.h"
 
 namespace tradebill {
 namespace {

@@ -1,5 +1,8 @@
 #include "images/picture_names.h"
 
+#include <string>
+#include <string_view>
+
 #include "report/report_document.h"
 
 namespace tradebill {

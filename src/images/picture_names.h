@@ -1,4 +1,4 @@
-// The picture files of a report, as the pipeline writes and the page shows them.
+// The picture files of a report, as report_images.h writes and the page shows them.
 #pragma once
 
 #include <string>
@@ -15,8 +15,8 @@ inline constexpr std::string_view kAccountDetail = "AccountDetail.jpg";
 inline constexpr std::string_view kAccountFigure = "AccountFigure.jpg";
 inline constexpr std::string_view kBillStatistics = "BillStatistics.jpg";  ///< made, and shown by no page
 inline constexpr std::string_view kAccountStatics = "AccountStatics.jpg";
-inline constexpr std::string_view kHealthFigure = "HealthFigure.jpg";
-inline constexpr std::string_view kRiskFigure = "RiskFigure.jpg";
+inline constexpr std::string_view kHealthFigure = "HealthFigure.jpg";  ///< account yield
+inline constexpr std::string_view kRiskFigure = "RiskFigure.jpg";      ///< trading yield
 inline constexpr std::string_view kTradeStatistics = "TradeStatistics.jpg";
 inline constexpr std::string_view kLastPositions = "LastPositions.jpg";
 inline constexpr std::string_view kMatchDetails = "MatchDetails.jpg";

@@ -1,6 +1,8 @@
 #include "images/report_images.h"
 
+#include <functional>
 #include <new>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -8,12 +10,16 @@
 #include "base/text.h"
 #include "images/account_charts.h"
 #include "images/account_table.h"
+#include "images/chart_kinds.h"
 #include "images/currency_tables.h"
 #include "images/header_block.h"
 #include "images/picture_names.h"
 #include "images/statistics_panel.h"
+#include "paint/bitmap.h"
+#include "paint/canvas.h"
 #include "paint/picture_file.h"
 #include "platform/embedded_picture.h"
+#include "report/money_store.h"
 #include "report/report.h"
 
 namespace tradebill {

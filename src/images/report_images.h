@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "images/chart_kinds.h"
+#include "images/chart_values.h"
 #include "paint/canvas.h"
 #include "paint/picture_file.h"
 #include "report/money_store.h"

@@ -6,7 +6,10 @@
 
 #include "base/gbk.h"
 #include "images/painted_table.h"
+#include "paint/canvas.h"
+#include "paint/geometry.h"
 #include "paint/text_block.h"
+#include "report/account_statistics.h"
 #include "report/report.h"
 
 namespace tradebill {

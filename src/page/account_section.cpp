@@ -1,12 +1,17 @@
 // The first section: no table of its own, but the painted pictures, with the charts over the free right part of the
 // painted tables.
 #include <string>
+#include <string_view>
 
 #include "base/gbk.h"
+#include "driver/report_request.h"
+#include "images/picture_names.h"
 #include "page/html_builder.h"
 #include "page/page_pictures.h"
 #include "page/page_sections.h"
 #include "page/page_text.h"
+#include "paint/font.h"
+#include "paint/picture_file.h"
 #include "report/report.h"
 
 namespace tradebill {

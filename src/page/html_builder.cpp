@@ -1,9 +1,16 @@
 #include "page/html_builder.h"
 
 #include <array>
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
 
 #include "base/gbk.h"
 #include "base/text.h"
+#include "page/page_scan.h"
+#include "page/page_text.h"
 #include "platform/file.h"
 #include "platform/paths.h"
 

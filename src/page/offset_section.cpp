@@ -6,11 +6,15 @@
 
 #include "base/gbk.h"
 #include "base/number.h"
+#include "base/text.h"
 #include "images/picture_names.h"
 #include "page/page_sections.h"
+#include "page/section_title.h"
 #include "page/table_columns.h"
 #include "page/table_section.h"
+#include "report/records.h"
 #include "report/report.h"
+#include "report/statement_format.h"
 
 namespace tradebill {
 namespace {

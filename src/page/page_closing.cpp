@@ -1,11 +1,14 @@
 // ClosePage: the tags that stand around the whole page are taken out wherever an earlier run left them, and written
 // anew.
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "base/text.h"
 #include "page/html_builder.h"
+#include "page/page_scan.h"
 #include "platform/file.h"
 
 namespace tradebill {
@@ -62,7 +65,7 @@ void CHtmlBuilder::CloseWhole(CFile& file) {
 /// the old end of the page, and the end goes behind it.
 void CHtmlBuilder::CloseAddition(CFile& file) {
     if (size_ == closedSize_) return;
-    constexpr std::size_t kBlockSize = 256 * 1024;
+    constexpr std::size_t kBlockSize = std::size_t{256} * 1024;
     std::string block(static_cast<std::size_t>(std::min<std::uint64_t>(kBlockSize, size_ - closedSize_)), '\0');
     bool succeeded = true;
     std::uint64_t from = closedSize_;

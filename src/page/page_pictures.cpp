@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "images/picture_names.h"
 #include "page/page_text.h"
 #include "report/report.h"
 

@@ -4,7 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "images/picture_names.h"
 #include "paint/font.h"
 #include "paint/picture_file.h"
 

@@ -1,10 +1,12 @@
 #include "page/page_scripts.h"
 
+#include <cstddef>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "base/gbk.h"
+#include "images/picture_names.h"
 #include "page/html_builder.h"
 #include "page/page_pictures.h"
 #include "page/page_text.h"

@@ -1,6 +1,9 @@
 // The sections of the page. Each reads a finished report, writes its part through the builder and leaves the page
 // whole. A table section returns false if the host's stop was seen: it then ends at once, its table open, the stop
 // acknowledged.
+//
+// table_section.h is the engine of tables, table_columns.h their columns; page_text.h writes rows and cells, and
+// html_builder.h the file.
 #pragma once
 
 #include <string_view>
@@ -14,6 +17,7 @@ class CReport;
 bool AddAccountSection(CHtmlBuilder& page, const CReport& report);
 bool AddForeignAccountSection(CHtmlBuilder& page, const CReport& report);
 
+/// Results per contract, from the tallies of closed positions.
 bool AddTradeSection(CHtmlBuilder& page, const CReport& report);
 bool AddForeignTradeSection(CHtmlBuilder& page, const CReport& report);
 
@@ -22,6 +26,7 @@ bool AddPositionSection(CHtmlBuilder& page, const CReport& report);
 /// Throws CReportError for a record whose BILL_DATE is no date.
 bool AddForeignPositionSection(CHtmlBuilder& page, const CReport& report);
 
+/// All trades, day by day.
 bool AddMatchSection(CHtmlBuilder& page, const CReport& report);
 bool AddForeignMatchSection(CHtmlBuilder& page, const CReport& report);
 

@@ -1,5 +1,5 @@
-// The section of open positions: a summary by contract and side where the layout prints one, single lots grouped by day
-// elsewhere.
+// The section of open positions: a summary by contract and side for formats that print full contract codes, single lots
+// grouped by day for the others.
 #include <ctime>
 #include <span>
 #include <string_view>
@@ -7,12 +7,15 @@
 #include "base/day.h"
 #include "base/gbk.h"
 #include "base/number.h"
+#include "base/text.h"
 #include "images/picture_names.h"
 #include "page/page_sections.h"
 #include "page/table_columns.h"
 #include "page/table_section.h"
 #include "platform/local_time.h"
+#include "report/records.h"
 #include "report/report.h"
+#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {

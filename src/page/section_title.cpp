@@ -3,6 +3,7 @@
 #include <string>
 
 #include "base/gbk.h"
+#include "images/picture_names.h"
 #include "page/html_builder.h"
 #include "page/page_pictures.h"
 #include "page/page_text.h"

@@ -8,6 +8,9 @@
 #include <vector>
 
 #include "base/text.h"
+#include "page/html_builder.h"
+#include "page/page_text.h"
+#include "page/section_title.h"
 #include "page/table_section.h"
 
 namespace tradebill {

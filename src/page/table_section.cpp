@@ -1,13 +1,23 @@
 #include "page/table_section.h"
 
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
 #include "base/number.h"
+#include "page/html_builder.h"
+#include "page/page_text.h"
+#include "page/section_title.h"
 #include "platform/host_link.h"
 #include "report/report.h"
 
 namespace tradebill {
 namespace {
 
-constexpr std::size_t kFlushFrom = 60 * 1024;  // a row is under 4 KiB, so that no more than 64 KiB are ever gathered
+constexpr std::size_t kFlushFrom =
+    std::size_t{60} * 1024;  // a row is under 4 KiB, so that no more than 64 KiB are ever gathered
 
 }  // namespace
 

@@ -5,11 +5,13 @@
 
 #include "base/gbk.h"
 #include "base/number.h"
+#include "base/text.h"
 #include "images/picture_names.h"
 #include "page/page_sections.h"
 #include "page/table_columns.h"
 #include "page/table_section.h"
 #include "report/offset_sides.h"
+#include "report/records.h"
 #include "report/report.h"
 
 namespace tradebill {

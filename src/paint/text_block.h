@@ -5,6 +5,8 @@
 #include <string_view>
 
 #include "paint/canvas.h"
+#include "paint/font.h"
+#include "paint/geometry.h"
 
 // CR LF, CR and LF each end a line; one at the end of the text opens no further line. A single '&' isn't shown, and the
 // last one of a line underlines the character behind it; "&&" shows one. A tab is a character like any other. Lines

@@ -1,7 +1,11 @@
 #include "platform/file.h"
 
 #include <algorithm>
+#include <functional>
+#include <optional>
+#include <string>
 
+#include "base/ini_file.h"
 #include "platform/paths.h"
 
 namespace tradebill {

@@ -1,6 +1,8 @@
 #include "platform/local_time.h"
 
 #include <climits>
+#include <ctime>
+#include "base/day.h"
 
 namespace tradebill {
 

@@ -10,6 +10,7 @@
 #include "base/report_error.h"
 #include "base/text.h"
 #include "readers/section_scan.h"
+#include "report/money_record.h"
 #include "report/records.h"
 
 namespace tradebill {

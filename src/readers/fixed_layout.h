@@ -21,8 +21,9 @@ struct PremiumWords {
 
 struct FixedLayout {
     SearchFrom searchFrom = SearchFrom::Cursor;
-    std::string_view dateWord = {};  ///< the date behind it is BILL_DATE; without a word the day is
-    bool skipsStoredDay = false;     ///< a date that the money store already holds ends the reader
+    std::string_view dateWord =
+        {};  ///< the date behind it is BILL_DATE, empty if the word is missing; empty: the file's day is
+    bool skipsStoredDay = false;  ///< a date that the money store already holds ends the reader
     SectionLayout money;
     std::span<const MoneyLabel> labels;
     PremiumWords premium = {};  ///< with words QLJSZ is always income less payment

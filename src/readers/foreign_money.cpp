@@ -1,12 +1,21 @@
 #include "readers/foreign_money.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <iterator>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "base/gbk.h"
 #include "base/text.h"
 #include "readers/columns.h"
+#include "readers/record_sink.h"
+#include "readers/scan_listener.h"
+#include "readers/section_scan.h"
+#include "report/money_record.h"
+#include "report/records.h"
 
 namespace tradebill {
 namespace {

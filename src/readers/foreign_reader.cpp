@@ -1,10 +1,18 @@
-#include <string>
+#include <cstddef>
+#include <string_view>
+#include <utility>
 
+#include "base/gbk.h"
 #include "base/text.h"
+#include "readers/columns.h"
 #include "readers/fixed_readers.h"
 #include "readers/foreign_money.h"
 #include "readers/gap_side.h"
-#include "readers/table_layout.h"
+#include "readers/record_sink.h"
+#include "readers/scan_listener.h"
+#include "readers/section_scan.h"
+#include "readers/statement_text.h"
+#include "report/records.h"
 
 namespace tradebill {
 namespace {

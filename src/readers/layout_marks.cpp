@@ -2,11 +2,16 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <optional>
+#include <string_view>
+#include <vector>
 
 #include "base/gbk.h"
 #include "base/number.h"
 #include "base/text.h"
+#include "readers/layout_table.h"
 #include "readers/section_scan.h"
 #include "report/statement_format.h"
 

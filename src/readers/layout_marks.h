@@ -1,7 +1,6 @@
 // What a statement's layout can be told by, for people who don't know its number. Reports never guess.
 #pragma once
 
-#include <cstdint>
 #include <string_view>
 #include <vector>
 

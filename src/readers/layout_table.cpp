@@ -1,9 +1,13 @@
 #include "readers/layout_table.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <span>
+#include <string_view>
 
 #include "base/gbk.h"
 #include "base/text.h"
+#include "readers/fixed_readers.h"
 
 namespace tradebill {
 namespace {

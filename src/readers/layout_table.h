@@ -5,7 +5,6 @@
 #include <span>
 #include <string_view>
 
-#include "readers/fixed_readers.h"
 #include "readers/statement_text.h"
 
 namespace tradebill {

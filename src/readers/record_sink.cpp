@@ -1,10 +1,14 @@
 #include "readers/record_sink.h"
 
+#include <memory>
 #include <utility>
 
 #include "base/text.h"
 #include "report/closed_rows.h"
+#include "report/money_record.h"
+#include "report/money_store.h"
 #include "report/product_text.h"
+#include "report/records.h"
 #include "report/report.h"
 
 namespace tradebill {

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "readers/scan_listener.h"
+#include "report/money_record.h"
 #include "report/records.h"
 
 namespace tradebill {

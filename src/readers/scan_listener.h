@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "report/records.h"
+#include "report/money_record.h"
 
 namespace tradebill {
 

@@ -1,9 +1,14 @@
 #include "readers/section_scan.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string_view>
 
 #include "base/report_error.h"
 #include "base/text.h"
+#include "readers/scan_listener.h"
 
 namespace tradebill {
 namespace {

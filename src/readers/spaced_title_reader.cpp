@@ -1,7 +1,21 @@
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <utility>
+#include "base/gbk.h"
 #include "base/number.h"
+#include "base/text.h"
+#include "readers/columns.h"
 #include "readers/fixed_readers.h"
+#include "readers/record_sink.h"
+#include "readers/scan_listener.h"
+#include "readers/section_scan.h"
 #include "readers/shared_columns.h"
+#include "readers/statement_text.h"
 #include "readers/table_layout.h"
+#include "report/money_record.h"
+#include "report/records.h"
 
 namespace tradebill {
 namespace {

@@ -1,15 +1,28 @@
 #include "readers/statement_template.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <ctime>
 #include <memory>
 #include <optional>
 #include <span>
+#include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "base/day.h"
 #include "base/gbk.h"
+#include "base/ini_file.h"
+#include "base/number.h"
 #include "base/text.h"
 #include "platform/file.h"
+#include "readers/columns.h"
+#include "readers/money_labels.h"
+#include "readers/money_row.h"
+#include "readers/scan_listener.h"
 #include "readers/template_keys.h"
+#include "report/records.h"
 
 namespace tradebill {
 namespace {

@@ -12,10 +12,12 @@
 
 #include "base/ini_file.h"
 #include "platform/file.h"
+#include "readers/columns.h"
 #include "readers/money_labels.h"
 #include "readers/money_row.h"
-#include "readers/section_scan.h"
-#include "readers/table_layout.h"
+#include "readers/scan_listener.h"
+#include "report/money_record.h"
+#include "report/records.h"
 
 namespace tradebill {
 

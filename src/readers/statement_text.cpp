@@ -1,6 +1,8 @@
 #include "readers/statement_text.h"
 
 #include <cstddef>
+#include <optional>
+#include <string_view>
 
 #include "base/text.h"
 

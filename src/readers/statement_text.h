@@ -18,7 +18,8 @@ struct StatementText {
 };
 
 /// The one shape of all readers, so that they fit into a table. What a statement lacks or has otherwise is passed over.
-/// BILL_DATE of the records is the statement's day unless the layout states its own date.
+/// BILL_DATE of the records is the day of the file, or what stands behind the layout's date word: nothing if that is
+/// missing.
 using Reader = void(const StatementText& statement, CReport& report);
 
 /// The digits, dots and blanks behind the first `dateWord` of `text`, as they stand; nothing if the word is missing or

@@ -8,9 +8,12 @@
 #include <utility>
 
 #include "base/number.h"
+#include "base/text.h"
 #include "readers/columns.h"
 #include "readers/record_sink.h"
+#include "readers/scan_listener.h"
 #include "readers/section_scan.h"
+#include "report/records.h"
 
 namespace tradebill {
 

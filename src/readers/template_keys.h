@@ -2,9 +2,11 @@
 // for the check, which knows by it what a template may say.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 #include "readers/columns.h"
+#include "report/money_record.h"
 #include "report/records.h"
 
 namespace tradebill {

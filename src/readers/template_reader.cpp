@@ -1,13 +1,23 @@
 #include "readers/template_reader.h"
 
+#include <cstddef>
 #include <memory>
+#include <string_view>
 #include <utility>
 
 #include "base/number.h"
 #include "base/text.h"
+#include "readers/columns.h"
+#include "readers/money_labels.h"
+#include "readers/money_row.h"
+#include "readers/scan_listener.h"
+#include "readers/section_scan.h"
 #include "readers/statement_template.h"
 #include "readers/statement_text.h"
 #include "readers/table_layout.h"
+#include "report/money_record.h"
+#include "report/money_store.h"
+#include "report/records.h"
 #include "report/report.h"
 
 namespace tradebill {

@@ -5,7 +5,7 @@
 
 namespace tradebill {
 
-/// The counters and P/L figures grow row by row while closed positions are paired; the rest is computed once all days
+/// The counters and P/L figures grow row by row while closed positions are folded; the rest is computed once all days
 /// are read (statistics/account_figures.h). Rates are per cent.
 class CAccountStatistics {
 public:

@@ -2,15 +2,20 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstddef>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <optional>
+#include <string>
+#include <string_view>
+#include <system_error>
 #include <utility>
+#include <vector>
 
 #include "base/ini_file.h"
 #include "base/number.h"
-#include "base/text.h"
 #include "platform/file.h"
 
 namespace tradebill {

@@ -3,11 +3,14 @@
 #include <array>
 #include <cstdint>
 #include <cstdio>
+#include <string_view>
 
 #include "base/gbk.h"
 #include "base/number.h"
 #include "base/text.h"
+#include "report/account_statistics.h"
 #include "report/offset_sides.h"
+#include "report/records.h"
 #include "report/report.h"
 
 namespace tradebill {
@@ -63,6 +66,7 @@ const OffsetSide* ClosedSideOf(const PingDetail& row) {
     return nullptr;
 }
 
+/// The page asks for the same unit by other texts (page/offset_section.cpp): there index futures go by a code.
 int32_t AskUnitOf(const PingDetail& row, const CReport& report) {
     std::string_view contract = TrimByte(FieldText(row.CONTRACT), ' ');
     std::string_view delivery;
@@ -73,9 +77,9 @@ int32_t AskUnitOf(const PingDetail& row, const CReport& report) {
     return report.AskContractUnit(contract, delivery);
 }
 
-class CPairingKey {
+class CTallyKey {
 public:
-    explicit CPairingKey(const PingDetail& row, bool withDelivery) {
+    explicit CTallyKey(const PingDetail& row, bool withDelivery) {
         const int length = withDelivery ? std::snprintf(text_.data(), text_.size(), "%s-%s", row.CONTRACT, row.DELIVERY)
                                         : std::snprintf(text_.data(), text_.size(), "%s", row.CONTRACT);
         size_ = static_cast<std::size_t>(length);  // contract and delivery month are 88 bytes at most
@@ -90,7 +94,7 @@ private:
 }  // namespace
 
 void FoldClosedRow(const PingDetail& row, CReport& report) {
-    const CPairingKey key(row, report.Format().namesDeliveryApart);
+    const CTallyKey key(row, report.Format().namesDeliveryApart);
     const int32_t unit = AskUnitOf(row, report);
     const OffsetSide* const side = ClosedSideOf(row);
     const auto [offset, isNew] = report.ReportDocument.FindOrCreate(key.View(), row);
@@ -113,7 +117,7 @@ void FoldClosedRow(const PingDetail& row, CReport& report) {
 }
 
 void FoldForeignClosedRow(const PingDetail& row, CReport& report) {
-    const CPairingKey key(row, false);
+    const CTallyKey key(row, false);
     const auto [offset, isNew] = report.ReportDocument.FindOrCreate(key.View(), row);
     if (isNew) CopyField(offset.CURRENCY, FieldText(row.CURRENCY));
     const double amount = AmountIn(row.OFFSETPL);

@@ -1,7 +1,14 @@
 #include "report/currency_money_store.h"
 
+#include <memory>
 #include <mutex>
+#include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
+#include "report/money_record.h"
+#include "report/money_store.h"
+#include "report/statement_format.h"
 
 namespace tradebill {
 

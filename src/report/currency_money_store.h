@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "platform/lock.h"
+#include "report/money_record.h"
 #include "report/money_store.h"
+#include "report/statement_format.h"
 
 namespace tradebill {
 

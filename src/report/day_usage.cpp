@@ -1,6 +1,9 @@
 #include "report/day_usage.h"
 
+#include <cstdint>
+#include <memory>
 #include <mutex>
+#include <string_view>
 
 #include "base/number.h"
 

@@ -3,11 +3,11 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 #include <variant>
 
 #include "report/account_statistics.h"
+#include "report/day_usage.h"
 #include "report/money_store.h"
 #include "report/records.h"
 #include "report/trade_statistics.h"

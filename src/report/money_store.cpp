@@ -2,11 +2,17 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <memory>
 #include <mutex>
+#include <string>
+#include <string_view>
 #include <utility>
 
 #include "base/number.h"
 #include "base/text.h"
+#include "report/money_record.h"
+#include "report/statement_format.h"
 
 namespace tradebill {
 

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "platform/lock.h"
-#include "report/records.h"
+#include "report/money_record.h"
 #include "report/statement_format.h"
 
 namespace tradebill {

@@ -8,7 +8,8 @@
 
 namespace tradebill {
 
-/// Texts are GBK. Called on the run's thread, once for each closed row and each row of it on the page.
+/// Texts are GBK. Called on the run's thread: UnitOf once as a closed position is read and once as the page shows it,
+/// CodeOf for each open lot of a layout that prints names.
 class CProductSource {
 public:
     CProductSource() = default;

@@ -1,10 +1,8 @@
 #include "report/product_text.h"
 
-#include <algorithm>
-#include <cstddef>
 #include <string>
+#include <string_view>
 
-#include "base/gbk.h"
 #include "base/text.h"
 #include "report/product_source.h"
 

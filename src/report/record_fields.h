@@ -2,11 +2,11 @@
 // JSON and its live figures, the tests). Spare fields are left out.
 #pragma once
 
-#include <cstddef>
+#include <string.h>
 #include <span>
 #include <string_view>
 
-#include "base/text.h"
+#include "report/money_record.h"
 #include "report/records.h"
 
 namespace tradebill {

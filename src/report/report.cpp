@@ -1,5 +1,9 @@
 #include "report/report.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
 namespace tradebill {
 
 std::int32_t CReport::AskContractUnit(std::string_view contract, std::string_view delivery) const {

@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "base/scale.h"
+#include "driver/report_request.h"
 #include "report/account_statistics.h"
 #include "report/chain_table.h"
 #include "report/currency_money_store.h"
@@ -33,7 +34,7 @@ public:
     std::string RootFolder;           ///< holds "Users", "sys" and "BillTemplate"; no separator at the end
     std::string TemplatePath;         ///< of the statement template, which needn't be there; empty: none is looked for
     std::int32_t ScreenWidth = 1920;  ///< pixels; value labels of charts keep a distance that follows it
-    const CProductSource* Products = nullptr;  ///< not owned; null: every unit is 1, and names stay names
+    const CProductSource* Products = nullptr;  ///< not owned; null: every unit is 1, names have no codes
 
     // What the run keeps.
     CChainTable ChainTable;

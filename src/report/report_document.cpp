@@ -1,9 +1,12 @@
 #include "report/report_document.h"
 
+#include <memory>
 #include <mutex>
+#include <string_view>
 #include <utility>
 
 #include "base/text.h"
+#include "report/records.h"
 
 namespace tradebill {
 

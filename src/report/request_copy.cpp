@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 
+#include "driver/report_request.h"
+#include "report/money_record.h"
 #include "report/record_fields.h"
 #include "report/records.h"
 

@@ -8,7 +8,7 @@
 
 namespace tradebill {
 
-/// First and last day of a report as time values, local midnight; the time of the call if no dates were given.
+/// First and last day of a report as time values, local midnight; the time of the call if either date is missing.
 struct ReportRange {
     std::time_t first = 0;
     std::time_t last = 0;

@@ -1,7 +1,10 @@
 #include "report/statement_format.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
+#include <span>
+#include <string>
 
 namespace tradebill {
 namespace {

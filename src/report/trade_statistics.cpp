@@ -1,10 +1,15 @@
 #include "report/trade_statistics.h"
 
+#include <cstddef>
 #include <mutex>
+#include <string_view>
 
 #include "base/gbk.h"
 #include "base/number.h"
 #include "base/text.h"
+#include "report/day_usage.h"
+#include "report/money_record.h"
+#include "report/records.h"
 
 namespace tradebill {
 

@@ -13,6 +13,7 @@
 
 #include "platform/lock.h"
 #include "report/day_usage.h"
+#include "report/money_record.h"
 #include "report/records.h"
 
 namespace tradebill {

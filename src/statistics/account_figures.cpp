@@ -1,9 +1,13 @@
 #include "statistics/account_figures.h"
 
+#include <cstdint>
+#include <span>
 #include <vector>
 
 #include "base/number.h"
-#include "base/text.h"
+#include "report/account_statistics.h"
+#include "report/money_record.h"
+#include "report/money_store.h"
 #include "report/report.h"
 
 namespace tradebill {

@@ -3,6 +3,8 @@
 #include <cstddef>
 
 #include "base/number.h"
+#include "report/chain_table.h"
+#include "report/day_usage.h"
 #include "report/report.h"
 
 namespace tradebill {

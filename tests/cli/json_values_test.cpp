@@ -13,6 +13,7 @@
 
 #include "base/text.h"
 #include "cli/json_writer.h"
+#include "report/records.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 

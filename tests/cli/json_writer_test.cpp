@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "report/records.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"
 

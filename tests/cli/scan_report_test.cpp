@@ -12,6 +12,7 @@
 
 #include "base/text.h"
 #include "readers/section_scan.h"
+#include "report/records.h"
 #include "support/gbk_text.h"
 
 namespace tradebill::scan_report_test {

@@ -8,6 +8,7 @@
 #include "comparison/text_area_canvas.h"
 #include "driver/report_run.h"
 #include "images/report_images.h"
+#include "paint/canvas.h"
 #include "paint/picture_file.h"
 #include "platform/embedded_picture.h"
 #include "platform/paths.h"

@@ -5,7 +5,9 @@
 #include <filesystem>
 #include <string>
 
+#include "base/text.h"
 #include "driver/run_fixture.h"
+#include "report/request_copy.h"
 
 namespace tradebill::bill_folders_test {
 namespace {

@@ -9,7 +9,9 @@
 #include <string>
 #include <vector>
 
+#include "base/text.h"
 #include "driver/run_fixture.h"
+#include "report/records.h"
 
 namespace tradebill::live_merge_test {
 namespace {

@@ -12,6 +12,7 @@
 #include "driver/host_module.h"
 #include "images/account_charts.h"
 #include "paint/bitmap.h"
+#include "paint/canvas.h"
 #include "support/store_fixture.h"
 #include "support/surface.h"
 

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "base/report_error.h"
+#include "base/text.h"
 #include "driver/run_fixture.h"
 #include "support/host_objects.h"
 

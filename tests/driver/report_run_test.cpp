@@ -10,7 +10,9 @@
 #include <string>
 #include <vector>
 
+#include "base/text.h"
 #include "driver/run_fixture.h"
+#include "report/request_copy.h"
 
 namespace tradebill::report_run_test {
 namespace {

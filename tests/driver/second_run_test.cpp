@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/report_error.h"
+#include "base/text.h"
 #include "driver/run_fixture.h"
 
 namespace tradebill::second_run_test {

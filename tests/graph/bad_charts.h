@@ -11,6 +11,7 @@
 
 #include "graph/graph.h"
 #include "graph/recording_canvas.h"
+#include "paint/canvas.h"
 
 namespace tradebill {
 

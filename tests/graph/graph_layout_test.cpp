@@ -10,6 +10,7 @@
 #include "graph/axis_titles.h"
 #include "graph/graph_fixture.h"
 #include "graph/graph_measures.h"
+#include "paint/canvas.h"
 #include "paint/font.h"
 
 namespace tradebill::graph_layout_test {

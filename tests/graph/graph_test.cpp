@@ -7,6 +7,7 @@
 
 #include "graph/graph_fixture.h"
 #include "graph/graph_measures.h"
+#include "paint/canvas.h"
 #include "support/gbk_text.h"
 
 namespace tradebill::graph_test {

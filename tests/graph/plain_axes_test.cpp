@@ -6,6 +6,7 @@
 
 #include "base/text.h"
 #include "graph/graph_fixture.h"
+#include "paint/canvas.h"
 #include "support/gbk_text.h"
 
 namespace tradebill::plain_axes_test {

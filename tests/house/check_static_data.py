@@ -19,8 +19,8 @@ KEPT = [
      "FreeType, fontconfig and the faces opened so far, behind one lock"),
     (r"paint/freetype/scaled_face", r".*\bScaledFaceFor\(.*\)::cache", "faces by size, behind the same lock"),
     (r"platform/linux/text_encoding", r".*\b(GbkToUtf8|Utf8ToGbk).*::converter", "a converter of each thread's own"),
-    (r"paint/codecs/gdiplus_.*", r".*", "GDI+ is started once in a process"),
-    (r"platform/windows/runtime_threads", r".*", "which threads use the compiler's runtime inside the DLL"),
+    (r"platform/windows/runtime_threads", r".*\b(RuntimeLock|FirstUseDone|Keys|KeyCount|RuntimeEnd)",
+     "what the compiler's runtime inside the DLL wants of threads"),
 ]
 OWNER = "driver/"
 # Sections, what the compiler makes itself, and what headers of the libraries bring along.

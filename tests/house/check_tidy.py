@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
-"""Fails on what clang-tidy finds in src/: each source and each header as a file of its own, with the checks of .clang-tidy.
+"""Fails on what clang-tidy finds in src/, with the checks of .clang-tidy: in each source, and what it meets in headers.
 
-Headers are read alone, so they must compile alone. Sources of another system are left out, as in the build.
-With --fix, what clang-tidy can mend is mended, one file after the other; clang-format follows.
+With --headers each header is looked at as a file of its own too, so that it must compile alone and include what it names:
+as much again, which tests/all.sh does. Sources of another system are left out, as in the build.
+With --fix, what clang-tidy can mend is mended, one file after the other; clang-format follows, and a look at what it did.
 
-Usage: check_tidy.py [--fix] SOURCE BUILD [PATH...] (a file or folder; all of src/ without)
+Usage: check_tidy.py [--headers] [--fix] SOURCE BUILD [PATH...] (a file or folder; all of src/ without)
 """
 
 import concurrent.futures
@@ -32,14 +33,14 @@ def flags_of(entry):
     return flags
 
 
-def files_with_flags(source, build, paths):
+def files_with_flags(source, build, paths, with_headers):
     """Pairs of file and flags: sources as they are built, headers as the program's own source is."""
     src = source / "src"
     entries = json.loads((build / "compile_commands.json").read_text(encoding="utf-8"))
     built = {pathlib.Path(entry["file"]): flags_of(entry) for entry in entries}
     sources = {path: flags for path, flags in built.items() if path.is_relative_to(src) and path.suffix == ".cpp"}
     of_headers = built[src / "cli" / "main.cpp"] + ["-xc++", "-Wno-pragma-once-outside-header", "-Wno-unused-const-variable"]
-    headers = {path: of_headers for path in src.rglob("*.h")
+    headers = {path: of_headers for path in (src.rglob("*.h") if with_headers else [])
                if not set(OTHER_SYSTEM) & set(path.parts) and not path.name.startswith("gdiplus_")}
     for path, flags in sorted({**sources, **headers}.items()):
         if not paths or any(path.is_relative_to(chosen) for chosen in paths):
@@ -56,8 +57,8 @@ def findings(path, flags, fix):
 def main():
     arguments = sys.argv[1:]
     fix = "--fix" in arguments
-    source, build, *paths = [pathlib.Path(a).resolve() for a in arguments if a != "--fix"]
-    files = list(files_with_flags(source, build, paths))
+    source, build, *paths = [pathlib.Path(a).resolve() for a in arguments if not a.startswith("--")]
+    files = list(files_with_flags(source, build, paths, "--headers" in arguments))
     # The longest first, so that the end isn't a wait for one.
     files.sort(key=lambda pair: -pair[0].stat().st_size)
     workers = 1 if fix else len(os.sched_getaffinity(0))

@@ -13,6 +13,7 @@
 #include "base/report_error.h"
 #include "graph/recording_canvas.h"
 #include "images/chart_fixture.h"
+#include "paint/canvas.h"
 #include "support/gbk_text.h"
 
 namespace tradebill::account_charts_test {

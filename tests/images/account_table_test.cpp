@@ -12,6 +12,7 @@
 
 #include "graph/recording_canvas.h"
 #include "images/table_fixture.h"
+#include "paint/canvas.h"
 #include "report/money_store.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"

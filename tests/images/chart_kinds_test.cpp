@@ -5,7 +5,9 @@
 
 #include <string>
 
+#include "base/text.h"
 #include "images/chart_fixture.h"
+#include "report/request_copy.h"
 #include "support/gbk_text.h"
 
 namespace tradebill::chart_kinds_test {

@@ -14,6 +14,7 @@
 
 #include "graph/recording_canvas.h"
 #include "images/table_fixture.h"
+#include "paint/canvas.h"
 #include "report/currency_money_store.h"
 #include "report/records.h"
 #include "support/gbk_text.h"

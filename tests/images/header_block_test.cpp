@@ -6,6 +6,7 @@
 
 #include "base/day.h"
 #include "graph/recording_canvas.h"
+#include "paint/canvas.h"
 #include "paint/picture_file.h"
 #include "platform/embedded_picture.h"
 #include "support/gbk_text.h"

@@ -13,6 +13,7 @@
 
 #include "graph/recording_canvas.h"
 #include "images/table_fixture.h"
+#include "paint/canvas.h"
 #include "report/report.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/text.h"
 #include "driver/host_products.h"
 #include "page/html_builder.h"
 #include "page/page_fixture.h"

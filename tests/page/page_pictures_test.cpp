@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "images/picture_names.h"
 #include "support/store_fixture.h"
 
 namespace tradebill::page_pictures_test {

@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/text.h"
 #include "report/record_fields.h"
 #include "report/records.h"
 #include "report/report.h"

@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/text.h"
 #include "page/page_fixture.h"
 #include "platform/host_link.h"
 #include "support/host_objects.h"

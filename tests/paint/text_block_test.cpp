@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "graph/recording_canvas.h"
+#include "paint/canvas.h"
 #include "support/gbk_text.h"
 
 namespace tradebill::text_block_test {

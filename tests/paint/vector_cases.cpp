@@ -8,6 +8,8 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "paint/canvas.h"
+
 namespace tradebill {
 namespace {
 

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "base/report_error.h"
+#include "base/text.h"
 #include "driver/bill_folders.h"
 #include "readers/reader_fixture.h"
 #include "support/temp_folder.h"

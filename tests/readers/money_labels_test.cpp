@@ -6,7 +6,9 @@
 #include <string_view>
 #include <vector>
 
+#include "base/text.h"
 #include "readers/reader_fixture.h"
+#include "report/records.h"
 
 namespace tradebill::money_labels_test {
 namespace {

@@ -5,7 +5,9 @@
 #include <memory>
 #include <utility>
 
+#include "base/text.h"
 #include "readers/reader_fixture.h"
+#include "report/records.h"
 
 namespace tradebill::record_sink_test {
 namespace {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/report_error.h"
+#include "base/text.h"
 #include "readers/scan_recorder.h"
 #include "readers/template_fixture.h"
 #include "report/money_store.h"

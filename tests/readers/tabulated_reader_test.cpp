@@ -8,8 +8,10 @@
 #include <utility>
 #include <vector>
 
+#include "base/text.h"
 #include "readers/reader_fixture.h"
 #include "readers/record_sink.h"
+#include "report/records.h"
 
 namespace tradebill::tabulated_reader_test {
 namespace {

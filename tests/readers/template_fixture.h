@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/report_error.h"
+#include "base/text.h"
 #include "driver/bill_folders.h"
 #include "readers/reader_fixture.h"
 #include "readers/template_reader.h"

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/text.h"
 #include "support/gbk_text.h"
 #include "support/temp_folder.h"
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/text.h"
 #include "report/closed_rows_fixture.h"
 
 namespace tradebill::closed_rows_keys_test {

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/text.h"
 #include "report/record_makers.h"
 #include "support/store_fixture.h"
 

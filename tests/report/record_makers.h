@@ -9,6 +9,7 @@
 #include <span>
 #include <string_view>
 
+#include "base/text.h"
 #include "report/record_fields.h"
 #include "report/records.h"
 

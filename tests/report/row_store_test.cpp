@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/text.h"
 #include "report/record_makers.h"
 #include "support/store_fixture.h"
 

@@ -1,14 +1,19 @@
+#include "paint/bitmap.h"
+#include "paint/picture.h"
 #include "paint/picture_file.h"
 
 #include <png.h>
+#include <pngconf.h>
 #include <turbojpeg.h>
 
 #include <algorithm>
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <type_traits>
 #include <vector>

@@ -1,3 +1,5 @@
+#include <optional>
+#include "paint/picture.h"
 #include "paint/picture_file.h"
 #include "platform/embedded_picture.h"
 

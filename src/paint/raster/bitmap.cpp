@@ -1,6 +1,8 @@
 #include "paint/bitmap.h"
 
 #include <algorithm>
+#include <cstdint>
+#include "paint/geometry.h"
 
 namespace tradebill {
 

@@ -1,5 +1,10 @@
 #include "paint/raster/blend.h"
 
+#include <cstdint>
+#include "paint/bitmap.h"
+#include "paint/geometry.h"
+#include "paint/picture.h"
+
 namespace tradebill {
 
 void BlendPicture(CBitmap& bitmap, const Box& seen, const CPicture& picture, Point leftTop) {

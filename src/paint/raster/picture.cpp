@@ -1,5 +1,8 @@
 #include "paint/picture.h"
 
+#include <cstddef>
+#include <cstdint>
+
 namespace tradebill {
 
 CPicture::CPicture(std::int32_t width, std::int32_t height) {

@@ -1,9 +1,18 @@
 #include "paint/raster/raster_canvas.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string_view>
 #include <utility>
 #include <vector>
 
+#include "paint/bitmap.h"
+#include "paint/canvas.h"
+#include "paint/font.h"
+#include "paint/geometry.h"
+#include "paint/picture.h"
 #include "paint/raster/blend.h"
 #include "paint/raster/raster.h"
 #include "paint/raster/text_engine.h"

@@ -1,7 +1,10 @@
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <numbers>
 
+#include "paint/geometry.h"
 #include "paint/raster/raster.h"
 
 namespace tradebill {

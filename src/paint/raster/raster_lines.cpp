@@ -1,7 +1,10 @@
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
+#include <optional>
 
+#include "paint/geometry.h"
 #include "paint/raster/raster.h"
 
 namespace tradebill {

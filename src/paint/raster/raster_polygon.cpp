@@ -1,6 +1,10 @@
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <limits>
+#include <span>
 
+#include "paint/geometry.h"
 #include "paint/raster/raster.h"
 
 namespace tradebill {

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <spawn.h>
 #include <unistd.h>
+#include <string>
 
 #include "platform/paths.h"
 

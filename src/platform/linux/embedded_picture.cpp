@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 // The assembler takes in the files as they are, one behind the other, each with a label at its start.
 #define TRADEBILL_PICTURE(label, file) \

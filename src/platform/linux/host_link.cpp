@@ -2,10 +2,12 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <cstdint>
 #include <mutex>
 #include <new>
 
 #include "base/report_error.h"
+#include "driver/report_request.h"
 
 struct HostWindowObject {
     HostWindowFunction function;

@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
+#include <functional>
 #include <vector>
+#include "driver/report_request.h"
 
 namespace tradebill {
 namespace {

@@ -1,5 +1,8 @@
 #include "platform/local_time.h"
 
+#include <ctime>
+#include <optional>
+
 namespace tradebill {
 
 std::optional<std::tm> LocalPartsOf(std::time_t time) {

@@ -1,5 +1,6 @@
 #include "platform/lock.h"
 
+#include <memory>
 #include <mutex>
 
 namespace tradebill {

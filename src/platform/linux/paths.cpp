@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <string>
 #include <system_error>
 
 namespace tradebill {

@@ -1,6 +1,7 @@
 #include "platform/pixel_memory.h"
 
 #include <cstddef>
+#include <cstdint>
 
 namespace tradebill {
 

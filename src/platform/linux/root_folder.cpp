@@ -1,6 +1,8 @@
 #include "platform/root_folder.h"
 
 #include <filesystem>
+#include <string>
+#include <string_view>
 #include <system_error>
 
 #include "platform/paths.h"

@@ -4,7 +4,11 @@
 
 #include <array>
 #include <cerrno>
+#include <cstddef>
 #include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
 #include <type_traits>
 
 namespace tradebill {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "cli/gallery_charts.h"
+#include "paint/canvas.h"
 #include "paint/picture_file.h"
 #include "support/temp_folder.h"
 

@@ -34,7 +34,9 @@ void ExpectTheSame(const View& view) {
         const CanvasComparison result = Compared(chart, view);
         // What is hidden behind texts isn't compared: of the gallery's own charts there must be more.
         const bool isOwnSize = view.width == 0;
-        if (isOwnSize) EXPECT_GT(result.compared, chart.width * chart.height / 10) << chart.fileName;
+        if (isOwnSize) {
+            EXPECT_GT(result.compared, chart.width * chart.height / 10) << chart.fileName;
+        }
         EXPECT_EQ(result.differing, 0) << chart.fileName << ", the first at (" << result.first.value_or(Point{}).x
                                        << ", " << result.first.value_or(Point{}).y << ")";
     }
