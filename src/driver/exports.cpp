@@ -20,7 +20,7 @@ namespace {
 std::uint32_t RunForHost(const GenerateBillRequest* request) {
     if (request == nullptr) return kErrorInvalidArgument;
     try {
-        RunReport(TheModule().ReportForCall(), *request, nullptr);
+        RunReport(TheModule().ReportForRun(), *request, nullptr);
     } catch (const CReportError& error) {
         return error.Code();
     } catch (const std::bad_alloc&) {
@@ -32,7 +32,7 @@ std::uint32_t RunForHost(const GenerateBillRequest* request) {
 }
 
 void RepaintForHost(const AccountChart& chart, ChartTarget* target, const ChartRect* rect, const PictureSize& size) {
-    Repaint(TheModule().ReportForCall(), chart, target, rect, size);
+    Repaint(TheModule().ReportForChart(), chart, target, rect, size);
 }
 
 }  // namespace

@@ -11,10 +11,15 @@ HostModule Module;
 
 }  // namespace
 
-CReport& HostModule::ReportForCall() {
+CReport& HostModule::ReportForRun() {
     report.RootFolder = rootFolder ? *rootFolder : ProgramFolder();
     report.ScreenWidth = screenWidth > 0 ? screenWidth : DisplayWidth();
     report.Products = &products;
+    return report;
+}
+
+const CReport& HostModule::ReportForChart() {
+    report.ScreenWidth = screenWidth > 0 ? screenWidth : DisplayWidth();
     return report;
 }
 

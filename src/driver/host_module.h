@@ -17,8 +17,11 @@ struct HostModule {
     std::optional<std::string> rootFolder;  ///< nothing: the folder of the executable
     std::int32_t screenWidth = 0;           ///< pixels; below 1: that of the display
 
-    /// The report, ready for a run or for a chart: with root folder, products and screen width as they are set now.
-    [[nodiscard]] CReport& ReportForCall();
+    /// The report, ready for a run: with root folder, products and screen width as they are set now.
+    [[nodiscard]] CReport& ReportForRun();
+
+    /// The report of the last run, ready for a chart: with the screen width as it is now.
+    [[nodiscard]] const CReport& ReportForChart();
 };
 
 /// The module's own, static like the module.

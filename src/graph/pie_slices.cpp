@@ -106,7 +106,7 @@ Point PieCircle::RimPoint(std::int32_t degrees) const {
 PieCircle CircleOf(const CGraph& graph, const GraphLayout& layout, const PieMeasures& measures, std::size_t position) {
     const auto count = static_cast<std::int64_t>(graph.graphSeries.size());
     const std::int64_t share = std::min(layout.xAxisWidth, layout.yAxisHeight) / count;
-    const auto radius = std::max(static_cast<std::int32_t>((share - 3 * measures.labelWidth) / 3), 0);
+    const auto radius = std::max(static_cast<std::int32_t>((share - std::int64_t{3} * measures.labelWidth) / 3), 0);
     const std::int32_t middleY = (layout.yAxisHeight + 60) / 2;
     if (count == 1) return {layout.xAxisWidth / 2 + layout.xApexPoint - radius, middleY, radius};
     const std::int64_t middleX = layout.xAxisWidth / count / 2 * (2 * static_cast<std::int64_t>(position) - 1);

@@ -1,10 +1,10 @@
 #include "images/chart_kinds.h"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
 #include <span>
 #include <string_view>
+#include <tuple>
 
 #include "base/gbk.h"
 #include "graph/graph.h"

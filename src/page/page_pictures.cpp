@@ -1,9 +1,13 @@
 #include "page/page_pictures.h"
 
 #include <algorithm>
+#include <string>
+#include <string_view>
 
 #include "images/picture_names.h"
 #include "page/page_text.h"
+#include "paint/font.h"
+#include "paint/picture_file.h"
 #include "report/report.h"
 
 namespace tradebill {

@@ -1,5 +1,10 @@
 #include "page/page_text.h"
 
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+
 #include "base/gbk.h"
 #include "base/number.h"
 

@@ -7,6 +7,8 @@
 #include "page/html_builder.h"
 #include "page/page_pictures.h"
 #include "page/page_text.h"
+#include "paint/font.h"
+#include "paint/picture_file.h"
 #include "report/report.h"
 
 namespace tradebill {

@@ -12,36 +12,36 @@ namespace {
 
 TEST(HostModuleReport, LiesInTheProgramsFolderUntilAnotherIsSet) {
     HostModule module;
-    EXPECT_EQ(module.ReportForCall().RootFolder, ProgramFolder());
+    EXPECT_EQ(module.ReportForRun().RootFolder, ProgramFolder());
     module.rootFolder = "/elsewhere";
-    EXPECT_EQ(module.ReportForCall().RootFolder, "/elsewhere");
+    EXPECT_EQ(module.ReportForRun().RootFolder, "/elsewhere");
     module.rootFolder = "";  // set, if to nothing
-    EXPECT_EQ(module.ReportForCall().RootFolder, "");
+    EXPECT_EQ(module.ReportForRun().RootFolder, "");
 }
 
 TEST(HostModuleReport, IsAsWideAsTheDisplayUntilAWidthIsSet) {
     HostModule module;
     for (const std::int32_t width : {0, -5}) {
         module.screenWidth = width;
-        EXPECT_EQ(module.ReportForCall().ScreenWidth, DisplayWidth()) << width;
+        EXPECT_EQ(module.ReportForRun().ScreenWidth, DisplayWidth()) << width;
     }
     for (const std::int32_t width : {2560, 1}) {
         module.screenWidth = width;
-        EXPECT_EQ(module.ReportForCall().ScreenWidth, width);
+        EXPECT_EQ(module.ReportForRun().ScreenWidth, width);
     }
 }
 
 TEST(HostModuleReport, IsTheSameForEveryCall) {
     HostModule module;
-    CReport& report = module.ReportForCall();
-    EXPECT_EQ(&module.ReportForCall(), &report);
+    CReport& report = module.ReportForRun();
+    EXPECT_EQ(&module.ReportForRun(), &report);
     EXPECT_NE(&report, &TheModule().report);
     EXPECT_EQ(&TheModule(), &TheModule());
 }
 
 TEST(HostModuleReport, AsksTheCallbacksOfItsOwnRequest) {
     HostModule module;
-    CReport& report = module.ReportForCall();
+    CReport& report = module.ReportForRun();
     EXPECT_EQ(report.AskContractUnit("cu", "1105"), 1);
     report.Request.ContractUnitCallback = [](const char*, const char*, const char*) { return 5; };
     EXPECT_EQ(report.AskContractUnit("cu", "1105"), 5);

@@ -135,7 +135,7 @@ TEST_F(HostSession, RepaintsWhatAStoppedRunHadRead) {
     watcher_.onDay = [&](int day) {
         if (day == 1) std::thread([&] { SignalHostEvent(stop.get()); }).join();
     };
-    EXPECT_EQ(RunReport(TheModule().ReportForCall(), request_, &watcher_).end, RunEnd::Stopped);
+    EXPECT_EQ(RunReport(TheModule().ReportForRun(), request_, &watcher_).end, RunEnd::Stopped);
     EXPECT_TRUE(IsSignalled(acknowledge));
     EXPECT_EQ(TheModule().report.MoneyStore.Count(), 1);
     for (StretchFunction* const stretch : kStretch) Repainted(stretch, 400, 200, 0);

@@ -1,7 +1,13 @@
+#include <cstdint>
 #include <memory>
 #include <mutex>
+#include <string_view>
 
+#include "paint/bitmap.h"
+#include "paint/canvas.h"
+#include "paint/font.h"
 #include "paint/freetype/text_layout.h"
+#include "paint/geometry.h"
 #include "paint/raster/blend.h"
 #include "paint/raster/raster.h"
 #include "paint/raster/raster_canvas.h"

@@ -1,5 +1,9 @@
 #include "paint/freetype/scaled_face.h"
 
+#include <cstddef>
+#include <cstdint>
+#include "paint/font.h"
+
 #include FT_OUTLINE_H
 #include FT_TRUETYPE_TABLES_H
 

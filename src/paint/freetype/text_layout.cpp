@@ -1,8 +1,14 @@
 #include "paint/freetype/text_layout.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <mutex>
 #include <string>
+#include <string_view>
+#include <vector>
 
+#include "paint/font.h"
 #include "paint/raster/text_engine.h"
 #include "platform/text_encoding.h"
 

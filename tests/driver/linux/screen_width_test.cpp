@@ -15,7 +15,7 @@ TEST(ScreenWidth, IsWhatTheHostSays) {
     };
     for (const Case& tried : {Case{2560, 2560}, Case{0, 1920}, Case{1, 1}, Case{-5, 1920}}) {
         SetScreenWidth(tried.said);
-        EXPECT_EQ(TheModule().ReportForCall().ScreenWidth, tried.width) << tried.said;
+        EXPECT_EQ(TheModule().ReportForRun().ScreenWidth, tried.width) << tried.said;
     }
 }
 
