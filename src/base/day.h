@@ -17,8 +17,8 @@ struct CalendarDay {
     auto operator<=>(const CalendarDay&) const = default;
 };
 
-inline constexpr std::time_t kSecondsPerDay =
-    86400;  ///< the step of the day loop: plain seconds, no calendar arithmetic
+/// The step of the day loop: plain seconds, no calendar arithmetic.
+inline constexpr std::time_t kSecondsPerDay = 86400;
 
 /// Reads year, month and day as "%d-%d-%d" does; what doesn't match is left at 0.
 [[nodiscard]] CalendarDay ParseDashedDay(std::string_view text);

@@ -30,8 +30,8 @@ struct Explanation {
     std::string daySource = {};  ///< "--day", "the file's name" or "today"
     std::string format = {};     ///< why this format or kind
     std::string stop = {};       ///< the error that ended the reading, or empty
-    std::vector<std::string> looksLike =
-        {};  ///< options for layouts whose marks the text shows, if it wasn't recognised
+    /// Options for layouts whose marks the text shows, if it wasn't recognised.
+    std::vector<std::string> looksLike = {};
     int exitCode = 0;
 };
 

@@ -32,8 +32,8 @@ struct SectionReport {
     std::string terminatorWord;  ///< two of them with " or "; empty if the section's end isn't looked for
     std::optional<int> titleLine;
     std::optional<int> endLine;
-    std::optional<int>
-        unseenTitleLine;  ///< of a section that isn't found: a title that stands where it isn't looked for
+    /// Of a section that isn't found: a title that stands where it isn't looked for.
+    std::optional<int> unseenTitleLine;
     int rowsRead = 0;
     std::vector<PassedOverRow> passedOver;
     int records = 0;

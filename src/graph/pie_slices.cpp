@@ -20,7 +20,7 @@ namespace {
 
 constexpr std::int32_t kQuarter = 90;
 
-/// The factor of the pictures that were drawn so far, a little less than pi / 180.
+/// The factor that the charts are drawn with, a little less than pi / 180.
 constexpr double kRadiansPerDegree = 0.017453277777777776;
 
 std::int32_t SineOf(std::int32_t radius, std::int32_t degrees) {

@@ -14,6 +14,8 @@ namespace tradebill {
 
 /// Fills the rectangle from (0, 0) to `size`, which is final pixels, with a chart of the report's days; in a report
 /// without records that is an empty frame with its titles. A chart whose ticks would lie on one another isn't painted.
+///
+/// REQUIRES: the report's statistics are complete.
 void DrawAccountChart(CCanvas& canvas, const CReport& report, const AccountChart& chart, const PictureSize& size);
 
 /// Fills `rect` with a chart of a finished report, whose days are those of the money store's date texts. Throws

@@ -27,7 +27,7 @@ struct ShownPicture {
 /// File names of all pictures that a page shows: all that are made but for kBillStatistics.
 [[nodiscard]] std::vector<std::string_view> PagePictures();
 
-/// Hands the twelve pictures to `show`, in the order of the report, as for a banner of `baseWidth` pixels.
+/// Hands all pictures to `show`, in the order of the report, as for a banner of `baseWidth` pixels.
 void ShowReportPictures(const CReport& report, int baseWidth,
                         const std::function<void(const ShownPicture& picture)>& show);
 
@@ -37,8 +37,8 @@ struct ReportImages {
     ChartSizes chartSizes;  ///< of the charts that could be painted; for the others what the report had before
 };
 
-/// Makes twelve JPEG and two PNG files of a report. A picture that can't be made or saved is passed over. Nothing is
-/// returned if the banner is missing: then there are only the PNG files.
+/// Makes the JPEG files of all pictures and two PNG files of a report. A picture that can't be made or saved is passed
+/// over. Nothing is returned if the banner is missing: then there are only the PNG files.
 ///
 /// REQUIRES: the statistics are complete, and the report's folders prepared.
 [[nodiscard]] std::optional<ReportImages> BuildReportImages(const CReport& report);

@@ -1,4 +1,6 @@
 // The pictures that the page points at: the ways to name them, and their sizes.
+//
+// REQUIRES of all: the report's folders are prepared, and its pictures saved: sizes come from the files.
 #pragma once
 
 #include <string>

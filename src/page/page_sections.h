@@ -2,6 +2,8 @@
 // whole. A table section returns false if the host's stop was seen: it then ends at once, its table open, the stop
 // acknowledged.
 //
+// REQUIRES of all: the report's statistics are complete, its folders prepared, its pictures saved and PageWidth set.
+//
 // table_section.h is the engine of tables, table_columns.h their columns; page_text.h writes rows and cells, and
 // html_builder.h the file.
 #pragma once
@@ -30,7 +32,8 @@ bool AddForeignPositionSection(CHtmlBuilder& page, const CReport& report);
 bool AddMatchSection(CHtmlBuilder& page, const CReport& report);
 bool AddForeignMatchSection(CHtmlBuilder& page, const CReport& report);
 
-/// Closed positions with both legs. Asks the host for each contract's unit, with all rows before it on disk.
+/// Closed positions with both legs. Asks for each contract's unit; a host that answers finds all rows before it on
+/// disk.
 bool AddOffsetSection(CHtmlBuilder& page, const CReport& report);
 
 void AddNotesSection(CHtmlBuilder& page);

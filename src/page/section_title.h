@@ -18,6 +18,8 @@ struct SectionTitle {
     std::string_view heightTail;  ///< behind the button's height
 };
 
+// REQUIRES of both: the report's pictures are saved.
+
 /// Title bar, title and fold button of a table section.
 void AddSectionTitle(CHtmlBuilder& page, const CReport& report, const SectionTitle& words);
 

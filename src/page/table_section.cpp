@@ -16,8 +16,8 @@
 namespace tradebill {
 namespace {
 
-constexpr std::size_t kFlushFrom =
-    std::size_t{60} * 1024;  // a row is under 4 KiB, so that no more than 64 KiB are ever gathered
+// A row is under 4 KiB, so that no more than 64 KiB are ever gathered.
+constexpr std::size_t kFlushFrom = std::size_t{60} * 1024;
 
 }  // namespace
 

@@ -23,7 +23,7 @@ struct ShownLine {
     std::vector<std::size_t> underlined;  ///< where in `text`, ascending; its end counts for nothing
 };
 
-std::string_view TakeLine(std::string_view& rest) {
+std::string_view TakeBoxLine(std::string_view& rest) {
     const std::size_t end = std::min(rest.find_first_of("\r\n"), rest.size());
     const std::string_view line = rest.substr(0, end);
     rest.remove_prefix(end);
@@ -49,7 +49,7 @@ ShownLine WithoutPrefixes(std::string_view line) {
 
 std::vector<ShownLine> LinesOf(std::string_view text) {
     std::vector<ShownLine> lines;
-    while (!text.empty()) lines.push_back(WithoutPrefixes(TakeLine(text)));
+    while (!text.empty()) lines.push_back(WithoutPrefixes(TakeBoxLine(text)));
     return lines;
 }
 

@@ -21,8 +21,8 @@ struct PremiumWords {
 
 struct FixedLayout {
     SearchFrom searchFrom = SearchFrom::Cursor;
-    std::string_view dateWord =
-        {};  ///< the date behind it is BILL_DATE, empty if the word is missing; empty: the file's day is
+    /// The date behind it is BILL_DATE, empty if the statement lacks the word. Without a date word the file's day is.
+    std::string_view dateWord = {};
     bool skipsStoredDay = false;  ///< a date that the money store already holds ends the reader
     SectionLayout money;
     std::span<const MoneyLabel> labels;

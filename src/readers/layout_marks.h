@@ -11,7 +11,7 @@ namespace tradebill {
 /// The layouts whose marks stand in `text`, one for each format, in the order of the table; the foreign one last.
 [[nodiscard]] std::vector<const Layout*> MarkedLayouts(std::string_view text);
 
-/// The domestic layouts among them that read `text` differently: of formats 2 and 201, which print the same sheets, the
+/// The domestic layouts among them that read `text` differently: of two formats that print the same sheets, the
 /// one that the money figures speak for, or both if they don't tell.
 [[nodiscard]] std::vector<const Layout*> LikelyLayouts(std::string_view text);
 

@@ -12,7 +12,9 @@ namespace tradebill {
 
 class CReport;
 
-/// Takes the records of one statement, and tells the listener, which may be null, of each. No record may be null.
+/// Takes the records of one statement, and tells the listener, which may be null, of each.
+///
+/// REQUIRES: no record is null, and report and listener outlive it.
 class CRecordSink {
 public:
     CRecordSink(CReport& report, CScanListener* listener) : report_(report), listener_(listener) {}
@@ -39,6 +41,7 @@ public:
 
     /// The day's realised P/L, where the money section doesn't state it: `text` becomes PCYK of the day's record. The
     /// series get `amount` even for a day without a record.
+    /// REQUIRES: the day's money record, if the statement has one, was added before.
     void SetDayClosedPL(std::string_view day, std::string_view text, double amount);
 
     /// The day's mark-to-market P/L likewise: `text` becomes CCDSYK.

@@ -69,9 +69,9 @@ public:
     virtual void OnRow(std::string_view row, std::size_t columns, const RowVerdict& verdict) = 0;
     virtual void OnLabelWanted(std::string_view label) = 0;  ///< the money section at hand looks for it
     virtual void OnLabelMet(std::string_view label) = 0;
-    virtual void OnMoney(const MoneyRecord& record,
-                         std::string_view currency) = 0;  ///< about to be handed to the stores
-    virtual void OnRecord() = 0;                          ///< a row's record is
+    /// A money record is about to be handed over; `currency` is empty for that of a domestic account.
+    virtual void OnMoney(const MoneyRecord& record, std::string_view currency) = 0;
+    virtual void OnRecord() = 0;  ///< a row's record is
 };
 
 }  // namespace tradebill

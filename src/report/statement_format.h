@@ -19,9 +19,9 @@ enum class TradeColumns { FundClass, FundStatus, Full };
 
 struct StatementFormat {
     std::int32_t number;
-    bool namesDeliveryApart =
-        false;                 ///< product and delivery month stand in two columns: both together name a contract
-    bool printsNames = false;  ///< products go by their names, where others print codes
+    /// Product and delivery month stand in two columns: both together name a contract.
+    bool namesDeliveryApart = false;
+    bool printsNames = false;           ///< products go by their names, where others print codes
     bool showsExchangeOfClosed = true;  ///< the page names the exchange of closed positions
     EquityRule equity = EquityRule::AsPrinted;
     TradeColumns tradeColumns = TradeColumns::Full;

@@ -15,7 +15,7 @@ namespace tradebill {
 
 namespace {
 
-constexpr double kLeastEquity = 1.1754943508222875e-38;  // the smallest normal single-precision value
+constexpr double kSmallestNormal = 1.1754943508222875e-38;  // the smallest normal single-precision value
 constexpr std::size_t kDayLength = 8;
 
 template <class Figures>
@@ -68,7 +68,7 @@ void CTradeStatistics::SetEquity(std::string_view day, double equity, double mar
         CDayUsage& usage = DayUsages.FindOrCreate(day);
         usage.Equity = equity;
         usage.Margin = margin;
-        if (equity > kLeastEquity) usage.Risk = margin / equity;
+        if (equity > kSmallestNormal) usage.Risk = margin / equity;
         usage.HasFigures = 1;
     }
     SetFigure(day, &DayFigure::Closing, equity);

@@ -1,8 +1,11 @@
 // The section of closed positions: both legs, a P/L made of prices and the host's unit, and the chart's place.
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/text.h"
@@ -11,6 +14,7 @@
 #include "page/page_fixture.h"
 #include "page/page_sections.h"
 #include "page/statement_rows.h"
+#include "report/product_source.h"
 #include "support/host_objects.h"
 
 namespace tradebill::offset_section_test {
@@ -257,6 +261,34 @@ TEST_F(OffsetSection, CutsTheAskedContractTo63Bytes) {
     AddClosed(report, {{"CONTRACT", name}});
     EXPECT_EQ(Asked(1), name.substr(0, 63) + "|");
     EXPECT_EQ(Asked(0), name.substr(0, 63) + "|");
+}
+
+/// Keeps how long the page was whenever a unit was asked for.
+class CLengthKeeper final : public CProductSource {
+public:
+    explicit CLengthKeeper(std::string page) : page_(std::move(page)) {}
+    [[nodiscard]] std::int32_t UnitOf(std::string_view /*contract*/, std::string_view /*delivery*/) const override {
+        lengths.push_back(ReadFile(page_).size());
+        return 1;
+    }
+    [[nodiscard]] std::optional<std::string> CodeOf(std::string_view /*name*/) const override { return std::nullopt; }
+
+    mutable std::vector<std::size_t> lengths;
+
+private:
+    std::string page_;
+};
+
+TEST_F(OffsetSection, LeavesRowsGatheredWhereNoHostIsAsked) {
+    const CLengthKeeper source(path_);
+    AddPosition("买", "1", "2", "1");
+    AddPosition("买", "1", "2", "1");
+    source.lengths.clear();
+    report.Products = &source;
+    CHtmlBuilder page(path_);
+    EXPECT_TRUE(AddOffsetSection(page, report));
+    ASSERT_EQ(source.lengths.size(), 2u);
+    EXPECT_EQ(source.lengths[0], source.lengths[1]);
 }
 
 TEST_F(OffsetSection, HasAllRowsOnDiskWhenItAsksTheHost) {
