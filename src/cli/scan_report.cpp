@@ -1,10 +1,16 @@
 #include "cli/scan_report.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <limits>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "base/text.h"
 #include "platform/text_encoding.h"
+#include "readers/scan_listener.h"
+#include "report/money_record.h"
 #include "report/record_fields.h"
 
 namespace tradebill {

@@ -3,19 +3,25 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cstdint>
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "base/day.h"
+#include "base/ini_file.h"
 #include "base/number.h"
-#include "base/text.h"
+#include "cli/command_table.h"
 #include "cli/input_ini.h"
 #include "cli/template_known_keys.h"
 #include "cli/usage_error.h"
 #include "platform/file.h"
 #include "platform/text_encoding.h"
+#include "readers/scan_listener.h"
 #include "readers/statement_template.h"
 #include "readers/template_keys.h"
 

@@ -5,8 +5,14 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "readers/columns.h"
+#include "readers/money_labels.h"
 #include "readers/record_sink.h"
+#include "readers/section_scan.h"
 #include "readers/statement_text.h"
+#include "readers/table_layout.h"
+#include "report/money_record.h"
+#include "report/records.h"
 #include "report/report.h"
 
 namespace tradebill {

@@ -1,6 +1,14 @@
+#include "base/gbk.h"
+#include "readers/columns.h"
 #include "readers/fixed_layout.h"
 #include "readers/fixed_readers.h"
+#include "readers/money_labels.h"
+#include "readers/record_sink.h"
+#include "readers/scan_listener.h"
 #include "readers/shared_columns.h"
+#include "readers/statement_text.h"
+#include "report/money_record.h"
+#include "report/records.h"
 
 namespace tradebill {
 namespace {

@@ -1,6 +1,8 @@
 #include "readers/gap_side.h"
 
 #include <cstddef>
+#include <span>
+#include <string_view>
 #include <vector>
 
 #include "base/gbk.h"

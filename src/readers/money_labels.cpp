@@ -1,7 +1,13 @@
 #include "readers/money_labels.h"
 
+#include <cstddef>
+#include <span>
+
 #include "base/number.h"
 #include "base/text.h"
+#include "readers/scan_listener.h"
+#include "readers/section_scan.h"
+#include "report/money_record.h"
 
 namespace tradebill {
 namespace {

@@ -1,8 +1,14 @@
 #include "readers/money_row.h"
 
 #include <algorithm>
+#include <memory>
+#include <span>
+#include <string_view>
 
 #include "base/number.h"
+#include "readers/columns.h"
+#include "readers/section_scan.h"
+#include "report/money_record.h"
 
 namespace tradebill {
 

@@ -18,7 +18,7 @@ import sys
 
 CLANG_TIDY = "clang-tidy-19"
 # The build's own precompiled header hides what a file doesn't include; code generation is of no interest.
-DROPPED = {"-Winvalid-pch", "-g1", "-O2", "-c"}
+DROPPED = {"-Winvalid-pch", "-Werror", "-g1", "-O2", "-c"}
 DROPPED_WITH_VALUE = {"-include", "-o"}
 OTHER_SYSTEM = ("windows", "gdi")
 
