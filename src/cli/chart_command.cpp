@@ -32,15 +32,8 @@ namespace {
 
 constexpr std::int64_t kMostPixels = std::int64_t{1} << 24;
 
-/// The names of all charts: "a, b or c".
 std::string ChartNames() {
-    const auto charts = AccountCharts();
-    std::string names;
-    for (std::size_t i = 0; i < charts.size(); ++i) {
-        if (i > 0) names += i + 1 < charts.size() ? ", " : " or ";
-        names += charts[i]->name;
-    }
-    return names;
+    return OneOf(AccountCharts(), [](const AccountChart* chart) { return chart->name; });
 }
 
 const AccountChart& ChartCalled(const std::string& name) {

@@ -57,10 +57,9 @@ ReportOptions WithRequestFile(ReportOptions options) {
         const auto* const known = std::ranges::find_if(
             kRequestKeys, [&](const RequestKey& candidate) { return EqualsIgnoringCase(candidate.key, entry.key); });
         if (known == std::end(kRequestKeys)) {
-            throw CUsageError(
-                ini.Place(entry.line) +
-                ": expected user, account, from, to, format, kind, template, dpi or margin_offset, found \"" +
-                entry.key + "\"");
+            throw CUsageError(ini.Place(entry.line) + ": expected " +
+                              OneOf(kRequestKeys, [](const RequestKey& row) { return row.key; }) + ", found \"" +
+                              entry.key + "\"");
         }
         auto& setting = options.*known->setting;
         if (!setting && !entry.value.empty()) setting = entry.value;

@@ -30,31 +30,30 @@ public:
 
 class ProductNamesRead : public testing::Test {
 protected:
-    ProductNamesRead() { report_.Products = &source_; }
-
     /// The product of a detail row alone in its format.
     std::string DetailProduct(std::int32_t format, std::string_view contract) {
-        Prepare(format);
-        CRecordSink(report_, nullptr).Add(CopyOf(Open({{"BILL_DATE", "20240102"}, {"CONTRACT", contract}})));
-        return OnlyProduct();
+        CReport report;
+        Prepare(report, format);
+        CRecordSink(report, nullptr).Add(CopyOf(Open({{"BILL_DATE", "20240102"}, {"CONTRACT", contract}})));
+        return OnlyProduct(report);
     }
     std::string SumProduct(std::int32_t format, std::string_view contract) {
-        Prepare(format);
-        CRecordSink(report_, nullptr)
+        CReport report;
+        Prepare(report, format);
+        CRecordSink(report, nullptr)
             .AddOnlyPosition(CopyOf(OpenSum({{"BILL_DATE", "20240102"}, {"CONTRACT", contract}})));
-        return OnlyProduct();
+        return OnlyProduct(report);
     }
 
     CCopperSource source_;
-    CReport report_;
 
 private:
-    void Prepare(std::int32_t format) {
-        report_.Clear();
-        report_.Request.StatementFormat = format;
+    void Prepare(CReport& report, std::int32_t format) const {
+        report.Products = &source_;
+        report.Request.StatementFormat = format;
     }
-    [[nodiscard]] std::string OnlyProduct() const {
-        const CDayUsage* const usage = report_.TradeStatistics.DayUsages.Find("20240102");
+    [[nodiscard]] static std::string OnlyProduct(const CReport& report) {
+        const CDayUsage* const usage = report.TradeStatistics.DayUsages.Find("20240102");
         return usage == nullptr || usage->Positions.size() != 1 ? "none" : usage->Positions.front()->Product;
     }
 };
