@@ -9,6 +9,7 @@
 #include "page/html_builder.h"
 #include "page/page_pictures.h"
 #include "page/page_sections.h"
+#include "page/page_sink.h"
 #include "page/page_text.h"
 #include "paint/font.h"
 #include "paint/picture_file.h"
@@ -28,11 +29,19 @@ std::string BlockStart(std::string_view id) {
     return Joined("<div id = \"", id, "\" style=\"position:relative;\">\r\n");
 }
 
+/// A report, and how the text at hand points at its pictures.
+struct PicturedReport {
+    const CReport& report;
+    const CPictureLinks& links;
+
+    [[nodiscard]] std::string LinkTo(std::string_view picture) const { return links.InPage(report, picture); }
+};
+
 /// At the size that it was made in.
-std::string Image(const CReport& report, std::string_view picture, std::string_view alt) {
-    const PictureSize size = SizeOf(report, picture);
+std::string Image(const PicturedReport& pictured, std::string_view picture, std::string_view alt) {
+    const PictureSize size = SizeOf(pictured.report, picture);
     return Joined("<img border=\"0\" style=\"width:", size.width, "px; height:", size.height, "px; \" src=\"",
-                  PagePicturePath(report, picture), "\" alt=\"", alt, "\" />\r\n");
+                  pictured.LinkTo(picture), "\" alt=\"", alt, "\" />\r\n");
 }
 
 std::string PlacedStart(int top, int left) {
@@ -44,7 +53,8 @@ std::string LinkStart(std::string_view href) {
 }
 
 /// The banner with the section's title and button on the blue bar.
-void AddSummaryBlock(CHtmlBuilder& page, const CReport& report) {
+std::string SummaryBlock(const PicturedReport& pictured) {
+    const CReport& report = pictured.report;
     const PictureSize banner = ScaledSizeOf(report, kAccountSummary);
     const PictureSize button = ScaledSizeOf(report, kShrinkPicture);
     const TextExtent title = MeasureTitle(report, kTitle);
@@ -53,7 +63,7 @@ void AddSummaryBlock(CHtmlBuilder& page, const CReport& report) {
     std::string text =
         "<div style=\"position:relative; -moz-user-select:-moz-none; \"  onselectstart=\"return false;\" >\r\n";
     Append(text, "<img border=\"0\" style=\"position:relative; letf:0px; top:0px; width:", banner.width,
-           "px; height:", banner.height, "px; \" src=\"", PagePicturePath(report, kAccountSummary), "\" alt=\"", kTitle,
+           "px; height:", banner.height, "px; \" src=\"", pictured.LinkTo(kAccountSummary), "\" alt=\"", kTitle,
            "\" />\r\n");
     Append(text, "<div style = \"cursor:hand; position:absolute; top:", top, "px; left:", left,
            "px; width:", title.width + 10, "px; \" class = \"titletext\" onclick = \"clicksummary()\" >", kTitle,
@@ -61,39 +71,50 @@ void AddSummaryBlock(CHtmlBuilder& page, const CReport& report) {
     Append(text, "<img style = \"cursor:hand; width:", button.width, "px; height:", button.height,
            "px; position:absolute; top:", top + (title.height - button.height) / 2, "px; left:", left + title.width,
            "px; \" id = \"summarybtn\" onclick = \"clicksummary()\" border=\"0\" src=\"",
-           PagePicturePath(report, kShrinkPicture), "\" alt=\"\" />\r\n", kBlockEnd);
-    page.AddText(text);
+           pictured.LinkTo(kShrinkPicture), "\" alt=\"\" />\r\n", kBlockEnd);
+    return text;
 }
 
 /// The account table with the equity chart over it.
-void AddAccountBlock(CHtmlBuilder& page, const CReport& report) {
-    page.AddText(Joined(BlockStart("account"), Image(report, kAccountDetail, "账户明细"_gbk),
-                        PlacedStart(report.Scaled(kChartTop), report.Scaled(kChartLeft)),
-                        LinkStart("javascript:void(0)"), Image(report, kAccountFigure, "权益走势图"_gbk), kLinkEnd,
-                        kBlockEnd, kBlockEnd));
+std::string AccountBlock(const PicturedReport& pictured) {
+    const CReport& report = pictured.report;
+    return Joined(BlockStart("account"), Image(pictured, kAccountDetail, "账户明细"_gbk),
+                  PlacedStart(report.Scaled(kChartTop), report.Scaled(kChartLeft)), LinkStart("javascript:void(0)"),
+                  Image(pictured, kAccountFigure, "权益走势图"_gbk), kLinkEnd, kBlockEnd, kBlockEnd);
 }
 
 /// The statistics panel with both yield charts over it, the second one below the first. One end serves both links.
-void AddStatisticsBlock(CHtmlBuilder& page, const CReport& report) {
-    page.AddText(Joined(BlockStart("tabStatistics"), Image(report, kAccountStatics, kTitle),
-                        PlacedStart(report.Scaled(kChartTop), report.Scaled(kChartLeft)),
-                        LinkStart("javascript:void(2)"), Image(report, kHealthFigure, "资金收益图"_gbk),
-                        PlacedStart(report.Scaled(kSecondChartTop), 0), LinkStart("javascript:void(3)"),
-                        Image(report, kRiskFigure, "交易收益率"_gbk), kLinkEnd, kBlockEnd, kBlockEnd, kBlockEnd));
+std::string StatisticsBlock(const PicturedReport& pictured) {
+    const CReport& report = pictured.report;
+    return Joined(BlockStart("tabStatistics"), Image(pictured, kAccountStatics, kTitle),
+                  PlacedStart(report.Scaled(kChartTop), report.Scaled(kChartLeft)), LinkStart("javascript:void(2)"),
+                  Image(pictured, kHealthFigure, "资金收益图"_gbk), PlacedStart(report.Scaled(kSecondChartTop), 0),
+                  LinkStart("javascript:void(3)"), Image(pictured, kRiskFigure, "交易收益率"_gbk), kLinkEnd, kBlockEnd,
+                  kBlockEnd, kBlockEnd);
 }
 
-/// One picture in a block of its own, with a link if `href` isn't empty.
-void AddImageBlock(CHtmlBuilder& page, const CReport& report, std::string_view picture, std::string_view id,
-                   std::string_view alt, std::string_view href) {
-    std::string text = BlockStart(id);
-    if (!href.empty()) text += LinkStart(href);
-    text += Image(report, picture, alt);
-    if (!href.empty()) text += kLinkEnd;
+/// One picture in a block of its own.
+struct ImageBlock {
+    std::string_view picture;
+    std::string_view id;
+    std::string_view alt;
+    std::string_view href = {};  ///< of the link that it is; none if empty
+};
+
+std::string TextOf(const PicturedReport& pictured, const ImageBlock& block) {
+    std::string text = BlockStart(block.id);
+    if (!block.href.empty()) text += LinkStart(block.href);
+    text += Image(pictured, block.picture, block.alt);
+    if (!block.href.empty()) text += kLinkEnd;
     text += kBlockEnd;
-    page.AddText(text);
+    return text;
 }
 
-void ReportChartSizes(const CReport& report) {
+constexpr ImageBlock kForeignDetail{kAccountDetail, "AccountDetail", "资金明细"_gbk};
+constexpr ImageBlock kForeignFigure{kAccountFigure, "AccountFigure", "权益走势"_gbk, "javascript:void(0)"};
+
+/// The host finds the page whole.
+void ReportChartSizes(CHtmlBuilder& page, const CReport& report) {
     const GenerateBillRequest& request = report.Request;
     if (request.HostWindow == nullptr || request.ChartSizeCallback == nullptr) return;
     const auto [equityWidth, equityHeight, realisedWidth, realisedHeight, accountYieldWidth, accountYieldHeight,
@@ -101,30 +122,33 @@ void ReportChartSizes(const CReport& report) {
     const ChartSizeReport sizes{equityWidth,     equityHeight,      realisedWidth,
                                 realisedHeight,  accountYieldWidth, accountYieldHeight,
                                 tradeYieldWidth, tradeYieldHeight,  report.MoneyStore.Count()};
+    page.Settle();
     request.ChartSizeCallback(&sizes);
 }
 
 void CloseSection(CHtmlBuilder& page, const CReport& report) {
     page.AddHeading(1, "", "");
     page.ClosePage();
-    ReportChartSizes(report);
+    ReportChartSizes(page, report);
 }
 
 }  // namespace
 
 bool AddAccountSection(CHtmlBuilder& page, const CReport& report) {
-    AddSummaryBlock(page, report);
-    AddAccountBlock(page, report);
-    AddStatisticsBlock(page, report);
+    page.AddPictured([&report](const CPictureLinks& links) {
+        const PicturedReport pictured{report, links};
+        return SummaryBlock(pictured) + AccountBlock(pictured) + StatisticsBlock(pictured);
+    });
     CloseSection(page, report);
     return true;
 }
 
 bool AddForeignAccountSection(CHtmlBuilder& page, const CReport& report) {
-    AddSummaryBlock(page, report);
-    AddImageBlock(page, report, kAccountDetail, "AccountDetail", "资金明细"_gbk, "");
-    AddImageBlock(page, report, kAccountFigure, "AccountFigure", "权益走势"_gbk, "javascript:void(0)");
-    AddStatisticsBlock(page, report);
+    page.AddPictured([&report](const CPictureLinks& links) {
+        const PicturedReport pictured{report, links};
+        return SummaryBlock(pictured) + TextOf(pictured, kForeignDetail) + TextOf(pictured, kForeignFigure) +
+               StatisticsBlock(pictured);
+    });
     CloseSection(page, report);
     return true;
 }

@@ -2,22 +2,17 @@
 
 #include <array>
 #include <cstddef>
-#include <optional>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
 
-#include "base/gbk.h"
-#include "base/text.h"
-#include "page/page_scan.h"
+#include "page/page_file.h"
+#include "page/page_sink.h"
 #include "page/page_text.h"
-#include "platform/file.h"
-#include "platform/paths.h"
 
 namespace tradebill {
 namespace {
-
-constexpr std::string_view kHeadLines = "<head>\r\n<title> 交易及账单报告 </title>\r\n</head>\r\n"_gbk;
 
 constexpr std::array<std::string_view, 10> kTagNames = {"", "h1", "h2", "h3", "h4", "h5", "h6", "div", "span", "p"};
 
@@ -44,62 +39,34 @@ std::string StyleBlock(const Style& style) {
     return block;
 }
 
-/// Where the line with </head> begins; where the last line begins if there is none.
-std::size_t HeadEndLine(std::string_view page) {
-    std::size_t start = 0;
-    std::string_view rest = page;
-    while (!rest.empty()) {
-        start = page.size() - rest.size();
-        if (Contains(TakeLine(rest), kHeadEnd)) break;
-    }
-    return start;
-}
-
-/// Each line ended once.
-std::string WithLineEnds(std::string_view text) {
-    std::string result;
-    while (!text.empty()) Append(result, TakePageLine(text), "\r\n");
-    return result;
-}
-
 }  // namespace
 
-CHtmlBuilder::CHtmlBuilder(std::string_view path) {
-    const std::string page(path.substr(0, kLongestPath));
-    CFile file(page, FileMode::Create);
-    if (!file.IsOpen()) {
-        failed_ = true;
-        return;
-    }
-    path_ = page;
-    if (!file.Write(kHeadLines)) failed_ = true;
-    size_ = kHeadLines.size();
-}
+CHtmlBuilder::CHtmlBuilder(std::string_view path, CPageSink* copy) : file_(path), copy_(copy) {}
 
 void CHtmlBuilder::AddText(std::string_view text) {
-    if (path_.empty()) return;
-    CFile file(path_, FileMode::Append);
-    if (!file.IsOpen() || !file.Write(text)) {
-        failed_ = true;
-        return;
-    }
-    size_ += text.size();
-    added_.Feed(text);
+    file_.Append(text);
+    if (copy_ != nullptr) copy_->AddText(text);
+}
+
+void CHtmlBuilder::AddPictured(const std::function<std::string(const CPictureLinks& links)>& text) {
+    file_.Append(text(CPictureLinks()));
+    if (copy_ != nullptr) copy_->AddText(text(copy_->Links()));
+}
+
+void CHtmlBuilder::AddRows(std::string_view rows, TextKind kind) {
+    file_.Append(rows, kind);
+    if (copy_ != nullptr) copy_->AddText(rows);
 }
 
 void CHtmlBuilder::AddStyle(const Style& style) {
-    if (path_.empty()) return;
-    CFile file(path_, FileMode::Update);
-    const auto page = file.IsOpen() ? file.ReadAll() : std::nullopt;
-    if (!page) {
-        failed_ = true;
-        return;
-    }
-    const std::size_t at = HeadEndLine(*page);
-    const std::string rest = WithLineEnds(std::string_view(*page).substr(at));
-    if (!file.WriteAt(at, StyleBlock(style) + rest)) failed_ = true;
-    size_ = file.Size();
-    closedSize_ = 0;
+    const std::string block = StyleBlock(style);
+    file_.InsertInHead(block);
+    if (copy_ != nullptr) copy_->AddStyle(block);
+}
+
+void CHtmlBuilder::ClosePage() {
+    file_.Close();
+    if (copy_ != nullptr) copy_->ClosePage();
 }
 
 void CHtmlBuilder::AddHeading(int level, std::string_view className, std::string_view text) {

@@ -1,16 +1,18 @@
 // The only writer of the report page. The page on disk is the document: every operation opens the file, changes it and
-// closes it again, and ClosePage, which may run at any time, makes it a whole HTML document. The builder knows HTML and
-// nothing of statements; what goes into the page the sections decide (page_sections.h). All texts are GBK.
+// closes it again, and ClosePage, which may run at any time, makes it a whole HTML document. While a page is gathered
+// the file may lag behind, and is the same in the end (page_file.h). The builder knows HTML and nothing of statements;
+// what goes into the page the sections decide (page_sections.h). All texts are GBK.
 //
 // A failed operation leaves the page as it is and says nothing; HasFailed tells it to whoever wants to know.
 #pragma once
 
-#include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
 
-#include "page/page_scan.h"
+#include "page/page_file.h"
+#include "page/page_sink.h"
 #include "page/page_text.h"
 
 namespace tradebill {
@@ -29,13 +31,11 @@ struct Style {
     int marginBottom = -1;  ///< pixels; none if -1
 };
 
-class CFile;
-
 class CHtmlBuilder {
 public:
-    /// Creates the page with its head lines. If it can't, the builder has no path and does nothing from then on. `path`
-    /// is cut to 259 bytes.
-    explicit CHtmlBuilder(std::string_view path);
+    /// Creates the page with its head lines. If it can't, the builder has no path and writes nothing from then on.
+    /// `path` is cut to 259 bytes. `copy`, which may be null and must outlive the builder, gets the page too.
+    explicit CHtmlBuilder(std::string_view path, CPageSink* copy = nullptr);
     virtual ~CHtmlBuilder() = default;
     CHtmlBuilder(const CHtmlBuilder&) = delete;
     CHtmlBuilder& operator=(const CHtmlBuilder&) = delete;
@@ -55,24 +55,44 @@ public:
     void AddNote(std::string_view text);
     /// Text as it stands, at the end of the file.
     void AddText(std::string_view text);
+    /// Text that points at pictures: made for each place that the page goes to.
+    void AddPictured(const std::function<std::string(const CPictureLinks& links)>& text);
+    /// Rows of a table: whole lines, each of which opens with a tag. `kind` tells whether any of them holds what a
+    /// closing would change.
+    void AddRows(std::string_view rows, TextKind kind);
 
     /// Rewrites the file so that it is a complete page. May run any number of times.
     void ClosePage();
 
+    /// Brings a page that is gathered to disk.
+    void Settle() { file_.Settle(); }
+
     /// Whether an operation could not do its work since the builder was made.
-    [[nodiscard]] bool HasFailed() const { return failed_; }
+    [[nodiscard]] bool HasFailed() const { return file_.HasFailed(); }
 
 private:
-    void CloseWhole(CFile& file);
-    void CloseAddition(CFile& file);
+    friend class CPageGathering;
 
-    std::string path_;
-    bool failed_ = false;
+    CPageFile file_;
+    CPageSink* copy_;
+};
 
-    // What ClosePage needs to do work only for what came since the last time.
-    std::uint64_t size_ = 0;        // of the file as this builder left it
-    std::uint64_t closedSize_ = 0;  // of the file after the last ClosePage; 0: the next one makes the full pass
-    CPageScan added_;               // what was appended since
+/// While one lives the page is gathered: it goes to disk in large blocks and each byte once, and the file may lag
+/// behind until it goes. One inside of another does nothing.
+class CPageGathering {
+public:
+    explicit CPageGathering(CHtmlBuilder& page) : page_(page), isOutermost_(!page.file_.IsGathering()) {
+        page_.file_.BeginGathering();
+    }
+    ~CPageGathering() {
+        if (isOutermost_) page_.file_.EndGathering();
+    }
+    CPageGathering(const CPageGathering&) = delete;
+    CPageGathering& operator=(const CPageGathering&) = delete;
+
+private:
+    CHtmlBuilder& page_;
+    bool isOutermost_;
 };
 
 }  // namespace tradebill

@@ -117,7 +117,6 @@ bool AddOffsetSection(CHtmlBuilder& page, const CReport& report) {
     for (const auto& row : report.PingDetailStore.Rows) {
         if (table.StopRequested()) return false;
         table.Add(&OffsetContent::opening, OpeningOf(*row, report.Format()), BandClass(counter + 1));
-        if (report.Request.ContractUnitCallback != nullptr) table.Flush();  // a host sees all rows before it is asked
         const double rowProfit = ProfitOf(*row, UnitOf(report, *row));
         table.Add(&OffsetContent::closing, ClosingOf(*row, rowProfit), BandClass(counter + 2));
         table.AddDashRow({});

@@ -1,84 +1,46 @@
-// ClosePage: the tags that stand around the whole page are taken out wherever an earlier run left them, and written
-// anew.
-#include <algorithm>
+#include "page/page_closing.h"
+
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "base/text.h"
-#include "page/html_builder.h"
 #include "page/page_scan.h"
-#include "platform/file.h"
 
 namespace tradebill {
-namespace {
 
-constexpr std::string_view kPageStart = "<html>\r\n";
-constexpr std::string_view kPageEnd = "</body>\r\n</html>\r\n";
-constexpr std::string_view kLineEnd = "\r\n";
-
-/// The page with its wrappers in place and each line ended once.
-std::string Wrapped(std::string_view page) {
+std::string WrappedPage(std::string_view page) {
     std::string result;
     result.reserve(page.size() + 64);
-    result += kPageStart;
+    result += "<html>\r\n";
     while (!page.empty()) {
         const std::string_view line = TakePageLine(page);
         if (IsWrapperLine(line)) continue;
         result += line;
-        result += kLineEnd;
+        result += kPageLineEnd;
         if (Contains(line, kHeadEnd)) result += "<body>\r\n";
     }
     result += kPageEnd;
     return result;
 }
 
-}  // namespace
-
-void CHtmlBuilder::ClosePage() {
-    if (path_.empty()) return;
-    CFile file(path_, FileMode::Update);
-    if (!file.IsOpen()) {
-        failed_ = true;
-        return;
+std::size_t HeadEndLine(std::string_view page) {
+    std::size_t start = 0;
+    std::string_view rest = page;
+    while (!rest.empty()) {
+        start = page.size() - rest.size();
+        if (Contains(TakeLine(rest), kHeadEnd)) break;
     }
-    if (closedSize_ != 0 && file.Size() == size_ && added_.IsPlain()) {
-        CloseAddition(file);
-    } else {
-        CloseWhole(file);
-    }
-    added_ = {};
+    return start;
 }
 
-void CHtmlBuilder::CloseWhole(CFile& file) {
-    const auto page = file.ReadAll();
-    const std::string wrapped = Wrapped(page.value_or(std::string()));
-    if (!page || !file.WriteAt(0, wrapped)) failed_ = true;
-    // The file is never cut. If dropped lines made the page shorter, an old end stays behind the new one, and only full
-    // passes can follow.
-    size_ = file.Size();
-    closedSize_ = size_ == wrapped.size() ? size_ : 0;
-}
-
-/// The page up to closedSize_ is whole, and a full pass would keep all that was added since: so the addition moves over
-/// the old end of the page, and the end goes behind it.
-void CHtmlBuilder::CloseAddition(CFile& file) {
-    if (size_ == closedSize_) return;
-    constexpr std::size_t kBlockSize = std::size_t{256} * 1024;
-    std::string block(static_cast<std::size_t>(std::min<std::uint64_t>(kBlockSize, size_ - closedSize_)), '\0');
-    bool succeeded = true;
-    std::uint64_t from = closedSize_;
-    while (from < size_ && succeeded) {
-        const std::size_t wanted = static_cast<std::size_t>(std::min<std::uint64_t>(block.size(), size_ - from));
-        succeeded = file.ReadAt(from, block.data(), wanted) == wanted &&
-                    file.WriteAt(from - kPageEnd.size(), std::string_view(block).substr(0, wanted));
-        from += wanted;
+std::string WithBlockBefore(std::string_view rest, std::string_view block) {
+    std::string result(block);
+    while (!rest.empty()) {
+        result += TakePageLine(rest);
+        result += kPageLineEnd;
     }
-    const std::string end = (added_.EndsInLine() ? std::string(kLineEnd) : std::string()) + std::string(kPageEnd);
-    if (!succeeded || !file.WriteAt(size_ - kPageEnd.size(), end)) failed_ = true;
-    size_ += end.size() - kPageEnd.size();
-    closedSize_ = failed_ ? 0 : size_;
+    return result;
 }
 
 }  // namespace tradebill

@@ -57,4 +57,8 @@ void CPageScan::Feed(std::string_view text) {
     tail_.erase(0, tail_.size() - std::min(tail_.size(), kTailLength));
 }
 
+void CPageScan::TakePlainLines() {
+    tail_ = "\r\n";
+}
+
 }  // namespace tradebill

@@ -22,6 +22,9 @@ public:
     /// Takes note of text appended to the page.
     void Feed(std::string_view text);
 
+    /// The same of whole lines that are known to be plain and to open with a tag of their own.
+    void TakePlainLines();
+
     /// No wrapper tag, no </head>, and no line end but "\r\n" so far: a full pass would keep every byte of it.
     [[nodiscard]] bool IsPlain() const { return isPlain_ && !tail_.ends_with('\r'); }
     [[nodiscard]] bool EndsInLine() const { return !tail_.empty() && tail_.back() != '\n'; }

@@ -8,7 +8,7 @@
 #include "base/gbk.h"
 #include "images/picture_names.h"
 #include "page/html_builder.h"
-#include "page/page_pictures.h"
+#include "page/page_sink.h"
 #include "page/page_text.h"
 #include "report/report.h"
 
@@ -56,17 +56,25 @@ std::string ShowTargets(const FoldScript& script, std::string_view display) {
     return text;
 }
 
-std::string ScriptText(const CReport& report, const FoldScript& script) {
+std::string ScriptText(const CReport& report, const FoldScript& script, const CPictureLinks& links) {
     std::string text = Joined("function ", script.function, "()\r\n{\r\n");
     Append(text, "element=document.getElementById('", script.buttonId, "');\r\n");
     for (std::size_t i = 0; i < script.targets.size(); ++i) {
         Append(text, Variable(i), "=document.getElementById('", script.targets[i], "');\r\n");
     }
     Append(text, "if (element.src.match(\"BillShrink\"))\r\n{\r\n");
-    Append(text, "element.src=\"", ScriptPicturePath(report, kExpandPicture), "\";\r\n", ShowTargets(script, "none"));
+    Append(text, "element.src=\"", links.InScript(report, kExpandPicture), "\";\r\n", ShowTargets(script, "none"));
     Append(text, "}\r\nelse\r\n{\r\n");
-    Append(text, "element.src=\"", ScriptPicturePath(report, kShrinkPicture), "\";\r\n", ShowTargets(script, "block"));
+    Append(text, "element.src=\"", links.InScript(report, kShrinkPicture), "\";\r\n", ShowTargets(script, "block"));
     text += "}\r\n}\r\n";
+    return text;
+}
+
+std::string AllScripts(const CReport& report, const CPictureLinks& links) {
+    std::string text = "<script>\r\n";
+    text += ScriptText(report, report.IsForeign() ? kForeignSummaryScript : kSummaryScript, links);
+    for (const FoldScript& script : kFoldScripts) text += ScriptText(report, script, links);
+    text += "</script>\r\n";
     return text;
 }
 
@@ -132,11 +140,7 @@ constexpr Style kStyles[] = {
 }  // namespace
 
 void AddPageScripts(CHtmlBuilder& page, const CReport& report) {
-    std::string text = "<script>\r\n";
-    text += ScriptText(report, report.IsForeign() ? kForeignSummaryScript : kSummaryScript);
-    for (const FoldScript& script : kFoldScripts) text += ScriptText(report, script);
-    text += "</script>\r\n";
-    page.AddText(text);
+    page.AddPictured([&report](const CPictureLinks& links) { return AllScripts(report, links); });
     for (Style style : kStyles) {
         style.size = style.size > 0 ? report.Scaled(style.size) : style.size;
         page.AddStyle(style);

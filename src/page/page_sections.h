@@ -32,8 +32,8 @@ bool AddForeignPositionSection(CHtmlBuilder& page, const CReport& report);
 bool AddMatchSection(CHtmlBuilder& page, const CReport& report);
 bool AddForeignMatchSection(CHtmlBuilder& page, const CReport& report);
 
-/// Closed positions with both legs. Asks for each contract's unit; a host that answers finds all rows before it on
-/// disk.
+/// Closed positions with both legs. Asks for each contract's unit; a host that answers may find less than all rows
+/// before it on disk.
 bool AddOffsetSection(CHtmlBuilder& page, const CReport& report);
 
 void AddNotesSection(CHtmlBuilder& page);

@@ -46,6 +46,7 @@ bool WritePlaceholderPage(std::string_view path, bool finished) {
 }
 
 void AddPageSections(CHtmlBuilder& page, const CReport& report) {
+    const CPageGathering gathering(page);
     AddPageScripts(page, report);
     for (const PageSection& section : kSections) {
         if (report.IsForeign() && !section.inForeignPages) continue;

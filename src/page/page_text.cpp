@@ -29,13 +29,14 @@ void AppendPiece(std::string& text, int number) {
     text += CNumberText(number).View();
 }
 
+std::string CellOpening(std::string_view className) {
+    return Joined("<td style=\"padding:5px 0px; overflow:hidden; white-space:nowrap;\"><span class='", className, "'>");
+}
+
 void AppendRow(std::string& page, std::span<const Cell> cells, std::string_view rowClass) {
     AppendRowTag(page, rowClass);
-    for (const Cell& cell : cells) {
-        Append(page, "<td style=\"padding:5px 0px; overflow:hidden; white-space:nowrap;\"><span class='",
-               cell.className, "'>", cell.text, "</span></td>");
-    }
-    page += "</tr>\r\n";
+    for (const Cell& cell : cells) Append(page, CellOpening(cell.className), cell.text, kCellEnd);
+    page += kRowEnd;
 }
 
 void AppendSizedRow(std::string& page, std::span<const Cell> cells, std::span<const std::string_view> widths,
@@ -43,9 +44,9 @@ void AppendSizedRow(std::string& page, std::span<const Cell> cells, std::span<co
     AppendRowTag(page, rowClass);
     for (std::size_t i = 0; i < cells.size(); ++i) {
         Append(page, "<td style=\"padding:5px 0px; \" width=\"", widths[i], "\"><span class='", cells[i].className,
-               "'>", cells[i].text, "</span></td>");
+               "'>", cells[i].text, kCellEnd);
     }
-    page += "</tr>\r\n";
+    page += kRowEnd;
 }
 
 void AppendTableTag(std::string& page, std::string_view id, int width) {

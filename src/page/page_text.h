@@ -12,6 +12,11 @@ struct Cell {
     std::string_view className;
 };
 
+/// What opens a cell of a row without column widths, up to the cell's text, and what ends cell and row.
+[[nodiscard]] std::string CellOpening(std::string_view className);
+inline constexpr std::string_view kCellEnd = "</span></td>";
+inline constexpr std::string_view kRowEnd = "</tr>\r\n";
+
 /// One row without column widths, where cells don't wrap. No class attribute if `rowClass` is empty.
 void AppendRow(std::string& page, std::span<const Cell> cells, std::string_view rowClass);
 

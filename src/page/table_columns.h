@@ -9,7 +9,7 @@
 
 #include "base/text.h"
 #include "page/html_builder.h"
-#include "page/page_text.h"
+#include "page/row_block.h"
 #include "page/section_title.h"
 #include "page/table_section.h"
 
@@ -30,10 +30,10 @@ public:
     /// A text of the row, in the plain class unless `className` tells another.
     constexpr CCellContent(Text text, ClassName className = nullptr) : text_(text), className_(className) {}
 
-    /// The cell of `row`; its text points into the row, or into what the row points at.
-    [[nodiscard]] Cell CellOf(const Row& row, const CellClasses& classes) const {
+    /// The cell of `row`, opened by one of `openings`; its text points into the row, or into what the row points at.
+    [[nodiscard]] OpenedCell CellOf(const Row& row, const CellClasses& openings) const {
         return {text_ != nullptr ? text_(row) : words_,
-                className_ != nullptr ? className_(row, classes) : classes.normal};
+                className_ != nullptr ? className_(row, openings) : openings.normal};
     }
 
 private:
@@ -96,20 +96,21 @@ public:
     /// REQUIRES: `section` and `columns` outlive the table.
     CColumnTable(CHtmlBuilder& page, const CReport& report, const TableSection& section, Columns columns)
         : CTableWriter(page, report, section, HeadingsOf(columns)),
-          section_(section),
           columns_(columns),
-          cells_(columns.size()) {}
+          cells_(columns.size()),
+          openings_(section.classes),
+          sumOpenings_(section.sums) {}
 
     /// A row of one kind, in the section's classes of plain rows.
     template <class Row>
     void Add(CCellContent<Row> Content::*kind, const Row& row, std::string_view rowClass) {
-        AddCells(kind, row, section_.classes, rowClass);
+        AddCells(kind, row, openings_.View(), rowClass);
     }
 
     /// Likewise in the classes of total rows.
     template <class Row>
     void AddSums(CCellContent<Row> Content::*kind, const Row& sums, std::string_view rowClass) {
-        AddCells(kind, sums, section_.sums, rowClass);
+        AddCells(kind, sums, sumOpenings_.View(), rowClass);
     }
 
 private:
@@ -120,17 +121,18 @@ private:
     }
 
     template <class Row>
-    void AddCells(CCellContent<Row> Content::*kind, const Row& row, const CellClasses& classes,
+    void AddCells(CCellContent<Row> Content::*kind, const Row& row, const CellClasses& openings,
                   std::string_view rowClass) {
         for (std::size_t i = 0; i < columns_.size(); ++i) {
-            cells_[i] = (columns_[i].content.*kind).CellOf(row, classes);
+            cells_[i] = (columns_[i].content.*kind).CellOf(row, openings);
         }
         AddRow(cells_, rowClass);
     }
 
-    const TableSection& section_;
     Columns columns_;
-    std::vector<Cell> cells_;  // of the row being added
+    std::vector<OpenedCell> cells_;  // of the row being added
+    CCellOpenings openings_;
+    CCellOpenings sumOpenings_;
 };
 
 }  // namespace tradebill

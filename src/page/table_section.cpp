@@ -16,8 +16,8 @@
 namespace tradebill {
 namespace {
 
-// A row is under 4 KiB, so that no more than 64 KiB are ever gathered.
-constexpr std::size_t kFlushFrom = std::size_t{60} * 1024;
+// A row is under 4 KiB, so that a block is no more than 64 KiB: it stays in the processor's cache until it is written.
+constexpr std::size_t kBlockSize = std::size_t{60} * 1024;
 
 }  // namespace
 
@@ -33,18 +33,20 @@ std::string_view BandClass(int counter) {
 
 CTableWriter::CTableWriter(CHtmlBuilder& page, const CReport& report, const TableSection& section,
                            std::span<const Heading> headings)
-    : page_(page), report_(report) {
+    : page_(page), gathering_(page), report_(report) {
     std::vector<Cell> titles;
     std::vector<std::string_view> widths;
     for (const Heading& heading : headings) {
         titles.push_back({heading.text, section.classes.normal});
         widths.push_back(heading.width);
-        dashes_.emplace_back(heading.text.size(), '-');
+        dashes_ += CellOpening(section.classes.normal) + std::string(heading.text.size(), '-');
+        dashes_ += kCellEnd;
     }
-    for (const std::string& dashes : dashes_) dashCells_.push_back({dashes, section.classes.normal});
     AddSectionTitle(page_, report_, section.title);
-    AppendTableTag(gathered_, section.tableId, report_.ReportDocument.PageWidth);
-    AppendSizedRow(gathered_, titles, widths, {});
+    std::string top;
+    AppendTableTag(top, section.tableId, report_.ReportDocument.PageWidth);
+    AppendSizedRow(top, titles, widths, {});
+    rows_.AddLines(top);
     AddDashRow({});
 }
 
@@ -52,23 +54,28 @@ bool CTableWriter::StopRequested() {
     return AcknowledgeStop(report_.Request.StopEvent, report_.Request.AckEvent, [this] { Flush(); });
 }
 
-void CTableWriter::AddRow(std::span<const Cell> cells, std::string_view rowClass) {
-    AppendRow(gathered_, cells, rowClass);
-    if (gathered_.size() >= kFlushFrom) Flush();
+void CTableWriter::AddRow(std::span<const OpenedCell> cells, std::string_view rowClass) {
+    rows_.AddRow(cells, rowClass);
+    if (rows_.View().size() >= kBlockSize) HandOver();
 }
 
 void CTableWriter::AddDashRow(std::string_view rowClass) {
-    AddRow(dashCells_, rowClass);
+    rows_.AddRow(dashes_, rowClass);
 }
 
 void CTableWriter::Flush() {
-    if (!gathered_.empty()) page_.AddText(gathered_);
-    gathered_.clear();
+    HandOver();
+    page_.Settle();
+}
+
+void CTableWriter::HandOver() {
+    if (!rows_.View().empty()) page_.AddRows(rows_.View(), rows_.Kind());
+    rows_.Clear();
 }
 
 void CTableWriter::CloseTable() {
-    gathered_ += kTableEnd;
-    Flush();
+    rows_.AddLines(kTableEnd);
+    HandOver();
     page_.AddHeading(1, "", "");
 }
 

@@ -6,11 +6,11 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "base/text.h"
 #include "page/html_builder.h"
 #include "page/page_text.h"
+#include "page/row_block.h"
 #include "page/section_title.h"
 
 namespace tradebill {
@@ -20,7 +20,7 @@ struct Heading {
     std::string_view width;  ///< such as "14%"
 };
 
-/// Style classes of a cell by sign or side.
+/// In what cells differ by sign or side: their style classes, or the texts that open a cell of each class.
 struct CellClasses {
     std::string_view normal;
     std::string_view bid;
@@ -53,23 +53,39 @@ private:
     std::string text_;
 };
 
-/// Writes one table section. Rows are gathered and go to disk together, at the latest before a stop is acknowledged,
-/// before the host is called and before the section is closed.
+/// Texts that open cells of some classes.
+class CCellOpenings {
+public:
+    explicit CCellOpenings(const CellClasses& classes)
+        : normal_(CellOpening(classes.normal)), bid_(CellOpening(classes.bid)), ask_(CellOpening(classes.ask)) {}
+
+    /// Valid as long as this lives.
+    [[nodiscard]] CellClasses View() const { return {normal_, bid_, ask_}; }
+
+private:
+    std::string normal_;
+    std::string bid_;
+    std::string ask_;
+};
+
+/// Writes one table section. While it lives the page is gathered; rows go to it in blocks, at the latest before a stop
+/// is acknowledged and before the section is closed.
 class CTableWriter {
 public:
     /// Writes title, opening tag, header and first dash row.
     CTableWriter(CHtmlBuilder& page, const CReport& report, const TableSection& section,
                  std::span<const Heading> headings);
-    ~CTableWriter() { Flush(); }  // what was written stays written, also when an error ends the section
+    ~CTableWriter() { HandOver(); }  // what was written stays written, also when an error ends the section
     CTableWriter(const CTableWriter&) = delete;
     CTableWriter& operator=(const CTableWriter&) = delete;
 
     /// Looks at the host's stop event; true if the section must end at once.
     [[nodiscard]] bool StopRequested();
 
-    void AddRow(std::span<const Cell> cells, std::string_view rowClass);
+    void AddRow(std::span<const OpenedCell> cells, std::string_view rowClass);
     /// The dashes under the header, in the section's plain class.
     void AddDashRow(std::string_view rowClass);
+
     /// Brings all rows to disk.
     void Flush();
 
@@ -79,11 +95,13 @@ public:
     void Close();
 
 private:
+    void HandOver();
+
     CHtmlBuilder& page_;
+    CPageGathering gathering_;
     const CReport& report_;
-    std::vector<std::string> dashes_;
-    std::vector<Cell> dashCells_;
-    std::string gathered_;
+    std::string dashes_;  // the cells of a dash row
+    CRowBlock rows_;
 };
 
 /// Writes `rows` in groups of one BILL_DATE, each group in one band, with a subtotal behind it. `Table` is a

@@ -31,6 +31,8 @@ public:
 
     // REQUIRES, of all that follows: IsOpen().
 
+    /// Whether this is the file that `path` leads to: another may have taken its place since it was opened, or none.
+    [[nodiscard]] bool IsAt(const std::string& path) const;
     /// Size in bytes; 0 if it can't be told.
     [[nodiscard]] std::uint64_t Size() const;
     /// Writes all of `bytes` where the file stands. False if not all of it could be written, or the mode is to read.

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <ostream>
@@ -15,6 +16,7 @@
 #include "base/day.h"
 #include "page/html_builder.h"
 #include "page/page_fixture.h"
+#include "page/page_sink.h"
 #include "page/statement_rows.h"
 #include "support/host_objects.h"
 
@@ -134,25 +136,36 @@ TEST_P(TableSectionStop, IsNotAcknowledgedUnlessAskedFor) {
     EXPECT_EQ(WaitForHostEvent(acknowledge_.get(), 0), 0);
 }
 
-/// A host that asks for the stop once the first rows have come to disk, and looks at the page as soon as the answer is
-/// there.
-class CStoppingHost {
+/// Asks for the stop while rows are handed over to the page, once there are a good many of them.
+class CStoppingSink final : public CPageSink {
 public:
-    CStoppingHost(const std::string& path, HostEventHandle stop, HostEventHandle acknowledge)
+    explicit CStoppingSink(HostEventHandle stop) : stop_(stop) {}
+
+    [[nodiscard]] const CPictureLinks& Links() const override { return links_; }
+    void AddStyle(std::string_view /*block*/) override {}
+    void AddText(std::string_view text) override {
+        constexpr std::size_t kManyRows = std::size_t{150} * 1024;
+        bytes_ += text.size();
+        if (bytes_ > kManyRows) SignalHostEvent(stop_);
+    }
+    void ClosePage() override {}
+
+private:
+    HostEventHandle stop_;
+    std::size_t bytes_ = 0;
+    CPictureLinks links_;
+};
+
+/// A host that looks at the page as soon as the answer is there.
+class CWaitingHost {
+public:
+    CWaitingHost(const std::string& path, HostEventHandle acknowledge)
         : thread_([=, this] {
-              constexpr std::uintmax_t kRowsOnDisk = 40 * 1024;  // far more than a title and a header
-              const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-              const auto isLate = [deadline] { return std::chrono::steady_clock::now() > deadline; };
-              std::error_code error;
-              while (std::filesystem::file_size(path, error) < kRowsOnDisk || error) {
-                  if (isLate()) return;
-                  std::this_thread::sleep_for(std::chrono::microseconds(200));
-              }
-              std::this_thread::sleep_for(std::chrono::milliseconds(10));  // until a good many rows are gathered anew
-              SignalHostEvent(stop);
+              const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
               while (WaitForHostEvent(acknowledge, 0) == 0) {  // no sleep: what is written late must not be there yet
-                  if (isLate()) return;
+                  if (std::chrono::steady_clock::now() > deadline) return;
               }
+              std::error_code error;
               sizeAtAnswer_ = std::filesystem::file_size(path, error);
           }) {}
 
@@ -168,25 +181,33 @@ private:
 };
 
 TEST_P(TableSectionStop, AtALaterRowLeavesAllRowsBeforeItOnDisk) {
-    GetParam().fill(report, GetParam().fill == FillTallies ? 250 : 500);
+    GetParam().fill(report, 500);
     const std::string whole = WholeSection();
-    UseEvents(true);
-    CHtmlBuilder page(path_);
-    CStoppingHost host(path_, stop_.get(), acknowledge_.get());
-    const bool finished = GetParam().add(page, report);
-    const std::uintmax_t sizeAtAnswer = host.SizeAtAnswer();
-    ASSERT_FALSE(finished);
-    const std::string stopped = Bytes();
-    EXPECT_EQ(sizeAtAnswer, stopped.size());
-    ASSERT_TRUE(whole.starts_with(stopped));
+    const std::string head = Gbk(kHead);
+    for (const bool wasClosed : {false, true}) {  // behind a whole page rows go to disk as they come
+        UseEvents(true);
+        CStoppingSink sink(stop_.get());
+        CHtmlBuilder page(path_, &sink);
+        if (wasClosed) page.ClosePage();
+        const std::string before = wasClosed ? Gbk(ClosedPage("")) : head;
+        CWaitingHost host(path_, acknowledge_.get());
+        const bool finished = GetParam().add(page, report);
+        const std::uintmax_t sizeAtAnswer = host.SizeAtAnswer();
+        ASSERT_FALSE(finished);
+        const std::string stopped = Bytes();
+        EXPECT_EQ(sizeAtAnswer, stopped.size());
+        ASSERT_TRUE(stopped.starts_with(before));
+        const std::string section = stopped.substr(before.size());
+        ASSERT_TRUE(whole.substr(head.size()).starts_with(section));
 
-    // Cut just before a record, so that those shown are whole and no subtotal or table end follows them.
-    int records = 0;
-    while (stopped.find(">" + NameOf(records) + "<") != std::string::npos) ++records;
-    EXPECT_GT(records, 0);
-    const std::string next = whole.substr(stopped.size());
-    EXPECT_TRUE(next.starts_with("<tr class='billclr"));
-    EXPECT_LT(next.find(">" + NameOf(records) + "<"), next.find("</tr>"));
+        // Cut just before a record, so that those shown are whole and no subtotal or table end follows them.
+        int records = 0;
+        while (section.find(">" + NameOf(records) + "<") != std::string::npos) ++records;
+        EXPECT_GT(records, 0);
+        const std::string next = whole.substr(head.size() + section.size());
+        EXPECT_TRUE(next.starts_with("<tr class='billclr"));
+        EXPECT_LT(next.find(">" + NameOf(records) + "<"), next.find("</tr>"));
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(All, TableSectionStop, testing::ValuesIn(kSections),

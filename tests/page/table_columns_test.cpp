@@ -37,8 +37,8 @@ constexpr TransferRecord kRecord{.BANK =
 constexpr TransferRow kRow{.record = kRecord, .note = "note", .bought = true, .amount = -1.5};
 
 std::string Shown(const CCellContent<TransferRow>& content, const TransferRow& row = kRow) {
-    const Cell cell = content.CellOf(row, kClasses);
-    return std::string(cell.text) + "/" + std::string(cell.className);
+    const OpenedCell cell = content.CellOf(row, kClasses);
+    return std::string(cell.text) + "/" + std::string(cell.opening);
 }
 
 TEST(CellContent, IsAnEmptyPlainCellAtFirst) {

@@ -52,6 +52,13 @@ bool CFile::IsOpen() const {
     return handle_ >= 0;
 }
 
+bool CFile::IsAt(const std::string& path) const {
+    struct stat own {};
+    struct stat there {};
+    return ::fstat(Descriptor(handle_), &own) == 0 && ::stat(path.c_str(), &there) == 0 && own.st_dev == there.st_dev &&
+           own.st_ino == there.st_ino;
+}
+
 std::uint64_t CFile::Size() const {
     struct stat status {};
     return ::fstat(Descriptor(handle_), &status) == 0 ? static_cast<std::uint64_t>(status.st_size) : 0;

@@ -79,6 +79,17 @@ bool CFile::IsOpen() const {
     return HandleOf(handle_) != INVALID_HANDLE_VALUE;
 }
 
+bool CFile::IsAt(const std::string& path) const {
+    // Nobody can move or remove what is open without leave to do so; a name that leads elsewhere may still be new.
+    const CFile there(path, FileMode::Read);
+    BY_HANDLE_FILE_INFORMATION own{};
+    BY_HANDLE_FILE_INFORMATION other{};
+    return there.IsOpen() && ::GetFileInformationByHandle(HandleOf(handle_), &own) != FALSE &&
+           ::GetFileInformationByHandle(HandleOf(there.handle_), &other) != FALSE &&
+           own.dwVolumeSerialNumber == other.dwVolumeSerialNumber && own.nFileIndexHigh == other.nFileIndexHigh &&
+           own.nFileIndexLow == other.nFileIndexLow;
+}
+
 std::uint64_t CFile::Size() const {
     LARGE_INTEGER size{};
     return ::GetFileSizeEx(HandleOf(handle_), &size) != FALSE ? static_cast<std::uint64_t>(size.QuadPart) : 0;

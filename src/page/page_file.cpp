@@ -1,0 +1,64 @@
+#include "page/page_file.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "base/gbk.h"
+#include "page/page_closing.h"
+#include "platform/file.h"
+#include "platform/paths.h"
+
+namespace tradebill {
+
+CPageFile::CPageFile(std::string_view path) {
+    const std::string page(path.substr(0, kLongestPath));
+    CFile file(page, FileMode::Create);
+    if (!file.IsOpen()) {
+        failed_ = true;
+        return;
+    }
+    path_ = page;
+    isFresh_ = file.Write(kPageHeadLines);
+    if (!isFresh_) failed_ = true;
+    size_ = kPageHeadLines.size();
+}
+
+void CPageFile::Append(std::string_view text, TextKind kind) {
+    if (path_.empty()) return;
+    if (!Gather(text) && !AppendAtOnce(text)) {
+        failed_ = true;
+        return;
+    }
+    size_ += text.size();
+    if (kind == TextKind::PlainLines) {
+        added_.TakePlainLines();
+    } else {
+        added_.Feed(text);
+    }
+}
+
+bool CPageFile::AppendAtOnce(std::string_view text) {
+    isFresh_ = false;
+    CFile file(path_, FileMode::Append);
+    return file.IsOpen() && file.Write(text);
+}
+
+void CPageFile::InsertInHead(std::string_view block) {
+    if (path_.empty() || InsertInGatheredHead(block)) return;
+    Settle();
+    isFresh_ = false;
+    CFile file(path_, FileMode::Update);
+    const auto page = file.IsOpen() ? file.ReadAll() : std::nullopt;
+    if (!page) {
+        failed_ = true;
+        return;
+    }
+    const std::size_t at = HeadEndLine(*page);
+    if (!file.WriteAt(at, WithBlockBefore(std::string_view(*page).substr(at), block))) failed_ = true;
+    size_ = file.Size();
+    closedSize_ = 0;
+}
+
+}  // namespace tradebill

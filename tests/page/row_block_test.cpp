@@ -1,0 +1,62 @@
+#include "page/row_block.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tradebill::row_block_test {
+namespace {
+
+TEST(RowBlock, HoldsItsRowsOneBehindTheOther) {
+    CRowBlock block;
+    EXPECT_EQ(block.View(), "");
+    block.AddLines("<table>\r\n");
+    block.AddRow(std::vector<OpenedCell>{{"1", "<td>"}, {"", "<td class=x>"}}, "band");
+    block.AddRow(std::vector<OpenedCell>{}, "");
+    block.AddRow("<td>-</span></td>", "band");
+    EXPECT_EQ(block.View(),
+              "<table>\r\n"
+              "<tr class='band'>\r\n<td>1</span></td><td class=x></span></td></tr>\r\n"
+              "<tr>\r\n</tr>\r\n"
+              "<tr class='band'>\r\n<td>-</span></td></tr>\r\n");
+    EXPECT_EQ(block.Kind(), TextKind::PlainLines);
+    block.Clear();
+    EXPECT_EQ(block.View(), "");
+}
+
+TEST(RowBlock, GrowsWithItsRows) {
+    CRowBlock block;
+    std::string expected;
+    for (int i = 0; i < 300; ++i) {
+        const std::string text(static_cast<std::size_t>(i * 7), static_cast<char>('a' + i % 26));
+        block.AddRow(std::vector<OpenedCell>{{text, "<td>"}}, "");
+        expected += "<tr>\r\n<td>" + text + "</span></td></tr>\r\n";
+    }
+    EXPECT_TRUE(block.View() == expected);
+}
+
+TEST(RowBlock, TellsOfTextsThatAClosingMayChange) {
+    const auto kindWith = [](std::string_view text) {
+        CRowBlock block;
+        block.AddRow(std::vector<OpenedCell>{{"1", "<td>"}, {text, "<td>"}, {"2", "<td>"}}, "");
+        return block.Kind();
+    };
+    for (const char* const text : {"", "1.5", "&amp;", ">", "a\rb", "/html"}) {
+        EXPECT_EQ(kindWith(text), TextKind::PlainLines) << text;
+    }
+    for (const char* const text : {"<", "x<html>", "</body>", "\n", "0123456789abcdef0123456789<", "a\r\nb"}) {
+        EXPECT_EQ(kindWith(text), TextKind::Any) << text;
+    }
+}
+
+TEST(RowBlock, IsPlainAgainOnceItIsEmpty) {
+    CRowBlock block;
+    block.AddRow(std::vector<OpenedCell>{{"<html>", "<td>"}}, "");
+    block.Clear();
+    EXPECT_EQ(block.Kind(), TextKind::PlainLines);
+}
+
+}  // namespace
+}  // namespace tradebill::row_block_test
