@@ -1,5 +1,6 @@
 #include "platform/host_link.h"
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
@@ -18,7 +19,7 @@ struct HostEventObject {
     explicit HostEventObject(bool manual) : manualReset(manual) {}
 
     const bool manualReset;
-    bool signalled = false;
+    std::atomic<bool> signalled = false;  ///< changed under the lock alone
     std::mutex lock;
     std::condition_variable changed;
 };
@@ -72,8 +73,9 @@ void ResetHostEvent(HostEventHandle event) {
 
 std::int32_t WaitForHostEvent(HostEventHandle event, std::int32_t milliseconds) {
     if (event == nullptr) return 0;
+    if (milliseconds == 0 && !event->signalled.load(std::memory_order_acquire)) return 0;
     std::unique_lock guard(event->lock);
-    const auto signalled = [event] { return event->signalled; };
+    const auto signalled = [event] { return event->signalled.load(); };
     if (milliseconds < 0) {
         event->changed.wait(guard, signalled);
     } else if (!event->changed.wait_for(guard, std::chrono::milliseconds(milliseconds), signalled)) {
