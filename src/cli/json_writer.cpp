@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <nlohmann/json.hpp>
 #include <ostream>
 #include <string>
@@ -118,10 +119,16 @@ Json JsonOf(const CMoneyStore& store) {
     return object;
 }
 
+/// Lists hold their elements, or own them by pointers.
+template <class Element>
+Json JsonOf(const std::unique_ptr<Element>& element) {
+    return JsonOf(*element);
+}
+
 template <class Elements>
 Json ListOf(const Elements& elements) {
     Json list = Json::array();
-    for (const auto& element : elements) list.push_back(JsonOf(*element));
+    for (const auto& element : elements) list.push_back(JsonOf(element));
     return list;
 }
 
@@ -131,7 +138,7 @@ void WriteList(std::ostream& out, std::string_view name, const Elements& element
     out << ",\n\"" << name << "\": [";
     const char* separator = "\n";
     for (const auto& element : elements) {
-        out << separator << JsonOf(*element).dump();
+        out << separator << JsonOf(element).dump();
         separator = ",\n";
     }
     out << "]";

@@ -114,14 +114,14 @@ bool AddOffsetSection(CHtmlBuilder& page, const CReport& report) {
     int counter = 0;
     double profit = 0;
     double fees = 0;
-    for (const auto& row : report.PingDetailStore.Rows) {
+    for (const PingDetail& row : report.PingDetailStore.Rows) {
         if (table.StopRequested()) return false;
-        table.Add(&OffsetContent::opening, OpeningOf(*row, report.Format()), BandClass(counter + 1));
-        const double rowProfit = ProfitOf(*row, UnitOf(report, *row));
-        table.Add(&OffsetContent::closing, ClosingOf(*row, rowProfit), BandClass(counter + 2));
+        table.Add(&OffsetContent::opening, OpeningOf(row, report.Format()), BandClass(counter + 1));
+        const double rowProfit = ProfitOf(row, UnitOf(report, row));
+        table.Add(&OffsetContent::closing, ClosingOf(row, rowProfit), BandClass(counter + 2));
         table.AddDashRow({});
         profit += rowProfit;
-        fees += AmountIn(row->POUNDAGE);
+        fees += AmountIn(row.POUNDAGE);
         counter += 2;
     }
     const OffsetSums total{.profitText = CNumberText(profit), .fees = CNumberText(fees), .profit = profit};

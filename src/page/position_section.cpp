@@ -115,13 +115,13 @@ bool AddSummaryTable(CHtmlBuilder& page, const CReport& report) {
     int counter = 0;
     double profit = 0;
     double margin = 0;
-    for (const auto& side : report.OpiSumStore.Rows) {
+    for (const OpiSum& side : report.OpiSumStore.Rows) {
         if (table.StopRequested()) return false;
-        const SummaryRow row{.record = *side, .profit = AmountIn(side->DSYK)};
+        const SummaryRow row{.record = side, .profit = AmountIn(side.DSYK)};
         table.Add(&SummaryContent::side, row, BandClass(++counter));
         table.AddDashRow({});
         profit += row.profit;
-        margin += AmountIn(side->DEPOSIT);
+        margin += AmountIn(side.DEPOSIT);
     }
     const PositionSums total{.profitText = CNumberText(profit), .margin = CNumberText(margin), .profit = profit};
     table.AddSums(&SummaryContent::total, total, {});

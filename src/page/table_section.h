@@ -118,14 +118,14 @@ bool WriteDayGroups(Table& table, const Rows& rows, Layout& layout) {
     std::string_view day;
     for (const auto& row : rows) {
         if (table.StopRequested()) return false;
-        if (!layout.Counts(*row)) continue;
-        if (counter == 0 || FieldText(row->BILL_DATE) != day) {
+        if (!layout.Counts(row)) continue;
+        if (counter == 0 || FieldText(row.BILL_DATE) != day) {
             if (counter > 0) layout.WriteSubtotal(table, BandClass(counter));
             layout.ResetSums();
-            day = FieldText(row->BILL_DATE);
+            day = FieldText(row.BILL_DATE);
             ++counter;
         }
-        layout.WriteRecord(table, *row, BandClass(counter));
+        layout.WriteRecord(table, row, BandClass(counter));
         if (&row == &rows.back()) layout.WriteSubtotal(table, BandClass(counter));
     }
     return true;

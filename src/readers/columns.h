@@ -116,19 +116,20 @@ void FillRecord(Record& record, Row row, std::span<const Column<Record>> table) 
     }
 }
 
+/// The same, and the record's day.
+template <class Record>
+void FillRecord(Record& record, std::string_view billDate, Row row, std::span<const Column<Record>> table) {
+    CopyField(record.BILL_DATE, billDate);
+    FillRecord(record, row, table);
+}
+
 /// A record of `row`. Columns that the row lacks leave their fields empty.
 template <class Record>
 [[nodiscard]] std::unique_ptr<Record> MakeRecord(std::string_view billDate, Row row,
                                                  std::span<const Column<Record>> table) {
     auto record = MakeCleared<Record>();
-    CopyField(record->BILL_DATE, billDate);
-    FillRecord(*record, row, table);
+    FillRecord(*record, billDate, row, table);
     return record;
-}
-
-template <class Record, std::size_t N>
-[[nodiscard]] std::unique_ptr<Record> MakeRecord(std::string_view billDate, Row row, const Column<Record> (&table)[N]) {
-    return MakeRecord(billDate, row, std::span<const Column<Record>>(table));
 }
 
 }  // namespace tradebill

@@ -1,6 +1,5 @@
 #include <cstddef>
 #include <string_view>
-#include <utility>
 
 #include "base/gbk.h"
 #include "base/text.h"
@@ -110,10 +109,11 @@ void ReadUnderHeadings(CSectionScan& scan, const SectionLayout& layout, OnRow on
 
 void ReadTrades(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
     ReadUnderHeadings(scan, kTrades, [&](Row row, std::string_view exchange) {
-        auto record = MakeRecord(day, row, kTradeColumns);
-        CopyField(record->EXCH_NAME, exchange);
-        SetSideAndLots(scan.CurrentRow(), row, *record);
-        sink.Add(std::move(record));
+        MatchRecord& record = sink.NewRow<MatchRecord>();
+        FillRecord<MatchRecord>(record, day, row, kTradeColumns);
+        CopyField(record.EXCH_NAME, exchange);
+        SetSideAndLots(scan.CurrentRow(), row, record);
+        sink.Add(record);
     });
 }
 
@@ -124,19 +124,21 @@ void ReadClosed(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
         const bool counts = isSecond;
         isSecond = !isSecond;
         if (!counts) return {RowFate::FirstOfPair};
-        auto record = MakeRecord(day, row, kClosedColumns);
-        SetSideAndLots(scan.CurrentRow(), row, *record);
-        sink.AddForeignClosed(*record);
+        PingDetail record{};
+        FillRecord<PingDetail>(record, day, row, kClosedColumns);
+        SetSideAndLots(scan.CurrentRow(), row, record);
+        sink.AddForeignClosed(record);
         return {};
     });
 }
 
 void ReadOpen(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
     ReadUnderHeadings(scan, kOpen, [&](Row row, std::string_view exchange) {
-        auto record = MakeRecord(day, row, kOpenColumns);
-        CopyField(record->EXCH_NAME, exchange);
-        CopyField(record->BID, SideText(ClassifySideByGap(scan.CurrentRow(), row)));
-        sink.Add(std::move(record));
+        OpiDetail& record = sink.NewRow<OpiDetail>();
+        FillRecord<OpiDetail>(record, day, row, kOpenColumns);
+        CopyField(record.EXCH_NAME, exchange);
+        CopyField(record.BID, SideText(ClassifySideByGap(scan.CurrentRow(), row)));
+        sink.Add(record);
     });
 }
 

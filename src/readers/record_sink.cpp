@@ -19,35 +19,51 @@ void CRecordSink::Add(std::unique_ptr<MoneyRecord> record) {
     report_.MoneyStore.Add(std::move(record), MoneySource::Statement, report_.Format().equity);
 }
 
-void CRecordSink::Add(std::unique_ptr<MatchRecord> record) {
-    TellOfRecord();
-    report_.MatchStore.Add(std::move(record));
+template <>
+MatchRecord& CRecordSink::NewRow<MatchRecord>() {
+    return report_.MatchStore.Rows.NewRow();
+}
+template <>
+PingDetail& CRecordSink::NewRow<PingDetail>() {
+    return report_.PingDetailStore.Rows.NewRow();
+}
+template <>
+OpiDetail& CRecordSink::NewRow<OpiDetail>() {
+    return report_.OpiDetailStore.Rows.NewRow();
+}
+template <>
+OpiSum& CRecordSink::NewRow<OpiSum>() {
+    return report_.OpiSumStore.Rows.NewRow();
 }
 
-void CRecordSink::Add(std::unique_ptr<PingDetail> record) {
+void CRecordSink::Add(const MatchRecord&) {
     TellOfRecord();
-    const PingDetail& row = *record;
-    report_.PingDetailStore.Add(std::move(record));
+    report_.MatchStore.Rows.KeepRow();
+}
+
+void CRecordSink::Add(const PingDetail& row) {
+    TellOfRecord();
+    report_.PingDetailStore.Rows.KeepRow();
     FoldClosedRow(row, report_);
 }
 
-void CRecordSink::Add(std::unique_ptr<OpiDetail> record) {
+void CRecordSink::Add(const OpiDetail& row) {
     TellOfRecord();
-    CProductText product(FieldText(record->CONTRACT));
+    CProductText product(FieldText(row.CONTRACT));
     if (report_.Format().printsNames) product.TakeName(report_.Products);
-    report_.TradeStatistics.FeedOpiDetail(*record, product.View());
-    report_.OpiDetailStore.Add(std::move(record));
+    report_.TradeStatistics.FeedOpiDetail(row, product.View());
+    report_.OpiDetailStore.Rows.KeepRow();
 }
 
-void CRecordSink::Add(std::unique_ptr<OpiSum> record) {
+void CRecordSink::Add(const OpiSum&) {
     TellOfRecord();
-    report_.OpiSumStore.Add(std::move(record));
+    report_.OpiSumStore.Rows.KeepRow();
 }
 
-void CRecordSink::AddOnlyPosition(std::unique_ptr<OpiSum> record) {
-    const CProductText product(FieldText(record->CONTRACT));
-    report_.TradeStatistics.FeedOpiSum(*record, product.View());
-    Add(std::move(record));
+void CRecordSink::AddOnlyPosition(const OpiSum& row) {
+    const CProductText product(FieldText(row.CONTRACT));
+    report_.TradeStatistics.FeedOpiSum(row, product.View());
+    Add(row);
 }
 
 void CRecordSink::AddForeignAccount(const MoneyRecord& record) {

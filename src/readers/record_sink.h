@@ -14,7 +14,7 @@ class CReport;
 
 /// Takes the records of one statement, and tells the listener, which may be null, of each.
 ///
-/// REQUIRES: no record is null, and report and listener outlive it.
+/// REQUIRES: no money record is null, and report and listener outlive it.
 class CRecordSink {
 public:
     CRecordSink(CReport& report, CScanListener* listener) : report_(report), listener_(listener) {}
@@ -22,15 +22,22 @@ public:
     CRecordSink& operator=(const CRecordSink&) = delete;
 
     void Add(std::unique_ptr<MoneyRecord> record);
-    void Add(std::unique_ptr<MatchRecord> record);
-    void Add(std::unique_ptr<PingDetail> record);
-    void Add(std::unique_ptr<OpiDetail> record);
+
+    /// A cleared row in its place behind the store's last, to be filled and added. One that isn't added is as if it had
+    /// never been.
+    template <class Record>
+    [[nodiscard]] Record& NewRow();
+
+    // REQUIRES, of the next five: the row is the one that NewRow gave last.
+    void Add(const MatchRecord& row);
+    void Add(const PingDetail& row);
+    void Add(const OpiDetail& row);
 
     /// For layouts that print each position in detail too, and feed that to the series.
-    void Add(std::unique_ptr<OpiSum> record);
+    void Add(const OpiSum& row);
 
     /// For layouts whose only positions are sums: the series are fed first.
-    void AddOnlyPosition(std::unique_ptr<OpiSum> record);
+    void AddOnlyPosition(const OpiSum& row);
 
     /// The money of a foreign account: its base column, and one currency's.
     void AddForeignAccount(const MoneyRecord& record);
@@ -55,5 +62,14 @@ private:
     CReport& report_;
     CScanListener* listener_;
 };
+
+template <>
+MatchRecord& CRecordSink::NewRow<MatchRecord>();
+template <>
+PingDetail& CRecordSink::NewRow<PingDetail>();
+template <>
+OpiDetail& CRecordSink::NewRow<OpiDetail>();
+template <>
+OpiSum& CRecordSink::NewRow<OpiSum>();
 
 }  // namespace tradebill

@@ -29,9 +29,10 @@ template <class Record, class OnRecord>
 void ReadTableRows(CSectionScan& scan, const TableLayout<Record>& table, const SectionRows& rows,
                    std::string_view billDate, CRecordSink& sink, OnRecord onRecord) {
     scan.ReadRows(table.section, rows, [&](Row row) {
-        auto record = MakeRecord(billDate, row, table.columns);
-        onRecord(std::as_const(*record));
-        sink.Add(std::move(record));
+        Record& record = sink.NewRow<Record>();
+        FillRecord(record, billDate, row, table.columns);
+        onRecord(std::as_const(record));
+        sink.Add(record);
     });
 }
 template <class Record>
@@ -77,14 +78,15 @@ template <class OnRecord>
 bool ReadSide(Row row, std::span<const Column<OpiSum>> shared, const PositionSide& side, std::string_view billDate,
               SumFeed feed, CRecordSink& sink, OnRecord onRecord) {
     if (ParseInteger(row[side.lotsColumn]) <= 0) return false;
-    auto record = MakeRecord(billDate, row, shared);
-    FillRecord(*record, row, side.columns);
-    CopyField(record->BID, side.side);
-    onRecord(std::as_const(*record));
+    OpiSum& record = sink.NewRow<OpiSum>();
+    FillRecord(record, billDate, row, shared);
+    FillRecord(record, row, side.columns);
+    CopyField(record.BID, side.side);
+    onRecord(std::as_const(record));
     if (feed == SumFeed::Yes) {
-        sink.AddOnlyPosition(std::move(record));
+        sink.AddOnlyPosition(record);
     } else {
-        sink.Add(std::move(record));
+        sink.Add(record);
     }
     return true;
 }

@@ -1,7 +1,6 @@
 #include "readers/template_reader.h"
 
 #include <cstddef>
-#include <memory>
 #include <string_view>
 #include <utility>
 
@@ -136,9 +135,10 @@ void CTemplateReader::ReadClosed() {
     double total = 0;
     scan_.ReadRows(layout.section, *rows, [&](Row row) {
         RequireColumn(row, scheme_.closedSideColumn);
-        auto record = MakeRecord(day_, row, layout.columns);
-        total += AmountIn(record->OFFSETPL);
-        sink_.Add(std::move(record));
+        PingDetail& record = sink_.NewRow<PingDetail>();
+        FillRecord(record, day_, row, layout.columns);
+        total += AmountIn(record.OFFSETPL);
+        sink_.Add(record);
     });
     if (InOneRow()) sink_.SetDayClosedPL(day_, CNumberText::SixDecimals(total).View(), total);
 }

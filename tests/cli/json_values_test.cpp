@@ -36,9 +36,7 @@ protected:
     /// What a text of these bytes is written as.
     std::string Decoded(std::string_view bytes) {
         report.MatchStore.Clear();
-        auto row = std::make_unique<MatchRecord>();
-        CopyField(row->EXCH_NAME, bytes);
-        report.MatchStore.Add(std::move(row));
+        CopyField(report.MatchStore.Add().EXCH_NAME, bytes);
         return Written()["matches"][0]["EXCH_NAME"];
     }
 };
@@ -94,14 +92,12 @@ TEST_F(JsonValues, HaveOneReplacementForEachByteOfNoCharacter) {
 }
 
 TEST_F(JsonValues, EndWithAFieldThatIsNotTerminated) {
-    auto row = std::make_unique<MatchRecord>();
-    std::ranges::fill(row->MATCHNO, '7');
-    report.MatchStore.Add(std::move(row));
+    std::ranges::fill(report.MatchStore.Add().MATCHNO, '7');
     EXPECT_EQ(Written()["matches"][0]["MATCHNO"], std::string(16, '7'));
 }
 
 TEST_F(JsonValues, StandOneRowALine) {
-    for (int i = 0; i < 1000; ++i) report.MatchStore.Add(std::make_unique<MatchRecord>());
+    for (int i = 0; i < 1000; ++i) report.MatchStore.Add();
     const std::string text = Text();
     EXPECT_EQ(Json::parse(text)["matches"].size(), 1000U);
     EXPECT_GE(std::ranges::count(text, '\n'), 1000);

@@ -155,43 +155,39 @@ Json Fill(const std::vector<FieldOfRecord>& fields) {
 }
 
 #define FIELD(Name) \
-    { #Name, row->Name }
+    { #Name, row.Name }
 
 TEST_F(JsonWriter, WritesTrades) {
-    auto row = std::make_unique<MatchRecord>();
+    MatchRecord& row = report.MatchStore.Add();
     const Json expected =
         Fill({FIELD(BILL_DATE), FIELD(MATCH_DATE), FIELD(EXCH_NAME), FIELD(CONTRACT), FIELD(DELIVERY), FIELD(HEDGE),
               FIELD(BID), FIELD(MATCH_PRICE), FIELD(MATCH_VOL), FIELD(TURNOVER), FIELD(OFFSET), FIELD(POUNDAGE),
               FIELD(OFFSETPL), FIELD(MATCHNO), FIELD(ROYALTY), FIELD(CURRENCY)});
-    report.MatchStore.Add(std::move(row));
     EXPECT_EQ(Written()["matches"], Json::array({expected}));
 }
 
 TEST_F(JsonWriter, WritesClosedPositions) {
-    auto row = std::make_unique<PingDetail>();
+    PingDetail& row = report.PingDetailStore.Add();
     const Json expected = Fill({FIELD(BILL_DATE), FIELD(MATCH_DATE), FIELD(EXCH_NAME), FIELD(CONTRACT), FIELD(DELIVERY),
                                 FIELD(BID), FIELD(MATCH_PRICE), FIELD(MATCH_VOL), FIELD(OPEN_DATE), FIELD(OPEN_PRICE),
                                 FIELD(SETTLE_PRICE), FIELD(POUNDAGE), FIELD(HEDGE), FIELD(OFFSETPL), FIELD(CURRENCY)});
-    report.PingDetailStore.Add(std::move(row));
     EXPECT_EQ(Written()["closed"], Json::array({expected}));
 }
 
 TEST_F(JsonWriter, WritesOpenPositions) {
-    auto row = std::make_unique<OpiDetail>();
+    OpiDetail& row = report.OpiDetailStore.Add();
     const Json expected = Fill({FIELD(BILL_DATE), FIELD(EXCH_NAME), FIELD(CONTRACT), FIELD(DELIVERY), FIELD(OPEN_DATE),
                                 FIELD(HEDGE), FIELD(BID), FIELD(POSITION_VOL), FIELD(OPEN_PRICE), FIELD(YSETTLE_PRICE),
                                 FIELD(SETTLE_PRICE), FIELD(FLOATPL), FIELD(DSYK), FIELD(DEPOSIT), FIELD(CURRENCY)});
-    report.OpiDetailStore.Add(std::move(row));
     EXPECT_EQ(Written()["positions"], Json::array({expected}));
 }
 
 TEST_F(JsonWriter, WritesPositionSumsWithoutSpareFields) {
-    auto row = std::make_unique<OpiSum>();
+    OpiSum& row = report.OpiSumStore.Add();
     const Json expected = Fill({FIELD(BILL_DATE), FIELD(EXCH_NAME), FIELD(CONTRACT), FIELD(DELIVERY), FIELD(BID),
                                 FIELD(BID_POSITION_VOL), FIELD(SPARE_OPI_1), FIELD(ASK_POSITION_VOL),
                                 FIELD(SPARE_OPI_2), FIELD(POSITION_VOL), FIELD(POSITION_PRICE), FIELD(YSETTLE_PRICE),
                                 FIELD(SETTLE_PRICE), FIELD(DSYK), FIELD(DEPOSIT), FIELD(HEDGE)});
-    report.OpiSumStore.Add(std::move(row));
     EXPECT_EQ(Written()["positionSums"], Json::array({expected}));
 }
 
@@ -199,9 +195,7 @@ TEST_F(JsonWriter, WritesPositionSumsWithoutSpareFields) {
 
 TEST_F(JsonWriter, KeepsRowsInTheirOrder) {
     for (const char* const contract : {"rb", "i", "rb", "a"}) {
-        auto row = std::make_unique<MatchRecord>();
-        CopyField(row->CONTRACT, contract);
-        report.MatchStore.Add(std::move(row));
+        CopyField(report.MatchStore.Add().CONTRACT, contract);
     }
     Names contracts;
     const Json json = Written();

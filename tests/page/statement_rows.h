@@ -37,27 +37,27 @@ void SetFields(Record& record, std::span<const TextField<Record>> fields, FieldV
 }
 
 inline MatchRecord& AddTrade(CReport& report, FieldValues values) {
-    report.MatchStore.Add(std::make_unique<MatchRecord>());
-    SetFields<MatchRecord>(*report.MatchStore.Rows.back(), kMatchFields, values);
-    return *report.MatchStore.Rows.back();
+    MatchRecord& row = report.MatchStore.Add();
+    SetFields<MatchRecord>(row, kMatchFields, values);
+    return row;
 }
 
 inline PingDetail& AddClosed(CReport& report, FieldValues values) {
-    report.PingDetailStore.Add(std::make_unique<PingDetail>());
-    SetFields<PingDetail>(*report.PingDetailStore.Rows.back(), kPingFields, values);
-    return *report.PingDetailStore.Rows.back();
+    PingDetail& row = report.PingDetailStore.Add();
+    SetFields<PingDetail>(row, kPingFields, values);
+    return row;
 }
 
 inline OpiDetail& AddLot(CReport& report, FieldValues values) {
-    report.OpiDetailStore.Add(std::make_unique<OpiDetail>());
-    SetFields<OpiDetail>(*report.OpiDetailStore.Rows.back(), kOpiDetailFields, values);
-    return *report.OpiDetailStore.Rows.back();
+    OpiDetail& row = report.OpiDetailStore.Add();
+    SetFields<OpiDetail>(row, kOpiDetailFields, values);
+    return row;
 }
 
 inline OpiSum& AddPosition(CReport& report, FieldValues values) {
-    report.OpiSumStore.Add(std::make_unique<OpiSum>());
-    SetFields<OpiSum>(*report.OpiSumStore.Rows.back(), kOpiSumFields, values);
-    return *report.OpiSumStore.Rows.back();
+    OpiSum& row = report.OpiSumStore.Add();
+    SetFields<OpiSum>(row, kOpiSumFields, values);
+    return row;
 }
 
 /// A tally of zeros.

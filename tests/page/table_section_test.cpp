@@ -6,7 +6,6 @@
 #include <cmath>
 #include <cstddef>
 #include <filesystem>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -227,10 +226,9 @@ private:
 class DayGroups : public TableWriter {
 protected:
     void Add(std::string_view day, const std::string& name) {
-        auto row = std::make_unique<DayRow>();
-        CopyField(row->BILL_DATE, day);
-        row->name = name;
-        rows_.push_back(std::move(row));
+        DayRow& row = rows_.emplace_back();
+        CopyField(row.BILL_DATE, day);
+        row.name = name;
     }
 
     /// The rows behind the header as "band:text", "=" for a subtotal.
@@ -253,7 +251,7 @@ protected:
         return result;
     }
 
-    std::vector<std::unique_ptr<DayRow>> rows_;
+    std::vector<DayRow> rows_;
     bool finished_ = false;
 };
 

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,14 +33,19 @@ protected:
     std::string DetailProduct(std::int32_t format, std::string_view contract) {
         CReport report;
         Prepare(report, format);
-        CRecordSink(report, nullptr).Add(CopyOf(Open({{"BILL_DATE", "20240102"}, {"CONTRACT", contract}})));
+        CRecordSink sink(report, nullptr);
+        OpiDetail& row = sink.NewRow<OpiDetail>();
+        row = Open({{"BILL_DATE", "20240102"}, {"CONTRACT", contract}});
+        sink.Add(row);
         return OnlyProduct(report);
     }
     std::string SumProduct(std::int32_t format, std::string_view contract) {
         CReport report;
         Prepare(report, format);
-        CRecordSink(report, nullptr)
-            .AddOnlyPosition(CopyOf(OpenSum({{"BILL_DATE", "20240102"}, {"CONTRACT", contract}})));
+        CRecordSink sink(report, nullptr);
+        OpiSum& row = sink.NewRow<OpiSum>();
+        row = OpenSum({{"BILL_DATE", "20240102"}, {"CONTRACT", contract}});
+        sink.AddOnlyPosition(row);
         return OnlyProduct(report);
     }
 

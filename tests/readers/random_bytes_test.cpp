@@ -222,14 +222,14 @@ protected:
     template <class Store, class Fields>
     static void ExpectWellFormedRows(const Store& store, const Fields& fields) {
         for (const auto& row : store.Rows) {
-            ExpectWellFormed(*row, fields);
-            EXPECT_STREQ(row->BILL_DATE, store.Rows.front()->BILL_DATE);
+            ExpectWellFormed(row, fields);
+            EXPECT_STREQ(row.BILL_DATE, store.Rows.front().BILL_DATE);
         }
     }
 
     template <class Store>
     static void ExpectSides(const Store& store) {
-        for (const auto& row : store.Rows) EXPECT_TRUE(row->BID == Gbk("买") || row->BID == Gbk("卖"));
+        for (const auto& row : store.Rows) EXPECT_TRUE(row.BID == Gbk("买") || row.BID == Gbk("卖"));
     }
 
     void ExpectWellFormedStores() {

@@ -69,11 +69,16 @@ inline Fields FieldsOf(const MoneyRecord& record) {
     return fields;
 }
 
+template <class Record>
+Fields FieldsOf(const std::unique_ptr<Record>& record) {
+    return FieldsOf(*record);
+}
+
 /// The filled fields of all rows of a list, in their order.
 template <class List>
 std::vector<Fields> FieldsOfAll(const List& rows) {
     std::vector<Fields> all;
-    for (const auto& row : rows) all.push_back(FieldsOf(*row));
+    for (const auto& row : rows) all.push_back(FieldsOf(row));
     return all;
 }
 
@@ -82,7 +87,7 @@ template <class List>
 std::vector<std::string> TextsOf(const List& rows, const std::string& name) {
     std::vector<std::string> texts;
     for (const auto& row : rows) {
-        const Fields fields = FieldsOf(*row);
+        const Fields fields = FieldsOf(row);
         const auto found = fields.find(name);
         texts.push_back(found == fields.end() ? std::string() : found->second);
     }

@@ -29,15 +29,15 @@ protected:
     }
 
     void AddClosed(const char* bid, const char* openPrice, const char* closePrice) {
-        auto record = std::make_unique<PingDetail>();
-        CopyField(record->BILL_DATE, "20240102");
-        CopyField(record->CONTRACT, "cu");
-        CopyField(record->DELIVERY, "2402");
-        CopyField(record->BID, Gbk(bid));
-        CopyField(record->OPEN_PRICE, openPrice);
-        CopyField(record->MATCH_PRICE, closePrice);
-        CopyField(record->MATCH_VOL, "2");
-        sink_.Add(std::move(record));
+        PingDetail& record = sink_.NewRow<PingDetail>();
+        CopyField(record.BILL_DATE, "20240102");
+        CopyField(record.CONTRACT, "cu");
+        CopyField(record.DELIVERY, "2402");
+        CopyField(record.BID, Gbk(bid));
+        CopyField(record.OPEN_PRICE, openPrice);
+        CopyField(record.MATCH_PRICE, closePrice);
+        CopyField(record.MATCH_VOL, "2");
+        sink_.Add(record);
     }
 
     CRecordSink sink_{report, nullptr};
@@ -79,16 +79,25 @@ TEST_F(RecordSink, KeepsOneRecordAndTheLaterFiguresOfADayThatComesTwice) {
 }
 
 TEST_F(RecordSink, AddsATradeToItsStoreAlone) {
-    auto record = std::make_unique<MatchRecord>();
-    CopyField(record->CONTRACT, "cu");
-    CopyField(record->OFFSETPL, "100");
-    const MatchRecord* const row = record.get();
-    sink_.Add(std::move(record));
+    MatchRecord& record = sink_.NewRow<MatchRecord>();
+    CopyField(record.CONTRACT, "cu");
+    CopyField(record.OFFSETPL, "100");
+    sink_.Add(record);
     ASSERT_EQ(report.MatchStore.Count(), 1);
-    EXPECT_EQ(report.MatchStore.Rows.front().get(), row);
+    EXPECT_EQ(&report.MatchStore.Rows.front(), &record);
     report.MatchStore.Clear();
     EXPECT_TRUE(NothingRead());
     EXPECT_EQ(report.AccountStatistics.TotalPL, 0);
+}
+
+TEST_F(RecordSink, LeavesNothingOfARowThatIsNotAdded) {
+    CopyField(sink_.NewRow<MatchRecord>().CONTRACT, "cu");
+    CopyField(sink_.NewRow<PingDetail>().CONTRACT, "cu");
+    EXPECT_TRUE(NothingRead());
+    MatchRecord& record = sink_.NewRow<MatchRecord>();
+    EXPECT_STREQ(record.CONTRACT, "");
+    sink_.Add(record);
+    EXPECT_EQ(report.MatchStore.Count(), 1);
 }
 
 TEST_F(RecordSink, AddsAClosedPositionAndFoldsItIntoItsContract) {
@@ -108,13 +117,13 @@ TEST_F(RecordSink, AddsAClosedPositionAndFoldsItIntoItsContract) {
 }
 
 TEST_F(RecordSink, AddsAnOpenPositionAndFeedsItToTheStatistics) {
-    auto record = std::make_unique<OpiDetail>();
-    CopyField(record->BILL_DATE, "20240102");
-    CopyField(record->CONTRACT, "cu2402");
-    CopyField(record->BID, Gbk("买"));
-    CopyField(record->POSITION_VOL, "3");
-    CopyField(record->DEPOSIT, "600");
-    sink_.Add(std::move(record));
+    OpiDetail& record = sink_.NewRow<OpiDetail>();
+    CopyField(record.BILL_DATE, "20240102");
+    CopyField(record.CONTRACT, "cu2402");
+    CopyField(record.BID, Gbk("买"));
+    CopyField(record.POSITION_VOL, "3");
+    CopyField(record.DEPOSIT, "600");
+    sink_.Add(record);
     EXPECT_EQ(report.OpiDetailStore.Count(), 1);
     EXPECT_EQ(report.OpiSumStore.Count(), 0);
     const CDayUsage* const usage = report.TradeStatistics.DayUsages.Find("20240102");
@@ -127,13 +136,13 @@ TEST_F(RecordSink, AddsAnOpenPositionAndFeedsItToTheStatistics) {
 }
 
 TEST_F(RecordSink, AddsASummaryRowToItsStoreAlone) {
-    auto record = std::make_unique<OpiSum>();
-    CopyField(record->BILL_DATE, "20240102");
-    CopyField(record->CONTRACT, "cu2402");
-    CopyField(record->BID, Gbk("买"));
-    CopyField(record->POSITION_VOL, "3");
-    CopyField(record->DEPOSIT, "600");
-    sink_.Add(std::move(record));
+    OpiSum& record = sink_.NewRow<OpiSum>();
+    CopyField(record.BILL_DATE, "20240102");
+    CopyField(record.CONTRACT, "cu2402");
+    CopyField(record.BID, Gbk("买"));
+    CopyField(record.POSITION_VOL, "3");
+    CopyField(record.DEPOSIT, "600");
+    sink_.Add(record);
     EXPECT_EQ(report.OpiSumStore.Count(), 1);
     report.OpiSumStore.Clear();
     EXPECT_TRUE(NothingRead());

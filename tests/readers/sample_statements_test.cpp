@@ -192,10 +192,10 @@ TEST_P(SampleStatements, HaveASummaryThatAgreesWithItsTotals) {
         std::set<std::pair<std::string, std::string>> contracts;
         double lots[2] = {};
         for (const auto& row : report.OpiSumStore.Rows) {
-            contracts.emplace(row->CONTRACT, row->DELIVERY);
-            const bool isLong = row->BID == Gbk("买");
+            contracts.emplace(row.CONTRACT, row.DELIVERY);
+            const bool isLong = row.BID == Gbk("买");
             lots[isLong ? 0 : 1] +=
-                AmountIn(row->BID_POSITION_VOL) + AmountIn(row->ASK_POSITION_VOL) + AmountIn(row->POSITION_VOL);
+                AmountIn(row.BID_POSITION_VOL) + AmountIn(row.ASK_POSITION_VOL) + AmountIn(row.POSITION_VOL);
         }
         const Totals totals = TotalsOf(day.text, "持仓汇总");
         EXPECT_EQ(static_cast<std::int32_t>(contracts.size()), totals.count);
@@ -217,7 +217,7 @@ TEST_P(SampleStatements, ShowEveryColumnOfTheirRows) {
              {"EXCH_NAME", "CONTRACT", "BID", "MATCH_DATE", "MATCH_PRICE", "OFFSET", "HEDGE"}) {
             if (std::ranges::count(TextsOf(report.MatchStore.Rows, field), "") != 0) empty.insert(field);
         }
-        EXPECT_EQ(report.MatchStore.Rows.empty() ? day.day : report.MatchStore.Rows.front()->MATCH_DATE, day.day);
+        EXPECT_EQ(report.MatchStore.Rows.empty() ? day.day : report.MatchStore.Rows.front().MATCH_DATE, day.day);
         for (const std::string& date : TextsOf(report.OpiDetailStore.Rows, "OPEN_DATE")) EXPECT_LE(date, day.day);
         for (const std::string& date : TextsOf(report.PingDetailStore.Rows, "OPEN_DATE")) EXPECT_LE(date, day.day);
     }

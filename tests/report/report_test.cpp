@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -88,10 +87,10 @@ TEST(Report, KeepsNothingOfARunBehindClear) {
     report.ChainTable.Load(folder.Write("chain.ini", "[CHAINNUM]\nNum=1\n[CHAIN001]\nItemBase=a\n"));
     report.MoneyStore.Add(CopyOf(money), MoneySource::Statement);
     report.CurrencyMoneyStore.Add(CopyOf(money), "USD", MoneySource::Statement);
-    report.MatchStore.Add(std::make_unique<MatchRecord>());
-    report.PingDetailStore.Add(std::make_unique<PingDetail>());
-    report.OpiDetailStore.Add(std::make_unique<OpiDetail>());
-    report.OpiSumStore.Add(std::make_unique<OpiSum>());
+    report.MatchStore.Add();
+    report.PingDetailStore.Add();
+    report.OpiDetailStore.Add();
+    report.OpiSumStore.Add();
     report.TradeStatistics.FeedDayMoney(&money);
     FoldClosedRow(Closed({{"CONTRACT", "cu"}, {"BID", Gbk("买")}, {"MATCH_VOL", "1"}, {"MATCH_PRICE", "5"}}), report);
     report.Clear();
