@@ -18,7 +18,8 @@ KEPT = [
      r".*\b(Library\(\)::library|StartFontconfig\(\)::started|OpenFace\(.*\)::faces|FacesFor\(.*\)::cache|FontLock\(\)::lock)",
      "FreeType, fontconfig and the faces opened so far, behind one lock"),
     (r"paint/freetype/scaled_face", r".*\bScaledFaceFor\(.*\)::cache", "faces by size, behind the same lock"),
-    (r"platform/linux/text_encoding", r".*\b(GbkToUtf8|Utf8ToGbk).*::converter", "a converter of each thread's own"),
+    (r"platform/linux/text_encoding", r".*\b(Decode|Utf8ToGbk).*::converter", "a converter of each thread's own"),
+    (r"platform/linux/text_encoding", r".*\bCharacterOf\(.*\)::characters", "characters decoded so far, each an atomic"),
     (r"platform/windows/runtime_threads", r".*\b(RuntimeLock|FirstUseDone|Keys|KeyCount|RuntimeEnd)",
      "what the compiler's runtime inside the DLL wants of threads"),
 ]

@@ -3,8 +3,11 @@
 #include <iconv.h>
 
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <memory>
 #include <optional>
 #include <string>
@@ -15,14 +18,6 @@ namespace tradebill {
 namespace {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
-
-/// Bytes of the GBK character that `text` seems to open with; 0 for a byte that opens none. iconv alone would read 0x80
-/// as a euro sign, which is no character of GBK.
-std::size_t CharacterLength(std::string_view text) {
-    const auto lead = static_cast<unsigned char>(text.front());
-    if (lead < 0x80) return 1;
-    return lead == 0x80 || lead == 0xFF ? 0 : 2;
-}
 
 struct CloseConverter {
     void operator()(iconv_t converter) const { ::iconv_close(converter); }
@@ -51,19 +46,76 @@ std::string ConvertRun(iconv_t converter, std::string_view& text) {
     }
 }
 
+/// A character in UTF-8: its bytes, the first one lowest, and their number in the highest byte.
+using PackedCharacter = std::uint32_t;
+constexpr PackedCharacter kUnknown = 0;  // nobody has asked for it yet
+
+constexpr unsigned char kFirstLead = 0x81;  // iconv would read 0x80 as a euro sign, which is no character of GBK
+constexpr unsigned char kLastLead = 0xFE;
+
+constexpr PackedCharacter Packed(std::string_view utf8) {
+    PackedCharacter packed = static_cast<PackedCharacter>(utf8.size()) << 24;
+    for (std::size_t i = 0; i < utf8.size(); ++i) {
+        packed |= static_cast<PackedCharacter>(static_cast<unsigned char>(utf8[i])) << 8 * i;
+    }
+    return packed;
+}
+constexpr PackedCharacter kNoCharacter = Packed(kReplacement);
+
+void AppendPacked(std::string& text, PackedCharacter packed) {
+    for (PackedCharacter left = packed >> 24; left > 0; --left, packed >>= 8) text += static_cast<char>(packed & 0xFF);
+}
+
+PackedCharacter Decode(std::string_view pair) {
+    thread_local const UniqueConverter converter = MakeConverter("UTF-8", "GBK");
+    if (converter == nullptr) return kNoCharacter;
+    const std::string utf8 = ConvertRun(converter.get(), pair);
+    return pair.empty() && utf8.size() <= 3 ? Packed(utf8) : kNoCharacter;
+}
+
+/// The character of a lead byte and any byte behind it. What iconv said of a pair once is kept for all threads: a
+/// year's page has millions of characters, and few different ones.
+PackedCharacter CharacterOf(std::string_view pair) {
+    static std::array<std::atomic<PackedCharacter>, std::size_t{kLastLead - kFirstLead + 1} * 256> characters;
+    const auto lead = static_cast<unsigned char>(pair[0]);
+    const auto trail = static_cast<unsigned char>(pair[1]);
+    auto& known = characters[static_cast<std::size_t>(lead - kFirstLead) * 256 + trail];
+    PackedCharacter character = known.load(std::memory_order_relaxed);
+    if (character == kUnknown) {
+        character = Decode(pair);
+        known.store(character, std::memory_order_relaxed);
+    }
+    return character;
+}
+
+/// How many bytes at the start of `text` are ASCII.
+std::size_t AsciiLength(std::string_view text) {
+    constexpr std::uint64_t kHighBits = 0x8080808080808080;
+    std::size_t at = 0;
+    for (; at + sizeof(std::uint64_t) <= text.size(); at += sizeof(std::uint64_t)) {
+        std::uint64_t bytes;
+        std::memcpy(&bytes, text.data() + at, sizeof bytes);
+        if ((bytes & kHighBits) != 0) break;
+    }
+    while (at < text.size() && static_cast<unsigned char>(text[at]) < 0x80) ++at;
+    return at;
+}
+
 }  // namespace
 
 std::string GbkToUtf8(std::string_view text) {
-    thread_local const UniqueConverter converter = MakeConverter("UTF-8", "GBK");
-    if (converter == nullptr) return std::string(text);
     std::string result;
+    result.reserve(text.size() + text.size() / 2 + 3);
     while (!text.empty()) {
-        std::string_view character = text.substr(0, CharacterLength(text));
-        const std::size_t length = character.size();
-        const std::string decoded = length == 0 ? std::string() : ConvertRun(converter.get(), character);
-        const bool isCharacter = length != 0 && character.empty();
-        result += isCharacter ? std::string_view(decoded) : kReplacement;
-        text.remove_prefix(isCharacter ? length : 1);
+        const std::size_t ascii = AsciiLength(text);
+        result.append(text.substr(0, ascii));
+        text.remove_prefix(ascii);
+        if (text.empty()) break;
+        const auto lead = static_cast<unsigned char>(text.front());
+        const bool isPair = lead >= kFirstLead && lead <= kLastLead && text.size() > 1;
+        const PackedCharacter character = isPair ? CharacterOf(text.substr(0, 2)) : kNoCharacter;
+        AppendPacked(result, character);
+        text.remove_prefix(character == kNoCharacter ? 1 : 2);
     }
     return result;
 }
