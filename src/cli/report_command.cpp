@@ -3,8 +3,11 @@
 #include <CLI/CLI.hpp>
 
 #include <cstddef>
+#include <fstream>
+#include <ios>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "base/number.h"
@@ -12,11 +15,14 @@
 #include "cli/json_writer.h"
 #include "cli/output_file.h"
 #include "cli/report_options.h"
-#include "cli/standalone_page.h"
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"
+#include "driver/report_request.h"
 #include "driver/report_run.h"
+#include "page/page_sink.h"
+#include "page/standalone_page.h"
 #include "platform/desktop.h"
+#include "platform/file.h"
 #include "platform/paths.h"
 #include "report/money_store.h"
 #include "report/report.h"
@@ -53,6 +59,32 @@ void ShowSummary(const CReport& report, const RunResult& result) {
               << "  page              " << NativePath(result.pagePath) << "\n";
 }
 
+std::optional<RunResult> MakeReport(CReport& report, const PreparedRequest& prepared, bool quiet, CPageSink* copy) {
+    return RunWatched(report, prepared, quiet,
+                      [copy](CReport& made, const GenerateBillRequest& request, CRunWatcher* watcher) {
+                          return RunReport(made, request, watcher, copy);
+                      });
+}
+
+/// A report, and its page as one file too.
+struct MadeReport {
+    std::optional<RunResult> result;  ///< nothing if the run failed, which is told
+    bool isFileSaved = false;
+};
+
+MadeReport MakeReportAndFile(CReport& report, const PreparedRequest& prepared, bool quiet, const std::string& path) {
+    MadeReport made;
+    made.isFileSaved = SaveInOneStep(path, [&](const std::string& unfinished) {
+        std::ofstream file(unfinished, std::ios::binary);
+        CStandalonePage page(file);
+        made.result = MakeReport(report, prepared, quiet, &page);
+        page.Finish();
+        file.close();
+        return made.result && !file.fail() && !IsSameFile(made.result->pagePath, path);
+    });
+    return made;
+}
+
 }  // namespace
 
 CommandRun DeclareReport(CLI::App& app) {
@@ -72,14 +104,15 @@ int RunReportCommand(const ReportCommand& command) {
     CheckOutputFile("--standalone", command.standaloneFile);
     const PreparedRequest prepared = PrepareRequest(command.options);
     CReport report;
-    const auto result = RunWatched(report, prepared, command.quiet, RunReport);
+    const auto [result, isFileSaved] =
+        command.standaloneFile
+            ? MakeReportAndFile(report, prepared, command.quiet, *command.standaloneFile)
+            : MadeReport{.result = MakeReport(report, prepared, command.quiet, nullptr), .isFileSaved = true};
     if (!result) return kExitFailed;
     const auto writeJson = [&report](std::ostream& out) { WriteJson(report, out); };
     if (command.jsonFile && !SaveWhole(*command.jsonFile, writeJson)) return Fail("can't write " + *command.jsonFile);
     if (!result->pageWritten) return Fail("can't write the page " + NativePath(result->pagePath));
-    if (command.standaloneFile && !WriteStandalonePage(report, result->pagePath, *command.standaloneFile)) {
-        return Fail("can't write " + *command.standaloneFile);
-    }
+    if (!isFileSaved) return Fail("can't write " + *command.standaloneFile);
     if (!command.quiet) ShowSummary(report, *result);
     if (command.opensPage && !OpenOnDesktop(command.standaloneFile.value_or(result->pagePath))) {
         Warn("--open: this desktop has no xdg-open to show the page with");

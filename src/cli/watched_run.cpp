@@ -53,7 +53,8 @@ int Fail(const std::string& text) {
     return kExitFailed;
 }
 
-std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prepared, bool quiet, RunFunction* run) {
+std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prepared, bool quiet,
+                                    const RunFunction& run) {
     report.RootFolder = prepared.rootFolder;
     report.ScreenWidth = DisplayWidth();
     report.Products = prepared.products.get();

@@ -1,6 +1,7 @@
 // A run of the module as the program makes it: with warnings, a progress line, and words for what went wrong.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -18,12 +19,12 @@ void WarnWithoutFonts();
 /// Says on stderr what failed. Returns kExitFailed.
 int Fail(const std::string& text);
 
-using RunFunction = RunResult(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher);
+using RunFunction = std::function<RunResult(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher)>;
 
 /// Tells what the request's options were warned of, runs it in `report`, and warns if there was nothing to read.
 /// Nothing if the run failed, which is told. `quiet` leaves out notes and progress. The report's products are those of
 /// `prepared`, which must outlive it.
 [[nodiscard]] std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prepared, bool quiet,
-                                                  RunFunction* run);
+                                                  const RunFunction& run);
 
 }  // namespace tradebill

@@ -106,9 +106,9 @@ void MakePictures(CReport& report) {
     report.MoneyStore.ChartSizes = images->chartSizes;
 }
 
-void WritePage(const CReport& report, RunResult& result) {
+void WritePage(const CReport& report, CPageSink* copy, RunResult& result) {
     result.pagePath = PagePath(report);
-    CHtmlBuilder page(result.pagePath);
+    CHtmlBuilder page(result.pagePath, copy);
     AddPageSections(page, report);
     result.pageWritten = !page.HasFailed();
 }
@@ -128,7 +128,7 @@ RunResult ReadAccount(CReport& report, const GenerateBillRequest& request, CRunW
     return result;
 }
 
-RunResult RunReport(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher) {
+RunResult RunReport(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher, CPageSink* copy) {
     const CPictureWork pictures;
     Begin(report, request);
     PrepareBillFolders(report);
@@ -137,7 +137,7 @@ RunResult RunReport(CReport& report, const GenerateBillRequest& request, CRunWat
     if (watcher != nullptr) watcher->OnStage("pictures");
     MakePictures(report);
     if (watcher != nullptr) watcher->OnStage("page");
-    WritePage(report, result);
+    WritePage(report, copy, result);
     NotifyHost(report.Request);
     return result;
 }

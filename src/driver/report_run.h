@@ -12,6 +12,7 @@
 
 namespace tradebill {
 
+class CPageSink;
 class CReport;
 
 enum class RunEnd {
@@ -36,10 +37,11 @@ public:
 };
 
 /// Makes the report that `request` asks for in `report`, which is emptied first. Throws CReportError, with what had
-/// been read by then in the report. `watcher` may be null.
+/// been read by then in the report. `watcher` may be null, and so may `copy`, which gets the page too.
 ///
 /// REQUIRES: root folder, products and screen width of `report` are set.
-RunResult RunReport(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher);
+RunResult RunReport(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
+                    CPageSink* copy = nullptr);
 
 /// The same up to the statistics: nothing is written, and nobody is told. Charts can be repainted from it as after a
 /// report.

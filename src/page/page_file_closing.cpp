@@ -15,6 +15,7 @@ namespace tradebill {
 
 void CPageFile::Close() {
     if (path_.empty() || CloseGathered()) return;
+    isFresh_ = false;
     CFile file(path_, FileMode::Update);
     if (!file.IsOpen()) {
         failed_ = true;

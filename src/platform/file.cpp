@@ -31,7 +31,12 @@ std::optional<CIniFile> LoadIniFile(const std::string& path) {
 
 bool SaveInOneStep(const std::string& path, const std::function<bool(const std::string& unfinished)>& write) {
     const std::string unfinished = path + ".part";
-    if (write(unfinished) && MoveOver(unfinished, path)) return true;
+    try {
+        if (write(unfinished) && MoveOver(unfinished, path)) return true;
+    } catch (...) {
+        RemoveFile(unfinished);
+        throw;
+    }
     RemoveFile(unfinished);
     return false;
 }

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <set>
 #include <string>
 
@@ -95,6 +96,16 @@ TEST_F(ChartCommands, WriteStandalonePages) {
     EXPECT_TRUE(Says(text, "<title> 交易及账单报告 </title>"));
     EXPECT_TRUE(ReadFile(PageFile()).find("Image_files") != std::string::npos);
     EXPECT_TRUE(IsWrongUse(Run(Report("--standalone " + Quoted(folder_.Path("none/x.html")))), "--standalone"));
+}
+
+TEST_F(ChartCommands, DontWriteAStandalonePageOverThePage) {
+    ASSERT_EQ(Run(Report("--quiet")).exit, 0);
+    const std::string page = ReadFile(PageFile());
+    const Answer refused = Run(Report("--quiet --standalone " + Quoted(PageFile())));
+    EXPECT_EQ(refused.exit, 1);
+    EXPECT_TRUE(Says(refused.err, "can't write")) << refused.err;
+    EXPECT_EQ(ReadFile(PageFile()), page);
+    EXPECT_FALSE(std::filesystem::exists(PageFile() + ".part"));
 }
 
 }  // namespace

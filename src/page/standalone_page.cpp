@@ -1,0 +1,100 @@
+#include "page/standalone_page.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <string_view>
+
+#include "base/text.h"
+#include "images/picture_names.h"
+#include "page/page_closing.h"
+#include "platform/file.h"
+#include "platform/text_encoding.h"
+#include "report/report.h"
+
+namespace tradebill {
+namespace {
+
+std::string Base64(std::string_view bytes) {
+    constexpr std::string_view kDigits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    std::string text;
+    text.reserve((bytes.size() + 2) / 3 * 4);
+    for (std::size_t at = 0; at < bytes.size(); at += 3) {
+        const std::string_view group = bytes.substr(at, 3);
+        std::uint32_t bits = 0;
+        for (std::size_t i = 0; i < 3; ++i)
+            bits = bits << 8 | (i < group.size() ? static_cast<unsigned char>(group[i]) : 0u);
+        for (std::size_t i = 0; i < 4; ++i) text += i <= group.size() ? kDigits[bits >> (18 - 6 * i) & 0x3F] : '=';
+    }
+    return text;
+}
+
+std::string DataAddress(const CReport& report, std::string_view picture) {
+    const auto bytes = ReadPlainFile(FullPicturePath(report.ReportDocument, picture));
+    const std::string_view type = picture.ends_with(".png") ? "image/png" : "image/jpeg";
+    return std::string("data:").append(type).append(";name=").append(picture).append(";base64,") +
+           Base64(bytes.value_or(""));
+}
+
+void Write(std::ostream& out, std::string_view utf8) {
+    out.write(utf8.data(), static_cast<std::streamsize>(utf8.size()));
+}
+
+}  // namespace
+
+std::string CHeldPictures::InPage(const CReport& report, std::string_view picture) const {
+    const auto found = addresses_.find(picture);
+    if (found != addresses_.end()) return found->second;
+    return addresses_.emplace(picture, DataAddress(report, picture)).first->second;
+}
+
+std::string CHeldPictures::InScript(const CReport& report, std::string_view picture) const {
+    return InPage(report, picture);
+}
+
+void CStandalonePage::AddStyle(std::string_view block) {
+    styles_ += block;
+}
+
+void CStandalonePage::AddText(std::string_view text) {
+    if (text.empty()) return;
+    endsInLine_ = text.back() != '\n';
+    if (hasStarted_) {
+        Write(out_, GbkToUtf8(text));
+    } else {
+        unstarted_ += text;
+    }
+}
+
+void CStandalonePage::ClosePage() {
+    if (endsInLine_) AddText(kPageLineEnd);
+    StartBody();
+}
+
+void CStandalonePage::Finish() {
+    ClosePage();
+    Write(out_, kPageEnd);
+}
+
+/// Styles come before the first closing: what is kept until then is small.
+void CStandalonePage::StartBody() {
+    if (hasStarted_) return;
+    hasStarted_ = true;
+    constexpr std::string_view kHeadStart = "<head>\r\n";
+    constexpr std::string_view kHeadEndLine = "</head>\r\n";
+    std::string_view title = kPageHeadLines.substr(kHeadStart.size());
+    title.remove_suffix(kHeadEndLine.size());
+    Write(out_, "<html>\r\n");
+    Write(out_, kHeadStart);
+    Write(out_, "<meta charset=\"utf-8\">\r\n");
+    Write(out_, GbkToUtf8(title));
+    Write(out_, GbkToUtf8(styles_));
+    Write(out_, kHeadEndLine);
+    Write(out_, "<body>\r\n");
+    Write(out_, GbkToUtf8(unstarted_));
+    unstarted_ = {};
+}
+
+}  // namespace tradebill

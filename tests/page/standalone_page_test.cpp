@@ -1,0 +1,154 @@
+// The page as one file: what a builder gives it, and how pictures come into it.
+#include "page/standalone_page.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+
+#include "page/html_builder.h"
+#include "page/page_fixture.h"
+#include "page/page_sections.h"
+#include "page/row_block.h"
+#include "page/section_title.h"
+#include "page/statement_rows.h"
+
+namespace tradebill::standalone_page_test {
+namespace {
+
+const std::string kBefore =
+    "<html>\r\n<head>\r\n<meta charset=\"utf-8\">\r\n<title> 交易及账单报告 </title>\r\n</head>\r\n<body>\r\n";
+const std::string kBehind = "</body>\r\n</html>\r\n";
+
+class StandalonePage : public PageFixture {
+protected:
+    StandalonePage() {
+        folder_.Write("Image_files/BillShrink.png", "abcd");
+        folder_.Write("Image_files/AccountSummary.jpg", "ab");
+    }
+
+    /// The file that comes of what `add` does.
+    template <class Add>
+    std::string Whole(Add add) {
+        std::ostringstream out;
+        CStandalonePage copy(out);
+        CHtmlBuilder page(path_, &copy);
+        add(page);
+        copy.Finish();
+        return out.str();
+    }
+    /// Its body.
+    template <class Add>
+    std::string Body(Add add) {
+        const std::string text = Whole(add);
+        EXPECT_TRUE(text.starts_with(kBefore) && text.ends_with(kBehind)) << text;
+        return text.substr(kBefore.size(), text.size() - kBefore.size() - kBehind.size());
+    }
+    std::string LinkTo(const std::string& picture) { return CHeldPictures().InPage(report, picture); }
+};
+
+TEST_F(StandalonePage, IsUtf8AndSaysSo) {
+    EXPECT_EQ(Body([](CHtmlBuilder& page) { page.AddText(Gbk("买\r\n")); }), "买\r\n");
+    EXPECT_EQ(Body([](CHtmlBuilder&) {}), "");
+}
+
+TEST_F(StandalonePage, HasItsStylesInTheHead) {
+    const std::string page = Whole([](CHtmlBuilder& page) {
+        page.AddText("text");
+        page.AddStyle({.className = "a"});
+        page.AddStyle({.className = "b"});
+    });
+    const auto style = [](const std::string& name) {
+        return "<style type='text/css'>\r\n." + name + "{\r\nline-height:100%;\r\n}\r\n</style>\r\n\r\n";
+    };
+    const std::string head = kBefore.substr(0, kBefore.find("</head>"));
+    EXPECT_EQ(page, head + style("a") + style("b") + "</head>\r\n<body>\r\ntext\r\n" + kBehind);
+}
+
+TEST_F(StandalonePage, EndsOpenLinesWhereThePageIsClosed) {
+    EXPECT_EQ(Body([](CHtmlBuilder& page) {
+                  page.AddHeading(1, "", "");
+                  page.ClosePage();
+                  page.ClosePage();
+                  page.AddText("a");
+                  page.AddText("b");
+                  page.ClosePage();
+              }),
+              "<h1></h1>\r\nab\r\n");
+}
+
+// "abcd" is 01100001 01100010 01100011 01100100: YWJj, and 01100100 alone: ZA==. "ab" is YWI=.
+TEST_F(StandalonePage, HoldsItsPictures) {
+    EXPECT_EQ(LinkTo("BillShrink.png"), "data:image/png;name=BillShrink.png;base64,YWJjZA==");
+    EXPECT_EQ(LinkTo("AccountSummary.jpg"), "data:image/jpeg;name=AccountSummary.jpg;base64,YWI=");
+    EXPECT_EQ(CHeldPictures().InScript(report, "BillShrink.png"), LinkTo("BillShrink.png"));
+    EXPECT_EQ(LinkTo("HealthFigure.jpg"), "data:image/jpeg;name=HealthFigure.jpg;base64,");  // isn't there
+}
+
+TEST_F(StandalonePage, PutsThemWhereThePageHasPaths) {
+    const auto add = [this](CHtmlBuilder& page) { AddAccountSection(page, report); };
+    std::string body = Body(add);
+    std::string told = Page().substr(ClosedPage("").size() - kBehind.size());
+    told.resize(told.size() - kBehind.size());
+    for (const char* const picture : {"BillShrink.png", "AccountSummary.jpg", "AccountDetail.jpg", "AccountFigure.jpg",
+                                      "AccountStatics.jpg", "HealthFigure.jpg", "RiskFigure.jpg"}) {
+        const std::string path = "src=\"Image_files\\" + std::string(picture) + "\"";
+        const std::size_t at = told.find(path);
+        ASSERT_NE(at, std::string::npos) << picture;
+        told.replace(at, path.size(), "src=\"" + LinkTo(picture) + "\"");
+    }
+    EXPECT_EQ(body, told);
+}
+
+TEST_F(StandalonePage, FoldsByTheNamesOfItsButtons) {
+    const std::string page = Whole([this](CHtmlBuilder& page) { AddPageSections(page, report); });
+    EXPECT_NE(page.find("element.src=\"data:image/png;name=BillShrink.png;base64,YWJjZA==\";"), std::string::npos);
+    EXPECT_NE(page.find("element.src=\"data:image/png;name=BillExpand.png;base64,\";"), std::string::npos);
+    EXPECT_EQ(page.find("Image_files"), std::string::npos);
+}
+
+TEST_F(StandalonePage, ShowsCellsAsTheyStand) {
+    const std::string odd[] = {"\"Image_files\\BillShrink.png\"", "</body>", "<head>\r\n", "</html>",
+                               "\"Image_files/BillShrink.png\""};
+    for (const std::string& text : odd) {
+        const std::string body = Body([&text](CHtmlBuilder& page) {
+            page.AddText("line\r\n");
+            page.ClosePage();
+            CRowBlock rows;
+            const OpenedCell cells[] = {{text, "<td>"}};
+            rows.AddRow(cells, "");
+            page.AddRows(rows.View(), rows.Kind());
+            page.ClosePage();
+        });
+        EXPECT_EQ(body, "line\r\n<tr>\r\n<td>" + text + "</span></td></tr>\r\n");
+    }
+}
+
+TEST_F(StandalonePage, IsThePageOfAllSections) {
+    report.Request.StatementKind = 1;
+    report.Request.StatementFormat = 1;
+    AddTrade(report, {{"BILL_DATE", "20240102"}, {"CONTRACT", "铜"}});
+    AddClosed(report, {{"BILL_DATE", "20240102"}, {"CONTRACT", "铜"}});
+    std::string page = Whole([this](CHtmlBuilder& page) { AddPageSections(page, report); });
+    for (std::size_t at = page.find("data:"); at != std::string::npos; at = page.find("data:")) {
+        const std::size_t name = page.find("name=", at) + 5;
+        const std::string picture = page.substr(name, page.find(';', name) - name);
+        const char separator = page[at - 6] == '.' ? '/' : '\\';  // "element.src=" of a script
+        page.replace(at, page.find('"', at) - at, "Image_files" + (separator + picture));
+    }
+    const std::string meta = "<meta charset=\"utf-8\">\r\n";
+    page.erase(page.find(meta), meta.size());
+    EXPECT_EQ(page, Page());
+}
+
+TEST_F(StandalonePage, GetsThePageEvenIfItsOwnFileCantBeMade) {
+    std::ostringstream out;
+    CStandalonePage copy(out);
+    CHtmlBuilder page(folder_.Path("none/TradeBill.html"), &copy);
+    page.AddText("text");
+    copy.Finish();
+    EXPECT_EQ(out.str(), kBefore + "text\r\n" + kBehind);
+}
+
+}  // namespace
+}  // namespace tradebill::standalone_page_test
