@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <map>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -75,14 +74,12 @@ std::vector<std::string> ReadItems(const CIniFile::Section& section) {
 }  // namespace
 
 bool CContractChain::Contains(std::string_view product) const {
-    const std::scoped_lock guard(lock_);
     return std::ranges::find(Items, product) != Items.end();
 }
 
 void CChainTable::Load(const std::string& path) {
     const auto file = LoadIniFile(path);
     if (!file) return;
-    const std::scoped_lock guard(lock_);
     for (const auto& [number, section] : ChainSections(*file, file->Integer("CHAINNUM", "Num", 0))) {
         const CIniFile::Entry* const base = FindEntry(*section, "ItemBase");
         if (base == nullptr || base->value.empty()) continue;
@@ -94,13 +91,11 @@ void CChainTable::Load(const std::string& path) {
 }
 
 const CContractChain* CChainTable::FindChain(std::string_view product) const {
-    const std::scoped_lock guard(lock_);
     const auto found = byBase_.find(std::string(product));
     return found == byBase_.end() ? nullptr : found->second;
 }
 
 void CChainTable::Clear() {
-    const std::scoped_lock guard(lock_);
     Chains.clear();
     byBase_.clear();
 }

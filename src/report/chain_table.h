@@ -8,8 +8,6 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/lock.h"
-
 namespace tradebill {
 
 /// One chain: the product that heads it and the products whose opposite positions share its margin. Texts of at most 31
@@ -23,9 +21,6 @@ public:
 
     /// Whether `product` is one of the items, to the letter.
     [[nodiscard]] bool Contains(std::string_view product) const;
-
-private:
-    mutable CLock lock_;
 };
 
 class CChainTable {
@@ -43,7 +38,6 @@ public:
 
 private:
     std::unordered_map<std::string, const CContractChain*> byBase_;
-    mutable CLock lock_;
 };
 
 }  // namespace tradebill

@@ -1,7 +1,6 @@
 #include "report/currency_money_store.h"
 
 #include <memory>
-#include <mutex>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -24,7 +23,6 @@ bool CCurrencyMoneyStore::Add(std::unique_ptr<MoneyRecord> record, std::string_v
         std::erase(Names, currency);
         byName_.erase(std::string(currency));
     }
-    const std::scoped_lock guard(lock_);
     auto store = std::make_unique<CMoneyStore>();
     store->Add(std::move(record), source, equity);
     byName_.emplace(currency, store.get());
@@ -34,7 +32,6 @@ bool CCurrencyMoneyStore::Add(std::unique_ptr<MoneyRecord> record, std::string_v
 }
 
 void CCurrencyMoneyStore::Clear() {
-    const std::scoped_lock guard(lock_);
     Stores.clear();
     Names.clear();
     byName_.clear();

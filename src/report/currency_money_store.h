@@ -7,7 +7,6 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/lock.h"
 #include "report/money_record.h"
 #include "report/money_store.h"
 #include "report/statement_format.h"
@@ -33,7 +32,6 @@ public:
 
 private:
     std::unordered_map<std::string, CMoneyStore*> byName_;
-    CLock lock_;
 };
 
 }  // namespace tradebill

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <mutex>
 #include <string_view>
 
 #include "base/number.h"
@@ -54,7 +53,6 @@ void ApplyRow(ContractPosition& position, const PositionRow& row) {
 }  // namespace
 
 void CDayUsage::AddRow(std::string_view product, const PositionRow& row) {
-    const std::scoped_lock guard(lock_);
     ContractPosition*& slot = byProduct_[std::string(product)];
     if (slot == nullptr) {
         Positions.push_back(std::make_unique<ContractPosition>());

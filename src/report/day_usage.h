@@ -8,8 +8,6 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/lock.h"
-
 namespace tradebill {
 
 /// The net open position of one product on one day.
@@ -47,7 +45,6 @@ public:
 
 private:
     std::unordered_map<std::string, ContractPosition*> byProduct_;
-    CLock lock_;
 };
 
 }  // namespace tradebill

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cstddef>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -41,7 +40,6 @@ void Raise(double& bound, double value) {
 
 bool CMoneyStore::Add(std::unique_ptr<MoneyRecord> record, MoneySource source, EquityRule equity) {
     if (record == nullptr) return false;
-    const std::scoped_lock guard(lock_);
     if (equity == EquityRule::MarginAndAvailable) FillEquity(*record);
     if (Records.empty()) {
         TakeFirst(*record, source);
@@ -124,12 +122,10 @@ bool CMoneyStore::HasDay(std::string_view day) const {
 }
 
 const MoneyRecord* CMoneyStore::FindDay(std::string_view day) const {
-    const std::scoped_lock guard(lock_);
     return Find(day);
 }
 
 void CMoneyStore::SetDayClosedPL(std::string_view day, std::string_view value) {
-    const std::scoped_lock guard(lock_);
     MoneyRecord* const record = Find(day);
     if (record == nullptr) return;
     CopyField(record->PCYK, value);
@@ -140,7 +136,6 @@ void CMoneyStore::SetDayClosedPL(std::string_view day, std::string_view value) {
 }
 
 void CMoneyStore::SetDayPositionPL(std::string_view day, std::string_view value, double amount) {
-    const std::scoped_lock guard(lock_);
     MoneyRecord* const record = Find(day);
     if (record == nullptr) return;
     CopyField(record->CCDSYK, value);
@@ -153,7 +148,6 @@ void CMoneyStore::Clear() {
                                  &MaxDayPL, &FrozenB, &FrozenA, &HostPositionPL, &PositionMargin, &TotalFees}) {
         *figure = 0;
     }
-    const std::scoped_lock guard(lock_);
     Records.clear();
     byDay_.clear();
 }

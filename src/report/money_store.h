@@ -9,7 +9,6 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/lock.h"
 #include "report/money_record.h"
 #include "report/statement_format.h"
 
@@ -21,8 +20,7 @@ using ChartSizes = std::array<int, 8>;
 /// Where a MoneyRecord comes from: it decides which of its fields count.
 enum class MoneySource : std::uint32_t { Live = 0, Statement = 1 };
 
-/// Amounts are in base currency: each is divided by its record's rate. A rate of 0 gives infinities. Single operations
-/// are locked; Records and the figures are read without the lock, since nothing writes once the days are read.
+/// Amounts are in base currency: each is divided by its record's rate. A rate of 0 gives infinities.
 class CMoneyStore {
 public:
     // Figures of all records added since Clear.
@@ -83,7 +81,6 @@ private:
     void Keep(std::unique_ptr<MoneyRecord> record);
 
     std::unordered_map<std::string, MoneyRecord*> byDay_;
-    mutable CLock lock_;
 };
 
 }  // namespace tradebill

@@ -1,7 +1,6 @@
 #include "report/report_document.h"
 
 #include <memory>
-#include <mutex>
 #include <string_view>
 #include <utility>
 
@@ -11,7 +10,6 @@
 namespace tradebill {
 
 CReportDocument::Found CReportDocument::FindOrCreate(std::string_view key, const PingDetail& row) {
-    const std::scoped_lock guard(lock_);
     if (const auto found = byKey_.find(key); found != byKey_.end()) return {*found->second, false};
     auto offset = std::make_unique<ContractOffset>();
     CopyField(offset->CONTRACT, FieldText(row.CONTRACT));
@@ -23,7 +21,6 @@ CReportDocument::Found CReportDocument::FindOrCreate(std::string_view key, const
 }
 
 void CReportDocument::ClearOffsets() {
-    const std::scoped_lock guard(lock_);
     Offsets.clear();
     byKey_.clear();
 }

@@ -10,7 +10,6 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/lock.h"
 #include "report/records.h"
 
 namespace tradebill {
@@ -40,7 +39,6 @@ private:
         std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
     };
     std::unordered_map<std::string, ContractOffset*, TextHash, std::equal_to<>> byKey_;
-    CLock lock_;
 };
 
 }  // namespace tradebill

@@ -1,7 +1,6 @@
 #include "report/trade_statistics.h"
 
 #include <cstddef>
-#include <mutex>
 #include <string_view>
 
 #include "base/gbk.h"
@@ -42,7 +41,6 @@ void CTradeStatistics::FeedDayMoney(const MoneyRecord* record) {
 }
 
 void CTradeStatistics::SetFigure(std::string_view day, double DayFigure::*figure, double amount) {
-    const std::scoped_lock guard(figureLock_);
     DayFigures.FindOrCreate(day).*figure = amount;
 }
 
@@ -63,14 +61,11 @@ void CTradeStatistics::SetOpening(std::string_view day, double amount) {
 }
 
 void CTradeStatistics::SetEquity(std::string_view day, double equity, double margin) {
-    {
-        const std::scoped_lock guard(usageLock_);
-        CDayUsage& usage = DayUsages.FindOrCreate(day);
-        usage.Equity = equity;
-        usage.Margin = margin;
-        if (equity > kSmallestNormal) usage.Risk = margin / equity;
-        usage.HasFigures = 1;
-    }
+    CDayUsage& usage = DayUsages.FindOrCreate(day);
+    usage.Equity = equity;
+    usage.Margin = margin;
+    if (equity > kSmallestNormal) usage.Risk = margin / equity;
+    usage.HasFigures = 1;
     SetFigure(day, &DayFigure::Closing, equity);
 }
 
@@ -95,38 +90,29 @@ void CTradeStatistics::FeedOpiDetail(const OpiDetail& row, std::string_view prod
 }
 
 void CTradeStatistics::AddRow(std::string_view billDate, std::string_view product, const PositionRow& row) {
-    const std::scoped_lock guard(usageLock_);
     DayUsages.FindOrCreate(billDate.substr(0, kDayLength)).AddRow(product, row);
 }
 
 double CTradeStatistics::RiskOf(std::string_view day) const {
-    const std::scoped_lock guard(usageLock_);
     const CDayUsage* const usage = DayUsages.Find(day);
     return usage != nullptr ? usage->Risk : 0.0;
 }
 
 double CTradeStatistics::YieldOf(std::string_view day) const {
-    const std::scoped_lock guard(figureLock_);
     const DayFigure* const figure = DayFigures.Find(day);
     return figure != nullptr ? figure->Yield : 0.0;
 }
 
 double CTradeStatistics::MaxRisk() const {
-    const std::scoped_lock guard(usageLock_);
     return HighestOf(DayUsages, &CDayUsage::Risk);
 }
 
 double CTradeStatistics::MaxYield() const {
-    const std::scoped_lock guard(figureLock_);
     return HighestOf(DayFigures, &DayFigure::Yield);
 }
 
 void CTradeStatistics::Clear() {
-    {
-        const std::scoped_lock guard(usageLock_);
-        DayUsages.Clear();
-    }
-    const std::scoped_lock guard(figureLock_);
+    DayUsages.Clear();
     DayFigures.Clear();
 }
 

@@ -11,7 +11,6 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/lock.h"
 #include "report/day_usage.h"
 #include "report/money_record.h"
 #include "report/records.h"
@@ -94,9 +93,6 @@ public:
 private:
     void SetFigure(std::string_view day, double DayFigure::*figure, double amount);
     void AddRow(std::string_view billDate, std::string_view product, const PositionRow& row);
-
-    mutable CLock usageLock_;
-    mutable CLock figureLock_;
 };
 
 }  // namespace tradebill
