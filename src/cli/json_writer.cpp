@@ -1,17 +1,15 @@
 #include "cli/json_writer.h"
 
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <iosfwd>
 #include <memory>
-#include <nlohmann/json.hpp>
-#include <ostream>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <variant>
 
-#include "platform/text_encoding.h"
+#include "cli/json_text.h"
+#include "report/account_statistics.h"
 #include "report/chain_table.h"
 #include "report/currency_money_store.h"
 #include "report/day_usage.h"
@@ -26,146 +24,169 @@
 namespace tradebill {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-Json JsonOf(const FigureValue& figure) {
-    if (const auto* const text = std::get_if<std::string_view>(&figure)) return GbkToUtf8(*text);
-    if (const auto* const count = std::get_if<std::int32_t>(&figure)) return *count;
-    const double amount = std::get<double>(figure);
-    if (std::isnan(amount)) return "nan";
-    if (std::isinf(amount)) return amount > 0 ? "inf" : "-inf";
-    return amount;
+void WriteFigure(CJsonText& json, const FigureValue& figure) {
+    if (const auto* const text = std::get_if<std::string_view>(&figure)) return json.Text(*text);
+    if (const auto* const count = std::get_if<std::int32_t>(&figure)) return json.Number(*count);
+    json.Number(std::get<double>(figure));
 }
 
 template <class Record, std::size_t N>
-void AddTexts(Json& object, const Record& record, const TextField<Record> (&fields)[N]) {
-    for (const auto& field : fields) object[std::string(field.name)] = GbkToUtf8(field.Text(record));
+void WriteTexts(CJsonText& json, const Record& record, const TextField<Record> (&fields)[N]) {
+    for (const auto& field : fields) {
+        json.Name(field.name);
+        json.Text(field.Text(record));
+    }
 }
 
 template <class Owner, std::size_t N>
-void AddFigures(Json& object, const Owner& owner, const FigureField<Owner> (&fields)[N]) {
-    for (const auto& field : fields) object[std::string(field.name)] = JsonOf(field.value(owner));
+void WriteFigures(CJsonText& json, const Owner& owner, const FigureField<Owner> (&fields)[N]) {
+    for (const auto& field : fields) {
+        json.Name(field.name);
+        WriteFigure(json, field.value(owner));
+    }
 }
 
-template <class Record, std::size_t N>
-Json Texts(const Record& record, const TextField<Record> (&fields)[N]) {
-    Json object = Json::object();
-    AddTexts(object, record, fields);
-    return object;
+// The members of each object. The two that hold lists of objects stand behind WriteList.
+void WriteMembers(CJsonText& json, const CDayUsage& usage);
+void WriteMembers(CJsonText& json, const CMoneyStore& store);
+
+void WriteMembers(CJsonText& json, const MoneyRecord& record) {
+    WriteTexts(json, record, kMoneyFields);
+    json.Name("EXCHANGE_RATE");
+    json.Number(record.EXCHANGE_RATE);
 }
 
-template <class Owner, std::size_t N>
-Json Figures(const Owner& owner, const FigureField<Owner> (&fields)[N]) {
-    Json object = Json::object();
-    AddFigures(object, owner, fields);
-    return object;
+void WriteMembers(CJsonText& json, const MatchRecord& record) {
+    WriteTexts(json, record, kMatchFields);
 }
 
-template <class Elements>
-Json ListOf(const Elements& elements);
-
-Json JsonOf(const MoneyRecord& record) {
-    Json object = Texts(record, kMoneyFields);
-    object["EXCHANGE_RATE"] = JsonOf(FigureValue(record.EXCHANGE_RATE));
-    return object;
+void WriteMembers(CJsonText& json, const PingDetail& record) {
+    WriteTexts(json, record, kPingFields);
 }
 
-Json JsonOf(const MatchRecord& record) {
-    return Texts(record, kMatchFields);
+void WriteMembers(CJsonText& json, const OpiDetail& record) {
+    WriteTexts(json, record, kOpiDetailFields);
 }
 
-Json JsonOf(const PingDetail& record) {
-    return Texts(record, kPingFields);
+void WriteMembers(CJsonText& json, const OpiSum& record) {
+    WriteTexts(json, record, kOpiSumFields);
 }
 
-Json JsonOf(const OpiDetail& record) {
-    return Texts(record, kOpiDetailFields);
+void WriteMembers(CJsonText& json, const ContractOffset& offset) {
+    WriteTexts(json, offset, kOffsetFields);
+    WriteFigures(json, offset, kOffsetFigures);
 }
 
-Json JsonOf(const OpiSum& record) {
-    return Texts(record, kOpiSumFields);
+void WriteMembers(CJsonText& json, const CContractChain& chain) {
+    json.Name("ItemBase");
+    json.Text(chain.ItemBase);
+    json.Name("Items");
+    json.OpenList();
+    for (const std::string& item : chain.Items) json.Text(item);
+    json.CloseList();
 }
 
-Json JsonOf(const ContractOffset& offset) {
-    Json object = Texts(offset, kOffsetFields);
-    AddFigures(object, offset, kOffsetFigures);
-    return object;
+void WriteMembers(CJsonText& json, const DayFigure& day) {
+    WriteFigures(json, day, kDayFigures);
 }
 
-Json JsonOf(const CContractChain& chain) {
-    Json items = Json::array();
-    for (const std::string& item : chain.Items) items.push_back(GbkToUtf8(item));
-    return {{"ItemBase", GbkToUtf8(chain.ItemBase)}, {"Items", std::move(items)}};
+void WriteMembers(CJsonText& json, const ContractPosition& position) {
+    WriteFigures(json, position, kPositionFigures);
 }
 
-Json JsonOf(const DayFigure& day) {
-    return Figures(day, kDayFigures);
+void WriteMembers(CJsonText& json, const CAccountStatistics& account) {
+    WriteFigures(json, account, kAccountFigures);
 }
 
-Json JsonOf(const ContractPosition& position) {
-    return Figures(position, kPositionFigures);
-}
-
-Json JsonOf(const CDayUsage& usage) {
-    Json object = Figures(usage, kUsageFigures);
-    object["Positions"] = ListOf(usage.Positions);
-    return object;
-}
-
-Json JsonOf(const CMoneyStore& store) {
-    Json object = Figures(store, kMoneyFigures);
-    object["ChartSizes"] = store.ChartSizes;
-    object["Records"] = ListOf(store.Records);
-    return object;
+template <class Owner>
+void WriteObject(CJsonText& json, const Owner& owner) {
+    json.OpenObject();
+    WriteMembers(json, owner);
+    json.CloseObject();
 }
 
 /// Lists hold their elements, or own them by pointers.
 template <class Element>
-Json JsonOf(const std::unique_ptr<Element>& element) {
-    return JsonOf(*element);
+void WriteObject(CJsonText& json, const std::unique_ptr<Element>& element) {
+    WriteObject(json, *element);
 }
 
 template <class Elements>
-Json ListOf(const Elements& elements) {
-    Json list = Json::array();
-    for (const auto& element : elements) list.push_back(JsonOf(element));
-    return list;
+void WriteList(CJsonText& json, std::string_view name, const Elements& elements) {
+    json.Name(name);
+    json.OpenList();
+    for (const auto& element : elements) WriteObject(json, element);
+    json.CloseList();
 }
 
-/// One member that is a list: written element by element, since a list may hold a year's trades.
+void WriteMembers(CJsonText& json, const CDayUsage& usage) {
+    WriteFigures(json, usage, kUsageFigures);
+    WriteList(json, "Positions", usage.Positions);
+}
+
+void WriteMembers(CJsonText& json, const CMoneyStore& store) {
+    WriteFigures(json, store, kMoneyFigures);
+    json.Name("ChartSizes");
+    json.OpenList();
+    for (const int pixels : store.ChartSizes) json.Number(pixels);
+    json.CloseList();
+    WriteList(json, "Records", store.Records);
+}
+
+/// The name of a member of the whole: each stands on a line of its own.
+void NameMember(CJsonText& json, std::string_view name) {
+    json.Space('\n');
+    json.Name(name);
+    json.Space(' ');
+}
+
+/// A member that may hold years of trades: one element a line.
 template <class Elements>
-void WriteList(std::ostream& out, std::string_view name, const Elements& elements) {
-    out << ",\n\"" << name << "\": [";
-    const char* separator = "\n";
+void WriteLines(CJsonText& json, std::string_view name, const Elements& elements) {
+    NameMember(json, name);
+    json.OpenList();
     for (const auto& element : elements) {
-        out << separator << JsonOf(element).dump();
-        separator = ",\n";
+        json.Space('\n');
+        WriteObject(json, element);
     }
-    out << "]";
+    json.CloseList();
 }
 
-void WriteCurrencies(const CCurrencyMoneyStore& stores, std::ostream& out) {
-    Json currencies = Json::array();
+void WriteCurrencies(CJsonText& json, const CCurrencyMoneyStore& stores) {
+    NameMember(json, "currencies");
+    json.OpenList();
     for (const std::string& name : stores.Names) {
-        currencies.push_back({{"name", GbkToUtf8(name)}, {"store", JsonOf(*stores.Find(name))}});
+        json.OpenObject();
+        json.Name("name");
+        json.Text(name);
+        json.Name("store");
+        WriteObject(json, *stores.Find(name));
+        json.CloseObject();
     }
-    out << ",\n\"currencies\": " << currencies.dump();
+    json.CloseList();
 }
 
 }  // namespace
 
 void WriteJson(const CReport& report, std::ostream& out) {
-    out << "{\"money\": " << JsonOf(report.MoneyStore).dump();
-    WriteCurrencies(report.CurrencyMoneyStore, out);
-    WriteList(out, "matches", report.MatchStore.Rows);
-    WriteList(out, "closed", report.PingDetailStore.Rows);
-    WriteList(out, "positions", report.OpiDetailStore.Rows);
-    WriteList(out, "positionSums", report.OpiSumStore.Rows);
-    WriteList(out, "offsets", report.ReportDocument.Offsets);
-    WriteList(out, "chains", report.ChainTable.Chains);
-    WriteList(out, "days", report.TradeStatistics.DayFigures.Days);
-    WriteList(out, "usage", report.TradeStatistics.DayUsages.Days);
-    out << ",\n\"account\": " << Figures(report.AccountStatistics, kAccountFigures).dump() << "}\n";
+    CJsonText json(out);
+    json.OpenObject();
+    json.Name("money");
+    json.Space(' ');
+    WriteObject(json, report.MoneyStore);
+    WriteCurrencies(json, report.CurrencyMoneyStore);
+    WriteLines(json, "matches", report.MatchStore.Rows);
+    WriteLines(json, "closed", report.PingDetailStore.Rows);
+    WriteLines(json, "positions", report.OpiDetailStore.Rows);
+    WriteLines(json, "positionSums", report.OpiSumStore.Rows);
+    WriteLines(json, "offsets", report.ReportDocument.Offsets);
+    WriteLines(json, "chains", report.ChainTable.Chains);
+    WriteLines(json, "days", report.TradeStatistics.DayFigures.Days);
+    WriteLines(json, "usage", report.TradeStatistics.DayUsages.Days);
+    NameMember(json, "account");
+    WriteObject(json, report.AccountStatistics);
+    json.CloseObject();
+    json.EndLine();
 }
 
 }  // namespace tradebill

@@ -1,0 +1,138 @@
+#include "cli/json_text.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <functional>
+#include <ios>
+#include <nlohmann/json.hpp>
+#include <ostream>
+#include <string>
+#include <string_view>
+
+#include "platform/text_encoding.h"
+
+namespace tradebill {
+namespace {
+
+constexpr std::uint64_t kOnes = 0x0101010101010101u;
+constexpr std::uint64_t kHighBits = 0x8080808080808080u;
+
+/// High bits where a byte of `word`, none above 0x7F, is zero.
+constexpr std::uint64_t ZeroBytes(std::uint64_t word) {
+    return ~(word + 0x7F7F7F7F7F7F7F7Fu) & kHighBits;
+}
+
+/// Whether each of eight bytes is ASCII that JSON takes as it stands.
+constexpr bool IsPlain(std::uint64_t word) {
+    if ((word & kHighBits) != 0) return false;
+    const std::uint64_t controls = ZeroBytes(word & (kOnes * 0xE0));
+    return (controls | ZeroBytes(word ^ (kOnes * '"')) | ZeroBytes(word ^ (kOnes * '\\'))) == 0;
+}
+
+bool IsPlain(std::string_view text) {
+    std::uint64_t word = 0;
+    for (; text.size() >= sizeof word; text.remove_prefix(sizeof word)) {
+        std::memcpy(&word, text.data(), sizeof word);
+        if (!IsPlain(word)) return false;
+    }
+    word = kOnes * ' ';
+    std::memcpy(&word, text.data(), text.size());
+    return IsPlain(word);
+}
+
+}  // namespace
+
+CJsonText::CJsonText(std::ostream& out) : out_(out) {}
+
+CJsonText::~CJsonText() {
+    Flush();
+}
+
+void CJsonText::Name(std::string_view name) {
+    Separate();
+    Put('"');
+    Put(name);
+    Put("\":");
+    needsComma_ = false;
+}
+
+void CJsonText::Text(std::string_view gbk) {
+    Separate();
+    if (IsPlain(gbk)) {
+        Put('"');
+        Put(gbk);
+        Put('"');
+    } else {
+        PutDecoded(gbk);
+    }
+}
+
+void CJsonText::Number(std::int32_t number) {
+    Separate();
+    std::array<char, 16> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    Put(std::string_view(digits.data(), static_cast<std::size_t>(end - digits.data())));
+}
+
+void CJsonText::Number(double number) {
+    if (std::isnan(number)) return Text("nan");
+    if (std::isinf(number)) return Text(number > 0 ? "inf" : "-inf");
+    Separate();
+    Put(nlohmann::json(number).dump());
+}
+
+void CJsonText::Open(char bracket) {
+    Separate();
+    Put(bracket);
+    needsComma_ = false;
+}
+
+void CJsonText::Close(char bracket) {
+    needsComma_ = false;
+    Separate();
+    Put(bracket);
+    needsComma_ = true;
+}
+
+/// What stands between the last value and what comes now, a value as a rule.
+void CJsonText::Separate() {
+    if (needsComma_) Put(',');
+    if (space_ != '\0') Put(space_);
+    needsComma_ = true;
+    space_ = '\0';
+}
+
+void CJsonText::Put(char byte) {
+    if (used_ == kBlock) Flush();
+    block_[used_++] = byte;
+}
+
+void CJsonText::Put(std::string_view bytes) {
+    if (bytes.size() > kBlock - used_) {
+        Flush();
+        if (bytes.size() > kBlock) {
+            out_.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+            return;
+        }
+    }
+    std::memcpy(block_.get() + used_, bytes.data(), bytes.size());
+    used_ += bytes.size();
+}
+
+void CJsonText::Flush() {
+    out_.write(block_.get(), static_cast<std::streamsize>(used_));
+    used_ = 0;
+}
+
+void CJsonText::PutDecoded(std::string_view gbk) {
+    if (gbk.size() > kLongestKnown) return Put(nlohmann::json(GbkToUtf8(gbk)).dump());
+    Known& known = known_[std::hash<std::string_view>()(gbk) % kKnown];
+    if (known.gbk != gbk) known = {std::string(gbk), nlohmann::json(GbkToUtf8(gbk)).dump()};
+    Put(known.json);
+}
+
+}  // namespace tradebill
