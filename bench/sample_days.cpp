@@ -32,16 +32,6 @@ std::string Redated(std::string text, const std::string& own, const std::string&
     return text;
 }
 
-GenerateBillRequest RequestOf(const std::filesystem::path& file) {
-    GenerateBillRequest request = ClearedRequest();
-    const auto ini = LoadIniFile(file);
-    if (!ini) return request;
-    request.StatementFormat = ini->Integer("REQUEST", "format", 0);
-    request.StatementKind = ini->Text("REQUEST", "kind") == "foreign" ? kForeignKind : 1;
-    CopyField(request.TemplateName, ini->Text("REQUEST", "template"));
-    return request;
-}
-
 std::vector<std::filesystem::path> StatementsIn(const std::filesystem::path& root) {
     std::vector<std::filesystem::path> paths;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(root / "Users")) {
@@ -51,30 +41,40 @@ std::vector<std::filesystem::path> StatementsIn(const std::filesystem::path& roo
     return paths;
 }
 
-SampleDays RepeatSample(const std::filesystem::path& folder, int rounds) {
-    SampleDays sample{folder.filename().string(), RequestOf(folder / "request.ini"), (folder / "root").string(), {}};
-    std::vector<std::pair<std::string, std::string>> originals;
-    for (const auto& path : StatementsIn(folder / "root")) {
-        const std::string name = path.filename().string();
-        originals.emplace_back(name.substr(name.find('.') + 1, kDayLength), ReadStatementFile(path).value_or(""));
-    }
-    for (int round = 0; round < rounds; ++round) {
-        for (const auto& [own, text] : originals) {
-            const std::string day = DayInRound(own, round);
-            sample.days.emplace_back(day, Redated(text, own, day));
-        }
-    }
-    return sample;
-}
-
 }  // namespace
 
-std::vector<SampleDays> RepeatSamples(const std::string& samples, int rounds) {
-    std::vector<SampleDays> all;
+std::vector<std::string> SampleNames(const std::string& samples) {
+    std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(samples)) {
-        if (entry.is_directory()) all.push_back(RepeatSample(entry.path(), rounds));
+        if (entry.is_directory()) names.push_back(entry.path().filename().string());
     }
-    std::ranges::sort(all, {}, &SampleDays::name);
+    std::ranges::sort(names);
+    return names;
+}
+
+GenerateBillRequest SampleRequest(const std::filesystem::path& folder) {
+    GenerateBillRequest request = ClearedRequest();
+    const auto ini = LoadIniFile((folder / "request.ini").string());
+    if (!ini) return request;
+    request.StatementFormat = ini->Integer("REQUEST", "format", 0);
+    request.StatementKind = ini->Text("REQUEST", "kind") == "foreign" ? kForeignKind : 1;
+    CopyField(request.TemplateName, ini->Text("REQUEST", "template"));
+    return request;
+}
+
+std::vector<SampleDay> RepeatSample(const std::filesystem::path& folder, std::size_t leastDays) {
+    std::vector<SampleDay> originals;
+    for (const auto& path : StatementsIn(folder / "root")) {
+        const std::string name = path.filename().string();
+        originals.push_back({name.substr(name.find('.') + 1, kDayLength), ReadStatementFile(path).value_or("")});
+    }
+    std::vector<SampleDay> all;
+    for (int round = 0; all.size() < leastDays; ++round) {
+        for (const SampleDay& own : originals) {
+            const std::string day = DayInRound(own.day, round);
+            all.push_back({day, Redated(own.text, own.day, day)});
+        }
+    }
     return all;
 }
 

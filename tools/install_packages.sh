@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that building (and, with the argument "test", testing) needs. Quick if they are there.
+# Installs the Debian packages that building needs; with the argument "bench" also those of the benchmarks, with "test"
+# those of testing, which has the benchmarks too. Quick if they are there.
 set -euo pipefail
 
 build_packages=(
@@ -8,12 +9,14 @@ build_packages=(
     libcli11-dev nlohmann-json3-dev
     fonts-liberation fonts-arphic-uming fonts-wine
 )
-test_packages=(libgtest-dev libgmock-dev libbenchmark-dev)
+bench_packages=(libbenchmark-dev)
+test_packages=(libgtest-dev libgmock-dev "${bench_packages[@]}")
 test_packages+=(clang clang-format clang-tidy-19 libclang-rt-14-dev llvm git python3 fonts-wqy-zenhei chromium)
 test_packages+=(g++-mingw-w64-x86-64-posix googletest wine wine64 locales zip unzip)  # the Windows build
 command -v npm >/dev/null || test_packages+=(nodejs npm)  # another build of Node has its own npm, and no such package
 
 wanted=("${build_packages[@]}")
+[ "${1:-}" = bench ] && wanted+=("${bench_packages[@]}")
 [ "${1:-}" = test ] && wanted+=("${test_packages[@]}")
 
 missing=()
