@@ -15,7 +15,7 @@ import sys
 # Source below src/, name in it, why it may stay.
 KEPT = [
     (r"paint/freetype/font_faces",
-     r".*\b(Library\(\)::library|StartFontconfig\(\)::started|OpenFace\(.*\)::faces|FacesFor\(.*\)::cache|FontLock\(\)::lock)",
+     r".*\b(Library\(\)::library|StartFontconfig\(\)::started|OpenFace\(.*\)::faces|FamilyFor\(.*\)::families|FontLock\(\)::lock)",
      "FreeType, fontconfig and the faces opened so far, behind one lock"),
     (r"paint/freetype/scaled_face", r".*\bScaledFaceFor\(.*\)::cache", "faces by size, behind the same lock"),
     (r"platform/linux/text_encoding", r".*\b(Decode|Utf8ToGbk).*::converter", "a converter of each thread's own"),

@@ -3,14 +3,16 @@
 #include <fontconfig/fontconfig.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <deque>
 #include <map>
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 namespace tradebill {
 namespace {
@@ -38,9 +40,6 @@ struct DestroyPattern {
     void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
 };
 using Pattern = std::unique_ptr<FcPattern, DestroyPattern>;
-struct DestroyFontSet {
-    void operator()(FcFontSet* set) const { FcFontSetDestroy(set); }
-};
 
 /// REQUIRES, of this and of all that keeps something here: the caller holds FontLock().
 FT_Library Library() {
@@ -102,39 +101,71 @@ bool HasFamily(FcPattern* font, std::string_view family) {
     return false;
 }
 
+/// Quicker than a match, which weighs every font of the system.
+bool IsInstalled(std::string_view family) {
+    for (const FcSetName name : {FcSetSystem, FcSetApplication}) {
+        const FcFontSet* const set = FcConfigGetFonts(nullptr, name);
+        if (set == nullptr) continue;
+        const std::span fonts(set->fonts, static_cast<std::size_t>(set->nfont));
+        if (std::ranges::any_of(fonts, [&](FcPattern* font) { return HasFamily(font, family); })) return true;
+    }
+    return false;
+}
+
 /// The family itself, if it is installed.
 std::optional<FaceChoice> FindFamily(const char* family, bool bold) {
+    if (!IsInstalled(family)) return std::nullopt;
     FcResult result = FcResultMatch;
     const Pattern found(FcFontMatch(nullptr, Wanted(family, bold).get(), &result));
     if (found == nullptr || !HasFamily(found.get(), family)) return std::nullopt;
     return ChoiceOf(found.get(), bold);
 }
 
-void AddFallbacks(const char* family, bool bold, std::vector<FaceChoice>& faces) {
-    FcResult result = FcResultMatch;
-    const std::unique_ptr<FcFontSet, DestroyFontSet> sorted(
-        FcFontSort(nullptr, Wanted(family, bold).get(), FcTrue, nullptr, &result));
-    if (sorted == nullptr) return;
-    for (int i = 0; i < sorted->nfont && i < kMostFallbacks; ++i) {
-        const auto choice = ChoiceOf(sorted->fonts[i], bold);
-        const bool isNew = choice && std::ranges::find(faces, choice->face, &FaceChoice::face) == faces.end();
-        if (isNew) faces.push_back(*choice);
+/// The face of the first stand-in that is installed.
+std::optional<FaceChoice> FindOwnFace(std::string_view family, bool bold) {
+    for (const StandIn& standIn : kStandIns) {
+        if (standIn.family != family) continue;
+        if (const auto choice = FindFamily(standIn.wanted, bold)) return choice;
     }
+    return std::nullopt;
 }
 
-std::vector<FaceChoice> FindFaces(const std::string& family, bool bold) {
-    std::vector<FaceChoice> faces;
-    if (Library() == nullptr || !StartFontconfig()) return faces;
-    for (const StandIn& standIn : kStandIns) {
-        if (!faces.empty() || standIn.family != family) continue;
-        const auto choice = FindFamily(standIn.wanted, bold);
-        if (choice) faces.push_back(*choice);
-    }
-    AddFallbacks(family.c_str(), bold, faces);
-    return faces;
+UniqueFontSet SortedFonts(const std::string& family, bool bold) {
+    FcResult result = FcResultMatch;
+    return UniqueFontSet(FcFontSort(nullptr, Wanted(family.c_str(), bold).get(), FcTrue, nullptr, &result));
 }
 
 }  // namespace
+
+void DestroyFontSet::operator()(FcFontSet* set) const {
+    FcFontSetDestroy(set);
+}
+
+CFontFamily::CFontFamily(std::string name, bool bold) : name_(std::move(name)), isBold_(bold) {
+    hasFonts_ = Library() != nullptr && StartFontconfig();
+    if (!hasFonts_) return;
+    if (const auto own = FindOwnFace(name_, isBold_)) faces_.push_back(*own);
+}
+
+const FaceChoice* CFontFamily::FaceAt(std::size_t index) {
+    while (index >= faces_.size()) {
+        if (!AddFallback()) return nullptr;
+    }
+    return &faces_[index];
+}
+
+bool CFontFamily::AddFallback() {
+    if (!hasFonts_) return false;
+    if (!isSorted_) sorted_ = SortedFonts(name_, isBold_);
+    isSorted_ = true;
+    while (sorted_ != nullptr && tried_ < std::min(sorted_->nfont, kMostFallbacks)) {
+        const auto choice = ChoiceOf(sorted_->fonts[tried_++], isBold_);
+        if (!choice || std::ranges::find(faces_, choice->face, &FaceChoice::face) != faces_.end()) continue;
+        faces_.push_back(*choice);
+        return true;
+    }
+    return false;
+}
 
 FT_Face OpenFontFile(const char* path, int index) {
     const std::scoped_lock guard(FontLock());
@@ -142,12 +173,11 @@ FT_Face OpenFontFile(const char* path, int index) {
     return Library() != nullptr && FT_New_Face(Library(), path, index, &face) == 0 ? face : nullptr;
 }
 
-const std::vector<FaceChoice>& FacesFor(const std::string& family, bool bold) {
-    static std::map<std::pair<std::string, bool>, std::vector<FaceChoice>> cache;
-    const std::scoped_lock guard(FontLock());
-    const auto [entry, isNew] = cache.try_emplace({family, bold});
-    if (isNew) entry->second = FindFaces(family, bold);
-    return entry->second;
+CFontFamily& FamilyFor(const std::string& name, bool bold) {
+    static std::map<std::pair<std::string, bool>, CFontFamily> families;
+    const auto known = families.find({name, bold});
+    if (known != families.end()) return known->second;
+    return families.try_emplace({name, bold}, name, bold).first->second;
 }
 
 std::recursive_mutex& FontLock() {

@@ -2,12 +2,15 @@
 // process. What is kept of fonts is kept for all threads and guarded by one lock.
 #pragma once
 
+#include <fontconfig/fontconfig.h>
 #include <ft2build.h>
 #include FT_FREETYPE_H
 
+#include <cstddef>
+#include <deque>
+#include <memory>
 #include <mutex>
 #include <string>
-#include <vector>
 
 namespace tradebill {
 
@@ -17,9 +20,40 @@ struct FaceChoice {
     bool isThickened;  ///< bold was asked for, and the family has no bold file
 };
 
-/// The faces to try for `family`, best first: its own file, then those that cover what it lacks. `family` is UTF-8;
-/// empty if no font is installed. The list never changes and stays for the life of the process.
-[[nodiscard]] const std::vector<FaceChoice>& FacesFor(const std::string& family, bool bold);
+struct DestroyFontSet {
+    void operator()(FcFontSet* set) const;
+};
+using UniqueFontSet = std::unique_ptr<FcFontSet, DestroyFontSet>;
+
+/// A family at one weight: its own file, then those that cover what it lacks. Most texts need the first face alone, so
+/// the others are looked for, and their files opened, once they are asked for.
+///
+/// REQUIRES, of all operations: the caller holds FontLock().
+class CFontFamily {
+public:
+    /// `name` is UTF-8.
+    CFontFamily(std::string name, bool bold);
+
+    /// The face to try as number `index`, best first; null behind the last, and always if no font is installed. The
+    /// same whenever it is asked for; it stays for the life of the family.
+    [[nodiscard]] const FaceChoice* FaceAt(std::size_t index);
+
+private:
+    /// False if there is no more.
+    bool AddFallback();
+
+    std::string name_;
+    bool isBold_;
+    bool hasFonts_ = false;
+    std::deque<FaceChoice> faces_;  ///< which stay where they are
+    UniqueFontSet sorted_;          ///< the system's fonts as they suit the family, once isSorted_
+    bool isSorted_ = false;
+    int tried_ = 0;  ///< fonts of sorted_
+};
+
+/// The family stays for the life of the process.
+/// REQUIRES: the caller holds FontLock().
+[[nodiscard]] CFontFamily& FamilyFor(const std::string& name, bool bold);
 
 /// Opens the face number `index` of a file. Null if it is none. The caller's own, to be closed while FontLock() is
 /// held.

@@ -5,6 +5,7 @@
 #include "paint/font.h"
 
 #include FT_OUTLINE_H
+#include FT_SIZES_H
 #include FT_TRUETYPE_TABLES_H
 
 #include <algorithm>
@@ -96,6 +97,10 @@ void Turn(FT_Outline& outline, std::int32_t escapement) {
 
 }  // namespace
 
+bool HasGlyph(const FaceChoice& choice, char32_t character) {
+    return FT_Get_Char_Index(choice.face, character) != 0;
+}
+
 std::int32_t EmForCell(const FaceChoice& choice, std::int32_t cellHeight) {
     const CellUnits units = UnitsOf(choice.face);
     const std::int32_t height = std::clamp(cellHeight, 1, kLargestCell);
@@ -115,39 +120,48 @@ CScaledFace::CScaledFace(const FaceChoice& choice, std::int32_t pixelsPerEm)
         ++metrics_.averageWidth;
         ++metrics_.maxWidth;
     }
-}
-
-bool CScaledFace::HasGlyph(char32_t character) const {
-    return FT_Get_Char_Index(choice_.face, character) != 0;
-}
-
-bool CScaledFace::LoadGlyph(char32_t character, std::int32_t flags) {
-    FT_Set_Pixel_Sizes(choice_.face, 0, static_cast<FT_UInt>(pixelsPerEm_));
-    return FT_Load_Glyph(choice_.face, FT_Get_Char_Index(choice_.face, character), flags) == 0;
-}
-
-std::int32_t CScaledFace::AdvanceOf(char32_t character) {
-    const auto [entry, isNew] = advances_.try_emplace(character);
-    if (!isNew) return entry->second;
-    std::int32_t advance = 0;
-    if (LoadGlyph(character, FT_LOAD_DEFAULT | FT_LOAD_NO_BITMAP)) {
-        advance = Rounded(static_cast<double>(choice_.face->glyph->advance.x) / kOnePixel);
-    }
-    if (hasHalfWidthLatin_ && character >= kFirstWide) {
-        advance = 2 * (metrics_.averageWidth - (choice_.isThickened ? 1 : 0));
-    }
-    return entry->second = advance + (choice_.isThickened ? 1 : 0);
+    if (FT_New_Size(choice.face, &size_) != 0) return;
+    FT_Activate_Size(size_);
+    FT_Set_Pixel_Sizes(choice.face, 0, static_cast<FT_UInt>(pixelsPerEm_));
 }
 
 const GlyphPicture& CScaledFace::PictureOf(char32_t character, std::int32_t escapement) {
-    const auto [entry, isNew] = pictures_.try_emplace({character, escapement});
-    if (isNew) entry->second = Render(character, escapement);
+    if (escapement == 0) return GlyphOf(character).picture;
+    const auto [entry, isNew] = turned_.try_emplace({character, escapement});
+    if (isNew) entry->second = LoadTurned(character, escapement);
     return entry->second;
 }
 
-GlyphPicture CScaledFace::Render(char32_t character, std::int32_t escapement) {
-    const std::int32_t hinting = escapement != 0 ? FT_LOAD_NO_HINTING : FT_LOAD_DEFAULT;
-    if (!LoadGlyph(character, FT_LOAD_NO_BITMAP | hinting)) return {};
+const CScaledFace::Glyph& CScaledFace::GlyphOf(char32_t character) {
+    const auto [entry, isNew] = upright_.try_emplace(character);
+    if (isNew) entry->second = LoadUpright(character);
+    return entry->second;
+}
+
+CScaledFace::Glyph CScaledFace::LoadUpright(char32_t character) {
+    Glyph glyph;
+    if (LoadGlyph(character, FT_LOAD_DEFAULT | FT_LOAD_NO_BITMAP)) {
+        glyph.advance = Rounded(static_cast<double>(choice_.face->glyph->advance.x) / kOnePixel);
+        glyph.picture = RenderLoaded(0);
+    }
+    if (hasHalfWidthLatin_ && character >= kFirstWide) {
+        glyph.advance = 2 * (metrics_.averageWidth - (choice_.isThickened ? 1 : 0));
+    }
+    if (choice_.isThickened) ++glyph.advance;
+    return glyph;
+}
+
+GlyphPicture CScaledFace::LoadTurned(char32_t character, std::int32_t escapement) {
+    if (!LoadGlyph(character, FT_LOAD_NO_BITMAP | FT_LOAD_NO_HINTING)) return {};
+    return RenderLoaded(escapement);
+}
+
+bool CScaledFace::LoadGlyph(char32_t character, std::int32_t flags) {
+    if (size_ == nullptr || FT_Activate_Size(size_) != 0) return false;
+    return FT_Load_Glyph(choice_.face, FT_Get_Char_Index(choice_.face, character), flags) == 0;
+}
+
+GlyphPicture CScaledFace::RenderLoaded(std::int32_t escapement) {
     FT_GlyphSlot const slot = choice_.face->glyph;
     if (slot->format == FT_GLYPH_FORMAT_OUTLINE) {
         if (choice_.isThickened) FT_Outline_EmboldenXY(&slot->outline, kOnePixel, 0);

@@ -28,27 +28,39 @@ public:
     CScaledFace(const FaceChoice& choice, std::int32_t pixelsPerEm);
 
     [[nodiscard]] const TextMetrics& Metrics() const { return metrics_; }
-    [[nodiscard]] bool HasGlyph(char32_t character) const;
 
     /// Pixels to the next glyph.
-    [[nodiscard]] std::int32_t AdvanceOf(char32_t character);
+    [[nodiscard]] std::int32_t AdvanceOf(char32_t character) { return GlyphOf(character).advance; }
 
     /// The glyph turned counter-clockwise by tenths of a degree around its pen position. The picture stays for the life
     /// of the face.
     [[nodiscard]] const GlyphPicture& PictureOf(char32_t character, std::int32_t escapement);
 
 private:
-    [[nodiscard]] GlyphPicture Render(char32_t character, std::int32_t escapement);
+    /// Nearly every text that is measured is painted, too: a glyph is loaded once for both.
+    struct Glyph {
+        std::int32_t advance = 0;
+        GlyphPicture picture;  ///< upright
+    };
+
+    [[nodiscard]] const Glyph& GlyphOf(char32_t character);
+    [[nodiscard]] Glyph LoadUpright(char32_t character);
+    [[nodiscard]] GlyphPicture LoadTurned(char32_t character, std::int32_t escapement);
     [[nodiscard]] bool LoadGlyph(char32_t character, std::int32_t flags);
+    [[nodiscard]] GlyphPicture RenderLoaded(std::int32_t escapement);
 
     FaceChoice choice_;
+    FT_Size size_ = nullptr;  ///< belongs to the face; keeps what the font's program makes of the size
     std::int32_t pixelsPerEm_ = 1;
     TextMetrics metrics_;
     bool hasHalfWidthLatin_ = false;
     bool isFaint_ = false;
-    std::unordered_map<char32_t, std::int32_t> advances_;
-    std::map<std::pair<char32_t, std::int32_t>, GlyphPicture> pictures_;
+    std::unordered_map<char32_t, Glyph> upright_;
+    std::map<std::pair<char32_t, std::int32_t>, GlyphPicture> turned_;
 };
+
+/// REQUIRES: the caller holds FontLock().
+[[nodiscard]] bool HasGlyph(const FaceChoice& choice, char32_t character);
 
 /// Pixels per em at which the face's cell is nearest to `cellHeight` and not above it.
 /// REQUIRES: the caller holds FontLock().

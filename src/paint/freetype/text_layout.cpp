@@ -36,23 +36,23 @@ std::string Utf8Of(std::string_view gbk) {
     return isAscii ? std::string(gbk) : GbkToUtf8(gbk);
 }
 
-const std::vector<FaceChoice>& FacesOf(const Font& font) {
-    return FacesFor(Utf8Of(font.face), font.weight >= kBoldFrom);
+CFontFamily& FamilyOf(const Font& font) {
+    return FamilyFor(Utf8Of(font.face), font.weight >= kBoldFrom);
 }
 
 /// The best face that has the character, or null.
-CScaledFace* FaceWith(char32_t character, std::int32_t pixelsPerEm, const std::vector<FaceChoice>& faces) {
-    for (const FaceChoice& choice : faces) {
-        CScaledFace& face = ScaledFaceFor(choice, pixelsPerEm);
-        if (face.HasGlyph(character)) return &face;
+CScaledFace* FaceWith(char32_t character, std::int32_t pixelsPerEm, CFontFamily& family) {
+    for (std::size_t i = 0;; ++i) {
+        const FaceChoice* const choice = family.FaceAt(i);
+        if (choice == nullptr) return nullptr;
+        if (HasGlyph(*choice, character)) return &ScaledFaceFor(*choice, pixelsPerEm);
     }
-    return nullptr;
 }
 
 /// What is written for a character: for a control that the font's own face lacks a space.
-char32_t WrittenFor(char32_t character, std::int32_t pixelsPerEm, const std::vector<FaceChoice>& faces) {
-    if (!IsControl(character) || faces.empty()) return character;
-    return ScaledFaceFor(faces.front(), pixelsPerEm).HasGlyph(character) ? character : U' ';
+char32_t WrittenFor(char32_t character, const FaceChoice* own) {
+    if (!IsControl(character) || own == nullptr) return character;
+    return HasGlyph(*own, character) ? character : U' ';
 }
 
 /// Of a character that no face has: a full cell beyond Latin, half a cell for others.
@@ -64,14 +64,15 @@ std::int32_t BoxWidth(char32_t character, std::int32_t cellHeight) {
 }  // namespace
 
 std::vector<PlacedGlyph> LayOutText(const Font& font, std::string_view text) {
-    const std::vector<FaceChoice>& faces = FacesOf(font);
+    CFontFamily& family = FamilyOf(font);
     const std::string characters = Utf8Of(text);
-    const std::int32_t pixelsPerEm = faces.empty() ? 1 : EmForCell(faces.front(), font.cellHeight);
+    const FaceChoice* const own = family.FaceAt(0);
+    const std::int32_t pixelsPerEm = own == nullptr ? 1 : EmForCell(*own, font.cellHeight);
     std::vector<PlacedGlyph> glyphs;
     std::int32_t offset = 0;
     for (std::string_view rest = characters; !rest.empty();) {
-        const char32_t character = WrittenFor(TakeCharacter(rest), pixelsPerEm, faces);
-        CScaledFace* const face = FaceWith(character, pixelsPerEm, faces);
+        const char32_t character = WrittenFor(TakeCharacter(rest), own);
+        CScaledFace* const face = FaceWith(character, pixelsPerEm, family);
         const std::int32_t advance =
             face != nullptr ? face->AdvanceOf(character) : BoxWidth(character, font.cellHeight);
         glyphs.push_back({face, character, offset, advance});
@@ -89,8 +90,8 @@ TextExtent MeasureText(const Font& font, std::string_view text) {
 
 TextMetrics MetricsOf(const Font& font) {
     const std::scoped_lock guard(FontLock());
-    const auto& faces = FacesOf(font);
-    if (!faces.empty()) return ScaledFaceFor(faces.front(), EmForCell(faces.front(), font.cellHeight)).Metrics();
+    const FaceChoice* const own = FamilyOf(font).FaceAt(0);
+    if (own != nullptr) return ScaledFaceFor(*own, EmForCell(*own, font.cellHeight)).Metrics();
     const std::int32_t height = std::max(font.cellHeight, 1);
     const std::int32_t descent = height / 5;
     return {.height = height,
@@ -102,7 +103,8 @@ TextMetrics MetricsOf(const Font& font) {
 }
 
 bool HasFonts() {
-    return !FacesFor("Arial", false).empty();
+    const std::scoped_lock guard(FontLock());
+    return FamilyFor("Arial", false).FaceAt(0) != nullptr;
 }
 
 }  // namespace tradebill
