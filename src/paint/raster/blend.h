@@ -13,6 +13,9 @@ namespace tradebill {
 /// `over` on `under`, `coverage` of 255 of it; the top byte of both is passed over, that of the result 0.
 /// REQUIRES: coverage <= 255.
 [[nodiscard]] inline std::uint32_t Blended(std::uint32_t under, std::uint32_t over, std::uint32_t coverage) {
+    constexpr std::uint32_t kColors = 0xFFFFFF;
+    if (coverage == 0) return under & kColors;
+    if (coverage == 255) return over & kColors;
     std::uint32_t result = 0;
     for (int shift = 0; shift <= 16; shift += 8) {
         const std::uint32_t from = under >> shift & 0xFF;

@@ -55,12 +55,14 @@ void CRaster::FillBox(FarPoint leftTop, FarPoint rightBottom, std::uint32_t pixe
     const std::int64_t top = std::max<std::int64_t>(leftTop.y, seen_.top);
     const std::int64_t bottom = std::min<std::int64_t>(rightBottom.y, seen_.bottom);
     if (left >= right || top >= bottom) return;
-    std::uint32_t* row = bitmap_.Row(static_cast<std::int32_t>(bottom - 1)) + left;
+    std::uint32_t* const lowest = bitmap_.Row(static_cast<std::int32_t>(bottom - 1)) + left;
+    std::uint32_t* row = lowest;
     if (right - left == 1) {  // a grid's columns
         for (std::int64_t y = top; y < bottom; ++y, row += bitmap_.Width()) *row = pixel;
         return;
     }
-    for (std::int64_t y = top; y < bottom; ++y, row += bitmap_.Width()) std::fill(row, row + (right - left), pixel);
+    std::fill(row, row + (right - left), pixel);
+    for (std::int64_t y = top + 1; y < bottom; ++y) std::copy_n(lowest, right - left, row += bitmap_.Width());
 }
 
 /// A thin line along a row or a column, without its last pixel.
