@@ -1,4 +1,4 @@
-// Picture files: JPEG and PNG, written from bitmaps and pictures, measured for the page, and PNG read from memory.
+// Picture files: JPEG and PNG, made of bitmaps and pictures, measured for the page, and PNG read from memory.
 #pragma once
 
 #include <cstdint>
@@ -30,6 +30,10 @@ struct PictureSize {
     bool operator==(const PictureSize&) const = default;
 };
 
+/// Size of the picture in the bytes of a PNG file, which is told without its pixels. Nothing if they can't be read as
+/// one.
+[[nodiscard]] std::optional<PictureSize> PngSize(std::string_view content);
+
 /// Size of a JPEG or PNG file; 0 by 0 if it can't be read as one.
 [[nodiscard]] PictureSize ReadPictureSize(const std::string& path);
 
@@ -42,13 +46,20 @@ struct PictureSize {
 
 inline constexpr int kUsualJpegQuality = 75;
 
-// These write under another name first and then move the file to `path`, so that nobody meets half a picture. They
-// return false, and leave what was at `path`, for a picture without pixels and for a place that can't be written.
+// The bytes of picture files; none for a picture without pixels, and for one that the format can't hold.
 
 /// `quality` is 1 to 100.
+[[nodiscard]] std::string EncodeJpeg(const CBitmap& bitmap, int quality = kUsualJpegQuality);
+[[nodiscard]] std::string EncodePng(const CBitmap& bitmap);
+/// Keeps what can be seen through.
+[[nodiscard]] std::string EncodePng(const CPicture& picture);
+
+// These write under another name first and then move the file to `path`, so that nobody meets half a picture. They
+// return false, and leave what was at `path`, for no bytes and for a place that can't be written.
+
+[[nodiscard]] bool SavePictureFile(std::string_view content, const std::string& path);
 [[nodiscard]] bool SaveJpeg(const CBitmap& bitmap, const std::string& path, int quality = kUsualJpegQuality);
 [[nodiscard]] bool SavePng(const CBitmap& bitmap, const std::string& path);
-/// Keeps what can be seen through.
 [[nodiscard]] bool SavePng(const CPicture& picture, const std::string& path);
 
 }  // namespace tradebill

@@ -36,12 +36,14 @@ TEST(PictureResource, HasTheSizeThatTheReportIsBuiltOn) {
         const CPicture picture = Load(test.id);
         EXPECT_EQ(picture.Width(), test.width) << test.id;
         EXPECT_EQ(picture.Height(), test.height) << test.id;
+        EXPECT_EQ(PngSize(EmbeddedPicture(test.id)), (PictureSize{test.width, test.height})) << test.id;
     }
 }
 
 TEST(PictureResource, IsNothingUnderAnyOtherId) {
     for (const int id : {0, -1, 1, 4999, 5004, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
         EXPECT_FALSE(LoadPngResource(id)) << id;
+        EXPECT_FALSE(PngSize(EmbeddedPicture(id))) << id;
     }
 }
 

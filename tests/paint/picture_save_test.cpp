@@ -53,6 +53,15 @@ TEST_F(SavedPicture, JpegKeepsColorsAndTheRightWayUp) {
     EXPECT_LT(channel(40, 28, 0), 60u);
 }
 
+TEST_F(SavedPicture, IsThoseBytesThatTheEncodersGive) {
+    ASSERT_TRUE(SavePng(Flag(3, 4), Path("flag.png")));
+    ASSERT_TRUE(SaveJpeg(Flag(3, 4), Path("flag.jpg"), 90));
+    ASSERT_TRUE(SavePictureFile("any bytes", Path("any")));
+    EXPECT_EQ(ReadFile(Path("flag.png")), EncodePng(Flag(3, 4)));
+    EXPECT_EQ(ReadFile(Path("flag.jpg")), EncodeJpeg(Flag(3, 4), 90));
+    EXPECT_EQ(ReadFile(Path("any")), "any bytes");
+}
+
 TEST_F(SavedPicture, TakesThePlaceOfAnOlderOneAndLeavesNothingElse) {
     ASSERT_TRUE(SavePng(Flag(3, 4), Path("picture")));
     ASSERT_TRUE(SaveJpeg(Flag(8, 9), Path("picture")));
@@ -63,6 +72,11 @@ TEST_F(SavedPicture, TakesThePlaceOfAnOlderOneAndLeavesNothingElse) {
 TEST_F(SavedPicture, IsRefusedWithoutPixelsOrAPlace) {
     EXPECT_FALSE(SavePng(CBitmap(0, 5, 0), Path("none.png")));
     EXPECT_FALSE(SaveJpeg(CBitmap(5, 0, 0), Path("none.jpg")));
+    EXPECT_FALSE(SavePictureFile("", Path("none")));
+    EXPECT_EQ(EncodePng(CBitmap(5, 0, 0)), "");
+    EXPECT_EQ(EncodePng(CPicture(0, 5)), "");
+    EXPECT_EQ(EncodeJpeg(CBitmap(0, 5, 0)), "");
+    EXPECT_EQ(EncodeJpeg(CBitmap(70'000, 1, 0)), "");  // wider than a JPEG may be
     EXPECT_FALSE(SavePng(Flag(2, 2), Path("missing/none.png")));
     EXPECT_FALSE(SaveJpeg(Flag(2, 2), Path("missing/none.jpg")));
     std::filesystem::create_directory(Path("folder"));

@@ -7,12 +7,15 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
-#include <vector>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
 
 #include "platform/file.h"
 #include "platform/windows/gdiplus.h"
-#include "platform/windows/wide_text.h"
 
 namespace tradebill {
 
@@ -21,6 +24,7 @@ using namespace Gdiplus::DllExports;
 
 namespace {
 
+constexpr std::string_view kPngSignature = "\x89PNG\r\n\x1A\n";
 constexpr std::wstring_view kJpegType = L"image/jpeg";
 constexpr std::wstring_view kPngType = L"image/png";
 constexpr CLSID kEncoderQuality = {0x1D5BE4B5, 0xFA4A, 0x452D, {0x9C, 0xDD, 0x5D, 0xB3, 0x51, 0x05, 0xE7, 0xEB}};
@@ -37,15 +41,6 @@ std::optional<CLSID> FindEncoderClsid(std::wstring_view mimeType) {
     const auto* const found =
         std::find_if(encoders, encoders + count, [&](const auto& encoder) { return encoder.MimeType == mimeType; });
     return found == end ? std::nullopt : std::optional(found->Clsid);
-}
-
-bool SaveImage(const CGdiplusImage& image, const std::string& path, std::wstring_view mimeType,
-               const EncoderParameters* parameters) {
-    const auto encoder = FindEncoderClsid(mimeType);
-    if (image.Get() == nullptr || !encoder) return false;
-    return SaveInOneStep(path, [&](const std::string& unfinished) {
-        return GdipSaveImageToFile(image.Get(), WidePath(unfinished).c_str(), &*encoder, parameters) == Ok;
-    });
 }
 
 PictureSize SizeOfImage(const CGdiplusImage& image) {
@@ -77,16 +72,37 @@ CGdiplusImage ImageOf(const CPicture& picture) {
 struct ReleaseStream {
     void operator()(IStream* stream) const { stream->Release(); }
 };
+using UniqueStream = std::unique_ptr<IStream, ReleaseStream>;
+
+/// All that was written to a stream in memory.
+std::string BytesOf(IStream& stream) {
+    STATSTG state{};
+    if (FAILED(stream.Stat(&state, STATFLAG_NONAME)) || FAILED(stream.Seek({}, STREAM_SEEK_SET, nullptr))) return {};
+    std::string bytes(state.cbSize.LowPart, '\0');
+    ULONG read = 0;
+    if (FAILED(stream.Read(bytes.data(), state.cbSize.LowPart, &read))) return {};
+    bytes.resize(read);
+    return bytes;
+}
+
+std::string EncodeImage(const CGdiplusImage& image, std::wstring_view mimeType, const EncoderParameters* parameters) {
+    const auto encoder = FindEncoderClsid(mimeType);
+    if (image.Get() == nullptr || !encoder) return {};
+    const UniqueStream stream(::SHCreateMemStream(nullptr, 0));
+    if (stream == nullptr) return {};
+    if (GdipSaveImageToStream(image.Get(), stream.get(), &*encoder, parameters) != Ok) return {};
+    return BytesOf(*stream);
+}
 
 /// A picture file in memory. The image reads on from the stream while it lives.
 struct DecodedFile {
-    std::unique_ptr<IStream, ReleaseStream> stream;
+    UniqueStream stream;
     CGdiplusImage image;
 };
 
 DecodedFile Decode(std::string_view content) {
     const auto* const bytes = reinterpret_cast<const BYTE*>(content.data());
-    std::unique_ptr<IStream, ReleaseStream> stream(::SHCreateMemStream(bytes, static_cast<UINT>(content.size())));
+    UniqueStream stream(::SHCreateMemStream(bytes, static_cast<UINT>(content.size())));
     GpBitmap* image = nullptr;
     if (stream == nullptr || GdipCreateBitmapFromStream(stream.get(), &image) != Ok) image = nullptr;
     return {std::move(stream), CGdiplusImage(image)};
@@ -122,9 +138,15 @@ PictureSize ReadPictureSize(const std::string& path) {
     return file.image.Get() != nullptr ? SizeOfImage(file.image) : PictureSize{};
 }
 
+std::optional<PictureSize> PngSize(std::string_view content) {
+    if (!content.starts_with(kPngSignature)) return std::nullopt;
+    const CPictureWork work;
+    const DecodedFile file = Decode(content);
+    return file.image.Get() != nullptr ? std::optional(SizeOfImage(file.image)) : std::nullopt;
+}
+
 std::optional<CPicture> DecodePng(std::string_view content) {
-    constexpr std::string_view kSignature = "\x89PNG\r\n\x1A\n";
-    if (!content.starts_with(kSignature)) return std::nullopt;
+    if (!content.starts_with(kPngSignature)) return std::nullopt;
     const CPictureWork work;
     const DecodedFile file = Decode(content);
     if (file.image.Get() == nullptr) return std::nullopt;
@@ -134,23 +156,23 @@ std::optional<CPicture> DecodePng(std::string_view content) {
     return picture;
 }
 
-bool SaveJpeg(const CBitmap& bitmap, const std::string& path, int quality) {
+std::string EncodeJpeg(const CBitmap& bitmap, int quality) {
     const CPictureWork work;
     ULONG percent = static_cast<ULONG>(std::clamp(quality, 1, 100));
     EncoderParameters parameters{};
     parameters.Count = 1;
     parameters.Parameter[0] = {kEncoderQuality, 1, EncoderParameterValueTypeLong, &percent};
-    return SaveImage(ImageOf(bitmap), path, kJpegType, &parameters);
+    return EncodeImage(ImageOf(bitmap), kJpegType, &parameters);
 }
 
-bool SavePng(const CBitmap& bitmap, const std::string& path) {
+std::string EncodePng(const CBitmap& bitmap) {
     const CPictureWork work;
-    return SaveImage(ImageOf(bitmap), path, kPngType, nullptr);
+    return EncodeImage(ImageOf(bitmap), kPngType, nullptr);
 }
 
-bool SavePng(const CPicture& picture, const std::string& path) {
+std::string EncodePng(const CPicture& picture) {
     const CPictureWork work;
-    return SaveImage(ImageOf(picture), path, kPngType, nullptr);
+    return EncodeImage(ImageOf(picture), kPngType, nullptr);
 }
 
 }  // namespace tradebill

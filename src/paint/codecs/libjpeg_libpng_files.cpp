@@ -62,11 +62,6 @@ private:
     bool isOpen_ = false;
 };
 
-std::optional<PictureSize> PngSize(std::string_view content) {
-    const CPngReader reader(content);
-    return reader.IsOpen() ? std::optional(reader.Size()) : std::nullopt;
-}
-
 std::optional<PictureSize> JpegSize(std::string_view content) {
     const UniqueCodec decoder(tjInitDecompress());
     const auto* const bytes = reinterpret_cast<const unsigned char*>(content.data());
@@ -76,17 +71,6 @@ std::optional<PictureSize> JpegSize(std::string_view content) {
     const int status = tjDecompressHeader3(decoder.get(), bytes, static_cast<unsigned long>(content.size()),
                                            &size.width, &size.height, &subsampling, &colours);
     return status == 0 ? std::optional(size) : std::nullopt;
-}
-
-std::string_view BytesOf(const unsigned char* bytes, std::size_t size) {
-    return {reinterpret_cast<const char*>(bytes), size};
-}
-
-bool SaveBytes(std::string_view bytes, const std::string& path) {
-    return SaveInOneStep(path, [bytes](const std::string& unfinished) {
-        CFile file(unfinished, FileMode::Create);
-        return file.IsOpen() && file.Write(bytes);
-    });
 }
 
 /// Red, green and blue, rows from the top.
@@ -101,19 +85,20 @@ std::vector<std::uint8_t> RgbRows(const CBitmap& bitmap) {
     return bytes;
 }
 
-/// Writes rows from the top, in a pixel format of the library; nothing without a width and a height.
-bool SavePixels(PictureSize size, png_uint_32 format, const void* pixels, const std::string& path) {
-    if (size.width <= 0 || size.height <= 0) return false;
+/// Rows from the top, in a pixel format of the library; empty without a width and a height.
+std::string EncodePixels(PictureSize size, png_uint_32 format, const void* pixels) {
+    if (size.width <= 0 || size.height <= 0) return {};
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
     image.width = static_cast<png_uint_32>(size.width);
     image.height = static_cast<png_uint_32>(size.height);
     image.format = format;
     png_alloc_size_t written = PNG_IMAGE_PNG_SIZE_MAX(image);
-    std::vector<unsigned char> bytes(written);
+    std::string bytes(written, '\0');
     const int isMade = png_image_write_to_memory(&image, bytes.data(), &written, 0, pixels, 0, nullptr);
     png_image_free(&image);
-    return isMade != 0 && SaveBytes(BytesOf(bytes.data(), written), path);
+    bytes.resize(isMade != 0 ? written : 0);
+    return bytes;
 }
 
 }  // namespace
@@ -130,6 +115,11 @@ std::optional<CPicture> DecodePng(std::string_view content) {
     return picture;
 }
 
+std::optional<PictureSize> PngSize(std::string_view content) {
+    const CPngReader reader(content);
+    return reader.IsOpen() ? std::optional(reader.Size()) : std::nullopt;
+}
+
 PictureSize ReadPictureSize(const std::string& path) {
     const CFile file(path, FileMode::Read);
     const auto content = file.IsOpen() ? file.ReadAll() : std::nullopt;
@@ -138,8 +128,8 @@ PictureSize ReadPictureSize(const std::string& path) {
     return JpegSize(*content).value_or(PictureSize{});
 }
 
-bool SaveJpeg(const CBitmap& bitmap, const std::string& path, int quality) {
-    if (bitmap.Pixels().empty()) return false;
+std::string EncodeJpeg(const CBitmap& bitmap, int quality) {
+    if (bitmap.Pixels().empty()) return {};
     const UniqueCodec encoder(tjInitCompress());
     unsigned char* bytes = nullptr;
     unsigned long size = 0;
@@ -148,16 +138,16 @@ bool SaveJpeg(const CBitmap& bitmap, const std::string& path, int quality) {
     const int status = tjCompress2(encoder.get(), pixels, bitmap.Width(), 0, bitmap.Height(), TJPF_BGRX, &bytes, &size,
                                    TJSAMP_444, std::clamp(quality, 1, 100), TJFLAG_BOTTOMUP);
     const std::unique_ptr<unsigned char, FreeJpeg> owner(bytes);
-    return status == 0 && SaveBytes(BytesOf(bytes, size), path);
+    return status == 0 ? std::string(reinterpret_cast<const char*>(bytes), size) : std::string();
 }
 
-bool SavePng(const CBitmap& bitmap, const std::string& path) {
+std::string EncodePng(const CBitmap& bitmap) {
     const std::vector<std::uint8_t> rows = RgbRows(bitmap);
-    return SavePixels({bitmap.Width(), bitmap.Height()}, PNG_FORMAT_RGB, rows.data(), path);
+    return EncodePixels({bitmap.Width(), bitmap.Height()}, PNG_FORMAT_RGB, rows.data());
 }
 
-bool SavePng(const CPicture& picture, const std::string& path) {
-    return SavePixels({picture.Width(), picture.Height()}, kPicturePixels, picture.Pixels().data(), path);
+std::string EncodePng(const CPicture& picture) {
+    return EncodePixels({picture.Width(), picture.Height()}, kPicturePixels, picture.Pixels().data());
 }
 
 }  // namespace tradebill
