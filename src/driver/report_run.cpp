@@ -5,6 +5,7 @@
 #include <ctime>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "base/day.h"
 #include "base/text.h"
@@ -100,9 +101,10 @@ RunResult ReadAndCompute(CReport& report, CRunWatcher* watcher) {
 }
 
 void MakePictures(CReport& report) {
-    const auto images = BuildReportImages(report);
+    auto images = BuildReportImages(report);
     if (!images) return;
     report.ReportDocument.PageWidth = images->pageWidth;
+    report.ReportDocument.SavedPictures = std::move(images->saved);
     report.MoneyStore.ChartSizes = images->chartSizes;
 }
 

@@ -1,8 +1,11 @@
 #include "images/report_images.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <functional>
 #include <new>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -137,22 +140,67 @@ struct Button {
 
 constexpr Button kButtons[] = {{kShrinkPicture, kShrinkId}, {kExpandPicture, kExpandId}};
 
-void SaveButton(const CReportDocument& document, const Button& button) {
-    const auto picture = LoadPngResource(button.id);
-    if (picture) static_cast<void>(SavePng(*picture, FullPicturePath(document, button.name)));
+/// Saves what makes up a page's pictures, one after another. What can't be made is passed over: the report comes out
+/// with what there is.
+class CPictureSaver {
+public:
+    CPictureSaver(const CReport& report, ReportImages& images) : report_(report), images_(images) {}
+
+    /// Gets memory that no picture up to this size asks for again. To go without it is no harm.
+    void PrepareFor(const PictureSize& largest) {
+        try {
+            bitmap_.Begin(largest.width, largest.height, 0);
+        } catch (const std::bad_alloc&) {
+            return;  // the smaller ones may find theirs
+        }
+    }
+
+    void Save(const Button& button) {
+        const auto picture = LoadPngResource(button.id);
+        if (picture) SaveFile(button.name, {picture->Width(), picture->Height()}, EncodePng(*picture));
+    }
+
+    void Save(const ShownPicture& picture) {
+        try {
+            if (picture.isTitleBar && titleBar_.empty()) titleBar_ = Paint(picture);
+            SaveFile(picture.name, picture.size, picture.isTitleBar ? titleBar_ : Paint(picture));
+        } catch (const std::bad_alloc&) {
+            return;  // a large one may find no memory where the next finds it
+        }
+    }
+
+private:
+    std::string Paint(const ShownPicture& picture) {
+        bitmap_.Begin(picture.size.width, picture.size.height, 0);
+        const auto canvas = MakeCanvas(bitmap_);
+        if (picture.chart != nullptr) NoteSize(images_.chartSizes, *picture.chart, picture.size);
+        picture.paint(*canvas);
+        return EncodeJpeg(bitmap_);
+    }
+
+    void SaveFile(std::string_view name, PictureSize size, std::string_view content) {
+        if (!SavePictureFile(content, FullPicturePath(report_.ReportDocument, name))) return;
+        images_.saved.push_back({.name = name, .width = size.width, .height = size.height});
+    }
+
+    const CReport& report_;
+    ReportImages& images_;
+    CBitmap bitmap_{0, 0, 0};  ///< of the picture at hand
+    std::string titleBar_;     ///< its file's bytes, once they are made
+};
+
+/// The banner's, which the pictures' measures follow; nothing if it is missing.
+std::optional<int> BaseWidth() {
+    const auto banner = PngSize(EmbeddedPicture(kBannerId));
+    return banner ? std::optional(banner->width) : std::nullopt;
 }
 
-/// Passed over if it can't be made: the report comes out with what there is.
-void SavePicture(const CReport& report, const ShownPicture& picture, ChartSizes& sizes) {
-    try {
-        CBitmap bitmap(picture.size.width, picture.size.height, 0);
-        const auto canvas = MakeCanvas(bitmap);
-        if (picture.chart != nullptr) NoteSize(sizes, *picture.chart, picture.size);
-        picture.paint(*canvas);
-        static_cast<void>(SaveJpeg(bitmap, FullPicturePath(report.ReportDocument, picture.name)));
-    } catch (const std::bad_alloc&) {
-        return;  // a large one may find no memory where the next finds it
-    }
+PictureSize LargestSize(const PictureGround& ground) {
+    const auto pixelsOf = [](const PictureSize& size) { return std::int64_t{size.width} * size.height; };
+    PictureSize largest;
+    for (const ReportPicture& picture : kPictures)
+        largest = std::ranges::max(largest, picture.size(ground), {}, pixelsOf);
+    return largest;
 }
 
 }  // namespace
@@ -172,7 +220,11 @@ void ShowReportPictures(const CReport& report, int baseWidth,
     for (const ReportPicture& picture : kPictures) {
         const PictureSize size = picture.size(ground);
         const PictureSize white = picture.whitened != nullptr ? picture.whitened(ground) : size;
-        show({.name = picture.name, .size = size, .chart = picture.chart, .paint = [&](CCanvas& canvas) {
+        show({.name = picture.name,
+              .size = size,
+              .chart = picture.chart,
+              .isTitleBar = picture.paint == PaintBar,
+              .paint = [&](CCanvas& canvas) {
                   canvas.SelectTextBackground(TextBackground::Transparent);
                   canvas.FillSolid({0, 0, white.width, white.height}, kWhite);
                   if (picture.chart != nullptr) {
@@ -185,19 +237,21 @@ void ShowReportPictures(const CReport& report, int baseWidth,
 }
 
 std::optional<ReportImages> BuildReportImages(const CReport& report) {
-    for (const Button& button : kButtons) SaveButton(report.ReportDocument, button);
-    const auto banner = LoadPngResource(kBannerId);
-    if (!banner) return std::nullopt;
-    ReportImages images{.pageWidth = report.Scaled(banner->Width()), .chartSizes = report.MoneyStore.ChartSizes};
-    ShowReportPictures(report, banner->Width(),
-                       [&](const ShownPicture& picture) { SavePicture(report, picture, images.chartSizes); });
+    ReportImages images{.chartSizes = report.MoneyStore.ChartSizes, .saved = {}};
+    CPictureSaver saver(report, images);
+    for (const Button& button : kButtons) saver.Save(button);
+    const auto width = BaseWidth();
+    if (!width) return std::nullopt;
+    images.pageWidth = report.Scaled(*width);
+    saver.PrepareFor(LargestSize({report, *width}));
+    ShowReportPictures(report, *width, [&](const ShownPicture& picture) { saver.Save(picture); });
     return images;
 }
 
 std::optional<ChartSizes> MeasureCharts(const CReport& report) {
-    const auto banner = LoadPngResource(kBannerId);
-    if (!banner) return std::nullopt;
-    const PictureGround ground{report, banner->Width()};
+    const auto width = BaseWidth();
+    if (!width) return std::nullopt;
+    const PictureGround ground{report, *width};
     ChartSizes sizes = report.MoneyStore.ChartSizes;
     for (const ReportPicture& picture : kPictures) {
         if (picture.chart != nullptr) NoteSize(sizes, *picture.chart, picture.size(ground));

@@ -13,6 +13,7 @@
 #include "paint/canvas.h"
 #include "paint/picture_file.h"
 #include "report/money_store.h"
+#include "report/report_document.h"
 
 namespace tradebill {
 
@@ -21,6 +22,7 @@ struct ShownPicture {
     std::string_view name;  ///< of its file
     PictureSize size;
     const AccountChart* chart;                   ///< that fills it, or null
+    bool isTitleBar;                             ///< these all look the same
     std::function<void(CCanvas& canvas)> paint;  ///< on a canvas of that size
 };
 
@@ -35,6 +37,7 @@ void ShowReportPictures(const CReport& report, int baseWidth,
 struct ReportImages {
     int pageWidth = 0;      ///< of every table of the page, pixels
     ChartSizes chartSizes;  ///< of the charts that could be painted; for the others what the report had before
+    std::vector<SavedPicture> saved;
 };
 
 /// Makes the JPEG files of all pictures and two PNG files of a report. A picture that can't be made or saved is passed

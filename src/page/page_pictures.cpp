@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "images/picture_names.h"
 #include "page/page_text.h"
 #include "paint/font.h"
 #include "paint/picture_file.h"
 #include "report/report.h"
+#include "report/report_document.h"
 
 namespace tradebill {
 
@@ -23,6 +25,9 @@ std::string ScriptPicturePath(const CReport& report, std::string_view picture) {
 }
 
 PictureSize SizeOf(const CReport& report, std::string_view picture) {
+    const std::vector<SavedPicture>& saved = report.ReportDocument.SavedPictures;
+    const auto known = std::ranges::find(saved, picture, &SavedPicture::name);
+    if (known != saved.end()) return {known->width, known->height};
     return ReadPictureSize(FullPicturePath(report.ReportDocument, picture));
 }
 

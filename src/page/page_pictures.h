@@ -1,6 +1,6 @@
 // The pictures that the page points at: the ways to name them, and their sizes.
 //
-// REQUIRES of all: the report's folders are prepared, and its pictures saved: sizes come from the files.
+// REQUIRES of all: the report's folders are prepared, and its pictures saved.
 #pragma once
 
 #include <string>
@@ -19,7 +19,7 @@ class CReport;
 /// Relative to the page, as its scripts spell it: with slashes.
 [[nodiscard]] std::string ScriptPicturePath(const CReport& report, std::string_view picture);
 
-/// Size of the file, 0 by 0 if it can't be read.
+/// The size that was saved in this run, or that of the file that lies there; 0 by 0 if it can't be read.
 [[nodiscard]] PictureSize SizeOf(const CReport& report, std::string_view picture);
 
 /// The same by the screen's resolution: title bars and buttons lie on disk unscaled, and the page stretches them.

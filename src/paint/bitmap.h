@@ -14,7 +14,12 @@ namespace tradebill {
 /// operations count rows from the top. A bitmap without width or height, or of more than 2^28 pixels, has none.
 class CBitmap {
 public:
-    CBitmap(std::int32_t width, std::int32_t height, Color color);
+    CBitmap(std::int32_t width, std::int32_t height, Color color) { Begin(width, height, color); }
+
+    /// As a new bitmap, in the memory that this one has if there is room: pages that were touched before cost nothing.
+    /// Throws std::bad_alloc and has no pixels then.
+    /// REQUIRES: no canvas is left on it.
+    void Begin(std::int32_t width, std::int32_t height, Color color);
 
     [[nodiscard]] std::int32_t Width() const { return width_; }
     [[nodiscard]] std::int32_t Height() const { return height_; }

@@ -5,10 +5,13 @@
 namespace tradebill {
 
 CPixelMemory::CPixelMemory(CPixelMemory&& other) noexcept
-    : pixels_(std::exchange(other.pixels_, nullptr)), nativeBitmap_(std::exchange(other.nativeBitmap_, nullptr)) {}
+    : pixels_(std::exchange(other.pixels_, nullptr)),
+      room_(std::exchange(other.room_, 0)),
+      nativeBitmap_(std::exchange(other.nativeBitmap_, nullptr)) {}
 
 CPixelMemory& CPixelMemory::operator=(CPixelMemory&& other) noexcept {
     std::swap(pixels_, other.pixels_);
+    std::swap(room_, other.room_);
     std::swap(nativeBitmap_, other.nativeBitmap_);
     return *this;
 }

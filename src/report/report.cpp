@@ -21,6 +21,7 @@ void CReport::Clear() {
     OpiDetailStore.Clear();
     PingDetailStore.Clear();
     ReportDocument.ClearOffsets();
+    ReportDocument.SavedPictures.clear();
     TradeStatistics.Clear();
     ChainTable.Clear();
 }

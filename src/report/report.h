@@ -58,8 +58,8 @@ public:
     /// The unit of a contract, texts cut to 63 bytes; 1 without a source.
     [[nodiscard]] std::int32_t AskContractUnit(std::string_view contract, std::string_view delivery) const;
 
-    /// Empties stores, tallies, series and chains, as at the start of a run. What the run is asked stays, and so does
-    /// what the stores and the document say of themselves.
+    /// Empties stores, tallies, series and chains, as at the start of a run, and forgets the pictures. What the run is
+    /// asked stays, and so does what the stores and the document say of themselves.
     void Clear();
 };
 

@@ -14,6 +14,13 @@
 
 namespace tradebill {
 
+/// A picture file of the page.
+struct SavedPicture {
+    std::string_view name;  ///< of the file; lives as long as the module
+    int width;              ///< pixels
+    int height;             ///< pixels
+};
+
 /// Tallies are filled by closed_rows.h.
 class CReportDocument {
 public:
@@ -22,6 +29,8 @@ public:
     std::string BillFolder;       ///< the page's folder, once it is prepared
     std::string ImageFolderName;  ///< of the pictures' folder, relative to BillFolder
     int PageWidth = 0;            ///< of every table, in pixels; 0 until pictures have been made
+
+    std::vector<SavedPicture> SavedPictures;  ///< those that this run has made; a file may lie there without
 
     struct Found {
         ContractOffset& offset;

@@ -153,6 +153,32 @@ TEST_F(ReportImages, PassOverOneThatCannotBeSaved) {
     EXPECT_EQ(SizeOf("BillExpand.png"), (PictureSize{8, 8}));
 }
 
+TEST_F(ReportImages, AreNotedWithTheirSizesAsFarAsTheyAreSaved) {
+    fs::create_directories(PathOf("AccountDetail.jpg") + "/in the way");
+    fs::create_directories(PathOf("BillShrink.png") + "/in the way");
+    report.Request.Dpi = 144;
+    const auto images = BuildReportImages(report);
+    ASSERT_TRUE(images);
+    EXPECT_EQ(images->saved.size(), 12U);  // 12 JPEG and 2 PNG files but for these two
+    for (const SavedPicture& picture : images->saved) {
+        EXPECT_EQ(SizeOf(picture.name), (PictureSize{picture.width, picture.height})) << picture.name;
+        EXPECT_NE(picture.width, 0) << picture.name;
+    }
+}
+
+TEST_F(ReportImages, AreNotNotedWithoutAFolder) {
+    fs::remove_all(folder_.Path("Image_files"));
+    const auto images = BuildReportImages(report);
+    ASSERT_TRUE(images);
+    EXPECT_TRUE(images->saved.empty());
+}
+
+TEST_F(ReportImages, HaveTitleBarsThatAreAllAlike) {
+    ASSERT_TRUE(BuildReportImages(report));
+    for (const std::string_view name : kBars) EXPECT_EQ(ReadFile(PathOf(name)), ReadFile(PathOf(kBars[0]))) << name;
+    EXPECT_NE(ReadFile(PathOf(kBars[0])), ReadFile(PathOf("AccountSummary.jpg")));
+}
+
 TEST_F(ReportImages, PassOverAFolderThatIsGone) {
     fs::remove_all(folder_.Path("Image_files"));
     const auto images = BuildReportImages(report);

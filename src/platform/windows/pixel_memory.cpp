@@ -25,4 +25,8 @@ CPixelMemory::~CPixelMemory() {
     if (nativeBitmap_ != nullptr) ::DeleteObject(nativeBitmap_);
 }
 
+bool CPixelMemory::ServeFor(std::int32_t /*width*/, std::int32_t /*height*/) {
+    return false;
+}
+
 }  // namespace tradebill
