@@ -91,13 +91,16 @@ std::time_t MidnightOf(const CalendarDay& day) {
     return time;
 }
 
-bool HasMidnight(const CalendarDay& day) {
+std::optional<std::time_t> TryMidnightOf(const CalendarDay& day) {
     try {
-        static_cast<void>(MidnightOf(day));
-        return true;
+        return MidnightOf(day);
     } catch (const CReportError&) {
-        return false;
+        return std::nullopt;
     }
+}
+
+bool HasMidnight(const CalendarDay& day) {
+    return TryMidnightOf(day).has_value();
 }
 
 std::string DayText(const CalendarDay& day) {

@@ -4,6 +4,7 @@
 
 #include <compare>
 #include <ctime>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -30,6 +31,9 @@ inline constexpr std::time_t kSecondsPerDay = 86400;
 /// for a year below 1900, a month outside 1 to 12 or a day outside 1 to 31; 0x80070057 for a time before 1970 or after
 /// the year 3000.
 [[nodiscard]] std::time_t MidnightOf(const CalendarDay& day);
+
+/// The same; nothing where MidnightOf throws.
+[[nodiscard]] std::optional<std::time_t> TryMidnightOf(const CalendarDay& day);
 
 /// Whether MidnightOf has a time for `day`.
 [[nodiscard]] bool HasMidnight(const CalendarDay& day);

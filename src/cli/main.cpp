@@ -12,6 +12,7 @@
 
 #include "cli/command_table.h"
 #include "cli/usage_error.h"
+#include "platform/local_time.h"
 #include "platform/terminal.h"
 
 namespace tradebill {
@@ -78,6 +79,7 @@ int Run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     const tradebill::CUtf8Terminal terminal;
+    tradebill::KeepTimeZone();
     try {
         return tradebill::Run(argc, argv);
     } catch (const tradebill::CUsageError& error) {

@@ -23,8 +23,9 @@ namespace {
 
 std::time_t MidnightOfText(std::string_view text) {
     const CalendarDay day = ParseDashedDay(text);
-    if (!HasMidnight(day)) throw CReportError(kErrorInvalidArgument);  // whatever is wrong with it
-    return MidnightOf(day);
+    const auto midnight = TryMidnightOf(day);
+    if (!midnight) throw CReportError(kErrorInvalidArgument);  // whatever is wrong with it
+    return *midnight;
 }
 
 /// Held where the host's corners lie further apart than a number tells.

@@ -107,12 +107,11 @@ bool IsOneYear(const ReportRange& range) {
 ReportRange DaysOfRecords(const CMoneyStore& store) {
     std::optional<ReportRange> days;
     for (const auto& record : store.Records) {
-        const CalendarDay day = ParsePackedDay(FieldText(record->BILL_DATE));
-        if (!HasMidnight(day)) continue;
-        const std::time_t midnight = MidnightOf(day);
-        if (!days) days = {midnight, midnight};
-        days->first = std::min(days->first, midnight);
-        days->last = std::max(days->last, midnight);
+        const auto midnight = TryMidnightOf(ParsePackedDay(FieldText(record->BILL_DATE)));
+        if (!midnight) continue;
+        if (!days) days = {*midnight, *midnight};
+        days->first = std::min(days->first, *midnight);
+        days->last = std::max(days->last, *midnight);
     }
     if (!days) return {.first = 0, .last = -1};
     days->last += 2 * kSecondsPerDay;  // the day when clocks go back is longer than its seconds

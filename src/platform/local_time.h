@@ -8,6 +8,10 @@
 
 namespace tradebill {
 
+/// Has the C library look for the system's time zone once, and not again with each day that it tells. For programs, at
+/// their start: the environment belongs to them.
+void KeepTimeZone();
+
 [[nodiscard]] std::time_t PresentTime();
 
 /// `time` in the local time zone; nothing if the system's calendar doesn't reach so far.

@@ -134,6 +134,15 @@ TEST(MidnightOf, CountsTheYear1970FromMidnightAtGreenwich) {
     EXPECT_EQ(MidnightOf({1970, 1, 2}), 16 * 3600);
 }
 
+TEST(TryMidnightOf, IsMidnightOrNothing) {
+    EXPECT_EQ(TryMidnightOf({2024, 2, 30}), MidnightOf({2024, 3, 1}));
+    for (const CalendarDay& day : {CalendarDay{2024, 13, 1}, {2024, 1, 32}, {1899, 1, 1}, {1960, 1, 1}, {3002, 1, 1}}) {
+        EXPECT_EQ(TryMidnightOf(day), std::nullopt) << day.year;
+        EXPECT_FALSE(HasMidnight(day)) << day.year;
+    }
+    EXPECT_TRUE(HasMidnight({2024, 12, 31}));
+}
+
 TEST(DayText, IsYearMonthAndDayInEightDigits) {
     EXPECT_EQ(DayText({2024, 1, 2}), "20240102");
     EXPECT_EQ(DayText({2024, 12, 31}), "20241231");
