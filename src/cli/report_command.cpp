@@ -14,6 +14,7 @@
 #include "cli/command_table.h"
 #include "cli/json_writer.h"
 #include "cli/output_file.h"
+#include "cli/page_relay.h"
 #include "cli/report_options.h"
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"
@@ -77,7 +78,9 @@ MadeReport MakeReportAndFile(CReport& report, const PreparedRequest& prepared, b
     made.isFileSaved = SaveInOneStep(path, [&](const std::string& unfinished) {
         std::ofstream file(unfinished, std::ios::binary);
         CStandalonePage page(file);
-        made.result = MakeReport(report, prepared, quiet, &page);
+        CPageRelay relay(page);
+        made.result = MakeReport(report, prepared, quiet, &relay);
+        relay.Finish();
         page.Finish();
         file.close();
         return made.result && !file.fail() && !IsSameFile(made.result->pagePath, path);

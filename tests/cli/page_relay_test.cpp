@@ -1,0 +1,71 @@
+#include "cli/page_relay.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+#include <thread>
+
+namespace tradebill::page_relay_test {
+namespace {
+
+/// Writes down what it gets, and throws at the text "throw".
+class CNotes final : public CPageSink {
+public:
+    [[nodiscard]] const CPictureLinks& Links() const override { return links_; }
+    void AddStyle(std::string_view block) override { Note("style " + std::string(block)); }
+    void AddText(std::string_view text) override {
+        if (text == "throw") throw std::runtime_error("thrown");
+        Note(std::string(text));
+    }
+    void ClosePage() override { Note("close"); }
+
+    std::string notes;
+    std::thread::id thread;
+
+private:
+    void Note(const std::string& what) {
+        notes += what + "\n";
+        thread = std::this_thread::get_id();
+    }
+    CPictureLinks links_;
+};
+
+TEST(PageRelay, HandsEverythingOnInItsOrder) {
+    CNotes notes;
+    CPageRelay relay(notes);
+    EXPECT_EQ(&relay.Links(), &notes.Links());
+    std::string expected;
+    for (int i = 0; i < 1000; ++i) {
+        const std::string number = std::to_string(i);
+        relay.AddText(number);
+        relay.AddStyle(number);
+        if (i % 10 == 0) relay.ClosePage();
+        expected += number + "\nstyle " + number + "\n" + (i % 10 == 0 ? "close\n" : "");
+    }
+    relay.Finish();
+    EXPECT_EQ(notes.notes, expected);
+    EXPECT_NE(notes.thread, std::this_thread::get_id());
+}
+
+TEST(PageRelay, TellsAtTheEndWhatTheSinkHasThrown) {
+    CNotes notes;
+    CPageRelay relay(notes);
+    relay.AddText("before");
+    relay.AddText("throw");
+    for (int i = 0; i < 100; ++i) relay.AddText("behind");
+    EXPECT_THROW(relay.Finish(), std::runtime_error);
+    EXPECT_EQ(notes.notes, "before\n");
+}
+
+TEST(PageRelay, MayGoWithoutAnEnd) {
+    CNotes notes;
+    {
+        CPageRelay relay(notes);
+        relay.AddText("text");
+    }
+    EXPECT_EQ(notes.notes, "text\n");
+}
+
+}  // namespace
+}  // namespace tradebill::page_relay_test
