@@ -205,15 +205,6 @@ PictureSize LargestSize(const PictureGround& ground) {
 
 }  // namespace
 
-std::vector<std::string_view> PagePictures() {
-    std::vector<std::string_view> names;
-    for (const Button& button : kButtons) names.push_back(button.name);
-    for (const ReportPicture& picture : kPictures) {
-        if (picture.name != kBillStatistics) names.push_back(picture.name);
-    }
-    return names;
-}
-
 void ShowReportPictures(const CReport& report, int baseWidth,
                         const std::function<void(const ShownPicture& picture)>& show) {
     const PictureGround ground{report, baseWidth};

@@ -26,9 +26,6 @@ struct ShownPicture {
     std::function<void(CCanvas& canvas)> paint;  ///< on a canvas of that size
 };
 
-/// File names of all pictures that a page shows: all that are made but for kBillStatistics.
-[[nodiscard]] std::vector<std::string_view> PagePictures();
-
 /// Hands all pictures to `show`, in the order of the report, as for a banner of `baseWidth` pixels.
 void ShowReportPictures(const CReport& report, int baseWidth,
                         const std::function<void(const ShownPicture& picture)>& show);
