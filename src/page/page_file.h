@@ -41,7 +41,7 @@ public:
 
     // From BeginGathering to EndGathering, which settles, the file may lag behind.
     void BeginGathering() { isGathering_ = true; }
-    void EndGathering();
+    void EndGathering() noexcept;
     [[nodiscard]] bool IsGathering() const { return isGathering_; }
 
     /// Brings everything to disk, as single operations would have left it.

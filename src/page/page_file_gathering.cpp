@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -32,8 +33,12 @@ bool MoveUp(CFile& file, std::uint64_t begin, std::uint64_t end, std::uint64_t d
 
 }  // namespace
 
-void CPageFile::EndGathering() {
-    Settle();
+void CPageFile::EndGathering() noexcept {
+    try {
+        Settle();
+    } catch (const std::bad_alloc&) {
+        Spoil();
+    }
     isGathering_ = false;
 }
 

@@ -1,6 +1,7 @@
 #include "page/table_section.h"
 
 #include <cstddef>
+#include <new>
 #include <span>
 #include <string>
 #include <string_view>
@@ -48,6 +49,14 @@ CTableWriter::CTableWriter(CHtmlBuilder& page, const CReport& report, const Tabl
     AppendSizedRow(top, titles, widths, {});
     rows_.AddLines(top);
     AddDashRow({});
+}
+
+CTableWriter::~CTableWriter() {
+    try {
+        HandOver();
+    } catch (const std::bad_alloc&) {
+        // only the error that is leaving the section finds rows here, and it is told in its place
+    }
 }
 
 bool CTableWriter::StopRequested() {

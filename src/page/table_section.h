@@ -75,7 +75,7 @@ public:
     /// Writes title, opening tag, header and first dash row.
     CTableWriter(CHtmlBuilder& page, const CReport& report, const TableSection& section,
                  std::span<const Heading> headings);
-    ~CTableWriter() { HandOver(); }  // what was written stays written, also when an error ends the section
+    ~CTableWriter();  ///< what was written stays written, also when an error ends the section
     CTableWriter(const CTableWriter&) = delete;
     CTableWriter& operator=(const CTableWriter&) = delete;
 
