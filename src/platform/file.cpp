@@ -1,21 +1,55 @@
 #include "platform/file.h"
 
-#include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "base/ini_file.h"
 #include "platform/paths.h"
 
 namespace tradebill {
 
+char* CFileBuffer::Reserve(std::size_t size) {
+    if (size > size_) {
+        constexpr std::size_t kStep = std::size_t{64} << 10;  // days differ, and the next one may be a little larger
+        const std::size_t rounded = (size + kStep - 1) / kStep * kStep;
+        bytes_.reset();
+        bytes_ = std::make_unique_for_overwrite<char[]>(rounded);
+        size_ = rounded;
+    }
+    return bytes_.get();
+}
+
+std::optional<std::string> CFile::ReadAll() const {
+    const auto size = SizeOnDisk();
+    if (!size) return std::nullopt;
+    std::string content(static_cast<std::size_t>(*size), '\0');
+    content.resize(ReadAt(0, content.data(), content.size()));
+    return content;
+}
+
+std::optional<std::string_view> CFile::ReadAll(CFileBuffer& buffer) const {
+    const auto size = SizeOnDisk();
+    if (!size) return std::nullopt;
+    char* const bytes = buffer.Reserve(static_cast<std::size_t>(*size));
+    return std::string_view(bytes, ReadAt(0, bytes, static_cast<std::size_t>(*size)));
+}
+
 std::optional<std::string> ReadStatementFile(const std::string& path) {
+    CFileBuffer buffer;
+    const auto text = ReadStatementFile(path, buffer);
+    return text ? std::optional<std::string>(*text) : std::nullopt;
+}
+
+std::optional<std::string_view> ReadStatementFile(const std::string& path, CFileBuffer& buffer) {
     const CFile file(path, FileMode::Update);
     if (!file.IsOpen()) return std::nullopt;
-    std::optional<std::string> text = file.ReadAll();
-    if (text) text->resize(std::min(text->find('\0'), text->size()));
-    return text;
+    const auto text = file.ReadAll(buffer);
+    return text ? std::optional(text->substr(0, text->find('\0'))) : std::nullopt;
 }
 
 std::optional<std::string> ReadPlainFile(const std::string& path) {

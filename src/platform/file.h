@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,6 +19,17 @@ enum class FileMode {
     Create,  ///< makes the file or empties it; write only
     Append,  ///< the file must be there; what is written goes to its end
     Update,  ///< the file must be there; read and write anywhere
+};
+
+/// Memory for one file after the other. It grows with the largest of them, and isn't cleared in between.
+class CFileBuffer {
+public:
+    /// At least `size` bytes, whatever they hold. Valid until the next call.
+    [[nodiscard]] char* Reserve(std::size_t size);
+
+private:
+    std::unique_ptr<char[]> bytes_;
+    std::size_t size_ = 0;
 };
 
 class CFile {
@@ -44,8 +56,13 @@ public:
     [[nodiscard]] std::size_t ReadAt(std::uint64_t offset, char* buffer, std::size_t size) const;
     /// All of a file on disk; nothing of what is none.
     [[nodiscard]] std::optional<std::string> ReadAll() const;
+    /// The same, in memory of `buffer`.
+    [[nodiscard]] std::optional<std::string_view> ReadAll(CFileBuffer& buffer) const;
 
 private:
+    /// Size in bytes of what is a file on disk.
+    [[nodiscard]] std::optional<std::uint64_t> SizeOnDisk() const;
+
     std::intptr_t handle_;  ///< the system's own
 };
 
@@ -65,6 +82,9 @@ struct FileStamp {
 /// The bytes of a statement, up to its first zero byte. Nothing if the file isn't there, isn't a plain file or can't be
 /// opened for reading and writing. Content and length of the file stay as they are.
 [[nodiscard]] std::optional<std::string> ReadStatementFile(const std::string& path);
+
+/// The same, in memory of `buffer`.
+[[nodiscard]] std::optional<std::string_view> ReadStatementFile(const std::string& path, CFileBuffer& buffer);
 
 /// Reads and parses a plain file; nothing if it can't be read.
 [[nodiscard]] std::optional<CIniFile> LoadIniFile(const std::string& path);

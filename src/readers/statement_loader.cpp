@@ -32,7 +32,7 @@ void CStatementLoader::Read(std::string_view day, std::string_view text, CScanLi
 }
 
 bool CStatementLoader::Load(std::string_view day, const std::string& path) {
-    const auto text = ReadStatementFile(path);
+    const auto text = ReadStatementFile(path, buffer_);
     if (!text) return false;
     Read(day, *text);
     return true;

@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/file.h"
 #include "readers/statement_template.h"
 
 namespace tradebill {
@@ -35,6 +36,7 @@ public:
 private:
     CReport& report_;
     CTemplateFile template_;
+    CFileBuffer buffer_;
 };
 
 }  // namespace tradebill

@@ -126,6 +126,26 @@ TEST_F(StatementFile, EndsAtTheFirstZeroByte) {
     EXPECT_EQ(ReadStatementFile(folder_.Write("c.txt", "one\0"s)), "one");
 }
 
+TEST_F(StatementFile, IsReadIntoOneBufferAfterTheOther) {
+    CFileBuffer buffer;
+    const std::string large(200000, 'x');
+    EXPECT_EQ(ReadStatementFile(folder_.Write("a.txt", "first"), buffer), "first");
+    EXPECT_EQ(ReadStatementFile(folder_.Write("b.txt", large), buffer), large);
+    EXPECT_EQ(ReadStatementFile(folder_.Path("missing.txt"), buffer), std::nullopt);
+    EXPECT_EQ(ReadStatementFile(folder_.Write("c.txt", "last\0one"s), buffer), "last");
+    EXPECT_EQ(ReadStatementFile(folder_.Write("d.txt", ""), buffer), "");
+}
+
+TEST_F(File, BuffersGrowAndStay) {
+    CFileBuffer buffer;
+    char* const small = buffer.Reserve(10);
+    EXPECT_EQ(buffer.Reserve(5), small);
+    char* const large = buffer.Reserve(1000000);
+    large[999999] = 'x';
+    EXPECT_EQ(buffer.Reserve(1), large);
+    EXPECT_EQ(large[999999], 'x');
+}
+
 TEST_F(StatementFile, MayBeEmpty) {
     EXPECT_EQ(ReadStatementFile(folder_.Write("a.txt", "")), "");
 }

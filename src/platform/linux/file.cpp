@@ -34,11 +34,6 @@ int Descriptor(std::intptr_t handle) {
     return static_cast<int>(handle);
 }
 
-bool IsOnDisk(int descriptor) {
-    struct stat status {};
-    return ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
-}
-
 }  // namespace
 
 CFile::CFile(const std::string& path, FileMode mode)
@@ -96,11 +91,10 @@ std::size_t CFile::ReadAt(std::uint64_t offset, char* buffer, std::size_t size) 
     return done;
 }
 
-std::optional<std::string> CFile::ReadAll() const {
-    if (!IsOnDisk(Descriptor(handle_))) return std::nullopt;
-    std::string content(static_cast<std::size_t>(Size()), '\0');
-    content.resize(ReadAt(0, content.data(), content.size()));
-    return content;
+std::optional<std::uint64_t> CFile::SizeOnDisk() const {
+    struct stat status {};
+    if (::fstat(Descriptor(handle_), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+    return static_cast<std::uint64_t>(status.st_size);
 }
 
 std::optional<FileStamp> StampOf(const std::string& path) {

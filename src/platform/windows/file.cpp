@@ -33,10 +33,6 @@ HANDLE HandleOf(std::intptr_t file) {
     return reinterpret_cast<HANDLE>(file);
 }
 
-bool IsOnDisk(std::intptr_t file) {
-    return ::GetFileType(HandleOf(file)) == FILE_TYPE_DISK;
-}
-
 /// One call of the system moves at most this many bytes.
 DWORD StepOf(std::size_t size) {
     return static_cast<DWORD>(std::min<std::size_t>(size, std::numeric_limits<DWORD>::max() / 2));
@@ -118,11 +114,9 @@ std::size_t CFile::ReadAt(std::uint64_t offset, char* buffer, std::size_t size) 
     return done;
 }
 
-std::optional<std::string> CFile::ReadAll() const {
-    if (!IsOnDisk(handle_)) return std::nullopt;
-    std::string content(static_cast<std::size_t>(Size()), '\0');
-    content.resize(ReadAt(0, content.data(), content.size()));
-    return content;
+std::optional<std::uint64_t> CFile::SizeOnDisk() const {
+    if (::GetFileType(HandleOf(handle_)) != FILE_TYPE_DISK) return std::nullopt;
+    return Size();
 }
 
 std::optional<FileStamp> StampOf(const std::string& path) {
