@@ -41,7 +41,8 @@ constexpr Layout kLayouts[] = {
 // clang-format on
 
 bool Fits(PremiumRule rule, std::string_view text) {
-    return rule == PremiumRule::Any || Contains(text, PremiumWord()) == (rule == PremiumRule::With);
+    return rule == PremiumRule::Any ||
+           (FindText(text, PremiumWord()) != std::string_view::npos) == (rule == PremiumRule::With);
 }
 
 }  // namespace

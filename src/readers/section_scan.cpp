@@ -18,6 +18,10 @@ std::size_t RowBefore(std::size_t row, int offset) {
     return row - std::min(row, static_cast<std::size_t>(offset));
 }
 
+const char* EndOf(std::string_view row) {
+    return row.data() + row.size();
+}
+
 }  // namespace
 
 CSectionScan::CSectionScan(std::string_view text, SearchFrom searchFrom, CScanListener* listener)
@@ -27,21 +31,32 @@ CSectionScan::CSectionScan(std::string_view text, SearchFrom searchFrom, CScanLi
     SplitText(text, "\n", rows_);
 }
 
-std::optional<std::size_t> CSectionScan::FindRow(std::size_t from, std::string_view word,
-                                                 std::string_view otherWord) const {
-    for (std::size_t row = from; row < rows_.size(); ++row) {
-        if (Contains(rows_[row], word)) return row;
-        if (!otherWord.empty() && Contains(rows_[row], otherWord)) return row;
+std::optional<std::size_t> CSectionScan::FindRow(std::size_t from, std::size_t end, std::string_view word) const {
+    if (from >= end) return std::nullopt;
+    // All rows are looked through at once; what begins or ends in the white space around a row isn't in the row.
+    const char* const textEnd = EndOf(rows_[end - 1]);
+    for (const char* at = rows_[from].data(); at < textEnd; ++at) {
+        const std::size_t found = FindText({at, textEnd}, word);
+        if (found == std::string_view::npos) break;
+        at += found;
+        const auto behind = std::upper_bound(
+            rows_.begin() + static_cast<std::ptrdiff_t>(from), rows_.begin() + static_cast<std::ptrdiff_t>(end), at,
+            [](const char* place, std::string_view row) { return place < row.data(); });
+        if (at + word.size() <= EndOf(*(behind - 1))) return static_cast<std::size_t>(behind - rows_.begin()) - 1;
     }
     return std::nullopt;
 }
 
 CSectionScan::Frame CSectionScan::FindFrame(std::size_t from, const SectionLayout& layout) const {
     Frame frame;
-    frame.title = FindRow(from, layout.title);
+    frame.title = FindRow(from, rows_.size(), layout.title);
     if (frame.title) {
         const std::size_t first = *frame.title + static_cast<std::size_t>(layout.terminatorOffset);
-        frame.terminator = FindRow(first, layout.terminator, layout.otherTerminator);
+        frame.terminator = FindRow(first, rows_.size(), layout.terminator);
+        if (!layout.otherTerminator.empty()) {
+            const auto other = FindRow(first, frame.terminator.value_or(rows_.size()), layout.otherTerminator);
+            if (other) frame.terminator = other;
+        }
     }
     TellSection(layout, frame, true);
     return frame;
@@ -70,7 +85,7 @@ std::optional<SectionRows> CSectionScan::FindBehind(std::size_t from, const Sect
 }
 
 std::optional<std::size_t> CSectionScan::FindTitle(const SectionLayout& layout) const {
-    const Frame frame{.title = FindRow(0, layout.title), .terminator = {}};
+    const Frame frame{.title = FindRow(0, rows_.size(), layout.title), .terminator = {}};
     TellSection(layout, frame, false);
     return frame.title;
 }

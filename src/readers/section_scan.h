@@ -115,8 +115,8 @@ private:
         std::optional<std::size_t> terminator;
     };
 
-    [[nodiscard]] std::optional<std::size_t> FindRow(std::size_t from, std::string_view word,
-                                                     std::string_view otherWord = {}) const;
+    /// The first of the rows `from` up to `end` that contains `word`.
+    [[nodiscard]] std::optional<std::size_t> FindRow(std::size_t from, std::size_t end, std::string_view word) const;
     [[nodiscard]] Frame FindFrame(std::size_t from, const SectionLayout& layout) const;
     [[nodiscard]] static std::optional<SectionRows> RowsOf(const Frame& frame, const SectionLayout& layout);
     bool SplitRow(std::int64_t row, const SectionLayout& layout);

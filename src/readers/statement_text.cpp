@@ -9,7 +9,7 @@
 namespace tradebill {
 
 std::optional<std::string_view> FindDate(std::string_view text, std::string_view dateWord) {
-    const std::size_t at = text.find(dateWord);
+    const std::size_t at = FindText(text, dateWord);
     if (at == std::string_view::npos || at == 0) return std::nullopt;
     text.remove_prefix(at + dateWord.size());
     std::size_t length = 0;

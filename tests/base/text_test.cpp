@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <memory>
 #include <random>
 #include <string>
 #include <string_view>
@@ -77,10 +80,34 @@ TEST(CopyField, CutsThroughACharacterOfTwoBytes) {
     EXPECT_EQ(FieldText(field), "\xC2\xF2\xC2");
 }
 
+TEST(CopyField, CopiesTextsOfAllLengthsAndNothingBehindThem) {
+    for (std::size_t size = 0; size <= 40; ++size) {
+        std::string text;
+        for (std::size_t i = 0; i < size; ++i) text += static_cast<char>('a' + i % 26);
+        char field[64];
+        std::ranges::fill(field, '#');
+        CopyField(field, text);
+        EXPECT_EQ(std::string_view(field, size), text);
+        EXPECT_EQ(field[size], '\0');
+        EXPECT_TRUE(std::all_of(field + size + 1, std::end(field), [](char byte) { return byte == '#'; })) << size;
+    }
+}
+
 TEST(CopyField, TakesATextWithoutMemory) {
     char field[4] = "abc";
     CopyField(field, std::string_view());
     EXPECT_EQ(FieldText(field), "");
+}
+
+TEST(Contains, FindsInShortTextsAndLongOnes) {
+    for (const std::size_t size : {0U, 1U, 29U, 30U, 31U, 32U, 33U, 100U}) {
+        const std::string text(size, 'x');
+        EXPECT_FALSE(Contains(text, "xy"));
+        EXPECT_TRUE(Contains(text + "yz", "yz"));
+        EXPECT_TRUE(Contains("yz" + text, "yz"));
+        EXPECT_TRUE(Contains(text, ""));
+        EXPECT_EQ(Contains(text, std::string(30, 'x')), size >= 30);
+    }
 }
 
 TEST(Contains, FindsByBytes) {
@@ -224,13 +251,78 @@ TEST(SplitText, FollowsTheRulesOnRandomTexts) {
     std::mt19937 random(3);
     const std::string_view bytes = "a|b  \t\r\n\xA1";
     std::uniform_int_distribution<std::size_t> pick(0, bytes.size() - 1);
-    std::uniform_int_distribution<int> length(0, 24);
-    for (int i = 0; i < 3000; ++i) {
+    for (int i = 0; i < 6000; ++i) {
         std::string text;
-        for (int k = length(random); k > 0; --k) text += bytes[pick(random)];
-        for (const char* const delimiter : {" ", "|", "\n", "  ", "| ", "aa"}) {
+        for (int k = i % 150; k > 0; --k) text += bytes[pick(random)];
+        for (const char* const delimiter : {" ", "|", "\n", "\t", "\xA1", "  ", "| ", "aa"}) {
             const Parts parts = Split(text, delimiter);
-            EXPECT_EQ(std::vector<std::string>(parts.begin(), parts.end()), SplitSlowly(text, delimiter));
+            ASSERT_EQ(std::vector<std::string>(parts.begin(), parts.end()), SplitSlowly(text, delimiter));
+        }
+    }
+}
+
+/// A text at the very end of its memory, where a byte too much is seen by a sanitizer.
+class CTextAtTheEnd {
+public:
+    CTextAtTheEnd(std::string_view text, std::size_t shift)
+        : memory_(std::make_unique<char[]>(shift + text.size())), view_(memory_.get() + shift, text.size()) {
+        std::ranges::copy(text, memory_.get() + shift);
+    }
+    [[nodiscard]] std::string_view View() const { return view_; }
+
+private:
+    std::unique_ptr<char[]> memory_;
+    std::string_view view_;
+};
+
+TEST(SplitText, FollowsThemInRowsOfAllLengthsAndPlaces) {
+    std::mt19937 random(4);
+    const std::string_view bytes = "0123456789.-|    \t\r\x80\x81\xB9\xB2\xFE\xFF";
+    std::uniform_int_distribution<std::size_t> pick(0, bytes.size() - 1);
+    for (std::size_t size = 0; size <= 80; ++size) {
+        for (std::size_t shift = 0; shift < 16; ++shift) {
+            std::string text(size, ' ');
+            std::ranges::generate(text, [&] { return bytes[pick(random)]; });
+            const CTextAtTheEnd row(text, shift);
+            for (const char* const delimiter : {" ", "|"}) {
+                const Parts parts = Split(row.View(), delimiter);
+                ASSERT_EQ(std::vector<std::string>(parts.begin(), parts.end()), SplitSlowly(text, delimiter));
+            }
+        }
+    }
+}
+
+TEST(SplitText, CutsAColumnThatFillsWholeBlocks) {
+    for (const std::size_t size : {63U, 64U, 65U, 128U, 200U}) {
+        const std::string column(size, 'x');
+        EXPECT_EQ(Split(column, " "), (Parts{column}));
+        EXPECT_EQ(Split(column + " " + column, " "), (Parts{column, column}));
+        EXPECT_EQ(Split("|" + column + "|  " + column + " |", "|"), (Parts{column, column}));
+    }
+}
+
+TEST(FindText, IsWhereTheWordFirstStands) {
+    EXPECT_EQ(FindText("abcabc", "bc"), 1U);
+    EXPECT_EQ(FindText("abcabc", "c"), 2U);
+    EXPECT_EQ(FindText("abcabc", "abcabc"), 0U);
+    EXPECT_EQ(FindText("abcabc", "abcabca"), std::string_view::npos);
+    EXPECT_EQ(FindText("abc", ""), 0U);
+    EXPECT_EQ(FindText("", ""), 0U);
+    EXPECT_EQ(FindText("", "a"), std::string_view::npos);
+}
+
+TEST(FindText, FindsWhatStringsFindInTextsOfAllLengthsAndPlaces) {
+    std::mt19937 random(6);
+    const std::string_view bytes = "ab\xB9\xB2";
+    std::uniform_int_distribution<std::size_t> pick(0, bytes.size() - 1);
+    for (std::size_t size = 0; size <= 150; ++size) {
+        for (std::size_t shift = 0; shift < 16; ++shift) {
+            std::string text(size, ' ');
+            std::ranges::generate(text, [&] { return bytes[pick(random)]; });
+            const CTextAtTheEnd view(text, shift);
+            for (const char* const word : {"a", "\xB9\xB2", "ab\xB9", "abab\xB2", "aaaaaaa"}) {
+                ASSERT_EQ(FindText(view.View(), word), text.find(word)) << size << " " << shift << " " << word;
+            }
         }
     }
 }
