@@ -1,7 +1,11 @@
 // Tables of columns: which column of a row fills which field of a record, and how.
 #pragma once
 
+#include <algorithm>
+#include <array>
+#include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <span>
 #include <string_view>
@@ -24,6 +28,18 @@ enum class Treatment {
     MustExist,      ///< a copy; a row without the column raises the invalid-argument error
 };
 
+/// Where a text field of a record lies.
+template <class Record>
+struct FieldSlot {
+    std::uint16_t offset;  ///< bytes from the record's start
+    std::uint16_t most;    ///< bytes that the field takes, less its zero
+
+    /// Sets the field, as CopyField does.
+    void Set(Record& record, std::string_view text) const {
+        CopyText(reinterpret_cast<char*>(&record) + offset, text.substr(0, most));
+    }
+};
+
 namespace columns {
 
 template <class Member>
@@ -31,30 +47,36 @@ struct MemberOf;
 template <class Class, std::size_t N>
 struct MemberOf<char (Class::*)[N]> {
     using Record = Class;
+    static constexpr std::size_t kMost = N - 1;
 };
 
-template <auto Member, std::size_t Most = std::string_view::npos>
-void SetField(typename MemberOf<decltype(Member)>::Record& record, std::string_view text) {
-    CopyField(record.*Member, text.substr(0, Most));
+/// A pointer to a member doesn't tell its offset, but a byte that is set through it does.
+template <auto Member>
+consteval std::size_t OffsetOf() {
+    using Record = typename MemberOf<decltype(Member)>::Record;
+    Record record{};
+    (record.*Member)[0] = 1;
+    const auto bytes = std::bit_cast<std::array<unsigned char, sizeof(Record)>>(record);
+    std::size_t offset = 0;
+    while (bytes[offset] == 0) ++offset;
+    return offset;
 }
 
 }  // namespace columns
 
-/// Sets one text field of a record.
-template <class Record>
-using FieldSetter = void (*)(Record&, std::string_view);
-
-/// The setter of a field: Slot<&MatchRecord::CONTRACT>.
-template <auto Member>
-inline constexpr auto Slot = &columns::SetField<Member>;
-
-/// The same, of a field that this layout cuts shorter than its width.
+/// The slot of a field that this layout cuts to `Most` bytes.
 template <auto Member, std::size_t Most>
-inline constexpr auto CutSlot = &columns::SetField<Member, Most>;
+inline constexpr FieldSlot<typename columns::MemberOf<decltype(Member)>::Record> CutSlot{
+    static_cast<std::uint16_t>(columns::OffsetOf<Member>()),
+    static_cast<std::uint16_t>(std::min(Most, columns::MemberOf<decltype(Member)>::kMost))};
+
+/// The slot of a whole field: Slot<&MatchRecord::CONTRACT>.
+template <auto Member>
+inline constexpr auto Slot = CutSlot<Member, columns::MemberOf<decltype(Member)>::kMost>;
 
 template <class Record>
 struct Column {
-    FieldSetter<Record> field;
+    FieldSlot<Record> field;
     std::size_t column;  ///< counted from 0
     Treatment treatment = Treatment::Copy;
 };
@@ -76,6 +98,7 @@ template <class Record, std::size_t N>
 
 /// What `column` becomes in a field. Valid as long as `column`.
 [[nodiscard]] constexpr std::string_view Treated(std::string_view column, Treatment treatment) {
+    if (treatment == Treatment::Copy) return column;  // nearly all of them
     switch (treatment) {
         case Treatment::Side:
             return Contains(column, "买"_gbk) ? "买"_gbk : "卖"_gbk;
@@ -112,7 +135,7 @@ template <class Record>
 void FillRecord(Record& record, Row row, std::span<const Column<Record>> table) {
     for (const auto& entry : table) {
         if (entry.treatment == Treatment::MustExist) RequireColumn(row, entry.column);
-        if (entry.column < row.size()) entry.field(record, Treated(row[entry.column], entry.treatment));
+        if (entry.column < row.size()) entry.field.Set(record, Treated(row[entry.column], entry.treatment));
     }
 }
 

@@ -32,7 +32,7 @@ constexpr std::string_view kFloatingPL = "浮动盈亏"_gbk;
 
 struct RowLabel {
     std::string_view word;
-    FieldSetter<MoneyRecord> field;
+    FieldSlot<MoneyRecord> field;
 };
 
 // The first that a row contains takes it.
@@ -59,12 +59,12 @@ std::string_view NamesIn(std::string_view heading, bool isFirstBlock) {
 }
 
 /// The values of a row go to the currencies in their order; what a row has too much is dropped.
-void SetValues(Row values, FieldSetter<MoneyRecord> field, Records& records) {
+void SetValues(Row values, FieldSlot<MoneyRecord> field, Records& records) {
     std::string text;
     for (std::size_t i = 0; i < std::min(values.size(), records.size()); ++i) {
         text.clear();
         std::ranges::copy_if(values[i], std::back_inserter(text), [](char byte) { return byte != ','; });
-        field(records[i], text);
+        field.Set(records[i], text);
     }
 }
 
@@ -101,7 +101,7 @@ public:
     }
 
 private:
-    void Set(std::string_view label, FieldSetter<MoneyRecord> field) {
+    void Set(std::string_view label, FieldSlot<MoneyRecord> field) {
         SetValues(values_, field, records_);
         if (listener_ != nullptr) listener_->OnLabelMet(label);
     }

@@ -37,7 +37,7 @@ void ReadMoneyRow(Row row, std::span<const MoneyLabel> labels, MoneyRecord& reco
         for (const MoneyLabel& label : labels) {
             const std::size_t value = column + label.ValueOffset();
             if (value >= row.size() || !Matches(label, row, column)) continue;
-            label.field(record, row[value]);
+            label.field.Set(record, row[value]);
             if (listener != nullptr) listener->OnLabelMet(label.word);
         }
     }

@@ -16,7 +16,7 @@ enum class LabelMatch {
 };
 
 struct MoneyLabel {
-    FieldSetter<MoneyRecord> field;
+    FieldSlot<MoneyRecord> field;
     LabelMatch match;
     std::string_view word;
     std::string_view second = {};

@@ -18,7 +18,7 @@ std::unique_ptr<MoneyRecord> MakeMoneyRecord(std::string_view day, Row row,
     auto record = MakeRecord(day, row, columns);
     if (std::max(cashFlow.deposits, cashFlow.withdrawals) < row.size()) {
         const double amount = ParseAmount(row[cashFlow.deposits]) - ParseAmount(row[cashFlow.withdrawals]);
-        cashFlow.field(*record, CNumberText(amount).View());
+        cashFlow.field.Set(*record, CNumberText(amount).View());
     }
     return record;
 }

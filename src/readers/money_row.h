@@ -16,7 +16,7 @@ inline constexpr std::size_t kNoColumn = static_cast<std::size_t>(-1);
 struct CashFlowColumns {
     std::size_t deposits = kNoColumn;
     std::size_t withdrawals = kNoColumn;
-    FieldSetter<MoneyRecord> field = Slot<&MoneyRecord::CRJ>;
+    FieldSlot<MoneyRecord> field = Slot<&MoneyRecord::CRJ>;
 };
 
 /// A record of `row`.

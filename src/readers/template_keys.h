@@ -19,7 +19,7 @@ inline constexpr std::size_t kLongestTemplateText = 31;  ///< bytes that count o
 template <class Record>
 struct TemplateColumnKey {
     std::string_view key;
-    FieldSetter<Record> field;
+    FieldSlot<Record> field;
     Treatment treatment = Treatment::Copy;
 };
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <memory>
 #include <span>
 #include <string>
@@ -33,6 +34,25 @@ TEST(Treated, TakesTheSideFromTheWordForBuying) {
         EXPECT_EQ(Treated(Gbk(row.column), Treatment::Side), Gbk(row.side)) << row.column;
         EXPECT_EQ(Treated(Gbk(row.column), Treatment::InvertedSide), Gbk(row.inverted)) << row.column;
     }
+}
+
+TEST(Slot, IsWhereTheFieldLies) {
+    EXPECT_EQ(Slot<&MatchRecord::BILL_DATE>.offset, 0U);
+    EXPECT_EQ(Slot<&MatchRecord::MATCH_DATE>.offset, offsetof(MatchRecord, MATCH_DATE));
+    EXPECT_EQ(Slot<&MoneyRecord::QLJSZ>.offset, offsetof(MoneyRecord, QLJSZ));
+    EXPECT_EQ(Slot<&OpiDetail::CURRENCY>.offset, offsetof(OpiDetail, CURRENCY));
+    EXPECT_EQ(Slot<&MatchRecord::CONTRACT>.most, 80U);
+    EXPECT_EQ((CutSlot<&MatchRecord::MATCHNO, 8>.most), 8U);
+    EXPECT_EQ((CutSlot<&MatchRecord::MATCHNO, 99>.most), 15U);
+}
+
+TEST(Slot, SetsItsFieldAndNoOther) {
+    MatchRecord record{};
+    Slot<&MatchRecord::MATCH_PRICE>.Set(record, "12345678901234567");
+    CutSlot<&MatchRecord::MATCHNO, 8>.Set(record, "1234567890");
+    EXPECT_EQ(FieldsOf(record), (Fields{{"MATCH_PRICE", "123456789012345"}, {"MATCHNO", "12345678"}}));
+    Slot<&MatchRecord::MATCH_PRICE>.Set(record, "");
+    EXPECT_STREQ(record.MATCH_PRICE, "");
 }
 
 constexpr Column<MatchRecord> kColumns[] = {
