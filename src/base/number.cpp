@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <string_view>
 #include <system_error>
 
@@ -44,11 +45,38 @@ bool IsHuge(std::string_view text) {
     return ParseInteger(exponent) + point - firstDigit > 0;
 }
 
+/// A plain decimal of so few digits that they and the power of ten are exact as doubles: their quotient is then rounded
+/// once, as from_chars rounds. Nothing for any other text.
+std::optional<double> ParseShortDecimal(std::string_view text) {
+    constexpr std::size_t kMostDigits = 15;
+    constexpr double kPowers[kMostDigits + 1] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    std::int64_t value = 0;
+    std::size_t digits = 0;
+    std::size_t decimals = 0;
+    bool isBehindPoint = false;
+    for (const char byte : text) {
+        if (IsDigit(byte)) {
+            if (++digits > kMostDigits) return std::nullopt;
+            value = value * 10 + (byte - '0');
+            decimals += isBehindPoint ? 1 : 0;
+        } else if (byte == '.' && !isBehindPoint) {
+            isBehindPoint = true;
+        } else if (byte == 'e' || byte == 'E') {
+            return std::nullopt;
+        } else {
+            break;
+        }
+    }
+    return static_cast<double>(value) / kPowers[decimals];
+}
+
 }  // namespace
 
 double ParseAmount(std::string_view text) {
     const auto [negative, digits] = TakeSign(text);
     if (!OpensNumber(digits)) return 0.0;
+    if (const auto amount = ParseShortDecimal(digits)) return negative ? -*amount : *amount;
     double value = 0.0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     if (error == std::errc::result_out_of_range) {

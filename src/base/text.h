@@ -103,7 +103,9 @@ void CopyField(char (&field)[N], std::string_view text) {
 
 /// What stands before the first digit; all of it without one.
 [[nodiscard]] constexpr std::string_view UpToFirstDigit(std::string_view text) {
-    return text.substr(0, std::min(text.find_first_of("0123456789"), text.size()));
+    std::size_t size = 0;
+    while (size < text.size() && !IsDigit(text[size])) ++size;
+    return text.substr(0, size);
 }
 
 inline constexpr char kFullWidthBlankByte = '\xA1';  ///< both bytes of the GBK full-width blank

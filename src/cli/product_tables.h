@@ -2,12 +2,11 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "base/text_hash.h"
 #include "report/product_source.h"
 
 namespace tradebill {
@@ -29,8 +28,8 @@ public:
     [[nodiscard]] std::optional<std::string> CodeOf(std::string_view name) const override;
 
 private:
-    std::map<std::string, std::int32_t, std::less<>> units_;
-    std::map<std::string, std::string, std::less<>> codes_;
+    TextMap<std::int32_t> units_;
+    TextMap<std::string> codes_;
 };
 
 }  // namespace tradebill

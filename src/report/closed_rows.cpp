@@ -1,8 +1,8 @@
 #include "report/closed_rows.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <string_view>
 
 #include "base/gbk.h"
@@ -12,6 +12,7 @@
 #include "report/offset_sides.h"
 #include "report/records.h"
 #include "report/report.h"
+#include "report/statement_format.h"
 
 namespace tradebill {
 namespace {
@@ -67,10 +68,10 @@ const OffsetSide* ClosedSideOf(const PingDetail& row) {
 }
 
 /// The page asks for the same unit by other texts (page/offset_section.cpp): there index futures go by a code.
-int32_t AskUnitOf(const PingDetail& row, const CReport& report) {
+int32_t AskUnitOf(const PingDetail& row, const StatementFormat& format, const CReport& report) {
     std::string_view contract = TrimByte(FieldText(row.CONTRACT), ' ');
     std::string_view delivery;
-    if (report.Format().printsNames) {
+    if (format.printsNames) {
         contract = TrimByte(contract, kFullWidthBlankByte);
         delivery = TrimByte(FieldText(row.DELIVERY), ' ');
     }
@@ -80,22 +81,29 @@ int32_t AskUnitOf(const PingDetail& row, const CReport& report) {
 class CTallyKey {
 public:
     explicit CTallyKey(const PingDetail& row, bool withDelivery) {
-        const int length = withDelivery ? std::snprintf(text_.data(), text_.size(), "%s-%s", row.CONTRACT, row.DELIVERY)
-                                        : std::snprintf(text_.data(), text_.size(), "%s", row.CONTRACT);
-        size_ = static_cast<std::size_t>(length);  // contract and delivery month are 88 bytes at most
+        Append(FieldText(row.CONTRACT));
+        if (!withDelivery) return;
+        Append("-");
+        Append(FieldText(row.DELIVERY));
     }
     [[nodiscard]] std::string_view View() const { return {text_.data(), size_}; }
 
 private:
-    std::array<char, 128> text_;
-    std::size_t size_;
+    void Append(std::string_view text) {
+        CopyText(text_.data() + size_, text);
+        size_ += text.size();
+    }
+
+    std::array<char, sizeof(PingDetail::CONTRACT) + 1 + sizeof(PingDetail::DELIVERY) + 1> text_;
+    std::size_t size_ = 0;
 };
 
 }  // namespace
 
 void FoldClosedRow(const PingDetail& row, CReport& report) {
-    const CTallyKey key(row, report.Format().namesDeliveryApart);
-    const int32_t unit = AskUnitOf(row, report);
+    const StatementFormat& format = report.Format();
+    const CTallyKey key(row, format.namesDeliveryApart);
+    const int32_t unit = AskUnitOf(row, format, report);
     const OffsetSide* const side = ClosedSideOf(row);
     const auto [offset, isNew] = report.ReportDocument.FindOrCreate(key.View(), row);
     if (side == nullptr) return;  // a new contract is listed all the same, with zeros

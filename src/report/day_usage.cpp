@@ -53,13 +53,19 @@ void ApplyRow(ContractPosition& position, const PositionRow& row) {
 }  // namespace
 
 void CDayUsage::AddRow(std::string_view product, const PositionRow& row) {
-    ContractPosition*& slot = byProduct_[std::string(product)];
-    if (slot == nullptr) {
-        Positions.push_back(std::make_unique<ContractPosition>());
-        slot = Positions.back().get();
-        slot->Product = product;
+    ApplyRow(FindOrCreate(product), row);
+}
+
+ContractPosition& CDayUsage::FindOrCreate(std::string_view product) {
+    if (latest_ != nullptr && latest_->Product == product) return *latest_;
+    if (const auto found = byProduct_.find(product); found != byProduct_.end()) {
+        latest_ = found->second;
+        return *latest_;
     }
-    ApplyRow(*slot, row);
+    latest_ = Positions.emplace_back(std::make_unique<ContractPosition>()).get();
+    latest_->Product = product;
+    byProduct_.emplace(product, latest_);
+    return *latest_;
 }
 
 }  // namespace tradebill

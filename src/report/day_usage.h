@@ -5,8 +5,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
+
+#include "base/text_hash.h"
 
 namespace tradebill {
 
@@ -44,7 +45,10 @@ public:
     void AddRow(std::string_view product, const PositionRow& row);
 
 private:
-    std::unordered_map<std::string, ContractPosition*> byProduct_;
+    [[nodiscard]] ContractPosition& FindOrCreate(std::string_view product);
+
+    TextMap<ContractPosition*> byProduct_;
+    ContractPosition* latest_ = nullptr;  // of what was found or made; lots of one product stand together
 };
 
 }  // namespace tradebill

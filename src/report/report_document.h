@@ -2,14 +2,12 @@
 // lie.
 #pragma once
 
-#include <cstddef>
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
+#include "base/text_hash.h"
 #include "report/records.h"
 
 namespace tradebill {
@@ -43,11 +41,7 @@ public:
     void ClearOffsets();
 
 private:
-    struct TextHash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
-    };
-    std::unordered_map<std::string, ContractOffset*, TextHash, std::equal_to<>> byKey_;
+    TextMap<ContractOffset*> byKey_;
 };
 
 }  // namespace tradebill

@@ -70,9 +70,10 @@ void CTradeStatistics::SetEquity(std::string_view day, double equity, double mar
 }
 
 void CTradeStatistics::FeedOpiSum(const OpiSum& row, std::string_view product) {
+    const std::string_view day = FieldText(row.BILL_DATE);
     const bool isLong = FieldText(row.BID) == "买"_gbk;
-    AddRow(FieldText(row.BILL_DATE), product,
-           {.day = FieldText(row.BILL_DATE),
+    AddRow(day, product,
+           {.day = day,
             .side = isLong ? "买"_gbk : "卖"_gbk,
             .lots = IntegerIn(row.POSITION_VOL),
             .margin = AmountIn(row.DEPOSIT),
@@ -80,9 +81,11 @@ void CTradeStatistics::FeedOpiSum(const OpiSum& row, std::string_view product) {
 }
 
 void CTradeStatistics::FeedOpiDetail(const OpiDetail& row, std::string_view product) {
-    const bool isLong = FieldText(row.BID) == "买"_gbk || FieldText(row.BID) == "多"_gbk;
-    AddRow(FieldText(row.BILL_DATE), product,
-           {.day = FieldText(row.BILL_DATE),
+    const std::string_view day = FieldText(row.BILL_DATE);
+    const std::string_view bid = FieldText(row.BID);
+    const bool isLong = bid == "买"_gbk || bid == "多"_gbk;
+    AddRow(day, product,
+           {.day = day,
             .side = isLong ? "买"_gbk : "卖"_gbk,
             .lots = IntegerIn(row.POSITION_VOL),
             .margin = AmountIn(row.DEPOSIT),

@@ -8,9 +8,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
+#include "base/text_hash.h"
 #include "report/day_usage.h"
 #include "report/money_record.h"
 #include "report/records.h"
@@ -36,28 +36,31 @@ public:
 
     /// The record of `day`, or null. Valid until Clear().
     [[nodiscard]] Figures* Find(std::string_view day) const {
-        const auto found = byDay_.find(std::string(day));
+        const auto found = byDay_.find(day);
         return found == byDay_.end() ? nullptr : found->second;
     }
 
     /// Likewise; a new one knows nothing but its day.
     Figures& FindOrCreate(std::string_view day) {
-        Figures*& slot = byDay_[std::string(day)];
-        if (slot == nullptr) {
-            Days.push_back(std::make_unique<Figures>());
-            slot = Days.back().get();
-            slot->Day = day;
+        if (latest_ != nullptr && latest_->Day == day) return *latest_;
+        latest_ = Find(day);
+        if (latest_ == nullptr) {
+            latest_ = Days.emplace_back(std::make_unique<Figures>()).get();
+            latest_->Day = day;
+            byDay_.emplace(day, latest_);
         }
-        return *slot;
+        return *latest_;
     }
 
     void Clear() {
         Days.clear();
         byDay_.clear();
+        latest_ = nullptr;
     }
 
 private:
-    std::unordered_map<std::string, Figures*> byDay_;
+    TextMap<Figures*> byDay_;
+    Figures* latest_ = nullptr;  // of what was found or made; rows come day by day
 };
 
 class CTradeStatistics {

@@ -3,14 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <bit>
 #include <cfloat>
+#include <charconv>
 #include <climits>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
 #include <random>
 #include <string>
+#include <system_error>
 
 namespace tradebill::number_test {
 namespace {
@@ -106,6 +111,30 @@ TEST(ParseAmount, AgreesWithTheLibraryOnDecimalNumbers) {
         text += '.';
         for (int k = length(random); k > 0; --k) text += static_cast<char>('0' + digit(random));
         EXPECT_EQ(ParseAmount(text), std::strtod(text.c_str(), nullptr)) << text;
+    }
+}
+
+/// Short decimals are read in a way of their own; on both sides of their bounds they must be the nearest doubles.
+TEST(ParseAmount, ReadsShortAndLongDecimalsToTheSameBits) {
+    std::mt19937_64 random(11);
+    const auto below = [&random](std::uint64_t bound) { return static_cast<std::size_t>(random() % bound); };
+    for (int i = 0; i < 200000; ++i) {
+        std::string text;
+        const std::size_t digits = 1 + below(19);
+        const std::size_t point = below(digits + 1);  // behind this many digits; half the time none at the end
+        for (std::size_t k = 0; k < digits; ++k) {
+            if (k == point) text += '.';
+            text += static_cast<char>('0' + below(10));
+        }
+        if (point == digits && below(2) == 0) text += '.';
+        if (below(20) == 0) text += "e-" + std::to_string(below(30));
+        double expected = 0;
+        ASSERT_EQ(std::from_chars(text.data(), text.data() + text.size(), expected).ec, std::errc{}) << text;
+        for (const char* const behind : {"", " ", "x", ",5", "-"}) {
+            ASSERT_EQ(std::bit_cast<std::uint64_t>(ParseAmount(text + behind)), std::bit_cast<std::uint64_t>(expected))
+                << text << behind;
+        }
+        ASSERT_EQ(std::bit_cast<std::uint64_t>(ParseAmount(" -" + text)), std::bit_cast<std::uint64_t>(-expected));
     }
 }
 

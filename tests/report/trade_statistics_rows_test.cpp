@@ -125,6 +125,43 @@ TEST_F(PositionRows, OfANewDayDontReachThePositionOfAnother) {
     EXPECT_EQ(statistics_.DayUsages.Days.size(), 2U);
 }
 
+TEST(DaySeries, FindsItsDaysInAnyOrder) {
+    CDaySeries<DayFigure> series;
+    DayFigure& first = series.FindOrCreate("20240102");
+    DayFigure& second = series.FindOrCreate("20240103");
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_EQ(&series.FindOrCreate("20240102"), &first);
+        EXPECT_EQ(&series.FindOrCreate("20240102"), &first);
+        EXPECT_EQ(&series.FindOrCreate("20240103"), &second);
+    }
+    EXPECT_EQ(series.Find("20240102"), &first);
+    EXPECT_EQ(series.Find("20240104"), nullptr);
+    EXPECT_EQ(series.Days.size(), 2U);
+}
+
+TEST(DaySeries, KnowsNoDayAfterClear) {
+    CDaySeries<DayFigure> series;
+    series.FindOrCreate("20240102").Closing = 5;
+    series.Clear();
+    EXPECT_EQ(series.Find("20240102"), nullptr);
+    EXPECT_EQ(series.FindOrCreate("20240102").Closing, 0);
+    EXPECT_EQ(series.Days.size(), 1U);
+}
+
+TEST(DayUsage, FindsItsProductsInAnyOrder) {
+    CDayUsage usage;
+    const auto add = [&usage](std::string_view product) {
+        usage.AddRow(product, {.day = "20240102", .side = "x", .lots = 1, .margin = 10, .isSummary = false});
+    };
+    for (const char* const product : {"cu", "cu", "al", "cu", "al", "al", ""}) add(product);
+    ASSERT_EQ(usage.Positions.size(), 3U);
+    EXPECT_EQ(usage.Positions[0]->Product, "cu");
+    EXPECT_EQ(usage.Positions[0]->Lots, 3);
+    EXPECT_EQ(usage.Positions[1]->Product, "al");
+    EXPECT_EQ(usage.Positions[1]->Lots, 3);
+    EXPECT_EQ(usage.Positions[2]->Product, "");
+}
+
 TEST_F(PositionRows, OfAllDeliveryMonthsMakeOnePosition) {
     for (const auto feed : {FeedDetail, FeedSum}) {
         statistics_.Clear();
