@@ -13,8 +13,11 @@
 #include "cli/progress_line.h"
 #include "cli/report_options.h"
 #include "cli/usage_error.h"
+#include "driver/report_days.h"
+#include "driver/report_request.h"
 #include "driver/report_run.h"
 #include "paint/font.h"
+#include "paint/font_search.h"
 #include "platform/screen.h"
 #include "platform/terminal.h"
 #include "report/report.h"
@@ -35,6 +38,12 @@ std::string CodeText(std::uint32_t code) {
     std::ostringstream text;
     text << "0x" << std::hex << std::uppercase << std::setw(8) << std::setfill('0') << code;
     return text.str();
+}
+
+/// Beside the reading of many days; that of a few takes less than a thread does.
+std::unique_ptr<CFontSearch> FindFontsMeanwhile(const GenerateBillRequest& request) {
+    constexpr int kManyDays = 30;
+    return CountDays(ReportDaysOf(request)) >= kManyDays ? std::make_unique<CFontSearch>() : nullptr;
 }
 
 }  // namespace
@@ -62,9 +71,9 @@ std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prep
     if (!quiet) {
         for (const std::string& note : prepared.notes) std::cerr << "tradebill: " << note << "\n";
     }
-    WarnWithoutFonts();
     RunResult result;
     try {
+        const auto fonts = FindFontsMeanwhile(prepared.request);
         std::unique_ptr<CProgressLine> progress;
         if (!quiet && IsErrorOutputTerminal()) progress = std::make_unique<CProgressLine>();
         result = run(report, prepared.request, progress.get());
@@ -72,6 +81,7 @@ std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prep
         Fail("the run failed with code " + CodeText(error.Code()) + ": " + error.what());
         return std::nullopt;
     }
+    WarnWithoutFonts();
     WarnOfEmptyAccount(report, result);
     return result;
 }

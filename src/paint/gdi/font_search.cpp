@@ -1,0 +1,10 @@
+#include "paint/font_search.h"
+
+namespace tradebill {
+
+struct CFontSearch::Worker {};
+
+CFontSearch::CFontSearch() = default;  // the system keeps its fonts ready
+CFontSearch::~CFontSearch() = default;
+
+}  // namespace tradebill
