@@ -14,6 +14,8 @@
 #include <string_view>
 #include <utility>
 
+#include "paint/freetype/font_stream.h"
+
 namespace tradebill {
 namespace {
 
@@ -169,8 +171,13 @@ bool CFontFamily::AddFallback() {
 
 FT_Face OpenFontFile(const char* path, int index) {
     const std::scoped_lock guard(FontLock());
+    const auto stream = Library() != nullptr ? OpenFontStream(path) : nullptr;
+    if (stream == nullptr) return nullptr;
+    FT_Open_Args how{};
+    how.flags = FT_OPEN_STREAM;
+    how.stream = stream;  // freed with the face, or at once if none comes of it
     FT_Face face = nullptr;
-    return Library() != nullptr && FT_New_Face(Library(), path, index, &face) == 0 ? face : nullptr;
+    return FT_Open_Face(Library(), &how, index, &face) == 0 ? face : nullptr;
 }
 
 CFontFamily& FamilyFor(const std::string& name, bool bold) {
