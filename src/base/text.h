@@ -4,6 +4,7 @@
 
 #include <string.h>
 #include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -20,10 +21,22 @@ namespace tradebill {
     return byte >= '0' && byte <= '9';
 }
 
-/// The text of a zero-terminated field; all of it if the zero is missing.
+/// The text of a zero-terminated field; all of it if the zero is missing. Most end within their first bytes: these are
+/// looked at eight at a time before a call of strnlen is worth it.
 template <std::size_t N>
 [[nodiscard]] std::string_view FieldText(const char (&field)[N]) {
-    return {field, ::strnlen(field, N)};
+    std::size_t at = 0;
+    if constexpr (std::endian::native == std::endian::little) {
+        constexpr std::uint64_t kLows = 0x0101010101010101;
+        constexpr std::uint64_t kHighs = kLows << 7;
+        for (; at + sizeof(std::uint64_t) <= std::min<std::size_t>(N, 16); at += sizeof(std::uint64_t)) {
+            std::uint64_t bytes;
+            std::memcpy(&bytes, field + at, sizeof bytes);
+            const std::uint64_t zeros = (bytes - kLows) & ~bytes & kHighs;  // the lowest mark is that of a zero byte
+            if (zeros != 0) return {field, at + static_cast<std::size_t>(std::countr_zero(zeros)) / 8};
+        }
+    }
+    return {field, at + ::strnlen(field + at, N - at)};
 }
 
 /// Copies `text` to `field` and terminates it. Most texts are a few bytes long: two copies of a fixed size that overlap
