@@ -1,5 +1,7 @@
 #include "report/day_usage.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string_view>
@@ -8,6 +10,8 @@
 
 namespace tradebill {
 namespace {
+
+constexpr std::size_t kMostSearched = 16;  // products of a day, before a map is worth its memory
 
 void OpenPosition(ContractPosition& position, const PositionRow& row) {
     if (row.lots <= 0) return;
@@ -56,15 +60,27 @@ void CDayUsage::AddRow(std::string_view product, const PositionRow& row) {
     ApplyRow(FindOrCreate(product), row);
 }
 
-ContractPosition& CDayUsage::FindOrCreate(std::string_view product) {
-    if (latest_ != nullptr && latest_->Product == product) return *latest_;
-    if (const auto found = byProduct_.find(product); found != byProduct_.end()) {
-        latest_ = found->second;
-        return *latest_;
+ContractPosition* CDayUsage::Find(std::string_view product) {
+    if (latest_ != nullptr && latest_->Product == product) return latest_;
+    if (byProduct_.empty()) {
+        const auto found = std::ranges::find(
+            Positions, product, [](const auto& position) -> std::string_view { return position->Product; });
+        return found != Positions.end() ? found->get() : nullptr;
     }
+    const auto found = byProduct_.find(product);
+    return found != byProduct_.end() ? found->second : nullptr;
+}
+
+ContractPosition& CDayUsage::FindOrCreate(std::string_view product) {
+    latest_ = Find(product);
+    if (latest_ != nullptr) return *latest_;
     latest_ = Positions.emplace_back(std::make_unique<ContractPosition>()).get();
     latest_->Product = product;
-    byProduct_.emplace(product, latest_);
+    if (Positions.size() > kMostSearched) {
+        for (std::size_t i = byProduct_.size(); i < Positions.size(); ++i) {
+            byProduct_.emplace(Positions[i]->Product, Positions[i].get());
+        }
+    }
     return *latest_;
 }
 

@@ -45,10 +45,11 @@ public:
     void AddRow(std::string_view product, const PositionRow& row);
 
 private:
+    [[nodiscard]] ContractPosition* Find(std::string_view product);
     [[nodiscard]] ContractPosition& FindOrCreate(std::string_view product);
 
-    TextMap<ContractPosition*> byProduct_;
-    ContractPosition* latest_ = nullptr;  // of what was found or made; lots of one product stand together
+    TextMap<ContractPosition*> byProduct_;  // of a day with many products; empty for others
+    ContractPosition* latest_ = nullptr;    // of what was found or made; lots of one product stand together
 };
 
 }  // namespace tradebill
