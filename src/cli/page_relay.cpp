@@ -12,7 +12,7 @@
 namespace tradebill {
 namespace {
 
-constexpr std::size_t kMostWaiting = 8;  // blocks of some 64 KiB
+constexpr std::size_t kMostWaiting = 4;  // blocks of some 256 KiB
 
 }  // namespace
 

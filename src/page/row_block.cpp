@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <span>
@@ -32,25 +33,52 @@ char* PutRowTag(char* to, std::string_view rowClass) {
     return Put(Put(Put(to, kClassedRow), rowClass), kClassedRowEnd);
 }
 
-/// What a closing would change begins with one of these.
-bool IsPlain(std::string_view text) {
-    bool found = false;
-    for (const char byte : text) found |= byte == '<' || byte == '\n';
-    return !found;
+/// Not 0 if one of the word's bytes is one with which begins what a closing would change.
+std::uint64_t Suspects(std::uint64_t word) {
+    constexpr std::uint64_t kLows = 0x0101010101010101;
+    const auto markEqual = [](std::uint64_t bytes, char wanted) {
+        const std::uint64_t differing = bytes ^ (kLows * static_cast<unsigned char>(wanted));
+        return (differing - kLows) & ~differing & (kLows << 7);
+    };
+    return markEqual(word, '<') | markEqual(word, '\n');
+}
+
+/// A text of one to two words: both ends, which may overlap.
+template <class Word>
+std::uint64_t PutEnds(char* to, std::string_view text) {
+    const std::size_t lastAt = text.size() - sizeof(Word);
+    Word first;
+    Word last;
+    std::memcpy(&first, text.data(), sizeof first);
+    std::memcpy(&last, text.data() + lastAt, sizeof last);
+    std::memcpy(to, &first, sizeof first);
+    std::memcpy(to + lastAt, &last, sizeof last);
+    return Suspects(first) | Suspects(last);
+}
+
+/// Copies the text of a cell and looks at its bytes on the way. Most are a few bytes long. Not 0 for suspects.
+std::uint64_t PutText(char* to, std::string_view text) {
+    if (text.size() >= 8 && text.size() <= 16) return PutEnds<std::uint64_t>(to, text);
+    if (text.size() >= 4 && text.size() < 8) return PutEnds<std::uint32_t>(to, text);
+    std::uint64_t suspects = 0;
+    for (const char byte : text) suspects |= static_cast<std::uint64_t>(byte == '<' || byte == '\n');
+    Put(to, text);
+    return suspects;
 }
 
 }  // namespace
 
 void CRowBlock::AddRow(std::span<const OpenedCell> cells, std::string_view rowClass) {
     std::size_t size = SizeOfRowTag(rowClass) + cells.size() * kCellEnd.size() + kRowEnd.size();
-    bool isPlain = true;
-    for (const OpenedCell& cell : cells) {
-        size += cell.opening.size() + cell.text.size();
-        isPlain &= IsPlain(cell.text);
-    }
-    if (!isPlain) kind_ = TextKind::Any;
+    for (const OpenedCell& cell : cells) size += cell.opening.size() + cell.text.size();
     char* to = PutRowTag(Room(size), rowClass);
-    for (const OpenedCell& cell : cells) to = Put(Put(Put(to, cell.opening), cell.text), kCellEnd);
+    std::uint64_t suspects = 0;
+    for (const OpenedCell& cell : cells) {
+        to = Put(to, cell.opening);
+        suspects |= PutText(to, cell.text);
+        to = Put(to + cell.text.size(), kCellEnd);
+    }
+    if (suspects != 0) kind_ = TextKind::Any;
     Put(to, kRowEnd);
     size_ += size;
 }
@@ -73,7 +101,7 @@ void CRowBlock::Clear() {
 
 /// Where the next `size` bytes go.
 char* CRowBlock::Room(std::size_t size) {
-    constexpr std::size_t kUsualBlock = std::size_t{64} * 1024;
+    constexpr std::size_t kUsualBlock = std::size_t{256} * 1024;
     if (size_ + size > room_) {
         const std::size_t room = std::max({kUsualBlock, room_ * 2, size_ + size});
         auto bytes = std::make_unique_for_overwrite<char[]>(room);

@@ -17,8 +17,8 @@
 namespace tradebill {
 namespace {
 
-// A row is under 4 KiB, so that a block is no more than 64 KiB: it stays in the processor's cache until it is written.
-constexpr std::size_t kBlockSize = std::size_t{60} * 1024;
+// A row is under 4 KiB, so that a block is no more than 256 KiB: it stays in the processor's cache until it is written.
+constexpr std::size_t kBlockSize = std::size_t{252} * 1024;
 
 }  // namespace
 

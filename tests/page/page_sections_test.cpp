@@ -144,7 +144,7 @@ public:
     [[nodiscard]] const CPictureLinks& Links() const override { return links_; }
     void AddStyle(std::string_view /*block*/) override {}
     void AddText(std::string_view text) override {
-        constexpr std::size_t kManyRows = std::size_t{150} * 1024;
+        constexpr std::size_t kManyRows = std::size_t{300} * 1024;
         bytes_ += text.size();
         if (bytes_ > kManyRows) SignalHostEvent(stop_);
     }
@@ -181,7 +181,7 @@ private:
 };
 
 TEST_P(TableSectionStop, AtALaterRowLeavesAllRowsBeforeItOnDisk) {
-    GetParam().fill(report, 500);
+    GetParam().fill(report, 1500);
     const std::string whole = WholeSection();
     const std::string head = Gbk(kHead);
     for (const bool wasClosed : {false, true}) {  // behind a whole page rows go to disk as they come

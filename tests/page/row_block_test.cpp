@@ -51,6 +51,27 @@ TEST(RowBlock, TellsOfTextsThatAClosingMayChange) {
     }
 }
 
+TEST(RowBlock, CopiesAndLooksAtTextsOfAllLengths) {
+    const std::string bytes = "0123456789.-;=\x3D\x3B\x0B\x09\xBC\x8A\x80\xFF\xC2\xF2 ab";
+    for (std::size_t length = 0; length <= 40; ++length) {
+        std::string text;
+        while (text.size() < length) text += bytes[(length * 7 + text.size() * 5) % bytes.size()];
+        CRowBlock plain;
+        plain.AddRow(std::vector<OpenedCell>{{text, "<td>"}}, "");
+        ASSERT_EQ(plain.View(), "<tr>\r\n<td>" + text + "</span></td></tr>\r\n");
+        ASSERT_EQ(plain.Kind(), TextKind::PlainLines) << length;
+        for (std::size_t at = 0; at < length; ++at) {
+            for (const char suspect : {'<', '\n'}) {
+                std::string odd = text;
+                odd[at] = suspect;
+                CRowBlock block;
+                block.AddRow(std::vector<OpenedCell>{{"1", "<td>"}, {odd, "<td>"}}, "");
+                ASSERT_EQ(block.Kind(), TextKind::Any) << length << " " << at;
+            }
+        }
+    }
+}
+
 TEST(RowBlock, IsPlainAgainOnceItIsEmpty) {
     CRowBlock block;
     block.AddRow(std::vector<OpenedCell>{{"<html>", "<td>"}}, "");
