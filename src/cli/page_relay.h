@@ -15,8 +15,8 @@
 
 namespace tradebill {
 
-/// What is handed on comes in its order. A few blocks wait at most, so that memory doesn't grow with the page. Without a
-/// thread to be had everything is handed on at once.
+/// What is handed on comes in its order. A few blocks wait at most, so that memory doesn't grow with the page. Without
+/// a thread to be had everything is handed on at once.
 class CPageRelay final : public CPageSink {
 public:
     /// `sink` must outlive this. It is called from the other thread, but for Links().
