@@ -20,7 +20,7 @@ constexpr std::string_view kClassedRow = "<tr class='";
 constexpr std::string_view kClassedRowEnd = "'>\r\n";
 
 char* Put(char* to, std::string_view piece) {
-    std::memcpy(to, piece.data(), piece.size());
+    if (!piece.empty()) std::memcpy(to, piece.data(), piece.size());  // an empty one may be no text at all
     return to + piece.size();
 }
 
