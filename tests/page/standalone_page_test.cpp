@@ -53,7 +53,7 @@ TEST_F(StandalonePage, IsUtf8AndSaysSo) {
 }
 
 TEST_F(StandalonePage, HasItsStylesInTheHead) {
-    const std::string page = Whole([](CHtmlBuilder& page) {
+    const std::string whole = Whole([](CHtmlBuilder& page) {
         page.AddText("text");
         page.AddStyle({.className = "a"});
         page.AddStyle({.className = "b"});
@@ -62,7 +62,7 @@ TEST_F(StandalonePage, HasItsStylesInTheHead) {
         return "<style type='text/css'>\r\n." + name + "{\r\nline-height:100%;\r\n}\r\n</style>\r\n\r\n";
     };
     const std::string head = kBefore.substr(0, kBefore.find("</head>"));
-    EXPECT_EQ(page, head + style("a") + style("b") + "</head>\r\n<body>\r\ntext\r\n" + kBehind);
+    EXPECT_EQ(whole, head + style("a") + style("b") + "</head>\r\n<body>\r\ntext\r\n" + kBehind);
 }
 
 TEST_F(StandalonePage, EndsOpenLinesWhereThePageIsClosed) {
@@ -101,10 +101,10 @@ TEST_F(StandalonePage, PutsThemWhereThePageHasPaths) {
 }
 
 TEST_F(StandalonePage, FoldsByTheNamesOfItsButtons) {
-    const std::string page = Whole([this](CHtmlBuilder& page) { AddPageSections(page, report); });
-    EXPECT_NE(page.find("element.src=\"data:image/png;name=BillShrink.png;base64,YWJjZA==\";"), std::string::npos);
-    EXPECT_NE(page.find("element.src=\"data:image/png;name=BillExpand.png;base64,\";"), std::string::npos);
-    EXPECT_EQ(page.find("Image_files"), std::string::npos);
+    const std::string whole = Whole([this](CHtmlBuilder& page) { AddPageSections(page, report); });
+    EXPECT_NE(whole.find("element.src=\"data:image/png;name=BillShrink.png;base64,YWJjZA==\";"), std::string::npos);
+    EXPECT_NE(whole.find("element.src=\"data:image/png;name=BillExpand.png;base64,\";"), std::string::npos);
+    EXPECT_EQ(whole.find("Image_files"), std::string::npos);
 }
 
 TEST_F(StandalonePage, ShowsCellsAsTheyStand) {
@@ -129,16 +129,16 @@ TEST_F(StandalonePage, IsThePageOfAllSections) {
     report.Request.StatementFormat = 1;
     AddTrade(report, {{"BILL_DATE", "20240102"}, {"CONTRACT", "铜"}});
     AddClosed(report, {{"BILL_DATE", "20240102"}, {"CONTRACT", "铜"}});
-    std::string page = Whole([this](CHtmlBuilder& page) { AddPageSections(page, report); });
-    for (std::size_t at = page.find("data:"); at != std::string::npos; at = page.find("data:")) {
-        const std::size_t name = page.find("name=", at) + 5;
-        const std::string picture = page.substr(name, page.find(';', name) - name);
-        const char separator = page[at - 6] == '.' ? '/' : '\\';  // "element.src=" of a script
-        page.replace(at, page.find('"', at) - at, "Image_files" + (separator + picture));
+    std::string whole = Whole([this](CHtmlBuilder& page) { AddPageSections(page, report); });
+    for (std::size_t at = whole.find("data:"); at != std::string::npos; at = whole.find("data:")) {
+        const std::size_t name = whole.find("name=", at) + 5;
+        const std::string picture = whole.substr(name, whole.find(';', name) - name);
+        const char separator = whole[at - 6] == '.' ? '/' : '\\';  // "element.src=" of a script
+        whole.replace(at, whole.find('"', at) - at, "Image_files" + (separator + picture));
     }
     const std::string meta = "<meta charset=\"utf-8\">\r\n";
-    page.erase(page.find(meta), meta.size());
-    EXPECT_EQ(page, Page());
+    whole.erase(whole.find(meta), meta.size());
+    EXPECT_EQ(whole, Page());
 }
 
 TEST_F(StandalonePage, GetsThePageEvenIfItsOwnFileCantBeMade) {
