@@ -203,7 +203,7 @@ TEST_F(PageGathering, IsAsToldAfterAnyOperations) {
         for (int step = 0; step < 60 && !HasFailure(); ++step) {
             const std::string text = kTexts[random() % (isOdd ? kTexts.size() : 2)];
             const std::string big = random() % 8 == 0 ? std::string(random() % 150000, 'b') + "\r\n" : "";
-            const unsigned operation = random() % 10;
+            const auto operation = random() % 10;
             for (CHtmlBuilder* const page : {&told, &gathered}) {
                 if (operation < 3) page->ClosePage();
                 if (operation == 3) page->AddStyle({.className = "s"});
