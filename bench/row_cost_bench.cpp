@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "driver/report_request.h"
 #include "driver/report_run.h"
 #include "kept_records.h"
 #include "measured_process.h"
@@ -26,9 +27,17 @@ RunCost CostOf(const BenchAccount& account, std::size_t days, Run run) {
     return InChild([&] {
         CReport report;
         report.RootFolder = account.root;
-        const double seconds = SecondsOf([&] { run(report, RequestFor(account, days), nullptr); });
+        const double seconds = SecondsOf([&] { run(report, RequestFor(account, days)); });
         return RunCost{seconds, KeptRows(report)};
     });
+}
+
+void ReadOnly(CReport& report, const GenerateBillRequest& request) {
+    ReadAccount(report, request, nullptr);
+}
+
+void RunWhole(CReport& report, const GenerateBillRequest& request) {
+    RunReport(report, request, nullptr);
 }
 
 }  // namespace
@@ -44,11 +53,11 @@ void ShowRowCosts(const BenchSettings& settings) {
         CMeasurements report;
         double rows = 0;
         for (int run = 0; run < settings.runs; ++run) {
-            const RunCost read = CostOf(account, days, ReadAccount);
+            const RunCost read = CostOf(account, days, ReadOnly);
             rows = read.rows;
             reading.Add(read.seconds / rows);
-            const double oneDay = CostOf(account, 1, RunReport).seconds;
-            report.Add((CostOf(account, days, RunReport).seconds - oneDay) / rows);
+            const double oneDay = CostOf(account, 1, RunWhole).seconds;
+            report.Add((CostOf(account, days, RunWhole).seconds - oneDay) / rows);
         }
         std::printf("  %5zu days, %7.0f rows: reading %6.2f us, report %6.2f us\n", days, rows,
                     reading.Median() / kMicrosecond, report.Median() / kMicrosecond);
