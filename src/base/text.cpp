@@ -1,5 +1,6 @@
 #include "base/text.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstddef>
 #include <cstdint>

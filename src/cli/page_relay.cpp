@@ -9,6 +9,8 @@
 #include <thread>
 #include <utility>
 
+#include "page/page_sink.h"
+
 namespace tradebill {
 namespace {
 
@@ -20,7 +22,7 @@ CPageRelay::CPageRelay(CPageSink& sink) : sink_(sink) {
     try {
         thread_ = std::thread([this] { Run(); });
     } catch (const std::system_error&) {
-        // the system has no thread to spare
+        thread_ = {};  // the system has none to spare
     }
 }
 

@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include "base/gbk.h"
 #include "page/page_closing.h"
 #include "platform/file.h"
 #include "platform/paths.h"

@@ -70,6 +70,7 @@ private:
     [[nodiscard]] bool HasBegunToGather();
     void StreamKept();
     void Stream(std::string_view text);
+    [[nodiscard]] bool OpenFresh();
     [[nodiscard]] bool WriteTold();
     void Spoil();
 

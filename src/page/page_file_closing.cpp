@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include "base/text.h"
 #include "page/page_closing.h"
 #include "page/page_file.h"
 #include "page/page_scan.h"

@@ -109,16 +109,22 @@ void CPageFile::StreamKept() {
 }
 
 void CPageFile::Stream(std::string_view text) {
-    if (file_ == nullptr) file_ = std::make_unique<CFile>(path_, FileMode::Update);
-    if (!file_->IsOpen() || !file_->WriteAt(streamed_, text)) Spoil();
+    if (path_.empty()) return;  // spoilt
+    if (!OpenFresh() || !file_->WriteAt(streamed_, text)) Spoil();
     streamed_ += text.size();
+}
+
+/// Without a file there is nothing on disk but the head lines: what holds them not, as a device doesn't, takes no page.
+bool CPageFile::OpenFresh() {
+    if (file_ != nullptr) return file_->IsOpen();
+    file_ = std::make_unique<CFile>(path_, FileMode::Update);
+    return file_->IsOpen() && file_->Size() == kPageHeadLines.size();
 }
 
 void CPageFile::Settle() {
     if (gathered_ == Gathered::Nothing) return;
-    if (file_ == nullptr) file_ = std::make_unique<CFile>(path_, FileMode::Update);
     // A file that somebody took away or replaced meanwhile is written all the same, and lost.
-    if (!file_->IsOpen() || !WriteTold() || !file_->IsAt(path_)) Spoil();
+    if (path_.empty() || !OpenFresh() || !WriteTold() || !file_->IsAt(path_)) Spoil();
     kept_.clear();
     file_.reset();
     gathered_ = Gathered::Nothing;

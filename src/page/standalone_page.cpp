@@ -2,12 +2,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <ios>
 #include <optional>
 #include <ostream>
 #include <string>
 #include <string_view>
 
-#include "base/text.h"
 #include "images/picture_names.h"
 #include "page/page_closing.h"
 #include "platform/file.h"

@@ -10,6 +10,7 @@
 #include "base/number.h"
 #include "page/html_builder.h"
 #include "page/page_text.h"
+#include "page/row_block.h"
 #include "page/section_title.h"
 #include "platform/host_link.h"
 #include "report/report.h"
@@ -55,7 +56,7 @@ CTableWriter::~CTableWriter() {
     try {
         HandOver();
     } catch (const std::bad_alloc&) {
-        // only the error that is leaving the section finds rows here, and it is told in its place
+        rows_.Clear();  // only the error that is leaving the section finds rows here, and it is told in their place
     }
 }
 

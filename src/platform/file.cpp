@@ -1,7 +1,6 @@
 #include "platform/file.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
