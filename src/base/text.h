@@ -7,9 +7,10 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string_view>
 #include <vector>
+
+#include "base/word_bytes.h"
 
 namespace tradebill {
 
@@ -27,42 +28,20 @@ template <std::size_t N>
 [[nodiscard]] std::string_view FieldText(const char (&field)[N]) {
     std::size_t at = 0;
     if constexpr (std::endian::native == std::endian::little) {
-        constexpr std::uint64_t kLows = 0x0101010101010101;
-        constexpr std::uint64_t kHighs = kLows << 7;
-        for (; at + sizeof(std::uint64_t) <= std::min<std::size_t>(N, 16); at += sizeof(std::uint64_t)) {
-            std::uint64_t bytes;
-            std::memcpy(&bytes, field + at, sizeof bytes);
-            const std::uint64_t zeros = (bytes - kLows) & ~bytes & kHighs;  // the lowest mark is that of a zero byte
+        for (; at + kWordBytes <= std::min<std::size_t>(N, 2 * kWordBytes); at += kWordBytes) {
+            const std::uint64_t zeros = ZeroBytes(LoadWord(field + at));
             if (zeros != 0) return {field, at + static_cast<std::size_t>(std::countr_zero(zeros)) / 8};
         }
     }
     return {field, at + ::strnlen(field + at, N - at)};
 }
 
-/// Copies `text` to `field` and terminates it. Most texts are a few bytes long: two copies of a fixed size that overlap
-/// are done before a call of memcpy is.
+/// Copies `text` to `field` and terminates it.
 ///
 /// REQUIRES: `field` has a byte more than `text`, and they don't overlap.
 inline void CopyText(char* field, std::string_view text) {
-    const std::size_t size = text.size();
-    const char* const bytes = text.data();
-    const auto copyEnds = [&](auto word) {
-        std::memcpy(&word, bytes, sizeof word);
-        auto last = word;
-        std::memcpy(&last, bytes + size - sizeof word, sizeof word);
-        std::memcpy(field, &word, sizeof word);
-        std::memcpy(field + size - sizeof word, &last, sizeof word);
-    };
-    if (size > 16) {
-        std::memcpy(field, bytes, size);
-    } else if (size >= 8) {
-        copyEnds(std::uint64_t{});
-    } else if (size >= 4) {
-        copyEnds(std::uint32_t{});
-    } else {
-        for (std::size_t i = 0; i < size; ++i) field[i] = bytes[i];
-    }
-    field[size] = '\0';
+    CopyWords(field, text, [](std::uint64_t) {});
+    field[text.size()] = '\0';
 }
 
 /// Copies `text` into `field`, cut to N-1 bytes and always terminated. A text too long is cut, never refused.

@@ -13,33 +13,24 @@
 #include <string>
 #include <string_view>
 
+#include "base/word_bytes.h"
 #include "platform/text_encoding.h"
 
 namespace tradebill {
 namespace {
 
-constexpr std::uint64_t kOnes = 0x0101010101010101u;
-constexpr std::uint64_t kHighBits = 0x8080808080808080u;
-
-/// High bits where a byte of `word`, none above 0x7F, is zero.
-constexpr std::uint64_t ZeroBytes(std::uint64_t word) {
-    return ~(word + 0x7F7F7F7F7F7F7F7Fu) & kHighBits;
-}
-
 /// Whether each of eight bytes is ASCII that JSON takes as it stands.
 constexpr bool IsPlain(std::uint64_t word) {
     if ((word & kHighBits) != 0) return false;
-    const std::uint64_t controls = ZeroBytes(word & (kOnes * 0xE0));
-    return (controls | ZeroBytes(word ^ (kOnes * '"')) | ZeroBytes(word ^ (kOnes * '\\'))) == 0;
+    const std::uint64_t controls = ZeroBytes(word & Repeated('\xE0'));
+    return (controls | EqualBytes(word, '"') | EqualBytes(word, '\\')) == 0;
 }
 
 bool IsPlain(std::string_view text) {
-    std::uint64_t word = 0;
-    for (; text.size() >= sizeof word; text.remove_prefix(sizeof word)) {
-        std::memcpy(&word, text.data(), sizeof word);
-        if (!IsPlain(word)) return false;
+    for (; text.size() >= kWordBytes; text.remove_prefix(kWordBytes)) {
+        if (!IsPlain(LoadWord(text.data()))) return false;
     }
-    word = kOnes * ' ';
+    std::uint64_t word = Repeated(' ');
     std::memcpy(&word, text.data(), text.size());
     return IsPlain(word);
 }

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/word_bytes.h"
 #include "page/page_file.h"
 #include "page/page_text.h"
 
@@ -33,49 +34,17 @@ char* PutRowTag(char* to, std::string_view rowClass) {
     return Put(Put(Put(to, kClassedRow), rowClass), kClassedRowEnd);
 }
 
-/// Not 0 if one of the word's bytes is one with which begins what a closing would change.
-std::uint64_t Suspects(std::uint64_t word) {
-    constexpr std::uint64_t kLows = 0x0101010101010101;
-    const auto markEqual = [](std::uint64_t bytes, char wanted) {
-        const std::uint64_t differing = bytes ^ (kLows * static_cast<unsigned char>(wanted));
-        return (differing - kLows) & ~differing & (kLows << 7);
-    };
-    return markEqual(word, '<') | markEqual(word, '\n');
-}
-
-/// A text of one to two words: both ends, which may overlap.
-template <class Word>
-std::uint64_t PutEnds(char* to, std::string_view text) {
-    const std::size_t lastAt = text.size() - sizeof(Word);
-    Word first;
-    Word last;
-    std::memcpy(&first, text.data(), sizeof first);
-    std::memcpy(&last, text.data() + lastAt, sizeof last);
-    std::memcpy(to, &first, sizeof first);
-    std::memcpy(to + lastAt, &last, sizeof last);
-    return Suspects(first) | Suspects(last);
-}
-
-/// Copies the text of a cell and looks at its bytes on the way. Most are a few bytes long. Not 0 for suspects.
-std::uint64_t PutText(char* to, std::string_view text) {
-    if (text.size() >= 8 && text.size() <= 16) return PutEnds<std::uint64_t>(to, text);
-    if (text.size() >= 4 && text.size() < 8) return PutEnds<std::uint32_t>(to, text);
-    std::uint64_t suspects = 0;
-    for (const char byte : text) suspects |= static_cast<std::uint64_t>(byte == '<' || byte == '\n');
-    Put(to, text);
-    return suspects;
-}
-
 }  // namespace
 
 void CRowBlock::AddRow(std::span<const OpenedCell> cells, std::string_view rowClass) {
     std::size_t size = SizeOfRowTag(rowClass) + cells.size() * kCellEnd.size() + kRowEnd.size();
     for (const OpenedCell& cell : cells) size += cell.opening.size() + cell.text.size();
     char* to = PutRowTag(Room(size), rowClass);
-    std::uint64_t suspects = 0;
+    std::uint64_t suspects = 0;  // bytes with which begins what a closing would change
+    const auto look = [&suspects](std::uint64_t word) { suspects |= EqualBytes(word, '<') | EqualBytes(word, '\n'); };
     for (const OpenedCell& cell : cells) {
         to = Put(to, cell.opening);
-        suspects |= PutText(to, cell.text);
+        CopyWords(to, cell.text, look);
         to = Put(to + cell.text.size(), kCellEnd);
     }
     if (suspects != 0) kind_ = TextKind::Any;

@@ -7,12 +7,13 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <type_traits>
+
+#include "base/word_bytes.h"
 
 namespace tradebill {
 namespace {
@@ -90,13 +91,8 @@ PackedCharacter CharacterOf(std::string_view pair) {
 
 /// How many bytes at the start of `text` are ASCII.
 std::size_t AsciiLength(std::string_view text) {
-    constexpr std::uint64_t kHighBits = 0x8080808080808080;
     std::size_t at = 0;
-    for (; at + sizeof(std::uint64_t) <= text.size(); at += sizeof(std::uint64_t)) {
-        std::uint64_t bytes;
-        std::memcpy(&bytes, text.data() + at, sizeof bytes);
-        if ((bytes & kHighBits) != 0) break;
-    }
+    while (at + kWordBytes <= text.size() && (LoadWord(text.data() + at) & kHighBits) == 0) at += kWordBytes;
     while (at < text.size() && static_cast<unsigned char>(text[at]) < 0x80) ++at;
     return at;
 }
