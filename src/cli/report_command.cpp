@@ -60,13 +60,6 @@ void ShowSummary(const CReport& report, const RunResult& result) {
               << "  page              " << NativePath(result.pagePath) << "\n";
 }
 
-std::optional<RunResult> MakeReport(CReport& report, const PreparedRequest& prepared, bool quiet, CPageSink* copy) {
-    return RunWatched(report, prepared, quiet,
-                      [copy](CReport& made, const GenerateBillRequest& request, CRunWatcher* watcher) {
-                          return RunReport(made, request, watcher, copy);
-                      });
-}
-
 /// A report, and its page as one file too.
 struct MadeReport {
     std::optional<RunResult> result;  ///< nothing if the run failed, which is told
@@ -79,7 +72,7 @@ MadeReport MakeReportAndFile(CReport& report, const PreparedRequest& prepared, b
         std::ofstream file(unfinished, std::ios::binary);
         CStandalonePage page(file);
         CPageRelay relay(page);
-        made.result = MakeReport(report, prepared, quiet, &relay);
+        made.result = RunWatched(report, prepared, quiet, RunReport, {.copy = &relay});
         relay.Finish();
         page.Finish();
         file.close();
@@ -110,7 +103,7 @@ int RunReportCommand(const ReportCommand& command) {
     const auto [result, isFileSaved] =
         command.standaloneFile
             ? MakeReportAndFile(report, prepared, command.quiet, *command.standaloneFile)
-            : MadeReport{.result = MakeReport(report, prepared, command.quiet, nullptr), .isFileSaved = true};
+            : MadeReport{.result = RunWatched(report, prepared, command.quiet, RunReport), .isFileSaved = true};
     if (!result) return kExitFailed;
     const auto writeJson = [&report](std::ostream& out) { WriteJson(report, out); };
     if (command.jsonFile && !SaveWhole(*command.jsonFile, writeJson)) return Fail("can't write " + *command.jsonFile);

@@ -81,11 +81,11 @@ void CScanReport::OnSection(const SectionSeen& seen) {
     Pass().sections.push_back(std::move(report));
 }
 
-void CScanReport::OnRow(std::string_view row, std::size_t columns, const RowVerdict& verdict) {
+void CScanReport::OnRow(std::string_view row, Row columns, const RowVerdict& verdict) {
     if (verdict.fate == RowFate::Read) {
         ++Section().rowsRead;
     } else {
-        Section().passedOver.push_back({LineOf(row), verdict.fate, columns, verdict.needed});
+        Section().passedOver.push_back({LineOf(row), verdict.fate, columns.size(), verdict.needed});
     }
 }
 
@@ -107,7 +107,7 @@ void CScanReport::OnMoney(const MoneyRecord& record, std::string_view currency) 
     Section().money.push_back(std::move(seen));
 }
 
-void CScanReport::OnRecord() {
+void CScanReport::OnRecord(const RecordSeen& /*record*/) {
     ++Section().records;
 }
 

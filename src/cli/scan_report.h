@@ -78,11 +78,11 @@ public:
     void OnReader(std::string_view layout) override;
     void OnDate(std::string_view dateWord, std::string_view date) override;
     void OnSection(const SectionSeen& seen) override;
-    void OnRow(std::string_view row, std::size_t columns, const RowVerdict& verdict) override;
+    void OnRow(std::string_view row, Row columns, const RowVerdict& verdict) override;
     void OnLabelWanted(std::string_view label) override;
     void OnLabelMet(std::string_view label) override;
     void OnMoney(const MoneyRecord& record, std::string_view currency) override;
-    void OnRecord() override;
+    void OnRecord(const RecordSeen& record) override;
 
 private:
     [[nodiscard]] int LineOf(std::string_view row) const;

@@ -20,6 +20,7 @@
 #include "paint/font_search.h"
 #include "platform/screen.h"
 #include "platform/terminal.h"
+#include "readers/statement_loader.h"
 #include "report/report.h"
 
 namespace tradebill {
@@ -62,8 +63,9 @@ int Fail(const std::string& text) {
     return kExitFailed;
 }
 
-std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prepared, bool quiet,
-                                    const RunFunction& run) {
+std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prepared, bool quiet, RunFunction* run,
+                                    RunOptions options) {
+    options.access = StatementAccess::ReadAlone;
     report.RootFolder = prepared.rootFolder;
     report.ScreenWidth = DisplayWidth();
     report.Products = prepared.products.get();
@@ -76,7 +78,7 @@ std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prep
         const auto fonts = FindFontsMeanwhile(prepared.request);
         std::unique_ptr<CProgressLine> progress;
         if (!quiet && IsErrorOutputTerminal()) progress = std::make_unique<CProgressLine>();
-        result = run(report, prepared.request, progress.get());
+        result = run(report, prepared.request, progress.get(), options);
     } catch (const CReportError& error) {
         Fail("the run failed with code " + CodeText(error.Code()) + ": " + error.what());
         return std::nullopt;

@@ -1,7 +1,6 @@
 // A run of the module as the program makes it: with warnings, a progress line, and words for what went wrong.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 
@@ -19,12 +18,14 @@ void WarnWithoutFonts();
 /// Says on stderr what failed. Returns kExitFailed.
 int Fail(const std::string& text);
 
-using RunFunction = std::function<RunResult(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher)>;
+/// RunReport or ReadAccount.
+using RunFunction = RunResult(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
+                              const RunOptions& options);
 
 /// Tells what the request's options were warned of, runs it in `report`, and warns if there was nothing to read.
-/// Nothing if the run failed, which is told. `quiet` leaves out notes and progress. The report's products are those of
-/// `prepared`, which must outlive it.
+/// Statements are opened for reading alone, whatever `options` says. Nothing if the run failed, which is told. `quiet`
+/// leaves out notes and progress. The report's products are those of `prepared`, which must outlive it.
 [[nodiscard]] std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prepared, bool quiet,
-                                                  const RunFunction& run);
+                                                  RunFunction* run, RunOptions options = {});
 
 }  // namespace tradebill

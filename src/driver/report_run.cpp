@@ -37,15 +37,17 @@ bool StopSeen(const GenerateBillRequest& request) {
 }
 
 /// Reads the statements of all days. Returns false if the host's stop was seen.
-bool ReadDays(CReport& report, const CalendarDay& today, RunResult& result, CRunWatcher* watcher) {
-    CStatementLoader loader(report);
+bool ReadDays(CReport& report, const CalendarDay& today, RunResult& result, CRunWatcher* watcher,
+              const RunOptions& options) {
+    CStatementLoader loader(report, options.access);
     const int days = CountDays(report.ReportDays);
     return WalkDays(report.ReportDays, [&](const CalendarDay& day) {
         if (StopSeen(report.Request)) return false;
         const std::string dayText = DayText(day);
         ++result.days;
         if (watcher != nullptr) watcher->OnDay(result.days, std::max(days, result.days), dayText);
-        if (loader.Load(dayText, StatementPath(report, day, day == today))) ++result.statementsRead;
+        const std::string path = StatementPath(report, day, day == today);
+        if (loader.Load(dayText, path, options.listener) == StatementState::Read) ++result.statementsRead;
         return true;
     });
 }
@@ -87,10 +89,10 @@ void Begin(CReport& report, const GenerateBillRequest& request) {
 }
 
 /// From the first statement to the statistics. The run has ended if the host's stop was seen.
-RunResult ReadAndCompute(CReport& report, CRunWatcher* watcher) {
+RunResult ReadAndCompute(CReport& report, CRunWatcher* watcher, const RunOptions& options) {
     RunResult result;
     const CalendarDay today = LocalDayOf(PresentTime());
-    if (!ReadDays(report, today, result, watcher)) {
+    if (!ReadDays(report, today, result, watcher, options)) {
         result.end = RunEnd::Stopped;
         return result;
     }
@@ -123,23 +125,25 @@ void NotifyHost(const GenerateBillRequest& request) {
 
 }  // namespace
 
-RunResult ReadAccount(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher) {
+RunResult ReadAccount(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
+                      const RunOptions& options) {
     Begin(report, request);
-    RunResult result = ReadAndCompute(report, watcher);
+    RunResult result = ReadAndCompute(report, watcher, options);
     if (const auto sizes = MeasureCharts(report)) report.MoneyStore.ChartSizes = *sizes;
     return result;
 }
 
-RunResult RunReport(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher, CPageSink* copy) {
+RunResult RunReport(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
+                    const RunOptions& options) {
     const CPictureWork pictures;
     Begin(report, request);
     PrepareBillFolders(report);
-    RunResult result = ReadAndCompute(report, watcher);
+    RunResult result = ReadAndCompute(report, watcher, options);
     if (result.end == RunEnd::Stopped) return result;
     if (watcher != nullptr) watcher->OnStage("pictures");
     MakePictures(report);
     if (watcher != nullptr) watcher->OnStage("page");
-    WritePage(report, copy, result);
+    WritePage(report, options.copy, result);
     NotifyHost(report.Request);
     return result;
 }

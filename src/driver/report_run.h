@@ -9,11 +9,13 @@
 #include <string_view>
 
 #include "driver/report_request.h"
+#include "readers/statement_loader.h"
 
 namespace tradebill {
 
 class CPageSink;
 class CReport;
+class CStatementListener;
 
 enum class RunEnd {
     Finished,
@@ -36,15 +38,23 @@ public:
     virtual void OnStage(std::string_view stage) = 0;  ///< in English: "statistics", "pictures", "page"
 };
 
+/// What a run is asked beside its request. A host's run asks nothing.
+struct RunOptions {
+    CPageSink* copy = nullptr;               ///< gets the page too; not owned, may be null
+    CStatementListener* listener = nullptr;  ///< hears what readers see; not owned, may be null
+    StatementAccess access = StatementAccess::ReadAndWrite;
+};
+
 /// Makes the report that `request` asks for in `report`, which is emptied first. Throws CReportError, with what had
-/// been read by then in the report. `watcher` may be null, and so may `copy`, which gets the page too.
+/// been read by then in the report. `watcher` may be null.
 ///
 /// REQUIRES: root folder, products and screen width of `report` are set.
 RunResult RunReport(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
-                    CPageSink* copy = nullptr);
+                    const RunOptions& options = {});
 
 /// The same up to the statistics: nothing is written, and nobody is told. Charts can be repainted from it as after a
 /// report.
-RunResult ReadAccount(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher);
+RunResult ReadAccount(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
+                      const RunOptions& options = {});
 
 }  // namespace tradebill

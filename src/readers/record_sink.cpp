@@ -36,27 +36,27 @@ OpiSum& CRecordSink::NewRow<OpiSum>() {
     return report_.OpiSumStore.Rows.NewRow();
 }
 
-void CRecordSink::Add(const MatchRecord&) {
-    TellOfRecord();
+void CRecordSink::Add(const MatchRecord& row) {
+    Tell(&row);
     report_.MatchStore.Rows.KeepRow();
 }
 
 void CRecordSink::Add(const PingDetail& row) {
-    TellOfRecord();
+    Tell(&row);
     report_.PingDetailStore.Rows.KeepRow();
     FoldClosedRow(row, report_);
 }
 
 void CRecordSink::Add(const OpiDetail& row) {
-    TellOfRecord();
+    Tell(&row);
     CProductText product(FieldText(row.CONTRACT));
     if (report_.Format().printsNames) product.TakeName(report_.Products);
     report_.TradeStatistics.FeedOpiDetail(row, product.View());
     report_.OpiDetailStore.Rows.KeepRow();
 }
 
-void CRecordSink::Add(const OpiSum&) {
-    TellOfRecord();
+void CRecordSink::Add(const OpiSum& row) {
+    Tell(&row);
     report_.OpiSumStore.Rows.KeepRow();
 }
 
@@ -78,7 +78,7 @@ void CRecordSink::AddCurrency(const MoneyRecord& record, std::string_view curren
 }
 
 void CRecordSink::AddForeignClosed(const PingDetail& row) {
-    TellOfRecord();
+    Tell(&row);
     FoldForeignClosedRow(row, report_);
 }
 

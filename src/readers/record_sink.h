@@ -55,8 +55,8 @@ public:
     void SetDayPositionPL(std::string_view day, std::string_view text, double amount);
 
 private:
-    void TellOfRecord() const {
-        if (listener_ != nullptr) listener_->OnRecord();
+    void Tell(const RecordSeen& record) const {
+        if (listener_ != nullptr) listener_->OnRecord(record);
     }
 
     CReport& report_;

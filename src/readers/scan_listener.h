@@ -3,9 +3,12 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string_view>
+#include <variant>
 
 #include "report/money_record.h"
+#include "report/records.h"
 
 namespace tradebill {
 
@@ -27,6 +30,12 @@ struct RowVerdict {
     std::size_t needed = 0;
 };
 
+/// Columns of a row; never empty ones. They point into the statement's text.
+using Row = std::span<const std::string_view>;
+
+/// A record that is about to be handed over, with all its fields.
+using RecordSeen = std::variant<const MatchRecord*, const PingDetail*, const OpiDetail*, const OpiSum*>;
+
 /// A section that was looked for.
 struct SectionSeen {
     SectionKind kind;
@@ -34,6 +43,9 @@ struct SectionSeen {
     std::string_view terminatorWord;       ///< empty: every row contains it
     std::string_view otherTerminatorWord;  ///< a second word that ends it as well, or empty
     bool needsTerminator = true;           ///< false: the section is read without looking for its end
+    std::string_view delimiter = {};       ///< between two columns
+    bool stripsBars = false;               ///< rows lose leading and trailing "|" before they are split
+    std::size_t minColumns = 0;            ///< shorter rows make no record
     std::string_view titleRow;             ///< empty: not found
     std::string_view terminatorRow;        ///< empty: not found, or not looked for
 };
@@ -66,12 +78,13 @@ public:
     virtual void OnReader(std::string_view layout) = 0;  ///< a name of the layout table
     virtual void OnDate(std::string_view dateWord, std::string_view date) = 0;
     virtual void OnSection(const SectionSeen& seen) = 0;
-    virtual void OnRow(std::string_view row, std::size_t columns, const RowVerdict& verdict) = 0;
+    /// A row that was looked at, behind its records. `columns` are valid during the call; a subtotal isn't split.
+    virtual void OnRow(std::string_view row, Row columns, const RowVerdict& verdict) = 0;
     virtual void OnLabelWanted(std::string_view label) = 0;  ///< the money section at hand looks for it
     virtual void OnLabelMet(std::string_view label) = 0;
     /// A money record is about to be handed over; `currency` is empty for that of a domestic account.
     virtual void OnMoney(const MoneyRecord& record, std::string_view currency) = 0;
-    virtual void OnRecord() = 0;  ///< a row's record is
+    virtual void OnRecord(const RecordSeen& record) = 0;  ///< a row's record is
 };
 
 }  // namespace tradebill

@@ -98,6 +98,9 @@ void CSectionScan::TellSection(const SectionLayout& layout, const Frame& frame, 
                           .terminatorWord = layout.terminator,
                           .otherTerminatorWord = layout.otherTerminator,
                           .needsTerminator = needsTerminator,
+                          .delimiter = layout.delimiter,
+                          .stripsBars = layout.stripsBars,
+                          .minColumns = layout.minColumns,
                           .titleRow = rowText(frame.title),
                           .terminatorRow = rowText(frame.terminator)});
 }

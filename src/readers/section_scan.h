@@ -37,9 +37,6 @@ enum class SearchFrom {
     Cursor,  ///< behind the section before it: a section that stands above is not seen
 };
 
-/// Columns of a row; never empty ones. They point into the statement's text.
-using Row = std::span<const std::string_view>;
-
 /// A section that was found. Templates may say any offset, so begin and end can lie outside the rows.
 struct SectionRows {
     std::size_t title;
@@ -121,7 +118,7 @@ private:
     [[nodiscard]] static std::optional<SectionRows> RowsOf(const Frame& frame, const SectionLayout& layout);
     bool SplitRow(std::int64_t row, const SectionLayout& layout);
     void Tell(const RowVerdict& verdict) const {
-        if (listener_ != nullptr) listener_->OnRow(currentRow_, columns_.size(), verdict);
+        if (listener_ != nullptr) listener_->OnRow(currentRow_, columns_, verdict);
     }
     void TellSection(const SectionLayout& layout, const Frame& frame, bool needsTerminator) const;
 

@@ -1,5 +1,8 @@
 #include "readers/statement_loader.h"
 
+#include <string>
+#include <string_view>
+
 #include "platform/file.h"
 #include "readers/layout_table.h"
 #include "readers/scan_listener.h"
@@ -15,9 +18,19 @@ void ReadWith(const Layout& layout, const StatementText& statement, CReport& rep
     layout.read(statement, report);
 }
 
+/// The text lies in `buffer`.
+StatementFile ReadFile(const std::string& path, StatementAccess access, CFileBuffer& buffer) {
+    const CFile file(path, access == StatementAccess::ReadAlone ? FileMode::Read : FileMode::Update);
+    if (!file.IsOpen()) return {.state = StatementState::Missing};
+    const auto bytes = file.ReadAll(buffer);
+    if (!bytes) return {.state = StatementState::NotAFile};
+    return {.state = StatementState::Read, .bytes = *bytes, .text = bytes->substr(0, bytes->find('\0'))};
+}
+
 }  // namespace
 
-CStatementLoader::CStatementLoader(CReport& report) : report_(report), template_(report.TemplatePath) {}
+CStatementLoader::CStatementLoader(CReport& report, StatementAccess access)
+    : report_(report), template_(report.TemplatePath), access_(access) {}
 
 void CStatementLoader::Read(std::string_view day, std::string_view text, CScanListener* listener) {
     StatementText statement{.day = day, .text = text, .listener = listener};
@@ -31,11 +44,13 @@ void CStatementLoader::Read(std::string_view day, std::string_view text, CScanLi
     if (layout != nullptr) ReadWith(*layout, statement, report_);
 }
 
-bool CStatementLoader::Load(std::string_view day, const std::string& path) {
-    const auto text = ReadStatementFile(path, buffer_);
-    if (!text) return false;
-    Read(day, *text);
-    return true;
+StatementState CStatementLoader::Load(std::string_view day, const std::string& path, CStatementListener* listener) {
+    const StatementFile file = ReadFile(path, access_, buffer_);
+    if (listener != nullptr) listener->OnStatement(day, path, file);
+    if (file.state != StatementState::Read) return file.state;
+    Read(day, file.text, listener);
+    if (listener != nullptr) listener->OnStatementEnd();
+    return file.state;
 }
 
 }  // namespace tradebill

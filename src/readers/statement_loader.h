@@ -11,23 +11,55 @@
 #include <string_view>
 
 #include "platform/file.h"
+#include "readers/scan_listener.h"
 #include "readers/statement_template.h"
 
 namespace tradebill {
 
 class CReport;
-class CScanListener;
+
+/// What became of a day's file.
+enum class StatementState {
+    Read,
+    Missing,     ///< there is none: no trading day, most often
+    NotAFile,    ///< a folder, a pipe or a device bears its name
+    Unreadable,  ///< it can't be opened, or not be read to its end
+};
+
+/// A day's file, as it was found.
+struct StatementFile {
+    StatementState state = StatementState::Missing;
+    std::string reason = {};      ///< why it can't be read, in the system's words
+    std::string_view bytes = {};  ///< all of them; of a file that was read
+    std::string_view text = {};   ///< those before the first zero byte, which are what readers see
+};
+
+/// Hears of all statements of a run: of each day's file first, then of what its reader sees in it.
+class CStatementListener : public CScanListener {
+public:
+    /// `file` is valid until the next call, or OnStatementEnd.
+    virtual void OnStatement(std::string_view day, const std::string& path, const StatementFile& file) = 0;
+
+    /// All of a statement has been read. Not told if an error leaves.
+    virtual void OnStatementEnd() = 0;
+};
+
+/// What a loader asks of its files.
+enum class StatementAccess {
+    ReadAndWrite,  ///< one that can't be written counts as missing, as hosts expect it
+    ReadAlone,
+};
 
 /// Reads the statements of one run into its report, which must outlive it.
 ///
 /// REQUIRES: the report's request, range and template path are set before, and stay.
 class CStatementLoader {
 public:
-    explicit CStatementLoader(CReport& report);
+    explicit CStatementLoader(CReport& report, StatementAccess access = StatementAccess::ReadAndWrite);
 
-    /// Reads the statement `path` of `day` (yyyymmdd). Returns whether there was a file to read. Throws CReportError,
+    /// Reads the statement `path` of `day` (yyyymmdd), and tells `listener`, which may be null. Throws CReportError,
     /// with what came before in the report, where a template asks for what isn't there.
-    bool Load(std::string_view day, const std::string& path);
+    StatementState Load(std::string_view day, const std::string& path, CStatementListener* listener = nullptr);
 
     /// Hands `text` to the reader of the request's layout: the foreign one, the template's, or the format's. Throws
     /// likewise.
@@ -36,6 +68,7 @@ public:
 private:
     CReport& report_;
     CTemplateFile template_;
+    StatementAccess access_;
     CFileBuffer buffer_;
 };
 

@@ -200,7 +200,8 @@ TEST_P(ExplanationForms, LeaveTheStoresAsAPlainReadingDoes) {
     EXPECT_GT(seen.MoneyRecords(), 0);
     CReport plain;
     ask(plain);
-    EXPECT_TRUE(CStatementLoader(plain).Load("20240129", folder_.Write("plain.txt", text)));
+    const std::string path = folder_.Write("plain.txt", text);
+    EXPECT_EQ(CStatementLoader(plain).Load("20240129", path), StatementState::Read);
     EXPECT_EQ(StoresOf(plain), StoresOf(explained));
 }
 

@@ -256,11 +256,12 @@ TEST(ScanReport, KeepsTheFieldsOfMoneyThatArentEmpty) {
 
 TEST(ScanReport, CountsRecordsApartFromRows) {
     const std::string text = "TRADES\na b\nend";
+    const MatchRecord trade{};
     CScanReport report(text);
     CSectionScan scan(text, SearchFrom::Top, &report);
     scan.Read(Trades(), [&](Row) {
-        report.OnRecord();
-        report.OnRecord();
+        report.OnRecord(&trade);
+        report.OnRecord(&trade);
     });
     report.Finish();
     EXPECT_EQ(report.Passes().at(0).sections.at(0).rowsRead, 1);

@@ -38,7 +38,7 @@ public:
     void OnReader(std::string_view /*layout*/) override {}
     void OnDate(std::string_view /*dateWord*/, std::string_view /*date*/) override {}
     void OnSection(const SectionSeen& section) override { kind_ = section.kind; }
-    void OnRow(std::string_view row, std::size_t /*columns*/, const RowVerdict& /*verdict*/) override {
+    void OnRow(std::string_view row, Row /*columns*/, const RowVerdict& /*verdict*/) override {
         if (row.starts_with(Gbk("合计"))) return;
         if (kind_ == SectionKind::Open) Note(std::string(row), "CCDSYK");
         if (kind_ == SectionKind::Closed) Note(std::string(row), "PCYK");
@@ -46,7 +46,7 @@ public:
     void OnLabelWanted(std::string_view /*label*/) override {}
     void OnLabelMet(std::string_view /*label*/) override {}
     void OnMoney(const MoneyRecord& /*record*/, std::string_view /*currency*/) override {}
-    void OnRecord() override {}
+    void OnRecord(const RecordSeen& /*record*/) override {}
 
 private:
     void Note(const std::string& row, const std::string& field) {

@@ -75,14 +75,14 @@ TEST_F(ScanListener, HearsOfMoneyBeforeTheStoresHaveIt) {
         void OnReader(std::string_view) override {}
         void OnDate(std::string_view, std::string_view) override {}
         void OnSection(const SectionSeen&) override {}
-        void OnRow(std::string_view, std::size_t, const RowVerdict&) override {}
+        void OnRow(std::string_view, Row, const RowVerdict&) override {}
         void OnLabelWanted(std::string_view) override {}
         void OnLabelMet(std::string_view) override {}
         void OnMoney(const MoneyRecord& record, std::string_view) override {
             equity = FieldText(record.KHQY);
             stored = report_.MoneyStore.Count();
         }
-        void OnRecord() override {}
+        void OnRecord(const RecordSeen&) override {}
 
         std::string equity;
         int stored = -1;

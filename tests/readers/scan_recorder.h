@@ -58,10 +58,10 @@ public:
         log_.Note("section", {kKinds[static_cast<std::size_t>(seen.kind)], seen.titleWord, seen.terminatorWord,
                               seen.otherTerminatorWord, seen.titleRow, seen.terminatorRow});
     }
-    void OnRow(std::string_view row, std::size_t columns, const RowVerdict& verdict) override {
+    void OnRow(std::string_view row, Row columns, const RowVerdict& verdict) override {
         static constexpr const char* kFates[] = {"read", "too short", "no lots", "subtotal", "heading", "first of two"};
         const std::string needed = verdict.fate == RowFate::TooShort ? std::to_string(verdict.needed) : "";
-        const std::string found = verdict.fate == RowFate::Subtotal ? "" : std::to_string(columns);
+        const std::string found = verdict.fate == RowFate::Subtotal ? "" : std::to_string(columns.size());
         log_.Note("row", {row, kFates[static_cast<std::size_t>(verdict.fate)], found, needed});
     }
     void OnLabelWanted(std::string_view label) override { log_.Note("wanted", {label}); }
@@ -69,7 +69,7 @@ public:
     void OnMoney(const MoneyRecord& record, std::string_view currency) override {
         log_.Note("money", {record.BILL_DATE, record.KHQY, currency});
     }
-    void OnRecord() override { log_.Note("record", {}); }
+    void OnRecord(const RecordSeen& /*record*/) override { log_.Note("record", {}); }
 
 private:
     CScanLog log_;

@@ -86,8 +86,9 @@ TEST(SectionScanListener, HearsTheVerdictOfTheReader) {
 
 TEST(SectionScanListener, HearsOfARowBehindItsRecord) {
     CScanRecorder recorder;
+    const MatchRecord trade{};
     CSectionScan scan("TRADES\na\nb\nend", SearchFrom::Cursor, &recorder);
-    scan.Read(Trades(), [&](Row) { recorder.OnRecord(); });
+    scan.Read(Trades(), [&](Row) { recorder.OnRecord(&trade); });
     EXPECT_EQ(recorder.Events(),
               (Events{"section trades/TRADES/end//TRADES/end", "record", "row a/read/1", "record", "row b/read/1"}));
 }
