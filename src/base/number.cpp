@@ -86,6 +86,12 @@ double ParseAmount(std::string_view text) {
     return negative ? -value : value;
 }
 
+bool IsAmount(std::string_view text) {
+    const std::string_view digits = TakeSign(text).digits;
+    const auto isOfAmount = [](char byte) { return IsDigit(byte) || byte == '.'; };
+    return OpensNumber(digits) && std::ranges::all_of(digits, isOfAmount) && std::ranges::count(digits, '.') <= 1;
+}
+
 std::int32_t ParseInteger(std::string_view text) {
     const auto [negative, digits] = TakeSign(text);
     constexpr std::int64_t kLimit = std::int64_t{std::numeric_limits<std::int32_t>::max()} + 1;

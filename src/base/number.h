@@ -16,6 +16,11 @@ namespace tradebill {
 /// is no number. Hexadecimal forms, "inf" and "nan" are no numbers.
 [[nodiscard]] double ParseAmount(std::string_view text);
 
+/// Whether `text` is an amount and nothing else, so that ParseAmount passes over none of it: an optional sign, digits
+/// with at most one point among or around them. White space may stand before it. "1,234.50" is none: it would be read
+/// as 1.
+[[nodiscard]] bool IsAmount(std::string_view text);
+
 /// The whole number at the start of `text`, likewise; held at the end of the 32-bit range.
 [[nodiscard]] std::int32_t ParseInteger(std::string_view text);
 

@@ -1,5 +1,5 @@
 // The named text fields of each record, as tables: for whoever shows or fills a record field by field (the program's
-// JSON and its live figures, the tests). Spare fields are left out.
+// JSON, its live figures and its `explain`, the tests), and which of them hold amounts. Spare fields are left out.
 #pragma once
 
 #include <string.h>
@@ -16,6 +16,7 @@ template <class Record>
 struct TextField {
     std::string_view name;
     std::span<char> (*bytes)(Record&);  ///< the whole field, terminator included
+    bool isAmount = false;              ///< a price, lots or money: what stands in it is read as a number
 
     [[nodiscard]] std::string_view Text(const Record& record) const {
         const std::span<char> field = bytes(const_cast<Record&>(record));  // only read here
@@ -23,30 +24,32 @@ struct TextField {
     }
 };
 
-#define TRADEBILL_TEXT_FIELD(Record, Field)                                   \
-    TextField<Record> {                                                       \
-#Field, [](Record & record) { return std::span<char>(record.Field); } \
+#define TRADEBILL_FIELD(Record, Field, isAmount)                                        \
+    TextField<Record> {                                                                 \
+#Field, [](Record & record) { return std::span<char>(record.Field); }, isAmount \
     }
+#define TRADEBILL_TEXT_FIELD(Record, Field) TRADEBILL_FIELD(Record, Field, false)
+#define TRADEBILL_AMOUNT_FIELD(Record, Field) TRADEBILL_FIELD(Record, Field, true)
 
 // clang-format off
 inline constexpr TextField<MoneyRecord> kMoneyFields[] = {
     TRADEBILL_TEXT_FIELD(MoneyRecord, BILL_DATE),
-    TRADEBILL_TEXT_FIELD(MoneyRecord, QCQY),
-    TRADEBILL_TEXT_FIELD(MoneyRecord, CRJ),
-    TRADEBILL_TEXT_FIELD(MoneyRecord, QMJC),
-    TRADEBILL_TEXT_FIELD(MoneyRecord, KYZJ),
-    TRADEBILL_TEXT_FIELD(MoneyRecord, PCYK),
-    TRADEBILL_TEXT_FIELD(MoneyRecord, CCDSYK),
-    TRADEBILL_TEXT_FIELD(MoneyRecord, HOST_CURRENT),
-    TRADEBILL_TEXT_FIELD(MoneyRecord, KHQY),
-    TRADEBILL_TEXT_FIELD(MoneyRecord, SXF),
-    TRADEBILL_TEXT_FIELD(MoneyRecord, BZJZY),
-    TRADEBILL_TEXT_FIELD(MoneyRecord, HOST_FROZEN_A),
-    TRADEBILL_TEXT_FIELD(MoneyRecord, HOST_FROZEN_B),
-    TRADEBILL_TEXT_FIELD(MoneyRecord, HOST_POSITION_MARGIN),
-    TRADEBILL_TEXT_FIELD(MoneyRecord, HOST_POSITION_PL),
-    TRADEBILL_TEXT_FIELD(MoneyRecord, XQSXF),
-    TRADEBILL_TEXT_FIELD(MoneyRecord, QLJSZ),
+    TRADEBILL_AMOUNT_FIELD(MoneyRecord, QCQY),
+    TRADEBILL_AMOUNT_FIELD(MoneyRecord, CRJ),
+    TRADEBILL_AMOUNT_FIELD(MoneyRecord, QMJC),
+    TRADEBILL_AMOUNT_FIELD(MoneyRecord, KYZJ),
+    TRADEBILL_AMOUNT_FIELD(MoneyRecord, PCYK),
+    TRADEBILL_AMOUNT_FIELD(MoneyRecord, CCDSYK),
+    TRADEBILL_AMOUNT_FIELD(MoneyRecord, HOST_CURRENT),
+    TRADEBILL_AMOUNT_FIELD(MoneyRecord, KHQY),
+    TRADEBILL_AMOUNT_FIELD(MoneyRecord, SXF),
+    TRADEBILL_AMOUNT_FIELD(MoneyRecord, BZJZY),
+    TRADEBILL_AMOUNT_FIELD(MoneyRecord, HOST_FROZEN_A),
+    TRADEBILL_AMOUNT_FIELD(MoneyRecord, HOST_FROZEN_B),
+    TRADEBILL_AMOUNT_FIELD(MoneyRecord, HOST_POSITION_MARGIN),
+    TRADEBILL_AMOUNT_FIELD(MoneyRecord, HOST_POSITION_PL),
+    TRADEBILL_AMOUNT_FIELD(MoneyRecord, XQSXF),
+    TRADEBILL_AMOUNT_FIELD(MoneyRecord, QLJSZ),
     TRADEBILL_TEXT_FIELD(MoneyRecord, CURRENCY),
 };
 
@@ -58,14 +61,14 @@ inline constexpr TextField<MatchRecord> kMatchFields[] = {
     TRADEBILL_TEXT_FIELD(MatchRecord, DELIVERY),
     TRADEBILL_TEXT_FIELD(MatchRecord, HEDGE),
     TRADEBILL_TEXT_FIELD(MatchRecord, BID),
-    TRADEBILL_TEXT_FIELD(MatchRecord, MATCH_PRICE),
-    TRADEBILL_TEXT_FIELD(MatchRecord, MATCH_VOL),
-    TRADEBILL_TEXT_FIELD(MatchRecord, TURNOVER),
+    TRADEBILL_AMOUNT_FIELD(MatchRecord, MATCH_PRICE),
+    TRADEBILL_AMOUNT_FIELD(MatchRecord, MATCH_VOL),
+    TRADEBILL_AMOUNT_FIELD(MatchRecord, TURNOVER),
     TRADEBILL_TEXT_FIELD(MatchRecord, OFFSET),
-    TRADEBILL_TEXT_FIELD(MatchRecord, POUNDAGE),
-    TRADEBILL_TEXT_FIELD(MatchRecord, OFFSETPL),
+    TRADEBILL_AMOUNT_FIELD(MatchRecord, POUNDAGE),
+    TRADEBILL_AMOUNT_FIELD(MatchRecord, OFFSETPL),
     TRADEBILL_TEXT_FIELD(MatchRecord, MATCHNO),
-    TRADEBILL_TEXT_FIELD(MatchRecord, ROYALTY),
+    TRADEBILL_AMOUNT_FIELD(MatchRecord, ROYALTY),
     TRADEBILL_TEXT_FIELD(MatchRecord, CURRENCY),
 };
 
@@ -76,14 +79,14 @@ inline constexpr TextField<PingDetail> kPingFields[] = {
     TRADEBILL_TEXT_FIELD(PingDetail, CONTRACT),
     TRADEBILL_TEXT_FIELD(PingDetail, DELIVERY),
     TRADEBILL_TEXT_FIELD(PingDetail, BID),
-    TRADEBILL_TEXT_FIELD(PingDetail, MATCH_PRICE),
-    TRADEBILL_TEXT_FIELD(PingDetail, MATCH_VOL),
+    TRADEBILL_AMOUNT_FIELD(PingDetail, MATCH_PRICE),
+    TRADEBILL_AMOUNT_FIELD(PingDetail, MATCH_VOL),
     TRADEBILL_TEXT_FIELD(PingDetail, OPEN_DATE),
-    TRADEBILL_TEXT_FIELD(PingDetail, OPEN_PRICE),
-    TRADEBILL_TEXT_FIELD(PingDetail, SETTLE_PRICE),
-    TRADEBILL_TEXT_FIELD(PingDetail, POUNDAGE),
+    TRADEBILL_AMOUNT_FIELD(PingDetail, OPEN_PRICE),
+    TRADEBILL_AMOUNT_FIELD(PingDetail, SETTLE_PRICE),
+    TRADEBILL_AMOUNT_FIELD(PingDetail, POUNDAGE),
     TRADEBILL_TEXT_FIELD(PingDetail, HEDGE),
-    TRADEBILL_TEXT_FIELD(PingDetail, OFFSETPL),
+    TRADEBILL_AMOUNT_FIELD(PingDetail, OFFSETPL),
     TRADEBILL_TEXT_FIELD(PingDetail, CURRENCY),
 };
 
@@ -95,13 +98,13 @@ inline constexpr TextField<OpiDetail> kOpiDetailFields[] = {
     TRADEBILL_TEXT_FIELD(OpiDetail, OPEN_DATE),
     TRADEBILL_TEXT_FIELD(OpiDetail, HEDGE),
     TRADEBILL_TEXT_FIELD(OpiDetail, BID),
-    TRADEBILL_TEXT_FIELD(OpiDetail, POSITION_VOL),
-    TRADEBILL_TEXT_FIELD(OpiDetail, OPEN_PRICE),
-    TRADEBILL_TEXT_FIELD(OpiDetail, YSETTLE_PRICE),
-    TRADEBILL_TEXT_FIELD(OpiDetail, SETTLE_PRICE),
-    TRADEBILL_TEXT_FIELD(OpiDetail, FLOATPL),
-    TRADEBILL_TEXT_FIELD(OpiDetail, DSYK),
-    TRADEBILL_TEXT_FIELD(OpiDetail, DEPOSIT),
+    TRADEBILL_AMOUNT_FIELD(OpiDetail, POSITION_VOL),
+    TRADEBILL_AMOUNT_FIELD(OpiDetail, OPEN_PRICE),
+    TRADEBILL_AMOUNT_FIELD(OpiDetail, YSETTLE_PRICE),
+    TRADEBILL_AMOUNT_FIELD(OpiDetail, SETTLE_PRICE),
+    TRADEBILL_AMOUNT_FIELD(OpiDetail, FLOATPL),
+    TRADEBILL_AMOUNT_FIELD(OpiDetail, DSYK),
+    TRADEBILL_AMOUNT_FIELD(OpiDetail, DEPOSIT),
     TRADEBILL_TEXT_FIELD(OpiDetail, CURRENCY),
 };
 
@@ -111,14 +114,14 @@ inline constexpr TextField<OpiSum> kOpiSumFields[] = {
     TRADEBILL_TEXT_FIELD(OpiSum, CONTRACT),
     TRADEBILL_TEXT_FIELD(OpiSum, DELIVERY),
     TRADEBILL_TEXT_FIELD(OpiSum, BID),
-    TRADEBILL_TEXT_FIELD(OpiSum, BID_POSITION_VOL),
-    TRADEBILL_TEXT_FIELD(OpiSum, ASK_POSITION_VOL),
-    TRADEBILL_TEXT_FIELD(OpiSum, POSITION_VOL),
-    TRADEBILL_TEXT_FIELD(OpiSum, POSITION_PRICE),
-    TRADEBILL_TEXT_FIELD(OpiSum, YSETTLE_PRICE),
-    TRADEBILL_TEXT_FIELD(OpiSum, SETTLE_PRICE),
-    TRADEBILL_TEXT_FIELD(OpiSum, DSYK),
-    TRADEBILL_TEXT_FIELD(OpiSum, DEPOSIT),
+    TRADEBILL_AMOUNT_FIELD(OpiSum, BID_POSITION_VOL),
+    TRADEBILL_AMOUNT_FIELD(OpiSum, ASK_POSITION_VOL),
+    TRADEBILL_AMOUNT_FIELD(OpiSum, POSITION_VOL),
+    TRADEBILL_AMOUNT_FIELD(OpiSum, POSITION_PRICE),
+    TRADEBILL_AMOUNT_FIELD(OpiSum, YSETTLE_PRICE),
+    TRADEBILL_AMOUNT_FIELD(OpiSum, SETTLE_PRICE),
+    TRADEBILL_AMOUNT_FIELD(OpiSum, DSYK),
+    TRADEBILL_AMOUNT_FIELD(OpiSum, DEPOSIT),
     TRADEBILL_TEXT_FIELD(OpiSum, HEDGE),
 };
 
@@ -129,6 +132,32 @@ inline constexpr TextField<ContractOffset> kOffsetFields[] = {
 };
 // clang-format on
 
+#undef TRADEBILL_AMOUNT_FIELD
 #undef TRADEBILL_TEXT_FIELD
+#undef TRADEBILL_FIELD
+
+/// All fields of a record of a statement: FieldsOf<MatchRecord>().
+template <class Record>
+[[nodiscard]] constexpr std::span<const TextField<Record>> FieldsOf();
+template <>
+[[nodiscard]] constexpr std::span<const TextField<MoneyRecord>> FieldsOf() {
+    return kMoneyFields;
+}
+template <>
+[[nodiscard]] constexpr std::span<const TextField<MatchRecord>> FieldsOf() {
+    return kMatchFields;
+}
+template <>
+[[nodiscard]] constexpr std::span<const TextField<PingDetail>> FieldsOf() {
+    return kPingFields;
+}
+template <>
+[[nodiscard]] constexpr std::span<const TextField<OpiDetail>> FieldsOf() {
+    return kOpiDetailFields;
+}
+template <>
+[[nodiscard]] constexpr std::span<const TextField<OpiSum>> FieldsOf() {
+    return kOpiSumFields;
+}
 
 }  // namespace tradebill

@@ -64,6 +64,20 @@ TEST(ParseAmount, IsZeroWhereThereIsNoNumber) {
     }
 }
 
+TEST(IsAmount, TakesADecimalAsAWhole) {
+    for (const char* const text : {"0", "12.5", "-3.25", "+7", "5.", ".5", "-.5", "007", " 12", "1234567890.12"}) {
+        EXPECT_TRUE(IsAmount(text)) << text;
+    }
+}
+
+TEST(IsAmount, RefusesWhatIsReadInPart) {
+    for (const char* const text :
+         {"",    " ",   "-",   "+",   ".",   "--",   "-.",  "--5", "1,234.00", "1.2.3",     "..5",
+          "5..", "12a", "12 ", "1 2", "1e3", "0x10", "inf", "nan", "2.5%",     "2024-01-02"}) {
+        EXPECT_FALSE(IsAmount(text)) << text;
+    }
+}
+
 TEST(ParseAmount, TakesNoHexadecimalForms) {
     EXPECT_EQ(ParseAmount("0x10"), 0.0);
     EXPECT_EQ(ParseAmount("0X1p4"), 0.0);

@@ -53,11 +53,29 @@ TEST(RecordFields, NameAllTextsButTheSpareOnes) {
 }
 
 TEST(RecordFields, StandApart) {
-    ExpectFieldsApart<MoneyRecord>(kMoneyFields);
-    ExpectFieldsApart<MatchRecord>(kMatchFields);
-    ExpectFieldsApart<PingDetail>(kPingFields);
-    ExpectFieldsApart<OpiDetail>(kOpiDetailFields);
-    ExpectFieldsApart<OpiSum>(kOpiSumFields);
+    ExpectFieldsApart(FieldsOf<MoneyRecord>());
+    ExpectFieldsApart(FieldsOf<MatchRecord>());
+    ExpectFieldsApart(FieldsOf<PingDetail>());
+    ExpectFieldsApart(FieldsOf<OpiDetail>());
+    ExpectFieldsApart(FieldsOf<OpiSum>());
+}
+
+template <class Record>
+std::string TextsIn() {
+    std::string names;
+    for (const auto& field : FieldsOf<Record>()) {
+        if (!field.isAmount) names += (names.empty() ? "" : " ") + std::string(field.name);
+    }
+    return names;
+}
+
+TEST(RecordFields, AreAmountsButForDatesNamesMarksAndNumbers) {
+    EXPECT_EQ(TextsIn<MoneyRecord>(), "BILL_DATE CURRENCY");
+    EXPECT_EQ(TextsIn<MatchRecord>(),
+              "BILL_DATE MATCH_DATE EXCH_NAME CONTRACT DELIVERY HEDGE BID OFFSET MATCHNO CURRENCY");
+    EXPECT_EQ(TextsIn<PingDetail>(), "BILL_DATE MATCH_DATE EXCH_NAME CONTRACT DELIVERY BID OPEN_DATE HEDGE CURRENCY");
+    EXPECT_EQ(TextsIn<OpiDetail>(), "BILL_DATE EXCH_NAME CONTRACT DELIVERY OPEN_DATE HEDGE BID CURRENCY");
+    EXPECT_EQ(TextsIn<OpiSum>(), "BILL_DATE EXCH_NAME CONTRACT DELIVERY BID HEDGE");
 }
 
 }  // namespace
