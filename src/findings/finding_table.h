@@ -1,0 +1,31 @@
+// What each code of a finding means and what to do about it.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "findings/finding.h"
+#include "readers/scan_listener.h"
+
+namespace tradebill {
+
+struct FindingKind {
+    FindingCode code;
+    std::string_view name;  ///< stable, as the JSON and the documents have it
+    Severity severity;      ///< unless a finding says otherwise
+    std::string_view when;  ///< what it means, a sentence
+    std::string_view advice;  ///< what to do, a sentence
+};
+
+/// All codes, in the order of FindingCode.
+[[nodiscard]] std::span<const FindingKind> FindingKinds();
+
+[[nodiscard]] const FindingKind& KindOf(FindingCode code);
+
+/// "error", "warning" or "note".
+[[nodiscard]] std::string_view SeverityName(Severity severity);
+
+/// "money", "trades", "closed", "open" or "summary".
+[[nodiscard]] std::string_view SectionName(SectionKind kind);
+
+}  // namespace tradebill
