@@ -26,6 +26,7 @@
 #include "report/statement_format.h"
 #include "statistics/account_figures.h"
 #include "statistics/daily_series.h"
+#include "statistics/money_identity.h"
 
 namespace tradebill {
 namespace {
@@ -74,6 +75,7 @@ void FinishStatistics(CReport& report) {
     if (!report.IsForeign() && report.Request.MarginOffsetFlag == 1) OffsetMargins(report);
     ComputeYields(report);
     ComputeAccountStatistics(report);
+    if (!report.PrintedMoney.empty()) FindMoneyIdentity(report);
 }
 
 void Begin(CReport& report, const GenerateBillRequest& request) {

@@ -74,6 +74,17 @@ std::vector<const Layout*> MarkedLayouts(std::string_view text) {
     return marked;
 }
 
+bool BearsMarksOf(std::string_view text, std::int32_t format, bool isForeign) {
+    const auto isFramed = [&] {
+        return std::ranges::any_of(
+            Layouts(), [&](const Layout& layout) { return layout.marks.isFramed && ShowsMarks(layout.marks, text); });
+    };
+    return std::ranges::any_of(Layouts(), [&](const Layout& layout) {
+        return layout.isForeign == isForeign && (isForeign || layout.format == format) &&
+               ShowsMarks(layout.marks, text) && !(layout.marks.yieldsToFramed && isFramed());
+    });
+}
+
 std::vector<const Layout*> LikelyLayouts(std::string_view text) {
     std::vector<const Layout*> likely = MarkedLayouts(text);
     std::erase_if(likely, [](const Layout* layout) { return layout->isForeign; });

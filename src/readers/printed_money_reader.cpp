@@ -130,9 +130,10 @@ public:
 private:
     void Take(std::string_view word, std::string_view text) {
         const auto amount = ParseDecimal(text);
-        if (!amount) return;
+        const auto figure = FigureOf(word);
+        if (!amount || !figure) return;
+        money_[*figure] = amount->steps;
         hasFigures_ = true;
-        if (const auto figure = FigureOf(word)) money_[*figure] = amount->steps;
     }
 
     /// A heading counts only if it names a figure: that of a block of labels says what labels are.
@@ -167,6 +168,7 @@ private:
     bool hasFigures_ = false;
 };
 
+/// Also of a blank line.
 bool IsRule(std::string_view line) {
     return line.find_first_not_of("-=_+ ") == std::string_view::npos;
 }
@@ -230,12 +232,11 @@ void ReadPrintedMoney(const MoneyBlock& block, PrintedMoney& money) {
     for (int line = 0; line < kMostLines && !rest.empty(); ++line) {
         const std::string_view row = Trim(TakeLine(rest));
         const bool isPastEnd = row.data() >= end.data();
-        if (row.empty() && isPastEnd && reader.HasFigures()) return;
         if (IsRule(row)) {
-            if (!block.endRow.empty() && isPastEnd) return;
-            continue;
+            if (isPastEnd && reader.HasFigures() && (row.empty() || !block.endRow.empty())) return;
+        } else {
+            reader.ReadLine(row);
         }
-        reader.ReadLine(row);
     }
 }
 

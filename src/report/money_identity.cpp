@@ -56,6 +56,17 @@ std::int64_t AvailableBy(const AvailableForm& form, const PrintedMoney& money) {
     return sum;
 }
 
+BalanceForm UsualBalanceForm(const PrintedMoney& money) {
+    BalanceForm form{.usesDayPL = money[DayPL].has_value(),
+                     .addsExercisePL = true,
+                     .takesExerciseFees = true,
+                     .takesDeliveryFees = true,
+                     .premium = PremiumTerm::Turnover};
+    if (money[PremiumReceived] || money[PremiumPaid]) form.premium = PremiumTerm::ReceivedLessPaid;
+    if (money[Premium]) form.premium = PremiumTerm::Net;
+    return form;
+}
+
 int TermsOf(const BalanceForm& form, const PrintedMoney& money) {
     int terms = 1;  // the closing balance itself
     ForEachTerm(form, money, [&](PrintedFigure figure, int) { terms += money.Amount(figure) != 0 ? 1 : 0; });

@@ -45,6 +45,9 @@ struct MoneyIdentity {
 /// What should be available by `form`. Where no equity is printed the closing balance is taken for it.
 [[nodiscard]] std::int64_t AvailableBy(const AvailableForm& form, const PrintedMoney& money);
 
+/// The form that the printed figures of one statement speak for: each figure counts for itself.
+[[nodiscard]] BalanceForm UsualBalanceForm(const PrintedMoney& money);
+
 /// Terms that `form` adds up for `money`, each of which a statement rounds for itself.
 [[nodiscard]] int TermsOf(const BalanceForm& form, const PrintedMoney& money);
 

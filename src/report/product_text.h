@@ -7,6 +7,10 @@ namespace tradebill {
 
 class CProductSource;
 
+/// Whether a contract's text is that of an option: a C or P behind a digit, a dash or a Chinese character, with nothing
+/// but digits and dashes behind it, as in "m2405-C-3200", "SR405P6400" and "豆粕P2900".
+[[nodiscard]] bool IsOptionContract(std::string_view contract);
+
 /// All delivery months of a product are one position: a contract's text, cut to 31 bytes, before its first digit.
 class CProductText {
 public:

@@ -24,6 +24,8 @@ void CReport::Clear() {
     ReportDocument.SavedPictures.clear();
     TradeStatistics.Clear();
     ChainTable.Clear();
+    PrintedMoney.clear();
+    MoneyIdentity = {};
 }
 
 }  // namespace tradebill

@@ -15,7 +15,9 @@
 #include "report/account_statistics.h"
 #include "report/chain_table.h"
 #include "report/currency_money_store.h"
+#include "report/money_identity.h"
 #include "report/money_store.h"
+#include "report/printed_money.h"
 #include "report/product_source.h"
 #include "report/report_document.h"
 #include "report/request_copy.h"
@@ -47,6 +49,8 @@ public:
     CReportDocument ReportDocument;
     CTradeStatistics TradeStatistics;
     CAccountStatistics AccountStatistics;
+    PrintedMoneyList PrintedMoney;            ///< empty in runs that don't ask for it
+    tradebill::MoneyIdentity MoneyIdentity;  ///< likewise
 
     [[nodiscard]] bool IsForeign() const { return Request.StatementKind == kForeignKind; }
 
