@@ -62,6 +62,17 @@ void CJsonText::Text(std::string_view gbk) {
     }
 }
 
+void CJsonText::Utf8Text(std::string_view utf8) {
+    Separate();
+    using Json = nlohmann::json;
+    Put(Json(utf8).dump(-1, ' ', false, Json::error_handler_t::replace));
+}
+
+void CJsonText::Null() {
+    Separate();
+    Put("null");
+}
+
 void CJsonText::Number(std::int32_t number) {
     Separate();
     std::array<char, 16> digits;

@@ -30,6 +30,9 @@ public:
 
     /// A text of GBK bytes, as UTF-8.
     void Text(std::string_view gbk);
+    /// A text that is UTF-8 already; what is no UTF-8 in it becomes U+FFFD.
+    void Utf8Text(std::string_view utf8);
+    void Null();
     void Number(std::int32_t number);
 
     /// Reads back to the same double; infinities and NaN are the texts "inf", "-inf" and "nan".

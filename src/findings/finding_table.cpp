@@ -1,8 +1,11 @@
 #include "findings/finding_table.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "findings/finding.h"
@@ -98,6 +101,20 @@ std::span<const FindingKind> FindingKinds() {
 
 const FindingKind& KindOf(FindingCode code) {
     return kKinds[static_cast<std::size_t>(code)];
+}
+
+std::string SentencesOf(const Finding& finding) {
+    std::string text = finding.text;
+    if (finding.severity != Note) text.append(" ").append(KindOf(finding.code).advice);
+    return text;
+}
+
+std::int32_t CountOf(std::span<const Finding> findings, FindingCode code) {
+    return static_cast<std::int32_t>(std::ranges::count(findings, code, &Finding::code));
+}
+
+bool HasWarnings(std::span<const Finding> findings) {
+    return std::ranges::any_of(findings, [](const Finding& finding) { return finding.severity != Note; });
 }
 
 std::string_view SeverityName(Severity severity) {

@@ -20,7 +20,8 @@ BELOW = {
     "images": {"base", "platform", "paint", "report", "statistics", "graph"},
     "page": {"base", "platform", "paint", "report", "statistics", "images"},
     "driver": {"base", "platform", "paint", "report", "statistics", "readers", "graph", "images", "page"},
-    "cli": {"base", "platform", "paint", "report", "statistics", "readers", "graph", "images", "page", "driver"},
+    "findings": {"base", "platform", "report", "readers"},
+    "cli": {"base", "platform", "paint", "report", "statistics", "readers", "findings", "graph", "images", "page", "driver"},
 }
 # The public face of the module and the record inside it are read from every floor.
 OPEN_TO_ALL = {"driver/report_request.h", "report/money_record.h"}

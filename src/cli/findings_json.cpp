@@ -1,0 +1,74 @@
+#include "cli/findings_json.h"
+
+#include <cstdint>
+#include <ostream>
+#include <span>
+#include <string_view>
+
+#include "cli/json_text.h"
+#include "findings/finding.h"
+#include "findings/finding_table.h"
+
+namespace tradebill {
+namespace {
+
+void WriteText(CJsonText& json, std::string_view name, std::string_view text) {
+    json.Name(name);
+    json.Utf8Text(text);
+}
+
+void WriteTextOrNull(CJsonText& json, std::string_view name, std::string_view text) {
+    if (!text.empty()) return WriteText(json, name, text);
+    json.Name(name);
+    json.Null();
+}
+
+void WriteFinding(CJsonText& json, const Finding& finding) {
+    json.Space('\n');
+    json.OpenObject();
+    WriteText(json, "code", KindOf(finding.code).name);
+    WriteText(json, "severity", SeverityName(finding.severity));
+    WriteTextOrNull(json, "day", finding.day);
+    WriteTextOrNull(json, "file", finding.file);
+    json.Name("row");
+    if (finding.row) {
+        json.Number(std::int32_t{*finding.row});
+    } else {
+        json.Null();
+    }
+    WriteTextOrNull(json, "section", finding.section ? SectionName(*finding.section) : std::string_view());
+    WriteText(json, "expected", finding.expected);
+    WriteText(json, "found", finding.found);
+    WriteText(json, "text", SentencesOf(finding));
+    json.CloseObject();
+}
+
+}  // namespace
+
+void WriteFindings(CJsonText& json, std::span<const Finding> findings) {
+    json.OpenList();
+    for (const Finding& finding : findings) WriteFinding(json, finding);
+    json.CloseList();
+}
+
+void WriteFindingsJson(std::span<const Finding> findings, std::ostream& out) {
+    CJsonText json(out);
+    json.OpenObject();
+    json.Name("schema");
+    json.Number(std::int32_t{1});
+    json.Name("findings");
+    WriteFindings(json, findings);
+    json.Name("counts");
+    json.OpenObject();
+    for (const FindingKind& kind : FindingKinds()) {
+        const std::int32_t count = CountOf(findings, kind.code);
+        if (count == 0) continue;
+        json.Name(kind.name);
+        json.Number(count);
+    }
+    json.CloseObject();
+    json.CloseObject();
+    json.EndLine();
+}
+
+}  // namespace tradebill

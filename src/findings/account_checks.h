@@ -1,0 +1,33 @@
+// The checks that compare an account's statements with each other. Each adds what it finds.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "findings/finding.h"
+#include "findings/statement_facts.h"
+
+namespace tradebill {
+
+class CReport;
+
+using StatementList = std::vector<StatementFacts>;
+
+/// A finding about one statement, of its code's usual severity.
+[[nodiscard]] Finding FindingAbout(const StatementFacts& statement, FindingCode code);
+
+/// Rows that are shifted or made no record, and totals.
+void CheckRows(const StatementList& statements, std::vector<Finding>& findings);
+
+/// Sections that are missing, and files that end in a row of totals.
+void CheckSections(const CReport& report, const StatementList& statements, std::vector<Finding>& findings);
+
+/// The account's balance and its available funds, day by day.
+void CheckMoney(const CReport& report, const StatementList& statements, std::vector<Finding>& findings);
+
+/// Days against the days before them: missing ones, balances, open lots, and statements that came twice.
+///
+/// REQUIRES: `findings` has those of CheckSections.
+void CheckDays(const CReport& report, const StatementList& statements, std::vector<Finding>& findings);
+
+}  // namespace tradebill

@@ -1,0 +1,189 @@
+#include <algorithm>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "base/decimal.h"
+#include "findings/account_checks.h"
+#include "findings/finding.h"
+#include "findings/finding_table.h"
+#include "findings/section_facts.h"
+#include "findings/statement_facts.h"
+#include "platform/text_encoding.h"
+#include "readers/scan_listener.h"
+#include "report/printed_money.h"
+#include "report/report.h"
+
+namespace tradebill {
+namespace {
+
+constexpr SectionKind kTables[] = {SectionKind::Trades, SectionKind::Closed, SectionKind::Open, SectionKind::Summary};
+
+bool IsFound(const StatementFacts& statement, SectionKind kind) {
+    const SectionFacts* const section = statement.Section(kind);
+    return section != nullptr && section->IsFound();
+}
+
+bool States(const CReport& report, const StatementFacts& statement, PrintedFigure figure) {
+    for (std::size_t i = 0; i < statement.moneyCount; ++i) {
+        if (report.PrintedMoney[statement.firstMoney + i].Amount(figure) != 0) return true;
+    }
+    return false;
+}
+
+/// Why a statement must have rows in a table that it lacks; nothing if it needn't.
+std::optional<std::string_view> ReasonFor(const CReport& report, const StatementFacts& statement, SectionKind kind) {
+    switch (kind) {
+        case SectionKind::Trades:
+            if (States(report, statement, PrintedFigure::Fees)) return "its money figures state fees";
+            if (!statement.lots.empty()) return "the open lots changed";
+            break;
+        case SectionKind::Closed:
+            if (States(report, statement, PrintedFigure::ClosedPL)) return "its money figures state realised P/L";
+            if (statement.hasClosingTrades) return "trades closed positions";
+            break;
+        case SectionKind::Open:
+        case SectionKind::Summary:
+            if (States(report, statement, PrintedFigure::Margin)) return "its money figures state margin";
+            if (statement.expectsLots) return "there were open lots, and no trade closed them";
+            break;
+        case SectionKind::Money:
+            break;
+    }
+    return std::nullopt;
+}
+
+/// Whether at least nine of ten other statements have the section.
+bool IsUsual(const StatementList& statements, const StatementFacts& statement, SectionKind kind) {
+    int others = 0;
+    int having = 0;
+    for (const StatementFacts& other : statements) {
+        if (!other.isUsable || &other == &statement) continue;
+        ++others;
+        having += IsFound(other, kind) ? 1 : 0;
+    }
+    return others > 0 && having * 10 >= others * 9;
+}
+
+void TellMissing(const StatementFacts& statement, SectionKind kind, std::string text, std::vector<Finding>& findings) {
+    const SectionFacts* const section = statement.Section(kind);
+    Finding finding = FindingAbout(statement, FindingCode::SectionMissing);
+    finding.section = kind;
+    finding.expected = section != nullptr ? GbkToUtf8(section->titleWord) : std::string(SectionName(kind));
+    finding.found = section != nullptr && section->hasTitle ? "its title alone" : "none";
+    if (section != nullptr && section->hasTitle) finding.row = section->titleRow;
+    finding.text = std::move(text);
+    findings.push_back(std::move(finding));
+}
+
+bool HasToldRow(const StatementFacts& statement, SectionKind kind) {
+    const SectionFacts* const section = statement.Section(kind);
+    return section != nullptr && !section->faults.empty();
+}
+
+void CheckMoneySection(const CReport& report, const StatementFacts& statement, std::vector<Finding>& findings) {
+    if (HasToldRow(statement, SectionKind::Money)) return;
+    if (!statement.hasMoney) {
+        TellMissing(statement, SectionKind::Money, "The statement has no money figures that the layout finds.",
+                    findings);
+        return;
+    }
+    const bool statesBalance = States(report, statement, PrintedFigure::Opening) ||
+                               States(report, statement, PrintedFigure::Closing) ||
+                               States(report, statement, PrintedFigure::Equity);
+    const auto isPrinted = [&](PrintedFigure figure) {
+        return statement.moneyCount > 0 && report.PrintedMoney[statement.firstMoney][figure].has_value();
+    };
+    if (statesBalance || isPrinted(PrintedFigure::Opening) || isPrinted(PrintedFigure::Closing)) return;
+    TellMissing(statement, SectionKind::Money, "The money section has none of the labels of its layout.", findings);
+}
+
+void CheckTables(const CReport& report, const StatementList& statements, const StatementFacts& statement,
+                 std::vector<Finding>& findings) {
+    for (const SectionKind kind : kTables) {
+        if (statement.Section(kind) == nullptr || IsFound(statement, kind)) continue;
+        const auto reason = ReasonFor(report, statement, kind);
+        if (!reason || !IsUsual(statements, statement, kind)) continue;
+        TellMissing(statement, kind, "The section is missing, though " + std::string(*reason) + ".", findings);
+    }
+}
+
+/// The amounts that rows of totals usually have, by layout and section.
+class CUsualTotals {
+public:
+    explicit CUsualTotals(const StatementList& statements) {
+        for (const StatementFacts& statement : statements) {
+            for (const SectionFacts& section : statement.sections) {
+                int& most = most_[{statement.layout, section.kind}];
+                most = std::max(most, section.totalColumns);
+            }
+        }
+    }
+    [[nodiscard]] int Of(const StatementFacts& statement, const SectionFacts& section) const {
+        const auto found = most_.find({statement.layout, section.kind});
+        return found == most_.end() ? 0 : found->second;
+    }
+
+private:
+    std::map<std::pair<std::string, SectionKind>, int> most_;
+};
+
+/// A missing line end says nothing by itself, a row of totals that lacks amounts at the end of the file does.
+void CheckLastTotals(const CUsualTotals& usual, const StatementFacts& statement, std::vector<Finding>& findings) {
+    if (!statement.endsInLine) return;
+    for (const SectionFacts& section : statement.sections) {
+        if (section.totalRow == 0 || section.totalRow != statement.lastRow) continue;
+        const int amounts = usual.Of(statement, section);
+        if (section.totalColumns >= amounts) continue;
+        Finding finding = FindingAbout(statement, FindingCode::CutOff);
+        finding.row = section.totalRow;
+        finding.section = section.kind;
+        finding.expected = std::to_string(amounts) + " amounts";
+        finding.found = std::to_string(section.totalColumns) + " amounts";
+        finding.text = "The file ends inside the section's row of totals.";
+        findings.push_back(std::move(finding));
+    }
+}
+
+/// Whether the account's statements end with a line end, so that one without may lack its end.
+bool EndsInLineAlone(const StatementList& statements, const StatementFacts& statement) {
+    if (!statement.endsInLine) return false;
+    return std::ranges::none_of(statements, [&](const StatementFacts& other) {
+        return other.isUsable && &other != &statement && other.endsInLine;
+    });
+}
+
+/// Sections that are missing at the end of a file that ends inside a row are cut off.
+void TellCut(const StatementFacts& statement, std::vector<Finding>& findings) {
+    Finding finding = FindingAbout(statement, FindingCode::CutOff);
+    finding.row = statement.lastRow;
+    finding.expected = "a whole last row, and the sections behind it";
+    finding.found = "the end of the file";
+    finding.text = "The file ends inside a row, and sections are missing.";
+    findings.push_back(std::move(finding));
+}
+
+}  // namespace
+
+void CheckSections(const CReport& report, const StatementList& statements, std::vector<Finding>& findings) {
+    const CUsualTotals totals(statements);
+    for (const StatementFacts& statement : statements) {
+        const bool isPassedOver = statement.sections.empty() && !statement.hasMoney;
+        if (!statement.isUsable || !statement.isEnded || isPassedOver) continue;
+        CheckLastTotals(totals, statement, findings);
+        if (statement.isCutOff) continue;
+        std::vector<Finding> missing;
+        CheckMoneySection(report, statement, missing);
+        CheckTables(report, statements, statement, missing);
+        if (!missing.empty() && EndsInLineAlone(statements, statement)) {
+            TellCut(statement, findings);
+        } else {
+            findings.insert(findings.end(), missing.begin(), missing.end());
+        }
+    }
+}
+
+}  // namespace tradebill

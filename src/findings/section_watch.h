@@ -1,0 +1,73 @@
+// Watches the rows of one section while they are read.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+#include "findings/record_amounts.h"
+#include "findings/section_facts.h"
+#include "findings/section_totals.h"
+#include "readers/scan_listener.h"
+
+namespace tradebill {
+
+/// Where lines begin in a text that is looked at from top to bottom, mostly.
+class CLineCounter {
+public:
+    void Begin(std::string_view text) {
+        text_ = text;
+        at_ = 0;
+        line_ = 1;
+    }
+    /// The line of `row`, which points into the text; from 1.
+    [[nodiscard]] int LineOf(std::string_view row);
+
+private:
+    std::string_view text_;
+    std::size_t at_ = 0;
+    int line_ = 1;
+};
+
+class CSectionWatch {
+public:
+    /// Begins with a section that was looked for. `seen` is needed until End, `text` is all of the statement.
+    void Begin(const SectionSeen& seen, std::string_view text);
+    void OnLabelWanted() { facts_.isLabelled = true; }
+    /// A record of the row that is told next.
+    void OnRecord(const RecordSeen& record);
+    void OnRow(std::string_view row, Row columns, const RowVerdict& verdict, CLineCounter& lines);
+    void OnLots(int lots) { totals_.AddLots(lots); }
+
+    /// What was seen; the watch is ready for the next section.
+    [[nodiscard]] SectionFacts End(CLineCounter& lines);
+
+    [[nodiscard]] bool IsOpen() const { return isOpen_; }
+    [[nodiscard]] SectionKind Kind() const { return seen_.kind; }
+
+private:
+    void TakeData(std::string_view row, Row columns, const RowVerdict& verdict, CLineCounter& lines);
+    void TakeShape(std::string_view row, std::size_t columns, CLineCounter& lines);
+    void TakeLostRow(std::string_view row, std::size_t columns, CLineCounter& lines);
+    void TellStrangeAmount(std::string_view row, std::size_t columns, CLineCounter& lines);
+    [[nodiscard]] int Beyond(std::string_view row, std::size_t columns);
+    void LookForUnreadRows(CLineCounter& lines);
+    void LookForUnreadRows(std::string_view rows, CLineCounter& lines);
+    void CompareTotals(CLineCounter& lines);
+    void AddTotalFault(std::optional<TotalFault> fault, std::string_view row, CLineCounter& lines);
+    /// The rows of the text between two of its rows.
+    [[nodiscard]] std::string_view Between(std::string_view above, std::string_view below) const;
+
+    SectionSeen seen_{};
+    std::string_view text_;
+    SectionFacts facts_;
+    CSectionTotals totals_;
+    std::string_view firstRow_;  ///< that was looked at
+    std::string_view lastRow_;
+    std::optional<int> headingColumns_;
+    std::optional<StrangeAmount> strange_;  ///< in a record of the row at hand
+    std::optional<RecordSeen> record_;      ///< of the row at hand, if it isn't looked at yet
+    bool isOpen_ = false;
+};
+
+}  // namespace tradebill

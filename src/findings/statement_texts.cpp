@@ -1,0 +1,194 @@
+#include "findings/statement_texts.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "base/gbk.h"
+#include "base/text.h"
+#include "base/word_bytes.h"
+
+namespace tradebill {
+namespace {
+
+constexpr std::size_t kHeadBytes = 4096;  // what a statement says of itself stands above its tables
+
+bool IsAscii(char byte) {
+    return static_cast<unsigned char>(byte) < 0x80;
+}
+
+/// Where the first byte stands that is no ASCII, from `at` on.
+std::size_t SkipAscii(std::string_view text, std::size_t at) {
+    while (at + kWordBytes <= text.size() && (LoadWord(text.data() + at) & kHighBits) == 0) at += kWordBytes;
+    while (at < text.size() && IsAscii(text[at])) ++at;
+    return at;
+}
+
+int RowAt(std::string_view text, std::size_t at) {
+    return static_cast<int>(std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(at), '\n')) + 1;
+}
+
+/// Bytes of the UTF-8 character at `at`, of more than one byte; 0 if there is none.
+std::size_t Utf8Length(std::string_view text, std::size_t at) {
+    const auto lead = static_cast<unsigned char>(text[at]);
+    const std::size_t length = lead >= 0xF0 && lead < 0xF8 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC2 ? 2 : 0;
+    if (length == 0 || lead >= 0xF8 || at + length > text.size()) return 0;
+    for (std::size_t i = 1; i < length; ++i) {
+        if ((static_cast<unsigned char>(text[at + i]) & 0xC0) != 0x80) return 0;
+    }
+    return length;
+}
+
+/// Chinese text of GBK is as good as never sound UTF-8. A character that the end of the file cuts doesn't count.
+bool IsUtf8(std::string_view text) {
+    constexpr std::size_t kLongest = 4;
+    bool hasCharacters = false;
+    for (std::size_t at = SkipAscii(text, 0); at < text.size(); at = SkipAscii(text, at)) {
+        const std::size_t length = Utf8Length(text, at);
+        if (length == 0) return hasCharacters && at + kLongest > text.size();
+        hasCharacters = true;
+        at += length;
+    }
+    return hasCharacters;
+}
+
+bool IsGbkPair(std::string_view text, std::size_t at) {
+    if (at + 1 >= text.size()) return false;
+    const auto lead = static_cast<unsigned char>(text[at]);
+    const auto trail = static_cast<unsigned char>(text[at + 1]);
+    return lead >= 0x81 && lead <= 0xFE && trail >= 0x40 && trail <= 0xFE && trail != 0x7F;
+}
+
+/// Where the first byte stands that belongs to no character of GBK. Half a character at the very end is a cut file's.
+std::optional<std::size_t> FirstStrangeByte(std::string_view text) {
+    for (std::size_t at = SkipAscii(text, 0); at < text.size(); at = SkipAscii(text, at)) {
+        if (!IsGbkPair(text, at)) return at + 1 == text.size() ? std::nullopt : std::optional(at);
+        at += 2;
+    }
+    return std::nullopt;
+}
+
+std::string_view Head(std::string_view text) {
+    return text.substr(0, kHeadBytes);
+}
+
+/// What stands behind `word` and its colon, blanks off; nothing if a colon doesn't follow, with Latin words between.
+std::optional<std::string_view> BehindLabel(std::string_view text, std::size_t wordEnd) {
+    constexpr std::string_view kWideColon = "："_gbk;
+    std::string_view rest = text.substr(wordEnd);
+    const auto isLabel = [](char byte) {
+        return byte == ' ' || byte == '.' || (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
+    };
+    while (!rest.empty() && isLabel(rest.front())) rest.remove_prefix(1);
+    if (rest.starts_with(':')) return TrimLeft(rest.substr(1));
+    if (rest.starts_with(kWideColon)) return TrimLeft(rest.substr(kWideColon.size()));
+    return std::nullopt;
+}
+
+/// Words that make a date another one than the statement's.
+bool IsOfAnotherDate(std::string_view before) {
+    constexpr std::string_view kWords[] = {"制表"_gbk, "打印"_gbk, "查询"_gbk, "成交"_gbk,
+                                           "平仓"_gbk, "开仓"_gbk, "生成"_gbk, "创建"_gbk};
+    return std::ranges::any_of(kWords, [&](std::string_view word) { return before.ends_with(word); });
+}
+
+bool IsOfAccount(char byte) {
+    return IsDigit(byte) || (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z') || byte == '-' ||
+           byte == '_' || byte == '*';
+}
+
+}  // namespace
+
+std::optional<EncodingFault> FindEncodingFault(std::string_view bytes) {
+    if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) return EncodingFault{"UTF-16", true};
+    const bool hasMark = bytes.starts_with("\xEF\xBB\xBF");
+    const std::string_view text = hasMark ? bytes.substr(3) : bytes;
+    if (IsUtf8(text)) return EncodingFault{hasMark ? "UTF-8 with a mark at the start" : "UTF-8", true};
+    if (const std::size_t zero = text.find('\0'); zero != std::string_view::npos) {
+        constexpr std::size_t kFirstCharacters = 64;
+        const bool isWide = zero < kFirstCharacters && text.substr(zero + 2, 1) == std::string_view("\0", 1);
+        if (isWide) return EncodingFault{"UTF-16 without a mark", true};
+        return EncodingFault{"a zero byte, at which reading ends", false, RowAt(text, zero)};
+    }
+    if (hasMark) return EncodingFault{"a UTF-8 mark at the start of GBK text", false, 1};
+    if (const auto at = FirstStrangeByte(text)) {
+        return EncodingFault{"bytes that are no GBK characters", false, RowAt(text, *at)};
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> PrintedAccount(std::string_view text) {
+    constexpr std::string_view kWords[] = {"客户号"_gbk,   "客户代码"_gbk, "客户账号"_gbk, "客户编号"_gbk,
+                                           "资金账号"_gbk, "资金帐号"_gbk, "客户"_gbk};
+    const std::string_view head = Head(text);
+    for (const std::string_view word : kWords) {
+        for (std::size_t at = FindText(head, word); at != std::string_view::npos;) {
+            if (const auto behind = BehindLabel(head, at + word.size())) {
+                std::size_t length = 0;
+                while (length < behind->size() && IsOfAccount((*behind)[length])) ++length;
+                const std::string_view account = behind->substr(0, length);
+                const bool isNumber = std::ranges::any_of(account, IsDigit);  // not a name
+                if (isNumber && account.find('*') == std::string_view::npos) return std::string(account);
+            }
+            const std::size_t next = FindText(head.substr(at + word.size()), word);
+            at = next == std::string_view::npos ? next : at + word.size() + next;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> PrintedDay(std::string_view text) {
+    constexpr std::string_view kWords[] = {"日期"_gbk, "日  期"_gbk, "日 期"_gbk, "结算日"_gbk, "交易日"_gbk};
+    constexpr std::size_t kDayLength = 8;
+    constexpr std::size_t kLongestDate = 32;
+    const std::string_view head = Head(text);
+    for (const std::string_view word : kWords) {
+        for (std::size_t at = head.find(word); at != std::string_view::npos; at = head.find(word, at + 1)) {
+            if (IsOfAnotherDate(head.substr(0, at))) continue;
+            const auto behind = BehindLabel(head, at + word.size());
+            const std::string day = behind ? PackedDate(behind->substr(0, kLongestDate)) : std::string();
+            if (day.size() == kDayLength) return day;
+        }
+    }
+    return std::nullopt;
+}
+
+std::string PackedDate(std::string_view text) {
+    constexpr std::size_t kYearDigits = 4;
+    constexpr std::size_t kOtherDigits = 2;
+    constexpr std::string_view kSeparators[] = {"-", "/", ".", "年"_gbk, "月"_gbk};
+    std::string day;
+    text = TrimLeft(text);
+    for (std::size_t part = 0; part < 3; ++part) {
+        const std::size_t most = part == 0 ? kYearDigits : kOtherDigits;
+        std::string digits;
+        while (!text.empty() && IsDigit(text.front()) && digits.size() < most) {
+            digits += text.front();
+            text.remove_prefix(1);
+        }
+        if (digits.empty()) break;
+        if (part > 0 && digits.size() < kOtherDigits) digits.insert(0, "0");
+        day += digits;
+        for (const std::string_view separator : kSeparators) {
+            if (text.starts_with(separator)) text.remove_prefix(separator.size());
+        }
+    }
+    return day;
+}
+
+std::uint64_t HashOf(std::string_view bytes) {
+    constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15;
+    const auto mix = [](std::uint64_t hash, std::uint64_t word) {
+        hash = (hash ^ word) * kFactor;
+        return hash ^ (hash >> 32);
+    };
+    std::uint64_t hash = bytes.size();
+    for (; bytes.size() >= kWordBytes; bytes.remove_prefix(kWordBytes)) hash = mix(hash, LoadWord(bytes.data()));
+    for (const char byte : bytes) hash = mix(hash, static_cast<unsigned char>(byte));
+    return hash;
+}
+
+}  // namespace tradebill

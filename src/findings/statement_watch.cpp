@@ -1,0 +1,308 @@
+#include "findings/statement_watch.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "base/decimal.h"
+#include "base/gbk.h"
+#include "base/number.h"
+#include "base/text.h"
+#include "findings/finding.h"
+#include "findings/finding_table.h"
+#include "findings/record_amounts.h"
+#include "findings/section_watch.h"
+#include "findings/statement_facts.h"
+#include "findings/statement_texts.h"
+#include "platform/paths.h"
+#include "platform/text_encoding.h"
+#include "readers/layout_marks.h"
+#include "readers/layout_table.h"
+#include "readers/printed_money_reader.h"
+#include "readers/scan_listener.h"
+#include "readers/statement_loader.h"
+#include "report/money_record.h"
+#include "report/printed_money.h"
+#include "report/product_text.h"
+#include "report/records.h"
+#include "report/report.h"
+
+namespace tradebill {
+namespace {
+
+bool IsBlank(std::string_view text) {
+    return std::ranges::all_of(text, IsWhiteSpace);
+}
+
+std::int64_t TurnoverOf(const MatchRecord& trade) {
+    const auto turnover = ParseDecimal(FieldText(trade.TURNOVER));
+    const std::int64_t amount = turnover ? turnover->steps : 0;
+    return Contains(FieldText(trade.BID), "买"_gbk) ? -amount : amount;
+}
+
+std::string OptionFor(const Layout& layout) {
+    return layout.isForeign ? "--kind foreign" : "--format " + std::to_string(layout.format);
+}
+
+/// The layouts that `text` may be of, as options: "--format 2 or --format 201".
+std::string FittingLayouts(std::string_view text) {
+    std::vector<const Layout*> layouts = LikelyLayouts(text);
+    if (layouts.empty()) layouts = MarkedLayouts(text);
+    std::string options;
+    for (const Layout* const layout : layouts) options += (options.empty() ? "" : " or ") + OptionFor(*layout);
+    return options;
+}
+
+}  // namespace
+
+void CStatementWatch::Tell(FindingCode code, std::string expected, std::string found, std::string text,
+                           std::optional<int> row, std::optional<SectionKind> section) {
+    Facts().findings.push_back({.code = code,
+                                .severity = KindOf(code).severity,
+                                .day = Facts().day,
+                                .file = Facts().file,
+                                .row = row,
+                                .section = section,
+                                .expected = std::move(expected),
+                                .found = std::move(found),
+                                .text = std::move(text)});
+}
+
+void CStatementWatch::OnStatement(std::string_view day, const std::string& path, const StatementFile& file) {
+    if (file.state == StatementState::Missing) return;
+    StatementFacts facts;
+    facts.day = day;
+    facts.file = FileNameOf(path);
+    facts.state = file.state;
+    facts.reason = file.reason;
+    statements_.push_back(std::move(facts));
+    if (file.state == StatementState::Unreadable) {
+        Tell(FindingCode::Unreadable, "a statement that can be read", file.reason, "The statement can't be read.");
+    } else if (file.state == StatementState::NotAFile) {
+        Tell(FindingCode::NotAFile, "a file", file.reason, "What bears the statement's name isn't a file.");
+    } else if (IsBlank(file.bytes)) {
+        Tell(FindingCode::Empty, "a statement", std::to_string(file.bytes.size()) + " bytes",
+             "The statement holds nothing.");
+    } else {
+        text_ = file.text;
+        Facts().isUsable = true;
+        Facts().hash = HashOf(file.bytes);
+        Facts().size = file.bytes.size();
+        if (const auto fault = FindEncodingFault(file.bytes)) {
+            Tell(FindingCode::Encoding, "GBK text", fault->what, "The statement isn't plain GBK text.", fault->row);
+            Facts().isUsable = !fault->isUnreadable;
+        }
+    }
+    template_.reset();
+    hasReader_ = false;
+    if (!Facts().isUsable) lots_.Break();
+    lots_.Begin(report_.Format().namesDeliveryApart && !report_.IsForeign());
+    BeginPass();
+}
+
+/// A template that declines has read some sections before a fixed reader reads all of them again.
+void CStatementWatch::BeginPass() {
+    Facts().sections.clear();
+    lines_.Begin(text_);
+    lots_.BeginDay();
+    if (section_.IsOpen()) static_cast<void>(section_.End(lines_));
+    moneySeen_ = {};
+    money_.reset();
+    report_.PrintedMoney.resize(report_.PrintedMoney.size() - Facts().moneyCount);
+    Facts().firstMoney = report_.PrintedMoney.size();
+    Facts().moneyCount = 0;
+    Facts().hasMoney = false;
+    printed_ = {};
+    printed_.Day = Facts().day;
+    hasLookedForSections_ = false;
+}
+
+void CStatementWatch::OnTemplate(const TemplateSeen& seen) {
+    template_ = seen.outcome;
+}
+
+void CStatementWatch::OnReader(std::string_view layout) {
+    if (hasLookedForSections_) BeginPass();
+    Facts().layout = layout;
+    hasReader_ = true;
+}
+
+/// The date by which a reader files the statement.
+void CStatementWatch::OnDate(std::string_view dateWord, std::string_view date) {
+    const std::string day = PackedDate(date);
+    Facts().statesDay |= !day.empty();
+    // A template looks for the date only to know a day that came before.
+    if (!Facts().isUsable || day == Facts().day || (day.empty() && !hasReader_)) return;
+    Tell(FindingCode::WrongDay, Facts().day, GbkToUtf8(Trim(date)),
+         day.empty() ? "No date stands behind \"" + GbkToUtf8(dateWord) + "\", by which the layout files the statement."
+                     : "The statement states another day than its file's name.");
+}
+
+void CStatementWatch::EndSection() {
+    if (section_.IsOpen()) Facts().sections.push_back(section_.End(lines_));
+}
+
+void CStatementWatch::OnSection(const SectionSeen& seen) {
+    EndSection();
+    hasLookedForSections_ = true;
+    if (seen.kind == SectionKind::Money && moneySeen_.titleRow.empty()) moneySeen_ = seen;
+    section_.Begin(seen, text_);
+}
+
+void CStatementWatch::OnRow(std::string_view row, Row columns, const RowVerdict& verdict) {
+    section_.OnRow(row, columns, verdict, lines_);
+}
+
+void CStatementWatch::OnLabelWanted(std::string_view /*label*/) {
+    section_.OnLabelWanted();
+}
+
+void CStatementWatch::OnLabelMet(std::string_view /*label*/) {}
+
+void CStatementWatch::OnMoney(const MoneyRecord& record, std::string_view currency) {
+    Facts().hasMoney = true;
+    if (const auto strange = FindStrangeAmount(record)) {
+        const std::size_t at = FindText(text_, strange->text);
+        const auto row = at == std::string_view::npos ? std::nullopt : std::optional(lines_.LineOf(text_.substr(at)));
+        Tell(FindingCode::Shifted, "an amount for " + std::string(strange->field), GbkToUtf8(strange->text),
+             "A text stands where the money section has an amount.", row, SectionKind::Money);
+    }
+    if (!report_.IsForeign()) {
+        money_ = record;
+        return;
+    }
+    PrintedMoney money = printed_;
+    money.Currency = currency;
+    money.IsBase = Facts().moneyCount == 0;
+    if (!moneySeen_.titleRow.empty()) money.Row = lines_.LineOf(moneySeen_.titleRow);
+    TakeForeignMoney(record, money);
+    report_.PrintedMoney.push_back(std::move(money));
+    ++Facts().moneyCount;
+}
+
+void CStatementWatch::TakeTrade(const MatchRecord& row) {
+    Facts().hasTrades = true;
+    if (report_.IsForeign()) {
+        lots_.AddForeignTrade(row);
+        section_.OnLots(IntegerIn(row.MATCH_VOL));
+        return;
+    }
+    lots_.AddTrade(row);
+    Facts().hasClosingTrades |= Contains(FieldText(row.OFFSET), "平"_gbk);
+    if (IsOptionContract(FieldText(row.CONTRACT))) {
+        printed_.HasOptionTrades = true;
+        printed_.OptionTurnover += TurnoverOf(row);
+    }
+}
+
+void CStatementWatch::OnRecord(const RecordSeen& record) {
+    section_.OnRecord(record);
+    if (const auto* const trade = std::get_if<const MatchRecord*>(&record)) {
+        TakeTrade(**trade);
+    } else if (const auto* const closed = std::get_if<const PingDetail*>(&record)) {
+        if (report_.IsForeign()) lots_.AddForeignClosed(**closed);
+    } else if (const auto* const open = std::get_if<const OpiDetail*>(&record)) {
+        lots_.AddOpen(**open);
+        if (report_.IsForeign()) section_.OnLots(IntegerIn((*open)->POSITION_VOL));
+    } else if (section_.Kind() == SectionKind::Open || Facts().Section(SectionKind::Open) == nullptr) {
+        lots_.AddOpen(*std::get<const OpiSum*>(record));
+    }
+}
+
+/// The figures of a domestic statement: as printed, and as its layout's reader took them.
+void CStatementWatch::TakeMoney() {
+    if (report_.IsForeign() || !money_) return;
+    if (!moneySeen_.titleRow.empty()) {
+        ReadPrintedMoney({text_, moneySeen_.titleRow, moneySeen_.terminatorRow}, printed_);
+    }
+    CompleteFromRecord(*money_, report_.Format().equity, printed_);
+    report_.PrintedMoney.push_back(std::move(printed_));
+    Facts().moneyCount = 1;
+}
+
+/// Whether the file is of the layout that reads it. `explain` speaks of the same marks.
+bool CStatementWatch::IsRecognised() {
+    const bool byTemplate = template_ == TemplateSeen::Outcome::Read || template_ == TemplateSeen::Outcome::KnownDay;
+    const bool passedOver = hasReader_ ? !hasLookedForSections_ : template_ == TemplateSeen::Outcome::KnownDay;
+    if (passedOver) return true;
+    const bool foundSection = std::ranges::any_of(Facts().sections, &SectionFacts::IsFound);
+    const bool isOfOther = !byTemplate && !BearsMarksOf(text_, report_.Request.StatementFormat, report_.IsForeign()) &&
+                           !MarkedLayouts(text_).empty();
+    return (foundSection || Facts().hasMoney) && !isOfOther;
+}
+
+/// What a statement says of itself beside its sections.
+void CStatementWatch::LookAtOrigin() {
+    const std::string wanted(FieldText(report_.Request.Account));
+    if (const auto account = PrintedAccount(text_); account && *account != wanted) {
+        Tell(FindingCode::WrongAccount, wanted, *account, "The statement states another account than its file's name.");
+    }
+    const bool isTold = std::ranges::any_of(
+        Facts().findings, [](const Finding& finding) { return finding.code == FindingCode::WrongDay; });
+    const auto day = PrintedDay(text_);
+    Facts().statesDay |= day.has_value();
+    if (!isTold && day && *day != Facts().day) {
+        Tell(FindingCode::WrongDay, Facts().day, *day, "The statement states another day than its file's name.");
+    }
+}
+
+/// A section that begins and doesn't end, or half a character at the end of the file.
+void CStatementWatch::LookForCut() {
+    const auto endsInCharacter = [&] {
+        std::string_view rest = text_.substr(text_.rfind('\n') + 1);
+        while (rest.size() > 1) rest.remove_prefix(GbkCharacterLength(rest));
+        return rest.size() == 1 && static_cast<unsigned char>(rest.front()) >= 0x80;
+    };
+    for (const SectionFacts& section : Facts().sections) {
+        if (!section.hasTitle || section.hasEnd || Facts().isCutOff) continue;
+        Facts().isCutOff = true;
+        Tell(FindingCode::CutOff, "the end of the section", "the end of the file",
+             "The section begins at line " + std::to_string(section.titleRow) + " and doesn't end.", section.titleRow,
+             section.kind);
+    }
+    Facts().endsInLine = !text_.ends_with('\n');
+    const std::string_view whole = TrimRight(text_);
+    if (!whole.empty()) Facts().lastRow = lines_.LineOf(whole.substr(whole.size() - 1));
+    const SectionFacts* const money = Facts().Section(SectionKind::Money);
+    constexpr int kMoneyRows = 8;  // from the title of a sheet without an end to its last figures
+    const bool endsInMoney =
+        !Facts().hasMoney && money != nullptr && money->hasTitle && Facts().lastRow < money->titleRow + kMoneyRows;
+    if (Facts().isCutOff || (!endsInCharacter() && !endsInMoney)) return;
+    Facts().isCutOff = true;
+    Tell(FindingCode::CutOff, "a whole last row", "the end of the file", "The file ends inside a row.",
+         Facts().lastRow);
+}
+
+void CStatementWatch::OnStatementEnd() {
+    EndSection();
+    Facts().isEnded = true;
+    if (!Facts().isUsable) return;
+    if (!IsRecognised()) {
+        const std::string options = FittingLayouts(text_);
+        Facts().findings.clear();
+        Tell(FindingCode::Unrecognised,
+             report_.IsForeign() ? "--kind foreign" : "--format " + std::to_string(report_.Request.StatementFormat),
+             options.empty() ? "no layout's marks" : options,
+             options.empty()
+                 ? "No layout's mark stands in the statement: one that only a template describes needs --template."
+                 : "This looks like " + options + ".");
+        Facts().isUsable = false;
+        report_.PrintedMoney.resize(Facts().firstMoney);
+        Facts().moneyCount = 0;
+        lots_.Break();
+        return;
+    }
+    LookAtOrigin();
+    LookForCut();
+    TakeMoney();
+    Facts().expectsLots = lots_.ExpectsLots();
+    Facts().lots = lots_.EndDay();
+}
+
+}  // namespace tradebill
