@@ -103,6 +103,13 @@ std::int32_t ParseInteger(std::string_view text) {
     return static_cast<std::int32_t>(negative ? -value : std::min(value, kLimit - 1));
 }
 
+std::optional<std::int32_t> WholeNumber(std::string_view text) {
+    std::int32_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
+    return number;
+}
+
 CNumberText::CNumberText(double amount, int decimals) {
     const auto result =
         std::to_chars(chars_.data(), chars_.data() + chars_.size(), amount, std::chars_format::fixed, decimals);

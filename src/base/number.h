@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "base/text.h"
@@ -23,6 +24,9 @@ namespace tradebill {
 
 /// The whole number at the start of `text`, likewise; held at the end of the 32-bit range.
 [[nodiscard]] std::int32_t ParseInteger(std::string_view text);
+
+/// `text` if it is a whole number and nothing else.
+[[nodiscard]] std::optional<std::int32_t> WholeNumber(std::string_view text);
 
 /// The number in a record's field.
 template <std::size_t N>

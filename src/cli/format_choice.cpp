@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "base/day.h"
-#include "cli/input_ini.h"
+#include "base/number.h"
 #include "cli/usage_error.h"
 #include "driver/bill_folders.h"
 #include "driver/report_days.h"

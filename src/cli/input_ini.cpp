@@ -1,11 +1,7 @@
 #include "cli/input_ini.h"
 
-#include <charconv>
-#include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
 #include "cli/usage_error.h"
@@ -36,13 +32,6 @@ std::string GbkTextOf(const InputIni& ini, const CIniFile::Entry& entry, std::st
     const auto gbk = Utf8ToGbk(text);
     if (!gbk) throw CUsageError(ini.Place(entry.line) + ": expected UTF-8 text of characters that GBK has");
     return *gbk;
-}
-
-std::optional<std::int32_t> WholeNumber(std::string_view text) {
-    std::int32_t number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
-    return number;
 }
 
 }  // namespace tradebill

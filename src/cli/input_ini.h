@@ -1,8 +1,6 @@
 // The small INI files that the program takes: UTF-8, and checked line by line.
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -28,8 +26,5 @@ struct InputIni {
 
 /// A key or value as GBK. Throws CUsageError for a character that GBK lacks.
 [[nodiscard]] std::string GbkTextOf(const InputIni& ini, const CIniFile::Entry& entry, std::string_view text);
-
-/// `text` if it is a whole number and nothing else.
-[[nodiscard]] std::optional<std::int32_t> WholeNumber(std::string_view text);
 
 }  // namespace tradebill

@@ -8,6 +8,7 @@
 
 #include "base/gbk.h"
 #include "base/ini_file.h"
+#include "base/number.h"
 #include "base/text.h"
 #include "cli/input_ini.h"
 #include "cli/usage_error.h"

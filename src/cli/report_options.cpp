@@ -12,6 +12,7 @@
 
 #include "base/day.h"
 #include "base/ini_file.h"
+#include "base/number.h"
 #include "base/report_error.h"
 #include "base/text.h"
 #include "cli/format_choice.h"

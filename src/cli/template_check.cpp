@@ -16,7 +16,6 @@
 #include "base/ini_file.h"
 #include "base/number.h"
 #include "cli/command_table.h"
-#include "cli/input_ini.h"
 #include "cli/template_known_keys.h"
 #include "cli/usage_error.h"
 #include "platform/file.h"

@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
+#include <optional>
 #include <random>
 #include <string>
 #include <system_error>
@@ -227,6 +228,16 @@ TEST(SaturatingArithmetic, CutsTowardsZero) {
 
 TEST(SmallestAmount, IsTheSinglePrecisionEpsilon) {
     EXPECT_EQ(kSmallestAmount, std::numeric_limits<float>::epsilon());
+}
+
+TEST(WholeNumber, IsANumberAndNothingElse) {
+    EXPECT_EQ(WholeNumber("0"), 0);
+    EXPECT_EQ(WholeNumber("-5"), -5);
+    EXPECT_EQ(WholeNumber("0010"), 10);
+    EXPECT_EQ(WholeNumber("2147483647"), 2147483647);
+    for (const char* const text : {"", " 1", "1 ", "1.0", "1e3", "0x10", "2147483648", "-", "one"}) {
+        EXPECT_EQ(WholeNumber(text), std::nullopt) << text;
+    }
 }
 
 TEST(NumberText, WritesAmountsWithTwoDecimals) {

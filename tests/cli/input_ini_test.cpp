@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
 #include <string>
 
 #include "cli/cli_fixture.h"
@@ -73,16 +72,6 @@ TEST_F(InputIniFile, BecomesGbkOrIsRefusedWithItsLine) {
     EXPECT_EQ(GbkTextOf(ini, entries[0], entries[0].value), "\xCD\xAD");
     EXPECT_PRED2(IsClearLine, UsageErrorOf([&] { return GbkTextOf(ini, entries[1], entries[1].value); }), ", line 3:");
     EXPECT_PRED2(IsClearLine, UsageErrorOf([&] { return GbkTextOf(ini, entries[2], entries[2].value); }), ", line 4:");
-}
-
-TEST(WholeNumber, IsANumberAndNothingElse) {
-    EXPECT_EQ(WholeNumber("0"), 0);
-    EXPECT_EQ(WholeNumber("-5"), -5);
-    EXPECT_EQ(WholeNumber("0010"), 10);
-    EXPECT_EQ(WholeNumber("2147483647"), 2147483647);
-    for (const char* const text : {"", " 1", "1 ", "1.0", "1e3", "0x10", "2147483648", "-", "one"}) {
-        EXPECT_EQ(WholeNumber(text), std::nullopt) << text;
-    }
 }
 
 }  // namespace
