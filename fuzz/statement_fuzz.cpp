@@ -14,7 +14,7 @@
 #include "base/ini_file.h"
 #include "base/report_error.h"
 #include "cli/scan_report.h"
-#include "cli/template_check.h"
+#include "findings/template_check.h"
 #include "page/html_builder.h"
 #include "page/page_sections.h"
 #include "platform/file.h"

@@ -9,7 +9,7 @@
 #include "cli/layouts_command.h"
 #include "cli/report_command.h"
 #include "cli/reset_command.h"
-#include "cli/template_check.h"
+#include "cli/template_command.h"
 
 namespace tradebill {
 namespace {

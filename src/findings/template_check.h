@@ -1,15 +1,12 @@
-// The command `template check`: what a statement template says that no reader will understand as it was meant.
+// What a statement template says that no reader will understand as it was meant.
 #pragma once
 
 #include <string>
 #include <vector>
 
 #include "base/ini_file.h"
-#include "cli/command_table.h"
 
 namespace tradebill {
-
-[[nodiscard]] CommandRun DeclareTemplateCheck(CLI::App& app);
 
 struct TemplateFinding {
     int line;      ///< counted from 1; 0 for what is missing altogether
@@ -19,9 +16,5 @@ struct TemplateFinding {
 
 /// Findings in the order of their lines.
 [[nodiscard]] std::vector<TemplateFinding> CheckTemplate(const CIniFile& file);
-
-/// Prints the findings. Returns the program's exit code: 1 if there are errors. Throws CUsageError for a file that
-/// can't be read.
-[[nodiscard]] int RunTemplateCheck(const std::string& path);
 
 }  // namespace tradebill

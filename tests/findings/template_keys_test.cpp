@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "cli/template_check.h"
-#include "cli/template_known_keys.h"
+#include "findings/template_check.h"
+#include "findings/template_known_keys.h"
 #include "support/gbk_text.h"
 
 namespace tradebill::template_keys_test {

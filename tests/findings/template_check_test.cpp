@@ -1,4 +1,4 @@
-#include "cli/template_check.h"
+#include "findings/template_check.h"
 
 #include <gtest/gtest.h>
 
@@ -8,10 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "cli/usage_error.h"
 #include "platform/file.h"
 #include "support/gbk_text.h"
-#include "support/temp_folder.h"
 
 namespace tradebill::template_check_test {
 namespace {
@@ -188,23 +186,6 @@ TEST(TemplateCheck, PassesTheSampleTemplates) {
         ASSERT_TRUE(file) << sample;
         for (const TemplateFinding& finding : CheckTemplate(*file)) EXPECT_FALSE(finding.isError) << finding.text;
     }
-}
-
-TEST(TemplateCheck, EndsWithOneForErrorsAndZeroForWarnings) {
-    const CTempFolder folder;
-    const auto run = [&](const std::string& text) {
-        testing::internal::CaptureStdout();
-        const int exit = RunTemplateCheck(folder.Write("t.ini", text));
-        return std::pair(exit, testing::internal::GetCapturedStdout());
-    };
-    const auto [good, goodText] = run("[DEALFIELD]\nBILLFORMAT_NEWDATE=20240119\n");
-    EXPECT_EQ(good, 0);
-    EXPECT_NE(goodText.find(": 0 errors, 1 warning\n"), std::string::npos);
-    const auto [bad, badText] = run("[DEALFIELD]\nTYPO=1\n");
-    EXPECT_EQ(bad, 1);
-    EXPECT_NE(badText.find("t.ini, line 2: error: unknown key TYPO"), std::string::npos);
-    EXPECT_NE(badText.find(": 1 error, 1 warning\n"), std::string::npos);
-    EXPECT_THROW(static_cast<void>(RunTemplateCheck(folder.Path("missing.ini"))), CUsageError);
 }
 
 TEST(TemplateCheck, NamesTheWrongEncoding) {

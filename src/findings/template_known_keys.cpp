@@ -1,4 +1,4 @@
-#include "cli/template_known_keys.h"
+#include "findings/template_known_keys.h"
 
 #include <algorithm>
 #include <cstddef>
