@@ -2,6 +2,7 @@
 // bytes one by one. With SSE2, which every x86-64 has; elsewhere in a plain loop with the same result.
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -106,5 +107,14 @@ using plain::EqualMask;
 using plain::WhiteSpaceMask;
 
 #endif
+
+/// How often `byte` stands in `text`.
+[[nodiscard]] inline std::size_t CountByte(std::string_view text, char byte) {
+    std::size_t count = 0;
+    for (std::size_t at = 0; at < text.size(); at += kMaskedBytes) {
+        count += static_cast<std::size_t>(std::popcount(EqualMask(text, at, byte)));
+    }
+    return count;
+}
 
 }  // namespace tradebill

@@ -1,6 +1,5 @@
 #include "base/decimal.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -18,29 +17,30 @@ constexpr int kMostWholeDigits = 14;
 
 std::optional<Decimal> ParseDecimal(std::string_view text) {
     text = Trim(text);
-    const bool isNegative = text.starts_with('-');
-    if (isNegative || text.starts_with('+')) text.remove_prefix(1);
-    if (text.empty() || !(IsDigit(text.front()) || text.front() == '.')) return std::nullopt;
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    const bool isNegative = at != end && *at == '-';
+    if (isNegative || (at != end && *at == '+')) ++at;
 
-    Decimal decimal;
-    std::size_t at = 0;
+    std::int64_t steps = 0;
     int digits = 0;
-    for (; at < text.size() && (IsDigit(text[at]) || (text[at] == ',' && digits > 0)); ++at) {
-        if (text[at] == ',') continue;
+    for (; at != end && (IsDigit(*at) || (*at == ',' && digits > 0)); ++at) {
+        if (*at == ',') continue;
         if (++digits > kMostWholeDigits) return std::nullopt;
-        decimal.steps = decimal.steps * 10 + (text[at] - '0');
+        steps = steps * 10 + (*at - '0');
     }
-    if (at < text.size() && text[at] == '.') {
-        for (++at; at < text.size() && IsDigit(text[at]); ++at, ++digits) {
-            if (decimal.places == kMostPlaces) continue;
-            decimal.steps = decimal.steps * 10 + (text[at] - '0');
-            ++decimal.places;
+    int places = 0;
+    if (at != end && *at == '.') {
+        for (++at; at != end && IsDigit(*at); ++at, ++digits) {
+            if (places == kMostPlaces) continue;
+            steps = steps * 10 + (*at - '0');
+            ++places;
         }
     }
-    if (at < text.size() || digits == 0) return std::nullopt;
-    for (int place = decimal.places; place < kMostPlaces; ++place) decimal.steps *= 10;
-    if (isNegative) decimal.steps = -decimal.steps;
-    return decimal;
+    if (at != end || digits == 0) return std::nullopt;
+    constexpr std::int64_t kPowers[] = {10000, 1000, 100, 10, 1};
+    steps *= kPowers[places];
+    return Decimal{isNegative ? -steps : steps, places};
 }
 
 std::string DecimalText(std::int64_t steps) {

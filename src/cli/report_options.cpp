@@ -130,9 +130,7 @@ void SetDates(const ReportOptions& options, PreparedRequest& prepared) {
     if (!from.empty() && !to.empty() && first > last) {
         prepared.warnings.emplace_back("the first day lies after the last: no statement will be read");
     }
-    if (last == today && !options.liveFile) {
-        prepared.warnings.emplace_back("the report ends today, and without --live its last record is empty");
-    }
+    prepared.lacksLiveFigures = last == today && !options.liveFile;
 }
 
 /// Root and user folder must be there, and no path may be longer than the module reads.

@@ -44,6 +44,7 @@ struct PreparedRequest {
     std::unique_ptr<CProductTables> products = std::make_unique<CProductTables>();  ///< never null
     std::vector<std::string> warnings;
     std::vector<std::string> notes;  ///< what was chosen for the user
+    bool lacksLiveFigures = false;   ///< the report ends today, and has no live figures
 };
 
 /// Checks everything and fills a request. What the command line doesn't say is taken from the request file. Throws

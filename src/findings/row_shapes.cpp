@@ -1,6 +1,7 @@
 #include "findings/row_shapes.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <string_view>
 #include <vector>
@@ -9,9 +10,19 @@
 #include "base/text.h"
 
 namespace tradebill {
+namespace {
+
+/// Rules are long, and there are several in each section.
+constexpr std::array<bool, 256> kIsOfRule = [] {
+    std::array<bool, 256> marks{};
+    for (const char byte : std::string_view("-=_+|*~ \t\r")) marks[static_cast<unsigned char>(byte)] = true;
+    return marks;
+}();
+
+}  // namespace
 
 bool IsRuleRow(std::string_view row) {
-    return row.find_first_not_of("-=_+|*~ \t\r") == std::string_view::npos;
+    return std::ranges::all_of(row, [](char byte) { return kIsOfRule[static_cast<unsigned char>(byte)]; });
 }
 
 bool IsHeadingRow(std::string_view row) {

@@ -35,6 +35,14 @@ std::string SumText(std::int64_t sum, int places) {
     return places == 0 && sum % kDecimalSteps == 0 ? std::to_string(sum / kDecimalSteps) : DecimalText(sum);
 }
 
+/// Dates and the numbers of trades are never added up.
+bool IsName(std::string_view column) {
+    constexpr std::size_t kDateLength = 8;
+    const bool hasLeadingZero = column.size() > 1 && column[0] == '0' && IsDigit(column[1]);
+    return hasLeadingZero || (column.size() == kDateLength && (column.starts_with("20") || column.starts_with("19")) &&
+                              column.find('.') == std::string_view::npos);
+}
+
 void Append(std::string& list, std::string_view text) {
     if (!list.empty()) list += "; ";
     list += text;
@@ -61,8 +69,8 @@ bool CSectionTotals::AddRow(std::string_view row, Row columns) {
         if (!isFirst && !column.isNumber) continue;
         const auto amount = ParseDecimal(columns[i]);
         if (amount) column.sum += amount->steps;
-        if (isFirst) column.isNumber = amount.has_value();
-        areNumbers &= column.isNumber == amount.has_value();
+        if (isFirst) column.isNumber = amount && !IsName(columns[i]);
+        areNumbers &= amount.has_value() || !column.isNumber;
     }
     return areNumbers;
 }

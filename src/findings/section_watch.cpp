@@ -9,6 +9,7 @@
 #include <variant>
 #include <vector>
 
+#include "base/byte_mask.h"
 #include "base/number.h"
 #include "base/text.h"
 #include "findings/record_amounts.h"
@@ -40,9 +41,11 @@ bool LooksLikeData(const std::vector<std::string_view>& columns) {
 
 int CLineCounter::LineOf(std::string_view row) {
     const auto at = static_cast<std::size_t>(row.data() - text_.data());
-    if (at < at_) Begin(text_);
-    line_ += static_cast<int>(std::count(text_.begin() + static_cast<std::ptrdiff_t>(at_),
-                                         text_.begin() + static_cast<std::ptrdiff_t>(at), '\n'));
+    if (at >= at_) {
+        line_ += static_cast<int>(CountByte(text_.substr(at_, at - at_), '\n'));
+    } else {
+        line_ -= static_cast<int>(CountByte(text_.substr(at, at_ - at), '\n'));
+    }
     at_ = at;
     return line_;
 }

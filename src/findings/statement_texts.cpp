@@ -1,12 +1,14 @@
 #include "findings/statement_texts.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "base/byte_mask.h"
 #include "base/gbk.h"
 #include "base/text.h"
 #include "base/word_bytes.h"
@@ -22,13 +24,20 @@ bool IsAscii(char byte) {
 
 /// Where the first byte stands that is no ASCII, from `at` on.
 std::size_t SkipAscii(std::string_view text, std::size_t at) {
-    while (at + kWordBytes <= text.size() && (LoadWord(text.data() + at) & kHighBits) == 0) at += kWordBytes;
+    constexpr std::size_t kStep = 4 * kWordBytes;
+    const auto bitsAt = [&](std::size_t place) { return LoadWord(text.data() + place); };
+    while (at + kStep <= text.size() &&
+           ((bitsAt(at) | bitsAt(at + kWordBytes) | bitsAt(at + 2 * kWordBytes) | bitsAt(at + 3 * kWordBytes)) &
+            kHighBits) == 0) {
+        at += kStep;
+    }
+    while (at + kWordBytes <= text.size() && (bitsAt(at) & kHighBits) == 0) at += kWordBytes;
     while (at < text.size() && IsAscii(text[at])) ++at;
     return at;
 }
 
 int RowAt(std::string_view text, std::size_t at) {
-    return static_cast<int>(std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(at), '\n')) + 1;
+    return static_cast<int>(CountByte(text.substr(0, at), '\n')) + 1;
 }
 
 /// Bytes of the UTF-8 character at `at`, of more than one byte; 0 if there is none.
@@ -185,8 +194,13 @@ std::uint64_t HashOf(std::string_view bytes) {
         hash = (hash ^ word) * kFactor;
         return hash ^ (hash >> 32);
     };
-    std::uint64_t hash = bytes.size();
-    for (; bytes.size() >= kWordBytes; bytes.remove_prefix(kWordBytes)) hash = mix(hash, LoadWord(bytes.data()));
+    std::array<std::uint64_t, 4> lanes = {bytes.size(), 1, 2, 3};  // side by side, since each waits for its own product
+    for (; bytes.size() >= lanes.size() * kWordBytes; bytes.remove_prefix(lanes.size() * kWordBytes)) {
+        for (std::size_t i = 0; i < lanes.size(); ++i)
+            lanes[i] = mix(lanes[i], LoadWord(bytes.data() + i * kWordBytes));
+    }
+    std::uint64_t hash = 0;
+    for (const std::uint64_t lane : lanes) hash = mix(hash, lane);
     for (const char byte : bytes) hash = mix(hash, static_cast<unsigned char>(byte));
     return hash;
 }

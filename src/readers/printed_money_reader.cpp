@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/byte_mask.h"
 #include "base/decimal.h"
 #include "base/gbk.h"
 #include "base/text.h"
@@ -87,6 +88,10 @@ bool StartsNumber(std::string_view text) {
     return !text.empty() && IsDigit(text.front());
 }
 
+bool IsBetweenWords(char byte) {
+    return byte == ' ' || byte == '|' || byte == ':' || byte == '\t';
+}
+
 std::string HanziOf(std::string_view text) {
     std::string word;
     while (!text.empty()) {
@@ -149,17 +154,20 @@ private:
         std::string label;
         bool atBoundary = true;
         while (!rest.empty()) {
-            if (atBoundary && StartsNumber(rest)) {
+            if (IsBetweenWords(rest.front())) {
+                atBoundary = true;
+                rest.remove_prefix(1);
+            } else if (atBoundary && StartsNumber(rest)) {
                 const std::string_view number = rest.substr(0, rest.find_first_of(" \t|"));
                 Take(label, number);
                 label.clear();
                 rest.remove_prefix(number.size());
-                continue;
+            } else {
+                const std::string_view character = rest.substr(0, GbkCharacterLength(rest));
+                if (IsHanzi(character)) label += character;
+                atBoundary = character == "："_gbk;
+                rest.remove_prefix(character.size());
             }
-            const std::string_view character = rest.substr(0, GbkCharacterLength(rest));
-            if (IsHanzi(character)) label += character;
-            atBoundary = character == " " || character == "|" || character == ":" || character == "："_gbk;
-            rest.remove_prefix(character.size());
         }
     }
 
@@ -174,8 +182,8 @@ bool IsRule(std::string_view line) {
 }
 
 int LineOf(std::string_view text, std::string_view row) {
-    const auto offset = static_cast<std::ptrdiff_t>(row.data() - text.data());
-    return static_cast<int>(std::count(text.begin(), text.begin() + offset, '\n')) + 1;
+    const auto offset = static_cast<std::size_t>(row.data() - text.data());
+    return static_cast<int>(CountByte(text.substr(0, offset), '\n')) + 1;
 }
 
 struct FieldFigure {

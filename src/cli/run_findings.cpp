@@ -1,0 +1,101 @@
+#include "cli/run_findings.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <iostream>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cli/findings_text.h"
+#include "cli/report_options.h"
+#include "findings/account_findings.h"
+#include "findings/finding.h"
+#include "findings/finding_table.h"
+#include "findings/request_findings.h"
+#include "findings/statement_watch.h"
+#include "report/report.h"
+
+namespace tradebill {
+namespace {
+
+struct OptionName {
+    std::string_view name;
+    std::optional<std::string> ReportOptions::*value;
+};
+
+// Those that change what is read; what is found doesn't depend on the others.
+// clang-format off
+constexpr OptionName kOptions[] = {
+    {"--root",     &ReportOptions::root},
+    {"--request",  &ReportOptions::requestFile},
+    {"--user",     &ReportOptions::user},
+    {"--account",  &ReportOptions::account},
+    {"--from",     &ReportOptions::from},
+    {"--to",       &ReportOptions::to},
+    {"--format",   &ReportOptions::format},
+    {"--kind",     &ReportOptions::kind},
+    {"--template", &ReportOptions::templateName},
+    {"--units",    &ReportOptions::unitFile},
+    {"--products", &ReportOptions::productFile},
+    {"--live",     &ReportOptions::liveFile},
+};
+// clang-format on
+
+bool NeedsQuotes(std::string_view word) {
+    constexpr std::string_view kPlain = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-_./:,@%+=";
+    return word.empty() || word.find_first_not_of(kPlain) != std::string_view::npos;
+}
+
+std::string Quoted(std::string_view word) {
+    if (!NeedsQuotes(word)) return std::string(word);
+    std::string quoted = "'";
+    for (const char byte : word) {
+        if (byte == '\'') {
+            quoted += "'\\''";
+        } else {
+            quoted += byte;
+        }
+    }
+    return quoted + "'";
+}
+
+std::string NameOf(const Finding& finding) {
+    return std::string(SeverityName(finding.severity)) + " " + std::string(KindOf(finding.code).name);
+}
+
+}  // namespace
+
+std::vector<Finding> FindingsOfRun(const CReport& report, const CStatementWatch& watch,
+                                   const PreparedRequest& prepared) {
+    std::vector<Finding> findings = FindingsOf(report, watch);
+    CheckRequestTemplate(report, findings);
+    if (prepared.lacksLiveFigures) findings.push_back(LiveFinding());
+    SortFindings(findings);
+    return findings;
+}
+
+std::string CheckCommandLine(const ReportOptions& options) {
+    std::string line = "tradebill check";
+    for (const OptionName& option : kOptions) {
+        const std::optional<std::string>& value = options.*option.value;
+        if (value) line.append(" ").append(option.name).append(" ").append(Quoted(*value));
+    }
+    return line;
+}
+
+void ShowFindings(std::span<const Finding> findings, const ReportOptions& options) {
+    constexpr std::size_t kMostShown = 10;
+    if (!HasWarnings(findings)) return;
+    const std::span<const Finding> shown = findings.first(std::min(findings.size(), kMostShown));
+    for (const Finding& finding : shown) {
+        std::cerr << "tradebill: " << NameOf(finding) << ": " << FindingLine(finding) << "\n";
+    }
+    if (findings.size() > shown.size()) std::cerr << "tradebill: and " << findings.size() - shown.size() << " more; ";
+    if (findings.size() <= shown.size()) std::cerr << "tradebill: ";
+    std::cerr << "what to do about them tells: " << CheckCommandLine(options) << "\n";
+}
+
+}  // namespace tradebill

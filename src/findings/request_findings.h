@@ -1,0 +1,19 @@
+// What is wrong with what a run is asked, apart from its statements.
+#pragma once
+
+#include <vector>
+
+#include "findings/finding.h"
+
+namespace tradebill {
+
+class CReport;
+
+/// Whether the template that the report's request names is there, and what its check says. Nothing for the foreign
+/// family, which takes none, and for a request that names none.
+void CheckRequestTemplate(const CReport& report, std::vector<Finding>& findings);
+
+/// That a report ends today without the host's figures.
+[[nodiscard]] Finding LiveFinding();
+
+}  // namespace tradebill
