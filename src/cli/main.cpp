@@ -3,6 +3,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <cstdio>
 #include <exception>
 #include <iostream>
 #include <stdexcept>
@@ -13,6 +14,7 @@
 #include "cli/command_table.h"
 #include "cli/usage_error.h"
 #include "platform/local_time.h"
+#include "platform/standard_streams.h"
 #include "platform/terminal.h"
 
 namespace tradebill {
@@ -74,19 +76,34 @@ int Run(int argc, char** argv) {
     return kExitUsage;
 }
 
+int RunAndTell(int argc, char** argv) {
+    try {
+        return Run(argc, argv);
+    } catch (const CUsageError& error) {
+        std::cerr << "tradebill: " << error.what() << "\n";
+        return kExitUsage;
+    } catch (const std::exception& error) {
+        std::cerr << "tradebill: " << error.what() << "\n";
+        return kExitFailed;
+    }
+}
+
+/// Whether all that was printed got out. A reader who has left, as `head` does, has seen what it wanted: there is
+/// nothing to say then.
+bool IsAllPrinted() {
+    std::cout.flush();
+    if (std::cout.good() && std::ferror(stdout) == 0) return true;
+    if (!HasReaderLeft()) std::cerr << "tradebill: can't write to standard output\n";
+    return false;
+}
+
 }  // namespace
 }  // namespace tradebill
 
 int main(int argc, char** argv) {
+    tradebill::HoldStandardStreams();
     const tradebill::CUtf8Terminal terminal;
     tradebill::KeepTimeZone();
-    try {
-        return tradebill::Run(argc, argv);
-    } catch (const tradebill::CUsageError& error) {
-        std::cerr << "tradebill: " << error.what() << "\n";
-        return tradebill::kExitUsage;
-    } catch (const std::exception& error) {
-        std::cerr << "tradebill: " << error.what() << "\n";
-        return tradebill::kExitFailed;
-    }
+    const int exit = tradebill::RunAndTell(argc, argv);
+    return tradebill::IsAllPrinted() ? exit : tradebill::kExitFailed;
 }

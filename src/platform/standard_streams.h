@@ -1,0 +1,22 @@
+// Standard input and output of the program: what their caller may do with them before and while it runs.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace tradebill {
+
+/// Takes the places of the standard streams that the caller has closed, so that no file that is opened later gets one
+/// and what is printed with it: reading and writing such a stream fails. A pipe whose reader leaves makes a write fail
+/// too, instead of ending the program in the middle of its work.
+///
+/// REQUIRES: nothing has been opened yet.
+void HoldStandardStreams();
+
+/// All that can be read from standard input. Nothing if it can't be read to its end.
+[[nodiscard]] std::optional<std::string> ReadStandardInput();
+
+/// Whether standard output is a pipe that nobody reads any more.
+[[nodiscard]] bool HasReaderLeft();
+
+}  // namespace tradebill
