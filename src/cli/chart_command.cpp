@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <system_error>
 
@@ -101,7 +102,7 @@ int RunChartCommand(const ChartCommand& command) {
     const AccountChart& chart = ChartCalled(command.chart);
     const std::optional<PictureSize> wanted = AreaSizeOf(command);
     const std::optional<ChartRect> part = PartOf(command);
-    CheckOutputFile("--output", command.outputFile);
+    const COutputFile output("--output", command.outputFile);
     const PreparedRequest prepared = PrepareRequest(command.options);
     CReport report;
     if (!RunWatched(report, prepared, true, ReadAccount)) return kExitFailed;
@@ -113,7 +114,12 @@ int RunChartCommand(const ChartCommand& command) {
     const std::int32_t status = PaintAsHost({picture.Row(0), picture.Width(), picture.Height()},
                                             [&](ChartTarget* target) { Repaint(report, chart, target, &rect, size); });
     if (status != kChartDone) return Fail("the chart can't be painted at this size");
-    if (!SavePng(picture, command.outputFile)) return Fail("can't write " + command.outputFile);
+    const std::string content = EncodePng(picture);
+    const auto write = [&content](std::ostream& out) {
+        out << content;
+        return !content.empty();
+    };
+    if (!output.Save(write)) return Fail("can't write " + output.Name());
     return kExitDone;
 }
 

@@ -4,6 +4,7 @@
 
 #include <iostream>
 #include <memory>
+#include <ostream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -75,12 +76,16 @@ CommandRun DeclareGallery(CLI::App& app) {
 
 int RunGalleryCommand(const std::string& folder) {
     if (!MakeFolders(folder)) throw std::runtime_error("cannot make the folder " + folder);
+    const std::string pagePath = folder + "/index.html";
+    const COutputFile page("DIR", pagePath);
     WarnWithoutFonts();
     const std::vector<GalleryChart> charts = GalleryCharts();
     for (const GalleryChart& chart : charts) Paint(chart, folder + "/" + chart.fileName);
-    const std::string pagePath = folder + "/index.html";
-    const auto writePage = [&charts](std::ostream& page) { page << PageOf(charts); };
-    if (!SaveWhole(pagePath, writePage)) throw std::runtime_error("cannot write " + pagePath);
+    const auto writePage = [&charts](std::ostream& out) {
+        out << PageOf(charts);
+        return true;
+    };
+    if (!page.Save(writePage)) throw std::runtime_error("cannot write " + pagePath);
     std::cout << charts.size() << " charts: " << NativePath(pagePath) << "\n";
     return kExitDone;
 }

@@ -3,11 +3,9 @@
 #include <CLI/CLI.hpp>
 
 #include <cstddef>
-#include <fstream>
-#include <ios>
-#include <iostream>
 #include <memory>
 #include <optional>
+#include <ostream>
 #include <string>
 
 #include "base/number.h"
@@ -23,7 +21,6 @@
 #include "page/page_sink.h"
 #include "page/standalone_page.h"
 #include "platform/desktop.h"
-#include "platform/file.h"
 #include "platform/paths.h"
 #include "report/money_store.h"
 #include "report/report.h"
@@ -48,16 +45,16 @@ int ClosedRows(const CReport& report) {
     return rows;
 }
 
-void ShowSummary(const CReport& report, const RunResult& result) {
+void ShowSummary(const CReport& report, const RunResult& result, std::ostream& out) {
     const CMoneyStore& money = report.MoneyStore;
-    std::cout << "Report from " << money.StartDateText << " to " << money.EndDateText << "\n"
-              << "  statements read   " << result.statementsRead << " ("
-              << DaysText(result.days - result.statementsRead) << " without a file)\n"
-              << "  records           " << money.Count() << " money, " << report.MatchStore.Count() << " trades, "
-              << ClosedRows(report) << " closed, " << report.OpiDetailStore.Count() << " positions, "
-              << report.OpiSumStore.Count() << " position sums" << CurrencyText(report) << "\n"
-              << "  closing equity    " << CNumberText(money.ClosingEquity).View() << "\n"
-              << "  page              " << NativePath(result.pagePath) << "\n";
+    out << "Report from " << money.StartDateText << " to " << money.EndDateText << "\n"
+        << "  statements read   " << result.statementsRead << " (" << DaysText(result.days - result.statementsRead)
+        << " without a file)\n"
+        << "  records           " << money.Count() << " money, " << report.MatchStore.Count() << " trades, "
+        << ClosedRows(report) << " closed, " << report.OpiDetailStore.Count() << " positions, "
+        << report.OpiSumStore.Count() << " position sums" << CurrencyText(report) << "\n"
+        << "  closing equity    " << CNumberText(money.ClosingEquity).View() << "\n"
+        << "  page              " << NativePath(result.pagePath) << "\n";
 }
 
 /// A report, and its page as one file too.
@@ -66,19 +63,26 @@ struct MadeReport {
     bool isFileSaved = false;
 };
 
-MadeReport MakeReportAndFile(CReport& report, const PreparedRequest& prepared, bool quiet, const std::string& path) {
+MadeReport MakeReportAndFile(CReport& report, const PreparedRequest& prepared, bool quiet, const COutputFile& output) {
     MadeReport made;
-    made.isFileSaved = SaveInOneStep(path, [&](const std::string& unfinished) {
-        std::ofstream file(unfinished, std::ios::binary);
+    made.isFileSaved = output.Save([&](std::ostream& file) {
         CStandalonePage page(file);
         CPageRelay relay(page);
         made.result = RunWatched(report, prepared, quiet, RunReport, {.copy = &relay});
         relay.Finish();
         page.Finish();
-        file.close();
-        return made.result && !file.fail() && !IsSameFile(made.result->pagePath, path);
+        return made.result && !output.LeadsTo(made.result->pagePath);
     });
     return made;
+}
+
+/// Never in the place of the page.
+bool SaveJson(const COutputFile& output, const CReport& report, const std::string& pagePath) {
+    if (output.LeadsTo(pagePath)) return false;
+    return output.Save([&report](std::ostream& out) {
+        WriteJson(report, out);
+        return true;
+    });
 }
 
 }  // namespace
@@ -86,9 +90,11 @@ MadeReport MakeReportAndFile(CReport& report, const PreparedRequest& prepared, b
 CommandRun DeclareReport(CLI::App& app) {
     const auto command = std::make_shared<ReportCommand>();
     DeclareReportOptions(app, command->options);
-    app.add_option("--json", command->jsonFile, "Write everything that was read and worked out as JSON")
+    app.add_option("--json", command->jsonFile,
+                   "Write everything that was read and worked out as JSON; - for standard output")
         ->type_name("FILE");
-    app.add_option("--standalone", command->standaloneFile, "Write the page and its pictures as one file too")
+    app.add_option("--standalone", command->standaloneFile,
+                   "Write the page and its pictures as one file too; - for standard output")
         ->type_name("FILE");
     app.add_flag("--open", command->opensPage, "Show the page on the desktop");
     app.add_flag("--quiet", command->quiet, "No progress line and no summary");
@@ -96,21 +102,21 @@ CommandRun DeclareReport(CLI::App& app) {
 }
 
 int RunReportCommand(const ReportCommand& command) {
-    CheckOutputFile("--json", command.jsonFile);
-    CheckOutputFile("--standalone", command.standaloneFile);
+    const auto json = FindOutput("--json", command.jsonFile);
+    const auto standalone = FindOutput("--standalone", command.standaloneFile);
+    CheckOutputs({json, standalone});
     const PreparedRequest prepared = PrepareRequest(command.options);
     CReport report;
     const auto [result, isFileSaved] =
-        command.standaloneFile
-            ? MakeReportAndFile(report, prepared, command.quiet, *command.standaloneFile)
-            : MadeReport{.result = RunWatched(report, prepared, command.quiet, RunReport), .isFileSaved = true};
+        standalone ? MakeReportAndFile(report, prepared, command.quiet, *standalone)
+                   : MadeReport{.result = RunWatched(report, prepared, command.quiet, RunReport), .isFileSaved = true};
     if (!result) return kExitFailed;
-    const auto writeJson = [&report](std::ostream& out) { WriteJson(report, out); };
-    if (command.jsonFile && !SaveWhole(*command.jsonFile, writeJson)) return Fail("can't write " + *command.jsonFile);
+    if (json && !SaveJson(*json, report, result->pagePath)) return Fail("can't write " + json->Name());
     if (!result->pageWritten) return Fail("can't write the page " + NativePath(result->pagePath));
-    if (!isFileSaved) return Fail("can't write " + *command.standaloneFile);
-    if (!command.quiet) ShowSummary(report, *result);
-    if (command.opensPage && !OpenOnDesktop(command.standaloneFile.value_or(result->pagePath))) {
+    if (!isFileSaved) return Fail("can't write " + standalone->Name());
+    if (!command.quiet) ShowSummary(report, *result, SummaryStream({json, standalone}));
+    if (command.opensPage &&
+        !OpenOnDesktop(standalone && standalone->IsFile() ? standalone->Name() : result->pagePath)) {
         Warn("--open: this desktop has no xdg-open to show the page with");
     }
     return kExitDone;
