@@ -10,9 +10,11 @@
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <span>
 #include <string>
 #include <system_error>
 
+#include "base/ini_file.h"
 #include "cli/command_table.h"
 #include "cli/output_file.h"
 #include "cli/report_options.h"
@@ -22,9 +24,12 @@
 #include "driver/report_request.h"
 #include "driver/report_run.h"
 #include "images/chart_kinds.h"
+#include "paint/bitmap.h"
+#include "paint/canvas.h"
 #include "paint/picture.h"
 #include "paint/picture_file.h"
 #include "platform/host_surface.h"
+#include "platform/paths.h"
 #include "report/money_store.h"
 #include "report/report.h"
 
@@ -85,6 +90,59 @@ CPicture WhitePicture(const PictureSize& size) {
     return picture;
 }
 
+std::string EncodeAsPng(const CPicture& picture) {
+    return EncodePng(picture);
+}
+
+/// REQUIRES: nothing of the picture can be seen through.
+std::string EncodeAsJpeg(const CPicture& picture) {
+    CBitmap bitmap(picture.Width(), picture.Height(), kWhite);
+    for (std::int32_t y = 0; y < picture.Height(); ++y) {
+        std::ranges::transform(std::span(picture.Row(y), static_cast<std::size_t>(picture.Width())), bitmap.Row(y),
+                               [](std::uint32_t pixel) { return pixel & 0xFFFFFF; });
+    }
+    return EncodeJpeg(bitmap);
+}
+
+using Encoder = std::string (*)(const CPicture& picture);
+
+struct PictureEnding {
+    const char* ending;
+    Encoder encode;
+};
+
+// clang-format off
+constexpr PictureEnding kPictureEndings[] = {
+    {".png",  EncodeAsPng},
+    {".jpg",  EncodeAsJpeg},
+    {".jpeg", EncodeAsJpeg},
+};
+// clang-format on
+
+/// By the ending of the name; PNG without one. Throws CUsageError for any other. Names of devices and pipes end as they
+/// like.
+Encoder EncoderFor(const COutputFile& output, const std::string& given) {
+    const std::string name = FileNameOf(given);
+    const std::size_t dot = name.rfind('.');
+    if (dot == std::string::npos) return EncodeAsPng;
+    for (const PictureEnding& known : kPictureEndings) {
+        if (EqualsIgnoringCase(known.ending, name.substr(dot))) return known.encode;
+    }
+    if (!output.IsFile()) return EncodeAsPng;
+    throw CUsageError(output.Option() + ": expected a name that ends in " +
+                      OneOf(kPictureEndings, [](const PictureEnding& row) { return row.ending; }) + ", found \"" +
+                      given + "\"");
+}
+
+int SavePicture(const std::string& content, const COutputFile& output) {
+    if (content.empty()) return Fail("no such picture file can be this large: choose another --size");
+    const auto write = [&content](std::ostream& out) {
+        out << content;
+        return true;
+    };
+    return output.Save(write) ? kExitDone : Fail("can't write " + output.Name());
+}
+
 }  // namespace
 
 CommandRun DeclareChart(CLI::App& app) {
@@ -94,7 +152,10 @@ CommandRun DeclareChart(CLI::App& app) {
     app.add_option("--size", command->size, "Painting area; that of the report's chart if not given")->type_name("WxH");
     app.add_option("--rect", command->rect, "The chart's rectangle in it; all of it if not given")
         ->type_name("L,T,R,B");
-    app.add_option("-o,--output", command->outputFile, "The picture, a PNG file")->required()->type_name("FILE");
+    app.add_option("-o,--output", command->outputFile,
+                   "The picture: .png, .jpg or .jpeg; - for a PNG on standard output")
+        ->required()
+        ->type_name("FILE");
     return [command] { return RunChartCommand(*command); };
 }
 
@@ -103,6 +164,7 @@ int RunChartCommand(const ChartCommand& command) {
     const std::optional<PictureSize> wanted = AreaSizeOf(command);
     const std::optional<ChartRect> part = PartOf(command);
     const COutputFile output("--output", command.outputFile);
+    const Encoder encode = EncoderFor(output, command.outputFile);
     const PreparedRequest prepared = PrepareRequest(command.options);
     CReport report;
     if (!RunWatched(report, prepared, true, ReadAccount)) return kExitFailed;
@@ -114,13 +176,7 @@ int RunChartCommand(const ChartCommand& command) {
     const std::int32_t status = PaintAsHost({picture.Row(0), picture.Width(), picture.Height()},
                                             [&](ChartTarget* target) { Repaint(report, chart, target, &rect, size); });
     if (status != kChartDone) return Fail("the chart can't be painted at this size");
-    const std::string content = EncodePng(picture);
-    const auto write = [&content](std::ostream& out) {
-        out << content;
-        return !content.empty();
-    };
-    if (!output.Save(write)) return Fail("can't write " + output.Name());
-    return kExitDone;
+    return SavePicture(encode(picture), output);
 }
 
 }  // namespace tradebill

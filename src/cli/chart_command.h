@@ -19,8 +19,8 @@ struct ChartCommand {
 
 [[nodiscard]] CommandRun DeclareChart(CLI::App& app);
 
-/// Reads the account, which leaves its folders as they are, and writes the chart as PNG. Returns the program's exit
-/// code; throws CUsageError before anything is done.
+/// Reads the account, which leaves its folders as they are, and writes the chart as PNG or JPEG, by the name of its
+/// file. Returns the program's exit code; throws CUsageError before anything is done.
 [[nodiscard]] int RunChartCommand(const ChartCommand& command);
 
 }  // namespace tradebill

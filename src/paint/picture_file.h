@@ -60,6 +60,5 @@ inline constexpr int kUsualJpegQuality = 75;
 [[nodiscard]] bool SavePictureFile(std::string_view content, const std::string& path);
 [[nodiscard]] bool SaveJpeg(const CBitmap& bitmap, const std::string& path, int quality = kUsualJpegQuality);
 [[nodiscard]] bool SavePng(const CBitmap& bitmap, const std::string& path);
-[[nodiscard]] bool SavePng(const CPicture& picture, const std::string& path);
 
 }  // namespace tradebill

@@ -2,12 +2,19 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdlib>
 #include <filesystem>
+#include <initializer_list>
 #include <set>
 #include <string>
+#include <string_view>
+#include <utility>
 
 #include "cli/program_fixture.h"
+#include "paint/picture.h"
 #include "paint/picture_file.h"
+#include "support/decoded_picture.h"
 #include "support/gbk_text.h"
 
 namespace tradebill::chart_command_test {
@@ -74,6 +81,67 @@ TEST_F(ChartCommands, RefuseWhatCannotBe) {
     }
     file_ = folder_.Path("none/c.png");
     EXPECT_TRUE(IsWrongUse(Run(Chart("equity")), "--output"));
+}
+
+/// The greatest distance of one channel of colour; all of them if the sizes differ.
+int DistanceBetween(const CPicture& one, const CPicture& other) {
+    if (one.Width() != other.Width() || one.Height() != other.Height()) return 256;
+    int distance = 0;
+    for (std::size_t i = 0; i < one.Pixels().size(); ++i) {
+        for (const int shift : {0, 8, 16}) {
+            const auto channel = [&](const CPicture& picture) {
+                return static_cast<int>(picture.Pixels()[i] >> shift & 0xFF);
+            };
+            distance = std::max(distance, std::abs(channel(one) - channel(other)));
+        }
+    }
+    return distance;
+}
+
+TEST_F(ChartCommands, WriteTheKindOfPictureThatTheNameEndsIn) {
+    constexpr std::string_view kPng = "\x89PNG\r\n";
+    constexpr std::string_view kJpeg = "\xFF\xD8\xFF";
+    const std::initializer_list<std::pair<std::string, std::string_view>> files = {
+        {"c.png", kPng},  {"d.PNG", kPng},   {"plain", kPng},   {"c.jpg.png", kPng}, {"c.jpg", kJpeg},
+        {"d.JPG", kJpeg}, {"c.jpeg", kJpeg}, {"d.JpEg", kJpeg}, {"c.v2.jpg", kJpeg}};
+    for (const auto& [name, beginning] : files) {
+        file_ = folder_.Path("dotted.gif/" + name);
+        fs::create_directories(folder_.Path("dotted.gif"));
+        EXPECT_EQ(Run(Chart("equity", "--size 60x40")).exit, 0) << name;
+        EXPECT_TRUE(ReadFile(file_).starts_with(beginning)) << name;
+    }
+    const std::string folder = folder_.Path("dotted.gif/");
+    EXPECT_EQ(ReadFile(folder + "plain"), ReadFile(folder + "c.png"));
+    EXPECT_EQ(ReadFile(folder + "d.JPG"), ReadFile(folder + "c.jpeg"));
+}
+
+// Frames are thin and dark on white: a JPEG leaves the grounds as they are and blurs the rest a little.
+TEST_F(ChartCommands, PaintTheSameAsJpeg) {
+    ASSERT_EQ(Run(Chart("equity")).exit, 0);
+    const CPicture png = DecodedPicture(file_);
+    file_ = folder_.Path("c.jpg");
+    ASSERT_EQ(Run(Chart("equity")).exit, 0);
+    EXPECT_EQ(ReadPictureSize(file_), (PictureSize{500, 250}));
+    EXPECT_LT(DistanceBetween(png, DecodedPicture(file_)), 100);
+}
+
+TEST_F(ChartCommands, RefuseEndingsOfOtherPictures) {
+    for (const std::string name : {"c.gif", "c.bmp", "c.png2", "c.", "c.png.", ".gif", "c.jpg.webp"}) {
+        file_ = folder_.Path(name);
+        EXPECT_TRUE(IsWrongUse(Run(Chart("equity", "--format 99")), "ends in .png, .jpg or .jpeg")) << name;
+        EXPECT_FALSE(fs::exists(file_)) << name;
+    }
+}
+
+TEST_F(ChartCommands, FailIfNoFileOfTheKindCanBeSoLarge) {
+    file_ = folder_.Path("c.jpg");
+    const Answer answer = Run(Chart("equity", "--size 65536x10"));
+    EXPECT_EQ(answer.exit, 1);
+    EXPECT_TRUE(Says(answer.err, "--size")) << answer.err;
+    EXPECT_FALSE(fs::exists(file_));
+    EXPECT_EQ(Run(Chart("equity", "--size 65500x10")).exit, 0);
+    file_ = folder_.Path("c.png");
+    EXPECT_EQ(Run(Chart("equity", "--size 65536x10")).exit, 0);
 }
 
 TEST_F(ChartCommands, WritePlaceholders) {

@@ -142,7 +142,7 @@ TEST(SavedAlphaPicture, IsReadBackAsItWas) {
         CPicture picture(width, 2);
         picture.Row(0)[0] = 0x80FF4020;
         picture.Row(1)[width - 1] = 0x00010203;
-        ASSERT_TRUE(SavePng(picture, folder.Path("mark.png")));
+        ASSERT_TRUE(SavePictureFile(EncodePng(picture), folder.Path("mark.png")));
         EXPECT_EQ(DecodePng(ReadFile(folder.Path("mark.png"))), picture);
         EXPECT_EQ(ReadPictureSize(folder.Path("mark.png")), (PictureSize{width, 2}));
     }
@@ -152,14 +152,14 @@ TEST(SavedAlphaPicture, KeepsItsAlphaChannelWhereAllIsOpaque) {
     const CTempFolder folder;
     CPicture picture(1, 1);
     picture.Row(0)[0] = 0xFF102030;
-    ASSERT_TRUE(SavePng(picture, folder.Path("mark.png")));
+    ASSERT_TRUE(SavePictureFile(EncodePng(picture), folder.Path("mark.png")));
     EXPECT_EQ(ReadFile(folder.Path("mark.png")).substr(24, 2), "\x08\x06");  // bits of a channel, kind of pixels
 }
 
 TEST(SavedAlphaPicture, IsRefusedWithoutPixelsOrAPlace) {
     const CTempFolder folder;
-    EXPECT_FALSE(SavePng(CPicture(0, 1), folder.Path("none.png")));
-    EXPECT_FALSE(SavePng(CPicture(1, 1), folder.Path("missing/none.png")));
+    EXPECT_FALSE(SavePictureFile(EncodePng(CPicture(0, 1)), folder.Path("none.png")));
+    EXPECT_FALSE(SavePictureFile(EncodePng(CPicture(1, 1)), folder.Path("missing/none.png")));
     EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
 }
 

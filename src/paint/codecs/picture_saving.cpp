@@ -2,7 +2,6 @@
 #include <string_view>
 
 #include "paint/bitmap.h"
-#include "paint/picture.h"
 #include "paint/picture_file.h"
 #include "platform/file.h"
 
@@ -22,10 +21,6 @@ bool SaveJpeg(const CBitmap& bitmap, const std::string& path, int quality) {
 
 bool SavePng(const CBitmap& bitmap, const std::string& path) {
     return SavePictureFile(EncodePng(bitmap), path);
-}
-
-bool SavePng(const CPicture& picture, const std::string& path) {
-    return SavePictureFile(EncodePng(picture), path);
 }
 
 }  // namespace tradebill

@@ -9,6 +9,7 @@
 #include <iterator>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <utility>
 
 #include "cli/linux/redirected_program.h"
 
@@ -16,6 +17,7 @@ namespace tradebill::linux_output_places_test {
 namespace {
 
 constexpr const char* kPngMark = "\x89PNG";
+constexpr const char* kJpegMark = "\xFF\xD8\xFF";
 
 class OutputPlace : public RedirectedProgram {
 protected:
@@ -184,6 +186,17 @@ TEST_F(OutputPlace, MayBeAPipe) {
     EXPECT_EQ(Held("got"), json);
     EXPECT_TRUE(fs::is_fifo(pipe));
     EXPECT_FALSE(fs::exists(pipe + ".part"));
+}
+
+// Their names end as they like.
+TEST_F(OutputPlace, OfAChartIsJpegWhereTheNameSaysSo) {
+    for (const auto& [name, beginning] : {std::pair("c.fifo", kPngMark), std::pair("c.jpg", kJpegMark)}) {
+        ASSERT_EQ(::mkfifo(folder_.Path(name).c_str(), 0600), 0);
+        EXPECT_EQ(RunShell("cd " + Quoted(folder_.Path()) + " && { cat " + name + " >got & } && " +
+                           Quoted(TRADEBILL_PROGRAM) + " " + Chart(name) + " && wait"),
+                  0);
+        EXPECT_TRUE(Held("got").starts_with(beginning)) << name;
+    }
 }
 
 TEST_F(OutputPlace, IsReplacedInOneStepBehindALink) {
