@@ -16,7 +16,9 @@
 #include "base/text.h"
 #include "cli/command_table.h"
 #include "cli/format_choice.h"
+#include "cli/output_file.h"
 #include "cli/scan_report.h"
+#include "cli/standard_input.h"
 #include "cli/usage_error.h"
 #include "platform/file.h"
 #include "platform/local_time.h"
@@ -61,7 +63,12 @@ void SetDay(const ExplainCommand& command, Explanation& explanation) {
     }
 }
 
+/// A report ends a statement at its first zero byte, wherever it comes from.
 std::string ReadText(const std::string& path) {
+    if (path == kStandardStream) {
+        const std::string text = StandardInputText("a statement");
+        return text.substr(0, text.find('\0'));
+    }
     const auto text = ReadStatementFile(path);
     if (text) return *text;
     if (ReadPlainFile(path)) {
@@ -69,6 +76,12 @@ std::string ReadText(const std::string& path) {
                           " for reading and writing: a report passes over such a statement as if it were missing");
     }
     throw CUsageError("can't read " + path + ": expected a statement file");
+}
+
+/// With the statement named as messages do.
+ExplainCommand WithName(ExplainCommand command) {
+    if (command.statementFile == kStandardStream) command.statementFile = kStandardInputName;
+    return command;
 }
 
 std::string TemplateOf(const ExplainCommand& command) {
@@ -129,20 +142,21 @@ int ExitCodeOf(const CScanReport& report, const Explanation& explanation) {
 
 CommandRun DeclareExplain(CLI::App& app) {
     const auto explain = std::make_shared<ExplainCommand>();
-    app.add_option("FILE", explain->statementFile, "The statement")->required()->type_name("");
+    app.add_option("FILE", explain->statementFile, "The statement; - for standard input")->required()->type_name("");
     app.add_option("--format", explain->format, "Layout: " + FormatNumbers() + " or auto")->type_name("N");
     app.add_option("--kind", explain->kind, "Statement family: domestic (default) or foreign")->type_name("KIND");
     app.add_option("--template", explain->templateFile, "Statement template")->type_name("FILE.ini");
-    app.add_option("--day", explain->day, "The statement's day, yyyymmdd (default: from the file's name)")
+    app.add_option("--day", explain->day, "The statement's day, yyyymmdd (default: from the file's name, or today)")
         ->type_name("DAY");
     app.add_flag("--json", explain->asJson, "Print as JSON");
     return [explain] { return RunExplainCommand(*explain); };
 }
 
-int RunExplainCommand(const ExplainCommand& command) {
+int RunExplainCommand(const ExplainCommand& given) {
+    const ExplainCommand command = WithName(given);
     Explanation explanation{.file = command.statementFile};
     SetDay(command, explanation);
-    const std::string text = ReadText(command.statementFile);
+    const std::string text = ReadText(given.statementFile);
     CReport report;
     PrepareReading(command, text, explanation, report);
 

@@ -11,7 +11,7 @@
 namespace tradebill {
 
 struct ExplainCommand {
-    std::string statementFile;
+    std::string statementFile;          ///< "-" for standard input
     std::optional<std::string> format;  ///< a number or "auto"
     std::optional<std::string> kind;
     std::optional<std::string> templateFile;
@@ -37,7 +37,7 @@ struct Explanation {
 
 /// Reads the statement and prints what was seen. Returns 0 if a money record and a section were found, 3 if nothing was
 /// recognised, 1 for what lies between. Throws CUsageError.
-[[nodiscard]] int RunExplainCommand(const ExplainCommand& command);
+[[nodiscard]] int RunExplainCommand(const ExplainCommand& given);
 
 void PrintExplanation(const Explanation& explanation, const CScanReport& report);
 void PrintExplanationAsJson(const Explanation& explanation, const CScanReport& report);

@@ -121,11 +121,16 @@ void PrintVerdict(const Explanation& explanation, const CScanReport& report) {
     }
 }
 
+/// Where nothing tells the day, one that is guessed decides between layouts that change with it.
+std::string_view DayHint(const Explanation& explanation) {
+    return explanation.daySource == "today" ? "; --day says another" : "";
+}
+
 }  // namespace
 
 void PrintExplanation(const Explanation& explanation, const CScanReport& report) {
     std::cout << "Statement   " << explanation.file << ", " << Plural(report.LineCount(), "line", "lines") << "\n"
-              << "Day         " << explanation.day << " (" << explanation.daySource << ")\n"
+              << "Day         " << explanation.day << " (" << explanation.daySource << DayHint(explanation) << ")\n"
               << "Layout      " << explanation.format;
     for (const ReaderPass& pass : report.Passes()) {
         const std::string why = ReasonText(pass.layout);

@@ -4,22 +4,37 @@
 #include <string_view>
 #include <utility>
 
+#include "cli/output_file.h"
+#include "cli/standard_input.h"
 #include "cli/usage_error.h"
 #include "platform/file.h"
 #include "platform/text_encoding.h"
 
 namespace tradebill {
 
-InputIni LoadInputIni(const std::string& path) {
-    auto file = LoadIniFile(path);
-    if (!file) throw CUsageError("can't read " + path + ": expected an INI file");
-    InputIni ini{path, std::move(*file)};
+namespace {
+
+/// As it is, if every line can be understood.
+InputIni Checked(InputIni ini) {
     if (!ini.file.Problems().empty()) {
         const CIniFile::Problem& problem = ini.file.Problems().front();
         throw CUsageError(ini.Place(problem.line) + ": expected [section], key=value or ; comment, found \"" +
                           problem.text.substr(0, 60) + "\"");
     }
     return ini;
+}
+
+}  // namespace
+
+InputIni LoadInputIni(const std::string& path) {
+    auto file = LoadIniFile(path);
+    if (!file) throw CUsageError("can't read " + path + ": expected an INI file");
+    return Checked({path, std::move(*file)});
+}
+
+InputIni LoadInputIniOrStream(const std::string& path) {
+    if (path != kStandardStream) return LoadInputIni(path);
+    return Checked({kStandardInputName, CIniFile::Parse(StandardInputText("an INI file"))});
 }
 
 const CIniFile::Section& RequiredSection(const InputIni& ini, std::string_view name) {

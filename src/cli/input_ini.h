@@ -21,6 +21,9 @@ struct InputIni {
 /// comment.
 [[nodiscard]] InputIni LoadInputIni(const std::string& path);
 
+/// The same; "-" is standard input.
+[[nodiscard]] InputIni LoadInputIniOrStream(const std::string& path);
+
 /// The section that the file must have. Throws CUsageError if it is missing.
 [[nodiscard]] const CIniFile::Section& RequiredSection(const InputIni& ini, std::string_view name);
 

@@ -53,7 +53,7 @@ constexpr RequestKey kRequestKeys[] = {
 /// Fills what `options` leaves open from its request file.
 ReportOptions WithRequestFile(ReportOptions options) {
     if (!options.requestFile) return options;
-    const InputIni ini = LoadInputIni(*options.requestFile);
+    const InputIni ini = LoadInputIniOrStream(*options.requestFile);
     for (const CIniFile::Entry& entry : RequiredSection(ini, "REQUEST").entries) {
         const auto* const known = std::ranges::find_if(
             kRequestKeys, [&](const RequestKey& candidate) { return EqualsIgnoringCase(candidate.key, entry.key); });
@@ -184,7 +184,9 @@ void DeclareReportOptions(CLI::App& command, ReportOptions& options) {
     command.add_flag_callback(
         "--margin-offset", [&options] { options.marginOffset = "1"; },
         "Net the margin of opposite positions in one chain (sys/chain.ini)");
-    command.add_option("--request", options.requestFile, "INI file with the settings above; options win over it")
+    command
+        .add_option("--request", options.requestFile,
+                    "INI file with the settings above, - for standard input; options win over it")
         ->type_name("FILE");
     command.add_option("--units", options.unitFile, "INI file of contract units: [UNITS], product=unit")
         ->type_name("FILE");
