@@ -6,28 +6,16 @@
 #include <string>
 #include <string_view>
 
-#include "base/gbk.h"
 #include "base/ini_file.h"
 #include "base/number.h"
-#include "base/text.h"
 #include "cli/input_ini.h"
 #include "cli/usage_error.h"
+#include "report/product_text.h"
 
 namespace tradebill {
 namespace {
 
 constexpr std::size_t kLongestCode = 31;  // bytes
-
-std::string_view TrimAllBlanks(std::string_view text) {
-    constexpr std::string_view kFullWidthBlank = "　"_gbk;
-    for (;;) {
-        const std::size_t before = text.size();
-        text = TrimByte(text, ' ');
-        if (text.starts_with(kFullWidthBlank)) text.remove_prefix(kFullWidthBlank.size());
-        if (text.ends_with(kFullWidthBlank)) text.remove_suffix(kFullWidthBlank.size());
-        if (text.size() == before) return text;
-    }
-}
 
 }  // namespace
 
@@ -52,7 +40,7 @@ void CProductTables::LoadProducts(const std::string& path) {
 }
 
 std::int32_t CProductTables::UnitOf(std::string_view contract, std::string_view /*delivery*/) const {
-    const auto found = units_.find(TrimAllBlanks(UpToFirstDigit(contract)));
+    const auto found = units_.find(ProductOfContract(contract));
     return found == units_.end() ? 1 : found->second;
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/gbk.h"
 #include "base/text.h"
 #include "report/product_source.h"
 
@@ -31,6 +32,18 @@ void CProductText::TakeName(const CProductSource* source) {
 
 std::string_view CProductText::View() const {
     return UpToFirstDigit(FieldText(text_));
+}
+
+std::string_view ProductOfContract(std::string_view contract) {
+    constexpr std::string_view kFullWidthBlank = "　"_gbk;
+    std::string_view text = UpToFirstDigit(contract);
+    for (;;) {
+        const std::size_t before = text.size();
+        text = TrimByte(text, ' ');
+        if (text.starts_with(kFullWidthBlank)) text.remove_prefix(kFullWidthBlank.size());
+        if (text.ends_with(kFullWidthBlank)) text.remove_suffix(kFullWidthBlank.size());
+        if (text.size() == before) return text;
+    }
 }
 
 }  // namespace tradebill

@@ -1,4 +1,4 @@
-// The product that a contract belongs to, as the daily positions go by it.
+// The product that a contract belongs to: as the daily positions go by it, and as units do.
 #pragma once
 
 #include <string_view>
@@ -26,5 +26,9 @@ public:
 private:
     char text_[32] = {};
 };
+
+/// What units go by: a contract's text up to its first digit, without blanks and full-width blanks around it. Points
+/// into `contract`.
+[[nodiscard]] std::string_view ProductOfContract(std::string_view contract);
 
 }  // namespace tradebill

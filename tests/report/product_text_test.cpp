@@ -35,6 +35,25 @@ TEST(ProductText, IsTheContractUpToItsFirstDigit) {
     for (const auto& row : cases) EXPECT_EQ(CProductText(row.contract).View(), row.product);
 }
 
+TEST(ProductOfContract, IsTheTextUpToItsFirstDigitWithoutBlanksOfEitherWidth) {
+    const struct {
+        const char* contract;
+        const char* product;
+    } cases[] = {
+        {"rb2405", "rb"},
+        {"i2405-C-900", "i"},
+        {"豆粕P2900", "豆粕P"},
+        {"　 　白糖 　2405", "白糖"},
+        {" rb 2405", "rb"},
+        {"白 糖", "白 糖"},
+        {"\trb", "\trb"},
+        {"2405", ""},
+        {"　", ""},
+        {"", ""},
+    };
+    for (const auto& row : cases) EXPECT_EQ(ProductOfContract(Gbk(row.contract)), Gbk(row.product)) << row.contract;
+}
+
 std::vector<std::string> namesAsked;
 
 std::int32_t CodeOfCopper(const char* name, char* code) {
