@@ -133,7 +133,7 @@ void ReadOpen(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
 }  // namespace
 
 void ReadClientBillPremiumStatement(const StatementText& statement, CReport& report) {
-    CSectionScan scan(statement.text, SearchFrom::Top, statement.listener);
+    CSectionScan scan(statement, SearchFrom::Top);
     CRecordSink sink(report, statement.listener);
     ReadMoney(statement.day, scan, sink);
     ReadTable(scan, kTrades, statement.day, sink);

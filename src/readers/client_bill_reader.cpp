@@ -155,7 +155,7 @@ void ReadClosed(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
 }  // namespace
 
 void ReadClientBillStatement(const StatementText& statement, CReport& report) {
-    CSectionScan scan(statement.text, SearchFrom::Cursor, statement.listener);
+    CSectionScan scan(statement, SearchFrom::Cursor);
     CRecordSink sink(report, statement.listener);
     ReadMoney(statement.day, scan, sink);
     ReadTable(scan, kTrades, statement.day, sink);

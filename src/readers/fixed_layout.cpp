@@ -58,7 +58,7 @@ std::string_view BillDateOf(const FixedLayout& layout, const StatementText& stat
 void ReadFixedLayout(const FixedLayout& layout, const StatementText& statement, CReport& report) {
     const std::string_view billDate = BillDateOf(layout, statement);
     if (layout.skipsStoredDay && report.MoneyStore.HasDay(billDate)) return;
-    CSectionScan scan(statement.text, layout.searchFrom, statement.listener);
+    CSectionScan scan(statement, layout.searchFrom);
     CRecordSink sink(report, statement.listener);
     ReadMoney(layout, billDate, scan, sink);
     ReadTable(scan, layout.trades, billDate, sink);

@@ -145,7 +145,7 @@ void ReadOpen(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
 }  // namespace
 
 void ReadForeignStatement(const StatementText& statement, CReport& report) {
-    CSectionScan scan(statement.text, SearchFrom::Top, statement.listener);
+    CSectionScan scan(statement, SearchFrom::Top);
     CRecordSink sink(report, statement.listener);
     ReadForeignMoney(statement.day, scan, sink);
     ReadTrades(statement.day, scan, sink);

@@ -9,6 +9,7 @@
 #include "base/report_error.h"
 #include "base/text.h"
 #include "readers/scan_listener.h"
+#include "readers/statement_text.h"
 
 namespace tradebill {
 namespace {
@@ -29,6 +30,11 @@ CSectionScan::CSectionScan(std::string_view text, SearchFrom searchFrom, CScanLi
     constexpr std::size_t kUsualRowLength = 64;
     rows_.reserve(text.size() / kUsualRowLength);
     SplitText(text, "\n", rows_);
+}
+
+CSectionScan::CSectionScan(const StatementText& statement, SearchFrom searchFrom)
+    : CSectionScan(statement.text, searchFrom, statement.listener) {
+    onlyRows_ = statement.onlyRows;
 }
 
 std::optional<std::size_t> CSectionScan::FindRow(std::size_t from, std::size_t end, std::string_view word) const {

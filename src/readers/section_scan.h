@@ -15,6 +15,8 @@
 
 namespace tradebill {
 
+struct StatementText;
+
 /// How one section of a layout is found and cut. Offsets count non-blank rows.
 struct SectionLayout {
     SectionKind kind = SectionKind::Money;
@@ -52,6 +54,9 @@ class CSectionScan {
 public:
     CSectionScan(std::string_view text, SearchFrom searchFrom, CScanListener* listener = nullptr);
 
+    /// The text of `statement`, told to its listener, with the rows that it wants.
+    CSectionScan(const StatementText& statement, SearchFrom searchFrom);
+
     [[nodiscard]] CScanListener* Listener() const { return listener_; }
 
     /// Finds a section and moves the cursor on.
@@ -65,11 +70,12 @@ public:
 
     /// Calls `onRow(Row)` for each row of a found section that has enough columns. `onRow` may return a RowVerdict; its
     /// row is valid during the call. Throws CReportError for a row before the first or past the last, once it is its
-    /// turn.
+    /// turn. Rows of a kind that isn't wanted are passed over unseen.
     ///
     /// REQUIRES: `rows` was found in this scan by `layout`.
     template <class OnRow>
     void ReadRows(const SectionLayout& layout, const SectionRows& rows, OnRow onRow) {
+        if (onlyRows_ && layout.kind != *onlyRows_) return;
         for (std::int64_t row = rows.begin; row < rows.end; ++row) {
             if (!SplitRow(row, layout)) continue;
             if constexpr (std::is_void_v<std::invoke_result_t<OnRow, Row>>) {
@@ -127,6 +133,7 @@ private:
     std::string_view currentRow_;
     SearchFrom searchFrom_;
     CScanListener* listener_;
+    std::optional<SectionKind> onlyRows_;
     std::size_t cursor_ = 0;
     std::size_t lastGoodEnd_ = 0;
 };

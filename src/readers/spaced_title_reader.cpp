@@ -168,7 +168,7 @@ void ReadMoney(std::string_view day, CSectionScan& scan, std::span<const Column<
 }
 
 void ReadSpacedTitles(const SpacedTitleColumns& columns, const StatementText& statement, CReport& report) {
-    CSectionScan scan(statement.text, SearchFrom::Cursor, statement.listener);
+    CSectionScan scan(statement, SearchFrom::Cursor);
     CRecordSink sink(report, statement.listener);
     ReadTable(scan, TableLayout<MatchRecord>{kTrades, columns.trades}, statement.day, sink);
     ReadTable(scan, TableLayout<PingDetail>{kClosed, columns.closed}, statement.day, sink);

@@ -33,7 +33,7 @@ CStatementLoader::CStatementLoader(CReport& report, StatementAccess access)
     : report_(report), template_(report.TemplatePath), access_(access) {}
 
 void CStatementLoader::Read(std::string_view day, std::string_view text, CScanListener* listener) {
-    StatementText statement{.day = day, .text = text, .listener = listener};
+    StatementText statement{.day = day, .text = text, .listener = listener, .onlyRows = onlyRows_};
     if (report_.IsForeign()) {
         ReadWith(ForeignLayout(), statement, report_);
         return;

@@ -7,6 +7,7 @@
 // template reader makes the same tables from a file (statement_template.h).
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -57,6 +58,9 @@ class CStatementLoader {
 public:
     explicit CStatementLoader(CReport& report, StatementAccess access = StatementAccess::ReadAndWrite);
 
+    /// Passes over the rows of all tables but those of `kind` from now on (StatementText::onlyRows).
+    void WantOnlyRows(SectionKind kind) { onlyRows_ = kind; }
+
     /// Reads the statement `path` of `day` (yyyymmdd), and tells `listener`, which may be null. Throws CReportError,
     /// with what came before in the report, where a template asks for what isn't there.
     StatementState Load(std::string_view day, const std::string& path, CStatementListener* listener = nullptr);
@@ -69,6 +73,7 @@ private:
     CReport& report_;
     CTemplateFile template_;
     StatementAccess access_;
+    std::optional<SectionKind> onlyRows_;
     CFileBuffer buffer_;
 };
 

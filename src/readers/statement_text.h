@@ -4,10 +4,11 @@
 #include <optional>
 #include <string_view>
 
+#include "readers/scan_listener.h"
+
 namespace tradebill {
 
 class CReport;
-class CScanListener;
 class CStatementTemplate;
 
 struct StatementText {
@@ -15,6 +16,9 @@ struct StatementText {
     std::string_view text;                           ///< GBK, all of it
     const CStatementTemplate* byTemplate = nullptr;  ///< of the request; null if there is none
     CScanListener* listener = nullptr;               ///< hears what was found; null: nobody does
+    /// Tables of other kinds are found, but their rows are passed over. A money record is made all the same, by which
+    /// its day is known, with the figures that stand in rows of their own.
+    std::optional<SectionKind> onlyRows = {};
 };
 
 /// The one shape of all readers, so that they fit into a table. What a statement lacks or has otherwise is passed over.

@@ -53,10 +53,7 @@ bool StatesLabel(Row row, std::string_view label) {
 class CTemplateReader {
 public:
     CTemplateReader(const TemplateScheme& scheme, const StatementText& statement, CReport& report)
-        : scheme_(scheme),
-          day_(statement.day),
-          scan_(statement.text, SearchFrom::Top, statement.listener),
-          sink_(report, statement.listener) {}
+        : scheme_(scheme), day_(statement.day), scan_(statement, SearchFrom::Top), sink_(report, statement.listener) {}
 
     void ReadMoney() {
         if (InOneRow()) {
