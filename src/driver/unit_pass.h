@@ -1,0 +1,17 @@
+// A look at the trades of a whole run before it begins: closed positions are folded with their unit as they are read,
+// when the trades of later days aren't known yet.
+#pragma once
+
+#include <string>
+
+#include "driver/report_request.h"
+#include "report/trade_units.h"
+
+namespace tradebill {
+
+/// Tallies the trades of all statements that a run of `request` reads below `rootFolder`, by the same readers, from
+/// files that are opened for reading alone. Nothing of it for the foreign family, whose reports ask for no unit.
+/// Nobody is told: an error, which the run meets itself, ends it with what was tallied by then.
+[[nodiscard]] CTradeUnits TallyTrades(const GenerateBillRequest& request, const std::string& rootFolder);
+
+}  // namespace tradebill
