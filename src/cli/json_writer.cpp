@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include "cli/json_text.h"
 #include "report/account_statistics.h"
@@ -16,6 +17,8 @@
 #include "report/figure_fields.h"
 #include "report/money_record.h"
 #include "report/money_store.h"
+#include "report/product_source.h"
+#include "report/product_unit.h"
 #include "report/record_fields.h"
 #include "report/records.h"
 #include "report/report.h"
@@ -166,6 +169,22 @@ void WriteCurrencies(CJsonText& json, const CCurrencyMoneyStore& stores) {
     json.CloseList();
 }
 
+void WriteUnits(CJsonText& json, const CProductSource* products) {
+    NameMember(json, "units");
+    json.OpenList();
+    for (const ProductUnit& used : products == nullptr ? std::vector<ProductUnit>() : products->UsedUnits()) {
+        json.OpenObject();
+        json.Name("product");
+        json.Text(used.product);
+        json.Name("unit");
+        json.Number(used.unit);
+        json.Name("source");
+        json.Text(UnitSourceName(used.source));
+        json.CloseObject();
+    }
+    json.CloseList();
+}
+
 }  // namespace
 
 void WriteJson(const CReport& report, std::ostream& out) {
@@ -185,6 +204,7 @@ void WriteJson(const CReport& report, std::ostream& out) {
     WriteLines(json, "usage", report.TradeStatistics.DayUsages.Days);
     NameMember(json, "account");
     WriteObject(json, report.AccountStatistics);
+    WriteUnits(json, report.Products);
     json.CloseObject();
     json.EndLine();
 }

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "base/day.h"
 #include "base/text.h"
@@ -21,6 +22,8 @@
 #include "readers/statement_loader.h"
 #include "report/money_record.h"
 #include "report/money_store.h"
+#include "report/product_source.h"
+#include "report/product_unit.h"
 #include "report/report.h"
 #include "report/request_copy.h"
 #include "report/statement_format.h"
@@ -119,6 +122,10 @@ void WritePage(const CReport& report, CPageSink* copy, RunResult& result) {
     result.pageWritten = !page.HasFailed();
 }
 
+std::vector<ProductUnit> UsedUnits(const CReport& report) {
+    return report.Products == nullptr ? std::vector<ProductUnit>() : report.Products->UsedUnits();
+}
+
 void NotifyHost(const GenerateBillRequest& request) {
     if (request.HostWindow == nullptr) return;
     SendHostMessage(request.HostWindow, request.NotifyMessage, kReportFinished);
@@ -132,6 +139,7 @@ RunResult ReadAccount(CReport& report, const GenerateBillRequest& request, CRunW
     Begin(report, request);
     RunResult result = ReadAndCompute(report, watcher, options);
     if (const auto sizes = MeasureCharts(report)) report.MoneyStore.ChartSizes = *sizes;
+    result.units = UsedUnits(report);
     return result;
 }
 
@@ -146,6 +154,7 @@ RunResult RunReport(CReport& report, const GenerateBillRequest& request, CRunWat
     MakePictures(report);
     if (watcher != nullptr) watcher->OnStage("page");
     WritePage(report, options.copy, result);
+    result.units = UsedUnits(report);
     NotifyHost(report.Request);
     return result;
 }

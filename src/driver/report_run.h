@@ -7,9 +7,11 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "driver/report_request.h"
 #include "readers/statement_loader.h"
+#include "report/product_unit.h"
 
 namespace tradebill {
 
@@ -28,6 +30,7 @@ struct RunResult {
     int statementsRead = 0;  ///< days with a statement file; the others had none
     bool pageWritten = false;
     std::string pagePath;
+    std::vector<ProductUnit> units;  ///< that the products' source says were asked for
 };
 
 /// Whoever wants to see a run go on. Called on the run's thread.

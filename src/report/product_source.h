@@ -5,6 +5,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "report/product_unit.h"
 
 namespace tradebill {
 
@@ -22,6 +25,10 @@ public:
 
     /// The code, of at most 31 bytes, of the product called `name`, which has as many; nothing if the name stays.
     [[nodiscard]] virtual std::optional<std::string> CodeOf(std::string_view name) const = 0;
+
+    /// The units that were asked for, each product once, in the order of the first time; nothing where nobody keeps
+    /// them.
+    [[nodiscard]] virtual std::vector<ProductUnit> UsedUnits() const { return {}; }
 };
 
 }  // namespace tradebill

@@ -8,17 +8,20 @@
 #include <iterator>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <random>
 #include <sstream>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <variant>
+#include <vector>
 
 #include "base/text.h"
 #include "cli/json_writer.h"
 #include "platform/text_encoding.h"
 #include "report/figure_fields.h"
+#include "report/product_source.h"
 #include "report/record_fields.h"
 #include "report/report.h"
 #include "support/gbk_text.h"
@@ -83,6 +86,18 @@ std::string Lines(const std::string& name, const Json& elements) {
     for (std::size_t i = 0; i < elements.size(); ++i) text += (i == 0 ? "\n" : ",\n") + elements[i].dump();
     return text + "]";
 }
+
+/// A source that was asked for two units.
+class CAskedSource final : public CProductSource {
+public:
+    [[nodiscard]] std::int32_t UnitOf(std::string_view /*contract*/, std::string_view /*delivery*/) const override {
+        return 1;
+    }
+    [[nodiscard]] std::optional<std::string> CodeOf(std::string_view /*name*/) const override { return std::nullopt; }
+    [[nodiscard]] std::vector<ProductUnit> UsedUnits() const override {
+        return {{Gbk("豆粕P"), 10, UnitSource::Trades}, {"x\"", -1, UnitSource::Unknown}};
+    }
+};
 
 class JsonTree : public StoreFixture {
 protected:
@@ -174,11 +189,15 @@ TEST_F(JsonTree, IsWrittenForAnyContent) {
         currencies.push_back({{"name", name}, {"store", MoneyTree(*report.CurrencyMoneyStore.Find(Gbk(name)))}});
     }
     const Json chains = {{{"ItemBase", "cu"}, {"Items", {"al", "锌", "", "\"\xEF\xBF\xBD"}}}};
-    const std::string expected =
-        "{\"money\": " + MoneyTree(report.MoneyStore).dump() + ",\n\"currencies\": " + currencies.dump() + matches +
-        closed + positions + sums + offsets + Lines("chains", chains) + Lines("days", Json::array()) + usage +
-        ",\n\"account\": " + FigureTree(report.AccountStatistics, kAccountFigures).dump() + "}\n";
+    const std::string expected = "{\"money\": " + MoneyTree(report.MoneyStore).dump() +
+                                 ",\n\"currencies\": " + currencies.dump() + matches + closed + positions + sums +
+                                 offsets + Lines("chains", chains) + Lines("days", Json::array()) + usage +
+                                 ",\n\"account\": " + FigureTree(report.AccountStatistics, kAccountFigures).dump() +
+                                 ",\n\"units\": [{\"product\":\"豆粕P\",\"unit\":10,\"source\":\"trades\"}," +
+                                 "{\"product\":\"x\\\"\",\"unit\":-1,\"source\":\"none\"}]}\n";
 
+    const CAskedSource products;
+    report.Products = &products;
     std::ostringstream out;
     WriteJson(report, out);
     EXPECT_TRUE(out.str() == expected);
@@ -198,7 +217,8 @@ TEST_F(JsonTree, IsWrittenForNothing) {
          {"currencies", "matches", "closed", "positions", "positionSums", "offsets", "chains", "days", "usage"}) {
         expected += ",\n\"" + std::string(list) + "\": []";
     }
-    expected += ",\n\"account\": " + FigureTree(report.AccountStatistics, kAccountFigures).dump() + "}\n";
+    expected += ",\n\"account\": " + FigureTree(report.AccountStatistics, kAccountFigures).dump();
+    expected += ",\n\"units\": []}\n";
     EXPECT_EQ(out.str(), expected);
 }
 
