@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <string>
@@ -16,6 +17,7 @@ namespace {
 constexpr double kMillisecond = 1e-3;
 constexpr double kMegabyte = 1e6;
 constexpr double kMostMemoryBesideRecords = 15;  // megabytes
+constexpr double kMostUnitPassRatio = 1.25;
 constexpr double kMostStandaloneRatio = 1.5;
 constexpr double kLeastJsonSpeed = 200;  // megabytes a second
 
@@ -48,6 +50,13 @@ public:
     ProcessCost Report() { return Run(ReportCommand(TRADEBILL_PROGRAM, account_)); }
     ProcessCost ReportWithJson() { return ReportWith("--json", json_); }
     ProcessCost ReportWithStandalonePage() { return ReportWith("--standalone", page_); }
+    /// Contract units by the account's trades: a pass over them comes before the run.
+    ProcessCost ReportWithoutUnits() {
+        std::vector<std::string> command = ReportCommand(TRADEBILL_PROGRAM, account_);
+        const auto units = std::ranges::find(command, "--units");
+        command.erase(units, units + 2);
+        return Run(command);
+    }
     ProcessCost UnavoidableWork(std::uintmax_t pageBytes) {
         return Run({UNAVOIDABLE_WORK, account_.BillFolder(), std::string(kBenchAccount), account_.days.front(),
                     account_.days.back(), std::to_string(pageBytes), out_});
@@ -113,6 +122,20 @@ void ShowAgainstUnavoidableWork(const BenchSize& size, CTurns& turns, int runs, 
                 (report.peak.Median() - recordBytes) / kMegabyte, kMostMemoryBesideRecords);
 }
 
+void ShowUnitPass(CTurns& turns, int runs) {
+    turns.ReportWithoutUnits();
+    CMeasurements more;
+    CMeasurements ratio;
+    for (int run = 0; run < runs; ++run) {
+        const double report = turns.Report().wall;
+        const double both = turns.ReportWithoutUnits().wall;
+        more.Add(both - report);
+        ratio.Add(both / report);
+    }
+    std::printf("  without --units %.1f ms more, / report %.2f (%.2f to %.2f; at most %.2f)\n",
+                more.Median() / kMillisecond, ratio.Median(), ratio.Least(), ratio.Greatest(), kMostUnitPassRatio);
+}
+
 void ShowStandalonePage(CTurns& turns, int runs) {
     turns.ReportWithStandalonePage();
     ProcessCosts alone;
@@ -151,6 +174,7 @@ void ShowWholeReport(const BenchSize& size, const BenchAccount& account, const B
                 size.shape.trades, static_cast<double>(account.bytes) / kMegabyte, settings.runs);
     CTurns turns(account, settings.folder);
     ShowAgainstUnavoidableWork(size, turns, settings.runs, BytesOfRecords(account));
+    ShowUnitPass(turns, settings.runs);
     if (!size.hasExports) return;
     ShowStandalonePage(turns, settings.runs);
     ShowJson(turns, settings.runs);
