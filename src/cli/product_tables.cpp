@@ -9,8 +9,10 @@
 #include "base/ini_file.h"
 #include "base/number.h"
 #include "cli/input_ini.h"
+#include "cli/unit_table.h"
 #include "cli/usage_error.h"
 #include "report/product_text.h"
+#include "report/product_unit.h"
 
 namespace tradebill {
 namespace {
@@ -19,13 +21,22 @@ constexpr std::size_t kLongestCode = 31;  // bytes
 
 }  // namespace
 
-void CProductTables::LoadUnits(const std::string& path) {
-    const InputIni ini = LoadInputIni(path);
+void CProductTables::TakeUnits(const InputIni& ini) {
     for (const CIniFile::Entry& entry : RequiredSection(ini, "UNITS").entries) {
         const auto unit = WholeNumber(entry.value);
         if (!unit) throw CUsageError(ini.Place(entry.line) + ": expected product=unit, the unit a whole number");
         units_.emplace(GbkTextOf(ini, entry, entry.key), *unit);
     }
+}
+
+void CProductTables::LoadUnits(const std::string& path) {
+    TakeUnits(LoadInputIni(path));
+    tableSource_ = UnitSource::File;
+}
+
+void CProductTables::LoadCarriedUnits() {
+    TakeUnits({.path = "the carried table", .file = CIniFile::Parse(UnitTableText())});
+    tableSource_ = UnitSource::Table;
 }
 
 void CProductTables::LoadProducts(const std::string& path) {
@@ -39,9 +50,27 @@ void CProductTables::LoadProducts(const std::string& path) {
     }
 }
 
+ProductUnit CProductTables::Choose(std::string_view product) const {
+    ProductUnit chosen{.product = std::string(product), .unit = 1, .source = UnitSource::Unknown};
+    const auto inTable = units_.find(product);
+    if (waived_) {
+        chosen.source = UnitSource::Waived;
+    } else if (const auto byTrades = trades_.UnitOf(product)) {
+        chosen.unit = *byTrades;
+        chosen.source = UnitSource::Trades;
+    } else if (inTable != units_.end()) {
+        chosen.unit = inTable->second;
+        chosen.source = tableSource_;
+    }
+    return chosen;
+}
+
 std::int32_t CProductTables::UnitOf(std::string_view contract, std::string_view /*delivery*/) const {
-    const auto found = units_.find(ProductOfContract(contract));
-    return found == units_.end() ? 1 : found->second;
+    const std::string_view product = ProductOfContract(contract);
+    const auto found = usedPlaces_.find(product);
+    if (found != usedPlaces_.end()) return used_[found->second].unit;
+    usedPlaces_.emplace(product, used_.size());
+    return used_.emplace_back(Choose(product)).unit;
 }
 
 std::optional<std::string> CProductTables::CodeOf(std::string_view name) const {

@@ -18,6 +18,7 @@
 #include "cli/format_choice.h"
 #include "cli/input_ini.h"
 #include "cli/live_figures.h"
+#include "cli/product_tables.h"
 #include "cli/usage_error.h"
 #include "platform/local_time.h"
 #include "platform/paths.h"
@@ -27,6 +28,8 @@
 
 namespace tradebill {
 namespace {
+
+constexpr const char* kNoUnits = "none";
 
 using Setting = std::optional<std::string> ReportOptions::*;
 
@@ -149,6 +152,16 @@ void CheckFolders(const std::string& root, const GenerateBillRequest& request) {
     }
 }
 
+void SetUnits(const ReportOptions& options, const GenerateBillRequest& request, CProductTables& products) {
+    if (options.unitFile == kNoUnits) {
+        products.WaiveUnits();
+    } else if (options.unitFile) {
+        products.LoadUnits(*options.unitFile);
+    } else if (request.StatementKind != kForeignKind) {
+        products.LoadCarriedUnits();
+    }
+}
+
 /// Returns whether the format is left to the marks in a statement. Foreign statements have one layout and need none.
 bool SetFormat(const ReportOptions& options, GenerateBillRequest& request) {
     const bool isForeign = request.StatementKind == kForeignKind;
@@ -188,7 +201,11 @@ void DeclareReportOptions(CLI::App& command, ReportOptions& options) {
         .add_option("--request", options.requestFile,
                     "INI file with the settings above, - for standard input; options win over it")
         ->type_name("FILE");
-    command.add_option("--units", options.unitFile, "INI file of contract units: [UNITS], product=unit")
+    command
+        .add_option(
+            "--units", options.unitFile,
+            "INI file of contract units: [UNITS], product=unit; \"none\": all are 1 (default: what the account's "
+            "own trades tell, then a table of the Chinese futures)")
         ->type_name("FILE");
     command.add_option("--products", options.productFile, "INI file of product codes: [PRODUCTS], name=code")
         ->type_name("FILE");
@@ -210,7 +227,7 @@ PreparedRequest PrepareRequest(const ReportOptions& given) {
     request.MarginOffsetFlag = OffsetsMargins(options) ? 1 : 0;
     SetDates(options, prepared);
     CheckFolders(root, request);
-    if (options.unitFile) prepared.products->LoadUnits(*options.unitFile);
+    SetUnits(options, request, *prepared.products);
     if (options.productFile) prepared.products->LoadProducts(*options.productFile);
     if (options.liveFile) UseLiveFile(*options.liveFile, request);
     prepared.rootFolder = RootFolderAt(root);

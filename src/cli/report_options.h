@@ -29,7 +29,7 @@ struct ReportOptions {
     std::optional<std::string> dpi;
     std::optional<std::string> marginOffset;  ///< "0" or "1"
     std::optional<std::string> requestFile;
-    std::optional<std::string> unitFile;
+    std::optional<std::string> unitFile;  ///< or "none"
     std::optional<std::string> productFile;
     std::optional<std::string> liveFile;
 };

@@ -16,6 +16,7 @@
 #include "driver/report_days.h"
 #include "driver/report_request.h"
 #include "driver/report_run.h"
+#include "driver/unit_pass.h"
 #include "paint/font.h"
 #include "paint/font_search.h"
 #include "platform/screen.h"
@@ -78,6 +79,10 @@ std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prep
         const auto fonts = FindFontsMeanwhile(prepared.request);
         std::unique_ptr<CProgressLine> progress;
         if (!quiet && IsErrorOutputTerminal()) progress = std::make_unique<CProgressLine>();
+        if (prepared.products->WantsTrades()) {
+            if (progress) progress->OnStage("contract units");
+            prepared.products->UseTrades(TallyTrades(prepared.request, prepared.rootFolder));
+        }
         result = run(report, prepared.request, progress.get(), options);
     } catch (const CReportError& error) {
         Fail("the run failed with code " + CodeText(error.Code()) + ": " + error.what());

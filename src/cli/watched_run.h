@@ -24,7 +24,8 @@ using RunFunction = RunResult(CReport& report, const GenerateBillRequest& reques
 
 /// Tells what the request's options were warned of, runs it in `report`, and warns if there was nothing to read.
 /// Statements are opened for reading alone, whatever `options` says. Nothing if the run failed, which is told. `quiet`
-/// leaves out notes and progress. The report's products are those of `prepared`, which must outlive it.
+/// leaves out notes and progress. The report's products are those of `prepared`, which must outlive it; the account's
+/// trades are tallied for them first, if they have a say.
 [[nodiscard]] std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prepared, bool quiet,
                                                   RunFunction* run, RunOptions options = {});
 

@@ -3,10 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "base/text.h"
 #include "cli/cli_fixture.h"
 
 namespace tradebill::product_tables_test {
@@ -63,7 +66,7 @@ TEST_F(UnitTable, DoesntLookAtTheDelivery) {
     EXPECT_EQ(UnitOf("", "i2405"), 1);
 }
 
-TEST_F(UnitTable, WithoutAFileHasUnitsOfOne) {
+TEST_F(UnitTable, WithoutASourceHasUnitsOfOne) {
     EXPECT_EQ(UnitOf("rb2405"), 1);
 }
 
@@ -78,6 +81,7 @@ TEST_F(UnitTable, KnowsNothingOfAnotherTablesFile) {
     CProductTables other;
     other.LoadUnits(folder_.Write("other.ini", "[UNITS]\nrb=10\n"));
     Use("[UNITS]\ni=100\n");
+    EXPECT_FALSE(tables_->WantsTrades());
     EXPECT_EQ(other.UnitOf("rb2405", ""), 10);
     EXPECT_EQ(other.UnitOf("i2405", ""), 1);
     EXPECT_EQ(UnitOf("rb2405"), 1);
@@ -104,6 +108,69 @@ TEST_F(UnitTable, OfTheSamplesGivesTheUnitsOfTheMarkets) {
     EXPECT_EQ(UnitOf("m2405"), 10);
     EXPECT_EQ(UnitOf("SR405"), 10);
     EXPECT_EQ(UnitOf("TA405"), 5);
+}
+
+class UnitSources : public testing::Test {
+protected:
+    /// Trades of rb that tell a unit of 7.
+    static CTradeUnits TradesOfSeven() {
+        MatchRecord trade{};
+        CopyField(trade.CONTRACT, "rb2405");
+        CopyField(trade.MATCH_PRICE, "4000");
+        CopyField(trade.MATCH_VOL, "2");
+        CopyField(trade.TURNOVER, "56000.00");
+        CTradeUnits trades;
+        trades.Feed(trade);
+        return trades;
+    }
+    void Ask(std::initializer_list<const char*> contracts) const {
+        for (const char* const contract : contracts) static_cast<void>(tables_.UnitOf(Gbk(contract), ""));
+    }
+
+    CTempFolder folder_;
+    CProductTables tables_;
+};
+
+TEST_F(UnitSources, AreTheTradesThenTheCarriedTableThenNone) {
+    tables_.LoadCarriedUnits();
+    ASSERT_TRUE(tables_.WantsTrades());
+    tables_.UseTrades(TradesOfSeven());
+    Ask({"rb2405", "cu2405", "xx2405", "螺纹钢"});
+    EXPECT_EQ(tables_.UsedUnits(), (std::vector<ProductUnit>{{"rb", 7, UnitSource::Trades},
+                                                             {"cu", 5, UnitSource::Table},
+                                                             {"xx", 1, UnitSource::Unknown},
+                                                             {Gbk("螺纹钢"), 10, UnitSource::Table}}));
+}
+
+TEST_F(UnitSources, AreTheFileAloneIfItIsGiven) {
+    tables_.LoadUnits(folder_.Write("units.ini", "[UNITS]\nrb=3\n"));
+    EXPECT_FALSE(tables_.WantsTrades());
+    Ask({"rb2405", "cu2405"});
+    EXPECT_EQ(tables_.UsedUnits(),
+              (std::vector<ProductUnit>{{"rb", 3, UnitSource::File}, {"cu", 1, UnitSource::Unknown}}));
+}
+
+TEST_F(UnitSources, AreNoneIfUnitsShallBeOne) {
+    tables_.WaiveUnits();
+    EXPECT_FALSE(tables_.WantsTrades());
+    Ask({"rb2405"});
+    EXPECT_EQ(tables_.UsedUnits(), (std::vector<ProductUnit>{{"rb", 1, UnitSource::Waived}}));
+}
+
+TEST_F(UnitSources, AreToldOnceForEachProductInTheOrderOfAsking) {
+    tables_.LoadCarriedUnits();
+    EXPECT_TRUE(tables_.UsedUnits().empty());
+    Ask({"rb2410", "cu2405", "rb2405", "rb"});
+    EXPECT_EQ(tables_.UsedUnits(),
+              (std::vector<ProductUnit>{{"rb", 10, UnitSource::Table}, {"cu", 5, UnitSource::Table}}));
+}
+
+TEST_F(UnitSources, HaveNames) {
+    EXPECT_EQ(UnitSourceName(UnitSource::File), "file");
+    EXPECT_EQ(UnitSourceName(UnitSource::Trades), "trades");
+    EXPECT_EQ(UnitSourceName(UnitSource::Table), "table");
+    EXPECT_EQ(UnitSourceName(UnitSource::Unknown), "none");
+    EXPECT_EQ(UnitSourceName(UnitSource::Waived), "none");
 }
 
 class ProductTable : public testing::Test {

@@ -57,10 +57,9 @@ TEST_F(Options, BecomeARequest) {
     EXPECT_TRUE(prepared.warnings.empty());
 }
 
-TEST_F(Options, LeftOutMeanADomesticReportWithoutScalingTablesOrCallbacks) {
+TEST_F(Options, LeftOutMeanADomesticReportWithoutScalingNamesOrCallbacks) {
     const PreparedRequest prepared = PrepareRequest(options_);
     const GenerateBillRequest& request = prepared.request;
-    EXPECT_EQ(prepared.products->UnitOf("rb2405", ""), 1);
     EXPECT_EQ(prepared.products->CodeOf("name"), std::nullopt);
     EXPECT_EQ(request.StatementKind, 1);
     EXPECT_EQ(request.Dpi, 0);
@@ -257,6 +256,23 @@ TEST_F(Options, BringTheTablesOfAHost) {
     EXPECT_EQ(FieldText(request.BaseMoney.QMJC), "5");
     EXPECT_EQ(FieldText(request.CurrencyMoney[0].QMJC), "6");
     EXPECT_EQ(request.CurrencyCount, 1);
+}
+
+TEST_F(Options, TakeUnitsFromTradesAndTableWithoutAFile) {
+    EXPECT_TRUE(PrepareRequest(options_).products->WantsTrades());
+    EXPECT_EQ(PrepareRequest(options_).products->UnitOf("rb2405", ""), 10);
+    options_.kind = "foreign";
+    EXPECT_FALSE(PrepareRequest(options_).products->WantsTrades());
+    EXPECT_EQ(PrepareRequest(options_).products->UnitOf("rb2405", ""), 1);
+}
+
+TEST_F(Options, TakeNoneForUnitsOfOne) {
+    root_.Write("none", "[UNITS]\nrb=10\n");
+    options_.unitFile = "none";
+    EXPECT_FALSE(PrepareRequest(options_).products->WantsTrades());
+    EXPECT_EQ(PrepareRequest(options_).products->UnitOf("rb2405", ""), 1);
+    options_.unitFile = root_.Path("none");
+    EXPECT_EQ(PrepareRequest(options_).products->UnitOf("rb2405", ""), 10);
 }
 
 TEST_F(Options, LeaveTheRootFolderOfTheModule) {

@@ -36,6 +36,7 @@ include/tradebill/report_request.h
 include/tradebill/report/money_record.h
 lib/TradeBill.def
 lib/TradeBill.lib
+share/tradebill/units.ini
 FILES
     git -C "$source" ls-files examples/windows_host samples
 } | sed "s|^|$name/|" | LC_ALL=C sort >expected
