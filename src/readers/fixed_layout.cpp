@@ -8,6 +8,7 @@
 #include "readers/columns.h"
 #include "readers/money_labels.h"
 #include "readers/record_sink.h"
+#include "readers/scan_listener.h"
 #include "readers/section_scan.h"
 #include "readers/statement_text.h"
 #include "readers/table_layout.h"
