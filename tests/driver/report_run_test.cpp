@@ -7,11 +7,14 @@
 #include <cstdint>
 #include <filesystem>
 #include <iterator>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/text.h"
 #include "driver/run_fixture.h"
+#include "report/product_source.h"
 #include "report/request_copy.h"
 
 namespace tradebill::report_run_test {
@@ -104,6 +107,34 @@ TEST_F(ReportRun, WritesAWholePageOfNothing) {
     EXPECT_EQ(Anchors().size(), 6U);
     EXPECT_TRUE(Page().starts_with("<html>\r\n"));
     EXPECT_TRUE(Page().ends_with("</body>\r\n</html>\r\n"));
+}
+
+/// Keeps what it is asked for as units of 10.
+class CKeepingSource final : public CProductSource {
+public:
+    [[nodiscard]] std::int32_t UnitOf(std::string_view contract, std::string_view /*delivery*/) const override {
+        used_.push_back({std::string(contract), 10, UnitSource::Table});
+        return 10;
+    }
+    [[nodiscard]] std::optional<std::string> CodeOf(std::string_view /*name*/) const override { return std::nullopt; }
+    [[nodiscard]] std::vector<ProductUnit> UsedUnits() const override { return used_; }
+
+private:
+    mutable std::vector<ProductUnit> used_;
+};
+
+TEST_F(ReportRun, TellsTheUnitsThatItsSourceWasAskedFor) {
+    PutBothDays();
+    const CKeepingSource products;
+    report.Products = &products;
+    EXPECT_EQ(ReadAccount(report, request_, nullptr).units.size(), 4U);
+    const RunResult result = Run();
+    EXPECT_EQ(result.units.size(), 4U + 4U + 4U);  // those before, and the page's too
+    EXPECT_TRUE(result.units == products.UsedUnits());
+    report.Products = &products_;  // a host keeps nothing
+    EXPECT_TRUE(Run().units.empty());
+    report.Products = nullptr;
+    EXPECT_TRUE(Run().units.empty());
 }
 
 TEST_F(ReportRun, WorksOnItsOwnCopyOfTheRequest) {
