@@ -1,6 +1,7 @@
 #include "platform/file.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -9,8 +10,25 @@
 
 #include "base/ini_file.h"
 #include "platform/paths.h"
+#include "platform/system_error.h"
 
 namespace tradebill {
+namespace {
+
+/// What stands at a path that can't be opened.
+FileContent WhyNotOpen(const std::string& path, std::uint32_t error) {
+    if (MeansMissing(error)) return {.state = FileState::Missing};
+    if (IsOtherThanFile(path)) return {.state = FileState::NotAFile};
+    return {.state = FileState::Unreadable, .reason = SystemErrorText(error)};
+}
+
+std::string WhyNotWhole(std::uint64_t got, std::uint64_t size, std::uint32_t error) {
+    const std::string words = SystemErrorText(error);
+    return "only " + std::to_string(got) + " of its " + std::to_string(size) + " bytes can be read" +
+           (words.empty() ? "" : ": " + words);
+}
+
+}  // namespace
 
 char* CFileBuffer::Reserve(std::size_t size) {
     if (size > size_) {
@@ -36,6 +54,17 @@ std::optional<std::string_view> CFile::ReadAll(CFileBuffer& buffer) const {
     if (!size) return std::nullopt;
     char* const bytes = buffer.Reserve(static_cast<std::size_t>(*size));
     return std::string_view(bytes, ReadAt(0, bytes, static_cast<std::size_t>(*size)));
+}
+
+FileContent ReadWholeFile(const std::string& path, CFileBuffer& buffer, FileMode mode) {
+    const CFile file(path, mode);
+    if (!file.IsOpen()) return WhyNotOpen(path, LastSystemError());
+    const auto size = file.SizeOnDisk();
+    if (!size) return {.state = FileState::NotAFile};
+    char* const bytes = buffer.Reserve(static_cast<std::size_t>(*size));
+    const std::size_t got = file.ReadAt(0, bytes, static_cast<std::size_t>(*size));
+    if (got < *size) return {.state = FileState::Unreadable, .reason = WhyNotWhole(got, *size, LastSystemError())};
+    return {.state = FileState::Read, .bytes = {bytes, got}};
 }
 
 std::optional<std::string> ReadStatementFile(const std::string& path) {
@@ -70,6 +99,7 @@ bool SaveInOneStep(const std::string& path, const std::function<bool(const std::
         RemoveFile(unfinished);
         throw;
     }
+    const CSystemErrorKeeper reason;
     RemoveFile(unfinished);
     return false;
 }

@@ -32,6 +32,7 @@ private:
     std::size_t size_ = 0;
 };
 
+/// What fails leaves its reason behind, where the system has one (system_error.h).
 class CFile {
 public:
     CFile(const std::string& path, FileMode mode);
@@ -47,6 +48,8 @@ public:
     [[nodiscard]] bool IsAt(const std::string& path) const;
     /// Size in bytes; 0 if it can't be told.
     [[nodiscard]] std::uint64_t Size() const;
+    /// Size in bytes of what is a file on disk; nothing of what is none.
+    [[nodiscard]] std::optional<std::uint64_t> SizeOnDisk() const;
     /// Writes all of `bytes` where the file stands. False if not all of it could be written, or the mode is to read.
     [[nodiscard]] bool Write(std::string_view bytes);
     /// Writes all of `bytes` at `offset`. False as Write.
@@ -60,9 +63,6 @@ public:
     [[nodiscard]] std::optional<std::string_view> ReadAll(CFileBuffer& buffer) const;
 
 private:
-    /// Size in bytes of what is a file on disk.
-    [[nodiscard]] std::optional<std::uint64_t> SizeOnDisk() const;
-
     std::intptr_t handle_;  ///< the system's own
 };
 
@@ -75,6 +75,24 @@ struct FileStamp {
 
 /// The stamp of a plain file; nothing if there is none. One look at the file system.
 [[nodiscard]] std::optional<FileStamp> StampOf(const std::string& path);
+
+/// What came of the reading of a whole file.
+enum class FileState {
+    Read,
+    Missing,     ///< there is none; a link that leads nowhere is none either
+    NotAFile,    ///< a folder, a pipe or a device bears its name
+    Unreadable,  ///< it can't be opened, or not be read to its end
+};
+
+struct FileContent {
+    FileState state = FileState::Missing;
+    std::string reason = {};      ///< why it is unreadable, in the system's words where it has some; UTF-8
+    std::string_view bytes = {};  ///< all of them, in the buffer; of a file that was read
+};
+
+/// Reads a file, opened to read or to update, into memory of `buffer`, or tells why it can't. Doesn't wait for what has
+/// nothing to give.
+[[nodiscard]] FileContent ReadWholeFile(const std::string& path, CFileBuffer& buffer, FileMode mode = FileMode::Read);
 
 /// All bytes of a plain file. Nothing if there is none, or if it can't be read.
 [[nodiscard]] std::optional<std::string> ReadPlainFile(const std::string& path);
@@ -90,7 +108,8 @@ struct FileStamp {
 [[nodiscard]] std::optional<CIniFile> LoadIniFile(const std::string& path);
 
 /// Has `write` make a file beside `path`, under the name that it is given, and puts it there in one step: nobody meets
-/// half of it. False, with what was at `path` still there, if `write` says so or the place can't be taken.
+/// half of it. False, with what was at `path` still there and the system's reason where it has one, if `write` says so
+/// or the place can't be taken.
 [[nodiscard]] bool SaveInOneStep(const std::string& path,
                                  const std::function<bool(const std::string& unfinished)>& write);
 

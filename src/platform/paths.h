@@ -12,6 +12,11 @@ inline constexpr std::size_t kLongestPath = 259;
 
 [[nodiscard]] bool IsFolder(const std::string& path);
 [[nodiscard]] bool IsPlainFile(const std::string& path);
+/// Whether something stands there that is no plain file. False if that can't be told.
+[[nodiscard]] bool IsOtherThanFile(const std::string& path);
+
+/// A path as UTF-8. On Linux paths are bytes, and mostly are UTF-8.
+[[nodiscard]] std::string Utf8Path(const std::string& path);
 
 /// Whether both paths lead to one file, however they are spelled. False if either isn't there.
 [[nodiscard]] bool IsSameFile(const std::string& one, const std::string& other);

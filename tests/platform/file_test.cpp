@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string>
 
+#include "platform/system_error.h"
 #include "support/temp_folder.h"
 
 namespace tradebill::file_test {
@@ -164,6 +165,55 @@ TEST_F(StatementFile, IsNotReadIfItIsNotThere) {
     EXPECT_FALSE(ReadStatementFile(folder_.Path()).has_value());
     EXPECT_FALSE(ReadStatementFile(folder_.Path("missing.txt")).has_value());
     EXPECT_FALSE(ReadStatementFile("").has_value());
+}
+
+class WholeFile : public StatementFile {
+protected:
+    FileContent Read(const std::string& path, FileMode mode = FileMode::Read) {
+        return ReadWholeFile(path, buffer_, mode);
+    }
+
+    CFileBuffer buffer_;
+};
+
+TEST_F(WholeFile, IsReadWithItsZeros) {
+    for (const FileMode mode : {FileMode::Read, FileMode::Update}) {
+        const FileContent content = Read(folder_.Write("a.txt", "one\0two"s), mode);
+        EXPECT_EQ(content.state, FileState::Read);
+        EXPECT_EQ(content.bytes, "one\0two"s);
+        EXPECT_EQ(content.reason, "");
+    }
+}
+
+TEST_F(WholeFile, MayBeEmpty) {
+    EXPECT_EQ(Read(folder_.Write("a.txt", "")).state, FileState::Read);
+}
+
+TEST_F(WholeFile, IsMissingIfNothingBearsItsName) {
+    folder_.Write("a.txt", "");
+    for (const std::string& name : {"missing.txt"s, "missing/a.txt"s, std::string(300, 'x')}) {
+        const FileContent content = Read(folder_.Path(name));
+        EXPECT_EQ(content.state, FileState::Missing) << name;
+        EXPECT_EQ(content.reason, "");
+    }
+}
+
+TEST_F(WholeFile, IsNoFolder) {
+    for (const FileMode mode : {FileMode::Read, FileMode::Update}) {
+        EXPECT_EQ(Read(folder_.Path(), mode).state, FileState::NotAFile);
+    }
+}
+
+TEST_F(File, LeavesTheSystemsReasonIfItCantBeSavedInOneStep) {
+    std::filesystem::create_directories(folder_.Path("a.txt/in the way"));
+    ForgetSystemError();
+    EXPECT_FALSE(SaveInOneStep(folder_.Path("a.txt"), [](const std::string& unfinished) {
+        return CFile(unfinished, FileMode::Create).Write("text");
+    }));
+    EXPECT_NE(LastSystemError(), 0U);
+    EXPECT_NE(SystemErrorText(LastSystemError()), "");
+    EXPECT_EQ(SystemErrorText(0), "");
+    EXPECT_FALSE(std::filesystem::exists(folder_.Path("a.txt.part")));
 }
 
 TEST_F(StatementFile, IsReadWhileAnotherHasItOpen) {

@@ -11,6 +11,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/system_error.h"
+
 namespace tradebill {
 namespace {
 
@@ -36,8 +38,10 @@ int Descriptor(std::intptr_t handle) {
 
 }  // namespace
 
-CFile::CFile(const std::string& path, FileMode mode)
-    : handle_(::open(path.c_str(), FlagsOf(mode) | O_CLOEXEC | O_NONBLOCK, kNewFileRights)) {}
+CFile::CFile(const std::string& path, FileMode mode) {
+    ForgetSystemError();
+    handle_ = ::open(path.c_str(), FlagsOf(mode) | O_CLOEXEC | O_NONBLOCK, kNewFileRights);
+}
 
 CFile::~CFile() {
     if (IsOpen()) ::close(Descriptor(handle_));
@@ -60,6 +64,7 @@ std::uint64_t CFile::Size() const {
 }
 
 bool CFile::Write(std::string_view bytes) {
+    ForgetSystemError();
     while (!bytes.empty()) {
         const ssize_t written = ::write(Descriptor(handle_), bytes.data(), bytes.size());
         if (written < 0 && errno == EINTR) continue;
@@ -70,6 +75,7 @@ bool CFile::Write(std::string_view bytes) {
 }
 
 bool CFile::WriteAt(std::uint64_t offset, std::string_view bytes) {
+    ForgetSystemError();
     while (!bytes.empty()) {
         const ssize_t written = ::pwrite(Descriptor(handle_), bytes.data(), bytes.size(), static_cast<off_t>(offset));
         if (written < 0 && errno == EINTR) continue;
@@ -81,6 +87,7 @@ bool CFile::WriteAt(std::uint64_t offset, std::string_view bytes) {
 }
 
 std::size_t CFile::ReadAt(std::uint64_t offset, char* buffer, std::size_t size) const {
+    ForgetSystemError();
     std::size_t done = 0;
     while (done < size) {
         const ssize_t got = ::pread(Descriptor(handle_), buffer + done, size - done, static_cast<off_t>(offset + done));

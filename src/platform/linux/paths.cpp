@@ -18,6 +18,16 @@ bool IsPlainFile(const std::string& path) {
     return std::filesystem::is_regular_file(path, error);
 }
 
+bool IsOtherThanFile(const std::string& path) {
+    std::error_code error;
+    const auto status = std::filesystem::status(path, error);
+    return std::filesystem::exists(status) && !std::filesystem::is_regular_file(status);
+}
+
+std::string Utf8Path(const std::string& path) {
+    return path;
+}
+
 bool IsSameFile(const std::string& one, const std::string& other) {
     std::error_code error;
     return std::filesystem::equivalent(one, other, error);

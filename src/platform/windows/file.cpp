@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "platform/system_error.h"
 #include "platform/windows/unique_handle.h"
 
 namespace tradebill {
@@ -62,6 +63,7 @@ bool WriteSteps(std::intptr_t file, std::string_view bytes, Place place) {
 
 CFile::CFile(const std::string& path, FileMode mode) {
     const OpenWay way = WayOf(mode);
+    ForgetSystemError();
     handle_ =
         reinterpret_cast<std::intptr_t>(::CreateFileA(path.c_str(), way.access, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                                       nullptr, way.disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -92,10 +94,12 @@ std::uint64_t CFile::Size() const {
 }
 
 bool CFile::Write(std::string_view bytes) {
+    ForgetSystemError();
     return WriteSteps(handle_, bytes, [](std::uint64_t) { return nullptr; });
 }
 
 bool CFile::WriteAt(std::uint64_t offset, std::string_view bytes) {
+    ForgetSystemError();
     OVERLAPPED place{};
     return WriteSteps(handle_, bytes, [&](std::uint64_t done) {
         place = PlaceAt(offset + done);
@@ -104,6 +108,7 @@ bool CFile::WriteAt(std::uint64_t offset, std::string_view bytes) {
 }
 
 std::size_t CFile::ReadAt(std::uint64_t offset, char* buffer, std::size_t size) const {
+    ForgetSystemError();
     std::size_t done = 0;
     while (done < size) {
         OVERLAPPED place = PlaceAt(offset + done);
@@ -111,6 +116,7 @@ std::size_t CFile::ReadAt(std::uint64_t offset, char* buffer, std::size_t size) 
         if (::ReadFile(HandleOf(handle_), buffer + done, StepOf(size - done), &got, &place) == FALSE || got == 0) break;
         done += got;
     }
+    if (LastSystemError() == ERROR_HANDLE_EOF) ForgetSystemError();  // a file's end is no failure
     return done;
 }
 

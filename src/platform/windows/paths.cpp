@@ -8,9 +8,12 @@
 #include <optional>
 
 #include "platform/windows/unique_handle.h"
+#include "platform/windows/wide_text.h"
 
 namespace tradebill {
 namespace {
+
+constexpr DWORD kOtherKinds = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE;
 
 /// What tells one file from all others.
 std::optional<BY_HANDLE_FILE_INFORMATION> IdentityOf(const std::string& path) {
@@ -30,9 +33,17 @@ bool IsFolder(const std::string& path) {
 }
 
 bool IsPlainFile(const std::string& path) {
-    constexpr DWORD kOtherKinds = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE;
     const DWORD attributes = ::GetFileAttributesA(path.c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & kOtherKinds) == 0;
+}
+
+bool IsOtherThanFile(const std::string& path) {
+    const DWORD attributes = ::GetFileAttributesA(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & kOtherKinds) != 0;
+}
+
+std::string Utf8Path(const std::string& path) {
+    return Utf8Of(WidePath(path));
 }
 
 bool IsSameFile(const std::string& one, const std::string& other) {

@@ -16,26 +16,16 @@ std::optional<std::wstring> WideOfUtf8(std::string_view text) {
     return wide;
 }
 
-std::string Narrow(UINT codePage, std::wstring_view wide) {
-    constexpr std::size_t kMostBytes = 3;  // of one unit in UTF-8; GBK has fewer
-    const int size = static_cast<int>(wide.size());
-    std::string text(wide.size() * kMostBytes, '\0');
-    const int room = static_cast<int>(text.size());
-    text.resize(static_cast<std::size_t>(
-        ::WideCharToMultiByte(codePage, 0, wide.data(), size, text.data(), room, nullptr, nullptr)));
-    return text;
-}
-
 }  // namespace
 
 std::string GbkToUtf8(std::string_view text) {
-    return Narrow(CP_UTF8, WideOf(text));
+    return Utf8Of(WideOf(text));
 }
 
 std::optional<std::string> Utf8ToGbk(std::string_view text) {
     const auto wide = WideOfUtf8(text);
     if (!wide) return std::nullopt;
-    std::string gbk = Narrow(kGbkCodePage, *wide);
+    std::string gbk = NarrowOf(kGbkCodePage, *wide);
     // The code page puts likenesses in the place of what it lacks: only what comes back was there.
     if (WideOf(gbk) != *wide || text.find("\xEF\xBF\xBD") != std::string_view::npos) return std::nullopt;
     return gbk;

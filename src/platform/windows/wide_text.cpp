@@ -49,4 +49,18 @@ std::wstring WidePath(const std::string& path) {
     return wide;
 }
 
+std::string NarrowOf(unsigned codePage, std::wstring_view wide) {
+    constexpr std::size_t kMostBytes = 3;  // of one unit in UTF-8; GBK has fewer
+    const int size = static_cast<int>(wide.size());
+    std::string text(wide.size() * kMostBytes, '\0');
+    const int room = static_cast<int>(text.size());
+    text.resize(static_cast<std::size_t>(
+        ::WideCharToMultiByte(codePage, 0, wide.data(), size, text.data(), room, nullptr, nullptr)));
+    return text;
+}
+
+std::string Utf8Of(std::wstring_view wide) {
+    return NarrowOf(CP_UTF8, wide);
+}
+
 }  // namespace tradebill

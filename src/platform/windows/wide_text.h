@@ -14,4 +14,8 @@ inline constexpr unsigned kGbkCodePage = 936;
 /// A path in the system's code page as UTF-16.
 [[nodiscard]] std::wstring WidePath(const std::string& path);
 
+/// UTF-16 in a code page. What the page lacks becomes what stands for it there.
+[[nodiscard]] std::string NarrowOf(unsigned codePage, std::wstring_view wide);
+[[nodiscard]] std::string Utf8Of(std::wstring_view wide);
+
 }  // namespace tradebill

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/paths.h"
+#include "platform/system_error.h"
 #include "platform/windows/unique_handle.h"
 #include "support/temp_folder.h"
 #include "support/windows_header.h"
@@ -20,6 +21,11 @@ TEST(WindowsStatementFile, IsNotReadIfAnotherHoldsItForItself) {
             ::CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
         ASSERT_TRUE(other.IsValid());
         EXPECT_FALSE(ReadStatementFile(path).has_value());
+        CFileBuffer buffer;
+        const FileContent content = ReadWholeFile(path, buffer);
+        EXPECT_EQ(content.state, FileState::Unreadable);
+        EXPECT_EQ(content.reason, SystemErrorText(ERROR_SHARING_VIOLATION));
+        EXPECT_NE(content.reason, "");
     }
     EXPECT_EQ(ReadStatementFile(path), "text");
 }
@@ -27,6 +33,8 @@ TEST(WindowsStatementFile, IsNotReadIfAnotherHoldsItForItself) {
 TEST(WindowsStatementFile, IsNoDevice) {
     EXPECT_FALSE(ReadStatementFile("NUL").has_value());
     EXPECT_FALSE(ReadPlainFile("NUL").has_value());
+    CFileBuffer buffer;
+    EXPECT_EQ(ReadWholeFile("NUL", buffer).state, FileState::NotAFile);
 }
 
 // The second byte of the first character is a backslash.
