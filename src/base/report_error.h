@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <exception>
+#include <string_view>
 
 #if defined(_WIN32)
 #define TRADEBILL_ERROR_CLASS
@@ -16,13 +17,21 @@ inline constexpr std::uint32_t kErrorUnspecified = 0x80004005;      ///< a date 
 inline constexpr std::uint32_t kErrorInvalidArgument = 0x80070057;  ///< a day that has no time value
 inline constexpr std::uint32_t kErrorOutOfMemory = 0x8007000E;
 
+/// Where in a statement an error was met.
+struct ErrorPlace {
+    int line = 0;                   ///< counted from 1, blank lines too; 0: not known
+    std::string_view section = {};  ///< in English: "money", "trades", or "template" for its date; static; empty: none
+};
+
 /// Carries a 32-bit error code through GenerateBill to the host. A C++ host catches it; for others there is
 /// TryGenerateBill.
 class TRADEBILL_ERROR_CLASS CReportError : public std::exception {
 public:
-    explicit CReportError(std::uint32_t code) noexcept : code_(code) {}
+    explicit CReportError(std::uint32_t code, const ErrorPlace& place = {}) noexcept : code_(code), place_(place) {}
 
     [[nodiscard]] std::uint32_t Code() const noexcept { return code_; }
+
+    [[nodiscard]] const ErrorPlace& Place() const noexcept { return place_; }
 
     [[nodiscard]] const char* what() const noexcept override {
         switch (code_) {
@@ -39,6 +48,7 @@ public:
 
 private:
     std::uint32_t code_;
+    ErrorPlace place_;
 };
 
 }  // namespace tradebill

@@ -14,6 +14,9 @@ namespace tradebill {
 
 enum class SectionKind { Money, Trades, Closed, Open, Summary };
 
+/// In English, one word: "money", "trades", "closed", "open" or "summary".
+[[nodiscard]] std::string_view SectionName(SectionKind kind);
+
 /// What became of a data row.
 enum class RowFate {
     Read,         ///< it made a record or gave values

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <new>
 #include <optional>
 #include <string_view>
 
@@ -26,7 +27,7 @@ const char* EndOf(std::string_view row) {
 }  // namespace
 
 CSectionScan::CSectionScan(std::string_view text, SearchFrom searchFrom, CScanListener* listener)
-    : searchFrom_(searchFrom), listener_(listener) {
+    : text_(text), searchFrom_(searchFrom), listener_(listener) {
     constexpr std::size_t kUsualRowLength = 64;
     rows_.reserve(text.size() / kUsualRowLength);
     SplitText(text, "\n", rows_);
@@ -112,8 +113,28 @@ void CSectionScan::TellSection(const SectionLayout& layout, const Frame& frame, 
 }
 
 std::string_view CSectionScan::RowText(std::int64_t row) const {
-    if (row < 0 || row >= static_cast<std::int64_t>(rows_.size())) throw CReportError(kErrorInvalidArgument);
+    if (row < 0 || row >= static_cast<std::int64_t>(rows_.size())) {
+        throw CReportError(kErrorInvalidArgument, {.line = LineOf(row)});
+    }
     return rows_[static_cast<std::size_t>(row)];
+}
+
+int CSectionScan::LineOf(std::int64_t row) const {
+    if (rows_.empty()) return 0;
+    const std::int64_t nearest = std::clamp<std::int64_t>(row, 0, static_cast<std::int64_t>(rows_.size()) - 1);
+    const char* const at = rows_[static_cast<std::size_t>(nearest)].data();
+    return static_cast<int>(std::count(text_.data(), at, '\n')) + 1;
+}
+
+void CSectionScan::RethrowFrom(std::int64_t row, SectionKind kind) const {
+    const ErrorPlace place{.line = LineOf(row), .section = SectionName(kind)};
+    try {
+        throw;
+    } catch (const CReportError& error) {
+        throw CReportError(error.Code(), place);
+    } catch (const std::bad_alloc&) {
+        throw CReportError(kErrorOutOfMemory, place);
+    }
 }
 
 bool CSectionScan::SplitRow(std::int64_t row, const SectionLayout& layout) {
@@ -131,8 +152,12 @@ bool CSectionScan::SplitRow(std::int64_t row, const SectionLayout& layout) {
 }
 
 std::optional<Row> CSectionScan::ReadRow(std::int64_t row, const SectionLayout& layout) {
-    if (!SplitRow(row, layout)) return std::nullopt;
-    Tell({});
+    try {
+        if (!SplitRow(row, layout)) return std::nullopt;
+        Tell({});
+    } catch (...) {
+        RethrowFrom(row, layout.kind);
+    }
     return Row(columns_);
 }
 

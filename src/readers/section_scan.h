@@ -70,20 +70,20 @@ public:
 
     /// Calls `onRow(Row)` for each row of a found section that has enough columns. `onRow` may return a RowVerdict; its
     /// row is valid during the call. Throws CReportError for a row before the first or past the last, once it is its
-    /// turn. Rows of a kind that isn't wanted are passed over unseen.
+    /// turn. An error of `onRow`, and a lack of memory, leave as CReportErrors that tell section and line. Rows of a kind
+    /// that isn't wanted are passed over unseen.
     ///
     /// REQUIRES: `rows` was found in this scan by `layout`.
     template <class OnRow>
     void ReadRows(const SectionLayout& layout, const SectionRows& rows, OnRow onRow) {
         if (onlyRows_ && layout.kind != *onlyRows_) return;
-        for (std::int64_t row = rows.begin; row < rows.end; ++row) {
-            if (!SplitRow(row, layout)) continue;
-            if constexpr (std::is_void_v<std::invoke_result_t<OnRow, Row>>) {
-                onRow(Row(columns_));
-                Tell({});
-            } else {
-                Tell(onRow(Row(columns_)));
+        std::int64_t row = rows.begin;
+        try {
+            for (; row < rows.end; ++row) {
+                if (SplitRow(row, layout)) HandOn(onRow);
             }
+        } catch (...) {
+            RethrowFrom(row, layout.kind);
         }
     }
 
@@ -120,6 +120,20 @@ private:
 
     /// The first of the rows `from` up to `end` that contains `word`.
     [[nodiscard]] std::optional<std::size_t> FindRow(std::size_t from, std::size_t end, std::string_view word) const;
+    template <class OnRow>
+    void HandOn(OnRow& onRow) {
+        if constexpr (std::is_void_v<std::invoke_result_t<OnRow&, Row>>) {
+            onRow(Row(columns_));
+            Tell({});
+        } else {
+            Tell(onRow(Row(columns_)));
+        }
+    }
+    /// Throws the exception that is being handled again, with its place.
+    [[noreturn]] void RethrowFrom(std::int64_t row, SectionKind kind) const;
+    /// The line of `row`, or of the row that is nearest to it; 0 if there is none.
+    [[nodiscard]] int LineOf(std::int64_t row) const;
+
     [[nodiscard]] Frame FindFrame(std::size_t from, const SectionLayout& layout) const;
     [[nodiscard]] static std::optional<SectionRows> RowsOf(const Frame& frame, const SectionLayout& layout);
     bool SplitRow(std::int64_t row, const SectionLayout& layout);
@@ -128,6 +142,7 @@ private:
     }
     void TellSection(const SectionLayout& layout, const Frame& frame, bool needsTerminator) const;
 
+    std::string_view text_;
     std::vector<std::string_view> rows_;
     std::vector<std::string_view> columns_;  // of the row at hand
     std::string_view currentRow_;

@@ -15,6 +15,7 @@
 #include "base/gbk.h"
 #include "base/ini_file.h"
 #include "base/number.h"
+#include "base/report_error.h"
 #include "base/text.h"
 #include "platform/file.h"
 #include "readers/columns.h"
@@ -199,8 +200,12 @@ CStatementTemplate::CStatementTemplate(CIniFile file)
 
 bool CStatementTemplate::HoldsNewScheme(std::string_view day) const {
     if (changeDate_.empty()) return false;
-    const std::time_t time = MidnightOf(ParsePackedDay(day));
-    return time >= MidnightOf(ParsePackedDay(changeDate_));
+    try {
+        const std::time_t time = MidnightOf(ParsePackedDay(day));
+        return time >= MidnightOf(ParsePackedDay(changeDate_));
+    } catch (const CReportError& error) {
+        throw CReportError(error.Code(), {.section = "template"});
+    }
 }
 
 const CStatementTemplate* CTemplateFile::Present() {

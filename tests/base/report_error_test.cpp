@@ -19,5 +19,13 @@ TEST(ReportError, SaysWhatWentWrong) {
     EXPECT_FALSE(std::string(CReportError(1).what()).empty());
 }
 
+TEST(ReportError, TellsItsPlaceIfItIsKnown) {
+    EXPECT_EQ(CReportError(1).Place().line, 0);
+    EXPECT_EQ(CReportError(1).Place().section, "");
+    const CReportError placed(1, {.line = 7, .section = "trades"});
+    EXPECT_EQ(placed.Place().line, 7);
+    EXPECT_EQ(placed.Place().section, "trades");
+}
+
 }  // namespace
 }  // namespace tradebill::report_error_test

@@ -2,9 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <ios>
+#include <new>
+#include <sstream>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "base/report_error.h"
 
 namespace tradebill::section_scan_test {
 namespace {
@@ -234,6 +241,52 @@ TEST(TopScan, FindsSectionsInAnyOrder) {
         EXPECT_EQ(Read(scan, Plain("C", "end")), (Texts{"absent"}));  // no terminator
         EXPECT_EQ(Read(scan, Plain("X", "end")), (Texts{"absent"}));  // no title
     }
+}
+
+/// Code, line and section of the error that reading a section ends with: "80070057 3 open".
+template <class OnRow>
+std::string ErrorOf(std::string_view text, SectionLayout layout, OnRow onRow) {
+    layout.kind = SectionKind::Open;
+    CSectionScan scan(text, SearchFrom::Top);
+    try {
+        scan.Read(layout, onRow);
+    } catch (const CReportError& error) {
+        std::ostringstream words;
+        words << std::hex << error.Code() << std::dec << ' ' << error.Place().line << ' ' << error.Place().section;
+        return words.str();
+    }
+    return "none";
+}
+
+TEST(SectionScan, TellsTheLineOfAnErrorInARowWithBlankLinesCounted) {
+    const std::string_view text = "\nhead\r\n\r\nTRADES\r\none\r\n \r\ntwo\r\nend";
+    const auto failAt = [](std::string_view word, std::uint32_t code) {
+        return [=](Row row) {
+            if (row[0] == word) throw CReportError(code);
+        };
+    };
+    EXPECT_EQ(ErrorOf(text, Plain("TRADES", "end"), failAt("one", 0x80004005)), "80004005 5 open");
+    EXPECT_EQ(ErrorOf(text, Plain("TRADES", "end"), failAt("two", 0x80070057)), "80070057 7 open");
+    EXPECT_EQ(ErrorOf(text, Plain("TRADES", "end"), failAt("three", 0x80070057)), "none");
+}
+
+TEST(SectionScan, TellsTheLineOfALackOfMemory) {
+    const auto lack = [](Row) { throw std::bad_alloc(); };
+    EXPECT_EQ(ErrorOf("TRADES\none\nend", Plain("TRADES", "end"), lack), "8007000e 2 open");
+}
+
+TEST(SectionScan, LetsOtherExceptionsPass) {
+    const auto fail = [](Row) { throw std::runtime_error("a listener's own"); };
+    EXPECT_THROW(ErrorOf("TRADES\none\nend", Plain("TRADES", "end"), fail), std::runtime_error);
+}
+
+TEST(SectionScan, TellsTheNearestLineOfARowOutsideTheText) {
+    SectionLayout layout = Plain("TRADES", "end");
+    layout.endOffset = -3;
+    EXPECT_EQ(ErrorOf("\n\nTRADES\none\nend\nlast", layout, [](Row) {}), "80070057 6 open");
+    layout = Plain("TRADES", "end");
+    layout.firstRow = -1;
+    EXPECT_EQ(ErrorOf("\n\nTRADES\none\nend\nlast", layout, [](Row) {}), "80070057 3 open");
 }
 
 }  // namespace
