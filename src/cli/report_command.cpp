@@ -112,14 +112,14 @@ int RunReportCommand(const ReportCommand& command) {
                    : MadeReport{.result = RunWatched(report, prepared, command.quiet, RunReport), .isFileSaved = true};
     if (!result) return kExitFailed;
     if (json && !SaveJson(*json, report, result->pagePath)) return Fail("can't write " + json->Name());
-    if (!result->pageWritten) return Fail("can't write the page " + NativePath(result->pagePath));
+    if (!result->pageWritten) return kExitFailed;
     if (!isFileSaved) return Fail("can't write " + standalone->Name());
     if (!command.quiet) ShowSummary(report, *result, SummaryStream({json, standalone}));
     if (command.opensPage &&
         !OpenOnDesktop(standalone && standalone->IsFile() ? standalone->Name() : result->pagePath)) {
         Warn("--open: this desktop has no xdg-open to show the page with");
     }
-    return kExitDone;
+    return result->problems.IsEmpty() ? kExitDone : kExitFailed;
 }
 
 }  // namespace tradebill

@@ -1,15 +1,10 @@
 #include "cli/watched_run.h"
 
-#include <cstdint>
-#include <iomanip>
-#include <ios>
 #include <iostream>
 #include <memory>
 #include <optional>
-#include <sstream>
 #include <string>
 
-#include "base/report_error.h"
 #include "cli/progress_line.h"
 #include "cli/report_options.h"
 #include "cli/usage_error.h"
@@ -17,6 +12,7 @@
 #include "driver/report_request.h"
 #include "driver/report_run.h"
 #include "driver/unit_pass.h"
+#include "driver/run_problems.h"
 #include "paint/font.h"
 #include "paint/font_search.h"
 #include "platform/screen.h"
@@ -29,6 +25,7 @@ namespace {
 
 void WarnOfEmptyAccount(const CReport& report, const RunResult& result) {
     if (result.statementsRead == 0) {
+        if (!result.problems.statements.empty()) return;  // which are told
         Warn("no statement was found in the whole range");
     } else if (report.MoneyStore.Count() + report.MatchStore.Count() + report.OpiDetailStore.Count() == 0) {
         Warn("nothing was recognised in " + std::to_string(result.statementsRead) +
@@ -36,10 +33,10 @@ void WarnOfEmptyAccount(const CReport& report, const RunResult& result) {
     }
 }
 
-std::string CodeText(std::uint32_t code) {
-    std::ostringstream text;
-    text << "0x" << std::hex << std::uppercase << std::setw(8) << std::setfill('0') << code;
-    return text.str();
+/// What the run passed over, and the error that ended it.
+void TellProblems(const RunProblems& problems) {
+    for (const std::string& text : ProblemTexts(problems)) Fail(text);
+    if (problems.error) Fail(ErrorText(*problems.error));
 }
 
 /// Beside the reading of many days; that of a few takes less than a thread does.
@@ -74,23 +71,26 @@ std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prep
     if (!quiet) {
         for (const std::string& note : prepared.notes) std::cerr << "tradebill: " << note << "\n";
     }
-    RunResult result;
-    try {
-        const auto fonts = FindFontsMeanwhile(prepared.request);
-        std::unique_ptr<CProgressLine> progress;
-        if (!quiet && IsErrorOutputTerminal()) progress = std::make_unique<CProgressLine>();
-        if (prepared.products->WantsTrades()) {
-            if (progress) progress->OnStage("contract units");
-            prepared.products->UseTrades(TallyTrades(prepared.request, prepared.rootFolder));
-        }
-        result = run(report, prepared.request, progress.get(), options);
-    } catch (const CReportError& error) {
-        Fail("the run failed with code " + CodeText(error.Code()) + ": " + error.what());
-        return std::nullopt;
+    const auto fonts = FindFontsMeanwhile(prepared.request);
+    std::unique_ptr<CProgressLine> progress;
+    if (!quiet && IsErrorOutputTerminal()) progress = std::make_unique<CProgressLine>();
+    if (prepared.products->WantsTrades()) {
+        if (progress) progress->OnStage("contract units");
+        prepared.products->UseTrades(TallyTrades(prepared.request, prepared.rootFolder));
     }
+    RunResult result = run(report, prepared.request, progress.get(), options);
+    progress.reset();
+    TellProblems(result.problems);
+    if (result.end == RunEnd::Failed) return std::nullopt;
     WarnWithoutFonts();
-    WarnOfEmptyAccount(report, result);
+    if (result.end == RunEnd::Finished) WarnOfEmptyAccount(report, result);
     return result;
+}
+
+int FailWithoutStatement(const RunResult& result, const std::string& advice) {
+    if (!result.problems.statements.empty()) return Fail("no statement could be read: " + advice);
+    Fail("no statement was found in the whole range: " + advice);
+    return kExitUsage;
 }
 
 }  // namespace tradebill

@@ -22,11 +22,15 @@ int Fail(const std::string& text);
 using RunFunction = RunResult(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
                               const RunOptions& options);
 
-/// Tells what the request's options were warned of, runs it in `report`, and warns if there was nothing to read.
-/// Statements are opened for reading alone, whatever `options` says. Nothing if the run failed, which is told. `quiet`
-/// leaves out notes and progress. The report's products are those of `prepared`, which must outlive it; the account's
-/// trades are tallied for them first, if they have a say.
+/// Tells what the request's options were warned of, runs it in `report`, and tells all that went wrong on the way;
+/// warns if there was nothing to read. Statements are opened for reading alone, whatever `options` says. Nothing if an
+/// error ended the run, which is told. `quiet` leaves out notes and progress. The report's products are those of
+/// `prepared`, which must outlive it; the account's trades are tallied for them first, if they have a say.
 [[nodiscard]] std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prepared, bool quiet,
                                                   RunFunction* run, RunOptions options = {});
+
+/// Says that nothing was written because no statement could be read, and `advice`. Returns the program's exit code:
+/// that of wrong use if none was there.
+int FailWithoutStatement(const RunResult& result, const std::string& advice);
 
 }  // namespace tradebill

@@ -2,10 +2,13 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 #include "base/day.h"
 #include "base/text.h"
+#include "driver/run_problems.h"
 #include "platform/paths.h"
+#include "platform/system_error.h"
 #include "report/report.h"
 #include "report/report_document.h"
 
@@ -19,16 +22,29 @@ std::string DataFolder(const CReport& report) {
     return report.RootFolder + "/Users/" + report.Request.UserFolder + "/Data";
 }
 
+/// The page's folder and those above it that a run makes, the outermost first.
+std::vector<std::string> PageFolders(const CReport& report, const std::string& outFolder) {
+    if (!outFolder.empty()) return {outFolder};
+    const std::string data = DataFolder(report);
+    return {data, data + "/Bill", data + "/Bill/Image"};
+}
+
+UnwrittenFile WhyNotMade(const std::string& folder) {
+    return {folder, SystemErrorText(LastSystemError())};
+}
+
 }  // namespace
 
-void PrepareBillFolders(CReport& report) {
+std::vector<UnwrittenFile> PrepareBillFolders(CReport& report, const std::string& outFolder) {
     CReportDocument& document = report.ReportDocument;
-    for (const char* const level : {"", "/Bill", "/Bill/Image"}) {
-        document.BillFolder = DataFolder(report) + level;
-        if (!MakeFolder(document.BillFolder)) return;
+    for (const std::string& level : PageFolders(report, outFolder)) {
+        document.BillFolder = level;
+        if (!MakeFolder(level)) return {WhyNotMade(level)};
     }
     document.ImageFolderName = kImageFolder;
-    MakeFolder(document.BillFolder + "/" + kImageFolder);
+    const std::string pictures = document.BillFolder + "/" + kImageFolder;
+    if (MakeFolder(pictures)) return {};
+    return {WhyNotMade(pictures)};
 }
 
 std::string StatementPath(const CReport& report, const CalendarDay& day, bool isToday) {

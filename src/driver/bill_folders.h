@@ -2,19 +2,22 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "base/day.h"
+#include "driver/run_problems.h"
 
 namespace tradebill {
 
 class CReport;
 
-// All of them lie below the report's root folder, and follow its request.
+// All of them lie below the report's root folder, unless an own folder is given, and follow its request.
 
-/// Makes "Data", "Bill" and "Image" in the user's folder, one in the other, and the pictures' folder in "Image". Sets
-/// BillFolder and ImageFolderName of the report's document. If a folder can't be made it stops there: BillFolder names
-/// that folder.
-void PrepareBillFolders(CReport& report);
+/// Makes "Data", "Bill" and "Image" in the user's folder, one in the other, or in place of them the last level of
+/// `outFolder`, if it isn't empty; and in the last of them the pictures' folder. Sets BillFolder and ImageFolderName of
+/// the report's document. If a folder can't be made it stops there: BillFolder names that folder. Returns those that
+/// can't be made.
+std::vector<UnwrittenFile> PrepareBillFolders(CReport& report, const std::string& outFolder = {});
 
 /// The statement file of `day`. That of a finished day ends in "o".
 [[nodiscard]] std::string StatementPath(const CReport& report, const CalendarDay& day, bool isToday);

@@ -20,15 +20,13 @@ namespace {
 std::uint32_t RunForHost(const GenerateBillRequest* request) {
     if (request == nullptr) return kErrorInvalidArgument;
     try {
-        RunReport(TheModule().ReportForRun(), *request, nullptr);
-    } catch (const CReportError& error) {
-        return error.Code();
+        const RunResult result = RunReport(TheModule().ReportForRun(), *request, nullptr);
+        return result.problems.error ? result.problems.error->code : 0;
     } catch (const std::bad_alloc&) {
         return kErrorOutOfMemory;
     } catch (...) {
         return kErrorUnspecified;
     }
-    return 0;
 }
 
 void RepaintForHost(const AccountChart& chart, ChartTarget* target, const ChartRect* rect, const PictureSize& size) {

@@ -4,15 +4,19 @@
 #include <cstdint>
 #include <ctime>
 #include <memory>
+#include <new>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "base/day.h"
+#include "base/report_error.h"
 #include "base/text.h"
 #include "driver/bill_folders.h"
 #include "driver/report_days.h"
 #include "driver/report_request.h"
+#include "driver/run_problems.h"
 #include "images/report_images.h"
 #include "page/html_builder.h"
 #include "page/page_sections.h"
@@ -40,20 +44,58 @@ bool StopSeen(const GenerateBillRequest& request) {
     return AcknowledgeStop(request.StopEvent, request.AckEvent, [] {});
 }
 
-/// Reads the statements of all days. Returns false if the host's stop was seen.
-bool ReadDays(CReport& report, const CalendarDay& today, RunResult& result, CRunWatcher* watcher,
-              const RunOptions& options) {
+/// Does `work`. The error that it ends with, if it does.
+template <class Work>
+std::optional<RunError> ErrorOf(Work work) {
+    try {
+        work();
+    } catch (const CReportError& error) {
+        return RunError{.code = error.Code(), .text = error.what(), .day = {}, .path = {}, .place = error.Place()};
+    } catch (const std::bad_alloc&) {
+        return RunError{.code = kErrorOutOfMemory, .text = "out of memory", .day = {}, .path = {}, .place = {}};
+    }
+    return std::nullopt;
+}
+
+/// The statement of one day.
+struct DayFile {
+    std::string day;
+    std::string path;
+};
+
+/// Returns false if an error ends the run.
+bool ReadDay(CStatementLoader& loader, const DayFile& file, RunResult& result, CStatementListener* listener) {
+    StatementFile found;
+    auto error = ErrorOf([&] { found = loader.Load(file.day, file.path, listener); });
+    if (error) {
+        error->day = file.day;
+        error->path = file.path;
+        result.problems.error = std::move(error);
+        return false;
+    }
+    if (found.state == StatementState::Read) {
+        ++result.statementsRead;
+    } else if (found.state != StatementState::Missing) {
+        result.problems.statements.push_back({file.day, file.path, found.state, std::move(found.reason)});
+    }
+    return true;
+}
+
+/// Reads the statements of all days, up to where the run ends.
+RunEnd ReadDays(CReport& report, const CalendarDay& today, RunResult& result, CRunWatcher* watcher,
+                const RunOptions& options) {
     CStatementLoader loader(report, options.access);
     const int days = CountDays(report.ReportDays);
-    return WalkDays(report.ReportDays, [&](const CalendarDay& day) {
+    const bool sawAll = WalkDays(report.ReportDays, [&](const CalendarDay& day) {
         if (StopSeen(report.Request)) return false;
         const std::string dayText = DayText(day);
         ++result.days;
         if (watcher != nullptr) watcher->OnDay(result.days, std::max(days, result.days), dayText);
         const std::string path = StatementPath(report, day, day == today);
-        if (loader.Load(dayText, path, options.listener) == StatementState::Read) ++result.statementsRead;
-        return true;
+        return ReadDay(loader, {dayText, path}, result, options.listener);
     });
+    if (sawAll) return RunEnd::Finished;
+    return result.problems.error ? RunEnd::Failed : RunEnd::Stopped;
 }
 
 std::unique_ptr<MoneyRecord> CopyOf(const MoneyRecord& money) {
@@ -93,26 +135,31 @@ void Begin(CReport& report, const GenerateBillRequest& request) {
     report.MoneyStore.EndDateText = DashedDayText(LocalDayOf(report.ReportDays.last));
 }
 
-/// From the first statement to the statistics. The run has ended if the host's stop was seen.
-RunResult ReadAndCompute(CReport& report, CRunWatcher* watcher, const RunOptions& options) {
-    RunResult result;
+/// From the first statement to the statistics, unless the run ends before.
+void ReadAndCompute(CReport& report, RunResult& result, CRunWatcher* watcher, const RunOptions& options) {
     const CalendarDay today = LocalDayOf(PresentTime());
-    if (!ReadDays(report, today, result, watcher, options)) {
-        result.end = RunEnd::Stopped;
-        return result;
+    result.end = ReadDays(report, today, result, watcher, options);
+    if (result.end == RunEnd::Finished && options.needsStatement && result.statementsRead == 0) {
+        result.end = RunEnd::NothingRead;
     }
+    if (result.end != RunEnd::Finished) return;
     if (LocalDayOf(report.ReportDays.last) == today) MergeLiveFigures(report);
     if (watcher != nullptr) watcher->OnStage("statistics");
     FinishStatistics(report);
-    return result;
 }
 
-void MakePictures(CReport& report) {
-    auto images = BuildReportImages(report);
-    if (!images) return;
-    report.ReportDocument.PageWidth = images->pageWidth;
-    report.ReportDocument.SavedPictures = std::move(images->saved);
-    report.MoneyStore.ChartSizes = images->chartSizes;
+void PrepareFolders(CReport& report, const RunOptions& options, RunResult& result) {
+    result.problems.folders = PrepareBillFolders(report, options.outFolder);
+}
+
+void MakePictures(CReport& report, RunResult& result) {
+    ReportImages images = BuildReportImages(report);
+    result.picturesSaved = static_cast<int>(images.saved.size());
+    result.problems.pictures = std::move(images.failures);
+    if (!images.pageWidth) return;
+    report.ReportDocument.PageWidth = *images.pageWidth;
+    report.ReportDocument.SavedPictures = std::move(images.saved);
+    report.MoneyStore.ChartSizes = images.chartSizes;
 }
 
 void WritePage(const CReport& report, CPageSink* copy, RunResult& result) {
@@ -120,6 +167,7 @@ void WritePage(const CReport& report, CPageSink* copy, RunResult& result) {
     CHtmlBuilder page(result.pagePath, copy);
     AddPageSections(page, report);
     result.pageWritten = !page.HasFailed();
+    if (page.HasFailed()) result.problems.page = {result.pagePath, page.WhyFailed()};
 }
 
 std::vector<ProductUnit> UsedUnits(const CReport& report) {
@@ -132,31 +180,47 @@ void NotifyHost(const GenerateBillRequest& request) {
     static_cast<void>(StopSeen(request));  // the run is over: the host only wants its answer
 }
 
+void MakeReport(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher, const RunOptions& options,
+                RunResult& result) {
+    Begin(report, request);
+    if (!options.needsStatement) PrepareFolders(report, options, result);  // hosts find them from the first day on
+    ReadAndCompute(report, result, watcher, options);
+    if (result.end != RunEnd::Finished) return;
+    if (options.needsStatement) PrepareFolders(report, options, result);
+    if (watcher != nullptr) watcher->OnStage("pictures");
+    MakePictures(report, result);
+    if (watcher != nullptr) watcher->OnStage("page");
+    WritePage(report, options.copy, result);
+    NotifyHost(report.Request);
+}
+
+/// What `work` left in its result, an error that it ended with included.
+template <class Work>
+RunResult ResultOf(const CReport& report, Work work) {
+    RunResult result;
+    if (auto error = ErrorOf([&] { work(result); })) {
+        result.end = RunEnd::Failed;
+        result.problems.error = std::move(error);
+    }
+    result.units = UsedUnits(report);
+    return result;
+}
+
 }  // namespace
 
 RunResult ReadAccount(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
                       const RunOptions& options) {
-    Begin(report, request);
-    RunResult result = ReadAndCompute(report, watcher, options);
-    if (const auto sizes = MeasureCharts(report)) report.MoneyStore.ChartSizes = *sizes;
-    result.units = UsedUnits(report);
-    return result;
+    return ResultOf(report, [&](RunResult& result) {
+        Begin(report, request);
+        ReadAndCompute(report, result, watcher, options);
+        if (const auto sizes = MeasureCharts(report)) report.MoneyStore.ChartSizes = *sizes;
+    });
 }
 
 RunResult RunReport(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
                     const RunOptions& options) {
     const CPictureWork pictures;
-    Begin(report, request);
-    PrepareBillFolders(report);
-    RunResult result = ReadAndCompute(report, watcher, options);
-    if (result.end == RunEnd::Stopped) return result;
-    if (watcher != nullptr) watcher->OnStage("pictures");
-    MakePictures(report);
-    if (watcher != nullptr) watcher->OnStage("page");
-    WritePage(report, options.copy, result);
-    result.units = UsedUnits(report);
-    NotifyHost(report.Request);
-    return result;
+    return ResultOf(report, [&](RunResult& result) { MakeReport(report, request, watcher, options, result); });
 }
 
 }  // namespace tradebill

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "driver/report_request.h"
+#include "driver/run_problems.h"
 #include "readers/statement_loader.h"
 #include "report/product_unit.h"
 
@@ -21,16 +22,20 @@ class CStatementListener;
 
 enum class RunEnd {
     Finished,
-    Stopped,  ///< the host's stop was seen in the day loop; nothing was written
+    Stopped,      ///< the host's stop was seen in the day loop; nothing was written
+    NothingRead,  ///< no statement could be read, and without one nothing is written
+    Failed,       ///< by an error; what had been read is in the report, and the page as far as it was written
 };
 
 struct RunResult {
     RunEnd end = RunEnd::Finished;
     int days = 0;            ///< days walked
-    int statementsRead = 0;  ///< days with a statement file; the others had none
+    int statementsRead = 0;  ///< those whose statement was read; of the others none was there, or problems has it
+    int picturesSaved = 0;
     bool pageWritten = false;
     std::string pagePath;
     std::vector<ProductUnit> units;  ///< that the products' source says were asked for
+    RunProblems problems;
 };
 
 /// Whoever wants to see a run go on. Called on the run's thread.
@@ -46,10 +51,12 @@ struct RunOptions {
     CPageSink* copy = nullptr;               ///< gets the page too; not owned, may be null
     CStatementListener* listener = nullptr;  ///< hears what readers see; not owned, may be null
     StatementAccess access = StatementAccess::ReadAndWrite;
+    std::string outFolder = {};   ///< where page and pictures go, made if missing; empty: beside the statements
+    bool needsStatement = false;  ///< nothing at all is written, and no folder made, unless a statement was read
 };
 
-/// Makes the report that `request` asks for in `report`, which is emptied first. Throws CReportError, with what had
-/// been read by then in the report. `watcher` may be null.
+/// Makes the report that `request` asks for in `report`, which is emptied first. What goes wrong is in the result, an
+/// error or a lack of memory that ends the run too. `watcher` may be null.
 ///
 /// REQUIRES: root folder, products and screen width of `report` are set.
 RunResult RunReport(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,

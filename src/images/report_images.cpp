@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/number.h"
@@ -22,6 +23,7 @@
 #include "paint/canvas.h"
 #include "paint/picture_file.h"
 #include "platform/embedded_picture.h"
+#include "platform/system_error.h"
 #include "report/money_store.h"
 #include "report/report.h"
 
@@ -157,7 +159,11 @@ public:
 
     void Save(const Button& button) {
         const auto picture = LoadPngResource(button.id);
-        if (picture) SaveFile(button.name, {picture->Width(), picture->Height()}, EncodePng(*picture));
+        if (!picture) {
+            Fail(button.name, PictureStage::Decoding);
+            return;
+        }
+        SaveFile(button.name, {picture->Width(), picture->Height()}, EncodePng(*picture));
     }
 
     void Save(const ShownPicture& picture) {
@@ -165,8 +171,12 @@ public:
             if (picture.isTitleBar && titleBar_.empty()) titleBar_ = Paint(picture);
             SaveFile(picture.name, picture.size, picture.isTitleBar ? titleBar_ : Paint(picture));
         } catch (const std::bad_alloc&) {
-            return;  // a large one may find no memory where the next finds it
+            Fail(picture.name, PictureStage::Painting);  // a large one may find no memory where the next finds it
         }
+    }
+
+    void Fail(std::string_view name, PictureStage stage, std::string reason = {}) {
+        images_.failures.push_back({name, stage, PathOf(name), std::move(reason)});
     }
 
 private:
@@ -179,8 +189,17 @@ private:
     }
 
     void SaveFile(std::string_view name, PictureSize size, std::string_view content) {
-        if (!SavePictureFile(content, FullPicturePath(report_.ReportDocument, name))) return;
-        images_.saved.push_back({.name = name, .width = size.width, .height = size.height});
+        if (content.empty()) {
+            Fail(name, PictureStage::Painting);
+        } else if (SavePictureFile(content, PathOf(name))) {
+            images_.saved.push_back({.name = name, .width = size.width, .height = size.height});
+        } else {
+            Fail(name, PictureStage::Saving, SystemErrorText(LastSystemError()));
+        }
+    }
+
+    [[nodiscard]] std::string PathOf(std::string_view name) const {
+        return FullPicturePath(report_.ReportDocument, name);
     }
 
     const CReport& report_;
@@ -227,12 +246,15 @@ void ShowReportPictures(const CReport& report, int baseWidth,
     }
 }
 
-std::optional<ReportImages> BuildReportImages(const CReport& report) {
-    ReportImages images{.chartSizes = report.MoneyStore.ChartSizes, .saved = {}};
+ReportImages BuildReportImages(const CReport& report) {
+    ReportImages images{.pageWidth = {}, .chartSizes = report.MoneyStore.ChartSizes, .saved = {}, .failures = {}};
     CPictureSaver saver(report, images);
     for (const Button& button : kButtons) saver.Save(button);
     const auto width = BaseWidth();
-    if (!width) return std::nullopt;
+    if (!width) {
+        for (const ReportPicture& picture : kPictures) saver.Fail(picture.name, PictureStage::Decoding);
+        return images;
+    }
     images.pageWidth = report.Scaled(*width);
     saver.PrepareFor(LargestSize({report, *width}));
     ShowReportPictures(report, *width, [&](const ShownPicture& picture) { saver.Save(picture); });

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -30,18 +31,29 @@ struct ShownPicture {
 void ShowReportPictures(const CReport& report, int baseWidth,
                         const std::function<void(const ShownPicture& picture)>& show);
 
+enum class PictureStage { Decoding, Painting, Saving };
+
+/// A picture of which nothing was saved.
+struct PictureFailure {
+    std::string_view name;  ///< of its file; lives as long as the module
+    PictureStage stage = PictureStage::Painting;
+    std::string path;    ///< of its file
+    std::string reason;  ///< of one that can't be saved, in the system's words; UTF-8, may be empty
+};
+
 /// What making the pictures came to, for the report to keep.
 struct ReportImages {
-    int pageWidth = 0;      ///< of every table of the page, pixels
-    ChartSizes chartSizes;  ///< of the charts that could be painted; for the others what the report had before
+    std::optional<int> pageWidth;  ///< of every table of the page, pixels; nothing if the banner is missing
+    ChartSizes chartSizes;         ///< of the charts that could be painted; for the others what the report had before
     std::vector<SavedPicture> saved;
+    std::vector<PictureFailure> failures;
 };
 
 /// Makes the JPEG files of all pictures and two PNG files of a report. A picture that can't be made or saved is passed
-/// over. Nothing is returned if the banner is missing: then there are only the PNG files.
+/// over. If the banner is missing there are only the PNG files.
 ///
 /// REQUIRES: the statistics are complete, and the report's folders prepared.
-[[nodiscard]] std::optional<ReportImages> BuildReportImages(const CReport& report);
+[[nodiscard]] ReportImages BuildReportImages(const CReport& report);
 
 /// The sizes that the charts of a report have, without painting anything; nothing if the banner is missing.
 [[nodiscard]] std::optional<ChartSizes> MeasureCharts(const CReport& report);

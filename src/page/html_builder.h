@@ -70,6 +70,9 @@ public:
     /// Whether an operation could not do its work since the builder was made.
     [[nodiscard]] bool HasFailed() const { return file_.HasFailed(); }
 
+    /// Why the first of them could not, in the system's words; UTF-8, empty if the system has none for it.
+    [[nodiscard]] std::string WhyFailed() const { return file_.WhyFailed(); }
+
 private:
     friend class CPageGathering;
 

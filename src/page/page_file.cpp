@@ -8,6 +8,7 @@
 #include "page/page_closing.h"
 #include "platform/file.h"
 #include "platform/paths.h"
+#include "platform/system_error.h"
 
 namespace tradebill {
 
@@ -15,19 +16,24 @@ CPageFile::CPageFile(std::string_view path) {
     const std::string page(path.substr(0, kLongestPath));
     CFile file(page, FileMode::Create);
     if (!file.IsOpen()) {
-        failed_ = true;
+        Fail();
         return;
     }
     path_ = page;
     isFresh_ = file.Write(kPageHeadLines);
-    if (!isFresh_) failed_ = true;
+    if (!isFresh_) Fail();
     size_ = kPageHeadLines.size();
+}
+
+void CPageFile::Fail() noexcept {
+    if (!failed_) failure_ = LastSystemError();
+    failed_ = true;
 }
 
 void CPageFile::Append(std::string_view text, TextKind kind) {
     if (path_.empty()) return;
     if (!Gather(text) && !AppendAtOnce(text)) {
-        failed_ = true;
+        Fail();
         return;
     }
     size_ += text.size();
@@ -51,11 +57,11 @@ void CPageFile::InsertInHead(std::string_view block) {
     CFile file(path_, FileMode::Update);
     const auto page = file.IsOpen() ? file.ReadAll() : std::nullopt;
     if (!page) {
-        failed_ = true;
+        Fail();
         return;
     }
     const std::size_t at = HeadEndLine(*page);
-    if (!file.WriteAt(at, WithBlockBefore(std::string_view(*page).substr(at), block))) failed_ = true;
+    if (!file.WriteAt(at, WithBlockBefore(std::string_view(*page).substr(at), block))) Fail();
     size_ = file.Size();
     closedSize_ = 0;
 }

@@ -14,6 +14,7 @@
 
 #include "page/page_scan.h"
 #include "platform/file.h"
+#include "platform/system_error.h"
 
 namespace tradebill {
 
@@ -50,6 +51,9 @@ public:
     /// Whether an operation could not do its work.
     [[nodiscard]] bool HasFailed() const { return failed_; }
 
+    /// Why the first of them could not, in the system's words; UTF-8, empty if the system has none for it.
+    [[nodiscard]] std::string WhyFailed() const { return SystemErrorText(failure_); }
+
 private:
     // What is gathered is not on disk, or not where single operations would have put it.
     enum class Gathered {
@@ -57,6 +61,9 @@ private:
         All,      ///< kept_ is all of the page; the file has its first lines
         Behind,   ///< kept_ stands behind what is streamed
     };
+
+    /// The operation that the system refused last could not be done.
+    void Fail() noexcept;
 
     [[nodiscard]] bool AppendAtOnce(std::string_view text);
     void CloseWhole(CFile& file);
@@ -76,6 +83,7 @@ private:
 
     std::string path_;
     bool failed_ = false;
+    std::uint32_t failure_ = 0;  // the system's number for the first failure; 0: it has none
 
     // What a closing needs to do work only for what came since the last one.
     std::uint64_t size_ = 0;        // of the page as this object left it, gathered or not

@@ -17,7 +17,7 @@ void CPageFile::Close() {
     isFresh_ = false;
     CFile file(path_, FileMode::Update);
     if (!file.IsOpen()) {
-        failed_ = true;
+        Fail();
         return;
     }
     if (closedSize_ != 0 && file.Size() == size_ && added_.IsPlain()) {
@@ -31,7 +31,7 @@ void CPageFile::Close() {
 void CPageFile::CloseWhole(CFile& file) {
     const auto page = file.ReadAll();
     const std::string wrapped = WrappedPage(page.value_or(std::string()));
-    if (!page || !file.WriteAt(0, wrapped)) failed_ = true;
+    if (!page || !file.WriteAt(0, wrapped)) Fail();
     // The file is never cut. If dropped lines made the page shorter, an old end stays behind the new one, and only full
     // passes can follow.
     size_ = file.Size();
@@ -53,7 +53,7 @@ void CPageFile::CloseAddition(CFile& file) {
         from += wanted;
     }
     const std::string end = (added_.EndsInLine() ? std::string(kPageLineEnd) : std::string()) + std::string(kPageEnd);
-    if (!succeeded || !file.WriteAt(size_ - kPageEnd.size(), end)) failed_ = true;
+    if (!succeeded || !file.WriteAt(size_ - kPageEnd.size(), end)) Fail();
     size_ += end.size() - kPageEnd.size();
     closedSize_ = failed_ ? 0 : size_;
 }

@@ -146,7 +146,7 @@ bool CPageFile::WriteTold() {
 
 /// A gathered page that can't be written stays as far as it came: one with a gap would be worse.
 void CPageFile::Spoil() {
-    failed_ = true;
+    Fail();
     path_.clear();
 }
 

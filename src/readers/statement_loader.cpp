@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/file.h"
 #include "readers/layout_table.h"
@@ -18,13 +19,20 @@ void ReadWith(const Layout& layout, const StatementText& statement, CReport& rep
     layout.read(statement, report);
 }
 
+/// Whether only `mode` keeps a file from being opened.
+bool IsReadableAlone(const std::string& path, FileMode mode) {
+    return !CFile(path, mode).IsOpen() && CFile(path, FileMode::Read).IsOpen();
+}
+
 /// The text lies in `buffer`.
 StatementFile ReadFile(const std::string& path, StatementAccess access, CFileBuffer& buffer) {
-    const CFile file(path, access == StatementAccess::ReadAlone ? FileMode::Read : FileMode::Update);
-    if (!file.IsOpen()) return {.state = StatementState::Missing};
-    const auto bytes = file.ReadAll(buffer);
-    if (!bytes) return {.state = StatementState::NotAFile};
-    return {.state = StatementState::Read, .bytes = *bytes, .text = bytes->substr(0, bytes->find('\0'))};
+    const FileMode mode = access == StatementAccess::ReadAlone ? FileMode::Read : FileMode::Update;
+    FileContent content = ReadWholeFile(path, buffer, mode);
+    if (content.state == FileState::Unreadable && IsReadableAlone(path, mode)) return {.state = FileState::Missing};
+    return {.state = content.state,
+            .reason = std::move(content.reason),
+            .bytes = content.bytes,
+            .text = content.bytes.substr(0, content.bytes.find('\0'))};
 }
 
 }  // namespace
@@ -44,13 +52,13 @@ void CStatementLoader::Read(std::string_view day, std::string_view text, CScanLi
     if (layout != nullptr) ReadWith(*layout, statement, report_);
 }
 
-StatementState CStatementLoader::Load(std::string_view day, const std::string& path, CStatementListener* listener) {
-    const StatementFile file = ReadFile(path, access_, buffer_);
+StatementFile CStatementLoader::Load(std::string_view day, const std::string& path, CStatementListener* listener) {
+    StatementFile file = ReadFile(path, access_, buffer_);
     if (listener != nullptr) listener->OnStatement(day, path, file);
-    if (file.state != StatementState::Read) return file.state;
+    if (file.state != StatementState::Read) return file;
     Read(day, file.text, listener);
     if (listener != nullptr) listener->OnStatementEnd();
-    return file.state;
+    return file;
 }
 
 }  // namespace tradebill

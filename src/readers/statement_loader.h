@@ -19,18 +19,13 @@ namespace tradebill {
 
 class CReport;
 
-/// What became of a day's file.
-enum class StatementState {
-    Read,
-    Missing,     ///< there is none: no trading day, most often
-    NotAFile,    ///< a folder, a pipe or a device bears its name
-    Unreadable,  ///< it can't be opened, or not be read to its end
-};
+/// What became of a day's file. One is missing where there was no trading day, most often.
+using StatementState = FileState;
 
 /// A day's file, as it was found.
 struct StatementFile {
     StatementState state = StatementState::Missing;
-    std::string reason = {};      ///< why it can't be read, in the system's words
+    std::string reason = {};      ///< why it is unreadable, in the system's words where it has some; UTF-8
     std::string_view bytes = {};  ///< all of them; of a file that was read
     std::string_view text = {};   ///< those before the first zero byte, which are what readers see
 };
@@ -61,9 +56,10 @@ public:
     /// Passes over the rows of all tables but those of `kind` from now on (StatementText::onlyRows).
     void WantOnlyRows(SectionKind kind) { onlyRows_ = kind; }
 
-    /// Reads the statement `path` of `day` (yyyymmdd), and tells `listener`, which may be null. Throws CReportError,
-    /// with what came before in the report, where a template asks for what isn't there.
-    StatementState Load(std::string_view day, const std::string& path, CStatementListener* listener = nullptr);
+    /// Reads the statement `path` of `day` (yyyymmdd), and tells `listener`, which may be null. Returns the file as it
+    /// was found, valid until the next call. Throws CReportError, with what came before in the report, where a template
+    /// asks for what isn't there.
+    StatementFile Load(std::string_view day, const std::string& path, CStatementListener* listener = nullptr);
 
     /// Hands `text` to the reader of the request's layout: the foreign one, the template's, or the format's. Throws
     /// likewise.

@@ -201,7 +201,7 @@ TEST_P(ExplanationForms, LeaveTheStoresAsAPlainReadingDoes) {
     CReport plain;
     ask(plain);
     const std::string path = folder_.Write("plain.txt", text);
-    EXPECT_EQ(CStatementLoader(plain).Load("20240129", path), StatementState::Read);
+    EXPECT_EQ(CStatementLoader(plain).Load("20240129", path).state, StatementState::Read);
     EXPECT_EQ(StoresOf(plain), StoresOf(explained));
 }
 

@@ -160,7 +160,9 @@ TEST_F(Program, FailsIfThePageCantBeWritten) {
     const Answer answer = Run(Report());
     EXPECT_EQ(answer.exit, 1);
     EXPECT_EQ(answer.out, "");
-    EXPECT_EQ(answer.err, "tradebill: can't write the page " + NativePath(PageFile()) + "\n");
+    EXPECT_TRUE(answer.err.starts_with("tradebill: can't write the page " + NativePath(PageFile()) + ": "))
+        << answer.err;
+    EXPECT_EQ(std::ranges::count(answer.err, '\n'), 1) << answer.err;
 }
 
 #if !defined(_WIN32)  // which has no device that is always full
@@ -169,7 +171,7 @@ TEST_F(Program, FailsIfTheDiskIsFull) {
     fs::create_symlink("/dev/full", PageFile());
     const Answer answer = Run(Report());
     EXPECT_EQ(answer.exit, 1);
-    EXPECT_EQ(answer.err, "tradebill: can't write the page " + NativePath(PageFile()) + "\n");
+    EXPECT_EQ(answer.err, "tradebill: can't write the page " + NativePath(PageFile()) + ": No space left on device\n");
 }
 #endif
 

@@ -17,6 +17,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/report_error.h"
 #include "base/text.h"
 #include "driver/host_products.h"
 #include "driver/report_run.h"
@@ -203,7 +204,17 @@ protected:
         Put("D10086.20240103o.txt", FullStatement("20240103"));
     }
 
-    RunResult Run() { return RunReport(report, request_, &watcher_); }
+    /// The run that a host would make. An error that ends it is thrown.
+    RunResult Run() {
+        RunResult result = RunReport(report, request_, &watcher_);
+        if (result.problems.error) throw CReportError(result.problems.error->code);
+        return result;
+    }
+    /// The run that the program would make.
+    RunResult RunAlone(RunOptions options = {}) {
+        options.access = StatementAccess::ReadAlone;
+        return RunReport(report, request_, &watcher_, options);
+    }
 
     [[nodiscard]] std::string PageFile() const { return root_.Path("Users/u/Data/Bill/Image/TradeBill.html"); }
     [[nodiscard]] std::string Page() const { return GbkToUtf8(ReadFile(PageFile())); }

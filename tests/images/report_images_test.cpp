@@ -81,9 +81,9 @@ TEST_F(ReportImages, HaveTheirSizesAtEveryResolution) {
         SCOPED_TRACE(measures.dpi);
         report.Request.Dpi = measures.dpi;
         const auto images = BuildReportImages(report);
-        ASSERT_TRUE(images);
+        ASSERT_TRUE(images.pageWidth);
         const PictureSize chart{measures.chartWidth, measures.chartHeight};
-        EXPECT_EQ(images->pageWidth, measures.width);
+        EXPECT_EQ(images.pageWidth, measures.width);
         ExpectBars();
         EXPECT_EQ(SizeOf("AccountDetail.jpg"), (PictureSize{measures.width, measures.chartHeight + 20}));
         EXPECT_EQ(SizeOf("AccountFigure.jpg"), chart);
@@ -91,8 +91,8 @@ TEST_F(ReportImages, HaveTheirSizesAtEveryResolution) {
         EXPECT_EQ(SizeOf("HealthFigure.jpg"), chart);
         EXPECT_EQ(SizeOf("RiskFigure.jpg"), chart);
         EXPECT_EQ(SizeOf("OffsetFigure.jpg"), (PictureSize{measures.width, measures.chartHeight}));
-        EXPECT_EQ(images->chartSizes, (ChartSizes{chart.width, chart.height, measures.width, chart.height, chart.width,
-                                                  chart.height, chart.width, chart.height}));
+        EXPECT_EQ(images.chartSizes, (ChartSizes{chart.width, chart.height, measures.width, chart.height, chart.width,
+                                                 chart.height, chart.width, chart.height}));
     }
 }
 
@@ -105,7 +105,7 @@ TEST_F(ReportImages, GrowWithTheCurrenciesOfAForeignAccount) {
         for (const auto& [currencies, expected] : blocks) {
             report.CurrencyMoneyStore.Clear();
             AddCurrencies(currencies);
-            ASSERT_TRUE(BuildReportImages(report));
+            ASSERT_TRUE(BuildReportImages(report).pageWidth);
             EXPECT_EQ(SizeOf("AccountDetail.jpg"), (PictureSize{measures.width, expected * measures.blockHeight + 40}))
                 << measures.dpi << " " << currencies;
             if (measures.dpi > 0) break;  // the size of a block is what the resolution changes
@@ -117,7 +117,7 @@ TEST_F(ReportImages, GrowWithTheCurrenciesOfAForeignAccount) {
 }
 
 TEST_F(ReportImages, SaveTheTwoButtons) {
-    ASSERT_TRUE(BuildReportImages(report));
+    ASSERT_TRUE(BuildReportImages(report).pageWidth);
     EXPECT_EQ(DecodePng(ReadFile(PathOf("BillShrink.png"))), LoadPngResource(5002));
     EXPECT_EQ(DecodePng(ReadFile(PathOf("BillExpand.png"))), LoadPngResource(5001));
 }
@@ -127,27 +127,27 @@ TEST_F(ReportImages, LeaveBlackWhatTheGroundOfTheRealisedChartDoesNotReach) {
     report.MoneyStore.MinDayPL = report.MoneyStore.MaxDayPL = 5e-324;
     report.Request.Dpi = 192;
     const auto images = BuildReportImages(report);
-    ASSERT_TRUE(images);
-    EXPECT_EQ(images->chartSizes[kRealisedSize], 1650);  // noted all the same
-    EXPECT_EQ(images->chartSizes[kRealisedSize + 1], 500);
+    ASSERT_TRUE(images.pageWidth);
+    EXPECT_EQ(images.chartSizes[kRealisedSize], 1650);  // noted all the same
+    EXPECT_EQ(images.chartSizes[kRealisedSize + 1], 500);
     EXPECT_EQ(PixelOf("OffsetFigure.jpg", 400, 120), (std::array{255, 255, 255}));
     EXPECT_EQ(PixelOf("OffsetFigure.jpg", 1000, 120), (std::array{0, 0, 0}));
     EXPECT_EQ(PixelOf("OffsetFigure.jpg", 400, 400), (std::array{0, 0, 0}));
     report.MoneyStore.MinDayPL = report.MoneyStore.MaxDayPL = 0;
-    ASSERT_TRUE(BuildReportImages(report));
+    ASSERT_TRUE(BuildReportImages(report).pageWidth);
     EXPECT_EQ(PixelOf("OffsetFigure.jpg", 1640, 490), (std::array{255, 255, 255}));
 }
 
 TEST_F(ReportImages, OverwriteThoseOfTheLastReport) {
     folder_.Write("Image_files/RiskFigure.jpg", "rubbish");
-    ASSERT_TRUE(BuildReportImages(report));
+    ASSERT_TRUE(BuildReportImages(report).pageWidth);
     EXPECT_EQ(SizeOf("RiskFigure.jpg"), (PictureSize{500, 250}));
 }
 
 TEST_F(ReportImages, PassOverOneThatCannotBeSaved) {
     fs::create_directories(PathOf("AccountDetail.jpg") + "/in the way");
     fs::create_directories(PathOf("BillShrink.png") + "/in the way");
-    ASSERT_TRUE(BuildReportImages(report));
+    ASSERT_TRUE(BuildReportImages(report).pageWidth);
     EXPECT_EQ(SizeOf("AccountDetail.jpg"), (PictureSize{0, 0}));
     EXPECT_EQ(SizeOf("OffsetFigure.jpg"), (PictureSize{825, 250}));
     EXPECT_EQ(SizeOf("BillExpand.png"), (PictureSize{8, 8}));
@@ -158,9 +158,17 @@ TEST_F(ReportImages, AreNotedWithTheirSizesAsFarAsTheyAreSaved) {
     fs::create_directories(PathOf("BillShrink.png") + "/in the way");
     report.Request.Dpi = 144;
     const auto images = BuildReportImages(report);
-    ASSERT_TRUE(images);
-    EXPECT_EQ(images->saved.size(), 12U);  // 12 JPEG and 2 PNG files but for these two
-    for (const SavedPicture& picture : images->saved) {
+    ASSERT_TRUE(images.pageWidth);
+    EXPECT_EQ(images.saved.size(), 12U);  // 12 JPEG and 2 PNG files but for these two
+    ASSERT_EQ(images.failures.size(), 2U);
+    EXPECT_EQ(images.failures[0].name, "BillShrink.png");
+    EXPECT_EQ(images.failures[1].name, "AccountDetail.jpg");
+    for (const PictureFailure& failure : images.failures) {
+        EXPECT_EQ(failure.stage, PictureStage::Saving);
+        EXPECT_EQ(failure.path, PathOf(failure.name));
+        EXPECT_NE(failure.reason, "");
+    }
+    for (const SavedPicture& picture : images.saved) {
         EXPECT_EQ(SizeOf(picture.name), (PictureSize{picture.width, picture.height})) << picture.name;
         EXPECT_NE(picture.width, 0) << picture.name;
     }
@@ -169,12 +177,13 @@ TEST_F(ReportImages, AreNotedWithTheirSizesAsFarAsTheyAreSaved) {
 TEST_F(ReportImages, AreNotNotedWithoutAFolder) {
     fs::remove_all(folder_.Path("Image_files"));
     const auto images = BuildReportImages(report);
-    ASSERT_TRUE(images);
-    EXPECT_TRUE(images->saved.empty());
+    ASSERT_TRUE(images.pageWidth);
+    EXPECT_TRUE(images.saved.empty());
+    EXPECT_EQ(images.failures.size(), 14U);
 }
 
 TEST_F(ReportImages, HaveTitleBarsThatAreAllAlike) {
-    ASSERT_TRUE(BuildReportImages(report));
+    ASSERT_TRUE(BuildReportImages(report).pageWidth);
     for (const std::string_view name : kBars) EXPECT_EQ(ReadFile(PathOf(name)), ReadFile(PathOf(kBars[0]))) << name;
     EXPECT_NE(ReadFile(PathOf(kBars[0])), ReadFile(PathOf("AccountSummary.jpg")));
 }
@@ -182,15 +191,15 @@ TEST_F(ReportImages, HaveTitleBarsThatAreAllAlike) {
 TEST_F(ReportImages, PassOverAFolderThatIsGone) {
     fs::remove_all(folder_.Path("Image_files"));
     const auto images = BuildReportImages(report);
-    ASSERT_TRUE(images);
+    ASSERT_TRUE(images.pageWidth);
     EXPECT_FALSE(fs::exists(folder_.Path("Image_files")));
-    EXPECT_EQ(images->pageWidth, 825);
+    EXPECT_EQ(images.pageWidth, 825);
 }
 
 TEST_F(ReportImages, AreSafeAtAbsurdResolutions) {
     for (const int dpi : {-96, 1, 2'000'000'000}) {
         report.Request.Dpi = dpi;
-        EXPECT_TRUE(BuildReportImages(report)) << dpi;
+        EXPECT_TRUE(BuildReportImages(report).pageWidth) << dpi;
         ExpectBars();
     }
 }
@@ -206,8 +215,8 @@ TEST_F(ReportImages, LeaveTheSizesThatAreMeasuredWithoutPainting) {
         report.Request.StatementKind = kind;
         report.Request.Dpi = 144;
         const auto painted = BuildReportImages(report);
-        ASSERT_TRUE(painted);
-        EXPECT_EQ(MeasureCharts(report), painted->chartSizes);
+        ASSERT_TRUE(painted.pageWidth);
+        EXPECT_EQ(MeasureCharts(report), painted.chartSizes);
     }
 }
 

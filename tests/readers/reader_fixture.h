@@ -117,7 +117,7 @@ protected:
         CStatementLoader(report).Read(day, text, listener);
     }
     bool LoadStatement(std::string_view day, const std::string& path) {
-        return CStatementLoader(report).Load(day, path) == StatementState::Read;
+        return CStatementLoader(report).Load(day, path).state == StatementState::Read;
     }
 
     /// The template of the report's template path, or null.

@@ -3,38 +3,18 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <string>
 #include <string_view>
 
 #include "readers/reader_fixture.h"
+#include "support/bound_user.h"
 #include "support/temp_folder.h"
 
 namespace tradebill::linux_statement_loader_test {
 namespace {
 
 constexpr std::string_view kFileDay = "20240105";
-
-/// A user whom file rights bind, for as long as it lives: they don't bind root.
-class CBoundUser {
-public:
-    CBoundUser() : former_(::geteuid()) {
-        if (former_ == 0) isBound_ = ::seteuid(kNobody) == 0;
-    }
-    ~CBoundUser() {
-        if (former_ == 0 && ::seteuid(former_) != 0) ADD_FAILURE() << "still another user";
-    }
-    CBoundUser(const CBoundUser&) = delete;
-    CBoundUser& operator=(const CBoundUser&) = delete;
-
-    [[nodiscard]] bool IsBound() const { return isBound_; }
-
-private:
-    static constexpr uid_t kNobody = 65534;
-    uid_t former_;
-    bool isBound_ = true;
-};
 
 class LinuxStatementLoader : public ReaderFixture {
 protected:
@@ -61,10 +41,34 @@ TEST_F(LinuxStatementLoader, PassesOverAFileThatCantBeWritten) {
     EXPECT_EQ(report.MoneyStore.Count(), 1);
 }
 
+TEST_F(LinuxStatementLoader, FindsAFileThatCantBeWrittenMissingUnlessItReadsAlone) {
+    const std::string path = folder_.Write("D1.20240105o.txt", "text");
+    ASSERT_EQ(::chmod(path.c_str(), 0444), 0);
+    const CBoundUser user;
+    ASSERT_TRUE(user.IsBound());
+    EXPECT_EQ(CStatementLoader(report).Load(kFileDay, path).state, StatementState::Missing);
+    EXPECT_EQ(CStatementLoader(report, StatementAccess::ReadAlone).Load(kFileDay, path).state, StatementState::Read);
+}
+
+TEST_F(LinuxStatementLoader, FindsAFileThatCantBeReadUnreadable) {
+    const std::string path = folder_.Write("D1.20240105o.txt", "text");
+    ASSERT_EQ(::chmod(path.c_str(), 0000), 0);
+    const CBoundUser user;
+    ASSERT_TRUE(user.IsBound());
+    for (const StatementAccess access : {StatementAccess::ReadAlone, StatementAccess::ReadAndWrite}) {
+        const StatementFile file = CStatementLoader(report, access).Load(kFileDay, path);
+        EXPECT_EQ(file.state, StatementState::Unreadable);
+        EXPECT_EQ(file.reason, "Permission denied");
+    }
+}
+
 TEST_F(LinuxStatementLoader, PassesOverAPipe) {
     const std::string pipe = folder_.Path("D1.20240105o.txt");
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_FALSE(LoadStatement(kFileDay, pipe));  // and doesn't wait for a writer
+    for (const StatementAccess access : {StatementAccess::ReadAlone, StatementAccess::ReadAndWrite}) {
+        EXPECT_EQ(CStatementLoader(report, access).Load(kFileDay, pipe).state, StatementState::NotAFile);
+    }
     EXPECT_TRUE(NothingRead());
 }
 

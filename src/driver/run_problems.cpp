@@ -1,0 +1,73 @@
+#include "driver/run_problems.h"
+
+#include <array>
+#include <cstdint>
+#include <cstdio>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "images/report_images.h"
+#include "platform/paths.h"
+#include "readers/statement_loader.h"
+
+namespace tradebill {
+namespace {
+
+std::string WithReason(std::string text, std::string_view reason) {
+    return reason.empty() ? text : text.append(": ").append(reason);
+}
+
+std::string ShownPath(const std::string& path) {
+    return Utf8Path(NativePath(path));
+}
+
+std::string StatementText(const UnreadStatement& statement) {
+    const std::string path = ShownPath(statement.path);
+    if (statement.state == StatementState::NotAFile) return statement.day + ": " + path + " is not a file";
+    return WithReason(statement.day + ": can't read " + path, statement.reason);
+}
+
+std::string PictureText(const PictureFailure& picture) {
+    switch (picture.stage) {
+        case PictureStage::Decoding:
+            return "can't read the module's own picture for " + std::string(picture.name);
+        case PictureStage::Painting:
+            return "can't paint the picture " + std::string(picture.name);
+        case PictureStage::Saving:
+            break;
+    }
+    return WithReason("can't write the picture " + ShownPath(picture.path), picture.reason);
+}
+
+}  // namespace
+
+std::string ErrorCodeText(std::uint32_t code) {
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), "0x%08lX", static_cast<unsigned long>(code));
+    return text.data();
+}
+
+std::string ErrorText(const RunError& error) {
+    std::string text = "the run failed with code " + ErrorCodeText(error.code) + ": " + error.text;
+    if (error.day.empty()) return text;
+    text += " (" + error.day + ", " + Utf8Path(FileNameOf(error.path));
+    if (error.place.line > 0) text += ", row " + std::to_string(error.place.line);
+    if (!error.place.section.empty()) text.append(", section ").append(error.place.section);
+    return text + ")";
+}
+
+std::vector<std::string> ProblemTexts(const RunProblems& problems) {
+    std::vector<std::string> texts;
+    for (const UnreadStatement& statement : problems.statements) texts.push_back(StatementText(statement));
+    for (const UnwrittenFile& folder : problems.folders) {
+        texts.push_back(WithReason("can't make the folder " + ShownPath(folder.path), folder.reason));
+    }
+    for (const PictureFailure& picture : problems.pictures) texts.push_back(PictureText(picture));
+    if (problems.page) {
+        texts.push_back(WithReason("can't write the page " + ShownPath(problems.page->path), problems.page->reason));
+    }
+    return texts;
+}
+
+}  // namespace tradebill
