@@ -49,6 +49,13 @@ public struct ChartSizeReport
 }
 
 [StructLayout(LayoutKind.Sequential, Pack = 8)]
+public struct TradeBillCounts
+{
+    public uint Size;
+    public uint Days, Statements, Unreadable, Records, Pictures;
+}
+
+[StructLayout(LayoutKind.Sequential, Pack = 8)]
 public struct ChartRect
 {
     public int Left, Top, Right, Bottom;
@@ -97,6 +104,13 @@ public static class TradeBill
     [DllImport(Module, CallingConvention = CallingConvention.Cdecl)]
     public static extern uint TryGenerateBill([In] ref GenerateBillRequest request);
 
+    // UTF-8, valid until the next call: LastError() copies it.
+    [DllImport(Module, CallingConvention = CallingConvention.Cdecl)]
+    private static extern IntPtr TradeBillLastError();
+
+    [DllImport(Module, CallingConvention = CallingConvention.Cdecl)]
+    private static extern void TradeBillLastCounts(ref TradeBillCounts counts);
+
     [DllImport(Module, CallingConvention = CallingConvention.Cdecl)]
     public static extern void SetRootFolder([MarshalAs(UnmanagedType.LPStr)] string path);
 
@@ -115,6 +129,19 @@ public static class TradeBill
 
     [DllImport(Module, CallingConvention = CallingConvention.Cdecl)]
     public static extern void StretchOffsetGraph(IntPtr target, ref ChartRect rect, int width, int height);
+
+    /// A line for each thing that went wrong in the last call; empty if it went well.
+    public static string LastError()
+    {
+        return Encoding.UTF8.GetString(BytesAt(TradeBillLastError()));
+    }
+
+    public static TradeBillCounts LastCounts()
+    {
+        var counts = new TradeBillCounts { Size = (uint)Marshal.SizeOf(typeof(TradeBillCounts)) };
+        TradeBillLastCounts(ref counts);
+        return counts;
+    }
 
     /// The bytes of a field of `size` bytes; what is longer is cut, and the last byte stays zero.
     public static byte[] Text(byte[] bytes, int size)

@@ -88,6 +88,10 @@ class Host:
         self.calls.clear()
         return self.module.TryGenerateBill(request)
 
+    def last_error(self):
+        """The lines of what went wrong in the last call."""
+        return self.module.TradeBillLastError().decode("utf-8").splitlines()
+
     def calls_of(self, kind):
         return [call[1:] for call in self.calls if call[0] == kind]
 
@@ -131,6 +135,11 @@ def make_the_report(host):
     for sizes in host.calls_of("sizes"):
         print("  charts:", *(f"{width}x{height}" for width, height in zip(sizes[:8:2], sizes[1:8:2])),
               f"of {sizes[8]} days")
+    counts = tradebill.last_counts(host.module)
+    print(f"  counted: {counts.Statements} statements on {counts.Days} days, {counts.Unreadable} unreadable,",
+          f"{counts.Records} records, {counts.Pictures} pictures")
+    for line in host.last_error():
+        print(f"  wrong: {line}")
     for message, wparam in host.calls_of("message"):
         print(f"  message {message}, wParam {wparam}")
 
@@ -139,6 +148,8 @@ def ask_for_a_bad_date(host):
     request = host.request()
     request.EndDate = b"2024-13-1"
     print(f"month 13: 0x{host.run(request):08X}, messages {len(host.calls_of('message'))}")
+    for line in host.last_error():
+        print(f"  wrong: {line}")
 
 
 def save_bmp(path, pixels, width, height):

@@ -1,6 +1,6 @@
 """The module for ctypes: the records of report_request.h, field by field, and the functions.
 
-Texts are bytes: GBK, but for paths, which are in the system's own encoding (file_bytes).
+Texts are bytes: GBK, but for paths, which are in the system's own encoding (file_bytes), and TradeBillLastError.
 """
 
 import ctypes
@@ -51,6 +51,11 @@ class GenerateBillRequest(ctypes.Structure):
     ]
 
 
+class TradeBillCounts(ctypes.Structure):
+    _fields_ = [("Size", c_uint32), ("Days", c_uint32), ("Statements", c_uint32), ("Unreadable", c_uint32),
+                ("Records", c_uint32), ("Pictures", c_uint32)]
+
+
 class ChartRect(ctypes.Structure):
     _fields_ = [("Left", c_int32), ("Top", c_int32), ("Right", c_int32), ("Bottom", c_int32)]
 
@@ -70,11 +75,22 @@ def file_bytes(path):
     return str(path).encode("mbcs") if sys.platform == "win32" else os.fsencode(path)
 
 
+def last_counts(module):
+    """What the last call counted."""
+    counts = TradeBillCounts(Size=ctypes.sizeof(TradeBillCounts))
+    module.TradeBillLastCounts(counts)
+    return counts
+
+
 def load(path):
     """The module with the types of its functions set. GenerateBill is left out: Python can't catch what it raises."""
     module = ctypes.CDLL(str(path))
     module.TryGenerateBill.argtypes = [POINTER(GenerateBillRequest)]
     module.TryGenerateBill.restype = c_uint32
+    module.TradeBillLastError.argtypes = []
+    module.TradeBillLastError.restype = c_char_p  # UTF-8, copied by ctypes
+    module.TradeBillLastCounts.argtypes = [POINTER(TradeBillCounts)]
+    module.TradeBillLastCounts.restype = None
     module.SetRootFolder.argtypes = [c_char_p]
     module.SetRootFolder.restype = None
     module.ResetTradeBillFile.argtypes = [c_char_p, c_int32]

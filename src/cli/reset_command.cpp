@@ -24,8 +24,9 @@ int RunResetCommand(const ResetCommand& command) {
         throw CUsageError("expected a path of at most " + std::to_string(kLongestPath) + " bytes, found \"" +
                           command.page + "\"");
     }
-    return WritePlaceholderPage(command.page, command.isFinished) ? kExitDone
-                                                                  : Fail("can't write the page " + command.page);
+    const auto failure = WritePlaceholderPage(command.page, command.isFinished);
+    if (!failure) return kExitDone;
+    return Fail("can't write the page " + command.page + (failure->empty() ? "" : ": " + *failure));
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "driver/host_products.h"
+#include "driver/last_call.h"
 #include "report/report.h"
 
 namespace tradebill {
@@ -14,6 +15,7 @@ namespace tradebill {
 struct HostModule {
     CReport report;
     CHostProducts products{report.Request};
+    CLastCall lastCall;
     std::optional<std::string> rootFolder;  ///< nothing: the folder of the executable
     std::int32_t screenWidth = 0;           ///< pixels; below 1: that of the display
 
@@ -26,7 +28,7 @@ struct HostModule {
 
 /// The module's own, static like the module.
 ///
-/// REQUIRES: one call of the host at a time.
+/// REQUIRES: one call of the host at a time, but for those that ask for the last one's outcome.
 [[nodiscard]] HostModule& TheModule();
 
 }  // namespace tradebill

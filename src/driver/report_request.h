@@ -85,12 +85,33 @@ TRADEBILL_API void GenerateBill(const GenerateBillRequest* request);
 /* GenerateBill for hosts whose language can't catch: returns 0, or the error's code. */
 TRADEBILL_API uint32_t TryGenerateBill(const GenerateBillRequest* request);
 
+/* What the last run counted. The caller sets Size to sizeof(TradeBillCounts): what lies behind it isn't written, so
+ * that a host and a module of different ages fit together. */
+typedef struct TradeBillCounts {
+    uint32_t Size;       /* bytes of this record, as the caller knows it */
+    uint32_t Days;       /* days walked */
+    uint32_t Statements; /* statements read */
+    uint32_t Unreadable; /* files of statements that can't be opened or read, or are no files */
+    uint32_t Records;    /* money figures, trades, closed positions, positions and position sums */
+    uint32_t Pictures;   /* pictures saved */
+} TradeBillCounts;
+
+/* What went wrong in the last call of GenerateBill, TryGenerateBill or ResetTradeBillFile on any thread, as UTF-8, a
+ * line for each problem: an error, and what else keeps the report from being whole, which leaves the code 0. Empty if
+ * the call went well. Valid until the next of these calls. May be asked on any thread. */
+TRADEBILL_API const char* TradeBillLastError(void);
+
+/* Fills `counts`, within its Size, with what that call counted: zeros for ResetTradeBillFile and for a null request.
+ * Null is passed over. May be asked on any thread. */
+TRADEBILL_API void TradeBillLastCounts(TradeBillCounts* counts);
+
 /* The folder that holds "Users", "sys" and "BillTemplate"; at most 259 bytes, copied.
  * Default: the executable's folder. */
 TRADEBILL_API void SetRootFolder(const char* path);
 
 /* Writes a placeholder page to `path` (the full path of the page, zero-terminated, at most 259 bytes, copied), for the
- * host to show before (`finished` not 0) or while a report is made. A path that can't be written is passed over. */
+ * host to show before (`finished` not 0) or while a report is made. A path that can't be written is passed over, and
+ * told by TradeBillLastError. */
 TRADEBILL_API void ResetTradeBillFile(const char* path, int32_t finished);
 
 /* Left, top, right and bottom in pixels, as a RECT. */

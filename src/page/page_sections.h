@@ -8,6 +8,8 @@
 // html_builder.h the file.
 #pragma once
 
+#include <optional>
+#include <string>
 #include <string_view>
 
 namespace tradebill {
@@ -42,7 +44,7 @@ void AddNotesSection(CHtmlBuilder& page);
 void AddPageSections(CHtmlBuilder& page, const CReport& report);
 
 /// A page of one line that stands for the report until it is there: that it is being made, or is `finished` and can be
-/// asked for. Returns whether it could be written.
-bool WritePlaceholderPage(std::string_view path, bool finished);
+/// asked for. Nothing if it was written; otherwise why it couldn't be, as CHtmlBuilder tells it.
+[[nodiscard]] std::optional<std::string> WritePlaceholderPage(std::string_view path, bool finished);
 
 }  // namespace tradebill

@@ -1,4 +1,6 @@
 // The order of the whole page.
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "base/gbk.h"
@@ -38,11 +40,11 @@ constexpr PageSection kSections[] = {
 
 }  // namespace
 
-bool WritePlaceholderPage(std::string_view path, bool finished) {
+std::optional<std::string> WritePlaceholderPage(std::string_view path, bool finished) {
     CHtmlBuilder page(path);
     page.AddHeading(2, "", finished ? "请查询！"_gbk : "账单查询中..."_gbk);
     page.ClosePage();
-    return !page.HasFailed();
+    return page.HasFailed() ? std::optional(page.WhyFailed()) : std::nullopt;
 }
 
 void AddPageSections(CHtmlBuilder& page, const CReport& report) {

@@ -14,7 +14,7 @@ from guide_tables import guide_layout, guide_types
 from header_layout import header_records, measured, refused
 
 ON_LINUX_ONLY = ("ChartTarget",)  # a Windows host has its own surface
-IN_GUIDE = ("GenerateBillRequest", "MoneyRecord")
+IN_GUIDE = ("GenerateBillRequest", "MoneyRecord", "TradeBillCounts")
 
 
 def python_layout(source, records):

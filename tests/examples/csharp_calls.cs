@@ -57,7 +57,7 @@ public static class Calls
     public static void Main(string[] args)
     {
         foreach (Type record in new[] { typeof(MoneyRecord), typeof(ChartSizeReport), typeof(GenerateBillRequest),
-                                        typeof(ChartRect) })
+                                        typeof(TradeBillCounts), typeof(ChartRect) })
         {
             PrintLayout(record);
         }
@@ -83,7 +83,11 @@ public static class Calls
         Console.WriteLine("report 0x{0:X8}", code);
         Console.WriteLine("units {0}, the first {1}", units, firstUnit);
         Console.WriteLine("products {0}", products);
+        TradeBillCounts counts = TradeBill.LastCounts();
+        Console.WriteLine("statements {0} of {1} days, pictures {2}, error \"{3}\"", counts.Statements, counts.Days,
+            counts.Pictures, TradeBill.LastError());
         request.EndDate = TradeBill.Ascii("2024-13-1", 64);
         Console.WriteLine("month 13 0x{0:X8}", TradeBill.TryGenerateBill(ref request));
+        Console.WriteLine(TradeBill.LastError());
     }
 }

@@ -24,7 +24,9 @@ message 1025, wParam 4, lParam 0
 report 0x00000000
 units 190, the first 90010001 BB-A6-BD-F0 2402
 products 440
+statements 25 of 35 days, pictures 14, error ""
 month 13 0x80004005
+the run failed with code 0x80004005: a date is out of bounds (year from 1900, month 1 to 12, day 1 to 31)
 SAID
 } | diff - "$work/said"
 tail -c 18 "$work/root/Users/demo/Data/Bill/Image/TradeBill.html" | grep -q '</html>'

@@ -16,7 +16,7 @@ X64 = 0x8664
 IS_DLL = 0x2000
 VERSION_TYPE = 16
 EXPORTS = {"GenerateBill", "TryGenerateBill", "ResetTradeBillFile", "StretchZjGraph", "StretchRiskAndProfit",
-           "StretchRisk", "StretchOffsetGraph", "SetRootFolder"}
+           "StretchRisk", "StretchOffsetGraph", "SetRootFolder", "TradeBillLastError", "TradeBillLastCounts"}
 # What every Windows has.
 SYSTEM_LIBRARIES = {"advapi32.dll", "gdi32.dll", "gdiplus.dll", "kernel32.dll", "msvcrt.dll", "ole32.dll",
                     "shell32.dll", "shlwapi.dll", "user32.dll"}

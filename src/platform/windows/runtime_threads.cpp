@@ -17,7 +17,8 @@ void __freeres();  // gives back the memory that is kept for exceptions when the
 
 namespace {
 
-/// For all of the runtime: it holds a lock for a few instructions only, and never a second one within it.
+/// For all of the runtime, and for the mutexes of the module: who holds one does so for a few instructions only, and
+/// never takes a second one within it.
 constinit SRWLOCK RuntimeLock = SRWLOCK_INIT;
 constinit CONDITION_VARIABLE FirstUseDone = CONDITION_VARIABLE_INIT;
 
