@@ -166,8 +166,11 @@ int RunChartCommand(const ChartCommand& command) {
     const COutputFile output("--output", command.outputFile);
     const Encoder encode = EncoderFor(output, command.outputFile);
     const PreparedRequest prepared = PrepareRequest(command.options);
+    RequireTemplate(prepared);
     CReport report;
-    if (!RunWatched(report, prepared, true, ReadAccount)) return kExitFailed;
+    const auto result = RunWatched(report, prepared, true, ReadAccount, {.needsStatement = true});
+    if (!result) return kExitFailed;
+    if (result->end == RunEnd::NothingRead) return FailWithoutStatement(*result, "nothing is written");
     const ChartSizes& sizes = report.MoneyStore.ChartSizes;
     const PictureSize size = wanted.value_or(PictureSize{sizes[chart.ownSize], sizes[chart.ownSize + 1]});
     const ChartRect rect = part.value_or(ChartRect{0, 0, size.width, size.height});
@@ -176,7 +179,8 @@ int RunChartCommand(const ChartCommand& command) {
     const std::int32_t status = PaintAsHost({picture.Row(0), picture.Width(), picture.Height()},
                                             [&](ChartTarget* target) { Repaint(report, chart, target, &rect, size); });
     if (status != kChartDone) return Fail("the chart can't be painted at this size");
-    return SavePicture(encode(picture), output);
+    const int saved = SavePicture(encode(picture), output);
+    return saved == kExitDone && !result->problems.IsEmpty() ? kExitFailed : saved;
 }
 
 }  // namespace tradebill

@@ -11,6 +11,7 @@
 #include "driver/bill_folders.h"
 #include "driver/report_days.h"
 #include "driver/report_request.h"
+#include "driver/run_problems.h"
 #include "platform/file.h"
 #include "platform/local_time.h"
 #include "readers/layout_marks.h"
@@ -70,15 +71,24 @@ PickedFormat PickFormat(const GenerateBillRequest& request, const std::string& r
     report.RootFolder = rootFolder;
     const CalendarDay today = LocalDayOf(PresentTime());
     std::optional<PickedFormat> picked;
+    RunProblems problems;
+    CFileBuffer buffer;
     WalkDays(ReportDaysOf(report.Request), [&](const CalendarDay& day) {
         const std::string path = StatementPath(report, day, day == today);
-        const auto text = ReadStatementFile(path);
-        if (!text) return true;
-        const std::int32_t format = FormatByMarks(*text, path);
-        picked = {format, std::string(FindLayout(format, *text)->name), path};
+        const FileContent file = ReadWholeFile(path, buffer);
+        if (file.state != FileState::Read) {
+            if (file.state != FileState::Missing) {
+                problems.statements.push_back({DayText(day), path, file.state, file.reason});
+            }
+            return true;
+        }
+        const std::string_view text = file.bytes.substr(0, file.bytes.find('\0'));
+        const std::int32_t format = FormatByMarks(text, path);
+        picked = {format, std::string(FindLayout(format, text)->name), path};
         return false;
     });
     if (picked) return *picked;
+    if (!problems.IsEmpty()) throw CNothingReadable("--format auto: " + ProblemTexts(problems).front());
     throw CUsageError("--format auto: no statement was found in the whole range: expected a number instead of auto");
 }
 

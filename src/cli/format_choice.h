@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -29,8 +30,14 @@ struct PickedFormat {
     std::string file;
 };
 
+/// Statements are there, and none of them can be read. Ends the program with kExitFailed.
+class CNothingReadable : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
 /// Picks the format by the first statement in the request's range that can be read. Throws CUsageError if there is no
-/// statement or it doesn't tell.
+/// statement or it doesn't tell, and CNothingReadable.
 [[nodiscard]] PickedFormat PickFormat(const GenerateBillRequest& request, const std::string& rootFolder);
 
 }  // namespace tradebill

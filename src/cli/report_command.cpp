@@ -11,11 +11,13 @@
 #include "base/number.h"
 #include "cli/command_table.h"
 #include "cli/json_writer.h"
+#include "cli/out_folder.h"
 #include "cli/output_file.h"
 #include "cli/page_relay.h"
 #include "cli/report_options.h"
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"
+#include "driver/report_counts.h"
 #include "driver/report_request.h"
 #include "driver/report_run.h"
 #include "page/page_sink.h"
@@ -37,21 +39,18 @@ std::string DaysText(int days) {
     return std::to_string(days) + (days == 1 ? " day" : " days");
 }
 
-/// The foreign family keeps no closed rows: they are only tallied.
-int ClosedRows(const CReport& report) {
-    int rows = report.PingDetailStore.Count();
-    if (!report.IsForeign()) return rows;
-    for (const auto& offset : report.ReportDocument.Offsets) rows += offset->LONG_COUNT + offset->SHORT_COUNT;
-    return rows;
+std::string DaysWithoutText(const RunResult& result) {
+    const int unread = static_cast<int>(result.problems.statements.size());
+    return DaysText(result.days - result.statementsRead - unread) + " without a file" +
+           (unread == 0 ? "" : ", " + std::to_string(unread) + " unreadable");
 }
 
 void ShowSummary(const CReport& report, const RunResult& result, std::ostream& out) {
     const CMoneyStore& money = report.MoneyStore;
     out << "Report from " << money.StartDateText << " to " << money.EndDateText << "\n"
-        << "  statements read   " << result.statementsRead << " (" << DaysText(result.days - result.statementsRead)
-        << " without a file)\n"
+        << "  statements read   " << result.statementsRead << " (" << DaysWithoutText(result) << ")\n"
         << "  records           " << money.Count() << " money, " << report.MatchStore.Count() << " trades, "
-        << ClosedRows(report) << " closed, " << report.OpiDetailStore.Count() << " positions, "
+        << CountClosedRows(report) << " closed, " << report.OpiDetailStore.Count() << " positions, "
         << report.OpiSumStore.Count() << " position sums" << CurrencyText(report) << "\n"
         << "  closing equity    " << CNumberText(money.ClosingEquity).View() << "\n"
         << "  page              " << NativePath(result.pagePath) << "\n";
@@ -63,15 +62,17 @@ struct MadeReport {
     bool isFileSaved = false;
 };
 
-MadeReport MakeReportAndFile(CReport& report, const PreparedRequest& prepared, bool quiet, const COutputFile& output) {
+MadeReport MakeReportAndFile(CReport& report, const PreparedRequest& prepared, bool quiet, RunOptions options,
+                             const COutputFile& output) {
     MadeReport made;
     made.isFileSaved = output.Save([&](std::ostream& file) {
         CStandalonePage page(file);
         CPageRelay relay(page);
-        made.result = RunWatched(report, prepared, quiet, RunReport, {.copy = &relay});
+        options.copy = &relay;
+        made.result = RunWatched(report, prepared, quiet, RunReport, options);
         relay.Finish();
         page.Finish();
-        return made.result && !output.LeadsTo(made.result->pagePath);
+        return made.result && made.result->end == RunEnd::Finished && !output.LeadsTo(made.result->pagePath);
     });
     return made;
 }
@@ -96,6 +97,9 @@ CommandRun DeclareReport(CLI::App& app) {
     app.add_option("--standalone", command->standaloneFile,
                    "Write the page and its pictures as one file too; - for standard output")
         ->type_name("FILE");
+    app.add_option("--out", command->outFolder, "Folder for page and pictures (default: beside the statements)")
+        ->type_name("DIR");
+    app.add_flag("--force", command->force, "Write a page even without a single statement");
     app.add_flag("--open", command->opensPage, "Show the page on the desktop");
     app.add_flag("--quiet", command->quiet, "No progress line and no summary");
     return [command] { return RunReportCommand(*command); };
@@ -105,12 +109,18 @@ int RunReportCommand(const ReportCommand& command) {
     const auto json = FindOutput("--json", command.jsonFile);
     const auto standalone = FindOutput("--standalone", command.standaloneFile);
     CheckOutputs({json, standalone});
+    const RunOptions options{.outFolder = OutFolderOf(command.outFolder), .needsStatement = !command.force};
     const PreparedRequest prepared = PrepareRequest(command.options);
+    RequireTemplate(prepared);
     CReport report;
     const auto [result, isFileSaved] =
-        standalone ? MakeReportAndFile(report, prepared, command.quiet, *standalone)
-                   : MadeReport{.result = RunWatched(report, prepared, command.quiet, RunReport), .isFileSaved = true};
+        standalone ? MakeReportAndFile(report, prepared, command.quiet, options, *standalone)
+                   : MadeReport{.result = RunWatched(report, prepared, command.quiet, RunReport, options),
+                                .isFileSaved = true};
     if (!result) return kExitFailed;
+    if (result->end == RunEnd::NothingRead) {
+        return FailWithoutStatement(*result, "nothing is written (--force writes a page all the same)");
+    }
     if (json && !SaveJson(*json, report, result->pagePath)) return Fail("can't write " + json->Name());
     if (!result->pageWritten) return kExitFailed;
     if (!isFileSaved) return Fail("can't write " + standalone->Name());
@@ -119,7 +129,7 @@ int RunReportCommand(const ReportCommand& command) {
         !OpenOnDesktop(standalone && standalone->IsFile() ? standalone->Name() : result->pagePath)) {
         Warn("--open: this desktop has no xdg-open to show the page with");
     }
-    return result->problems.IsEmpty() ? kExitDone : kExitFailed;
+    return result->problems.IsEmpty() && result->statementsRead > 0 ? kExitDone : kExitFailed;
 }
 
 }  // namespace tradebill

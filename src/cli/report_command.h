@@ -13,7 +13,9 @@ struct ReportCommand {
     ReportOptions options;
     std::optional<std::string> jsonFile;        ///< where everything that the run left in memory goes
     std::optional<std::string> standaloneFile;  ///< the page with its pictures inside
+    std::optional<std::string> outFolder;       ///< for page and pictures; nothing: beside the statements
     bool opensPage = false;
+    bool force = false;  ///< write a page even without a single statement
     bool quiet = false;  ///< no progress line and no summary; warnings are shown all the same
 };
 

@@ -20,9 +20,12 @@
 #include "cli/live_figures.h"
 #include "cli/product_tables.h"
 #include "cli/usage_error.h"
+#include "driver/bill_folders.h"
+#include "platform/file.h"
 #include "platform/local_time.h"
 #include "platform/paths.h"
 #include "platform/root_folder.h"
+#include "report/report.h"
 #include "report/request_copy.h"
 #include "report/statement_format.h"
 
@@ -124,14 +127,14 @@ void SetDates(const ReportOptions& options, PreparedRequest& prepared) {
     CalendarDay last = LocalDayOf(PresentTime());
     const CalendarDay today = last;
     if (from.empty() != to.empty()) {
-        prepared.warnings.emplace_back("only one of --from and --to is given: the report covers today alone");
+        throw CUsageError(std::string(from.empty() ? "--from" : "--to") +
+                          " is missing: expected both days of the report, or none for today alone");
     }
     if (!from.empty()) last = DayOf(from, "--from");
     const CalendarDay first = last;
     if (!to.empty()) last = DayOf(to, "--to");
-    if (from.empty() || to.empty()) last = today;
-    if (!from.empty() && !to.empty() && first > last) {
-        prepared.warnings.emplace_back("the first day lies after the last: no statement will be read");
+    if (!from.empty() && first > last) {
+        throw CUsageError("--from: expected a day that isn't behind --to, \"" + to + "\", found \"" + from + "\"");
     }
     prepared.lacksLiveFigures = last == today && !options.liveFile;
 }
@@ -169,6 +172,13 @@ bool SetFormat(const ReportOptions& options, GenerateBillRequest& request) {
     if (isForeign && !options.format) return false;
     request.StatementFormat = FormatNumber(options.format, request.TemplateName[0] != '\0');
     return false;
+}
+
+/// Foreign statements are read by their one layout.
+void WarnOfUnusedTemplate(PreparedRequest& prepared) {
+    const GenerateBillRequest& request = prepared.request;
+    if (request.StatementKind != kForeignKind || request.TemplateName[0] == '\0') return;
+    prepared.warnings.emplace_back("--template isn't used: foreign statements are read without one");
 }
 
 void SetFormatByMarks(PreparedRequest& prepared) {
@@ -222,6 +232,7 @@ PreparedRequest PrepareRequest(const ReportOptions& given) {
     SetName(request.Account, Required(options.account, "--account", "the account's number"), "--account");
     SetName(request.TemplateName, options.templateName.value_or(""), "--template");
     request.StatementKind = KindNumber(options.kind);
+    WarnOfUnusedTemplate(prepared);
     const bool byMarks = SetFormat(options, request);
     request.Dpi = NumberOf(options.dpi.value_or("0"), "--dpi", 0, 1200);
     request.MarginOffsetFlag = OffsetsMargins(options) ? 1 : 0;
@@ -233,6 +244,19 @@ PreparedRequest PrepareRequest(const ReportOptions& given) {
     prepared.rootFolder = RootFolderAt(root);
     if (byMarks) SetFormatByMarks(prepared);
     return prepared;
+}
+
+void RequireTemplate(const PreparedRequest& prepared) {
+    if (prepared.request.StatementKind == kForeignKind || prepared.request.TemplateName[0] == '\0') return;
+    CReport report;
+    report.RootFolder = prepared.rootFolder;
+    report.Request = CopyRequest(prepared.request);
+    const std::string path = TemplatePath(report);
+    CFileBuffer buffer;
+    const FileContent content = ReadWholeFile(path, buffer);
+    if (content.state == FileState::Read) return;
+    throw CUsageError("--template: expected the file \"" + path + "\"" +
+                      (content.reason.empty() ? "" : ", which can't be read: " + content.reason));
 }
 
 }  // namespace tradebill

@@ -22,7 +22,7 @@ std::string ShownPath(const std::string& path) {
     return Utf8Path(NativePath(path));
 }
 
-std::string StatementText(const UnreadStatement& statement) {
+std::string UnreadText(const UnreadStatement& statement) {
     const std::string path = ShownPath(statement.path);
     if (statement.state == StatementState::NotAFile) return statement.day + ": " + path + " is not a file";
     return WithReason(statement.day + ": can't read " + path, statement.reason);
@@ -59,7 +59,7 @@ std::string ErrorText(const RunError& error) {
 
 std::vector<std::string> ProblemTexts(const RunProblems& problems) {
     std::vector<std::string> texts;
-    for (const UnreadStatement& statement : problems.statements) texts.push_back(StatementText(statement));
+    for (const UnreadStatement& statement : problems.statements) texts.push_back(UnreadText(statement));
     for (const UnwrittenFile& folder : problems.folders) {
         texts.push_back(WithReason("can't make the folder " + ShownPath(folder.path), folder.reason));
     }

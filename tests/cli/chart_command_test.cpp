@@ -14,6 +14,7 @@
 #include "cli/program_fixture.h"
 #include "paint/picture.h"
 #include "paint/picture_file.h"
+#include "platform/paths.h"
 #include "support/decoded_picture.h"
 #include "support/gbk_text.h"
 
@@ -142,6 +143,34 @@ TEST_F(ChartCommands, FailIfNoFileOfTheKindCanBeSoLarge) {
     EXPECT_EQ(Run(Chart("equity", "--size 65500x10")).exit, 0);
     file_ = folder_.Path("c.png");
     EXPECT_EQ(Run(Chart("equity", "--size 65536x10")).exit, 0);
+}
+
+TEST_F(ChartCommands, PaintNothingWithoutAStatement) {
+    const Answer answer = Run(Chart("equity", "--from 2023-01-01 --to 2023-01-31"));
+    EXPECT_EQ(answer.exit, 2);
+    EXPECT_EQ(answer.err, "tradebill: no statement was found in the whole range: nothing is written\n");
+    EXPECT_FALSE(fs::exists(file_));
+}
+
+TEST_F(ChartCommands, NameAStatementThatCantBeRead) {
+    const std::string statement = root_ + "/Users/demo/Data/Bill/D90010002.20240104o.txt";
+    fs::remove(statement);
+    fs::create_directories(statement);
+    Answer answer = Run(Chart("equity"));
+    EXPECT_EQ(answer.exit, 1);
+    EXPECT_EQ(answer.err, "tradebill: 20240104: " + NativePath(statement) + " is not a file\n");
+    EXPECT_TRUE(fs::exists(file_));
+    fs::remove(file_);
+    answer = Run(Chart("equity", "--from 2024-01-04 --to 2024-01-04"));
+    EXPECT_EQ(answer.exit, 1);
+    EXPECT_TRUE(Says(answer.err, "no statement could be read: nothing is written")) << answer.err;
+    EXPECT_FALSE(fs::exists(file_));
+}
+
+TEST_F(ChartCommands, RefuseSlips) {
+    EXPECT_TRUE(IsWrongUse(Run(Chart("equity", "--from 2024-02-01 --to 2024-01-01")), "--from"));
+    EXPECT_TRUE(IsWrongUse(Run(Chart("equity", "--template nope")), "--template"));
+    EXPECT_FALSE(fs::exists(file_));
 }
 
 TEST_F(ChartCommands, WritePlaceholders) {

@@ -27,6 +27,7 @@ TEST_F(Program, MakesTheReportOfASample) {
 }
 
 TEST_F(Program, TakesAllSettingsAsOptions) {
+    folder_.Write("sample/root/BillTemplate/none.ini", "");
     const Answer answer = Run(Options() + " --kind domestic --template none --dpi 120 --margin-offset");
     EXPECT_EQ(answer.exit, 0);
     EXPECT_TRUE(Says(answer.out, "2 (0 days without a file)")) << answer.out;
@@ -73,16 +74,17 @@ TEST_F(Program, LetsOptionsWinOverTheRequestFile) {
 }
 
 TEST_F(Program, TakesDatesThatRollOver) {
-    const Answer answer = Run(Report("--from 2024-2-30 --to 2024-3-1"));
-    EXPECT_EQ(answer.exit, 0);
+    const Answer answer = Run(Report("--from 2024-2-30 --to 2024-3-1 --force"));
+    EXPECT_EQ(answer.exit, 1);  // of a day without a statement
     EXPECT_TRUE(Says(answer.out, "from 2024-03-01 to 2024-03-01")) << answer.out;
 }
 
 TEST_F(Program, ReportsTodayWithoutDates) {
     const std::string live = Quoted(sample_ + "/live.ini");
     const std::string today = DashedDayText(LocalDayOf(PresentTime()));
-    const Answer answer = Run("report --root " + Quoted(root_) + " --user demo --account 1 --format 1 --live " + live);
-    EXPECT_EQ(answer.exit, 0);
+    const Answer answer =
+        Run("report --root " + Quoted(root_) + " --user demo --account 1 --format 1 --force --live " + live);
+    EXPECT_EQ(answer.exit, 1);  // without a statement
     EXPECT_TRUE(Says(answer.out, "from " + today + " to " + today)) << answer.out;
     EXPECT_TRUE(Says(answer.out, "1 money")) << answer.out;
 }
@@ -111,6 +113,7 @@ TEST_F(Program, RefusesABadDate) {
 
 TEST_F(Program, TakesAFormatWithoutReaderOnlyWithATemplate) {
     EXPECT_TRUE(IsWrongUse(Run(Options("--format", "7")), "--format"));
+    folder_.Write("sample/root/BillTemplate/songta.ini", "");
     EXPECT_EQ(Run(Options("--format", "7") + " --template songta").exit, 0);
     EXPECT_TRUE(IsWrongUse(Run(Options("--format", "one") + " --template songta"), "--format"));
 }
@@ -141,18 +144,50 @@ TEST_F(Program, RefusesNamesThatDontFit) {
     EXPECT_TRUE(IsWrongUse(Run(Options() + " --template a/b"), "--template"));
 }
 
-TEST_F(Program, WarnsOfAStartAfterTheEnd) {
-    const Answer answer = Run(Options("--from", "2024-02-01"));
-    EXPECT_EQ(answer.exit, 0);
-    EXPECT_TRUE(Says(answer.err, "warning: the first day")) << answer.err;
+TEST_F(Program, RefusesAStartAfterTheEndAndOneDateAlone) {
+    EXPECT_TRUE(IsWrongUse(Run(Options("--from", "2024-02-01")), "--from"));
+    EXPECT_TRUE(IsWrongUse(Run(Options("--from")), "--from"));
+    EXPECT_TRUE(IsWrongUse(Run(Options("--to")), "--to"));
+    EXPECT_FALSE(fs::exists(PageFile()));
+}
+
+TEST_F(Program, RefusesATemplateThatIsntThere) {
+    EXPECT_TRUE(IsWrongUse(Run(Options() + " --template nope"), "--template"));
+    EXPECT_FALSE(fs::exists(PageFile()));
+}
+
+TEST_F(Program, WritesNothingForARangeWithoutStatements) {
+    const Answer answer = Run(Report("--from 2023-01-01 --to 2023-01-31"));
+    EXPECT_EQ(answer.exit, 2);
+    EXPECT_EQ(answer.err,
+              "tradebill: no statement was found in the whole range: nothing is written (--force writes a page all "
+              "the same)\n");
+    EXPECT_FALSE(fs::exists(PageFile()));
+    const Answer forced = Run(Report("--from 2023-01-01 --to 2023-01-31 --force"));
+    EXPECT_EQ(forced.exit, 1);
+    EXPECT_EQ(forced.err, "tradebill: warning: no statement was found in the whole range\n");
     EXPECT_TRUE(ReadFile(PageFile()).ends_with("</html>\r\n"));
 }
 
-TEST_F(Program, WarnsOfARangeWithoutStatements) {
-    const Answer answer = Run(Report("--from 2023-01-01 --to 2023-01-31"));
-    EXPECT_EQ(answer.exit, 0);
-    EXPECT_EQ(answer.err, "tradebill: warning: no statement was found in the whole range\n");
-    EXPECT_TRUE(ReadFile(PageFile()).ends_with("</html>\r\n"));
+TEST_F(Program, WritesTheSamePageIntoAFolderOfItsOwn) {
+    EXPECT_EQ(Run(Report("--out " + Quoted(folder_.Path(kOddName)))).exit, 0);
+    EXPECT_FALSE(fs::exists(PageFile()));
+    EXPECT_EQ(Run(Report()).exit, 0);
+    EXPECT_EQ(ReadFile(folder_.Path(kOddName + "/TradeBill.html")), ReadFile(PageFile()));
+    const fs::path pictures = fs::path(PageFile()).parent_path() / "Image_files";
+    for (const auto& entry : fs::directory_iterator(pictures)) {
+        const std::string name = entry.path().filename().string();
+        EXPECT_EQ(ReadFile(folder_.Path(kOddName + "/Image_files/" + name)), ReadFile(entry.path().string())) << name;
+    }
+}
+
+TEST_F(Program, NamesAFolderInAStatementsPlace) {
+    const std::string statement = root_ + "/Users/demo/Data/Bill/D90010002.20240104o.txt";
+    fs::remove(statement);
+    fs::create_directories(statement);
+    const Answer answer = Run(Report());
+    EXPECT_EQ(answer.exit, 1);
+    EXPECT_EQ(answer.err, "tradebill: 20240104: " + NativePath(statement) + " is not a file\n");
 }
 
 TEST_F(Program, FailsIfThePageCantBeWritten) {

@@ -213,22 +213,56 @@ TEST_F(Options, WithoutDatesMeanTodayAlone) {
     EXPECT_TRUE(prepared.warnings.empty());
 }
 
-TEST_F(Options, WarnOfAStartAfterTheEnd) {
+TEST_F(Options, RefuseAStartAfterTheEnd) {
     UseDates("2024-1-3", "2024-1-2");
-    EXPECT_TRUE(WarnsOnlyOf("first day"));
+    EXPECT_PRED2(IsClearLine, Refusal(), "--from");
     UseDates("2024-2-30", "2024-3-1");  // the same day
-    EXPECT_TRUE(Warnings().empty());
+    EXPECT_EQ(Refusal(), "");
     UseDates("2024-2-30", "2024-2-29");
-    EXPECT_TRUE(WarnsOnlyOf("first day"));
+    EXPECT_PRED2(IsClearLine, Refusal(), "--from");
 }
 
-TEST_F(Options, WarnOfOneDateAlone) {
-    options_.liveFile = root_.Write("live.ini", "[BASE]\n");
+TEST_F(Options, RefuseOneDateAlone) {
     options_.to.reset();
-    EXPECT_TRUE(WarnsOnlyOf("today"));
+    EXPECT_PRED2(IsClearLine, Refusal(), "--to");
+    options_.to = "";
+    EXPECT_PRED2(IsClearLine, Refusal(), "--to");
     options_.to = options_.from;
     options_.from.reset();
-    EXPECT_TRUE(WarnsOnlyOf("today"));
+    EXPECT_PRED2(IsClearLine, Refusal(), "--from");
+}
+
+TEST_F(Options, RefuseOneDateAloneOfARequestFileToo) {
+    options_.from.reset();
+    options_.to.reset();
+    options_.requestFile = root_.Write("request.ini", "[REQUEST]\nfrom=2024-1-2\n");
+    EXPECT_PRED2(IsClearLine, Refusal(), "--to");
+    options_.to = "2024-1-3";  // the command line has the other one
+    EXPECT_EQ(Refusal(), "");
+    options_.to = "2024-1-1";
+    EXPECT_PRED2(IsClearLine, Refusal(), "--from");
+}
+
+TEST_F(Options, RequireTheTemplateThatTheyName) {
+    const auto refusal = [this] { return UsageErrorOf([this] { RequireTemplate(PrepareRequest(options_)); }); };
+    EXPECT_EQ(refusal(), "");
+    options_.templateName = "nope";
+    EXPECT_EQ(Refusal(), "");  // who only looks needn't have it
+    EXPECT_PRED2(IsClearLine, refusal(), "--template");
+    std::filesystem::create_directories(root_.Path("BillTemplate/nope.ini"));
+    EXPECT_PRED2(IsClearLine, refusal(), "--template");
+    std::filesystem::remove(root_.Path("BillTemplate/nope.ini"));
+    root_.Write("BillTemplate/nope.ini", "");
+    EXPECT_EQ(refusal(), "");
+}
+
+TEST_F(Options, WarnOfATemplateForForeignStatementsWhichTakeNone) {
+    options_.kind = "foreign";
+    options_.templateName = "nope";
+    EXPECT_TRUE(WarnsOnlyOf("--template isn't used"));
+    EXPECT_EQ(UsageErrorOf([this] { RequireTemplate(PrepareRequest(options_)); }), "");
+    options_.templateName.reset();
+    EXPECT_TRUE(Warnings().empty());
 }
 
 TEST_F(Options, WarnOfAReportThatEndsTodayWithoutLiveFigures) {
