@@ -12,6 +12,8 @@ struct GbkTableEntry {
 
 // clang-format off
 inline constexpr GbkTableEntry kGbkTable[] = {
+    {0x2014, 0xA1AA},  // —
+    {0x2026, 0xA1AD},  // …
     {0x3000, 0xA1A1},  // 　
     {0x3001, 0xA1A2},  // 、
     {0x3002, 0xA1A3},  // 。
@@ -234,8 +236,13 @@ inline constexpr GbkTableEntry kGbkTable[] = {
     {0x9AD8, 0xB8DF},  // 高
     {0xFF01, 0xA3A1},  // ！
     {0xFF09, 0xA3A9},  // ）
+    {0xFF0B, 0xA3AB},  // ＋
     {0xFF0C, 0xA3AC},  // ，
+    {0xFF0D, 0xA3AD},  // －
     {0xFF1A, 0xA3BA},  // ：
+    {0xFF1D, 0xA3BD},  // ＝
+    {0xFF3F, 0xA3DF},  // ＿
+    {0xFF5C, 0xA3FC},  // ｜
 };
 // clang-format on
 

@@ -41,6 +41,7 @@ constexpr FateWords kFates[] = {
     {RowFate::Subtotal,    "a subtotal or count",                            "subtotal"},
     {RowFate::Heading,     "a heading, the exchange of the rows below",      "heading"},
     {RowFate::FirstOfPair, "the first of the two rows of a closed position", "first_of_pair"},
+    {RowFate::Rule,        "a rule",                                         "rule"},
 };
 // clang-format on
 

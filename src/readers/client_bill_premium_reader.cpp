@@ -106,6 +106,7 @@ static_assert(LastColumn(kOpenSides) < kOpen.minColumns);
 void ReadMoney(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
     const auto title = scan.FindTitle(kMoney);
     if (!title) return;
+    TellMoneyColumns(kMoneyColumns, kCashFlow, scan.Listener());
     const auto row = scan.ReadRowBelow(*title, kMoneyRow, kMoney);
     if (row) sink.Add(MakeMoneyRecord(day, *row, kMoneyColumns, kCashFlow));
 }
@@ -123,6 +124,7 @@ void ReadOpen(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
     const auto rows = scan.Find(kOpen);
     if (!rows) return;
     double total = 0;
+    TellColumns(kOpenSides, scan.Listener());
     scan.ReadRows(kOpen, *rows, [&](Row row) {
         return ReadBothSides(row, kOpenSides, day, SumFeed::Yes, sink,
                              [&](const OpiSum& sum) { total += AmountIn(sum.DSYK); });

@@ -119,6 +119,7 @@ static_assert(LastColumn(kOpenSides) < kOpen.minColumns);
 void ReadMoney(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
     const auto section = scan.Find(kMoney);
     if (!section) return;
+    TellMoneyColumns(kMoneyColumns, kCashFlow, scan.Listener());
     const auto row = scan.ReadRowBelow(section->title, kMoneyRow, kMoney);
     if (row) sink.Add(MakeMoneyRecord(day, *row, kMoneyColumns, kCashFlow));
 }
@@ -137,6 +138,7 @@ void ReadOpen(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
     if (const auto total = SheetTotal(scan.TerminatorText(*rows), kTotalColumn)) {
         sink.SetDayPositionPL(day, *total, ParseAmount(*total));
     }
+    TellColumns(kOpenSides, scan.Listener());
     scan.ReadRows(kOpen, *rows, [&](Row row) {
         return ReadBothSides(row, kOpenSides, day, SumFeed::Yes, sink, [](const OpiSum&) {});
     });

@@ -66,7 +66,10 @@ void ReadFixedLayout(const FixedLayout& layout, const StatementText& statement, 
     ReadTable(scan, layout.closed, billDate, sink);
     ReadTable(scan, layout.open, billDate, sink);
     if (layout.summarySides.sides.empty()) return;
-    scan.Read(layout.summary, [&](Row row) {
+    const auto rows = scan.Find(layout.summary);
+    if (!rows) return;
+    TellColumns(layout.summarySides, statement.listener);
+    scan.ReadRows(layout.summary, *rows, [&](Row row) {
         return ReadBothSides(row, layout.summarySides, billDate, SumFeed::No, sink, [](const OpiSum&) {});
     });
 }

@@ -14,6 +14,7 @@
 #include "readers/record_sink.h"
 #include "readers/scan_listener.h"
 #include "readers/section_scan.h"
+#include "readers/seen_columns.h"
 #include "report/money_record.h"
 #include "report/records.h"
 
@@ -59,12 +60,13 @@ std::string_view NamesIn(std::string_view heading, bool isFirstBlock) {
 }
 
 /// The values of a row go to the currencies in their order; what a row has too much is dropped.
-void SetValues(Row values, FieldSlot<MoneyRecord> field, Records& records) {
+void SetValues(Row values, FieldSlot<MoneyRecord> field, Records& records, CScanListener* listener) {
     std::string text;
     for (std::size_t i = 0; i < std::min(values.size(), records.size()); ++i) {
         text.clear();
         std::ranges::copy_if(values[i], std::back_inserter(text), [](char byte) { return byte != ','; });
         field.Set(records[i], text);
+        if (listener != nullptr) listener->OnLabelledValue({FieldAt(field).name, values[i], text});
     }
 }
 
@@ -102,8 +104,8 @@ public:
 
 private:
     void Set(std::string_view label, FieldSlot<MoneyRecord> field) {
-        SetValues(values_, field, records_);
         if (listener_ != nullptr) listener_->OnLabelMet(label);
+        SetValues(values_, field, records_, listener_);
     }
 
     Records& records_;

@@ -10,6 +10,7 @@
 #include "readers/record_sink.h"
 #include "readers/scan_listener.h"
 #include "readers/section_scan.h"
+#include "readers/seen_columns.h"
 #include "readers/statement_text.h"
 #include "report/records.h"
 
@@ -70,6 +71,9 @@ constexpr SectionLayout kClosed =
     Table(SectionKind::Closed, "平仓明细"_gbk, "持仓明细"_gbk, "资金汇总"_gbk, 3, kLeastColumns);
 constexpr SectionLayout kOpen = Table(SectionKind::Open, "持仓明细"_gbk, "资金汇总"_gbk, "平仓明细"_gbk, 2, 1);
 
+// The column of the lots, where the gap before it tells the side.
+constexpr ColumnSeen kTradeLots[] = {{.column = kLotsColumn, .field = "MATCH_VOL", .isAmount = true}};
+
 /// What BID becomes; empty if the gap doesn't tell.
 std::string_view SideText(GapSide side) {
     switch (side) {
@@ -92,23 +96,26 @@ void SetSideAndLots(std::string_view rowText, Row row, Record& record) {
 }
 
 /// Reads a table whose rows stand below headings that name their exchange. `onRow(Row, std::string_view exchange)`
-/// makes the record.
+/// makes the record. A rule counts as a heading too.
 template <class OnRow>
-void ReadUnderHeadings(CSectionScan& scan, const SectionLayout& layout, OnRow onRow) {
+void ReadUnderHeadings(CSectionScan& scan, const SectionLayout& layout, const SectionRows& rows, OnRow onRow) {
     std::string_view heading;
-    scan.Read(layout, [&](Row row) -> RowVerdict {
+    scan.ReadRows(layout, rows, [&](Row row) -> RowVerdict {
         if (row.size() == 1) {
             heading = row.front();
-            return {RowFate::Heading};
+            return {IsRule(heading) ? RowFate::Rule : RowFate::Heading};
         }
-        if (row.size() < kLeastColumns) return {RowFate::TooShort, kLeastColumns};
+        if (row.size() < kLeastColumns) return ShortRow(scan.CurrentRow(), kLeastColumns);
         onRow(row, heading);
         return {};
     });
 }
 
 void ReadTrades(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
-    ReadUnderHeadings(scan, kTrades, [&](Row row, std::string_view exchange) {
+    const auto rows = scan.Find(kTrades);
+    if (!rows) return;
+    TellColumns<MatchRecord>(kTradeColumns, scan.Listener(), kTradeLots);
+    ReadUnderHeadings(scan, kTrades, *rows, [&](Row row, std::string_view exchange) {
         MatchRecord& record = sink.NewRow<MatchRecord>();
         FillRecord<MatchRecord>(record, day, row, kTradeColumns);
         CopyField(record.EXCH_NAME, exchange);
@@ -119,8 +126,11 @@ void ReadTrades(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
 
 /// A closed position takes two rows; the second is the one that counts.
 void ReadClosed(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
+    const auto rows = scan.Find(kClosed);
+    if (!rows) return;
+    TellColumns<PingDetail>(kClosedColumns, scan.Listener(), kTradeLots);
     bool isSecond = false;
-    scan.Read(kClosed, [&](Row row) -> RowVerdict {
+    scan.ReadRows(kClosed, *rows, [&](Row row) -> RowVerdict {
         const bool counts = isSecond;
         isSecond = !isSecond;
         if (!counts) return {RowFate::FirstOfPair};
@@ -133,7 +143,10 @@ void ReadClosed(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
 }
 
 void ReadOpen(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
-    ReadUnderHeadings(scan, kOpen, [&](Row row, std::string_view exchange) {
+    const auto rows = scan.Find(kOpen);
+    if (!rows) return;
+    TellColumns<OpiDetail>(kOpenColumns, scan.Listener());
+    ReadUnderHeadings(scan, kOpen, *rows, [&](Row row, std::string_view exchange) {
         OpiDetail& record = sink.NewRow<OpiDetail>();
         FillRecord<OpiDetail>(record, day, row, kOpenColumns);
         CopyField(record.EXCH_NAME, exchange);

@@ -5,8 +5,9 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "readers/columns.h"
 #include "readers/scan_listener.h"
-#include "readers/section_scan.h"
+#include "readers/seen_columns.h"
 #include "report/money_record.h"
 
 namespace tradebill {
@@ -38,7 +39,9 @@ void ReadMoneyRow(Row row, std::span<const MoneyLabel> labels, MoneyRecord& reco
             const std::size_t value = column + label.ValueOffset();
             if (value >= row.size() || !Matches(label, row, column)) continue;
             label.field.Set(record, row[value]);
-            if (listener != nullptr) listener->OnLabelMet(label.word);
+            if (listener == nullptr) continue;
+            listener->OnLabelMet(label.word);
+            listener->OnLabelledValue({FieldAt(label.field).name, row[value], row[value]});
         }
     }
 }
@@ -53,7 +56,9 @@ void CLabelledAmount::ReadRow(Row row) {
         const bool matches = match_ == LabelMatch::Equals ? row[column] == word_ : Contains(row[column], word_);
         if (!matches) continue;
         amount_ = ParseAmount(row[column + 1]);
-        if (listener_ != nullptr) listener_->OnLabelMet(word_);
+        if (listener_ == nullptr) continue;
+        listener_->OnLabelMet(word_);
+        listener_->OnLabelledValue({FieldAt(Slot<&MoneyRecord::QLJSZ>).name, row[column + 1], row[column + 1]});
     }
 }
 

@@ -34,7 +34,7 @@ void TellLabels(std::span<const MoneyLabel> labels, CScanListener* listener);
 /// REQUIRES: TellLabels has told the listener, if there is one, of `labels`.
 void ReadMoneyRow(Row row, std::span<const MoneyLabel> labels, MoneyRecord& record, CScanListener* listener = nullptr);
 
-/// An amount that the money section states under a label of its own and that no field takes as it stands.
+/// An amount that the money section states under a label of its own: half of the premium.
 class CLabelledAmount {
 public:
     /// `match` is Contains or Equals.

@@ -7,6 +7,8 @@
 #include <string_view>
 
 #include "readers/columns.h"
+#include "readers/scan_listener.h"
+#include "report/money_record.h"
 
 namespace tradebill {
 
@@ -18,6 +20,10 @@ struct CashFlowColumns {
     std::size_t withdrawals = kNoColumn;
     FieldSlot<MoneyRecord> field = Slot<&MoneyRecord::CRJ>;
 };
+
+/// Tells the listener, which may be null, of all columns of the row.
+void TellMoneyColumns(std::span<const Column<MoneyRecord>> columns, const CashFlowColumns& cashFlow,
+                      CScanListener* listener);
 
 /// A record of `row`.
 [[nodiscard]] std::unique_ptr<MoneyRecord> MakeMoneyRecord(std::string_view day, Row row,

@@ -25,6 +25,7 @@ enum class RowFate {
     Subtotal,     ///< a subtotal or a count between data rows
     Heading,      ///< names the exchange of the rows below
     FirstOfPair,  ///< the first of the two rows of a closed position: only the second counts
+    Rule,         ///< a rule, of dashes and bars alone
 };
 
 /// A row's fate and, for a short one, how many columns it should have had.
@@ -51,6 +52,21 @@ struct SectionSeen {
     std::size_t minColumns = 0;            ///< shorter rows make no record
     std::string_view titleRow;             ///< empty: not found
     std::string_view terminatorRow;        ///< empty: not found, or not looked for
+};
+
+/// A column of a section from which a field is filled.
+struct ColumnSeen {
+    std::size_t column;      ///< counted from 0
+    std::string_view field;  ///< a name of report/record_fields.h
+    bool isAmount;           ///< it is read as a number
+    bool mayLack = false;    ///< the layout prints it in some statements only
+};
+
+/// What stands behind a label of the money section.
+struct LabelledValue {
+    std::string_view field;    ///< a name of report/record_fields.h
+    std::string_view printed;  ///< points into the statement's text
+    std::string_view kept;     ///< what the reader takes of it
 };
 
 /// What came of the request's template.
@@ -81,13 +97,20 @@ public:
     virtual void OnReader(std::string_view layout) = 0;  ///< a name of the layout table
     virtual void OnDate(std::string_view dateWord, std::string_view date) = 0;
     virtual void OnSection(const SectionSeen& seen) = 0;
+    /// Which columns the rows of the section at hand are read by, from here on.
+    virtual void OnColumns(std::span<const ColumnSeen> /*columns*/) {}
     /// A row that was looked at, behind its records. `columns` are valid during the call; a subtotal isn't split.
     virtual void OnRow(std::string_view row, Row columns, const RowVerdict& verdict) = 0;
     virtual void OnLabelWanted(std::string_view label) = 0;  ///< the money section at hand looks for it
     virtual void OnLabelMet(std::string_view label) = 0;
+    /// An amount that the money section at hand states behind a label.
+    virtual void OnLabelledValue(const LabelledValue& /*value*/) {}
     /// A money record is about to be handed over; `currency` is empty for that of a domestic account.
     virtual void OnMoney(const MoneyRecord& record, std::string_view currency) = 0;
     virtual void OnRecord(const RecordSeen& record) = 0;  ///< a row's record is
+    /// An error is about to leave the reading, at `row`, which nothing has been told of. Empty: at one that the text
+    /// doesn't have.
+    virtual void OnStop(std::string_view /*row*/) {}
 };
 
 }  // namespace tradebill

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <new>
 #include <optional>
 #include <string_view>
 
+#include "base/gbk.h"
 #include "base/report_error.h"
 #include "base/text.h"
 #include "readers/scan_listener.h"
@@ -24,7 +26,38 @@ const char* EndOf(std::string_view row) {
     return row.data() + row.size();
 }
 
+/// Lines, corners and crossings of boxes stand side by side in GBK.
+bool IsLineOfBox(std::string_view character) {
+    return character >= "\xA9\xA4" && character <= "\xA9\xEF" && character.size() == 2;
+}
+
+/// Takes a character of which rules are made off the front.
+bool TakeRuleCharacter(std::string_view& row) {
+    constexpr std::string_view kThin = "-=_|+*~. ";
+    constexpr std::string_view kWide[] = {"—"_gbk, "－"_gbk, "＝"_gbk, "＿"_gbk, "…"_gbk, "｜"_gbk, "＋"_gbk, "　"_gbk};
+    if (Contains(kThin, row.substr(0, 1))) {
+        row.remove_prefix(1);
+        return true;
+    }
+    const std::string_view wide = row.substr(0, 2);
+    if (!IsLineOfBox(wide) && std::ranges::find(kWide, wide) == std::end(kWide)) return false;
+    row.remove_prefix(wide.size());
+    return true;
+}
+
 }  // namespace
+
+bool IsRule(std::string_view row) {
+    if (row.empty()) return false;
+    while (!row.empty()) {
+        if (!TakeRuleCharacter(row)) return false;
+    }
+    return true;
+}
+
+RowVerdict ShortRow(std::string_view row, std::size_t needed) {
+    return IsRule(row) ? RowVerdict{RowFate::Rule} : RowVerdict{RowFate::TooShort, needed};
+}
 
 CSectionScan::CSectionScan(std::string_view text, SearchFrom searchFrom, CScanListener* listener)
     : text_(text), searchFrom_(searchFrom), listener_(listener) {
@@ -114,6 +147,7 @@ void CSectionScan::TellSection(const SectionLayout& layout, const Frame& frame, 
 
 std::string_view CSectionScan::RowText(std::int64_t row) const {
     if (row < 0 || row >= static_cast<std::int64_t>(rows_.size())) {
+        if (listener_ != nullptr) listener_->OnStop({});
         throw CReportError(kErrorInvalidArgument, {.line = LineOf(row)});
     }
     return rows_[static_cast<std::size_t>(row)];
@@ -128,6 +162,8 @@ int CSectionScan::LineOf(std::int64_t row) const {
 
 void CSectionScan::RethrowFrom(std::int64_t row, SectionKind kind) const {
     const ErrorPlace place{.line = LineOf(row), .section = SectionName(kind)};
+    const bool isThere = row >= 0 && row < static_cast<std::int64_t>(rows_.size());
+    if (isThere && listener_ != nullptr) listener_->OnStop(currentRow_);
     try {
         throw;
     } catch (const CReportError& error) {
@@ -147,7 +183,7 @@ bool CSectionScan::SplitRow(std::int64_t row, const SectionLayout& layout) {
     }
     const std::string_view text = layout.stripsBars ? TrimByte(currentRow_, '|') : currentRow_;
     if (SplitText(text, layout.delimiter, columns_) >= layout.minColumns) return true;
-    Tell({RowFate::TooShort, layout.minColumns});
+    if (listener_ != nullptr) Tell(ShortRow(currentRow_, layout.minColumns));
     return false;
 }
 

@@ -11,6 +11,7 @@
 #include <type_traits>
 #include <vector>
 
+#include "base/report_error.h"
 #include "readers/scan_listener.h"
 
 namespace tradebill {
@@ -46,6 +47,12 @@ struct SectionRows {
     std::int64_t begin;
     std::int64_t end;
 };
+
+/// Whether a row is made of dashes, bars and the like alone, as those above totals are. An empty one isn't.
+[[nodiscard]] bool IsRule(std::string_view row);
+
+/// What becomes of a row of fewer columns than `needed`.
+[[nodiscard]] RowVerdict ShortRow(std::string_view row, std::size_t needed);
 
 /// Scans one statement, section by section.
 ///
@@ -103,7 +110,7 @@ public:
     /// the first.
     std::optional<Row> ReadRowBelow(std::size_t title, std::int32_t offset, const SectionLayout& layout);
 
-    /// A row's text, without what surrounds it. Throws likewise.
+    /// A row's text, without what surrounds it. Throws likewise, and tells.
     [[nodiscard]] std::string_view RowText(std::int64_t row) const;
 
     /// The row that ends a section found in this scan.

@@ -46,6 +46,12 @@ constexpr Column<MoneyRecord> kPremiumMoneyColumns[] = {
     {Slot<&MoneyRecord::QLJSZ>,  5, Treatment::MustExist},
 };
 
+constexpr Column<MoneyRecord> kClosingColumns[] = {
+    {Slot<&MoneyRecord::QMJC>,   0},
+    {Slot<&MoneyRecord::BZJZY>,  1},
+    {Slot<&MoneyRecord::KYZJ>,   2},
+};
+
 constexpr Column<MatchRecord> kTradeColumns[] = {
     {Slot<&MatchRecord::MATCH_DATE>,  0},
     {Slot<&MatchRecord::CONTRACT>,    1},
@@ -134,6 +140,7 @@ constexpr SectionLayout kMoney{.title = "资 金 清 单"_gbk, .minColumns = 5};
 constexpr SectionLayout kClosingMoney{.title = "资 金 清 单"_gbk, .minColumns = 3};
 
 static_assert(LastColumn(kMoneyColumns) < kMoney.minColumns && LastColumn(kPremiumMoneyColumns) < kMoney.minColumns);
+static_assert(LastColumn(kClosingColumns) < kClosingMoney.minColumns);
 static_assert(LastColumn(kTradeColumns) < kTrades.minColumns && LastColumn(kPremiumTradeColumns) < kTrades.minColumns);
 static_assert(LastColumn(kClosedColumns) < kClosed.minColumns);
 static_assert(LastColumn(kPremiumClosedColumns) < kClosed.minColumns);
@@ -146,9 +153,7 @@ constexpr SpacedTitleColumns kPremium{kPremiumMoneyColumns, kPremiumTradeColumns
 
 /// The second row of figures. Equity isn't printed: it is margin and available funds together.
 void TakeClosingMoney(Row row, MoneyRecord& record) {
-    CopyField(record.QMJC, row[0]);
-    CopyField(record.BZJZY, row[1]);
-    CopyField(record.KYZJ, row[2]);
+    FillRecord<MoneyRecord>(record, row, kClosingColumns);
     CopyField(record.KHQY, CNumberText(ParseAmount(row[2]) + ParseAmount(row[1])).View());
 }
 
@@ -160,9 +165,11 @@ void ReadMoney(std::string_view day, CSectionScan& scan, std::span<const Column<
     const auto found = scan.FindTitle(kMoney);
     if (!found) return;
     const auto title = static_cast<std::int64_t>(*found);
+    TellColumns(columns, scan.Listener());
     const auto opening = scan.ReadRow(title + kOpeningRow, kMoney);
     if (!opening) return;
     auto record = MakeRecord(day, *opening, columns);
+    TellColumns<MoneyRecord>(kClosingColumns, scan.Listener());
     if (const auto closing = scan.ReadRow(title + kClosingRow, kClosingMoney)) TakeClosingMoney(*closing, *record);
     sink.Add(std::move(record));
 }

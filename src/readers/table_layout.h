@@ -13,6 +13,7 @@
 #include "readers/record_sink.h"
 #include "readers/scan_listener.h"
 #include "readers/section_scan.h"
+#include "readers/seen_columns.h"
 #include "report/records.h"
 
 namespace tradebill {
@@ -28,6 +29,7 @@ struct TableLayout {
 template <class Record, class OnRecord>
 void ReadTableRows(CSectionScan& scan, const TableLayout<Record>& table, const SectionRows& rows,
                    std::string_view billDate, CRecordSink& sink, OnRecord onRecord) {
+    TellColumns(table.columns, scan.Listener());
     scan.ReadRows(table.section, rows, [&](Row row) {
         Record& record = sink.NewRow<Record>();
         FillRecord(record, billDate, row, table.columns);
@@ -66,6 +68,9 @@ struct SidesLayout {
     for (const PositionSide& side : layout.sides) last = std::max({last, side.lotsColumn, LastColumn(side.columns)});
     return last;
 }
+
+/// Tells the listener, which may be null, of the columns of both sides.
+void TellColumns(const SidesLayout& layout, CScanListener* listener);
 
 /// Whether sums are all that a layout says of its positions, so that the daily series must be fed with them.
 enum class SumFeed { No, Yes };

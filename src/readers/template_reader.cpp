@@ -1,8 +1,10 @@
 #include "readers/template_reader.h"
 
 #include <cstddef>
+#include <span>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "base/number.h"
 #include "base/text.h"
@@ -73,6 +75,7 @@ private:
     void ReadMoneyInOneRow();
     void ReadLabelledMoney();
     RowVerdict ReadOpenRow(Row row, double& total);
+    void TellSides(std::span<const Column<OpiSum>> shared, std::span<const TemplateSide> sides) const;
 
     const TemplateScheme& scheme_;
     std::string_view day_;
@@ -85,6 +88,7 @@ void CTemplateReader::ReadMoneyInOneRow() {
         .title = scheme_.money.title, .minColumns = kLeastMoneyColumns, .delimiter = scheme_.money.delimiter};
     const auto title = scan_.FindTitle(layout);
     if (!title) return;
+    TellMoneyColumns(scheme_.moneyColumns, scheme_.cashFlow, scan_.Listener());
     const auto row = scan_.ReadRowBelow(*title, scheme_.money.firstRow, layout);
     if (row) sink_.Add(MakeMoneyRecord(day_, *row, scheme_.moneyColumns, scheme_.cashFlow));
 }
@@ -130,6 +134,7 @@ void CTemplateReader::ReadClosed() {
     const auto rows = scan_.Find(layout.section);
     if (!rows) return;
     double total = 0;
+    TellColumns(layout.columns, scan_.Listener());
     scan_.ReadRows(layout.section, *rows, [&](Row row) {
         RequireColumn(row, scheme_.closedSideColumn);
         PingDetail& record = sink_.NewRow<PingDetail>();
@@ -145,6 +150,15 @@ void CTemplateReader::ReadOpen() {
     ReadTable(scan_,
               TableLayout<OpiDetail>{LayoutOf(table.section, SectionKind::Open, 2, kLeastColumns), table.columns}, day_,
               sink_);
+}
+
+/// A side without a lots column is read by none of its columns.
+void CTemplateReader::TellSides(std::span<const Column<OpiSum>> shared, std::span<const TemplateSide> sides) const {
+    std::vector<PositionSide> read;
+    for (const TemplateSide& side : sides) {
+        if (side.lotsColumn != kNoColumn) read.push_back(PositionSideOf(side));
+    }
+    TellColumns(SidesLayout{.shared = shared, .sides = read}, scan_.Listener());
 }
 
 /// A lots column that the template names must be in every row. The P/L joins the total with or without lots.
@@ -165,14 +179,20 @@ RowVerdict CTemplateReader::ReadOpenRow(Row row, double& total) {
 
 void CTemplateReader::ReadOpenBothSides() {
     const SectionLayout layout = LayoutOf(scheme_.open.section, SectionKind::Open, 2, kLeastColumns);
+    const auto rows = scan_.Find(layout);
+    if (!rows) return;
+    TellSides(scheme_.openShared, scheme_.openSides);
     double total = 0;
-    const bool found = scan_.Read(layout, [&](Row row) { return ReadOpenRow(row, total); });
-    if (found && InOneRow()) sink_.SetDayPositionPL(day_, CNumberText::SixDecimals(total).View(), total);
+    scan_.ReadRows(layout, *rows, [&](Row row) { return ReadOpenRow(row, total); });
+    if (InOneRow()) sink_.SetDayPositionPL(day_, CNumberText::SixDecimals(total).View(), total);
 }
 
 void CTemplateReader::ReadSummary() {
     const SectionLayout layout = LayoutOf(scheme_.summary, SectionKind::Summary, 2, kLeastSummaryColumns);
-    scan_.Read(layout, [&](Row row) {
+    const auto rows = scan_.Find(layout);
+    if (!rows) return;
+    TellSides(scheme_.summaryShared, scheme_.summarySides);
+    scan_.ReadRows(layout, *rows, [&](Row row) {
         RowVerdict verdict{RowFate::NoLots};
         for (const TemplateSide& side : scheme_.summarySides) {
             if (side.lotsColumn >= row.size()) continue;

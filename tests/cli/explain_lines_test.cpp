@@ -57,8 +57,8 @@ TEST_F(ExplainedLines, OfAStatementWithASummary) {
                                           {"summary", 49, 58, 5, 5}}));
     // The rule above each count has no columns to speak of.
     EXPECT_EQ(explained.Section("trades").at("rows_passed_over"),
-              (Json::array({{{"line", 23}, {"reason", "too_short"}, {"columns", 1}, {"needed", 12}}})));
-    EXPECT_EQ(PassedOver(explained.Section("open")), (Json::array({"45 too_short"})));
+              (Json::array({{{"line", 23}, {"reason", "rule"}, {"columns", 1}}})));
+    EXPECT_EQ(PassedOver(explained.Section("open")), (Json::array({"45 rule"})));
     EXPECT_EQ(explained.Section("money").at("money"), (Json::array({{{"currency", ""},
                                                                      {"fields",
                                                                       {{"BILL_DATE", "20240104"},
@@ -78,7 +78,7 @@ TEST_F(ExplainedLines, OfAStatementOfSheets) {
     EXPECT_EQ(
         FiguresOf(explained),
         (Json{{"money", 2, 4, 1, 1}, {"trades", 10, 17, 2, 2}, {"open", 21, 31, 5, 5}, {"closed", 35, 41, 1, 1}}));
-    EXPECT_EQ(PassedOver(explained.Section("trades")), (Json::array({"16 too_short"})));
+    EXPECT_EQ(PassedOver(explained.Section("trades")), (Json::array({"16 rule"})));
     const Json fields = explained.Section("money").at("money")[0].at("fields");
     EXPECT_EQ(fields.at("QCQY"), "902965.17");
     EXPECT_EQ(fields.at("BZJZY"), "187748.20");

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -43,6 +44,8 @@ private:
 class CScanRecorder final : public CScanListener {
 public:
     [[nodiscard]] const CScanLog& Log() const { return log_; }
+    /// What was told of columns, labelled values and errors, apart from the rest.
+    [[nodiscard]] const CScanLog& Details() const { return details_; }
     [[nodiscard]] const std::vector<std::string>& Events() const { return log_.Events(); }
     [[nodiscard]] std::vector<std::string> Events(std::string_view word) const { return log_.Events(word); }
 
@@ -59,7 +62,8 @@ public:
                               seen.otherTerminatorWord, seen.titleRow, seen.terminatorRow});
     }
     void OnRow(std::string_view row, Row columns, const RowVerdict& verdict) override {
-        static constexpr const char* kFates[] = {"read", "too short", "no lots", "subtotal", "heading", "first of two"};
+        static constexpr const char* kFates[] = {"read",    "too short",    "no lots", "subtotal",
+                                                 "heading", "first of two", "rule"};
         const std::string needed = verdict.fate == RowFate::TooShort ? std::to_string(verdict.needed) : "";
         const std::string found = verdict.fate == RowFate::Subtotal ? "" : std::to_string(columns.size());
         log_.Note("row", {row, kFates[static_cast<std::size_t>(verdict.fate)], found, needed});
@@ -71,8 +75,20 @@ public:
     }
     void OnRecord(const RecordSeen& /*record*/) override { log_.Note("record", {}); }
 
+    void OnColumns(std::span<const ColumnSeen> columns) override {
+        for (const ColumnSeen& seen : columns) {
+            details_.Note("column", {std::to_string(seen.column), seen.field, seen.isAmount ? "amount" : "text",
+                                     seen.mayLack ? "may lack" : ""});
+        }
+    }
+    void OnLabelledValue(const LabelledValue& value) override {
+        details_.Note("value", {value.field, value.printed, value.kept});
+    }
+    void OnStop(std::string_view row) override { details_.Note("stop", {row}); }
+
 private:
     CScanLog log_;
+    CScanLog details_;
 };
 
 }  // namespace tradebill

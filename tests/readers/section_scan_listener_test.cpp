@@ -62,7 +62,7 @@ TEST(SectionScanListener, HearsRowsAsTheyStandBetweenTheirBlanks) {
     SectionLayout layout = Trades(2);
     layout.stripsBars = true;
     EXPECT_EQ(EventsOf("TRADES\r\n  \r\n\t|a b| \r\n||\r\n\r\nend\r\n", layout),
-              (Events{"section trades/TRADES/end//TRADES/end", "row |a b|/read/2", "row ||/too short/0/2"}));
+              (Events{"section trades/TRADES/end//TRADES/end", "row |a b|/read/2", "row ||/rule/0"}));
 }
 
 TEST(SectionScanListener, HearsOfSubtotalsWhateverTheirColumns) {
