@@ -92,27 +92,38 @@ std::string TemplateOf(const ExplainCommand& command) {
     return *command.templateFile;
 }
 
-std::string OptionFor(const Layout& layout) {
-    return layout.isForeign ? "--kind foreign" : "--format " + std::to_string(layout.format);
+std::string OptionFor(const Layout& layout, bool hasTemplate) {
+    if (layout.isForeign) return "--kind foreign";
+    const bool lacksTemplate = layout.marks.needsTemplate && !hasTemplate;
+    return "--format " + std::to_string(layout.format) + (lacksTemplate ? " --template FILE.ini" : "");
 }
 
-/// The options for all layouts whose marks stand in `text`, if the reader that was used may be the wrong one.
-std::vector<std::string> LooksLike(std::string_view text, const CReport& report, const CScanReport& seen,
-                                   int exitCode) {
-    const bool byTemplate = seen.Template() && seen.Template()->outcome == TemplateSeen::Outcome::Read;
-    bool isMarked = byTemplate;
-    std::vector<std::string> options;
+/// Whether the statement was read as `layout`, or as another layout of its format.
+bool IsAtHand(const Layout& layout, const CReport& report) {
+    if (layout.isForeign || report.IsForeign()) return layout.isForeign == report.IsForeign();
+    return layout.format == report.Request.StatementFormat;
+}
+
+/// A statement that bears its own layout's mark is damaged, if anything: it isn't told to be of another one.
+LayoutHint HintFrom(std::string_view text, const CReport& report, const CScanReport& seen, int exitCode) {
+    LayoutHint hint;
+    if (seen.IsReadByTemplate() && exitCode == kExitDone) return hint;
+    std::vector<const Layout*> others = LikelyLayouts(text);
     for (const Layout* const layout : MarkedLayouts(text)) {
-        options.push_back(OptionFor(*layout));
-        isMarked |= layout->isForeign == report.IsForeign() &&
-                    (report.IsForeign() || layout->format == report.Request.StatementFormat);
+        if (layout->isForeign) others.push_back(layout);
+        if (!IsAtHand(*layout, report)) continue;
+        hint.bearsOwnMark = true;
+        if (layout->marks.needsTemplate && !seen.IsReadAs(layout->name)) hint.needsTemplate = layout->name;
     }
-    if (exitCode == kExitDone && isMarked) options.clear();
-    return options;
+    if (hint.bearsOwnMark) return hint;
+    for (const Layout* const layout : others) {
+        hint.looksLike.push_back(OptionFor(*layout, !report.TemplatePath.empty()));
+    }
+    return hint;
 }
 
 std::int32_t FormatFor(const ExplainCommand& command, std::string_view text, Explanation& explanation) {
-    if (command.format == kAutoFormat) {
+    if (command.format.value_or(std::string(kAutoFormat)) == kAutoFormat) {
         const std::int32_t format = FormatByMarks(text, command.statementFile);
         explanation.format = "format " + std::to_string(format) + ", by the marks in the text";
         return format;
@@ -143,7 +154,9 @@ int ExitCodeOf(const CScanReport& report, const Explanation& explanation) {
 CommandRun DeclareExplain(CLI::App& app) {
     const auto explain = std::make_shared<ExplainCommand>();
     app.add_option("FILE", explain->statementFile, "The statement; - for standard input")->required()->type_name("");
-    app.add_option("--format", explain->format, "Layout: " + FormatNumbers() + " or auto")->type_name("N");
+    app.add_option("--format", explain->format,
+                   "Layout: " + FormatNumbers() + " or auto (default), by the marks in the text")
+        ->type_name("N");
     app.add_option("--kind", explain->kind, "Statement family: domestic (default) or foreign")->type_name("KIND");
     app.add_option("--template", explain->templateFile, "Statement template")->type_name("FILE.ini");
     app.add_option("--day", explain->day, "The statement's day, yyyymmdd (default: from the file's name, or today)")
@@ -168,7 +181,7 @@ int RunExplainCommand(const ExplainCommand& given) {
     }
     seen.Finish();
     explanation.exitCode = ExitCodeOf(seen, explanation);
-    explanation.looksLike = LooksLike(text, report, seen, explanation.exitCode);
+    explanation.hint = HintFrom(text, report, seen, explanation.exitCode);
     if (command.asJson) {
         PrintExplanationAsJson(explanation, seen);
     } else {

@@ -12,7 +12,7 @@ namespace tradebill {
 
 struct ExplainCommand {
     std::string statementFile;          ///< "-" for standard input
-    std::optional<std::string> format;  ///< a number or "auto"
+    std::optional<std::string> format;  ///< a number or "auto"; without one, auto
     std::optional<std::string> kind;
     std::optional<std::string> templateFile;
     std::optional<std::string> day;
@@ -23,6 +23,13 @@ struct ExplainCommand {
 
 inline constexpr int kExitNothingRecognised = 3;
 
+/// What the marks in the text say of its layout.
+struct LayoutHint {
+    std::vector<std::string> looksLike = {};  ///< options for other layouts, whose marks it bears
+    bool bearsOwnMark = false;                ///< it bears that of the layout it was read by
+    std::string needsTemplate = {};           ///< the layout whose mark it bears, which only a template picks, or empty
+};
+
 /// One statement, read; all that is shown of it.
 struct Explanation {
     std::string file;
@@ -30,8 +37,7 @@ struct Explanation {
     std::string daySource = {};  ///< "--day", "the file's name" or "today"
     std::string format = {};     ///< why this format or kind
     std::string stop = {};       ///< the error that ended the reading, or empty
-    /// Options for layouts whose marks the text shows, if it wasn't recognised.
-    std::vector<std::string> looksLike = {};
+    LayoutHint hint = {};
     int exitCode = 0;
 };
 

@@ -18,6 +18,8 @@ Json JsonOf(const PassedOverRow& row);
 Json JsonOf(const MoneySeen& money);
 Json JsonOf(const SectionReport& section);
 Json JsonOf(const ReaderPass& pass);
+Json JsonOf(const WrongAmount& amount);
+Json JsonOf(const LackedColumn& column);
 
 template <class Item>
 Json List(const std::vector<Item>& items) {
@@ -44,11 +46,13 @@ std::string_view OutcomeName(TemplateSeen::Outcome outcome) {
     return {};
 }
 
-Json JsonOf(const TemplateReport& seen) {
+Json JsonOf(const TemplateReport& seen, const CScanReport& report) {
     Json object{{"outcome", OutcomeName(seen.outcome)}, {"new_scheme", seen.newScheme}};
     if (seen.outcome == TemplateSeen::Outcome::Incomplete) {
         object["section"] = seen.section;
         object["missing_key"] = seen.missingKey;
+        object["read_before"] = Json::array();
+        for (const SectionKind kind : report.ReadBeforeDeclining()) object["read_before"].push_back(KindName(kind));
     }
     return object;
 }
@@ -59,10 +63,30 @@ Json JsonOf(const PassedOverRow& row) {
     return object;
 }
 
+Json JsonOf(const NamedTexts& fields) {
+    Json object = Json::object();
+    for (const auto& [name, value] : fields) object[name] = value;
+    return object;
+}
+
 Json JsonOf(const MoneySeen& money) {
-    Json fields = Json::object();
-    for (const auto& [name, value] : money.fields) fields[name] = value;
-    return {{"currency", money.currency}, {"fields", fields}};
+    return {{"currency", money.currency}, {"fields", JsonOf(money.fields)}};
+}
+
+Json JsonOf(const WrongAmount& amount) {
+    return {{"line", amount.line}, {"field", amount.field}, {"text", amount.text}, {"read_as", amount.readAs}};
+}
+
+Json JsonOf(const LackedColumn& column) {
+    return {{"column", column.column},
+            {"field", column.field},
+            {"rows", column.rows},
+            {"rows_without", column.lacking},
+            {"first_line", column.firstLine}};
+}
+
+Json JsonOf(const FirstRecord& first) {
+    return {{"line", Line(first.line)}, {"fields", JsonOf(first.fields)}};
 }
 
 Json JsonOf(const SectionReport& section) {
@@ -71,6 +95,10 @@ Json JsonOf(const SectionReport& section) {
                 {"end", section.terminatorWord},     {"end_line", Line(section.endLine)},
                 {"rows_read", section.rowsRead},     {"rows_passed_over", List(section.passedOver)},
                 {"records", section.records}};
+    object["widest_row"] = section.widestRow;
+    object["columns_not_in_rows"] = List(section.columns);
+    object["no_amounts"] = List(section.wrongAmounts);
+    if (section.firstRecord) object["first_record"] = JsonOf(*section.firstRecord);
     if (section.unseenTitleLine) object["unseen_title_line"] = *section.unseenTitleLine;
     if (section.kind == SectionKind::Money) {
         object["labels_met"] = section.labelsMet;
@@ -95,12 +123,19 @@ void PrintExplanationAsJson(const Explanation& explanation, const CScanReport& r
                 {"day", explanation.day},
                 {"day_from", explanation.daySource},
                 {"layout", explanation.format}};
-    if (report.Template()) object["template"] = JsonOf(*report.Template());
+    if (report.Template()) object["template"] = JsonOf(*report.Template(), report);
     object["readers"] = List(report.Passes());
     object["sections_found"] = report.FoundSections();
     object["money_records"] = report.MoneyRecords();
-    if (!explanation.stop.empty()) object["error"] = explanation.stop;
-    object["looks_like"] = explanation.looksLike;
+    if (!explanation.stop.empty()) {
+        const std::optional<ReadingPlace>& place = report.Place();
+        object["error"] = explanation.stop;
+        object["error_section"] = place ? Json(KindName(place->section)) : Json(nullptr);
+        object["error_line"] = place ? Line(place->line) : Json(nullptr);
+    }
+    object["looks_like"] = explanation.hint.looksLike;
+    object["bears_own_mark"] = explanation.hint.bearsOwnMark;
+    if (!explanation.hint.needsTemplate.empty()) object["needs_template"] = explanation.hint.needsTemplate;
     object["exit"] = explanation.exitCode;
     std::cout << object.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
 }

@@ -1,6 +1,7 @@
 #include <cstddef>
 #include <iomanip>
 #include <iostream>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,6 +16,8 @@ namespace tradebill {
 namespace {
 
 constexpr std::size_t kMostRowsShown = 20;  // a wrong layout passes over every row, and the first ones tell why
+constexpr std::size_t kMostAmountsShown = 5;
+constexpr std::size_t kLongestCell = 60;  // bytes; where a delimiter is wrong, a cell is a whole row
 
 std::string Join(const std::vector<std::string>& words) {
     std::string text;
@@ -26,14 +29,40 @@ std::string Plural(int count, const char* one, const char* many) {
     return std::to_string(count) + " " + (count == 1 ? one : many);
 }
 
+/// A cell, cut between two characters if it is long.
+std::string Shortened(const std::string& cell) {
+    if (cell.size() <= kLongestCell) return cell;
+    std::size_t size = kLongestCell;
+    while (size > 0 && (static_cast<unsigned char>(cell[size]) & 0xC0) == 0x80) --size;
+    return cell.substr(0, size) + "...";
+}
+
+std::string NamedValues(const NamedTexts& fields) {
+    std::string text;
+    for (const auto& [name, value] : fields) text += " " + name + "=" + value;
+    return text;
+}
+
+/// What a template that declines leaves behind.
+void PrintDeclined(const TemplateReport& seen, const CScanReport& report) {
+    const bool isReadAgain = !report.IsReadAs(kTemplatePass);
+    std::cout << "declined at section [" << seen.section << "], which lacks " << seen.missingKey << "; "
+              << (isReadAgain ? "a fixed reader reads the whole statement again" : "no fixed reader serves this format")
+              << "\n";
+    std::string sections;
+    for (const SectionKind kind : report.ReadBeforeDeclining()) {
+        sections += (sections.empty() ? "" : ", ") + std::string(KindText(kind));
+    }
+    if (!sections.empty()) std::cout << "            what it had read before stays in the report: " << sections << "\n";
+}
+
 void PrintTemplate(const CScanReport& report) {
     if (!report.Template() || report.Template()->outcome == TemplateSeen::Outcome::NoFile) return;
     const TemplateReport& seen = *report.Template();
     std::cout << "Template    " << (seen.newScheme ? "its new description" : "its old description") << ": ";
     switch (seen.outcome) {
         case TemplateSeen::Outcome::Incomplete:
-            std::cout << "declined at section [" << seen.section << "], which lacks " << seen.missingKey
-                      << "; a fixed reader reads the whole statement again\n";
+            PrintDeclined(seen, report);
             break;
         case TemplateSeen::Outcome::KnownDay:
             std::cout << "a statement of this date has been read, this one is passed over\n";
@@ -75,8 +104,32 @@ void PrintMoney(const SectionReport& section) {
     if (!section.labelsNotMet.empty()) std::cout << "    labels not met: " << Join(section.labelsNotMet) << "\n";
     for (const MoneySeen& money : section.money) {
         std::cout << "    money record" << (money.currency.empty() ? "" : " " + money.currency) << ":";
-        for (const auto& [name, value] : money.fields) std::cout << " " << name << "=" << value;
-        std::cout << "\n";
+        std::cout << NamedValues(money.fields) << "\n";
+    }
+}
+
+void PrintWrongAmounts(const SectionReport& section) {
+    std::size_t shown = 0;
+    for (const WrongAmount& amount : section.wrongAmounts) {
+        if (++shown > kMostAmountsShown) break;
+        std::cout << "    line " << amount.line << ": " << amount.field << " is \"" << Shortened(amount.text)
+                  << "\", no amount; it is read as " << amount.readAs << "\n";
+    }
+    if (section.wrongAmounts.size() > kMostAmountsShown) {
+        std::cout << "    ... and " << section.wrongAmounts.size() - kMostAmountsShown << " more that are no amounts\n";
+    }
+}
+
+void PrintLackedColumns(const SectionReport& section) {
+    for (const LackedColumn& column : section.columns) {
+        const std::string name = "column " + std::to_string(column.column) + " (" + column.field + ")";
+        if (column.lacking == column.rows) {
+            std::cout << "    no row has " << name << ": the longest has " << section.widestRow
+                      << " columns, counted from 0\n";
+        } else {
+            std::cout << "    " << column.lacking << " of " << column.rows << " rows lack " << name
+                      << ", the first at line " << column.firstLine << "\n";
+        }
     }
 }
 
@@ -87,7 +140,14 @@ void PrintSection(const SectionReport& section) {
     std::cout << "    " << Plural(section.rowsRead, "row read", "rows read") << ", " << section.passedOver.size()
               << " passed over, " << Plural(section.records, "record", "records") << "\n";
     PrintPassedOver(section);
+    if (section.firstRecord) {
+        const FirstRecord& first = *section.firstRecord;
+        std::cout << "    first record" << (first.line ? ", line " + std::to_string(*first.line) : std::string()) << ":"
+                  << NamedValues(first.fields) << "\n";
+    }
     PrintMoney(section);
+    PrintWrongAmounts(section);
+    PrintLackedColumns(section);
 }
 
 void PrintPass(const ReaderPass& pass) {
@@ -100,10 +160,43 @@ void PrintPass(const ReaderPass& pass) {
     for (const SectionReport& section : pass.sections) PrintSection(section);
 }
 
+std::string WhereItStopped(const std::optional<ReadingPlace>& place) {
+    if (!place) return {};
+    const std::string section = " in the section " + std::string(KindText(place->section));
+    return section +
+           (place->line ? ", at line " + std::to_string(*place->line) : ", at a row that the text doesn't have");
+}
+
+void PrintHint(const Explanation& explanation, const CScanReport& report) {
+    const LayoutHint& hint = explanation.hint;
+    if (!hint.needsTemplate.empty()) {
+        std::cout
+            << "The marks in the text are those of " << hint.needsTemplate
+            << ", which needs its template: --template FILE.ini, with BILLFORMAT_NEWDATE at this day or before.\n";
+    }
+    if (!hint.looksLike.empty()) {
+        std::string options;
+        for (const std::string& option : hint.looksLike) options += (options.empty() ? "" : " or ") + option;
+        std::cout << "This looks like " << options << ".\n";
+    } else if (explanation.exitCode == kExitDone) {
+        return;
+    } else if (hint.bearsOwnMark) {
+        std::cout
+            << "The mark of this layout stands in the text: the statement is damaged, or of a variant that only a "
+               "template can describe (--template FILE.ini).\n";
+    } else {
+        std::cout << "No layout's mark stands in the text.\n";
+        if (report.Template() && report.Template()->outcome == TemplateSeen::Outcome::NoFile) {
+            std::cout << "A layout that only a template describes needs --template FILE.ini and its --format N.\n";
+        }
+    }
+}
+
 void PrintVerdict(const Explanation& explanation, const CScanReport& report) {
     std::cout << "\n";
     if (!explanation.stop.empty()) {
-        std::cout << "The reading stopped with an error, and so would a report: " << explanation.stop << ".\n";
+        std::cout << "The reading stopped with an error" << WhereItStopped(report.Place())
+                  << ", and so would a report: " << explanation.stop << ".\n";
     } else if (explanation.exitCode == kExitNothingRecognised) {
         std::cout << "Nothing was recognised.\n";
     } else {
@@ -112,13 +205,7 @@ void PrintVerdict(const Explanation& explanation, const CScanReport& report) {
                                                 : std::string("but no money record: the report won't have this day"))
                   << ".\n";
     }
-    if (explanation.looksLike.empty()) {
-        if (explanation.exitCode != kExitDone) std::cout << "No layout's mark stands in the text.\n";
-    } else {
-        std::string options;
-        for (const std::string& option : explanation.looksLike) options += (options.empty() ? "" : " or ") + option;
-        std::cout << "This looks like " << options << ".\n";
-    }
+    PrintHint(explanation, report);
 }
 
 /// Where nothing tells the day, one that is guessed decides between layouts that change with it.

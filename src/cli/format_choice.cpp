@@ -55,7 +55,9 @@ std::int32_t FormatByMarks(std::string_view text, const std::string& file) {
     if (likely.empty()) {
         const bool isForeign = !MarkedLayouts(text).empty();
         throw CUsageError("--format auto: no layout's mark stands in " + file + ": expected " +
-                          (isForeign ? "--kind foreign, which it looks like" : "a number instead of auto"));
+                          (isForeign ? "--kind foreign, which it looks like"
+                                     : "a number instead of auto, and --template for a layout that a template "
+                                       "describes"));
     }
     std::string formats;
     for (const Layout* const layout : likely) {

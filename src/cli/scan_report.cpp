@@ -2,11 +2,17 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <functional>
 #include <limits>
+#include <optional>
+#include <span>
 #include <string>
+#include <string_view>
 #include <utility>
+#include <variant>
 #include <vector>
 
+#include "base/number.h"
 #include "base/text.h"
 #include "platform/text_encoding.h"
 #include "readers/scan_listener.h"
@@ -15,8 +21,6 @@
 
 namespace tradebill {
 namespace {
-
-constexpr const char* kTemplatePass = "template";
 
 std::string EndWords(const SectionSeen& seen) {
     std::string words = GbkToUtf8(seen.terminatorWord);
@@ -27,6 +31,26 @@ std::string EndWords(const SectionSeen& seen) {
 /// `label` moves from one list to the other; one that stands there twice is met twice.
 void Move(const std::string& label, std::vector<std::string>& from, std::vector<std::string>& to) {
     if (std::erase(from, label) != 0) to.push_back(label);
+}
+
+template <class Record>
+NamedTexts TextsOf(const Record& record) {
+    NamedTexts texts;
+    for (const TextField<Record>& field : FieldsOf<Record>()) {
+        const std::string_view text = field.Text(record);
+        if (!text.empty()) texts.emplace_back(field.name, GbkToUtf8(text));
+    }
+    return texts;
+}
+
+/// Whether a row of this fate is read by its columns.
+bool IsSplit(RowFate fate) {
+    return fate == RowFate::Read || fate == RowFate::NoLots;
+}
+
+/// Columns that all rows have are none of the reader's concern, and so are those that this statement doesn't print.
+bool IsWorthTelling(const LackedColumn& column) {
+    return column.lacking > 0 && !(column.mayLack && column.lacking == column.rows);
 }
 
 }  // namespace
@@ -44,7 +68,8 @@ int CScanReport::LineOf(std::string_view row) const {
 
 /// The template reads before any fixed reader is named.
 ReaderPass& CScanReport::Pass() {
-    if (passes_.empty()) passes_.push_back({.layout = kTemplatePass, .dateWord = {}, .date = {}, .sections = {}});
+    if (passes_.empty())
+        passes_.push_back({.layout = std::string(kTemplatePass), .dateWord = {}, .date = {}, .sections = {}});
     return passes_.back();
 }
 
@@ -79,14 +104,56 @@ void CScanReport::OnSection(const SectionSeen& seen) {
         report.unseenTitleLine = LineOf(text_.substr(anywhere));
     }
     Pass().sections.push_back(std::move(report));
+    place_ = {.section = seen.kind, .line = {}};
+    columns_.clear();
+}
+
+/// A section's rows may be read by one set of columns after the other.
+void CScanReport::OnColumns(std::span<const ColumnSeen> columns) {
+    columns_.assign(columns.begin(), columns.end());
+    std::ranges::stable_sort(columns_, {}, &ColumnSeen::column);
+    SectionReport& section = Section();
+    firstLackedColumn_ = section.columns.size();
+    for (const ColumnSeen& seen : columns_) {
+        section.columns.push_back({.column = seen.column,
+                                   .field = std::string(seen.field),
+                                   .mayLack = seen.mayLack,
+                                   .rows = 0,
+                                   .lacking = 0,
+                                   .firstLine = 0});
+    }
+}
+
+/// Which columns a row lacks, and which of its amounts are none. One column that fills two fields is told once.
+void CScanReport::LookAtColumns(int line, Row columns) {
+    SectionReport& section = Section();
+    section.widestRow = std::max(section.widestRow, columns.size());
+    std::size_t toldColumn = std::string_view::npos;
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        const ColumnSeen& seen = columns_[i];
+        LackedColumn& lacked = section.columns[firstLackedColumn_ + i];
+        ++lacked.rows;
+        if (seen.column >= columns.size()) {
+            if (lacked.lacking++ == 0) lacked.firstLine = line;
+        } else if (seen.isAmount && seen.column != toldColumn && !IsAmount(columns[seen.column])) {
+            toldColumn = seen.column;
+            const std::string_view text = columns[seen.column];
+            section.wrongAmounts.push_back({line, lacked.field, GbkToUtf8(text), ParseAmount(text)});
+        }
+    }
 }
 
 void CScanReport::OnRow(std::string_view row, Row columns, const RowVerdict& verdict) {
+    const int line = LineOf(row);
+    place_->line = line;
     if (verdict.fate == RowFate::Read) {
         ++Section().rowsRead;
     } else {
-        Section().passedOver.push_back({LineOf(row), verdict.fate, columns.size(), verdict.needed});
+        Section().passedOver.push_back({line, verdict.fate, columns.size(), verdict.needed});
     }
+    if (IsSplit(verdict.fate)) LookAtColumns(line, columns);
+    std::optional<FirstRecord>& first = Section().firstRecord;
+    if (first && !first->line) first->line = line;
 }
 
 void CScanReport::OnLabelWanted(std::string_view label) {
@@ -98,21 +165,31 @@ void CScanReport::OnLabelMet(std::string_view label) {
 }
 
 void CScanReport::OnMoney(const MoneyRecord& record, std::string_view currency) {
-    MoneySeen seen{.currency = GbkToUtf8(currency), .fields = {}};
-    for (const auto& field : kMoneyFields) {
-        const std::string_view text = field.Text(record);
-        if (!text.empty()) seen.fields.emplace_back(field.name, GbkToUtf8(text));
-    }
     ++Section().records;
-    Section().money.push_back(std::move(seen));
+    Section().money.push_back({.currency = GbkToUtf8(currency), .fields = TextsOf(record)});
 }
 
-void CScanReport::OnRecord(const RecordSeen& /*record*/) {
-    ++Section().records;
+void CScanReport::OnLabelledValue(const LabelledValue& value) {
+    if (IsAmount(value.kept)) return;
+    Section().wrongAmounts.push_back(
+        {LineOf(value.printed), std::string(value.field), GbkToUtf8(value.printed), ParseAmount(value.kept)});
+}
+
+void CScanReport::OnRecord(const RecordSeen& record) {
+    SectionReport& section = Section();
+    if (section.records++ > 0) return;
+    section.firstRecord.emplace();
+    section.firstRecord->fields = std::visit([](const auto* row) { return TextsOf(*row); }, record);
+}
+
+void CScanReport::OnStop(std::string_view row) {
+    if (!place_) return;
+    place_->line = row.empty() ? std::optional<int>() : LineOf(row);
 }
 
 void CScanReport::Finish() {
     for (ReaderPass& pass : passes_) {
+        for (SectionReport& section : pass.sections) std::erase_if(section.columns, std::not_fn(IsWorthTelling));
         // A foreign statement is searched for one money block more than it has.
         const auto isMoney = [](const SectionReport& section) { return section.kind == SectionKind::Money; };
         const bool hasMoney = std::ranges::any_of(
@@ -125,6 +202,16 @@ void CScanReport::Finish() {
             return section.titleLine.value_or(std::numeric_limits<int>::max());
         });
     }
+}
+
+std::vector<SectionKind> CScanReport::ReadBeforeDeclining() const {
+    std::vector<SectionKind> kinds;
+    if (!template_ || template_->outcome != TemplateSeen::Outcome::Incomplete || passes_.empty()) return kinds;
+    if (passes_.front().layout != kTemplatePass) return kinds;
+    for (const SectionReport& section : passes_.front().sections) {
+        if (section.records > 0) kinds.push_back(section.kind);
+    }
+    return kinds;
 }
 
 int CScanReport::FoundSections() const {

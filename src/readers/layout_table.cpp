@@ -17,7 +17,8 @@ constexpr LayoutMarks kStatusMarks{.mark = "资金状况"_gbk, .yieldsToFramed =
 constexpr LayoutMarks kBillMarks{.mark = "客户帐单_资金清单"_gbk, .sharesSheets = true};
 constexpr LayoutMarks kTabulatedMarks{.mark = "制表时间："_gbk, .isFramed = true, .needsFramedRows = true};
 constexpr LayoutMarks kBilingualMarks{.mark = "客户权益 Client Equity：："_gbk, .isFramed = true};
-constexpr LayoutMarks kNewBilingualMarks{.mark = "客户权益 Client Equity:"_gbk, .isFramed = true};
+constexpr LayoutMarks kNewBilingualMarks{
+    .mark = "客户权益 Client Equity:"_gbk, .isFramed = true, .needsTemplate = true};
 constexpr LayoutMarks kSpacedMarks{.mark = "成 交 记 录 单"_gbk,
                                    .instead = "资 金 清 单"_gbk};  // on days without trades
 constexpr LayoutMarks kForeignMarks{.mark = "资金汇总"_gbk, .alongside = "Base"};

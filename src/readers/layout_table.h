@@ -21,6 +21,7 @@ struct LayoutMarks {
     bool needsFramedRows = false;     ///< the mark counts only with rows that begin with a bar
     bool yieldsToFramed = false;      ///< the mark stands in framed layouts too
     bool sharesSheets = false;        ///< formats of either equity rule print the same sheets
+    bool needsTemplate = false;       ///< its reader is chosen by the change date of a template alone
 };
 
 struct Layout {

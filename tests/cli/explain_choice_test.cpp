@@ -63,6 +63,11 @@ protected:
     static bool Says(const std::string& text, std::string_view words) { return text.find(words) != std::string::npos; }
 };
 
+// Equity is neither margin and available funds, nor is it printed.
+std::string SheetOfTwoFormats() {
+    return Statement({"客户帐单_资金清单", "a", "b", "c", "1 0 0 0 0 100.00 60.00 9% 50.00", "---------"});
+}
+
 struct Pair {
     const char* sample;
     const char* format;
@@ -133,11 +138,90 @@ TEST_F(ExplainedChoice, TellsTheRightKindOfAForeignStatement) {
 }
 
 TEST_F(ExplainedChoice, NamesAllThatAStatementMayBe) {
-    const Explained explained = Explain(StatementOf("client-bill"), "1");
+    const Explained explained = Explain(SheetOfTwoFormats(), "1");
     EXPECT_EQ(explained.exit, 3);
     EXPECT_EQ(explained.json.at("looks_like"), (Json{"--format 2", "--format 201"}));
-    EXPECT_TRUE(Says(ExplainAsText(StatementOf("client-bill"), "1"),
+    EXPECT_TRUE(Says(ExplainAsText(SheetOfTwoFormats(), "1"),
                      "Nothing was recognised.\nThis looks like --format 2 or --format 201.\n"));
+}
+
+TEST_F(ExplainedChoice, NamesTheOneThatTheMoneyFiguresSpeakFor) {
+    EXPECT_EQ(Explain(StatementOf("client-bill"), "1").json.at("looks_like"), (Json::array({"--format 2"})));
+    EXPECT_EQ(Explain(StatementOf("client-bill-premium"), "6").json.at("looks_like"), (Json::array({"--format 201"})));
+    EXPECT_TRUE(Says(ExplainAsText(StatementOf("client-bill"), "1"), "This looks like --format 2.\n"));
+}
+
+TEST_F(ExplainedChoice, DoesntTellADamagedStatementThatItLooksLikeItself) {
+    const struct {
+        const char* sample;
+        const char* format;
+    } samples[] = {{"fund-class", "0"},    {"fund-status", "1"},  {"client-bill", "2"},
+                   {"client-bill", "201"}, {"spaced-title", "6"}, {"bilingual", "3"}};
+    for (const auto& sample : samples) {
+        const std::string damaged = Replaced(Replaced(StatementOf(sample.sample), "共", "供"), "合计", "和计");
+        const Explained explained = Explain(Replaced(damaged, "---", "~"), sample.format);
+        EXPECT_EQ(explained.json.at("looks_like"), Json::array()) << sample.sample;
+        EXPECT_EQ(explained.json.at("bears_own_mark"), true) << sample.sample;
+    }
+    const std::string cut = StatementOf("fund-status").substr(0, 400);  // within the money block
+    const std::string words = ExplainAsText(cut, "1");
+    EXPECT_TRUE(Says(words,
+                     "Nothing was recognised.\nThe mark of this layout stands in the text: the statement is "
+                     "damaged, or of a variant that only a template can describe (--template FILE.ini).\n"))
+        << words;
+    EXPECT_FALSE(Says(words, "looks like"));
+    EXPECT_EQ(Explain(cut, "0").json.at("bears_own_mark"), false);
+}
+
+TEST_F(ExplainedChoice, GoesByTheMarksWithoutAFormat) {
+    ExplainCommand command = Command(StatementOf("client-bill-premium"), "");
+    command.format = {};
+    const Explained explained = Run(command);
+    EXPECT_EQ(explained.exit, 0);
+    EXPECT_EQ(explained.json.at("layout"), "format 201, by the marks in the text");
+    ExplainCommand other = Command(Statement({"别的"}), "");
+    other.format = {};
+    try {
+        static_cast<void>(Run(other));
+        ADD_FAILURE() << "picked";
+    } catch (const CUsageError& error) {
+        EXPECT_TRUE(Says(error.what(), "no layout's mark stands in")) << error.what();
+        EXPECT_TRUE(Says(error.what(), "--template for a layout that a template describes")) << error.what();
+    }
+}
+
+TEST_F(ExplainedChoice, SaysThatALayoutNeedsItsTemplate) {
+    const std::string text = StatementOf("bilingual-new");
+    for (const std::string format : {"3", "auto"}) {
+        const Explained without = Explain(text, format);
+        EXPECT_EQ(without.exit, 0);
+        EXPECT_EQ(without.json.at("needs_template"), "bilingual-new");
+        EXPECT_EQ(without.json.at("looks_like"), Json::array());
+        EXPECT_TRUE(Says(ExplainAsText(text, format),
+                         "The marks in the text are those of bilingual-new, which needs its template: --template "
+                         "FILE.ini, with BILLFORMAT_NEWDATE at this day or before.\n"));
+    }
+    EXPECT_EQ(Explain(text, "0").json.at("looks_like"), (Json::array({"--format 3 --template FILE.ini"})));
+    const std::string later = folder_.Write("later.ini", "[DEALFIELD]\nBILLFORMAT_NEWDATE=20240130\n");
+    EXPECT_EQ(ExplainBy(later, text, "3").json.at("needs_template"), "bilingual-new");
+    EXPECT_EQ(ExplainBy(later, text, "0").json.at("looks_like"), (Json::array({"--format 3"})));
+    const std::string reached = folder_.Write("reached.ini", "[DEALFIELD]\nBILLFORMAT_NEWDATE=20240129\n");
+    EXPECT_FALSE(ExplainBy(reached, text, "3").json.contains("needs_template"));
+    EXPECT_FALSE(Explain(StatementOf("bilingual"), "3").json.contains("needs_template"));
+}
+
+TEST_F(ExplainedChoice, SaysThatALayoutWithoutMarksMayNeedATemplate) {
+    const std::string hint = "A layout that only a template describes needs --template FILE.ini and its --format N.\n";
+    EXPECT_TRUE(Says(ExplainAsText(StatementOf("template-pairs"), "1"), hint));
+    EXPECT_FALSE(Says(ExplainAsText(SmallStatement(), "1"), hint));
+    ExplainCommand declining = Command(Statement({"别的"}), "1");
+    declining.templateFile = folder_.Write("empty.ini", "[DEALFIELD]\n");
+    declining.asJson = false;
+    EXPECT_FALSE(Says(Run(declining).output, hint));
+    ExplainCommand foreign = Command(Statement({"别的"}), "");
+    foreign.kind = "foreign";
+    foreign.asJson = false;
+    EXPECT_FALSE(Says(Run(foreign).output, hint));  // it takes no template
 }
 
 TEST_F(ExplainedChoice, PicksByMarksAndSaysSo) {
@@ -154,8 +238,7 @@ TEST_F(ExplainedChoice, PicksByMarksAndSaysSo) {
 }
 
 TEST_F(ExplainedChoice, RefusesToPickOneOfTwo) {
-    const ExplainCommand command = Command(
-        Statement({"客户帐单_资金清单", "a", "b", "c", "1 0 0 0 0 100.00 60.00 9% 50.00", "---------"}), "auto");
+    const ExplainCommand command = Command(SheetOfTwoFormats(), "auto");
     try {
         static_cast<void>(Run(command));
         ADD_FAILURE() << "picked";

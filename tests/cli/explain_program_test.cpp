@@ -74,7 +74,6 @@ TEST_F(ExplainingProgram, EndsWithThreeIfNothingWasRecognised) {
 TEST_F(ExplainingProgram, RefusesWrongUse) {
     const std::string file = MoneyOnly();
     EXPECT_TRUE(IsWrongUse(Run("explain"), "FILE"));
-    EXPECT_TRUE(IsWrongUse(Explain(file, ""), "--format"));
     EXPECT_TRUE(IsWrongUse(Explain(file, "--format"), "--format"));
     EXPECT_TRUE(IsWrongUse(Explain(file, "--format 5"), "--format"));
     EXPECT_TRUE(IsWrongUse(Explain(file, "--format 1x"), "--format"));

@@ -78,13 +78,17 @@ TEST_P(ExplainedSample, IsRecognisedWithItsOwnFormat) {
     EXPECT_EQ(explained.json.at("sections_found"), GetParam().sections);
     EXPECT_EQ(explained.json.at("readers").back().at("layout"), GetParam().layout);
     EXPECT_EQ(explained.json.at("looks_like"), Json::array());
+    EXPECT_FALSE(explained.json.contains("needs_template"));
     EXPECT_GE(explained.json.at("money_records"), 1);
     for (const Json& section : explained.json.at("readers").back().at("sections")) {
         EXPECT_TRUE(section.at("found")) << section;
         for (const Json& row : section.at("rows_passed_over")) {
-            const bool isRule = row.at("reason") != "too_short" || row.at("columns") == 1;  // dashes, headings
-            EXPECT_TRUE(isRule) << section;
+            EXPECT_NE(row.at("reason"), "too_short") << section;
         }
+        EXPECT_EQ(section.at("no_amounts"), Json::array());
+        EXPECT_EQ(section.at("columns_not_in_rows"), Json::array());
+        const bool hasRecord = section.at("section") != "money" && section.at("records") > 0;
+        EXPECT_EQ(section.contains("first_record"), hasRecord) << section;
     }
 }
 
@@ -100,7 +104,7 @@ TEST_P(ExplainedSample, IsToldFromAWrongFormat) {
         if (!GetParam().isForeign && (format == GetParam().format || isTwin)) continue;
         const Explained explained = Run(command);
         const Json guesses = explained.json.at("looks_like");
-        EXPECT_NE(std::find(guesses.begin(), guesses.end(), right), guesses.end()) << format << ' ' << explained.output;
+        EXPECT_EQ(guesses, Json::array({right})) << format << ' ' << explained.output;
     }
 }
 

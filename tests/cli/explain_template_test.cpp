@@ -58,6 +58,15 @@ protected:
                 .day = {},
                 .asJson = asJson};
     }
+    /// The parts above one of them.
+    [[nodiscard]] static Json ReadBefore(const Part& last) {
+        Json names = Json::array();
+        for (const Part& part : kParts) {
+            if (part.section == last.section) break;
+            names.push_back(part.name);
+        }
+        return names;
+    }
     static bool Says(const std::string& text, std::string_view words) { return text.find(words) != std::string::npos; }
 };
 
@@ -79,10 +88,11 @@ TEST_F(ExplainedTemplate, SaysAtWhichSectionItDeclinedAndWhy) {
         for (const std::string_view key : {"START_FLAG", "END_FLAG", "DELIMITER"}) {
             const std::string file = Template(part.section, key);
             const Explained explained = Run(Command(file, TemplatedStatement()));
-            EXPECT_EQ(
-                explained.json.at("template"),
-                (Json{
-                    {"outcome", "declined"}, {"new_scheme", false}, {"section", part.section}, {"missing_key", key}}));
+            EXPECT_EQ(explained.json.at("template"), (Json{{"outcome", "declined"},
+                                                           {"new_scheme", false},
+                                                           {"section", part.section},
+                                                           {"missing_key", key},
+                                                           {"read_before", ReadBefore(part)}}));
             const Json readers = explained.json.at("readers");
             ASSERT_EQ(readers.size(), 2U) << part.section;
             EXPECT_EQ(readers[0].at("layout"), "template");
@@ -91,9 +101,11 @@ TEST_F(ExplainedTemplate, SaysAtWhichSectionItDeclinedAndWhy) {
             EXPECT_EQ(readers[1].at("sections").size(), 5U);
             EXPECT_EQ(explained.exit, complete == 0 ? 3 : 0) << part.section;
             const std::string words = Run(Command(file, TemplatedStatement(), false)).output;
-            EXPECT_TRUE(
-                Says(words, "declined at section [" + std::string(part.section) + "], which lacks " + std::string(key)))
+            EXPECT_TRUE(Says(words, "declined at section [" + std::string(part.section) + "], which lacks " +
+                                        std::string(key) + "; a fixed reader reads the whole statement again\n"))
                 << words;
+            const bool leavesAny = part.name != "money";
+            EXPECT_EQ(Says(words, "what it had read before stays in the report: money"), leavesAny) << words;
         }
         ++complete;
     }
@@ -137,8 +149,11 @@ TEST_F(ExplainedTemplate, SaysThatAReportWouldStopToo) {
     EXPECT_EQ(explained.Section("trades").at("records"), 1);
     EXPECT_EQ(explained.Section("closed").at("records"), 0);
     EXPECT_EQ(explained.json.at("money_records"), 1);  // read before
+    EXPECT_EQ(explained.json.at("error_section"), "closed");
+    EXPECT_EQ(explained.json.at("error_line"), 12);
     EXPECT_TRUE(Says(Run(Command(file, TemplatedStatement(), false)).output,
-                     "The reading stopped with an error, and so would a report"));
+                     "The reading stopped with an error in the section closed positions, at line 12, and so would a "
+                     "report: "));
 }
 
 TEST_F(ExplainedTemplate, StopsAtABrokenChangeDate) {
@@ -148,6 +163,10 @@ TEST_F(ExplainedTemplate, StopsAtABrokenChangeDate) {
     EXPECT_TRUE(explained.json.contains("error"));
     EXPECT_EQ(explained.json.at("sections_found"), 0);
     EXPECT_EQ(explained.json.at("money_records"), 0);
+    EXPECT_EQ(explained.json.at("error_section"), nullptr);
+    EXPECT_EQ(explained.json.at("error_line"), nullptr);
+    EXPECT_TRUE(Says(Run(Command(file, SmallStatement(), false)).output,
+                     "The reading stopped with an error, and so would a report: a date is out of bounds"));
 }
 
 TEST_F(ExplainedTemplate, StopsAtARowAboveTheFirst) {
@@ -155,7 +174,11 @@ TEST_F(ExplainedTemplate, StopsAtARowAboveTheFirst) {
         "broker.ini", Gbk("[DEALFIELD]\nMONEY_MODE=9\nMATCH_RECORD=1\n[MATCH_RECORD]\nSTART_FLAG=成交表\nEND_FLAG=完\n"
                           "DELIMITER=|\n"));
     const std::string text = Statement({"成交表", "a", "完"});
-    EXPECT_TRUE(Run(Command(file, text)).json.contains("error"));
+    const Explained stopped = Run(Command(file, text));
+    EXPECT_TRUE(stopped.json.contains("error"));
+    EXPECT_EQ(stopped.json.at("error_section"), "trades");
+    EXPECT_EQ(stopped.json.at("error_line"), nullptr);
+    EXPECT_TRUE(Says(Run(Command(file, text, false)).output, "trades, at a row that the text doesn't have, and so"));
     EXPECT_FALSE(Run(Command(file, Statement({"x"}) + text)).json.contains("error"));
 }
 
