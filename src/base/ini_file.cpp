@@ -24,6 +24,12 @@ std::string_view Unquoted(std::string_view value) {
     return quoted ? value.substr(1, value.size() - 2) : value;
 }
 
+CIniFile::Mark MarkOf(std::string_view content) {
+    if (content.starts_with(kByteOrderMark)) return CIniFile::Mark::Utf8;
+    const bool isWide = content.starts_with("\xFF\xFE") || content.starts_with("\xFE\xFF");
+    return isWide ? CIniFile::Mark::Utf16 : CIniFile::Mark::None;
+}
+
 }  // namespace
 
 bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
@@ -38,7 +44,8 @@ const CIniFile::Entry* FindEntry(const CIniFile::Section& section, std::string_v
 
 CIniFile CIniFile::Parse(std::string_view content) {
     CIniFile file;
-    if (content.starts_with(kByteOrderMark)) content.remove_prefix(kByteOrderMark.size());
+    file.mark_ = MarkOf(content);
+    if (file.mark_ == Mark::Utf8) content.remove_prefix(kByteOrderMark.size());
     int number = 0;
     while (!content.empty()) file.ParseLine(Trim(TakeLine(content)), ++number);
     return file;

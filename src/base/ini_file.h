@@ -29,12 +29,17 @@ public:
         std::string text;
     };
 
+    /// The mark at the start that tells another encoding than GBK.
+    enum class Mark { None, Utf8, Utf16 };
+
     /// Parses `content`; a UTF-8 byte order mark is passed over.
     [[nodiscard]] static CIniFile Parse(std::string_view content);
 
     [[nodiscard]] const Section* FindSection(std::string_view name) const;
     [[nodiscard]] const std::vector<Section>& Sections() const { return sections_; }
     [[nodiscard]] const std::vector<Problem>& Problems() const { return problems_; }
+
+    [[nodiscard]] Mark EncodingMark() const { return mark_; }
 
     /// The value, or `fallback` if section or key are missing.
     [[nodiscard]] std::string_view Text(std::string_view section, std::string_view key,
@@ -48,6 +53,7 @@ private:
 
     std::vector<Section> sections_;
     std::vector<Problem> problems_;
+    Mark mark_ = Mark::None;
 };
 
 /// Equality without regard to the case of ASCII letters.

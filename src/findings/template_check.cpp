@@ -11,6 +11,7 @@
 #include "base/day.h"
 #include "base/ini_file.h"
 #include "base/number.h"
+#include "base/text.h"
 #include "findings/template_known_keys.h"
 #include "platform/text_encoding.h"
 #include "readers/scan_listener.h"
@@ -35,6 +36,9 @@ public:
     explicit CTemplateCheck(const CIniFile& file) : file_(file), parsed_(file) {}
 
     [[nodiscard]] std::vector<TemplateFinding> Run() {
+        if (file_.EncodingMark() == CIniFile::Mark::Utf16) {
+            return {{1, true, "the template is saved as UTF-16: nothing in it is understood"}};
+        }
         for (const auto& problem : file_.Problems()) {
             Error(problem.line, "expected [section], key=value or ; comment, found " + Quoted(problem.text));
         }
@@ -71,6 +75,7 @@ private:
     void CheckScheme(bool isNew);
     void CheckComplete(SectionKind kind, const TemplateSection& section);
     void CheckMoneyRow(const TemplateSection& section);
+    void CheckFirstRow(const TemplateSection& section);
     [[nodiscard]] bool HoldsBothSides(const Section& section) const;
     /// Whether a template without sections declines every statement: only labelled money makes it.
     [[nodiscard]] bool HandsEverythingOn() const {
@@ -88,7 +93,7 @@ private:
     std::vector<TemplateFinding> findings_;
 };
 
-/// Chinese text of one encoding is as good as never sound in the other.
+/// Chinese text in GBK is as good as never sound UTF-8.
 void CTemplateCheck::CheckEncoding() {
     const Entry* first = nullptr;
     for (const Section& section : file_.Sections()) {
@@ -96,12 +101,15 @@ void CTemplateCheck::CheckEncoding() {
             if (std::ranges::all_of(entry.value, [](char byte) { return static_cast<unsigned char>(byte) < 0x80; })) {
                 continue;
             }
-            if (!Utf8ToGbk(entry.value)) return;
+            if (!IsUtf8(entry.value)) return;
             if (first == nullptr) first = &entry;
         }
     }
-    if (first != nullptr)
+    if (first != nullptr) {
         Error(first->line, "the template is saved as UTF-8: none of its texts stands in a GBK statement");
+    } else if (file_.EncodingMark() == CIniFile::Mark::Utf8) {
+        Error(1, "the template is saved as UTF-8, with a mark at its start: save it as GBK");
+    }
 }
 
 void CTemplateCheck::CheckChangeDate() {
@@ -200,7 +208,11 @@ void CTemplateCheck::CheckSides(const Section& section, const TemplatePart& part
 }
 
 void CTemplateCheck::CheckComplete(SectionKind kind, const TemplateSection& section) {
-    if (!section.isEnabled || section.MissingKey().empty()) return;
+    if (!section.isEnabled) return;
+    if (section.MissingKey().empty()) {
+        if (kind != SectionKind::Money) CheckFirstRow(section);
+        return;
+    }
     const Section* const written = file_.FindSection(section.name);
     const bool bothSides = kind == SectionKind::Open && written != nullptr && HoldsBothSides(*written);
     const TemplatePart part = *FindTemplatePart(section.name);
@@ -214,6 +226,21 @@ void CTemplateCheck::CheckComplete(SectionKind kind, const TemplateSection& sect
     }
 }
 
+/// Without the key, or below 0, rows above the title are read: a table's headline at best, at worst none, which raises
+/// an error. Labelled money begins two rows below its title in any case.
+void CTemplateCheck::CheckFirstRow(const TemplateSection& section) {
+    if (section.firstRow >= 0) return;
+    const Section* const written = file_.FindSection(section.name);
+    const Entry* const entry = written != nullptr ? FindEntry(*written, "START_OFFSET") : nullptr;
+    const std::string name = "[" + section.name + "]";
+    if (entry != nullptr) {
+        Error(entry->line, "START_OFFSET is below 0: " + name + " would be read from above its title");
+    } else {
+        Error(written != nullptr ? written->line : 0,
+              name + " lacks START_OFFSET: it would be read from the row above its title");
+    }
+}
+
 /// Money in one row goes on with what there is, but a row above the title's or of one column is never what was meant.
 void CTemplateCheck::CheckMoneyRow(const TemplateSection& section) {
     const Section* const written = file_.FindSection(section.name);
@@ -221,6 +248,8 @@ void CTemplateCheck::CheckMoneyRow(const TemplateSection& section) {
     const std::string name = "[" + section.name + "]";
     if (section.title.empty() && section.firstRow < 0) {
         Error(line, name + " lacks START_FLAG and START_OFFSET: every statement would raise an error");
+    } else if (section.firstRow < 0) {
+        CheckFirstRow(section);
     } else if (section.title.empty()) {
         Warn(line, name + " lacks START_FLAG: rows are counted from the top of the statement");
     }

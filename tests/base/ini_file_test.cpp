@@ -90,6 +90,16 @@ TEST(IniFile, PassesOverCommentsOfSemicolonsAlone) {
     EXPECT_TRUE(file.Problems().empty());
 }
 
+TEST(IniFile, TellsWhichMarkItBeginsWith) {
+    using enum CIniFile::Mark;
+    EXPECT_EQ(CIniFile::Parse("").EncodingMark(), None);
+    EXPECT_EQ(CIniFile::Parse("[A]\n").EncodingMark(), None);
+    EXPECT_EQ(CIniFile::Parse("\xEF\xBB\xBF[A]\n").EncodingMark(), Utf8);
+    EXPECT_EQ(CIniFile::Parse("\xEF\xBB").EncodingMark(), None);
+    EXPECT_EQ(CIniFile::Parse("\xFF\xFE[").EncodingMark(), Utf16);
+    EXPECT_EQ(CIniFile::Parse("\xFE\xFF").EncodingMark(), Utf16);
+}
+
 TEST(IniFile, PassesOverAByteOrderMark) {
     EXPECT_EQ(CIniFile::Parse("\xEF\xBB\xBF[A]\nx=1\n").Text("A", "x"), "1");
 }

@@ -39,11 +39,13 @@ std::vector<std::string> SoundLines() {
         "DELIMITER=SPACE",              // 20
         "BID=3",                        // 21
         "HEAD_FORMAT=日期,合约",        // 22
-        "[PING_DETAIL_NEW]",            // 23
-        "START_FLAG=平仓",              // 24
-        "END_FLAG=合计",                // 25
-        "DELIMITER=SPACE",              // 26
-        "BID=3",                        // 27
+        "START_OFFSET=2",               // 23
+        "[PING_DETAIL_NEW]",            // 24
+        "START_FLAG=平仓",              // 25
+        "END_FLAG=合计",                // 26
+        "DELIMITER=SPACE",              // 27
+        "BID=3",                        // 28
+        "START_OFFSET=0",               // 29
     };
 }
 
@@ -86,6 +88,12 @@ TEST(TemplateCheck, NamesEachFaultWithItsLine) {
         {11, "KHQY_NAME=这个标签比三十一个字节还要长得多多多多多", 11, true, "only the first 31 bytes count"},
         {11, "START_OFFSET=2", 11, false, "START_OFFSET has no effect here"},
         {11, "RJ_NAME=入金", 11, true, "RJ_NAME can never take effect without CJ_NAME"},
+        {14, "; no offset", 12, true, "[MONEY_RECORD_NEW] lacks START_OFFSET: it would be read from the row above"},
+        {14, "START_OFFSET=-3", 14, true, "START_OFFSET is below 0: [MONEY_RECORD_NEW] would be read from above"},
+        {23, "; no offset", 17, true,
+         "[PING_DETAIL] lacks START_OFFSET: it would be read from the row above its title"},
+        {23, "START_OFFSET=-1", 23, true, "START_OFFSET is below 0: [PING_DETAIL]"},
+        {29, "; no offset", 24, true, "[PING_DETAIL_NEW] lacks START_OFFSET"},
         {14, "START_OFFSET=three", 14, true, "which is read as 0"},
         {14, "START_OFFSET=", 14, true, "found \"\""},
         {16, "KHQY_NAME=-2", 16, true, "a column below 0 can never take effect"},
@@ -95,7 +103,7 @@ TEST(TemplateCheck, NamesEachFaultWithItsLine) {
         {17, "no equals sign", 17, true, "expected [section], key=value or ; comment"},
         {21, "; no side", 17, true, "[PING_DETAIL] lacks BID"},
         {22, "BID=4", 22, true, "BID stands here again"},
-        {23, "[PING_DETAIL]", 23, true, "[PING_DETAIL] stands here again"},
+        {24, "[PING_DETAIL]", 24, true, "[PING_DETAIL] stands here again"},
         {22, "MATCH_PRICE=5x", 22, true, "which is read as 5"},
     };
     for (const Fault& fault : faults) {
@@ -111,6 +119,7 @@ TEST(TemplateCheck, NamesEachFaultWithItsLine) {
 TEST(TemplateCheck, TellsOneFaultOnce) {
     EXPECT_EQ(CheckWith(2, "BILLFORMAT_NEWDATE=20241319").size(), 1u);
     EXPECT_EQ(CheckWith(16, "KHQY_NAME=-2").size(), 1u);
+    EXPECT_EQ(CheckWith(23, "; no offset").size(), 1u);
     EXPECT_EQ(CheckWith(6, "OPI_SUM=1").size(), 2u);  // in both descriptions
 }
 
@@ -118,7 +127,7 @@ TEST(TemplateCheck, WarnsOfSectionsThatAreNeverRead) {
     const auto withoutDate = CheckWith(2, "; no change date");
     ASSERT_EQ(withoutDate.size(), 2u);
     EXPECT_EQ(withoutDate[0].line, 12);
-    EXPECT_EQ(withoutDate[1].line, 23);
+    EXPECT_EQ(withoutDate[1].line, 24);
     for (const TemplateFinding& finding : withoutDate) {
         EXPECT_FALSE(finding.isError);
         EXPECT_NE(finding.text.find("is never read: BILLFORMAT_NEWDATE is missing"), std::string::npos);
@@ -155,7 +164,8 @@ TEST(TemplateCheck, AsksWhereTheRowOfMoneyIs) {
         return all;
     };
     EXPECT_EQ(texts({"START_FLAG=资金", "START_OFFSET=3", "DELIMITER=|"}), "");
-    EXPECT_EQ(texts({"START_FLAG=资金", "DELIMITER=|"}), "");  // the row above the title
+    EXPECT_EQ(texts({"START_FLAG=资金", "DELIMITER=|"}),
+              "E [MONEY_RECORD] lacks START_OFFSET: it would be read from the row above its title\n");
     EXPECT_EQ(texts({"START_OFFSET=3", "DELIMITER=|"}),
               "W [MONEY_RECORD] lacks START_FLAG: rows are counted from the top of the statement\n");
     EXPECT_EQ(texts({"DELIMITER=|"}),
@@ -196,6 +206,34 @@ TEST(TemplateCheck, NamesTheWrongEncoding) {
     EXPECT_EQ(findings.front().line, 8);
     EXPECT_TRUE(findings.front().isError);
     EXPECT_EQ(findings.front().text, "the template is saved as UTF-8: none of its texts stands in a GBK statement");
+}
+
+TEST(TemplateCheck, NamesTheWrongEncodingBehindAMarkToo) {
+    std::string text = "\xEF\xBB\xBF";
+    for (const std::string& line : SoundLines()) text += line + "\n";
+    const auto findings = CheckTemplate(CIniFile::Parse(text));
+    ASSERT_EQ(findings.size(), 1u);
+    EXPECT_TRUE(findings[0].text.starts_with("the template is saved as UTF-8")) << findings[0].text;
+    const auto ascii = CheckTemplate(CIniFile::Parse("\xEF\xBB\xBF[DEALFIELD]\nBILLFORMAT_NEWDATE=20240119\n"));
+    ASSERT_EQ(ascii.size(), 2u);
+    EXPECT_EQ(ascii[0].line, 1);
+    EXPECT_TRUE(ascii[0].isError);
+    EXPECT_NE(ascii[0].text.find("with a mark at its start"), std::string::npos);
+}
+
+TEST(TemplateCheck, NamesTheWrongEncodingOfCharactersThatGbkLacks) {
+    const auto findings = CheckTemplate(CIniFile::Parse("[DEALFIELD]\nDATE_FORMAT=\xF0\x9F\x98\x80\n"));
+    ASSERT_FALSE(findings.empty());
+    EXPECT_EQ(findings.back().text, "the template is saved as UTF-8: none of its texts stands in a GBK statement");
+}
+
+TEST(TemplateCheck, SaysOfUtf16NothingElse) {
+    for (const std::string_view mark : {"\xFF\xFE", "\xFE\xFF"}) {
+        const auto findings = CheckTemplate(CIniFile::Parse(std::string(mark) + "[DEALFIELD]\nTYPO=1\n"));
+        ASSERT_EQ(findings.size(), 1u);
+        EXPECT_TRUE(findings[0].isError);
+        EXPECT_NE(findings[0].text.find("UTF-16"), std::string::npos);
+    }
 }
 
 }  // namespace

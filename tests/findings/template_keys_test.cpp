@@ -55,6 +55,8 @@ std::string TemplateWith(std::string_view section = {}, const std::string& line 
             const std::string_view key = std::string_view(needed).substr(0, std::string_view(needed).find('='));
             if (name != section || key != without) text += needed;
         }
+        const bool saysOffset = name == section && (line.starts_with("START_OFFSET=") || without == "START_OFFSET");
+        if (name != "MONEY_RECORD" && !saysOffset) text += "START_OFFSET=3\r\n";  // labels stand at a fixed place
         if (name == section) text += line + "\r\n";
         if (name == "PING_DETAIL" && (section != name || !line.starts_with("BID="))) text += "BID=0\r\n";
     }
@@ -166,7 +168,8 @@ TEST(TemplateKeys, BelowZeroCanNeverTakeEffect) {
                 << key;
         }
     }
-    EXPECT_EQ(CountErrors(Check(TemplateWith("MATCH_RECORD", "START_OFFSET=-1"))), 0);
+    EXPECT_EQ(CountErrors(Check(TemplateWith("MATCH_RECORD", "START_OFFSET=-1"))), 1);
+    EXPECT_EQ(CountErrors(Check(TemplateWith("MATCH_RECORD", "START_OFFSET=0"))), 0);
     EXPECT_EQ(CountErrors(Check(TemplateWith("MATCH_RECORD", "END_OFFSET=-3"))), 0);
 }
 
@@ -194,6 +197,16 @@ TEST(TemplateKeys, AreMissedInEachSectionThatIsTurnedOn) {
             // The same key with nothing behind it.
             EXPECT_EQ(CountErrors(Check(TemplateWith(section, std::string(key) + "=", key))), 1) << section << key;
         }
+    }
+}
+
+TEST(TemplateKeys, SayWhereEachTableBegins) {
+    for (const std::string_view section : kSections) {
+        const std::string text = TemplateWith(section, "; nothing", "START_OFFSET");
+        const auto findings = Check(text);
+        const bool isTable = section != "MONEY_RECORD";
+        EXPECT_EQ(CountErrors(findings), isTable ? 1 : 0) << section;
+        EXPECT_EQ(Finds(findings, LineOf(text, "[" + std::string(section) + "]"), "lacks START_OFFSET"), isTable);
     }
 }
 
