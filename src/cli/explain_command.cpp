@@ -2,26 +2,23 @@
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
-#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
-#include "base/day.h"
 #include "base/report_error.h"
-#include "base/text.h"
 #include "cli/command_table.h"
 #include "cli/format_choice.h"
 #include "cli/output_file.h"
 #include "cli/scan_report.h"
 #include "cli/standard_input.h"
+#include "cli/statement_day.h"
 #include "cli/usage_error.h"
 #include "platform/file.h"
-#include "platform/local_time.h"
 #include "platform/paths.h"
 #include "readers/layout_marks.h"
 #include "readers/layout_table.h"
@@ -32,36 +29,6 @@
 
 namespace tradebill {
 namespace {
-
-constexpr std::size_t kDayLength = 8;
-
-bool IsDay(const std::string& text) {
-    return text.size() == kDayLength && std::ranges::all_of(text, IsDigit) && HasMidnight(ParsePackedDay(text));
-}
-
-/// Eight digits behind a dot, as statement files bear their day.
-std::optional<std::string> DayInFileName(const std::string& path) {
-    const std::string name = FileNameOf(path);
-    for (std::size_t dot = name.find('.'); dot != std::string::npos; dot = name.find('.', dot + 1)) {
-        std::string digits = name.substr(dot + 1, kDayLength);
-        if (IsDay(digits)) return digits;
-    }
-    return std::nullopt;
-}
-
-void SetDay(const ExplainCommand& command, Explanation& explanation) {
-    if (command.day) {
-        if (!IsDay(*command.day)) throw CUsageError("--day: expected yyyymmdd, found \"" + *command.day + "\"");
-        explanation.day = *command.day;
-        explanation.daySource = "--day";
-    } else if (const auto day = DayInFileName(command.statementFile)) {
-        explanation.day = *day;
-        explanation.daySource = "the file's name";
-    } else {
-        explanation.day = DayText(LocalDayOf(PresentTime()));
-        explanation.daySource = "today";
-    }
-}
 
 /// A report ends a statement at its first zero byte, wherever it comes from.
 std::string ReadText(const std::string& path) {
@@ -167,8 +134,8 @@ CommandRun DeclareExplain(CLI::App& app) {
 
 int RunExplainCommand(const ExplainCommand& given) {
     const ExplainCommand command = WithName(given);
-    Explanation explanation{.file = command.statementFile};
-    SetDay(command, explanation);
+    auto [day, daySource] = DayOfStatement(command.day, command.statementFile);
+    Explanation explanation{.file = command.statementFile, .day = std::move(day), .daySource = std::move(daySource)};
     const std::string text = ReadText(given.statementFile);
     CReport report;
     PrepareReading(command, text, explanation, report);
