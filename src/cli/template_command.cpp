@@ -2,30 +2,69 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <cstdint>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "base/ini_file.h"
 #include "cli/command_table.h"
+#include "cli/format_choice.h"
+#include "cli/statement_day.h"
 #include "cli/usage_error.h"
+#include "findings/template_against.h"
 #include "findings/template_check.h"
 #include "platform/file.h"
 
 namespace tradebill {
+namespace {
 
-CommandRun DeclareTemplateCheck(CLI::App& app) {
-    const auto file = std::make_shared<std::string>();
-    app.add_option("FILE", *file, "The template")->required()->type_name("");
-    return [file] { return RunTemplateCheck(*file); };
+/// What the statement doesn't bear out, behind what is wrong without it.
+void AddSample(const TemplateCheckCommand& command, const CIniFile& file, std::vector<TemplateFinding>& findings) {
+    const std::string& path = *command.statementFile;
+    const std::string day = DayOfStatement(command.day, path).day;
+    std::optional<std::int32_t> format;
+    if (command.format) format = FormatNumber(command.format, true);
+    auto text = ReadPlainFile(path);
+    if (!text) throw CUsageError("can't read " + path + ": expected a statement file");
+    text->resize(std::min(text->size(), text->find('\0')));
+    for (TemplateFinding& finding : CheckTemplateAgainst(file, {.text = *text, .day = day, .format = format})) {
+        findings.push_back(std::move(finding));
+    }
+    std::ranges::stable_sort(findings, {}, &TemplateFinding::line);
 }
 
-int RunTemplateCheck(const std::string& path) {
+}  // namespace
+
+CommandRun DeclareTemplateCheck(CLI::App& app) {
+    const auto command = std::make_shared<TemplateCheckCommand>();
+    app.add_option("FILE", command->templateFile, "The template")->required()->type_name("");
+    CLI::Option* const against =
+        app.add_option("--against", command->statementFile, "A statement that it should fit: columns, sections, labels")
+            ->type_name("STATEMENT");
+    app.add_option("--format", command->format,
+                   "Format of the statement (default: 201 if open positions hold both sides in a row, else 1)")
+        ->type_name("N")
+        ->needs(against);
+    app.add_option("--day", command->day, "The statement's day, yyyymmdd (default: from the file's name)")
+        ->type_name("DAY")
+        ->needs(against);
+    return [command] { return RunTemplateCheck(*command); };
+}
+
+int RunTemplateCheck(const TemplateCheckCommand& command) {
+    const std::string& path = command.templateFile;
     const auto file = LoadIniFile(path);
     if (!file) throw CUsageError("can't read " + path + ": expected a template file");
+    std::vector<TemplateFinding> findings = CheckTemplate(*file);
+    if (command.statementFile) AddSample(command, *file, findings);
     int errors = 0;
     int warnings = 0;
-    for (const TemplateFinding& finding : CheckTemplate(*file)) {
+    for (const TemplateFinding& finding : findings) {
         ++(finding.isError ? errors : warnings);
         std::cout << path;
         if (finding.line > 0) std::cout << ", line " << finding.line;
