@@ -12,13 +12,12 @@
 #include "cli/findings_text.h"
 #include "cli/output_file.h"
 #include "cli/report_options.h"
+#include "cli/run_findings.h"
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"
 #include "driver/report_run.h"
-#include "findings/account_findings.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
-#include "findings/statement_watch.h"
 #include "report/report.h"
 
 namespace tradebill {
@@ -38,7 +37,7 @@ void ListCodes() {
 CommandRun DeclareCheck(CLI::App& app) {
     const auto command = std::make_shared<CheckCommand>();
     DeclareReportOptions(app, command->options);
-    app.add_option("--json", command->jsonFile, "Write the findings as JSON")->type_name("FILE");
+    app.add_option("--json", command->jsonFile, "Write the findings as JSON; - for standard output")->type_name("FILE");
     app.add_flag("--quiet", command->quiet, "No progress line, and no word if nothing is wrong");
     app.add_flag("--codes", command->listsCodes, "List what can be found, and what to do about it");
     return [command] { return RunCheckCommand(*command); };
@@ -49,15 +48,22 @@ int RunCheckCommand(const CheckCommand& command) {
         ListCodes();
         return kExitDone;
     }
-    CheckOutputFile("--json", command.jsonFile);
+    const auto json = FindOutput("--json", command.jsonFile);
     const PreparedRequest prepared = PrepareRequest(command.options);
     CReport report;
-    CStatementWatch watch(report);
-    if (!RunWatched(report, prepared, command.quiet, ReadAccount, {.listener = &watch})) return kExitFailed;
-    const std::vector<Finding> findings = FindingsOf(report, watch);
-    const auto writeJson = [&](std::ostream& out) { WriteFindingsJson(findings, out); };
-    if (command.jsonFile && !SaveWhole(*command.jsonFile, writeJson)) return Fail("can't write " + *command.jsonFile);
-    if (!command.quiet || !findings.empty()) PrintFindings(findings, kMostPerCode, std::cout);
+    CRunFindings faults(report, prepared);
+    const auto result = RunWatched(report, prepared, command.quiet, ReadStatements, {.listener = faults.Listener()});
+    if (!result) return kExitFailed;
+    const std::vector<Finding> findings = faults.Collect();
+    if (result->statementsRead == 0 && result->problems.statements.empty()) {
+        return FailWithoutStatement(*result, "there is nothing to check");
+    }
+    const auto writeJson = [&](std::ostream& out) {
+        WriteFindingsJson(findings, out);
+        return true;
+    };
+    if (json && !json->Save(writeJson)) return Fail("can't write " + json->Name());
+    if (!command.quiet || HasWarnings(findings)) PrintFindings(findings, kMostPerCode, SummaryStream({json}));
     return HasWarnings(findings) ? kExitFindings : kExitDone;
 }
 

@@ -18,8 +18,8 @@ struct CheckCommand {
 
 [[nodiscard]] CommandRun DeclareCheck(CLI::App& app);
 
-/// Prints the findings, and writes them to the JSON file. Returns 0 if there is none above a note, 3 if there is; 1 if
-/// the reading failed. Throws CUsageError before anything is done.
+/// Prints the findings, and writes them as JSON. Returns 0 if there is none above a note, 3 if there is, 2 if there is
+/// no statement, 1 if the reading or the writing failed. Throws CUsageError before anything is done.
 [[nodiscard]] int RunCheckCommand(const CheckCommand& command);
 
 }  // namespace tradebill

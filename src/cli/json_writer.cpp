@@ -4,12 +4,15 @@
 #include <cstdint>
 #include <iosfwd>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <variant>
 #include <vector>
 
+#include "cli/findings_json.h"
 #include "cli/json_text.h"
+#include "findings/finding.h"
 #include "report/account_statistics.h"
 #include "report/chain_table.h"
 #include "report/currency_money_store.h"
@@ -187,7 +190,7 @@ void WriteUnits(CJsonText& json, const CProductSource* products) {
 
 }  // namespace
 
-void WriteJson(const CReport& report, std::ostream& out) {
+void WriteJson(const CReport& report, std::ostream& out, std::span<const Finding> findings) {
     CJsonText json(out);
     json.OpenObject();
     json.Name("money");
@@ -205,6 +208,8 @@ void WriteJson(const CReport& report, std::ostream& out) {
     NameMember(json, "account");
     WriteObject(json, report.AccountStatistics);
     WriteUnits(json, report.Products);
+    NameMember(json, "findings");
+    WriteFindings(json, findings);
     json.CloseObject();
     json.EndLine();
 }

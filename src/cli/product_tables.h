@@ -31,6 +31,8 @@ public:
 
     /// Whether the account's trades have a say.
     [[nodiscard]] bool WantsTrades() const { return tableSource_ == UnitSource::Table; }
+    /// Whether a file decides, which trades may contradict.
+    [[nodiscard]] bool GoesByFile() const { return tableSource_ == UnitSource::File; }
     void UseTrades(CTradeUnits trades) { trades_ = std::move(trades); }
 
     /// All units shall be 1.

@@ -6,7 +6,9 @@
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <span>
 #include <string>
+#include <vector>
 
 #include "base/number.h"
 #include "cli/command_table.h"
@@ -15,11 +17,14 @@
 #include "cli/output_file.h"
 #include "cli/page_relay.h"
 #include "cli/report_options.h"
+#include "cli/run_findings.h"
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"
 #include "driver/report_counts.h"
 #include "driver/report_request.h"
 #include "driver/report_run.h"
+#include "findings/finding.h"
+#include "findings/finding_table.h"
 #include "page/page_sink.h"
 #include "page/standalone_page.h"
 #include "platform/desktop.h"
@@ -78,12 +83,38 @@ MadeReport MakeReportAndFile(CReport& report, const PreparedRequest& prepared, b
 }
 
 /// Never in the place of the page.
-bool SaveJson(const COutputFile& output, const CReport& report, const std::string& pagePath) {
+bool SaveJson(const COutputFile& output, const CReport& report, const std::string& pagePath,
+              std::span<const Finding> findings) {
     if (output.LeadsTo(pagePath)) return false;
-    return output.Save([&report](std::ostream& out) {
-        WriteJson(report, out);
+    return output.Save([&](std::ostream& out) {
+        WriteJson(report, out, findings);
         return true;
     });
+}
+
+/// Where a report goes beside its page.
+struct ReportOutputs {
+    std::optional<COutputFile> json;
+    std::optional<COutputFile> standalone;
+};
+
+/// Whether all that was asked for is there; what isn't is told.
+bool FinishOutputs(const ReportOutputs& outputs, const CReport& report, const MadeReport& made,
+                   std::span<const Finding> findings) {
+    if (outputs.json && !SaveJson(*outputs.json, report, made.result->pagePath, findings)) {
+        Fail("can't write " + outputs.json->Name());
+        return false;
+    }
+    if (!made.result->pageWritten) return false;
+    if (made.isFileSaved) return true;
+    Fail("can't write " + outputs.standalone->Name());
+    return false;
+}
+
+void OpenPage(const ReportOutputs& outputs, const RunResult& result) {
+    const bool showsFile = outputs.standalone && outputs.standalone->IsFile();
+    if (OpenOnDesktop(showsFile ? outputs.standalone->Name() : result.pagePath)) return;
+    Warn("--open: this desktop has no xdg-open to show the page with");
 }
 
 }  // namespace
@@ -101,35 +132,36 @@ CommandRun DeclareReport(CLI::App& app) {
         ->type_name("DIR");
     app.add_flag("--force", command->force, "Write a page even without a single statement");
     app.add_flag("--open", command->opensPage, "Show the page on the desktop");
+    app.add_flag("--strict", command->strict, "Exit with 3 if something is wrong or doubtful in the statements");
     app.add_flag("--quiet", command->quiet, "No progress line and no summary");
     return [command] { return RunReportCommand(*command); };
 }
 
 int RunReportCommand(const ReportCommand& command) {
-    const auto json = FindOutput("--json", command.jsonFile);
-    const auto standalone = FindOutput("--standalone", command.standaloneFile);
-    CheckOutputs({json, standalone});
-    const RunOptions options{.outFolder = OutFolderOf(command.outFolder), .needsStatement = !command.force};
+    const ReportOutputs outputs{.json = FindOutput("--json", command.jsonFile),
+                                .standalone = FindOutput("--standalone", command.standaloneFile)};
+    CheckOutputs({outputs.json, outputs.standalone});
+    RunOptions options{.outFolder = OutFolderOf(command.outFolder), .needsStatement = !command.force};
     const PreparedRequest prepared = PrepareRequest(command.options);
     RequireTemplate(prepared);
     CReport report;
-    const auto [result, isFileSaved] =
-        standalone ? MakeReportAndFile(report, prepared, command.quiet, options, *standalone)
-                   : MadeReport{.result = RunWatched(report, prepared, command.quiet, RunReport, options),
-                                .isFileSaved = true};
-    if (!result) return kExitFailed;
-    if (result->end == RunEnd::NothingRead) {
-        return FailWithoutStatement(*result, "nothing is written (--force writes a page all the same)");
+    CRunFindings faults(report, prepared);
+    options.listener = faults.Listener();
+    const MadeReport made = outputs.standalone
+                                ? MakeReportAndFile(report, prepared, command.quiet, options, *outputs.standalone)
+                                : MadeReport{.result = RunWatched(report, prepared, command.quiet, RunReport, options),
+                                             .isFileSaved = true};
+    if (!made.result) return kExitFailed;
+    if (made.result->end == RunEnd::NothingRead) {
+        return FailWithoutStatement(*made.result, "nothing is written (--force writes a page all the same)");
     }
-    if (json && !SaveJson(*json, report, result->pagePath)) return Fail("can't write " + json->Name());
-    if (!result->pageWritten) return kExitFailed;
-    if (!isFileSaved) return Fail("can't write " + standalone->Name());
-    if (!command.quiet) ShowSummary(report, *result, SummaryStream({json, standalone}));
-    if (command.opensPage &&
-        !OpenOnDesktop(standalone && standalone->IsFile() ? standalone->Name() : result->pagePath)) {
-        Warn("--open: this desktop has no xdg-open to show the page with");
-    }
-    return result->problems.IsEmpty() && result->statementsRead > 0 ? kExitDone : kExitFailed;
+    const std::vector<Finding> findings = faults.Collect();
+    const bool isDone = FinishOutputs(outputs, report, made, findings);
+    if (isDone && !command.quiet) ShowSummary(report, *made.result, SummaryStream({outputs.json, outputs.standalone}));
+    ShowFindings(findings, command.options);
+    if (isDone && command.opensPage) OpenPage(outputs, *made.result);
+    if (!isDone || !made.result->problems.IsEmpty() || made.result->statementsRead == 0) return kExitFailed;
+    return command.strict && HasWarnings(findings) ? kExitFindings : kExitDone;
 }
 
 }  // namespace tradebill

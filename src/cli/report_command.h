@@ -15,8 +15,9 @@ struct ReportCommand {
     std::optional<std::string> standaloneFile;  ///< the page with its pictures inside
     std::optional<std::string> outFolder;       ///< for page and pictures; nothing: beside the statements
     bool opensPage = false;
-    bool force = false;  ///< write a page even without a single statement
-    bool quiet = false;  ///< no progress line and no summary; warnings are shown all the same
+    bool force = false;   ///< write a page even without a single statement
+    bool strict = false;  ///< findings above a note make the exit code 3
+    bool quiet = false;   ///< no progress line and no summary; warnings are shown all the same
 };
 
 [[nodiscard]] CommandRun DeclareReport(CLI::App& app);

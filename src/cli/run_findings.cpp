@@ -17,6 +17,7 @@
 #include "findings/request_findings.h"
 #include "findings/statement_watch.h"
 #include "report/report.h"
+#include "report/trade_units.h"
 
 namespace tradebill {
 namespace {
@@ -68,11 +69,16 @@ std::string NameOf(const Finding& finding) {
 
 }  // namespace
 
-std::vector<Finding> FindingsOfRun(const CReport& report, const CStatementWatch& watch,
-                                   const PreparedRequest& prepared) {
-    std::vector<Finding> findings = FindingsOf(report, watch);
-    CheckRequestTemplate(report, findings);
-    if (prepared.lacksLiveFigures) findings.push_back(LiveFinding());
+CRunFindings::CRunFindings(CReport& report, const PreparedRequest& prepared)
+    : report_(report), prepared_(prepared), watch_(report) {
+    if (prepared.products->GoesByFile()) watch_.TallyUnits();
+}
+
+std::vector<Finding> CRunFindings::Collect() const {
+    std::vector<Finding> findings = FindingsOf(report_, watch_);
+    CheckRequestTemplate(report_, findings);
+    TellDoubtfulUnits(DoubtfulUnits(prepared_.products->UsedUnits(), watch_.Units()), findings);
+    if (prepared_.lacksLiveFigures) findings.push_back(LiveFinding());
     SortFindings(findings);
     return findings;
 }
@@ -93,9 +99,9 @@ void ShowFindings(std::span<const Finding> findings, const ReportOptions& option
     for (const Finding& finding : shown) {
         std::cerr << "tradebill: " << NameOf(finding) << ": " << FindingLine(finding) << "\n";
     }
-    if (findings.size() > shown.size()) std::cerr << "tradebill: and " << findings.size() - shown.size() << " more; ";
-    if (findings.size() <= shown.size()) std::cerr << "tradebill: ";
-    std::cerr << "what to do about them tells: " << CheckCommandLine(options) << "\n";
+    const std::size_t left = findings.size() - shown.size();
+    const std::string more = left == 0 ? "" : "and " + std::to_string(left) + " more; ";
+    std::cerr << "tradebill: " << more << "all of them, and what to do: " << CheckCommandLine(options) << "\n";
 }
 
 }  // namespace tradebill

@@ -7,17 +7,31 @@
 
 #include "cli/report_options.h"
 #include "findings/finding.h"
+#include "findings/statement_watch.h"
+#include "readers/statement_loader.h"
 
 namespace tradebill {
 
 class CReport;
-class CStatementWatch;
 
-/// All findings, the worst first.
-///
-/// REQUIRES: `watch` has listened to the run of `prepared` in `report`.
-[[nodiscard]] std::vector<Finding> FindingsOfRun(const CReport& report, const CStatementWatch& watch,
-                                                 const PreparedRequest& prepared);
+/// Listens to a run of the program and gives what is wrong with it.
+class CRunFindings {
+public:
+    /// REQUIRES: both outlive this, and `report` is the one of the run.
+    CRunFindings(CReport& report, const PreparedRequest& prepared);
+
+    [[nodiscard]] CStatementListener* Listener() { return &watch_; }
+
+    /// All findings, the worst first.
+    ///
+    /// REQUIRES: the run is over.
+    [[nodiscard]] std::vector<Finding> Collect() const;
+
+private:
+    const CReport& report_;
+    const PreparedRequest& prepared_;
+    CStatementWatch watch_;
+};
 
 /// Shows the ten worst on stderr, and by which command all are shown. Nothing if there is nothing above a note.
 void ShowFindings(std::span<const Finding> findings, const ReportOptions& options);

@@ -11,8 +11,8 @@
 #include "driver/report_days.h"
 #include "driver/report_request.h"
 #include "driver/report_run.h"
-#include "driver/unit_pass.h"
 #include "driver/run_problems.h"
+#include "driver/unit_pass.h"
 #include "paint/font.h"
 #include "paint/font_search.h"
 #include "platform/screen.h"
@@ -33,16 +33,22 @@ void WarnOfEmptyAccount(const CReport& report, const RunResult& result) {
     }
 }
 
-/// What the run passed over, and the error that ended it.
-void TellProblems(const RunProblems& problems) {
-    for (const std::string& text : ProblemTexts(problems)) Fail(text);
-    if (problems.error) Fail(ErrorText(*problems.error));
-}
-
 /// Beside the reading of many days; that of a few takes less than a thread does.
 std::unique_ptr<CFontSearch> FindFontsMeanwhile(const GenerateBillRequest& request) {
     constexpr int kManyDays = 30;
     return CountDays(ReportDaysOf(request)) >= kManyDays ? std::make_unique<CFontSearch>() : nullptr;
+}
+
+/// Runs it with a progress line, if somebody sees it.
+RunResult RunWithProgress(CReport& report, const PreparedRequest& prepared, bool quiet, RunFunction* run,
+                          const RunOptions& options) {
+    std::unique_ptr<CProgressLine> progress;
+    if (!quiet && IsErrorOutputTerminal()) progress = std::make_unique<CProgressLine>();
+    if (prepared.products->WantsTrades()) {
+        if (progress) progress->OnStage("contract units");
+        prepared.products->UseTrades(TallyTrades(prepared.request, prepared.rootFolder));
+    }
+    return run(report, prepared.request, progress.get(), options);
 }
 
 }  // namespace
@@ -71,19 +77,18 @@ std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prep
     if (!quiet) {
         for (const std::string& note : prepared.notes) std::cerr << "tradebill: " << note << "\n";
     }
-    const auto fonts = FindFontsMeanwhile(prepared.request);
-    std::unique_ptr<CProgressLine> progress;
-    if (!quiet && IsErrorOutputTerminal()) progress = std::make_unique<CProgressLine>();
-    if (prepared.products->WantsTrades()) {
-        if (progress) progress->OnStage("contract units");
-        prepared.products->UseTrades(TallyTrades(prepared.request, prepared.rootFolder));
+    const bool paints = run != ReadStatements;
+    const auto fonts = paints ? FindFontsMeanwhile(prepared.request) : nullptr;
+    RunResult result = RunWithProgress(report, prepared, quiet, run, options);
+    if (paints) {
+        for (const std::string& text : ProblemTexts(result.problems)) Fail(text);
     }
-    RunResult result = run(report, prepared.request, progress.get(), options);
-    progress.reset();
-    TellProblems(result.problems);
+    if (result.problems.error) Fail(ErrorText(*result.problems.error));
     if (result.end == RunEnd::Failed) return std::nullopt;
-    WarnWithoutFonts();
-    if (result.end == RunEnd::Finished) WarnOfEmptyAccount(report, result);
+    if (paints) {
+        WarnWithoutFonts();
+        if (result.end == RunEnd::Finished) WarnOfEmptyAccount(report, result);
+    }
     return result;
 }
 

@@ -18,14 +18,15 @@ void WarnWithoutFonts();
 /// Says on stderr what failed. Returns kExitFailed.
 int Fail(const std::string& text);
 
-/// RunReport or ReadAccount.
+/// RunReport, ReadAccount or ReadStatements.
 using RunFunction = RunResult(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
                               const RunOptions& options);
 
 /// Tells what the request's options were warned of, runs it in `report`, and tells all that went wrong on the way;
 /// warns if there was nothing to read. Statements are opened for reading alone, whatever `options` says. Nothing if an
 /// error ended the run, which is told. `quiet` leaves out notes and progress. The report's products are those of
-/// `prepared`, which must outlive it; the account's trades are tallied for them first, if they have a say.
+/// `prepared`, which must outlive it; the account's trades are tallied for them first, if they have a say. What was
+/// passed over by ReadStatements is left for findings to tell.
 [[nodiscard]] std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prepared, bool quiet,
                                                   RunFunction* run, RunOptions options = {});
 

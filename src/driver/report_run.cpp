@@ -217,6 +217,14 @@ RunResult ReadAccount(CReport& report, const GenerateBillRequest& request, CRunW
     });
 }
 
+RunResult ReadStatements(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
+                         const RunOptions& options) {
+    return ResultOf(report, [&](RunResult& result) {
+        Begin(report, request);
+        ReadAndCompute(report, result, watcher, options);
+    });
+}
+
 RunResult RunReport(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
                     const RunOptions& options) {
     const CPictureWork pictures;

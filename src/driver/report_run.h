@@ -67,4 +67,8 @@ RunResult RunReport(CReport& report, const GenerateBillRequest& request, CRunWat
 RunResult ReadAccount(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
                       const RunOptions& options = {});
 
+/// The same for whoever only wants what was read and worked out: charts have no sizes then.
+RunResult ReadStatements(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
+                         const RunOptions& options = {});
+
 }  // namespace tradebill

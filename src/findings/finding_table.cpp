@@ -122,9 +122,4 @@ std::string_view SeverityName(Severity severity) {
     return kNames[static_cast<std::size_t>(severity)];
 }
 
-std::string_view SectionName(SectionKind kind) {
-    constexpr std::string_view kNames[] = {"money", "trades", "closed", "open", "summary"};
-    return kNames[static_cast<std::size_t>(kind)];
-}
-
 }  // namespace tradebill

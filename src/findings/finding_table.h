@@ -35,7 +35,4 @@ struct FindingKind {
 /// "error", "warning" or "note".
 [[nodiscard]] std::string_view SeverityName(Severity severity);
 
-/// "money", "trades", "closed", "open" or "summary".
-[[nodiscard]] std::string_view SectionName(SectionKind kind);
-
 }  // namespace tradebill

@@ -1,5 +1,6 @@
 #include "findings/request_findings.h"
 
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -11,7 +12,9 @@
 #include "findings/template_check.h"
 #include "platform/file.h"
 #include "platform/paths.h"
+#include "platform/text_encoding.h"
 #include "report/report.h"
+#include "report/trade_units.h"
 
 namespace tradebill {
 namespace {
@@ -39,6 +42,23 @@ void CheckRequestTemplate(const CReport& report, std::vector<Finding>& findings)
         Finding finding = about;
         if (fault.line > 0) finding.row = fault.line;
         finding.text = fault.text + ".";
+        findings.push_back(std::move(finding));
+    }
+}
+
+void TellDoubtfulUnits(std::span<const DoubtfulUnit> units, std::vector<Finding>& findings) {
+    for (const DoubtfulUnit& unit : units) {
+        Finding finding = FindingOfRun(FindingCode::Unit);
+        const std::string product = GbkToUtf8(unit.used.product);
+        finding.found = std::to_string(unit.used.unit);
+        if (unit.byTrades) {
+            finding.severity = Severity::Error;
+            finding.expected = std::to_string(*unit.byTrades);
+            finding.text = "The unit of " + product + " isn't what the account's own trades say.";
+        } else {
+            finding.expected = "its unit";
+            finding.text = "The unit of " + product + " isn't known: 1 is used.";
+        }
         findings.push_back(std::move(finding));
     }
 }

@@ -52,7 +52,7 @@ std::size_t Utf8Length(std::string_view text, std::size_t at) {
 }
 
 /// Chinese text of GBK is as good as never sound UTF-8. A character that the end of the file cuts doesn't count.
-bool IsUtf8(std::string_view text) {
+bool ReadsAsUtf8(std::string_view text) {
     constexpr std::size_t kLongest = 4;
     bool hasCharacters = false;
     for (std::size_t at = SkipAscii(text, 0); at < text.size(); at = SkipAscii(text, at)) {
@@ -115,7 +115,7 @@ std::optional<EncodingFault> FindEncodingFault(std::string_view bytes) {
     if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) return EncodingFault{"UTF-16", true};
     const bool hasMark = bytes.starts_with("\xEF\xBB\xBF");
     const std::string_view text = hasMark ? bytes.substr(3) : bytes;
-    if (IsUtf8(text)) return EncodingFault{hasMark ? "UTF-8 with a mark at the start" : "UTF-8", true};
+    if (ReadsAsUtf8(text)) return EncodingFault{hasMark ? "UTF-8 with a mark at the start" : "UTF-8", true};
     if (const std::size_t zero = text.find('\0'); zero != std::string_view::npos) {
         constexpr std::size_t kFirstCharacters = 64;
         const bool isWide = zero < kFirstCharacters && text.substr(zero + 2, 1) == std::string_view("\0", 1);

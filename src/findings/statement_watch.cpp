@@ -194,6 +194,7 @@ void CStatementWatch::TakeTrade(const MatchRecord& row) {
         return;
     }
     lots_.AddTrade(row);
+    if (talliesUnits_) units_.Feed(row);
     Facts().hasClosingTrades |= Contains(FieldText(row.OFFSET), "平"_gbk);
     if (IsOptionContract(FieldText(row.CONTRACT))) {
         printed_.HasOptionTrades = true;

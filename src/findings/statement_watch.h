@@ -13,6 +13,7 @@
 #include "readers/statement_loader.h"
 #include "report/money_record.h"
 #include "report/printed_money.h"
+#include "report/trade_units.h"
 
 namespace tradebill {
 
@@ -24,6 +25,10 @@ public:
     ///
     /// REQUIRES: `report` is the one that is read into, and outlives this.
     explicit CStatementWatch(CReport& report) : report_(report) {}
+
+    /// Tallies what the trades say of contract units, too.
+    void TallyUnits() { talliesUnits_ = true; }
+    [[nodiscard]] const CTradeUnits& Units() const { return units_; }
 
     /// Of all days that have a file, in the order of reading.
     [[nodiscard]] const std::vector<StatementFacts>& Statements() const { return statements_; }
@@ -55,6 +60,8 @@ private:
     CReport& report_;
     std::vector<StatementFacts> statements_;
     CLotsBook lots_;
+    CTradeUnits units_;
+    bool talliesUnits_ = false;
 
     // Of the statement at hand.
     std::string_view text_;
