@@ -121,8 +121,10 @@ void CTradeUnits::Join(std::string_view product, const Figures& figures, const M
     Tally& tally = found != tallies_.end() ? found->second : tallies_[std::string(product)];
     if (tally.contradiction) return;
     const std::optional<int64_t> named = NamedBy(figures);
-    if (named && named == tally.named) return;  // nearly all trades; what a trade names it allows too
-    const bool namesAnother = named && tally.named;
+    const bool isSettled = tally.range.least == tally.range.most;
+    if (isSettled && named == tally.range.least) return;  // nearly all trades
+    const bool namesAnother = named && tally.named && *named != *tally.named;
+    tally.allNameIt = tally.allNameIt && named;
     if (!tally.named) tally.named = named;
     const Range range = RangeOf(figures);
     tally.range = {.least = std::max(tally.range.least, range.least), .most = std::min(tally.range.most, range.most)};
@@ -144,9 +146,9 @@ void CTradeUnits::Feed(const MatchRecord& trade) {
 std::optional<std::int32_t> CTradeUnits::UnitOf(std::string_view product) const {
     const auto found = tallies_.find(product);
     if (found == tallies_.end() || found->second.contradiction) return std::nullopt;
-    const auto& [range, named, contradiction] = found->second;
-    if (named) return static_cast<std::int32_t>(*named);
-    return range.least == range.most ? std::optional(static_cast<std::int32_t>(range.least)) : std::nullopt;
+    const Tally& tally = found->second;
+    if (tally.range.least == tally.range.most) return static_cast<std::int32_t>(tally.range.least);
+    return tally.allNameIt ? std::optional(static_cast<std::int32_t>(*tally.named)) : std::nullopt;
 }
 
 std::optional<UnitContradiction> CTradeUnits::ContradictionOf(std::string_view product) const {

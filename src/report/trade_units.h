@@ -30,8 +30,8 @@ class CTradeUnits {
 public:
     void Feed(const MatchRecord& trade);
 
-    /// The unit of a product, where all of its trades agree and leave no choice; index futures that go by a name
-    /// (股指) are asked for as "IF" too.
+    /// The unit of a product, where all of its trades agree: they leave no other, or all of them name it. Index futures
+    /// that go by a name (股指) are asked for as "IF" too.
     [[nodiscard]] std::optional<std::int32_t> UnitOf(std::string_view product) const;
 
     /// Nothing where all trades of the product agree.
@@ -46,6 +46,7 @@ private:
     struct Tally {
         Range range = {};                        ///< of the units that all trades allow
         std::optional<std::int64_t> named = {};  ///< the one that some of them name
+        bool allNameIt = true;                   ///< nobody's figures were rounded
         std::optional<UnitContradiction> contradiction = {};
     };
 

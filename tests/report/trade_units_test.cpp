@@ -102,6 +102,18 @@ TEST_F(TradeUnits, AreWhatAllTradesTogetherLeave) {
     EXPECT_EQ(UnitOf("a"), 10);
 }
 
+// 2 for 20 names 10 of the units from 8 to 13; fills of 2.35 on the average, printed as 2, would name another by
+// chance.
+TEST_F(TradeUnits, ArentKnownWhereOnlySomeTradesNameOneOfAChoice) {
+    Feed("p2405", "2", "1", "20.00");
+    EXPECT_EQ(UnitOf("p"), 10);
+    Feed("p2405", "2", "1", "21.00");
+    EXPECT_EQ(UnitOf("p"), 0);
+    EXPECT_FALSE(units_.ContradictionOf("p"));
+    Feed("p2405", "3000", "1", "30000.00");
+    EXPECT_EQ(UnitOf("p"), 10);
+}
+
 TEST_F(TradeUnits, ArentKnownWhereTradesContradictEachOther) {
     Feed("rb2405", "4000", "1", "40000.00", "20240102");
     Feed("rb2405", "4000", "1", "20000.00", "20240103");
