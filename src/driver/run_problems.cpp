@@ -1,8 +1,10 @@
 #include "driver/run_problems.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstdio>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,6 +42,10 @@ std::string PictureText(const PictureFailure& picture) {
     return WithReason("can't write the picture " + ShownPath(picture.path), picture.reason);
 }
 
+std::string FolderText(const UnwrittenFile& folder) {
+    return WithReason("can't make the folder " + ShownPath(folder.path), folder.reason);
+}
+
 }  // namespace
 
 std::string ErrorCodeText(std::uint32_t code) {
@@ -59,11 +65,9 @@ std::string ErrorText(const RunError& error) {
 
 std::vector<std::string> ProblemTexts(const RunProblems& problems) {
     std::vector<std::string> texts;
-    for (const UnreadStatement& statement : problems.statements) texts.push_back(UnreadText(statement));
-    for (const UnwrittenFile& folder : problems.folders) {
-        texts.push_back(WithReason("can't make the folder " + ShownPath(folder.path), folder.reason));
-    }
-    for (const PictureFailure& picture : problems.pictures) texts.push_back(PictureText(picture));
+    std::ranges::transform(problems.statements, std::back_inserter(texts), UnreadText);
+    std::ranges::transform(problems.folders, std::back_inserter(texts), FolderText);
+    std::ranges::transform(problems.pictures, std::back_inserter(texts), PictureText);
     if (problems.page) {
         texts.push_back(WithReason("can't write the page " + ShownPath(problems.page->path), problems.page->reason));
     }

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <set>
@@ -9,6 +10,7 @@
 #include <string>
 
 #include "cli/program_fixture.h"
+#include "support/gbk_text.h"
 
 namespace tradebill::unit_option_test {
 namespace {

@@ -49,8 +49,8 @@ protected:
         CStatementLoader few(few_, StatementAccess::ReadAlone);
         few.WantOnlyRows(kind);
         for (const auto& [day, path] : Statements()) {
-            EXPECT_EQ(all.Load(day, path), StatementState::Read) << path;
-            EXPECT_EQ(few.Load(day, path), StatementState::Read) << path;
+            EXPECT_EQ(all.Load(day, path).state, StatementState::Read) << path;
+            EXPECT_EQ(few.Load(day, path).state, StatementState::Read) << path;
         }
     }
     static std::vector<std::string> Days(const CReport& report) {
