@@ -14,6 +14,7 @@
 #include "base/ini_file.h"
 #include "base/report_error.h"
 #include "cli/scan_report.h"
+#include "findings/template_against.h"
 #include "findings/template_check.h"
 #include "page/html_builder.h"
 #include "page/page_sections.h"
@@ -62,8 +63,13 @@ std::string_view UseTemplate(std::string_view input, CReport& report) {
     CFile file(path, FileMode::Create);
     static_cast<void>(file.Write(input.substr(0, end)));
     report.TemplatePath = path;
-    static_cast<void>(CheckTemplate(CIniFile::Parse(input.substr(0, end))));
-    return input.substr(std::min(end + 1, input.size()));
+    const std::string_view rest = input.substr(std::min(end + 1, input.size()));
+    const CIniFile parsed = CIniFile::Parse(input.substr(0, end));
+    static_cast<void>(CheckTemplate(parsed));
+    static_cast<void>(CheckTemplateAgainst(
+        parsed,
+        {.text = rest.substr(0, rest.find('\0')), .day = "20240102", .format = report.Request.StatementFormat}));
+    return rest;
 }
 
 /// An error ends a run, and only the reading.
