@@ -1,5 +1,6 @@
 #include "statistics/money_identity.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -18,11 +19,17 @@ namespace {
 constexpr int kLeastStatements = 5;
 constexpr int kCents = 2;
 
-/// The usual form comes first, so that it is taken where several hold alike.
-std::vector<BalanceForm> BalanceForms() {
+bool PrintsPremium(const PrintedMoney& money) {
+    return money[PrintedFigure::Premium] || money[PrintedFigure::PremiumReceived] || money[PrintedFigure::PremiumPaid];
+}
+
+/// The usual form comes first, so that it is taken where several hold alike. Turnover stands for a premium that isn't
+/// printed: it would hide one that is printed falsely.
+std::vector<BalanceForm> BalanceForms(bool isPremiumPrinted) {
     std::vector<BalanceForm> forms;
     for (const PremiumTerm premium :
          {PremiumTerm::Net, PremiumTerm::ReceivedLessPaid, PremiumTerm::Turnover, PremiumTerm::None}) {
+        if (premium == PremiumTerm::Turnover && isPremiumPrinted) continue;
         for (unsigned bits = 0; bits < 32; ++bits) {
             forms.push_back({.usesDayPL = (bits & 1U) != 0,
                              .addsExercisePL = (bits & 2U) == 0,
@@ -93,7 +100,7 @@ void FindMoneyIdentity(CReport& report) {
     if (report.IsForeign()) return;
     const auto balances = ThoseOf(report.PrintedMoney, HasBalance);
     const auto availables = ThoseOf(report.PrintedMoney, HasAvailable);
-    const std::vector<BalanceForm> forms = BalanceForms();
+    const std::vector<BalanceForm> forms = BalanceForms(std::ranges::any_of(report.PrintedMoney, PrintsPremium));
     report.MoneyIdentity = {
         .Statements = static_cast<int>(balances.size()),
         .Balance = FormOf(std::span(forms), balances),
