@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
@@ -34,11 +36,23 @@ bool States(const CReport& report, const StatementFacts& statement, PrintedFigur
     return false;
 }
 
+/// Whether its fees are more than those of exercises and deliveries, which counters may count among them.
+bool StatesTradeFees(const CReport& report, const StatementFacts& statement) {
+    for (std::size_t i = 0; i < statement.moneyCount; ++i) {
+        const PrintedMoney& money = report.PrintedMoney[statement.firstMoney + i];
+        const std::int64_t fees = money.Amount(PrintedFigure::Fees);
+        const std::int64_t exercise = money.Amount(PrintedFigure::ExerciseFees);
+        const std::int64_t delivery = money.Amount(PrintedFigure::DeliveryFees);
+        if (fees != 0 && fees != exercise && fees != delivery && fees != exercise + delivery) return true;
+    }
+    return false;
+}
+
 /// Why a statement must have rows in a table that it lacks; nothing if it needn't.
 std::optional<std::string_view> ReasonFor(const CReport& report, const StatementFacts& statement, SectionKind kind) {
     switch (kind) {
         case SectionKind::Trades:
-            if (States(report, statement, PrintedFigure::Fees)) return "its money figures state fees";
+            if (StatesTradeFees(report, statement)) return "its money figures state fees";
             if (!statement.lots.empty()) return "the open lots changed";
             break;
         case SectionKind::Closed:
