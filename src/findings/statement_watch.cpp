@@ -231,10 +231,11 @@ void CStatementWatch::TakeMoney() {
 bool CStatementWatch::IsRecognised() {
     const bool byTemplate = template_ == TemplateSeen::Outcome::Read || template_ == TemplateSeen::Outcome::KnownDay;
     const bool passedOver = hasReader_ ? !hasLookedForSections_ : template_ == TemplateSeen::Outcome::KnownDay;
-    if (passedOver) return true;
-    const bool foundSection = std::ranges::any_of(Facts().sections, &SectionFacts::IsFound);
     const bool isOfOther = !byTemplate && !BearsMarksOf(text_, report_.Request.StatementFormat, report_.IsForeign()) &&
                            !MarkedLayouts(text_).empty();
+    // Readers that find no date in any statement take all of them for the same day.
+    if (passedOver) return Facts().statesDay && !isOfOther;
+    const bool foundSection = std::ranges::any_of(Facts().sections, &SectionFacts::IsFound);
     return (foundSection || Facts().hasMoney) && !isOfOther;
 }
 
