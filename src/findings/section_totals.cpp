@@ -58,14 +58,14 @@ void CSectionTotals::Begin(std::string_view delimiter) {
     lots_ = 0;
 }
 
-bool CSectionTotals::AddRow(std::string_view row, Row columns) {
+bool CSectionTotals::AddRow(std::string_view line, Row columns) {
     bool areNumbers = true;
     const bool isFirst = rows_++ == 0;
     const std::size_t width = std::min(columns.size(), kMostColumns);
     width_ = std::max(width_, width);
     for (std::size_t i = 0; i < width; ++i) {
         Column& column = columns_[i];
-        column.end = static_cast<std::size_t>(columns[i].data() + columns[i].size() - row.data());
+        column.end = static_cast<std::size_t>(columns[i].data() + columns[i].size() - line.data());
         if (!isFirst && !column.isNumber) continue;
         const auto amount = ParseDecimal(columns[i]);
         if (amount) column.sum += amount->steps;
@@ -75,9 +75,10 @@ bool CSectionTotals::AddRow(std::string_view row, Row columns) {
     return areNumbers;
 }
 
-std::vector<CSectionTotals::Amount> CSectionTotals::AmountsOf(std::string_view row) const {
+std::vector<CSectionTotals::Amount> CSectionTotals::AmountsOf(std::string_view line) const {
     std::vector<Amount> amounts;
-    const std::string_view text = hasBars_ && row.starts_with('|') ? row.substr(1) : row;
+    std::string_view text = hasBars_ ? TrimLeft(line) : line;
+    if (hasBars_ && text.starts_with('|')) text.remove_prefix(1);
     const char* const delimiters = hasBars_ ? "|" : " \t|";
     std::size_t cell = 0;
     for (std::size_t begin = 0; begin < text.size(); ++cell) {
@@ -86,7 +87,7 @@ std::vector<CSectionTotals::Amount> CSectionTotals::AmountsOf(std::string_view r
         const auto amount = column.empty() ? std::nullopt : ParseDecimal(column);
         if (amount) {
             const std::size_t place =
-                hasBars_ ? cell : static_cast<std::size_t>(column.data() + column.size() - row.data());
+                hasBars_ ? cell : static_cast<std::size_t>(column.data() + column.size() - line.data());
             amounts.push_back({column, amount->steps, amount->places, place});
         }
         begin = end + 1;
@@ -108,22 +109,34 @@ bool CSectionTotals::IsSumOfAny(const Amount& amount) const {
 }
 
 /// A total stands below its column. Where the print is ragged it counts as right if it is the sum of any.
-std::optional<TotalFault> CSectionTotals::Compare(std::string_view row) const {
+std::optional<TotalFault> CSectionTotals::Compare(std::string_view line) const {
     TotalFault fault;
     fault.isWithinRounding = true;
-    if (const auto count = CountIn(row); count && *count != rows_) {
+    if (const auto count = CountIn(line); count && *count != rows_) {
         fault.expected = std::to_string(rows_) + " rows";
         fault.found = std::to_string(*count) + " rows";
         fault.isWithinRounding = false;
     }
-    if (rows_ == 0) return fault.found.empty() ? std::nullopt : std::optional(fault);
-    for (const Amount& amount : AmountsOf(row)) {
+    if (rows_ == 0) return fault.found.empty() ? CompareWithNothing(line) : std::optional(fault);
+    for (const Amount& amount : AmountsOf(line)) {
         const Column* const column = ColumnOf(amount);
         if (column == nullptr || !column->isNumber || column->sum == amount.steps) continue;
         if (amount.steps != 0 && IsSumOfAny(amount)) continue;
         const std::int64_t rounding = amount.places == 0 ? 0 : Decimal::HalfUnit(amount.places) * (rows_ + 1);
         fault.isWithinRounding &= std::abs(column->sum - amount.steps) <= rounding;
         Append(fault.expected, SumText(column->sum, amount.places));
+        Append(fault.found, amount.text);
+    }
+    return fault.found.empty() ? std::nullopt : std::optional(fault);
+}
+
+/// Of rows that are all gone. A count has told already.
+std::optional<TotalFault> CSectionTotals::CompareWithNothing(std::string_view line) const {
+    if (CountIn(line)) return std::nullopt;
+    TotalFault fault;
+    for (const Amount& amount : AmountsOf(line)) {
+        if (amount.steps == 0) continue;
+        Append(fault.expected, SumText(0, amount.places));
         Append(fault.found, amount.text);
     }
     return fault.found.empty() ? std::nullopt : std::optional(fault);
@@ -144,8 +157,8 @@ std::optional<TotalFault> CSectionTotals::CompareLots(std::string_view row) {
     return fault;
 }
 
-int CSectionTotals::CountAmounts(std::string_view row) const {
-    return static_cast<int>(AmountsOf(row).size());
+int CSectionTotals::CountAmounts(std::string_view line) const {
+    return static_cast<int>(AmountsOf(line).size());
 }
 
 }  // namespace tradebill

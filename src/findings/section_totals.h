@@ -18,17 +18,18 @@ public:
     /// Forgets the section before.
     void Begin(std::string_view delimiter);
 
-    /// Adds the columns of a row up. Returns false if one isn't a number that was one in the first row.
-    bool AddRow(std::string_view row, Row columns);
+    /// Adds the columns of a row up. `line` is the row with the blanks in front of it. Returns false if one isn't a
+    /// number that was one in the first row.
+    bool AddRow(std::string_view line, Row columns);
 
-    /// Compares `row`, a row of totals or a count, with the rows that were added. Nothing if it agrees.
-    [[nodiscard]] std::optional<TotalFault> Compare(std::string_view row) const;
+    /// Compares `line`, a row of totals or a count likewise, with the rows that were added. Nothing if it agrees.
+    [[nodiscard]] std::optional<TotalFault> Compare(std::string_view line) const;
 
     /// The same for a subtotal: only the number of lots, of the rows since the last one.
     [[nodiscard]] std::optional<TotalFault> CompareLots(std::string_view row);
 
     /// Amounts in a row of totals.
-    [[nodiscard]] int CountAmounts(std::string_view row) const;
+    [[nodiscard]] int CountAmounts(std::string_view line) const;
 
     /// Lots of a row, for its subtotal.
     void AddLots(int lots) { lots_ += lots; }
@@ -37,16 +38,17 @@ private:
     struct Column {
         std::int64_t sum = 0;
         bool isNumber = false;  ///< in the first row
-        std::size_t end = 0;    ///< bytes from the row's start to the column's end, in the last row
+        std::size_t end = 0;    ///< bytes from the line's start to the column's end, in the last row
     };
     struct Amount {
         std::string_view text;
         std::int64_t steps;
         int places;
-        std::size_t place;  ///< its column, where bars tell, or the bytes from the row's start to its end
+        std::size_t place;  ///< its column, where bars tell, or the bytes from the line's start to its end
     };
 
-    [[nodiscard]] std::vector<Amount> AmountsOf(std::string_view row) const;
+    [[nodiscard]] std::vector<Amount> AmountsOf(std::string_view line) const;
+    [[nodiscard]] std::optional<TotalFault> CompareWithNothing(std::string_view line) const;
     [[nodiscard]] const Column* ColumnOf(const Amount& amount) const;
     [[nodiscard]] bool IsSumOfAny(const Amount& amount) const;
 

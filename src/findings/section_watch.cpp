@@ -81,6 +81,12 @@ std::string_view CSectionWatch::Between(std::string_view above, std::string_view
     return to > from ? std::string_view(from, static_cast<std::size_t>(to - from)) : std::string_view();
 }
 
+std::string_view CSectionWatch::LineWith(std::string_view row) const {
+    const char* begin = row.data();
+    while (begin != text_.data() && begin[-1] != '\n') --begin;
+    return {begin, static_cast<std::size_t>(row.data() + row.size() - begin)};
+}
+
 int CSectionWatch::Beyond(std::string_view row, std::size_t columns) {
     // A sheet of money has a heading above each of its rows.
     if (!headingColumns_ || facts_.kind == SectionKind::Money) {
@@ -107,13 +113,13 @@ void CSectionWatch::TakeData(std::string_view row, Row columns, const RowVerdict
     switch (verdict.fate) {
         case RowFate::Read:
             TakeShape(row, columns.size(), lines);
-            if (!totals_.AddRow(row, columns) && record_) strange_ = FindStrangeAmount(*record_);
+            if (!totals_.AddRow(LineWith(row), columns) && record_) strange_ = FindStrangeAmount(*record_);
             if (strange_) TellStrangeAmount(row, columns.size(), lines);
             ++facts_.rowsRead;
             break;
         case RowFate::NoLots:
             TakeShape(row, columns.size(), lines);
-            static_cast<void>(totals_.AddRow(row, columns));
+            static_cast<void>(totals_.AddRow(LineWith(row), columns));
             if (StatesAmounts(columns)) TakeLostRow(row, columns.size(), lines);
             break;
         case RowFate::FirstOfPair:
@@ -201,8 +207,8 @@ void CSectionWatch::CompareTotals(CLineCounter& lines) {
     }
     if (totals.empty()) return;
     facts_.totalRow = lines.LineOf(totals);
-    facts_.totalColumns = totals_.CountAmounts(totals);
-    AddTotalFault(totals_.Compare(totals), totals, lines);
+    facts_.totalColumns = totals_.CountAmounts(LineWith(totals));
+    AddTotalFault(totals_.Compare(LineWith(totals)), totals, lines);
 }
 
 SectionFacts CSectionWatch::End(CLineCounter& lines) {

@@ -55,6 +55,8 @@ private:
     void LookForUnreadRows(std::string_view rows, CLineCounter& lines);
     void CompareTotals(CLineCounter& lines);
     void AddTotalFault(std::optional<TotalFault> fault, std::string_view row, CLineCounter& lines);
+    /// `row`, a row of the text, with the blanks in front of it.
+    [[nodiscard]] std::string_view LineWith(std::string_view row) const;
     /// The rows of the text between two of its rows.
     [[nodiscard]] std::string_view Between(std::string_view above, std::string_view below) const;
 
