@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <functional>
 #include <iostream>
 #include <optional>
 #include <span>
@@ -63,6 +64,12 @@ std::string Quoted(std::string_view word) {
     return quoted + "'";
 }
 
+/// Notes are for who asks for them, and the run itself tells of files that it couldn't read.
+bool IsNews(const Finding& finding) {
+    return finding.severity != Severity::Note && finding.code != FindingCode::Unreadable &&
+           finding.code != FindingCode::NotAFile;
+}
+
 std::string NameOf(const Finding& finding) {
     return std::string(SeverityName(finding.severity)) + " " + std::string(KindOf(finding.code).name);
 }
@@ -94,13 +101,14 @@ std::string CheckCommandLine(const ReportOptions& options) {
 
 void ShowFindings(std::span<const Finding> findings, const ReportOptions& options) {
     constexpr std::size_t kMostShown = 10;
-    if (!HasWarnings(findings)) return;
-    const std::span<const Finding> shown = findings.first(std::min(findings.size(), kMostShown));
-    for (const Finding& finding : shown) {
+    std::vector<Finding> news(findings.begin(), findings.end());
+    std::erase_if(news, std::not_fn(IsNews));
+    if (news.empty()) return;
+    const std::size_t shown = std::min(news.size(), kMostShown);
+    for (const Finding& finding : std::span(news).first(shown)) {
         std::cerr << "tradebill: " << NameOf(finding) << ": " << FindingLine(finding) << "\n";
     }
-    const std::size_t left = findings.size() - shown.size();
-    const std::string more = left == 0 ? "" : "and " + std::to_string(left) + " more; ";
+    const std::string more = news.size() == shown ? "" : "and " + std::to_string(news.size() - shown) + " more; ";
     std::cerr << "tradebill: " << more << "all of them, and what to do: " << CheckCommandLine(options) << "\n";
 }
 

@@ -33,7 +33,8 @@ private:
     CStatementWatch watch_;
 };
 
-/// Shows the ten worst on stderr, and by which command all are shown. Nothing if there is nothing above a note.
+/// Shows the ten worst on stderr, and by which command all are shown: those above a note, but for statements that
+/// can't be read, which a run tells of itself.
 void ShowFindings(std::span<const Finding> findings, const ReportOptions& options);
 
 /// The command that shows all findings of a report with these options, as a shell takes it.

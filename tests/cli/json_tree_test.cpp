@@ -194,7 +194,7 @@ TEST_F(JsonTree, IsWrittenForAnyContent) {
                                  offsets + Lines("chains", chains) + Lines("days", Json::array()) + usage +
                                  ",\n\"account\": " + FigureTree(report.AccountStatistics, kAccountFigures).dump() +
                                  ",\n\"units\": [{\"product\":\"豆粕P\",\"unit\":10,\"source\":\"trades\"}," +
-                                 "{\"product\":\"x\\\"\",\"unit\":-1,\"source\":\"none\"}]}\n";
+                                 "{\"product\":\"x\\\"\",\"unit\":-1,\"source\":\"none\"}],\n\"findings\": []}\n";
 
     const CAskedSource products;
     report.Products = &products;
@@ -218,7 +218,7 @@ TEST_F(JsonTree, IsWrittenForNothing) {
         expected += ",\n\"" + std::string(list) + "\": []";
     }
     expected += ",\n\"account\": " + FigureTree(report.AccountStatistics, kAccountFigures).dump();
-    expected += ",\n\"units\": []}\n";
+    expected += ",\n\"units\": [],\n\"findings\": []}\n";
     EXPECT_EQ(out.str(), expected);
 }
 

@@ -46,10 +46,10 @@ protected:
     [[nodiscard]] Json Written() const { return Json::parse(Text()); }
 };
 
-TEST_F(JsonWriter, WritesOneObjectOfTwelveMembers) {
+TEST_F(JsonWriter, WritesOneObjectOfThirteenMembers) {
     const std::string text = Text();
     EXPECT_EQ(KeysOf(Json::parse(text)), (Names{"money", "currencies", "matches", "closed", "positions", "positionSums",
-                                                "offsets", "chains", "days", "usage", "account", "units"}));
+                                                "offsets", "chains", "days", "usage", "account", "units", "findings"}));
 }
 
 TEST_F(JsonWriter, WritesEmptyStoresAsEmptyLists) {

@@ -265,18 +265,20 @@ TEST_F(Options, WarnOfATemplateForForeignStatementsWhichTakeNone) {
     EXPECT_TRUE(Warnings().empty());
 }
 
-TEST_F(Options, WarnOfAReportThatEndsTodayWithoutLiveFigures) {
+TEST_F(Options, TellAReportThatEndsTodayWithoutLiveFigures) {
+    const auto lacksFigures = [this] { return PrepareRequest(options_).lacksLiveFigures; };
     UseDates("2024-1-2", today_);
-    EXPECT_TRUE(WarnsOnlyOf("--live"));
+    EXPECT_TRUE(lacksFigures());
+    EXPECT_TRUE(Warnings().empty());
     options_.from.reset();
     options_.to.reset();
-    EXPECT_TRUE(WarnsOnlyOf("--live"));
+    EXPECT_TRUE(lacksFigures());
     UseDates("2024-1-2", today_);
     options_.liveFile = root_.Write("live.ini", "[BASE]\n");
-    EXPECT_TRUE(Warnings().empty());
+    EXPECT_FALSE(lacksFigures());
     UseDates("2024-1-2", "2024-1-3");
     options_.liveFile.reset();
-    EXPECT_TRUE(Warnings().empty());
+    EXPECT_FALSE(lacksFigures());
 }
 
 TEST_F(Options, BringTheTablesOfAHost) {

@@ -29,7 +29,7 @@ protected:
         const std::string file = folder_.Path("run.json");
         const Answer answer = Run(Report("--quiet --json " + Quoted(file) + " " + more));
         EXPECT_EQ(answer.exit, 0) << answer.err;
-        EXPECT_EQ(answer.err, "");
+        doubts_ = answer.err;
         units_ = Json::parse(ReadFile(file))["units"];
         return ReadFile(PageFile());
     }
@@ -61,6 +61,7 @@ protected:
     }
 
     Json units_;
+    std::string doubts_;  ///< what the run said on stderr
 };
 
 TEST_F(UnitOption, NeedsntBeGivenForWhatTheTradesTell) {
@@ -76,7 +77,9 @@ TEST_F(UnitOption, NeedsntBeGivenForWhatTheTradesTell) {
 TEST_F(UnitOption, CanSayThatUnitsAreOne) {
     const std::string file = folder_.Write("ones.ini", "[UNITS]\n");
     const std::string ones = Page("--units " + Quoted(file));
+    EXPECT_TRUE(Says(doubts_, "error unit: The unit of i isn't what the account's own trades say.")) << doubts_;
     EXPECT_TRUE(Page("--units none") == ones);
+    EXPECT_EQ(doubts_, "");
     EXPECT_EQ(Sources(), (std::set<std::string>{"none"}));
     EXPECT_EQ(Units().at("i"), 1);
     EXPECT_FALSE(Page("") == ones);
@@ -85,6 +88,7 @@ TEST_F(UnitOption, CanSayThatUnitsAreOne) {
 TEST_F(UnitOption, DecidesAgainstTheTradesIfItIsAFile) {
     const std::string expected = Page("");
     EXPECT_FALSE(Page("--units " + Quoted(folder_.Write("wrong.ini", "[UNITS]\ni=10\n"))) == expected);
+    EXPECT_TRUE(Says(doubts_, "unit of i isn't what the account's own trades say. Expected 100, found 10.")) << doubts_;
     EXPECT_EQ(Units().at("i"), 10);
     EXPECT_EQ(Units().at("m"), 1);
     EXPECT_EQ(Sources(), (std::set<std::string>{"file", "none"}));

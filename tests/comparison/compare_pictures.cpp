@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <ios>
 #include <iostream>
 #include <iterator>
 #include <optional>
@@ -92,7 +93,7 @@ bool IsSame(const std::string& name, const fs::path& folder, const fs::path& oth
     }
     if (result.differing == 0) return true;
     std::cout << name << ": " << result.differing << " pixels differ\n";
-    static_cast<void>(SavePng(result.shown, (differences / (name + ".png")).string()));
+    std::ofstream(differences / (name + ".png"), std::ios::binary) << EncodePng(result.shown);
     return false;
 }
 

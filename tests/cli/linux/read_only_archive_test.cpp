@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 class ReadOnlyArchive : public ReportFixture {
 protected:
     ReadOnlyArchive() {
-        PutStatement("20240102", "1500.25");
+        PutStatement("20240102", "1000.00");  // what the next day opens with
         PutStatement("20240103", "1600.25");
         fs::permissions(root_.Path(), fs::perms::all);
     }
