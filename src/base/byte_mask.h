@@ -36,6 +36,10 @@ template <class Test>
     return MaskOf(text, at, IsWhiteSpace);
 }
 
+[[nodiscard]] inline std::uint64_t WideMask(std::string_view text, std::size_t at) {
+    return MaskOf(text, at, [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
+}
+
 }  // namespace plain
 
 #ifdef __SSE2__
@@ -96,15 +100,24 @@ template <class Test, class PlainTest>
     return MaskOf(text, at, test, IsWhiteSpace);
 }
 
+/// The bytes that are no ASCII: those whose highest bit is set, which is what a vector's bits are made of.
+[[nodiscard]] inline std::uint64_t WideMask(std::string_view text, std::size_t at) {
+    return MaskOf(
+        text, at, [](__m128i bytes) { return bytes; },
+        [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
+}
+
 }  // namespace sse2
 
 using sse2::EqualMask;
 using sse2::WhiteSpaceMask;
+using sse2::WideMask;
 
 #else
 
 using plain::EqualMask;
 using plain::WhiteSpaceMask;
+using plain::WideMask;
 
 #endif
 

@@ -1,5 +1,7 @@
 #include "base/decimal.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -13,6 +15,12 @@ namespace {
 constexpr int kMostPlaces = 4;
 constexpr int kMostWholeDigits = 14;
 
+/// Adds the digits from `at` on to `number`, which wraps where they are too many. Returns where they end.
+const char* TakeDigits(const char* at, const char* end, std::uint64_t& number) {
+    for (; at != end && IsDigit(*at); ++at) number = number * 10 + static_cast<std::uint64_t>(*at - '0');
+    return at;
+}
+
 }  // namespace
 
 std::optional<Decimal> ParseDecimal(std::string_view text) {
@@ -22,25 +30,27 @@ std::optional<Decimal> ParseDecimal(std::string_view text) {
     const bool isNegative = at != end && *at == '-';
     if (isNegative || (at != end && *at == '+')) ++at;
 
-    std::int64_t steps = 0;
-    int digits = 0;
-    for (; at != end && (IsDigit(*at) || (*at == ',' && digits > 0)); ++at) {
-        if (*at == ',') continue;
-        if (++digits > kMostWholeDigits) return std::nullopt;
-        steps = steps * 10 + (*at - '0');
+    std::uint64_t steps = 0;
+    const char* const whole = at;
+    std::ptrdiff_t marks = 0;
+    for (;; ++at, ++marks) {  // once, unless thousands are marked
+        at = TakeDigits(at, end, steps);
+        if (at == end || *at != ',' || at == whole) break;
     }
-    int places = 0;
+    const std::ptrdiff_t digits = at - whole - marks;
+    std::ptrdiff_t places = 0;
+    bool hasPlaces = false;
     if (at != end && *at == '.') {
-        for (++at; at != end && IsDigit(*at); ++at, ++digits) {
-            if (places == kMostPlaces) continue;
-            steps = steps * 10 + (*at - '0');
-            ++places;
-        }
+        const char* const point = ++at;
+        at = TakeDigits(at, std::min(end, point + kMostPlaces), steps);
+        places = at - point;
+        hasPlaces = places > 0;
+        while (at != end && IsDigit(*at)) ++at;
     }
-    if (at != end || digits == 0) return std::nullopt;
+    if (at != end || digits > kMostWholeDigits || (digits == 0 && !hasPlaces)) return std::nullopt;
     constexpr std::int64_t kPowers[] = {10000, 1000, 100, 10, 1};
-    steps *= kPowers[places];
-    return Decimal{isNegative ? -steps : steps, places};
+    const std::int64_t scaled = static_cast<std::int64_t>(steps) * kPowers[places];
+    return Decimal{isNegative ? -scaled : scaled, static_cast<int>(places)};
 }
 
 std::string DecimalText(std::int64_t steps) {

@@ -47,7 +47,7 @@ void CLotsBook::BeginDay() {
     }
 }
 
-void CLotsBook::AddTrade(const MatchRecord& row) {
+bool CLotsBook::AddTrade(const MatchRecord& row) {
     Contract& contract = Find(FieldText(row.CONTRACT), FieldText(row.DELIVERY));
     const std::string_view offset = FieldText(row.OFFSET);
     const int lots = IntegerIn(row.MATCH_VOL);
@@ -60,6 +60,7 @@ void CLotsBook::AddTrade(const MatchRecord& row) {
     } else {
         contract.isUnclear = true;
     }
+    return contract.isOption;
 }
 
 void CLotsBook::AddForeignTrade(const MatchRecord& row) {

@@ -31,7 +31,8 @@ public:
     /// Begins with a statement; what it holds of an open day that wasn't ended is dropped.
     void BeginDay();
 
-    void AddTrade(const MatchRecord& row);
+    /// Returns whether it is a trade of an option.
+    bool AddTrade(const MatchRecord& row);
     void AddOpen(const OpiDetail& row);
     void AddOpen(const OpiSum& row);
 

@@ -1,30 +1,15 @@
 #include "findings/row_shapes.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <string_view>
 #include <vector>
 
 #include "base/gbk.h"
 #include "base/text.h"
+#include "readers/section_scan.h"
 
 namespace tradebill {
-namespace {
-
-/// Rules are long, and there are several in each section.
-constexpr std::array<bool, 256> kIsOfRule = [] {
-    std::array<bool, 256> marks{};
-    for (const char byte : std::string_view("-=_+|*~ \t\r")) marks[static_cast<unsigned char>(byte)] = true;
-    return marks;
-}();
-
-}  // namespace
-
-bool IsRuleRow(std::string_view row) {
-    return std::ranges::all_of(row, [](char byte) { return kIsOfRule[static_cast<unsigned char>(byte)]; });
-}
-
 bool IsHeadingRow(std::string_view row) {
     return std::ranges::none_of(row, IsDigit);
 }
@@ -45,7 +30,7 @@ std::size_t HeadingColumns(std::string_view rows, std::string_view delimiter, bo
     std::string_view heading;
     while (!rows.empty()) {
         const std::string_view row = Trim(TakeLine(rows));
-        if (!row.empty() && !IsRuleRow(row) && IsHeadingRow(row)) heading = row;
+        if (!row.empty() && !IsRule(row) && IsHeadingRow(row)) heading = row;
     }
     return heading.empty() ? 0 : CountColumns(heading, delimiter, stripsBars);
 }

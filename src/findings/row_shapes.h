@@ -6,9 +6,6 @@
 
 namespace tradebill {
 
-/// Nothing but dashes, equals signs, bars and their like.
-[[nodiscard]] bool IsRuleRow(std::string_view row);
-
 /// No digit in it.
 [[nodiscard]] bool IsHeadingRow(std::string_view row);
 

@@ -53,6 +53,7 @@ void Append(std::string& list, std::string_view text) {
 void CSectionTotals::Begin(std::string_view delimiter) {
     columns_ = {};
     width_ = 0;
+    numbers_ = 0;
     hasBars_ = delimiter == "|";
     rows_ = 0;
     lots_ = 0;
@@ -69,7 +70,10 @@ bool CSectionTotals::AddRow(std::string_view line, Row columns) {
         if (!isFirst && !column.isNumber) continue;
         const auto amount = ParseDecimal(columns[i]);
         if (amount) column.sum += amount->steps;
-        if (isFirst) column.isNumber = amount && !IsName(columns[i]);
+        if (isFirst) {
+            column.isNumber = amount && !IsName(columns[i]);
+            if (amount) numbers_ |= 1U << i;
+        }
         areNumbers &= amount.has_value() || !column.isNumber;
     }
     return areNumbers;

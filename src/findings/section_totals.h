@@ -22,6 +22,9 @@ public:
     /// number that was one in the first row.
     bool AddRow(std::string_view line, Row columns);
 
+    /// The columns that are numbers in the first row, as bits.
+    [[nodiscard]] unsigned Numbers() const { return numbers_; }
+
     /// Compares `line`, a row of totals or a count likewise, with the rows that were added. Nothing if it agrees.
     [[nodiscard]] std::optional<TotalFault> Compare(std::string_view line) const;
 
@@ -54,6 +57,7 @@ private:
 
     static constexpr std::size_t kMostColumns = 32;
     std::array<Column, kMostColumns> columns_{};
+    unsigned numbers_ = 0;
     std::size_t width_ = 0;  ///< columns in use
     bool hasBars_ = false;
     int rows_ = 0;

@@ -6,7 +6,6 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <variant>
 #include <vector>
 
 #include "base/byte_mask.h"
@@ -18,6 +17,7 @@
 #include "findings/section_totals.h"
 #include "platform/text_encoding.h"
 #include "readers/scan_listener.h"
+#include "readers/section_scan.h"
 #include "report/records.h"
 
 namespace tradebill {
@@ -50,8 +50,9 @@ int CLineCounter::LineOf(std::string_view row) {
     return line_;
 }
 
-void CSectionWatch::Begin(const SectionSeen& seen, std::string_view text) {
+void CSectionWatch::Begin(const SectionSeen& seen, std::string_view text, RecordLife life) {
     seen_ = seen;
+    life_ = life;
     text_ = text;
     facts_ = {};
     facts_.kind = seen.kind;
@@ -63,16 +64,33 @@ void CSectionWatch::Begin(const SectionSeen& seen, std::string_view text) {
     headingColumns_.reset();
     strange_.reset();
     record_.reset();
+    amounts_ = 0;
+    tellsAmounts_ = false;
     isOpen_ = true;
 }
 
 void CSectionWatch::OnRecord(const RecordSeen& record) {
-    // Those of closed positions may end with their row, and the first of a section has none before it to compare with.
-    if (facts_.rowsRead == 0 || std::holds_alternative<const PingDetail*>(record)) {
-        if (!strange_) strange_ = FindStrangeAmount(record);
-    } else {
+    if (life_ == RecordLife::Stays) {
         record_ = record;
+    } else if (!strange_) {
+        strange_ = FindStrangeAmount(record);
     }
+}
+
+void CSectionWatch::OnColumns(std::span<const ColumnSeen> columns) {
+    for (const ColumnSeen& column : columns) {
+        if (column.isAmount && column.column < kMostColumns) amounts_ |= 1U << column.column;
+    }
+}
+
+/// Where all columns of amounts are numbers in the first row, they tell of themselves whether they are in a later one.
+void CSectionWatch::LookForStrangeAmount(Row columns, bool areNumbers) {
+    if (!record_) return;
+    if (facts_.rowsRead == 0) {
+        const unsigned amounts = columns.size() < kMostColumns ? amounts_ & ((1U << columns.size()) - 1) : amounts_;
+        tellsAmounts_ = amounts != 0 && (totals_.Numbers() & amounts) == amounts;
+    }
+    if (!tellsAmounts_ || !areNumbers) strange_ = FindStrangeAmount(*record_);
 }
 
 std::string_view CSectionWatch::Between(std::string_view above, std::string_view below) const {
@@ -89,10 +107,15 @@ std::string_view CSectionWatch::LineWith(std::string_view row) const {
 
 int CSectionWatch::Beyond(std::string_view row, std::size_t columns) {
     // A sheet of money has a heading above each of its rows.
-    if (!headingColumns_ || facts_.kind == SectionKind::Money) {
-        const std::string_view above =
-            facts_.kind == SectionKind::Money && !lastRow_.empty() ? lastRow_ : seen_.titleRow;
-        headingColumns_ = static_cast<int>(HeadingColumns(Between(above, row), seen_.delimiter, seen_.stripsBars));
+    const bool isMoney = facts_.kind == SectionKind::Money;
+    if (!headingColumns_ || isMoney) {
+        Known& known = KnownOfKind();
+        const std::string_view heading = Between(isMoney && !lastRow_.empty() ? lastRow_ : seen_.titleRow, row);
+        if (known.heading != heading) {
+            known.heading = heading;
+            known.headingColumns = static_cast<int>(HeadingColumns(heading, seen_.delimiter, seen_.stripsBars));
+        }
+        headingColumns_ = known.headingColumns;
     }
     return static_cast<int>(columns) - *headingColumns_;
 }
@@ -113,7 +136,7 @@ void CSectionWatch::TakeData(std::string_view row, Row columns, const RowVerdict
     switch (verdict.fate) {
         case RowFate::Read:
             TakeShape(row, columns.size(), lines);
-            if (!totals_.AddRow(LineWith(row), columns) && record_) strange_ = FindStrangeAmount(*record_);
+            LookForStrangeAmount(columns, totals_.AddRow(LineWith(row), columns));
             if (strange_) TellStrangeAmount(row, columns.size(), lines);
             ++facts_.rowsRead;
             break;
@@ -129,7 +152,7 @@ void CSectionWatch::TakeData(std::string_view row, Row columns, const RowVerdict
             AddTotalFault(totals_.CompareLots(row), row, lines);
             break;
         case RowFate::TooShort:
-            if (!IsRuleRow(row) && !IsHeadingRow(row) && !IsTotalRow(row)) TakeLostRow(row, columns.size(), lines);
+            if (!IsRule(row) && !IsHeadingRow(row) && !IsTotalRow(row)) TakeLostRow(row, columns.size(), lines);
             break;
         default:
             break;
@@ -172,7 +195,10 @@ void CSectionWatch::LookForUnreadRows(CLineCounter& lines) {
     if (firstRow_.empty()) {
         LookForUnreadRows(Between(seen_.titleRow, seen_.terminatorRow), lines);
     } else {
-        LookForUnreadRows(Between(seen_.titleRow, firstRow_), lines);
+        const std::string_view heading = Between(seen_.titleRow, firstRow_);
+        const std::size_t faults = facts_.faults.size();
+        if (KnownOfKind().soundHeading != heading) LookForUnreadRows(heading, lines);
+        if (facts_.faults.size() == faults) KnownOfKind().soundHeading = heading;
         LookForUnreadRows(Between(lastRow_, seen_.terminatorRow), lines);
     }
 }
@@ -181,7 +207,7 @@ void CSectionWatch::LookForUnreadRows(std::string_view rows, CLineCounter& lines
     std::vector<std::string_view> columns;
     while (!rows.empty()) {
         const std::string_view row = Trim(TakeLine(rows));
-        if (row.empty() || IsRuleRow(row) || IsTotalRow(row) || IsHeadingRow(row)) continue;
+        if (row.empty() || IsRule(row) || IsTotalRow(row) || IsHeadingRow(row)) continue;
         const std::size_t count = SplitText(seen_.stripsBars ? TrimByte(row, '|') : row, seen_.delimiter, columns);
         if (count >= seen_.minColumns && LooksLikeData(columns)) TakeLostRow(row, count, lines);
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -18,22 +19,21 @@ namespace {
 
 constexpr std::size_t kHeadBytes = 4096;  // what a statement says of itself stands above its tables
 
-bool IsAscii(char byte) {
-    return static_cast<unsigned char>(byte) < 0x80;
-}
-
-/// Where the first byte stands that is no ASCII, from `at` on.
-std::size_t SkipAscii(std::string_view text, std::size_t at) {
-    constexpr std::size_t kStep = 4 * kWordBytes;
-    const auto bitsAt = [&](std::size_t place) { return LoadWord(text.data() + place); };
-    while (at + kStep <= text.size() &&
-           ((bitsAt(at) | bitsAt(at + kWordBytes) | bitsAt(at + 2 * kWordBytes) | bitsAt(at + 3 * kWordBytes)) &
-            kHighBits) == 0) {
-        at += kStep;
+/// Calls `onCharacter(at)` for each byte that is no ASCII and in none of the characters before it; it returns the bytes
+/// of the character that begins there, or 0 to stop. Returns where it stopped, or npos.
+template <class OnCharacter>
+std::size_t FindAmongWide(std::string_view text, OnCharacter onCharacter) {
+    std::size_t next = 0;
+    for (std::size_t block = 0; block < text.size(); block += kMaskedBytes) {
+        for (std::uint64_t mask = WideMask(text, block); mask != 0; mask &= mask - 1) {
+            const std::size_t at = block + static_cast<std::size_t>(std::countr_zero(mask));
+            if (at < next) continue;
+            const std::size_t length = onCharacter(at);
+            if (length == 0) return at;
+            next = at + length;
+        }
     }
-    while (at + kWordBytes <= text.size() && (bitsAt(at) & kHighBits) == 0) at += kWordBytes;
-    while (at < text.size() && IsAscii(text[at])) ++at;
-    return at;
+    return std::string_view::npos;
 }
 
 int RowAt(std::string_view text, std::size_t at) {
@@ -55,13 +55,12 @@ std::size_t Utf8Length(std::string_view text, std::size_t at) {
 bool ReadsAsUtf8(std::string_view text) {
     constexpr std::size_t kLongest = 4;
     bool hasCharacters = false;
-    for (std::size_t at = SkipAscii(text, 0); at < text.size(); at = SkipAscii(text, at)) {
+    const std::size_t strange = FindAmongWide(text, [&](std::size_t at) {
         const std::size_t length = Utf8Length(text, at);
-        if (length == 0) return hasCharacters && at + kLongest > text.size();
-        hasCharacters = true;
-        at += length;
-    }
-    return hasCharacters;
+        hasCharacters |= length > 0;
+        return length;
+    });
+    return hasCharacters && (strange == std::string_view::npos || strange + kLongest > text.size());
 }
 
 bool IsGbkPair(std::string_view text, std::size_t at) {
@@ -73,11 +72,10 @@ bool IsGbkPair(std::string_view text, std::size_t at) {
 
 /// Where the first byte stands that belongs to no character of GBK. Half a character at the very end is a cut file's.
 std::optional<std::size_t> FirstStrangeByte(std::string_view text) {
-    for (std::size_t at = SkipAscii(text, 0); at < text.size(); at = SkipAscii(text, at)) {
-        if (!IsGbkPair(text, at)) return at + 1 == text.size() ? std::nullopt : std::optional(at);
-        at += 2;
-    }
-    return std::nullopt;
+    constexpr std::size_t kPair = 2;
+    const std::size_t strange = FindAmongWide(text, [&](std::size_t at) { return IsGbkPair(text, at) ? kPair : 0; });
+    const bool isCut = strange + 1 == text.size();
+    return strange == std::string_view::npos || isCut ? std::nullopt : std::optional(strange);
 }
 
 std::string_view Head(std::string_view text) {

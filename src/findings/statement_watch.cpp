@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -29,7 +30,6 @@
 #include "readers/statement_loader.h"
 #include "report/money_record.h"
 #include "report/printed_money.h"
-#include "report/product_text.h"
 #include "report/records.h"
 #include "report/report.h"
 
@@ -129,6 +129,8 @@ void CStatementWatch::OnTemplate(const TemplateSeen& seen) {
 
 void CStatementWatch::OnReader(std::string_view layout) {
     if (hasLookedForSections_) BeginPass();
+    if (layout_ != layout) section_.Forget();
+    layout_ = layout;
     Facts().layout = layout;
     hasReader_ = true;
 }
@@ -152,7 +154,11 @@ void CStatementWatch::OnSection(const SectionSeen& seen) {
     EndSection();
     hasLookedForSections_ = true;
     if (seen.kind == SectionKind::Money && moneySeen_.titleRow.empty()) moneySeen_ = seen;
-    section_.Begin(seen, text_);
+    section_.Begin(seen, text_, report_.IsForeign() ? RecordLife::EndsWithRow : RecordLife::Stays);
+}
+
+void CStatementWatch::OnColumns(std::span<const ColumnSeen> columns) {
+    section_.OnColumns(columns);
 }
 
 void CStatementWatch::OnRow(std::string_view row, Row columns, const RowVerdict& verdict) {
@@ -193,10 +199,10 @@ void CStatementWatch::TakeTrade(const MatchRecord& row) {
         section_.OnLots(IntegerIn(row.MATCH_VOL));
         return;
     }
-    lots_.AddTrade(row);
+    const bool isOption = lots_.AddTrade(row);
     if (talliesUnits_) units_.Feed(row);
     Facts().hasClosingTrades |= Contains(FieldText(row.OFFSET), "平"_gbk);
-    if (IsOptionContract(FieldText(row.CONTRACT))) {
+    if (isOption) {
         printed_.HasOptionTrades = true;
         printed_.OptionTurnover += TurnoverOf(row);
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,6 +40,7 @@ public:
     void OnReader(std::string_view layout) override;
     void OnDate(std::string_view dateWord, std::string_view date) override;
     void OnSection(const SectionSeen& seen) override;
+    void OnColumns(std::span<const ColumnSeen> columns) override;
     void OnRow(std::string_view row, Row columns, const RowVerdict& verdict) override;
     void OnLabelWanted(std::string_view label) override;
     void OnLabelMet(std::string_view label) override;
@@ -67,6 +69,7 @@ private:
     std::string_view text_;
     CLineCounter lines_;
     CSectionWatch section_;
+    std::string layout_;  ///< of the last reader
     SectionSeen moneySeen_{};
     std::optional<MoneyRecord> money_;
     PrintedMoney printed_;

@@ -12,6 +12,7 @@
 #include "base/decimal.h"
 #include "base/gbk.h"
 #include "base/text.h"
+#include "readers/section_scan.h"
 #include "report/money_record.h"
 #include "report/printed_money.h"
 #include "report/statement_format.h"
@@ -121,14 +122,8 @@ public:
     [[nodiscard]] bool HasFigures() const { return hasFigures_; }
 
     void ReadLine(std::string_view line) {
-        const std::vector<std::string_view> columns = ColumnsOf(line);
-        if (!heading_.empty() && columns.size() == heading_.size()) {
-            for (std::size_t i = 0; i < columns.size(); ++i) Take(heading_[i], columns[i]);
-            heading_.clear();
-        } else if (std::ranges::none_of(line, IsDigit)) {
-            TakeHeading(columns);
-        } else {
-            ReadPairs(line);
+        if (heading_.empty() || !ReadColumns(ColumnsOf(line))) {
+            if (!ReadPairs(line)) TakeHeading(ColumnsOf(line));
         }
     }
 
@@ -150,36 +145,46 @@ private:
         }
     }
 
-    void ReadPairs(std::string_view rest) {
-        std::string label;
+    /// The figures below a heading. Returns false for a line that has other columns.
+    bool ReadColumns(const std::vector<std::string_view>& columns) {
+        if (columns.size() != heading_.size()) return false;
+        for (std::size_t i = 0; i < columns.size(); ++i) Take(heading_[i], columns[i]);
+        heading_.clear();
+        return true;
+    }
+
+    /// Figures behind their labels. Returns false for a line without a number.
+    bool ReadPairs(std::string_view line) {
+        bool hasNumber = false;
         bool atBoundary = true;
-        while (!rest.empty()) {
-            if (IsBetweenWords(rest.front())) {
+        label_.clear();
+        const char* const end = line.data() + line.size();
+        for (const char* at = line.data(); at != end;) {
+            const std::string_view rest(at, static_cast<std::size_t>(end - at));
+            if (IsBetweenWords(*at)) {
                 atBoundary = true;
-                rest.remove_prefix(1);
+                ++at;
             } else if (atBoundary && StartsNumber(rest)) {
                 const std::string_view number = rest.substr(0, rest.find_first_of(" \t|"));
-                Take(label, number);
-                label.clear();
-                rest.remove_prefix(number.size());
+                Take(label_, number);
+                label_.clear();
+                hasNumber = true;
+                at += number.size();
             } else {
                 const std::string_view character = rest.substr(0, GbkCharacterLength(rest));
-                if (IsHanzi(character)) label += character;
+                if (IsHanzi(character)) label_ += character;
                 atBoundary = character == "："_gbk;
-                rest.remove_prefix(character.size());
+                at += character.size();
             }
         }
+        return hasNumber;
     }
 
     PrintedMoney& money_;
     std::vector<std::string> heading_;
+    std::string label_;
     bool hasFigures_ = false;
 };
-
-/// Also of a blank line.
-bool IsRule(std::string_view line) {
-    return line.find_first_not_of("-=_+ ") == std::string_view::npos;
-}
 
 int LineOf(std::string_view text, std::string_view row) {
     const auto offset = static_cast<std::size_t>(row.data() - text.data());
@@ -240,7 +245,7 @@ void ReadPrintedMoney(const MoneyBlock& block, PrintedMoney& money) {
     for (int line = 0; line < kMostLines && !rest.empty(); ++line) {
         const std::string_view row = Trim(TakeLine(rest));
         const bool isPastEnd = row.data() >= end.data();
-        if (IsRule(row)) {
+        if (row.empty() || IsRule(row)) {
             if (isPastEnd && reader.HasFigures() && (row.empty() || !block.endRow.empty())) return;
         } else {
             reader.ReadLine(row);

@@ -1,6 +1,7 @@
 #include "readers/section_scan.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
@@ -31,18 +32,19 @@ bool IsLineOfBox(std::string_view character) {
     return character >= "\xA9\xA4" && character <= "\xA9\xEF" && character.size() == 2;
 }
 
-/// Takes a character of which rules are made off the front.
-bool TakeRuleCharacter(std::string_view& row) {
-    constexpr std::string_view kThin = "-=_|+*~. ";
+/// The ASCII characters of which rules are made: rules are long, and every section has some.
+constexpr std::array<bool, 256> kIsOfRule = [] {
+    std::array<bool, 256> marks{};
+    for (const char byte : std::string_view("-=_|+*~. ")) marks[static_cast<unsigned char>(byte)] = true;
+    return marks;
+}();
+
+/// Bytes of the character of which rules are made that `row` begins with; 0 if it begins with another.
+std::size_t RuleCharacterLength(std::string_view row) {
     constexpr std::string_view kWide[] = {"—"_gbk, "－"_gbk, "＝"_gbk, "＿"_gbk, "…"_gbk, "｜"_gbk, "＋"_gbk, "　"_gbk};
-    if (Contains(kThin, row.substr(0, 1))) {
-        row.remove_prefix(1);
-        return true;
-    }
+    if (kIsOfRule[static_cast<unsigned char>(row.front())]) return 1;
     const std::string_view wide = row.substr(0, 2);
-    if (!IsLineOfBox(wide) && std::ranges::find(kWide, wide) == std::end(kWide)) return false;
-    row.remove_prefix(wide.size());
-    return true;
+    return IsLineOfBox(wide) || std::ranges::find(kWide, wide) != std::end(kWide) ? wide.size() : 0;
 }
 
 }  // namespace
@@ -50,7 +52,9 @@ bool TakeRuleCharacter(std::string_view& row) {
 bool IsRule(std::string_view row) {
     if (row.empty()) return false;
     while (!row.empty()) {
-        if (!TakeRuleCharacter(row)) return false;
+        const std::size_t length = RuleCharacterLength(row);
+        if (length == 0) return false;
+        row.remove_prefix(length);
     }
     return true;
 }
