@@ -133,13 +133,13 @@ inline void AddPairKeys(const MadeAccount& account, const MadeDay& before, const
 }
 
 /// An account with its pages, ready to be damaged.
-struct PrintedAccount {
+struct MadeStatements {
     MadeLayout layout;
     AccountWishes wishes;
     MadeAccount account;
     std::vector<MadePage> pages;
 
-    PrintedAccount(unsigned seed, MadeLayout madeLayout, const AccountWishes& wished)
+    MadeStatements(unsigned seed, MadeLayout madeLayout, const AccountWishes& wished)
         : layout(madeLayout), wishes(wished), account(CAccountMaker(seed, wished).Make()) {
         for (const MadeDay& day : account.days) pages.push_back(Print(day));
     }

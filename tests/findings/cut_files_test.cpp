@@ -46,7 +46,7 @@ bool IsErrorOf(const Finding& finding, const std::string& day) {
 }
 
 /// Cuts each day's file at every `step`th byte from its end.
-void CutEverywhere(const PrintedAccount& made, std::size_t day, std::size_t step) {
+void CutEverywhere(const MadeStatements& made, std::size_t day, std::size_t step) {
     std::vector<DayFile> files = made.Files();
     const std::string whole = files[day].bytes;
     const std::string records = RecordsOf(CCheckedRun(files, AskedFor(made.layout)).report);
@@ -71,7 +71,7 @@ void CutEverywhere(const PrintedAccount& made, std::size_t day, std::size_t step
 
 TEST(CutFiles, AreFoundInTheMiddle) {
     for (const MadeLayout layout : kMadeLayouts) {
-        const PrintedAccount made(8, layout, {.days = 6, .hasHoliday = false, .hasQuietDays = false});
+        const MadeStatements made(8, layout, {.days = 6, .hasHoliday = false, .hasQuietDays = false});
         std::vector<DayFile> files = made.Files();
         files[3].bytes.resize(files[3].bytes.size() / 2);
         EXPECT_TRUE(KeysOf(files, layout).contains(KeyOf("cut-off", made.Day(3)))) << NameOf(layout);
@@ -81,7 +81,7 @@ TEST(CutFiles, AreFoundInTheMiddle) {
 TEST(CutFiles, LoseNothingWithoutAWord) {
     for (const MadeLayout layout : kMadeLayouts) {
         for (const unsigned seed : {2U, 5U}) {
-            const PrintedAccount made(seed, layout, {.days = 6, .hasOptions = layout != MadeLayout::FundStatus});
+            const MadeStatements made(seed, layout, {.days = 6, .hasOptions = layout != MadeLayout::FundStatus});
             SCOPED_TRACE(TraceOf(made, seed));
             CutEverywhere(made, 2 + seed % 2, 17 + seed);
         }

@@ -24,7 +24,7 @@ constexpr unsigned kSeeds = 4;
 /// Each account's day with `damage(DayFile&)` done to its file, which no other day is compared with then.
 template <class Damage>
 void ExpectAlone(std::string_view code, Damage damage) {
-    DamageAccounts(kSeeds, IsAnyDay, [&](PrintedAccount& made, CDice&, std::size_t day) {
+    DamageAccounts(kSeeds, IsAnyDay, [&](MadeStatements& made, CDice&, std::size_t day) {
         std::vector<DayFile> files = made.Files();
         damage(files[day]);
         FindingKeys expected = made.PairKeys(day);
@@ -36,7 +36,7 @@ void ExpectAlone(std::string_view code, Damage damage) {
 /// The same for a file that is still read.
 template <class Damage>
 void ExpectBeside(std::string_view code, Damage damage) {
-    DamageAccounts(kSeeds, IsAnyDay, [&](PrintedAccount& made, CDice&, std::size_t day) {
+    DamageAccounts(kSeeds, IsAnyDay, [&](MadeStatements& made, CDice&, std::size_t day) {
         std::vector<DayFile> files = made.Files();
         damage(files[day]);
         FindingKeys expected = made.PairKeys();
@@ -52,7 +52,7 @@ std::string Utf16Of(const std::string& bytes) {
 }
 
 TEST(DamagedFiles, OneThatIsMissingLeavesAGap) {
-    DamageAccounts(16, IsAnyDay, [&](PrintedAccount& made, CDice&, std::size_t day) {
+    DamageAccounts(16, IsAnyDay, [&](MadeStatements& made, CDice&, std::size_t day) {
         std::vector<DayFile> files = made.Files();
         files.erase(files.begin() + static_cast<std::ptrdiff_t>(day));
         made.account.days.erase(made.account.days.begin() + static_cast<std::ptrdiff_t>(day));
@@ -78,7 +78,7 @@ TEST(DamagedFiles, AreToldByTheirEncoding) {
 }
 
 TEST(DamagedFiles, AreToldByTheLineOfABadByte) {
-    PrintedAccount made(3, MadeLayout::Bilingual, {});
+    MadeStatements made(3, MadeLayout::Bilingual, {});
     std::vector<DayFile> files = made.Files();
     files[2].bytes += "one\r\n\x81 two\r\n";
     const CCheckedRun run(files, AskedFor(made.layout));
@@ -88,7 +88,7 @@ TEST(DamagedFiles, AreToldByTheLineOfABadByte) {
 }
 
 TEST(DamagedFiles, MayLackTheirLastLineEnd) {
-    DamageAccounts(kSeeds, IsAnyDay, [&](PrintedAccount& made, CDice&, std::size_t day) {
+    DamageAccounts(kSeeds, IsAnyDay, [&](MadeStatements& made, CDice&, std::size_t day) {
         for (const std::size_t bytes : {1U, 2U}) {
             std::vector<DayFile> files = made.Files();
             std::string& text = files[day].bytes;
@@ -101,7 +101,7 @@ TEST(DamagedFiles, MayLackTheirLastLineEnd) {
 }
 
 TEST(DamagedFiles, OneOfTheDayBeforeIsAWrongDayAndARepetition) {
-    DamageAccounts(16, IsAnyDay, [&](PrintedAccount& made, CDice&, std::size_t day) {
+    DamageAccounts(16, IsAnyDay, [&](MadeStatements& made, CDice&, std::size_t day) {
         std::vector<DayFile> files = made.Files();
         files[day].bytes = files[day - 1].bytes;
         const std::string name = made.Day(day);
@@ -122,10 +122,10 @@ TEST(DamagedFiles, OneOfAnotherAccountIsToldByItsNumber) {
 }
 
 TEST(DamagedFiles, OneOfAnotherAccountDoesntFitTheBalances) {
-    DamageAccounts(kSeeds, IsAnyDay, [&](PrintedAccount& made, CDice&, std::size_t day) {
+    DamageAccounts(kSeeds, IsAnyDay, [&](MadeStatements& made, CDice&, std::size_t day) {
         AccountWishes wishes = made.wishes;
         wishes.days = static_cast<int>(made.account.days.size());
-        PrintedAccount other(static_cast<unsigned>(777 + day), made.layout, wishes);
+        MadeStatements other(static_cast<unsigned>(777 + day), made.layout, wishes);
         MadeDay strange = other.account.days[day];
         strange.day = made.Day(day);
         made.account.days[day] = strange;
@@ -140,7 +140,7 @@ TEST(DamagedFiles, OneOfAnotherAccountDoesntFitTheBalances) {
 }
 
 TEST(DamagedFiles, OneOfAnotherLayoutIsToldAlone) {
-    DamageAccounts(kSeeds, IsAnyDay, [&](PrintedAccount& made, CDice&, std::size_t day) {
+    DamageAccounts(kSeeds, IsAnyDay, [&](MadeStatements& made, CDice&, std::size_t day) {
         for (const MadeLayout other : kMadeLayouts) {
             if (other == made.layout) continue;
             std::vector<DayFile> files = made.Files();
@@ -158,7 +158,7 @@ TEST(DamagedFiles, OneOfAnotherLayoutIsToldAlone) {
 }
 
 TEST(DamagedFiles, AreAllOfAnotherLayoutWhereTheRequestIsWrong) {
-    const PrintedAccount made(5, MadeLayout::FundStatus, {});
+    const MadeStatements made(5, MadeLayout::FundStatus, {});
     const FindingKeys found = KeysOf(CCheckedRun(made.Files(), {.format = 3}).findings);
     for (const MadeDay& day : made.account.days) EXPECT_TRUE(found.contains(KeyOf("unrecognised", day.day)));
     for (const std::string& key : found)

@@ -26,7 +26,7 @@ using Codes = std::vector<const char*>;
 /// then contradict each other in.
 template <class Damage>
 void ExpectOf(const Codes& codes, Damage damage) {
-    DamageAccounts(kSeeds, IsAnyDay, [&](PrintedAccount& made, CDice& dice, std::size_t day) {
+    DamageAccounts(kSeeds, IsAnyDay, [&](MadeStatements& made, CDice& dice, std::size_t day) {
         const std::int64_t cents = dice.Roll(6, 99999) * (dice.OneIn(2) ? 1 : -1);
         damage(made.account.days[day], cents);
         made.Reprint(day);
@@ -37,7 +37,7 @@ void ExpectOf(const Codes& codes, Damage damage) {
 }
 
 TEST(DamagedMoney, AClosingBalanceBreaksItsDayAndTheNext) {
-    DamageAccounts(kSeeds, IsAnyDay, [&](PrintedAccount& made, CDice& dice, std::size_t day) {
+    DamageAccounts(kSeeds, IsAnyDay, [&](MadeStatements& made, CDice& dice, std::size_t day) {
         made.account.days[day].closing += dice.Roll(6, 99999);
         made.Reprint(day);
         FindingKeys expected = made.PairKeys();
@@ -60,7 +60,7 @@ TEST(DamagedMoney, AFigureOfTheDayBreaksItsBalance) {
 }
 
 TEST(DamagedMoney, PremiumThatIsPrintedBreaksTheBalance) {
-    DamageAccounts(30, IsAnyDay, [&](PrintedAccount& made, CDice&, std::size_t day) {
+    DamageAccounts(30, IsAnyDay, [&](MadeStatements& made, CDice&, std::size_t day) {
         if (made.layout != MadeLayout::Bilingual || !made.wishes.hasOptions) return;
         made.account.days[day].premiumPaid += 100;
         made.Reprint(day);
@@ -79,7 +79,7 @@ TEST(DamagedMoney, MarginEquityAndAvailableFundsHangTogether) {
 }
 
 TEST(DamagedMoney, IsNotFoundWithinTheRoundingOfTheFigures) {
-    DamageAccounts(kSeeds, IsAnyDay, [&](PrintedAccount& made, CDice& dice, std::size_t day) {
+    DamageAccounts(kSeeds, IsAnyDay, [&](MadeStatements& made, CDice& dice, std::size_t day) {
         if (made.wishes.isRounded) return;
         made.account.days[day].rounding = dice.OneIn(2) ? 1 : -1;
         AddUpMoney(made.account, made.wishes);
@@ -91,7 +91,7 @@ TEST(DamagedMoney, IsNotFoundWithinTheRoundingOfTheFigures) {
 TEST(DamagedMoney, IsANoteWhereFourStatementsAreAll) {
     for (const MadeLayout layout : kMadeLayouts) {
         for (const int days : {4, 5}) {
-            PrintedAccount made(11, layout, {.days = days, .hasHoliday = false});
+            MadeStatements made(11, layout, {.days = days, .hasHoliday = false});
             made.account.days[1].fees += 12345;
             made.Reprint(1);
             SCOPED_TRACE(TraceOf(made, 11) + ", days " + std::to_string(days));
@@ -106,7 +106,7 @@ TEST(DamagedMoney, IsANoteWhereFourStatementsAreAll) {
 
 TEST(DamagedMoney, IsANoteOfTheRunWhereNoFormHoldsOnFourOfFiveDays) {
     for (const MadeLayout layout : kMadeLayouts) {
-        PrintedAccount made(4, layout, {.days = 10, .hasHoliday = false});
+        MadeStatements made(4, layout, {.days = 10, .hasHoliday = false});
         std::int64_t cents = 0;
         for (const std::size_t day : {1U, 4U, 7U}) {
             made.account.days[day].fees += cents += 700;
@@ -118,7 +118,7 @@ TEST(DamagedMoney, IsANoteOfTheRunWhereNoFormHoldsOnFourOfFiveDays) {
 
 TEST(DamagedMoney, IsFoundWhereTheFormHoldsOnFourOfFiveDays) {
     for (const MadeLayout layout : kMadeLayouts) {
-        PrintedAccount made(4, layout, {.days = 10, .hasHoliday = false});
+        MadeStatements made(4, layout, {.days = 10, .hasHoliday = false});
         made.account.days[1].fees += 700;
         made.account.days[7].fees += 1900;
         made.Reprint(1);
@@ -128,7 +128,7 @@ TEST(DamagedMoney, IsFoundWhereTheFormHoldsOnFourOfFiveDays) {
 }
 
 /// A contract that was held the day before, isn't traded on `day` and is held on: its index, or nothing.
-std::optional<std::size_t> HeldContract(const PrintedAccount& made, std::size_t day, bool isOption) {
+std::optional<std::size_t> HeldContract(const MadeStatements& made, std::size_t day, bool isOption) {
     const MadeDay& today = made.account.days[day];
     for (std::size_t contract = 0; contract < made.account.contracts.size(); ++contract) {
         const auto isOf = [&](const auto& row) { return row.contract == contract; };
@@ -140,17 +140,17 @@ std::optional<std::size_t> HeldContract(const PrintedAccount& made, std::size_t 
     return std::nullopt;
 }
 
-void Vanish(PrintedAccount& made, std::size_t day, std::size_t contract) {
+void Vanish(MadeStatements& made, std::size_t day, std::size_t contract) {
     std::erase_if(made.account.days[day].positions, [&](const MadePosition& row) { return row.contract == contract; });
     AddUpMoney(made.account, made.wishes);
     for (std::size_t i = 0; i < made.pages.size(); ++i) made.Reprint(i);
 }
 
 TEST(DamagedMoney, FuturesThatVanishAreToldByTheirLots) {
-    const auto isHeld = [](const PrintedAccount& made, std::size_t day) {
+    const auto isHeld = [](const MadeStatements& made, std::size_t day) {
         return HeldContract(made, day, false).has_value();
     };
-    DamageAccounts(kSeeds, isHeld, [](PrintedAccount& made, CDice&, std::size_t day) {
+    DamageAccounts(kSeeds, isHeld, [](MadeStatements& made, CDice&, std::size_t day) {
         Vanish(made, day, HeldContract(made, day, false).value_or(0));
         const FindingKeys expected = made.PairKeys();
         EXPECT_TRUE(expected.contains(KeyOf("lots", made.Day(day))));
@@ -162,7 +162,7 @@ TEST(DamagedMoney, OptionsThatVanishAreANote) {
     bool isTried = false;
     for (const MadeLayout layout : {MadeLayout::ClientBill, MadeLayout::Bilingual}) {
         for (unsigned seed = 1; seed <= 10; ++seed) {
-            PrintedAccount made(seed, layout, {.hasOptions = true});
+            MadeStatements made(seed, layout, {.hasOptions = true});
             const std::size_t day = made.account.days.size() - 1;
             const auto contract = HeldContract(made, day, true);
             if (!contract) continue;
@@ -185,7 +185,7 @@ void EraseSection(MadePage& page, SectionKind kind) {
 }
 
 TEST(DamagedSections, MoneyIsMissedAlways) {
-    DamageAccounts(kSeeds, IsAnyDay, [](PrintedAccount& made, CDice&, std::size_t day) {
+    DamageAccounts(kSeeds, IsAnyDay, [](MadeStatements& made, CDice&, std::size_t day) {
         EraseSection(made.pages[day], SectionKind::Money);
         FindingKeys found = made.Keys();
         EXPECT_EQ(found.erase(KeyOf("section-missing", made.Day(day))), 1U);
@@ -196,7 +196,7 @@ TEST(DamagedSections, MoneyIsMissedAlways) {
 }
 
 TEST(DamagedSections, TradesAreMissedForTheirFees) {
-    DamageAccounts(kSeeds, HasRows<SectionKind::Trades>, [](PrintedAccount& made, CDice&, std::size_t day) {
+    DamageAccounts(kSeeds, HasRows<SectionKind::Trades>, [](MadeStatements& made, CDice&, std::size_t day) {
         EraseSection(made.pages[day], SectionKind::Trades);
         const bool isPremium = made.layout == MadeLayout::ClientBill &&
                                made.account.days[day].premiumReceived != made.account.days[day].premiumPaid;
@@ -209,7 +209,7 @@ TEST(DamagedSections, TradesAreMissedForTheirFees) {
 }
 
 TEST(DamagedSections, ClosedPositionsAreMissedForTheirTradesOrProfit) {
-    DamageAccounts(kSeeds, HasRows<SectionKind::Closed>, [](PrintedAccount& made, CDice&, std::size_t day) {
+    DamageAccounts(kSeeds, HasRows<SectionKind::Closed>, [](MadeStatements& made, CDice&, std::size_t day) {
         EraseSection(made.pages[day], SectionKind::Closed);
         FindingKeys expected = made.PairKeys();
         expected.insert(KeyOf("section-missing", made.Day(day)));
@@ -218,7 +218,7 @@ TEST(DamagedSections, ClosedPositionsAreMissedForTheirTradesOrProfit) {
 }
 
 TEST(DamagedSections, OpenPositionsAreMissedForTheirMargin) {
-    DamageAccounts(kSeeds, HasRows<SectionKind::Open>, [](PrintedAccount& made, CDice&, std::size_t day) {
+    DamageAccounts(kSeeds, HasRows<SectionKind::Open>, [](MadeStatements& made, CDice&, std::size_t day) {
         EraseSection(made.pages[day], SectionKind::Open);
         FindingKeys expected = made.PairKeys(day);
         if (made.layout == MadeLayout::FundStatus) expected = made.PairKeys();
@@ -233,7 +233,7 @@ TEST(DamagedSections, EmptyOnesArentMissed) {
         unsigned tried = 0;
         for (const MadeLayout layout : kMadeLayouts) {
             for (unsigned seed = 1; seed <= 8; ++seed) {
-                PrintedAccount made(seed, layout, {.days = 20});
+                MadeStatements made(seed, layout, {.days = 20});
                 for (std::size_t day = 1; day < made.pages.size(); ++day) {
                     MadePage& page = made.pages[day];
                     if (!page.sections.contains(kind) || !page.sections.at(kind).rows.empty()) continue;

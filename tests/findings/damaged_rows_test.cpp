@@ -40,7 +40,7 @@ void EraseLine(MadePage& page, std::size_t line) {
 }
 
 /// The premium of options that a client bill doesn't print is made of their turnover.
-bool IsPremiumOf(const PrintedAccount& made, std::size_t day, std::size_t trade) {
+bool IsPremiumOf(const MadeStatements& made, std::size_t day, std::size_t trade) {
     return made.layout == MadeLayout::ClientBill && made.account.days[day].trades[trade].premium != 0;
 }
 
@@ -51,7 +51,7 @@ int RowOf(const std::vector<Finding>& findings, FindingCode code) {
 }
 
 TEST(DamagedRows, ATradeThatIsGoneIsMissedByTotalsAndLots) {
-    DamageAccounts(kSeeds, HasRows<SectionKind::Trades>, [](PrintedAccount& made, CDice& dice, std::size_t day) {
+    DamageAccounts(kSeeds, HasRows<SectionKind::Trades>, [](MadeStatements& made, CDice& dice, std::size_t day) {
         const std::size_t trade = AnyOf(dice, made.account.days[day].trades.size());
         const bool isPremium = IsPremiumOf(made, day, trade);
         EraseLine(made.pages[day], made.pages[day].sections[SectionKind::Trades].rows[trade]);
@@ -65,7 +65,7 @@ TEST(DamagedRows, ATradeThatIsGoneIsMissedByTotalsAndLots) {
 }
 
 TEST(DamagedRows, AClosedPositionThatIsGoneIsMissedByTotals) {
-    DamageAccounts(kSeeds, HasRows<SectionKind::Closed>, [](PrintedAccount& made, CDice& dice, std::size_t day) {
+    DamageAccounts(kSeeds, HasRows<SectionKind::Closed>, [](MadeStatements& made, CDice& dice, std::size_t day) {
         const auto& rows = made.pages[day].sections[SectionKind::Closed].rows;
         EraseLine(made.pages[day], rows[AnyOf(dice, rows.size())]);
         FindingKeys expected = made.PairKeys();
@@ -75,7 +75,7 @@ TEST(DamagedRows, AClosedPositionThatIsGoneIsMissedByTotals) {
 }
 
 TEST(DamagedRows, AnOpenPositionThatIsGoneIsMissedByTotalsAndTheLotsOfTwoDays) {
-    DamageAccounts(kSeeds, HasRows<SectionKind::Open>, [](PrintedAccount& made, CDice& dice, std::size_t day) {
+    DamageAccounts(kSeeds, HasRows<SectionKind::Open>, [](MadeStatements& made, CDice& dice, std::size_t day) {
         auto& positions = made.account.days[day].positions;
         const auto& rows = made.pages[day].sections[SectionKind::Open].rows;
         const std::size_t row = AnyOf(dice, rows.size());
@@ -97,7 +97,7 @@ TEST(DamagedRows, AnOpenPositionThatIsGoneIsMissedByTotalsAndTheLotsOfTwoDays) {
 }
 
 TEST(DamagedRows, AChangedNumberOfLotsIsMissedByTotalsAndLots) {
-    DamageAccounts(kSeeds, HasRows<SectionKind::Trades>, [](PrintedAccount& made, CDice& dice, std::size_t day) {
+    DamageAccounts(kSeeds, HasRows<SectionKind::Trades>, [](MadeStatements& made, CDice& dice, std::size_t day) {
         const std::size_t trade = AnyOf(dice, made.account.days[day].trades.size());
         MadePage& page = made.pages[day];
         CRowWords words(page.lines[page.sections[SectionKind::Trades].rows[trade]]);
@@ -110,7 +110,7 @@ TEST(DamagedRows, AChangedNumberOfLotsIsMissedByTotalsAndLots) {
 }
 
 TEST(DamagedRows, AChangedTotalIsTold) {
-    const auto check = [](PrintedAccount& made, CDice& dice, std::size_t day) {
+    const auto check = [](MadeStatements& made, CDice& dice, std::size_t day) {
         MadePage& page = made.pages[day];
         const std::size_t line = page.sections[SectionKind::Trades].totals;
         // The words of totals: its count, lots, turnover, fees, P/L and more.
@@ -130,7 +130,7 @@ TEST(DamagedRows, AChangedTotalIsTold) {
 }
 
 TEST(DamagedRows, AChangedCountIsTold) {
-    DamageAccounts(kSeeds, IsAnyDay, [](PrintedAccount& made, CDice& dice, std::size_t day) {
+    DamageAccounts(kSeeds, IsAnyDay, [](MadeStatements& made, CDice& dice, std::size_t day) {
         if (made.layout == MadeLayout::ClientBill) return;
         MadePage& page = made.pages[day];
         auto section = page.sections.begin();
@@ -145,7 +145,7 @@ TEST(DamagedRows, AChangedCountIsTold) {
 }
 
 TEST(DamagedRows, AnEmptyCellShiftsItsRow) {
-    DamageAccounts(24, HasRows<SectionKind::Trades>, [](PrintedAccount& made, CDice& dice, std::size_t day) {
+    DamageAccounts(24, HasRows<SectionKind::Trades>, [](MadeStatements& made, CDice& dice, std::size_t day) {
         MadePage& page = made.pages[day];
         const auto& rows = page.sections[SectionKind::Trades].rows;
         const std::size_t line = rows[AnyOf(dice, rows.size())];
@@ -163,7 +163,7 @@ TEST(DamagedRows, AnEmptyCellShiftsItsRow) {
 }
 
 TEST(DamagedRows, ATextInAnAmountIsTold) {
-    DamageAccounts(kSeeds, HasRows<SectionKind::Trades>, [](PrintedAccount& made, CDice& dice, std::size_t day) {
+    DamageAccounts(kSeeds, HasRows<SectionKind::Trades>, [](MadeStatements& made, CDice& dice, std::size_t day) {
         MadePage& page = made.pages[day];
         const auto& rows = page.sections[SectionKind::Trades].rows;
         const std::size_t line = rows[AnyOf(dice, rows.size())];
@@ -177,11 +177,11 @@ TEST(DamagedRows, ATextInAnAmountIsTold) {
 }
 
 TEST(DamagedRows, AThousandsCommaIsATextSinceReadersStopAtIt) {
-    const auto hasThousands = [](const PrintedAccount& made, std::size_t day) {
+    const auto hasThousands = [](const MadeStatements& made, std::size_t day) {
         return std::ranges::any_of(made.account.days[day].trades,
                                    [](const MadeTrade& trade) { return trade.turnover >= 100000; });
     };
-    DamageAccounts(kSeeds, hasThousands, [](PrintedAccount& made, CDice&, std::size_t day) {
+    DamageAccounts(kSeeds, hasThousands, [](MadeStatements& made, CDice&, std::size_t day) {
         MadePage& page = made.pages[day];
         const auto& trades = made.account.days[day].trades;
         const auto trade = std::ranges::find_if(trades, [](const MadeTrade& one) { return one.turnover >= 100000; });
@@ -198,7 +198,7 @@ TEST(DamagedRows, AThousandsCommaIsATextSinceReadersStopAtIt) {
 
 TEST(DamagedRows, ALineThatIsNoRowIsSkipped) {
     for (const char* const junk : {"第2页 续上页", "第 2 页", "page 3 of 4"}) {
-        DamageAccounts(4, HasRows<SectionKind::Trades>, [&](PrintedAccount& made, CDice& dice, std::size_t day) {
+        DamageAccounts(4, HasRows<SectionKind::Trades>, [&](MadeStatements& made, CDice& dice, std::size_t day) {
             MadePage& page = made.pages[day];
             const auto& rows = page.sections[SectionKind::Trades].rows;
             const std::size_t line = rows[AnyOf(dice, rows.size())] + 1;
@@ -214,7 +214,7 @@ TEST(DamagedRows, ALineThatIsNoRowIsSkipped) {
 
 TEST(DamagedRows, RulesHeadingsAndBlankLinesBetweenRowsAreNone) {
     for (const char* const line : {"", "   ", "--------------------", "========", "|----|----|", "续上表"}) {
-        DamageAccounts(4, HasRows<SectionKind::Trades>, [&](PrintedAccount& made, CDice& dice, std::size_t day) {
+        DamageAccounts(4, HasRows<SectionKind::Trades>, [&](MadeStatements& made, CDice& dice, std::size_t day) {
             MadePage& page = made.pages[day];
             const auto& rows = page.sections[SectionKind::Trades].rows;
             const std::size_t at = rows[AnyOf(dice, rows.size())];

@@ -16,7 +16,7 @@ namespace {
 TEST(GeneratedAccounts, AreCleanHoweverTheyArePrinted) {
     for (const MadeLayout layout : kMadeLayouts) {
         for (unsigned seed = 1; seed <= 30; ++seed) {
-            const PrintedAccount made(seed, layout, WishesFor(layout, seed));
+            const MadeStatements made(seed, layout, WishesFor(layout, seed));
             SCOPED_TRACE(TraceOf(made, seed));
             EXPECT_EQ(made.Keys(), made.PairKeys());
         }

@@ -59,7 +59,7 @@ private:
 };
 
 /// Told beside a failure.
-inline std::string TraceOf(const PrintedAccount& made, unsigned seed) {
+inline std::string TraceOf(const MadeStatements& made, unsigned seed) {
     return std::string(NameOf(made.layout)) + ", seed " + std::to_string(seed);
 }
 
@@ -72,7 +72,7 @@ void DamageAccounts(unsigned seeds, IsFit isFit, Damage damage) {
         for (unsigned seed = 1; seed <= seeds; ++seed) {
             AccountWishes wishes = WishesFor(layout, seed);
             wishes.leavesOutEmptyTables = false;
-            PrintedAccount made(seed, layout, wishes);
+            MadeStatements made(seed, layout, wishes);
             CDice dice(seed + 1000);
             std::vector<std::size_t> days;
             for (std::size_t day = 1; day + 1 < made.account.days.size(); ++day) {
@@ -88,12 +88,12 @@ void DamageAccounts(unsigned seeds, IsFit isFit, Damage damage) {
     }
 }
 
-inline bool IsAnyDay(const PrintedAccount& /*made*/, std::size_t /*day*/) {
+inline bool IsAnyDay(const MadeStatements& /*made*/, std::size_t /*day*/) {
     return true;
 }
 
 template <SectionKind Kind>
-bool HasRows(const PrintedAccount& made, std::size_t day) {
+bool HasRows(const MadeStatements& made, std::size_t day) {
     const auto section = made.pages[day].sections.find(Kind);
     return section != made.pages[day].sections.end() && !section->second.rows.empty();
 }

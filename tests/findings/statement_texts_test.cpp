@@ -1,0 +1,126 @@
+#include "findings/statement_texts.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "support/gbk_text.h"
+
+namespace tradebill::statement_texts_test {
+namespace {
+
+using namespace std::string_literals;
+
+/// What is wrong; empty for nothing.
+std::string FaultOf(std::string_view bytes) {
+    const auto fault = FindEncodingFault(bytes);
+    return fault ? fault->what : "";
+}
+
+TEST(Encoding, IsGbkOrAscii) {
+    for (const std::string& bytes :
+         {""s, "plain text\r\n"s, Gbk("资金状况"), Gbk("客户权益：（示例）"), "a\x80"s, Gbk("资金") + "\xD7"}) {
+        EXPECT_EQ(FaultOf(bytes), "") << bytes.size();
+    }
+}
+
+TEST(Encoding, IsUtf8IfAllCharactersAreSound) {
+    EXPECT_EQ(FaultOf("资金状况"), "UTF-8");
+    EXPECT_EQ(FaultOf("\xEF\xBB\xBF资金状况"), "UTF-8 with a mark at the start");
+    EXPECT_EQ(FaultOf("\xEF\xBB\xBFplain"), "a UTF-8 mark at the start of GBK text");
+    EXPECT_EQ(FaultOf("\xEF\xBB\xBF" + Gbk("资金状况")), "a UTF-8 mark at the start of GBK text");
+    EXPECT_EQ(FaultOf("资金状\xE5\x86"), "UTF-8");  // cut inside a character
+    EXPECT_TRUE(FindEncodingFault("资金状况")->isUnreadable);
+    EXPECT_FALSE(FindEncodingFault("\xEF\xBB\xBF" + Gbk("资金"))->isUnreadable);
+    EXPECT_EQ(FindEncodingFault("\xEF\xBB\xBF" + Gbk("资金"))->row, 1);
+}
+
+TEST(Encoding, IsUtf16ByItsMarkOrItsZeroBytes) {
+    EXPECT_EQ(FaultOf("\xFF\xFE"
+                      "a\0b\0"s),
+              "UTF-16");
+    EXPECT_EQ(FaultOf("\xFE\xFF\0a\0b"s), "UTF-16");
+    EXPECT_EQ(FaultOf("a\0b\0c\0"s), "UTF-16 without a mark");
+    EXPECT_EQ(FaultOf("line\nabc\0 rest"s), "a zero byte, at which reading ends");
+    EXPECT_EQ(FindEncodingFault("line\nabc\0 rest"s)->row, 2);
+}
+
+TEST(Encoding, TellsTheLineOfTheFirstStrangeByte) {
+    const auto fault = FindEncodingFault(Gbk("资金\r\n") + "ab\xFF\r\n" + Gbk("状况"));
+    ASSERT_TRUE(fault);
+    EXPECT_EQ(fault->what, "bytes that are no GBK characters");
+    EXPECT_EQ(fault->row, 2);
+    EXPECT_FALSE(fault->isUnreadable);
+    EXPECT_EQ(FaultOf("\xD7 a"), "bytes that are no GBK characters");
+    EXPECT_EQ(FaultOf("\xD7\x7F"), "bytes that are no GBK characters");
+}
+
+TEST(PrintedAccount, StandsBehindItsLabel) {
+    const struct {
+        const char* text;
+        const char* account;
+    } cases[] = {
+        {"客户号: 90010002          客户名称: 示例客户乙", "90010002"},
+        {"客户号 Client ID：  90010009          客户名称 Client Name：  示例客户丙", "90010009"},
+        {"客户: 90010012  示例客户乙   日期：20240116", "90010012"},
+        {"客户代码: AB-12_3          客户姓名: 林示例", "AB-12_3"},
+        {"客户账号 Account：60010001         客户姓名 Name：林示例", "60010001"},
+        {"资金账号:8801", "8801"},
+    };
+    for (const auto& row : cases) EXPECT_EQ(PrintedAccount(Gbk(row.text)), row.account) << row.text;
+}
+
+TEST(PrintedAccount, IsNothingThatCantBeCompared) {
+    for (const char* const text :
+         {"", "客户号 90010002", "客户名称: 90010002", "客户号: 9001****", "客户: ABC", "客户号:"}) {
+        EXPECT_EQ(PrintedAccount(Gbk(text)), std::nullopt) << text;
+    }
+    EXPECT_EQ(PrintedAccount(std::string(4096, '\n') + Gbk("客户号: 1")), std::nullopt);
+}
+
+TEST(PrintedDay, StandsBehindItsLabel) {
+    const struct {
+        const char* text;
+        const char* day;
+    } cases[] = {
+        {"日  期:20240111", "20240111"},  {"日期 Date：20240111", "20240111"}, {"日期：2024-01-05", "20240105"},
+        {"结算日: 2024.1.5", "20240105"}, {"日期: 2024年1月5日", "20240105"},
+    };
+    for (const auto& row : cases) EXPECT_EQ(PrintedDay(Gbk(row.text)), row.day) << row.text;
+}
+
+TEST(PrintedDay, IsNotTheDayOnWhichAStatementWasMade) {
+    EXPECT_EQ(PrintedDay(Gbk("制表日期：20240202\r\n日期：20240201")), "20240201");
+    EXPECT_EQ(PrintedDay(Gbk("打印日期：20240202")), std::nullopt);
+    EXPECT_EQ(PrintedDay(Gbk("成交日期 交易所")), std::nullopt);
+    EXPECT_EQ(PrintedDay(Gbk("日期：2024")), std::nullopt);
+}
+
+TEST(PackedDate, HasEightDigitsOrWhatThereIs) {
+    EXPECT_EQ(PackedDate("20240105"), "20240105");
+    EXPECT_EQ(PackedDate("  2024-01-05 x"), "20240105");
+    EXPECT_EQ(PackedDate("2024/1/5"), "20240105");
+    EXPECT_EQ(PackedDate(Gbk("2024年12月31日")), "20241231");
+    EXPECT_EQ(PackedDate("2024"), "2024");
+    EXPECT_EQ(PackedDate("x"), "");
+    EXPECT_EQ(PackedDate(""), "");
+}
+
+TEST(HashOf, IsThatOfItsBytesAlone) {
+    std::set<std::uint64_t> hashes;
+    std::string text;
+    for (int i = 0; i < 300; ++i) {
+        EXPECT_TRUE(hashes.insert(HashOf(text)).second) << i;
+        EXPECT_EQ(HashOf(text), HashOf(std::string(text)));
+        text += '\0';
+    }
+    EXPECT_NE(HashOf("0123456789"), HashOf("0123456798"));
+    EXPECT_NE(HashOf("1023456789"), HashOf("0123456789"));
+}
+
+}  // namespace
+}  // namespace tradebill::statement_texts_test
