@@ -125,6 +125,33 @@ void CheckTables(const CReport& report, const StatementList& statements, const S
     }
 }
 
+/// The figures of `currency` in a statement, or null.
+const PrintedMoney* FindMoney(const CReport& report, const StatementFacts& statement, const std::string& currency) {
+    for (std::size_t i = 0; i < statement.moneyCount; ++i) {
+        const PrintedMoney& money = report.PrintedMoney[statement.firstMoney + i];
+        if (money.Currency == currency) return &money;
+    }
+    return nullptr;
+}
+
+/// A foreign account's later currencies stand in blocks of their own: one that had a balance the day before is missed.
+void CheckCurrencies(const CReport& report, const StatementFacts& before, const StatementFacts& statement,
+                     std::vector<Finding>& findings) {
+    if (!report.IsForeign() || !before.isUsable || statement.moneyCount == 0) return;
+    for (std::size_t i = 0; i < before.moneyCount; ++i) {
+        const PrintedMoney& money = report.PrintedMoney[before.firstMoney + i];
+        if (money.Amount(PrintedFigure::Equity) == 0 || FindMoney(report, statement, money.Currency) != nullptr)
+            continue;
+        const std::string currency = GbkToUtf8(money.Currency);
+        Finding finding = FindingAbout(statement, FindingCode::SectionMissing);
+        finding.section = SectionKind::Money;
+        finding.expected = currency;
+        finding.found = "none";
+        finding.text = "The statement has no figures of " + currency + ", though the one before states a balance.";
+        findings.push_back(std::move(finding));
+    }
+}
+
 /// The amounts that rows of totals usually have, by layout and section.
 class CUsualTotals {
 public:
@@ -191,6 +218,7 @@ void CheckSections(const CReport& report, const StatementList& statements, std::
         if (statement.isCutOff) continue;
         std::vector<Finding> missing;
         CheckMoneySection(report, statement, missing);
+        if (&statement != &statements.front()) CheckCurrencies(report, *(&statement - 1), statement, missing);
         CheckTables(report, statements, statement, missing);
         if (!missing.empty() && EndsInLineAlone(statements, statement)) {
             TellCut(statement, findings);

@@ -126,6 +126,12 @@ def remove_money(copy):
     copy.write(lines[:start] + lines[end:])
 
 
+def remove_later_currencies(copy):
+    """the block of its later currencies is missing"""
+    lines = copy.lines()
+    copy.write(lines[:next(number for number, line in enumerate(lines) if "借贷成本" in line)])
+
+
 def put_page_mark(copy):
     """a line of a page break stands between two rows of trades"""
     lines = copy.lines()
@@ -220,6 +226,13 @@ def change_day(copy):
     copy.write([re.sub(rf"(日\s*期|结算日|制表时间)([^\d]*){DAY}", r"\g<1>\g<2>20240106", line) for line in lines])
 
 
+def double_row(copy):
+    """the first of its trades stands there twice"""
+    lines = copy.lines()
+    row = copy.rows(lines)[0]
+    copy.write(lines[:row] + lines[row:row + 1] + lines[row:])
+
+
 class Damage:
     """`must` be found, on DAY unless they have a day of their own; `may` be found beside it, on DAY or the next."""
 
@@ -252,6 +265,13 @@ SHOWN = {
     "wrong-account": Damage(change_account, "wrong-account"),
     "wrong-day": Damage(change_day, "wrong-day"),
     "repeated": Damage(put_day_before, "repeated wrong-day", "continuity lots identity"),
+}
+
+# What the document doesn't show.
+MORE = {
+    "cut-off-money": Damage(remove_money, "cut-off", layouts=("foreign",)),
+    "later-currencies": Damage(remove_later_currencies, "section-missing", layouts=("foreign",)),
+    "double-row": Damage(double_row, "totals", "lots identity"),
 }
 
 
@@ -359,13 +379,13 @@ def main():
         clean = [pool.submit(check_clean, program, samples, name, scratch / "clean")
                  for name in sorted(path.name for path in samples.iterdir() if (path / "request.ini").exists())]
         damaged = {(code, name): pool.submit(check_damage, program, samples, name, scratch / code, code, damage)
-                   for code, damage in SHOWN.items() for name in damage.layouts}
+                   for code, damage in (SHOWN | MORE).items() for name in damage.layouts}
         for done in clean:
             wrong += done.result()
         for (code, name), done in damaged.items():
             found, line = done.result()
             wrong += found
-            if name == SHOWN[code].layouts[0]:
+            if code in SHOWN and name == SHOWN[code].layouts[0]:
                 lines[code] = line
                 if line is None:
                     wrong.append(f"{name}: no line of {code}")

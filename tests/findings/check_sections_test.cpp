@@ -16,6 +16,7 @@
 #include "readers/scan_listener.h"
 #include "report/printed_money.h"
 #include "report/report.h"
+#include "report/request_copy.h"
 #include "support/gbk_text.h"
 
 namespace tradebill::check_sections_test {
@@ -178,6 +179,21 @@ TEST_F(CheckSectionsTest, TotalsThatLackAmountsAtTheEndAreACut) {
     EXPECT_EQ(Check(), FindingKeys{});
     last.totalColumns = 3;
     Last().lastRow = 41;
+    EXPECT_EQ(Check(), FindingKeys{});
+}
+
+TEST_F(CheckSectionsTest, ACurrencyIsMissedThatHadABalanceTheDayBefore) {
+    report_.Request.StatementKind = kForeignKind;
+    for (PrintedMoney& money : report_.PrintedMoney) money[Equity] = kDecimalSteps;
+    report_.PrintedMoney.back().Currency = "USD";
+    EXPECT_EQ(Check(), missing_);
+    EXPECT_TRUE(findings_[0].text.starts_with("The statement has no figures of ")) << findings_[0].text;
+    report_.PrintedMoney[9].Currency = "USD";
+    EXPECT_EQ(Check(), FindingKeys{"section-missing@20240110"});
+    report_.PrintedMoney[8][Equity] = 0;
+    EXPECT_EQ(Check(), FindingKeys{});
+    report_.PrintedMoney[8][Equity] = 1;
+    statements_[8].isUsable = false;
     EXPECT_EQ(Check(), FindingKeys{});
 }
 
