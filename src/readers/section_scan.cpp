@@ -9,6 +9,7 @@
 #include <optional>
 #include <string_view>
 
+#include "base/byte_mask.h"
 #include "base/gbk.h"
 #include "base/report_error.h"
 #include "base/text.h"
@@ -51,6 +52,9 @@ std::size_t RuleCharacterLength(std::string_view row) {
 
 bool IsRule(std::string_view row) {
     if (row.empty()) return false;
+    // Nearly all are of one character.
+    const bool opensRule = kIsOfRule[static_cast<unsigned char>(row.front())];
+    if (opensRule && CountByte(row, row.front()) == row.size()) return true;
     while (!row.empty()) {
         const std::size_t length = RuleCharacterLength(row);
         if (length == 0) return false;

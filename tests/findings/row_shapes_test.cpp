@@ -9,13 +9,6 @@
 namespace tradebill::row_shapes_test {
 namespace {
 
-TEST(RowShapes, KnowsRules) {
-    for (const char* const row : {"", "   ", "-----", "=====", "|---|---|", "+--+--+", "_____", "* * *", "~~~"}) {
-        EXPECT_TRUE(IsRuleRow(row)) << row;
-    }
-    for (const char* const row : {"a", "--1--", "|-|x|", "0"}) EXPECT_FALSE(IsRuleRow(row)) << row;
-}
-
 TEST(RowShapes, TakesRowsWithoutDigitsForHeadings) {
     EXPECT_TRUE(IsHeadingRow(Gbk("成交日期 交易所 品种")));
     EXPECT_TRUE(IsHeadingRow("|Date|Exchange|"));
