@@ -50,7 +50,7 @@ std::optional<Decimal> ParseDecimal(std::string_view text) {
     if (at != end || digits > kMostWholeDigits || (digits == 0 && !hasPlaces)) return std::nullopt;
     constexpr std::int64_t kPowers[] = {10000, 1000, 100, 10, 1};
     const std::int64_t scaled = static_cast<std::int64_t>(steps) * kPowers[places];
-    return Decimal{isNegative ? -scaled : scaled, static_cast<int>(places)};
+    return Decimal{isNegative ? -scaled : scaled, static_cast<int>(places), marks > 0};
 }
 
 std::string DecimalText(std::int64_t steps) {

@@ -14,6 +14,7 @@ inline constexpr std::int64_t kDecimalSteps = 10000;
 struct Decimal {
     std::int64_t steps = 0;  ///< 1/10000
     int places = 0;          ///< digits printed behind the point, at most 4
+    bool hasMarks = false;   ///< thousands are marked by commas
 
     /// Half a unit of the last printed place: how far the printed amount may lie from the true one.
     [[nodiscard]] constexpr std::int64_t Rounding() const { return HalfUnit(places); }

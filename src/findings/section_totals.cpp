@@ -72,9 +72,9 @@ bool CSectionTotals::AddRow(std::string_view line, Row columns) {
         if (amount) column.sum += amount->steps;
         if (isFirst) {
             column.isNumber = amount && !IsName(columns[i]);
-            if (amount) numbers_ |= 1U << i;
+            if (amount && !amount->hasMarks) numbers_ |= 1U << i;
         }
-        areNumbers &= amount.has_value() || !column.isNumber;
+        areNumbers &= (amount && !amount->hasMarks) || !column.isNumber;
     }
     return areNumbers;
 }

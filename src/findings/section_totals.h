@@ -19,7 +19,7 @@ public:
     void Begin(std::string_view delimiter);
 
     /// Adds the columns of a row up. `line` is the row with the blanks in front of it. Returns false if one isn't a
-    /// number that was one in the first row.
+    /// number, as a reader takes it, that was one in the first row.
     bool AddRow(std::string_view line, Row columns);
 
     /// The columns that are numbers in the first row, as bits.

@@ -77,8 +77,8 @@ public:
 
     /// Calls `onRow(Row)` for each row of a found section that has enough columns. `onRow` may return a RowVerdict; its
     /// row is valid during the call. Throws CReportError for a row before the first or past the last, once it is its
-    /// turn. An error of `onRow`, and a lack of memory, leave as CReportErrors that tell section and line. Rows of a kind
-    /// that isn't wanted are passed over unseen.
+    /// turn. An error of `onRow`, and a lack of memory, leave as CReportErrors that tell section and line. Rows of a
+    /// kind that isn't wanted are passed over unseen.
     ///
     /// REQUIRES: `rows` was found in this scan by `layout`.
     template <class OnRow>

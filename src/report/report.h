@@ -49,7 +49,7 @@ public:
     CReportDocument ReportDocument;
     CTradeStatistics TradeStatistics;
     CAccountStatistics AccountStatistics;
-    PrintedMoneyList PrintedMoney;            ///< empty in runs that don't ask for it
+    PrintedMoneyList PrintedMoney;           ///< empty in runs that don't ask for it
     tradebill::MoneyIdentity MoneyIdentity;  ///< likewise
 
     [[nodiscard]] bool IsForeign() const { return Request.StatementKind == kForeignKind; }

@@ -116,7 +116,7 @@ TEST_F(SectionTotals, TellOfATextInAColumnOfNumbers) {
     EXPECT_TRUE(Add("m2405   3  100.25"));
     EXPECT_FALSE(Add("m2405   x  100.25"));
     EXPECT_FALSE(Add("m2405   3  n/a"));
-    EXPECT_TRUE(Add("abc     3  1,000.00"));
+    EXPECT_FALSE(Add("abc     3  1,000.00"));
 }
 
 TEST_F(SectionTotals, ForgetTheSectionBefore) {

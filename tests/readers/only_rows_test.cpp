@@ -35,7 +35,8 @@ protected:
         std::vector<std::pair<std::string, std::string>> statements;
         for (const auto& entry : fs::directory_iterator(folder_ + "/root/Users/demo/Data/Bill")) {
             const std::string name = entry.path().filename().string();  // D90010001.20240102o.txt
-            if (name.ends_with("o.txt")) statements.emplace_back(name.substr(name.find('.') + 1, 8), entry.path().string());
+            if (name.ends_with("o.txt"))
+                statements.emplace_back(name.substr(name.find('.') + 1, 8), entry.path().string());
         }
         std::ranges::sort(statements);
         EXPECT_GT(statements.size(), 20U);
