@@ -162,7 +162,11 @@ std::optional<TotalFault> CSectionTotals::CompareLots(std::string_view row) {
 }
 
 int CSectionTotals::CountAmounts(std::string_view line) const {
-    return static_cast<int>(AmountsOf(line).size());
+    const std::vector<Amount> amounts = AmountsOf(line);
+    // Half an amount, where a file is cut, stands below no column and is no sum.
+    return static_cast<int>(std::ranges::count_if(amounts, [this](const Amount& amount) {
+        return rows_ == 0 || ColumnOf(amount) != nullptr || IsSumOfAny(amount);
+    }));
 }
 
 }  // namespace tradebill

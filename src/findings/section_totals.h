@@ -31,7 +31,7 @@ public:
     /// The same for a subtotal: only the number of lots, of the rows since the last one.
     [[nodiscard]] std::optional<TotalFault> CompareLots(std::string_view row);
 
-    /// Amounts in a row of totals.
+    /// Amounts in a row of totals that belong to a column.
     [[nodiscard]] int CountAmounts(std::string_view line) const;
 
     /// Lots of a row, for its subtotal.

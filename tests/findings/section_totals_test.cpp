@@ -141,9 +141,14 @@ TEST_F(SectionTotals, CompareTheLotsSinceTheLastSubtotal) {
 
 TEST_F(SectionTotals, CountTheAmountsOfARow) {
     Begin(" ", {"rb2405  2   10.50"});
-    EXPECT_EQ(totals_.CountAmounts(Gbk("合计    2   10.50  -3.00")), 3);
+    EXPECT_EQ(totals_.CountAmounts(Gbk("合计    2   10.50")), 2);
+    EXPECT_EQ(totals_.CountAmounts(Gbk("合计    2   10.5")), 2);
+    EXPECT_EQ(totals_.CountAmounts(Gbk("合计    2   1")), 1);
+    EXPECT_EQ(totals_.CountAmounts(Gbk("合计    2")), 1);
     EXPECT_EQ(totals_.CountAmounts(Gbk("共 1条")), 0);
     EXPECT_EQ(totals_.CountAmounts(""), 0);
+    Begin(" ", {});
+    EXPECT_EQ(totals_.CountAmounts(Gbk("合计    0   0.00")), 2);
 }
 
 }  // namespace
