@@ -85,7 +85,8 @@ void CStatementWatch::OnStatement(std::string_view day, const std::string& path,
     if (file.state == StatementState::Unreadable) {
         Tell(FindingCode::Unreadable, "a statement that can be read", file.reason, "The statement can't be read.");
     } else if (file.state == StatementState::NotAFile) {
-        Tell(FindingCode::NotAFile, "a file", file.reason, "What bears the statement's name isn't a file.");
+        Tell(FindingCode::NotAFile, "a file", "a folder, a pipe or a device",
+             "What bears the statement's name isn't a file.");
     } else if (IsBlank(file.bytes)) {
         Tell(FindingCode::Empty, "a statement", std::to_string(file.bytes.size()) + " bytes",
              "The statement holds nothing.");

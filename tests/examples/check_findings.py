@@ -10,6 +10,7 @@ what it makes. --write writes the document.
 
 import concurrent.futures
 import json
+import os
 import pathlib
 import re
 import shutil
@@ -21,7 +22,7 @@ LAYOUTS = ("fund-class", "fund-status", "fund-status-premium", "tabulated", "cli
            "spaced-title", "spaced-title-premium", "bilingual", "bilingual-new", "template-pairs", "template-row",
            "foreign")
 # Codes that no damage below shows yet.
-WITHOUT_SAMPLE = {"unreadable", "unit", "template", "live"}
+WITHOUT_SAMPLE = {"unit", "template", "live"}
 DAMAGED = 10  # the statement that is damaged, of 25; its day is the 16th, a Tuesday
 DAY = "20240116"
 NEXT_DAY = "20240117"
@@ -85,6 +86,12 @@ def change(line, pattern, make):
 def remove(copy):
     """the statement is missing"""
     copy.file.unlink()
+
+
+def make_loop(copy):
+    """its name is a link to itself, which nobody can open"""
+    copy.file.unlink()
+    copy.file.symlink_to(copy.file.name)
 
 
 def make_empty(copy):
@@ -246,6 +253,7 @@ class Damage:
 
 # The first layout of a damage is the sample that the document shows.
 SHOWN = {
+    "unreadable": Damage(make_loop, "unreadable"),
     "empty": Damage(make_empty, "empty"),
     "not-a-file": Damage(make_folder, "not-a-file"),
     "encoding": Damage(save_as_utf8, "encoding"),
@@ -278,7 +286,7 @@ MORE = {
 def check(program, copy, options=()):
     """Exit status, findings and what is printed for people."""
     done = subprocess.run([program, "check", *copy.options(), *options, "--json", copy.folder / "found.json"],
-                          capture_output=True, text=True, check=False)
+                          capture_output=True, text=True, check=False, env={**os.environ, "LC_ALL": "C"})
     with open(copy.folder / "found.json", encoding="utf-8") as found:
         return done.returncode, json.load(found)["findings"], done.stdout
 
