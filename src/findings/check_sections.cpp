@@ -8,10 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "base/decimal.h"
 #include "findings/account_checks.h"
 #include "findings/finding.h"
-#include "findings/finding_table.h"
 #include "findings/section_facts.h"
 #include "findings/statement_facts.h"
 #include "platform/text_encoding.h"

@@ -18,6 +18,7 @@
 #include "findings/finding.h"
 #include "findings/finding_table.h"
 #include "findings/record_amounts.h"
+#include "findings/section_facts.h"
 #include "findings/section_watch.h"
 #include "findings/statement_facts.h"
 #include "findings/statement_texts.h"
