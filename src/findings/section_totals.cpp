@@ -71,11 +71,13 @@ bool CSectionTotals::AddRow(std::string_view line, Row columns) {
         if (!isFirst && !column.isNumber) continue;
         const auto amount = ParseDecimal(columns[i]);
         if (amount) column.sum += amount->steps;
+        // Readers stop at a thousands comma: a number to people isn't one to them.
+        const bool isRead = amount && !amount->hasMarks;
         if (isFirst) {
             column.isNumber = amount && !IsName(columns[i]);
-            if (amount && !amount->hasMarks) numbers_ |= 1U << i;
+            if (isRead) numbers_ |= 1U << i;
         }
-        areNumbers &= (amount && !amount->hasMarks) || !column.isNumber;
+        areNumbers &= isRead || !column.isNumber;
     }
     return areNumbers;
 }

@@ -181,12 +181,12 @@ TEST(DamagedRows, AThousandsCommaIsATextSinceReadersStopAtIt) {
         return std::ranges::any_of(made.account.days[day].trades,
                                    [](const MadeTrade& trade) { return trade.turnover >= 100000; });
     };
-    DamageAccounts(kSeeds, hasThousands, [](MadeStatements& made, CDice&, std::size_t day) {
+    DamageAccounts(kSeeds, hasThousands, [](MadeStatements& made, CDice& dice, std::size_t day) {
         MadePage& page = made.pages[day];
         const auto& trades = made.account.days[day].trades;
-        const auto trade = std::ranges::find_if(trades, [](const MadeTrade& one) { return one.turnover >= 100000; });
-        CRowWords words(
-            page.lines[page.sections[SectionKind::Trades].rows[static_cast<std::size_t>(trade - trades.begin())]]);
+        std::size_t trade = AnyOf(dice, trades.size());
+        while (trades[trade].turnover < 100000) trade = (trade + 1) % trades.size();
+        CRowWords words(page.lines[page.sections[SectionKind::Trades].rows[trade]]);
         std::string text = words.At(WordsOf(made.layout).turnover);
         text.insert(text.size() - 6, ",");
         words.Replace(WordsOf(made.layout).turnover, text);
