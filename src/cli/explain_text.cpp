@@ -39,7 +39,7 @@ std::string Shortened(const std::string& cell) {
 
 std::string NamedValues(const NamedTexts& fields) {
     std::string text;
-    for (const auto& [name, value] : fields) text += " " + name + "=" + value;
+    for (const auto& [name, value] : fields) text.append(" ").append(name).append("=").append(value);
     return text;
 }
 

@@ -14,6 +14,7 @@
 #include "findings/account_checks.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
+#include "findings/lots_book.h"
 #include "findings/section_facts.h"
 #include "findings/statement_facts.h"
 #include "platform/text_encoding.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -18,7 +19,6 @@
 #include "platform/text_encoding.h"
 #include "readers/scan_listener.h"
 #include "readers/section_scan.h"
-#include "report/records.h"
 
 namespace tradebill {
 namespace {

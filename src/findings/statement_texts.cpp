@@ -156,7 +156,7 @@ std::optional<std::string> PrintedDay(std::string_view text) {
         for (std::size_t at = head.find(word); at != std::string_view::npos; at = head.find(word, at + 1)) {
             if (IsOfAnotherDate(head.substr(0, at))) continue;
             const auto behind = BehindLabel(head, at + word.size());
-            const std::string day = behind ? PackedDate(behind->substr(0, kLongestDate)) : std::string();
+            std::string day = behind ? PackedDate(behind->substr(0, kLongestDate)) : std::string();
             if (day.size() == kDayLength) return day;
         }
     }

@@ -14,6 +14,7 @@
 #include "base/ini_file.h"
 #include "base/number.h"
 #include "base/report_error.h"
+#include "findings/template_check.h"
 #include "findings/template_known_keys.h"
 #include "platform/text_encoding.h"
 #include "readers/scan_listener.h"

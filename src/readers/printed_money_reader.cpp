@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/byte_mask.h"
@@ -139,6 +140,7 @@ private:
     /// A heading counts only if it names a figure: that of a block of labels says what labels are.
     void TakeHeading(const std::vector<std::string_view>& columns) {
         std::vector<std::string> words;
+        words.reserve(columns.size());
         for (const std::string_view column : columns) words.push_back(HanziOf(column));
         if (std::ranges::any_of(words, [](const std::string& word) { return FigureOf(word).has_value(); })) {
             heading_ = std::move(words);

@@ -11,6 +11,7 @@
 #include "readers/record_sink.h"
 #include "readers/scan_listener.h"
 #include "readers/section_scan.h"
+#include "readers/seen_columns.h"
 #include "readers/shared_columns.h"
 #include "readers/statement_text.h"
 #include "readers/table_layout.h"

@@ -13,6 +13,7 @@
 #include "readers/money_row.h"
 #include "readers/scan_listener.h"
 #include "readers/section_scan.h"
+#include "readers/seen_columns.h"
 #include "readers/statement_template.h"
 #include "readers/statement_text.h"
 #include "readers/table_layout.h"
