@@ -36,13 +36,11 @@ std::string ReadText(const std::string& path) {
         const std::string text = StandardInputText("a statement");
         return text.substr(0, text.find('\0'));
     }
-    const auto text = ReadStatementFile(path);
-    if (text) return *text;
-    if (ReadPlainFile(path)) {
-        throw CUsageError("can't open " + path +
-                          " for reading and writing: a report passes over such a statement as if it were missing");
-    }
-    throw CUsageError("can't read " + path + ": expected a statement file");
+    CFileBuffer buffer;
+    const FileContent file = ReadWholeFile(path, buffer);
+    if (file.state == FileState::Read) return std::string(file.bytes.substr(0, file.bytes.find('\0')));
+    const std::string reason = file.reason.empty() ? "" : " (" + file.reason + ")";
+    throw CUsageError("can't read " + path + ": expected a statement file" + reason);
 }
 
 /// With the statement named as messages do.

@@ -9,7 +9,6 @@
 #include <string_view>
 
 #include "findings/finding.h"
-#include "readers/scan_listener.h"
 
 namespace tradebill {
 namespace {

@@ -5,7 +5,6 @@
 #include <utility>
 #include <vector>
 
-#include "base/ini_file.h"
 #include "base/text.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"

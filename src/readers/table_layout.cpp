@@ -4,7 +4,6 @@
 
 #include "readers/scan_listener.h"
 #include "readers/seen_columns.h"
-#include "report/records.h"
 
 namespace tradebill {
 

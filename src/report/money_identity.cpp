@@ -1,7 +1,6 @@
 #include "report/money_identity.h"
 
 #include <cstdint>
-#include <initializer_list>
 
 #include "report/printed_money.h"
 
