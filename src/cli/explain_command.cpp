@@ -22,7 +22,6 @@
 #include "platform/paths.h"
 #include "readers/layout_marks.h"
 #include "readers/layout_table.h"
-#include "readers/scan_listener.h"
 #include "readers/statement_loader.h"
 #include "report/report.h"
 #include "report/statement_format.h"

@@ -21,7 +21,6 @@
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"
 #include "driver/report_counts.h"
-#include "driver/report_request.h"
 #include "driver/report_run.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
