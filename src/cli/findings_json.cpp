@@ -8,6 +8,7 @@
 #include "cli/json_text.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
+#include "readers/scan_listener.h"
 
 namespace tradebill {
 namespace {

@@ -8,6 +8,7 @@
 
 #include "findings/finding.h"
 #include "findings/finding_table.h"
+#include "readers/scan_listener.h"
 
 namespace tradebill {
 namespace {

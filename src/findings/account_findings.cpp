@@ -1,6 +1,7 @@
 #include "findings/account_findings.h"
 
 #include <algorithm>
+#include <string_view>
 #include <tuple>
 #include <vector>
 
