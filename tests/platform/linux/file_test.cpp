@@ -85,7 +85,7 @@ TEST_F(LinuxWholeFile, IsUnreadableWhereLinksGoRound) {
 
 TEST_F(LinuxWholeFile, IsUnreadableIfItEndsBeforeItsSize) {
     const std::string path = "/sys/devices/system/cpu/online";  // says a page of memory, and holds a few bytes
-    if (!std::filesystem::exists(path)) GTEST_SKIP() << "a system without " << path;
+    ASSERT_TRUE(std::filesystem::exists(path));
     const FileContent content = Read(path);
     EXPECT_EQ(content.state, FileState::Unreadable);
     EXPECT_TRUE(content.reason.starts_with("only ")) << content.reason;
