@@ -21,6 +21,7 @@
 #include "platform/host_link.h"
 #include "platform/paths.h"
 #include "platform/root_folder.h"
+#include "readers/statement_loader.h"
 #include "report/report.h"
 
 namespace tradebill {
@@ -39,11 +40,18 @@ std::string TextOf(const RunProblems& problems) {
     return text;
 }
 
+/// Statements that could be read if they could be written aren't counted.
+std::ptrdiff_t CountUnreadable(const RunProblems& problems) {
+    return std::ranges::count_if(problems.statements, [](const UnreadStatement& statement) {
+        return statement.state != StatementState::Missing;
+    });
+}
+
 TradeBillCounts CountsOf(const RunResult& result, const CReport& report) {
     return {.Size = sizeof(TradeBillCounts),
             .Days = static_cast<std::uint32_t>(result.days),
             .Statements = static_cast<std::uint32_t>(result.statementsRead),
-            .Unreadable = static_cast<std::uint32_t>(result.problems.statements.size()),
+            .Unreadable = static_cast<std::uint32_t>(CountUnreadable(result.problems)),
             .Records = static_cast<std::uint32_t>(CountRecords(report)),
             .Pictures = static_cast<std::uint32_t>(result.picturesSaved)};
 }

@@ -75,7 +75,7 @@ bool ReadDay(CStatementLoader& loader, const DayFile& file, RunResult& result, C
     }
     if (found.state == StatementState::Read) {
         ++result.statementsRead;
-    } else if (found.state != StatementState::Missing) {
+    } else if (found.state != StatementState::Missing || !found.reason.empty()) {
         result.problems.statements.push_back({file.day, file.path, found.state, std::move(found.reason)});
     }
     return true;

@@ -27,6 +27,9 @@ std::string ShownPath(const std::string& path) {
 std::string UnreadText(const UnreadStatement& statement) {
     const std::string path = ShownPath(statement.path);
     if (statement.state == StatementState::NotAFile) return statement.day + ": " + path + " is not a file";
+    if (statement.state == StatementState::Missing) {
+        return WithReason(statement.day + ": can't write " + path + ", which counts as absent then", statement.reason);
+    }
     return WithReason(statement.day + ": can't read " + path, statement.reason);
 }
 

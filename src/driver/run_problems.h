@@ -17,8 +17,8 @@ namespace tradebill {
 struct UnreadStatement {
     std::string day;  ///< yyyymmdd
     std::string path;
-    StatementState state = StatementState::Unreadable;
-    std::string reason;  ///< in the system's words, UTF-8; may be empty
+    StatementState state = StatementState::Unreadable;  ///< Missing: one that can't be written counts as absent
+    std::string reason;                                 ///< in the system's words, UTF-8; may be empty
 };
 
 /// A file that can't be written, or a folder that can't be made.

@@ -28,7 +28,9 @@ bool IsReadableAlone(const std::string& path, FileMode mode) {
 StatementFile ReadFile(const std::string& path, StatementAccess access, CFileBuffer& buffer) {
     const FileMode mode = access == StatementAccess::ReadAlone ? FileMode::Read : FileMode::Update;
     FileContent content = ReadWholeFile(path, buffer, mode);
-    if (content.state == FileState::Unreadable && IsReadableAlone(path, mode)) return {.state = FileState::Missing};
+    if (content.state == FileState::Unreadable && IsReadableAlone(path, mode)) {
+        return {.state = FileState::Missing, .reason = std::move(content.reason)};
+    }
     return {.state = content.state,
             .reason = std::move(content.reason),
             .bytes = content.bytes,

@@ -25,7 +25,8 @@ using StatementState = FileState;
 /// A day's file, as it was found.
 struct StatementFile {
     StatementState state = StatementState::Missing;
-    std::string reason = {};      ///< why it is unreadable, in the system's words where it has some; UTF-8
+    /// Why it is unreadable, or counts as missing though it is there, in the system's words where it has some; UTF-8.
+    std::string reason = {};
     std::string_view bytes = {};  ///< all of them; of a file that was read
     std::string_view text = {};   ///< those before the first zero byte, which are what readers see
 };

@@ -22,21 +22,24 @@ TEST(RunProblemsTexts, NameEachOfThem) {
     EXPECT_TRUE(problems.IsEmpty());
     EXPECT_EQ(ProblemTexts(problems), Lines{});
     problems.statements = {{"20240102", "a/b.txt", StatementState::Unreadable, "Permission denied"},
-                           {"20240103", "a/c.txt", StatementState::NotAFile, ""}};
+                           {"20240103", "a/c.txt", StatementState::NotAFile, ""},
+                           {"20240104", "a/d.txt", StatementState::Missing, "Permission denied"}};
     problems.folders = {{"a/d", ""}};
     problems.pictures = {{"e.jpg", PictureStage::Saving, "a/e.jpg", "no room"},
                          {"f.jpg", PictureStage::Painting, "a/f.jpg", ""},
                          {"g.png", PictureStage::Decoding, "a/g.png", ""}};
     problems.page = {"a/h.html", ""};
-    EXPECT_EQ(ProblemTexts(problems), (Lines{
-                                          "20240102: can't read " + NativePath("a/b.txt") + ": Permission denied",
-                                          "20240103: " + NativePath("a/c.txt") + " is not a file",
-                                          "can't make the folder " + NativePath("a/d"),
-                                          "can't write the picture " + NativePath("a/e.jpg") + ": no room",
-                                          "can't paint the picture f.jpg",
-                                          "can't read the module's own picture for g.png",
-                                          "can't write the page " + NativePath("a/h.html"),
-                                      }));
+    EXPECT_EQ(ProblemTexts(problems),
+              (Lines{
+                  "20240102: can't read " + NativePath("a/b.txt") + ": Permission denied",
+                  "20240103: " + NativePath("a/c.txt") + " is not a file",
+                  "20240104: can't write " + NativePath("a/d.txt") + ", which counts as absent then: Permission denied",
+                  "can't make the folder " + NativePath("a/d"),
+                  "can't write the picture " + NativePath("a/e.jpg") + ": no room",
+                  "can't paint the picture f.jpg",
+                  "can't read the module's own picture for g.png",
+                  "can't write the page " + NativePath("a/h.html"),
+              }));
     EXPECT_FALSE(problems.IsEmpty());
 }
 

@@ -46,8 +46,11 @@ TEST_F(LinuxStatementLoader, FindsAFileThatCantBeWrittenMissingUnlessItReadsAlon
     ASSERT_EQ(::chmod(path.c_str(), 0444), 0);
     const CBoundUser user;
     ASSERT_TRUE(user.IsBound());
-    EXPECT_EQ(CStatementLoader(report).Load(kFileDay, path).state, StatementState::Missing);
+    const StatementFile file = CStatementLoader(report).Load(kFileDay, path);
+    EXPECT_EQ(file.state, StatementState::Missing);
+    EXPECT_EQ(file.reason, "Permission denied");
     EXPECT_EQ(CStatementLoader(report, StatementAccess::ReadAlone).Load(kFileDay, path).state, StatementState::Read);
+    EXPECT_EQ(CStatementLoader(report).Load(kFileDay, folder_.Path("nothing.txt")).reason, "");
 }
 
 TEST_F(LinuxStatementLoader, FindsAFileThatCantBeReadUnreadable) {
