@@ -52,7 +52,7 @@ Json JsonOf(const TemplateReport& seen, const CScanReport& report) {
         object["section"] = seen.section;
         object["missing_key"] = seen.missingKey;
         object["read_before"] = Json::array();
-        for (const SectionKind kind : report.ReadBeforeDeclining()) object["read_before"].push_back(KindName(kind));
+        for (const SectionKind kind : report.ReadBeforeDeclining()) object["read_before"].push_back(SectionName(kind));
     }
     return object;
 }
@@ -90,10 +90,14 @@ Json JsonOf(const FirstRecord& first) {
 }
 
 Json JsonOf(const SectionReport& section) {
-    Json object{{"section", KindName(section.kind)}, {"found", section.IsFound()},
-                {"title", section.titleWord},        {"title_line", Line(section.titleLine)},
-                {"end", section.terminatorWord},     {"end_line", Line(section.endLine)},
-                {"rows_read", section.rowsRead},     {"rows_passed_over", List(section.passedOver)},
+    Json object{{"section", SectionName(section.kind)},
+                {"found", section.IsFound()},
+                {"title", section.titleWord},
+                {"title_line", Line(section.titleLine)},
+                {"end", section.terminatorWord},
+                {"end_line", Line(section.endLine)},
+                {"rows_read", section.rowsRead},
+                {"rows_passed_over", List(section.passedOver)},
                 {"records", section.records}};
     object["widest_row"] = section.widestRow;
     object["columns_not_in_rows"] = List(section.columns);
@@ -130,7 +134,7 @@ void PrintExplanationAsJson(const Explanation& explanation, const CScanReport& r
     if (!explanation.stop.empty()) {
         const std::optional<ReadingPlace>& place = report.Place();
         object["error"] = explanation.stop;
-        object["error_section"] = place ? Json(KindName(place->section)) : Json(nullptr);
+        object["error_section"] = place ? Json(SectionName(place->section)) : Json(nullptr);
         object["error_line"] = place ? Line(place->line) : Json(nullptr);
     }
     object["looks_like"] = explanation.hint.looksLike;

@@ -16,7 +16,6 @@ namespace {
 struct KindWords {
     SectionKind kind;
     std::string_view text;
-    std::string_view name;
 };
 
 struct FateWords {
@@ -27,11 +26,11 @@ struct FateWords {
 
 // clang-format off
 constexpr KindWords kKinds[] = {
-    {SectionKind::Money,   "money",            "money"},
-    {SectionKind::Trades,  "trades",           "trades"},
-    {SectionKind::Closed,  "closed positions", "closed"},
-    {SectionKind::Open,    "open positions",   "open"},
-    {SectionKind::Summary, "position summary", "summary"},
+    {SectionKind::Money,   "money"},
+    {SectionKind::Trades,  "trades"},
+    {SectionKind::Closed,  "closed positions"},
+    {SectionKind::Open,    "open positions"},
+    {SectionKind::Summary, "position summary"},
 };
 
 constexpr FateWords kFates[] = {
@@ -57,10 +56,6 @@ const FateWords& WordsOf(RowFate fate) {
 
 std::string_view KindText(SectionKind kind) {
     return WordsOf(kind).text;
-}
-
-std::string_view KindName(SectionKind kind) {
-    return WordsOf(kind).name;
 }
 
 std::string FateText(const PassedOverRow& row) {

@@ -10,7 +10,6 @@
 namespace tradebill {
 
 [[nodiscard]] std::string_view KindText(SectionKind kind);  ///< "closed positions"
-[[nodiscard]] std::string_view KindName(SectionKind kind);  ///< "closed"
 
 [[nodiscard]] std::string FateText(const PassedOverRow& row);  ///< "7 columns, 12 needed"
 [[nodiscard]] std::string_view FateName(RowFate fate);         ///< "too_short"
