@@ -84,8 +84,7 @@ TEST(DamagedRows, AnOpenPositionThatIsGoneIsMissedByTotalsAndTheLotsOfTwoDays) {
             std::vector<std::size_t> contracts;
             for (const MadePosition& position : positions) contracts.push_back(position.contract);
             std::ranges::sort(contracts);
-            const auto repeated = std::ranges::unique(contracts);
-            contracts.erase(repeated.begin(), repeated.end());
+            contracts.erase(std::unique(contracts.begin(), contracts.end()), contracts.end());
             std::erase_if(positions, [&](const MadePosition& position) { return position.contract == contracts[row]; });
         } else {
             positions.erase(positions.begin() + static_cast<std::ptrdiff_t>(row));
