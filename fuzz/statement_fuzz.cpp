@@ -14,6 +14,8 @@
 #include "base/ini_file.h"
 #include "base/report_error.h"
 #include "cli/scan_report.h"
+#include "findings/account_findings.h"
+#include "findings/statement_watch.h"
 #include "findings/template_against.h"
 #include "findings/template_check.h"
 #include "page/html_builder.h"
@@ -26,6 +28,7 @@
 #include "report/request_copy.h"
 #include "statistics/account_figures.h"
 #include "statistics/daily_series.h"
+#include "statistics/money_identity.h"
 
 namespace tradebill {
 namespace {
@@ -72,12 +75,29 @@ std::string_view UseTemplate(std::string_view input, CReport& report) {
     return rest;
 }
 
-/// An error ends a run, and only the reading.
-void Read(CStatementLoader& loader, std::string_view day, std::string_view text, CScanListener* listener) {
+/// An error ends a run, and only the reading. Returns whether there was none.
+bool Read(CStatementLoader& loader, std::string_view day, std::string_view text, CScanListener* listener) {
     try {
         loader.Read(day, text, listener);
     } catch (const CReportError&) {
+        return false;
     }
+    return true;
+}
+
+/// Six days of the same statement: enough for the form of its balance.
+void LookForFaults(CStatementLoader& loader, std::string_view bytes, CReport& report) {
+    const std::string_view text = bytes.substr(0, bytes.find('\0'));
+    CStatementWatch watch(report);
+    watch.TallyUnits();
+    for (int date = 20240104; date < 20240110; ++date) {
+        const std::string day = std::to_string(date);
+        watch.OnStatement(day, "D1." + day + "o.txt",
+                          {.state = StatementState::Read, .reason = {}, .bytes = bytes, .text = text});
+        if (Read(loader, day, text, &watch)) watch.OnStatementEnd();
+    }
+    FindMoneyIdentity(report);
+    static_cast<void>(FindingsOf(report, watch));
 }
 
 /// Any units, different ones for different contracts, and no codes.
@@ -100,9 +120,10 @@ void RunOn(std::uint8_t number, std::string_view input) {
     const std::string_view text = input.substr(0, input.find('\0'));
     CStatementLoader loader(report);
     CScanReport seen(text);
-    Read(loader, "20240102", text, &seen);
+    static_cast<void>(Read(loader, "20240102", text, &seen));
     seen.Finish();
-    Read(loader, "20240103", text, nullptr);
+    static_cast<void>(Read(loader, "20240103", text, nullptr));
+    LookForFaults(loader, input, report);
     static_cast<void>(LikelyLayouts(text));
     OffsetMargins(report);
     ComputeYields(report);

@@ -13,7 +13,7 @@ namespace tradebill {
 namespace {
 
 constexpr int kMostPlaces = 4;
-constexpr int kMostWholeDigits = 14;
+constexpr int kMostWholeDigits = 13;
 
 /// Adds the digits from `at` on to `number`, which wraps where they are too many. Returns where they end.
 const char* TakeDigits(const char* at, const char* end, std::uint64_t& number) {

@@ -26,8 +26,21 @@ struct Decimal {
     }
 };
 
+/// A sum that wraps where a broken file's amounts leave 64 bits.
+[[nodiscard]] constexpr std::int64_t WrappingSum(std::int64_t left, std::int64_t right) {
+    return static_cast<std::int64_t>(static_cast<std::uint64_t>(left) + static_cast<std::uint64_t>(right));
+}
+
+/// How far two amounts lie apart.
+[[nodiscard]] constexpr std::uint64_t DistanceOf(std::int64_t one, std::int64_t other) {
+    const auto left = static_cast<std::uint64_t>(one);
+    const auto right = static_cast<std::uint64_t>(other);
+    return one > other ? left - right : right - left;
+}
+
 /// `text` as a whole, white space around it aside: a sign, digits with or without thousands commas, a point and digits.
-/// Digits behind the fourth place are cut. Nothing if it is no such number, or one of more than 14 whole digits.
+/// Digits behind the fourth place are cut. Nothing if it is no such number, or one of more than 13 whole digits, so
+/// that a few dozen can be added up.
 [[nodiscard]] std::optional<Decimal> ParseDecimal(std::string_view text);
 
 /// "-1234.50": with two places, or as many more as it takes.

@@ -18,6 +18,7 @@
 #include "cli/standard_input.h"
 #include "cli/statement_day.h"
 #include "cli/usage_error.h"
+#include "findings/layout_hint.h"
 #include "platform/file.h"
 #include "platform/paths.h"
 #include "readers/layout_marks.h"
@@ -56,12 +57,6 @@ std::string TemplateOf(const ExplainCommand& command) {
     return *command.templateFile;
 }
 
-std::string OptionFor(const Layout& layout, bool hasTemplate) {
-    if (layout.isForeign) return "--kind foreign";
-    const bool lacksTemplate = layout.marks.needsTemplate && !hasTemplate;
-    return "--format " + std::to_string(layout.format) + (lacksTemplate ? " --template FILE.ini" : "");
-}
-
 /// Whether the statement was read as `layout`, or as another layout of its format.
 bool IsAtHand(const Layout& layout, const CReport& report) {
     if (layout.isForeign || report.IsForeign()) return layout.isForeign == report.IsForeign();
@@ -72,15 +67,13 @@ bool IsAtHand(const Layout& layout, const CReport& report) {
 LayoutHint HintFrom(std::string_view text, const CReport& report, const CScanReport& seen, int exitCode) {
     LayoutHint hint;
     if (seen.IsReadByTemplate() && exitCode == kExitDone) return hint;
-    std::vector<const Layout*> others = LikelyLayouts(text);
     for (const Layout* const layout : MarkedLayouts(text)) {
-        if (layout->isForeign) others.push_back(layout);
         if (!IsAtHand(*layout, report)) continue;
         hint.bearsOwnMark = true;
         if (layout->marks.needsTemplate && !seen.IsReadAs(layout->name)) hint.needsTemplate = layout->name;
     }
     if (hint.bearsOwnMark) return hint;
-    for (const Layout* const layout : others) {
+    for (const Layout* const layout : FittingLayouts(text)) {
         hint.looksLike.push_back(OptionFor(*layout, !report.TemplatePath.empty()));
     }
     return hint;

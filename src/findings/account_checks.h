@@ -1,11 +1,13 @@
 // The checks that compare an account's statements with each other. Each adds what it finds.
 #pragma once
 
-#include <string>
+#include <span>
+#include <string_view>
 #include <vector>
 
 #include "findings/finding.h"
 #include "findings/statement_facts.h"
+#include "report/printed_money.h"
 
 namespace tradebill {
 
@@ -15,6 +17,13 @@ using StatementList = std::vector<StatementFacts>;
 
 /// A finding about one statement, of its code's usual severity.
 [[nodiscard]] Finding FindingAbout(const StatementFacts& statement, FindingCode code);
+
+/// The money figures that a statement prints, one for each currency.
+[[nodiscard]] std::span<const PrintedMoney> MoneyOf(const CReport& report, const StatementFacts& statement);
+
+/// Those of `currency` (GBK), or null.
+[[nodiscard]] const PrintedMoney* FindMoney(const CReport& report, const StatementFacts& statement,
+                                            std::string_view currency);
 
 /// Rows that are shifted or made no record, and totals.
 void CheckRows(const StatementList& statements, std::vector<Finding>& findings);

@@ -1,6 +1,7 @@
 #include "findings/account_findings.h"
 
 #include <algorithm>
+#include <span>
 #include <string_view>
 #include <tuple>
 #include <vector>
@@ -10,11 +11,23 @@
 #include "findings/finding_table.h"
 #include "findings/statement_facts.h"
 #include "findings/statement_watch.h"
+#include "report/printed_money.h"
+#include "report/report.h"
 
 namespace tradebill {
 
 Finding FindingAbout(const StatementFacts& statement, FindingCode code) {
     return {.code = code, .severity = KindOf(code).severity, .day = statement.day, .file = statement.file};
+}
+
+std::span<const PrintedMoney> MoneyOf(const CReport& report, const StatementFacts& statement) {
+    return std::span(report.PrintedMoney).subspan(statement.firstMoney, statement.moneyCount);
+}
+
+const PrintedMoney* FindMoney(const CReport& report, const StatementFacts& statement, std::string_view currency) {
+    const auto all = MoneyOf(report, statement);
+    const auto found = std::ranges::find(all, currency, &PrintedMoney::Currency);
+    return found != all.end() ? &*found : nullptr;
 }
 
 void SortFindings(std::vector<Finding>& findings) {

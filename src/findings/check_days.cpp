@@ -2,7 +2,6 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <map>
 #include <optional>
 #include <string>
@@ -66,7 +65,7 @@ struct Handover {
     std::int64_t opened;
     std::int64_t rounding;
 
-    [[nodiscard]] bool Agrees() const { return std::abs(closed - opened) <= rounding; }
+    [[nodiscard]] bool Agrees() const { return DistanceOf(closed, opened) <= static_cast<std::uint64_t>(rounding); }
 };
 
 class CDayPair {
@@ -78,9 +77,8 @@ public:
     [[nodiscard]] std::vector<Handover> Handovers() const {
         std::vector<Handover> handovers;
         if (!before_.isUsable || !after_.isUsable) return handovers;
-        for (std::size_t i = 0; i < after_.moneyCount; ++i) {
-            const PrintedMoney& later = report_.PrintedMoney[after_.firstMoney + i];
-            const PrintedMoney* const earlier = Find(later.Currency);
+        for (const PrintedMoney& later : MoneyOf(report_, after_)) {
+            const PrintedMoney* const earlier = FindMoney(report_, before_, later.Currency);
             if (earlier == nullptr || !later[Opening]) continue;
             if (const auto closed = ClosedWith(*earlier)) {
                 const std::int64_t rounding = !report_.IsForeign() ? kCent / 2 : later.IsBase ? 4 * kCent : kCent;
@@ -91,14 +89,6 @@ public:
     }
 
 private:
-    [[nodiscard]] const PrintedMoney* Find(const std::string& currency) const {
-        for (std::size_t i = 0; i < before_.moneyCount; ++i) {
-            const PrintedMoney& money = report_.PrintedMoney[before_.firstMoney + i];
-            if (money.Currency == currency) return &money;
-        }
-        return nullptr;
-    }
-
     /// A foreign account hands its balance over, without the floating profit of its positions.
     [[nodiscard]] std::optional<std::int64_t> ClosedWith(const PrintedMoney& money) const {
         if (!report_.IsForeign()) return money[Closing];

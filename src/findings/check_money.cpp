@@ -1,5 +1,4 @@
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -32,7 +31,7 @@ struct Comparison {
     std::int64_t found;
     std::int64_t rounding;
 
-    [[nodiscard]] bool Agrees() const { return std::abs(expected - found) <= rounding; }
+    [[nodiscard]] bool Agrees() const { return DistanceOf(expected, found) <= static_cast<std::uint64_t>(rounding); }
 };
 
 void Tell(const StatementFacts& statement, FindingCode code, Severity severity, const PrintedMoney& money,
@@ -121,8 +120,7 @@ void CheckMoney(const CReport& report, const StatementList& statements, std::vec
                    findings);
     }
     for (const StatementFacts& statement : statements) {
-        for (std::size_t i = 0; i < statement.moneyCount; ++i) {
-            const PrintedMoney& money = report.PrintedMoney[statement.firstMoney + i];
+        for (const PrintedMoney& money : MoneyOf(report, statement)) {
             if (report.IsForeign()) {
                 CheckForeign(statement, money, findings);
             } else {

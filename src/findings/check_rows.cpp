@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstddef>
 #include <map>
 #include <optional>
 #include <string>
@@ -23,7 +24,7 @@ public:
             if (!statement.isUsable) continue;
             for (const SectionFacts& section : statement.sections) {
                 auto& counts = counts_[{statement.layout, section.kind}];
-                for (const RowRun& run : section.runs) counts[run.columnsBeyond] += run.rows;
+                for (const RowRun& run : section.runs) counts[run.columnsBeyond] += run.rows.size();
             }
         }
     }
@@ -39,7 +40,7 @@ public:
     }
 
 private:
-    std::map<std::pair<std::string, SectionKind>, std::map<int, int>> counts_;
+    std::map<std::pair<std::string, SectionKind>, std::map<int, std::size_t>> counts_;
 };
 
 std::string Columns(int count) {
@@ -88,7 +89,7 @@ private:
     }
 
     void TellRun(const RowRun& run) {
-        for (int row = run.firstRow, left = run.rows; left > 0; ++row, --left) {
+        for (const int row : run.rows) {
             if (std::ranges::find(rows_, row) != rows_.end()) continue;
             Finding& finding = Add(FindingCode::Shifted, row);
             finding.expected = Columns(run.columns - run.columnsBeyond + *usual_);

@@ -28,16 +28,13 @@ bool IsFound(const StatementFacts& statement, SectionKind kind) {
 }
 
 bool States(const CReport& report, const StatementFacts& statement, PrintedFigure figure) {
-    for (std::size_t i = 0; i < statement.moneyCount; ++i) {
-        if (report.PrintedMoney[statement.firstMoney + i].Amount(figure) != 0) return true;
-    }
-    return false;
+    return std::ranges::any_of(MoneyOf(report, statement),
+                               [&](const PrintedMoney& money) { return money.Amount(figure) != 0; });
 }
 
 /// Whether its fees are more than those of exercises and deliveries, which counters may count among them.
 bool StatesTradeFees(const CReport& report, const StatementFacts& statement) {
-    for (std::size_t i = 0; i < statement.moneyCount; ++i) {
-        const PrintedMoney& money = report.PrintedMoney[statement.firstMoney + i];
+    for (const PrintedMoney& money : MoneyOf(report, statement)) {
         const std::int64_t fees = money.Amount(PrintedFigure::Fees);
         const std::int64_t exercise = money.Amount(PrintedFigure::ExerciseFees);
         const std::int64_t delivery = money.Amount(PrintedFigure::DeliveryFees);
@@ -68,17 +65,26 @@ std::optional<std::string_view> ReasonFor(const CReport& report, const Statement
     return std::nullopt;
 }
 
-/// Whether at least nine of ten other statements have the section.
-bool IsUsual(const StatementList& statements, const StatementFacts& statement, SectionKind kind) {
-    int others = 0;
-    int having = 0;
-    for (const StatementFacts& other : statements) {
-        if (!other.isUsable || &other == &statement) continue;
-        ++others;
-        having += IsFound(other, kind) ? 1 : 0;
+/// How many of an account's statements have a section.
+class CUsualSections {
+public:
+    explicit CUsualSections(const StatementList& statements) {
+        for (const StatementFacts& statement : statements) {
+            if (!statement.isUsable) continue;
+            ++statements_;
+            for (const SectionKind kind : kTables) having_[kind] += IsFound(statement, kind) ? 1 : 0;
+        }
     }
-    return others > 0 && having * 10 >= others * 9;
-}
+    /// Whether at least nine of ten others have what one statement lacks.
+    [[nodiscard]] bool Has(SectionKind kind) const {
+        const int others = statements_ - 1;
+        return others > 0 && having_.at(kind) * 10 >= others * 9;
+    }
+
+private:
+    int statements_ = 0;
+    std::map<SectionKind, int> having_;
+};
 
 void TellMissing(const StatementFacts& statement, SectionKind kind, std::string text, std::vector<Finding>& findings) {
     const SectionFacts* const section = statement.Section(kind);
@@ -107,37 +113,27 @@ void CheckMoneySection(const CReport& report, const StatementFacts& statement, s
                                States(report, statement, PrintedFigure::Closing) ||
                                States(report, statement, PrintedFigure::Equity);
     const auto isPrinted = [&](PrintedFigure figure) {
-        return statement.moneyCount > 0 && report.PrintedMoney[statement.firstMoney][figure].has_value();
+        return statement.moneyCount > 0 && MoneyOf(report, statement).front()[figure].has_value();
     };
     if (statesBalance || isPrinted(PrintedFigure::Opening) || isPrinted(PrintedFigure::Closing)) return;
     TellMissing(statement, SectionKind::Money, "The money section has none of the labels of its layout.", findings);
 }
 
-void CheckTables(const CReport& report, const StatementList& statements, const StatementFacts& statement,
+void CheckTables(const CReport& report, const CUsualSections& usual, const StatementFacts& statement,
                  std::vector<Finding>& findings) {
     for (const SectionKind kind : kTables) {
         if (statement.Section(kind) == nullptr || IsFound(statement, kind)) continue;
         const auto reason = ReasonFor(report, statement, kind);
-        if (!reason || !IsUsual(statements, statement, kind)) continue;
+        if (!reason || !usual.Has(kind)) continue;
         TellMissing(statement, kind, "The section is missing, though " + std::string(*reason) + ".", findings);
     }
-}
-
-/// The figures of `currency` in a statement, or null.
-const PrintedMoney* FindMoney(const CReport& report, const StatementFacts& statement, const std::string& currency) {
-    for (std::size_t i = 0; i < statement.moneyCount; ++i) {
-        const PrintedMoney& money = report.PrintedMoney[statement.firstMoney + i];
-        if (money.Currency == currency) return &money;
-    }
-    return nullptr;
 }
 
 /// A foreign account's later currencies stand in blocks of their own: one that had a balance the day before is missed.
 void CheckCurrencies(const CReport& report, const StatementFacts& before, const StatementFacts& statement,
                      std::vector<Finding>& findings) {
     if (!report.IsForeign() || !before.isUsable || statement.moneyCount == 0) return;
-    for (std::size_t i = 0; i < before.moneyCount; ++i) {
-        const PrintedMoney& money = report.PrintedMoney[before.firstMoney + i];
+    for (const PrintedMoney& money : MoneyOf(report, before)) {
         if (money.Amount(PrintedFigure::Equity) == 0 || FindMoney(report, statement, money.Currency) != nullptr)
             continue;
         const std::string currency = GbkToUtf8(money.Currency);
@@ -209,6 +205,7 @@ void TellCut(const StatementFacts& statement, std::vector<Finding>& findings) {
 
 void CheckSections(const CReport& report, const StatementList& statements, std::vector<Finding>& findings) {
     const CUsualTotals totals(statements);
+    const CUsualSections sections(statements);
     for (const StatementFacts& statement : statements) {
         const bool isPassedOver = statement.sections.empty() && !statement.hasMoney;
         if (!statement.isUsable || !statement.isEnded || isPassedOver) continue;
@@ -217,7 +214,7 @@ void CheckSections(const CReport& report, const StatementList& statements, std::
         std::vector<Finding> missing;
         CheckMoneySection(report, statement, missing);
         if (&statement != &statements.front()) CheckCurrencies(report, *(&statement - 1), statement, missing);
-        CheckTables(report, statements, statement, missing);
+        CheckTables(report, sections, statement, missing);
         if (!missing.empty() && EndsInLineAlone(statements, statement)) {
             TellCut(statement, findings);
         } else {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -54,9 +55,9 @@ bool CLotsBook::AddTrade(const MatchRecord& row) {
     const std::size_t side = SideOf(FieldText(row.BID));
     contract.isTraded = true;
     if (Contains(offset, "开"_gbk)) {
-        contract.change[side] += lots;
+        contract.change[side] = WrapAdd(contract.change[side], lots);
     } else if (Contains(offset, "平"_gbk)) {
-        contract.change[Opposite(side)] -= lots;
+        contract.change[Opposite(side)] = WrapSubtract(contract.change[Opposite(side)], lots);
     } else {
         contract.isUnclear = true;
     }
@@ -69,7 +70,8 @@ void CLotsBook::AddForeignTrade(const MatchRecord& row) {
     if (FieldText(row.BID).empty()) {
         contract.isUnclear = true;
     } else {
-        contract.change[SideOf(FieldText(row.BID))] += IntegerIn(row.MATCH_VOL);
+        std::int32_t& change = contract.change[SideOf(FieldText(row.BID))];
+        change = WrapAdd(change, IntegerIn(row.MATCH_VOL));
     }
 }
 
@@ -78,12 +80,13 @@ void CLotsBook::AddForeignClosed(const PingDetail& row) {
     const std::size_t side = SideOf(FieldText(row.BID));
     const int lots = IntegerIn(row.MATCH_VOL);
     if (FieldText(row.BID).empty()) contract.isUnclear = true;
-    contract.change[side] -= lots;
-    contract.change[Opposite(side)] -= lots;
+    contract.change[side] = WrapSubtract(contract.change[side], lots);
+    contract.change[Opposite(side)] = WrapSubtract(contract.change[Opposite(side)], lots);
 }
 
 void CLotsBook::AddLots(std::string_view contract, std::string_view delivery, std::string_view bid, int lots) {
-    Find(contract, delivery).now[SideOf(bid)] += lots;
+    std::int32_t& now = Find(contract, delivery).now[SideOf(bid)];
+    now = WrapAdd(now, lots);
 }
 
 void CLotsBook::AddOpen(const OpiDetail& row) {
@@ -97,7 +100,7 @@ void CLotsBook::AddOpen(const OpiSum& row) {
 bool CLotsBook::ExpectsLots() const {
     return std::ranges::any_of(contracts_, [this](const Contract& contract) {
         const auto expected = [&](std::size_t side) {
-            return (hasBefore_ ? contract.before[side] : 0) + contract.change[side];
+            return WrapAdd(hasBefore_ ? contract.before[side] : 0, contract.change[side]);
         };
         return expected(0) > 0 || expected(1) > 0;
     });
@@ -107,7 +110,7 @@ std::vector<LotsFault> CLotsBook::EndDay() {
     std::vector<LotsFault> faults;
     for (Contract& contract : contracts_) {
         for (std::size_t side = 0; hasBefore_ && side < contract.now.size(); ++side) {
-            const int expected = contract.before[side] + contract.change[side];
+            const int expected = WrapAdd(contract.before[side], contract.change[side]);
             const int found = contract.now[side];
             if (expected == found || contract.isUnclear) continue;
             const bool isVanished = contract.isOption && !contract.isTraded && found == 0;

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -50,7 +51,7 @@ public:
     [[nodiscard]] bool ExpectsLots() const;
 
 private:
-    using Lots = std::array<int, 2>;  // by LotSide
+    using Lots = std::array<std::int32_t, 2>;  // by LotSide
     struct Contract {
         std::string name;
         bool isOption = false;

@@ -12,9 +12,7 @@ namespace tradebill {
 
 /// Rows of a section that stand together and have as many columns more or less than its heading.
 struct RowRun {
-    int firstRow = 0;  ///< line of the file
-    int lastRow = 0;
-    int rows = 0;
+    std::vector<int> rows;  ///< lines of the file
     int columnsBeyond = 0;  ///< columns less those of the heading
     int columns = 0;
 };

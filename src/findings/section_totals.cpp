@@ -4,7 +4,6 @@
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -70,7 +69,7 @@ bool CSectionTotals::AddRow(std::string_view line, Row columns) {
         column.end = static_cast<std::size_t>(columns[i].data() + columns[i].size() - line.data());
         if (!isFirst && !column.isNumber) continue;
         const auto amount = ParseDecimal(columns[i]);
-        if (amount) column.sum += amount->steps;
+        if (amount) column.sum = WrappingSum(column.sum, amount->steps);
         // Readers stop at a thousands comma: a number to people isn't one to them.
         const bool isRead = amount && !amount->hasMarks;
         if (isFirst) {
@@ -130,7 +129,7 @@ std::optional<TotalFault> CSectionTotals::Compare(std::string_view line) const {
         if (column == nullptr || !column->isNumber || column->sum == amount.steps) continue;
         if (amount.steps != 0 && IsSumOfAny(amount)) continue;
         const std::int64_t rounding = amount.places == 0 ? 0 : Decimal::HalfUnit(amount.places) * (rows_ + 1);
-        fault.isWithinRounding &= std::abs(column->sum - amount.steps) <= rounding;
+        fault.isWithinRounding &= DistanceOf(column->sum, amount.steps) <= static_cast<std::uint64_t>(rounding);
         Append(fault.expected, SumText(column->sum, amount.places));
         Append(fault.found, amount.text);
     }

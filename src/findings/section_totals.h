@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/number.h"
 #include "findings/section_facts.h"
 #include "readers/scan_listener.h"
 
@@ -35,7 +36,7 @@ public:
     [[nodiscard]] int CountAmounts(std::string_view line) const;
 
     /// Lots of a row, for its subtotal.
-    void AddLots(int lots) { lots_ += lots; }
+    void AddLots(std::int32_t lots) { lots_ = WrapAdd(lots_, lots); }
 
 private:
     struct Column {
@@ -61,7 +62,7 @@ private:
     std::size_t width_ = 0;  ///< columns in use
     bool hasBars_ = false;
     int rows_ = 0;
-    int lots_ = 0;
+    std::int32_t lots_ = 0;
 };
 
 }  // namespace tradebill

@@ -161,14 +161,10 @@ void CSectionWatch::TakeData(std::string_view row, Row columns, const RowVerdict
 
 void CSectionWatch::TakeShape(std::string_view row, std::size_t columns, CLineCounter& lines) {
     const int beyond = Beyond(row, columns);
-    if (!facts_.runs.empty() && facts_.runs.back().columnsBeyond == beyond) {
-        ++facts_.runs.back().rows;
-        return;
+    if (facts_.runs.empty() || facts_.runs.back().columnsBeyond != beyond) {
+        facts_.runs.push_back({.rows = {}, .columnsBeyond = beyond, .columns = static_cast<int>(columns)});
     }
-    if (!facts_.runs.empty()) facts_.runs.back().lastRow = lines.LineOf(lastRow_);
-    const int line = lines.LineOf(row);
-    facts_.runs.push_back(
-        {.firstRow = line, .lastRow = line, .rows = 1, .columnsBeyond = beyond, .columns = static_cast<int>(columns)});
+    facts_.runs.back().rows.push_back(lines.LineOf(row));
 }
 
 void CSectionWatch::TakeLostRow(std::string_view row, std::size_t columns, CLineCounter& lines) {
@@ -240,7 +236,6 @@ void CSectionWatch::CompareTotals(CLineCounter& lines) {
 SectionFacts CSectionWatch::End(CLineCounter& lines) {
     isOpen_ = false;
     if (facts_.hasTitle) facts_.titleRow = lines.LineOf(seen_.titleRow);
-    if (!facts_.runs.empty()) facts_.runs.back().lastRow = lines.LineOf(lastRow_);
     LookForUnreadRows(lines);
     CompareTotals(lines);
     return std::move(facts_);

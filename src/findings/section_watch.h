@@ -50,6 +50,9 @@ public:
     void OnRow(std::string_view row, Row columns, const RowVerdict& verdict, CLineCounter& lines);
     void OnLots(int lots) { totals_.AddLots(lots); }
 
+    /// Forgets the section that is open, if one is.
+    void Drop() { isOpen_ = false; }
+
     /// What was seen; the watch is ready for the next section.
     [[nodiscard]] SectionFacts End(CLineCounter& lines);
 

@@ -16,10 +16,8 @@
 namespace tradebill {
 
 struct StatementFacts {
-    std::string day;   ///< of the file's name, yyyymmdd
-    std::string file;  ///< base name
-    StatementState state = StatementState::Read;
-    std::string reason;     ///< why it can't be read
+    std::string day;        ///< of the file's name, yyyymmdd
+    std::string file;       ///< base name
     bool isUsable = false;  ///< it was read, and is of the account's layout
     bool isEnded = false;   ///< no error ended the reading
 

@@ -15,8 +15,9 @@
 #include "base/gbk.h"
 #include "base/number.h"
 #include "base/text.h"
+#include "findings/account_checks.h"
 #include "findings/finding.h"
-#include "findings/finding_table.h"
+#include "findings/layout_hint.h"
 #include "findings/record_amounts.h"
 #include "findings/section_facts.h"
 #include "findings/section_watch.h"
@@ -47,16 +48,13 @@ std::int64_t TurnoverOf(const MatchRecord& trade) {
     return Contains(FieldText(trade.BID), "买"_gbk) ? -amount : amount;
 }
 
-std::string OptionFor(const Layout& layout) {
-    return layout.isForeign ? "--kind foreign" : "--format " + std::to_string(layout.format);
-}
-
 /// The layouts that `text` may be of, as options: "--format 2 or --format 201".
-std::string FittingLayouts(std::string_view text) {
-    std::vector<const Layout*> layouts = LikelyLayouts(text);
-    if (layouts.empty()) layouts = MarkedLayouts(text);
+std::string FittingOptions(std::string_view text, const CReport& report) {
+    const bool hasTemplate = !FieldText(report.Request.TemplateName).empty();
     std::string options;
-    for (const Layout* const layout : layouts) options += (options.empty() ? "" : " or ") + OptionFor(*layout);
+    for (const Layout* const layout : FittingLayouts(text)) {
+        options.append(options.empty() ? "" : " or ").append(OptionFor(*layout, hasTemplate));
+    }
     return options;
 }
 
@@ -64,15 +62,13 @@ std::string FittingLayouts(std::string_view text) {
 
 void CStatementWatch::Tell(FindingCode code, std::string expected, std::string found, std::string text,
                            std::optional<int> row, std::optional<SectionKind> section) {
-    Facts().findings.push_back({.code = code,
-                                .severity = KindOf(code).severity,
-                                .day = Facts().day,
-                                .file = Facts().file,
-                                .row = row,
-                                .section = section,
-                                .expected = std::move(expected),
-                                .found = std::move(found),
-                                .text = std::move(text)});
+    Finding finding = FindingAbout(Facts(), code);
+    finding.row = row;
+    finding.section = section;
+    finding.expected = std::move(expected);
+    finding.found = std::move(found);
+    finding.text = std::move(text);
+    Facts().findings.push_back(std::move(finding));
 }
 
 void CStatementWatch::OnStatement(std::string_view day, const std::string& path, const StatementFile& file) {
@@ -80,9 +76,8 @@ void CStatementWatch::OnStatement(std::string_view day, const std::string& path,
     StatementFacts facts;
     facts.day = day;
     facts.file = FileNameOf(path);
-    facts.state = file.state;
-    facts.reason = file.reason;
     statements_.push_back(std::move(facts));
+    text_ = file.text;
     if (file.state == StatementState::Unreadable) {
         Tell(FindingCode::Unreadable, "a statement that can be read", file.reason, "The statement can't be read.");
     } else if (file.state == StatementState::NotAFile) {
@@ -92,7 +87,6 @@ void CStatementWatch::OnStatement(std::string_view day, const std::string& path,
         Tell(FindingCode::Empty, "a statement", std::to_string(file.bytes.size()) + " bytes",
              "The statement holds nothing.");
     } else {
-        text_ = file.text;
         Facts().isUsable = true;
         Facts().hash = HashOf(file.bytes);
         Facts().size = file.bytes.size();
@@ -113,7 +107,7 @@ void CStatementWatch::BeginPass() {
     Facts().sections.clear();
     lines_.Begin(text_);
     lots_.BeginDay();
-    if (section_.IsOpen()) static_cast<void>(section_.End(lines_));
+    section_.Drop();
     moneySeen_ = {};
     money_.reset();
     report_.PrintedMoney.resize(report_.PrintedMoney.size() - Facts().moneyCount);
@@ -204,10 +198,7 @@ void CStatementWatch::TakeTrade(const MatchRecord& row) {
     const bool isOption = lots_.AddTrade(row);
     if (talliesUnits_) units_.Feed(row);
     Facts().hasClosingTrades |= Contains(FieldText(row.OFFSET), "平"_gbk);
-    if (isOption) {
-        printed_.HasOptionTrades = true;
-        printed_.OptionTurnover += TurnoverOf(row);
-    }
+    if (isOption) printed_.OptionTurnover = WrappingSum(printed_.OptionTurnover, TurnoverOf(row));
 }
 
 void CStatementWatch::OnRecord(const RecordSeen& record) {
@@ -294,7 +285,7 @@ void CStatementWatch::OnStatementEnd() {
     Facts().isEnded = true;
     if (!Facts().isUsable) return;
     if (!IsRecognised()) {
-        const std::string options = FittingLayouts(text_);
+        const std::string options = FittingOptions(text_, report_);
         Facts().findings.clear();
         Tell(FindingCode::Unrecognised,
              report_.IsForeign() ? "--kind foreign" : "--format " + std::to_string(report_.Request.StatementFormat),

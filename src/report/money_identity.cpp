@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "base/decimal.h"
 #include "report/printed_money.h"
 
 namespace tradebill {
@@ -44,7 +45,8 @@ void ForEachTerm(const BalanceForm& form, const PrintedMoney& money, OnTerm onTe
 
 std::int64_t BalanceBy(const BalanceForm& form, const PrintedMoney& money) {
     std::int64_t sum = form.premium == PremiumTerm::Turnover ? money.OptionTurnover : 0;
-    ForEachTerm(form, money, [&](PrintedFigure figure, int sign) { sum += sign * money.Amount(figure); });
+    ForEachTerm(form, money,
+                [&](PrintedFigure figure, int sign) { sum = WrappingSum(sum, sign * money.Amount(figure)); });
     return sum;
 }
 

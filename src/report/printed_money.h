@@ -49,7 +49,6 @@ struct PrintedMoney {
     int Row = 0;           ///< of the file, from 1: where the figures begin
     std::array<std::optional<std::int64_t>, kPrintedFigures> Figures{};
     std::int64_t OptionTurnover = 0;  ///< of the option trades: sold less bought
-    bool HasOptionTrades = false;
 
     [[nodiscard]] const std::optional<std::int64_t>& operator[](PrintedFigure figure) const {
         return Figures[static_cast<std::size_t>(figure)];

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <optional>
 #include <span>
 #include <vector>
@@ -60,13 +59,14 @@ bool HasAvailable(const PrintedMoney& money) {
 
 bool Keeps(const BalanceForm& form, const PrintedMoney& money) {
     const std::int64_t most = Decimal::HalfUnit(kCents) * TermsOf(form, money);
-    return std::abs(BalanceBy(form, money) - money.Amount(PrintedFigure::Closing)) <= most;
+    return DistanceOf(BalanceBy(form, money), money.Amount(PrintedFigure::Closing)) <= static_cast<std::uint64_t>(most);
 }
 
 bool Keeps(const AvailableForm& form, const PrintedMoney& money) {
     constexpr int kTerms = 3;
     const std::int64_t most = Decimal::HalfUnit(kCents) * kTerms;
-    return std::abs(AvailableBy(form, money) - money.Amount(PrintedFigure::Available)) <= most;
+    return DistanceOf(AvailableBy(form, money), money.Amount(PrintedFigure::Available)) <=
+           static_cast<std::uint64_t>(most);
 }
 
 /// The first of those forms that most statements keep, if enough do.

@@ -46,12 +46,20 @@ TEST(ParseDecimal, CutsWhatStandsBehindTheFourthPlace) {
     EXPECT_EQ(decimal->places, 4);
 }
 
-TEST(ParseDecimal, ReadsFourteenWholeDigitsAndNoMore) {
-    const auto most = ParseDecimal("99999999999999.9999");
+TEST(ParseDecimal, ReadsThirteenWholeDigitsAndNoMore) {
+    const auto most = ParseDecimal("9999999999999.9999");
     ASSERT_TRUE(most);
-    EXPECT_EQ(most->steps, 999999999999999999);
-    EXPECT_EQ(ParseDecimal("-99999999999999.9999").value_or(Decimal{}).steps, -999999999999999999);
-    EXPECT_FALSE(ParseDecimal("100000000000000"));
+    EXPECT_EQ(most->steps, 99999999999999999);
+    EXPECT_EQ(ParseDecimal("-9999999999999.9999").value_or(Decimal{}).steps, -99999999999999999);
+    EXPECT_FALSE(ParseDecimal("10000000000000"));
+}
+
+TEST(Decimals, WrapAndLieApartWithoutAFault) {
+    EXPECT_EQ(WrappingSum(2, -3), -1);
+    EXPECT_EQ(WrappingSum(INT64_MAX, 1), INT64_MIN);
+    EXPECT_EQ(DistanceOf(5, -3), 8U);
+    EXPECT_EQ(DistanceOf(-3, 5), 8U);
+    EXPECT_EQ(DistanceOf(INT64_MIN, INT64_MAX), UINT64_MAX);
 }
 
 TEST(ParseDecimal, ReadsNothingElse) {
