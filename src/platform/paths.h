@@ -3,7 +3,9 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace tradebill {
 
@@ -14,6 +16,9 @@ inline constexpr std::size_t kLongestPath = 259;
 [[nodiscard]] bool IsPlainFile(const std::string& path);
 /// Whether something stands there that is no plain file. False if that can't be told.
 [[nodiscard]] bool IsOtherThanFile(const std::string& path);
+/// Whether the last level of `path` is a link, wherever it leads. A place that can't be looked at counts as one, since
+/// nothing may be written through it.
+[[nodiscard]] bool IsLink(const std::string& path);
 
 /// A path as UTF-8. On Linux paths are bytes, and mostly are UTF-8.
 [[nodiscard]] std::string Utf8Path(const std::string& path);
@@ -21,15 +26,25 @@ inline constexpr std::size_t kLongestPath = 259;
 /// Whether both paths lead to one file, however they are spelled. False if either isn't there.
 [[nodiscard]] bool IsSameFile(const std::string& one, const std::string& other);
 
-/// Makes the last level of `path`. True if the folder is there afterwards.
+/// Makes the last level of `path`. True if the folder is there afterwards; else the system's reason is left behind.
 bool MakeFolder(const std::string& path);
+/// Makes the last level of `path`, for its owner alone. False, with the system's reason, if something is there already.
+[[nodiscard]] bool MakeOwnFolder(const std::string& path);
 /// Makes all levels that are missing. True if the folder is there afterwards.
 bool MakeFolders(const std::string& path);
 
 /// Puts a file in the place of another, which may be there. False if it stayed where it was.
 [[nodiscard]] bool MoveOver(const std::string& from, const std::string& to);
-/// Nothing happens if it isn't there.
-void RemoveFile(const std::string& path);
+/// True if no file or link is there afterwards; else the system's reason is left behind.
+bool RemoveFile(const std::string& path);
+/// Removes an empty folder. True if none is there afterwards; else the system's reason is left behind.
+bool RemoveFolder(const std::string& path);
+
+/// The names of all that lies in a folder, in no order; nothing, with the system's reason, if it can't be read.
+[[nodiscard]] std::optional<std::vector<std::string>> NamesIn(const std::string& folder);
+
+/// Whether the system opens a path of this length.
+[[nodiscard]] bool IsOpenablePath(const std::string& path);
 
 [[nodiscard]] std::string AbsolutePath(const std::string& path);
 /// The folder that a file lies in, as an absolute path.

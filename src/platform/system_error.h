@@ -32,4 +32,7 @@ private:
 /// Whether `error`, of an attempt to open a file, says that there is none at the path.
 [[nodiscard]] bool MeansMissing(std::uint32_t error);
 
+/// Whether `error`, of an attempt to make something, says that its name is taken.
+[[nodiscard]] bool MeansThere(std::uint32_t error);
+
 }  // namespace tradebill

@@ -1,12 +1,38 @@
 #include "platform/paths.h"
 
+#include <dirent.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <climits>
+#include <cstdio>
 #include <filesystem>
+#include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <system_error>
+#include <utility>
+#include <vector>
+
+#include "platform/linux/uninterrupted.h"
 
 namespace tradebill {
+namespace {
+
+constexpr mode_t kFolderRights = 0777;  // less the user's mask
+constexpr mode_t kOwnFolderRights = 0700;
+
+bool IsGone(int result) {
+    return result == 0 || errno == ENOENT || errno == ENOTDIR;
+}
+
+struct CloseFolder {
+    void operator()(DIR* folder) const { ::closedir(folder); }
+};
+
+}  // namespace
 
 bool IsFolder(const std::string& path) {
     std::error_code error;
@@ -33,9 +59,24 @@ bool IsSameFile(const std::string& one, const std::string& other) {
     return std::filesystem::equivalent(one, other, error);
 }
 
+bool IsLink(const std::string& path) {
+    struct stat status {};
+    if (::lstat(path.c_str(), &status) != 0) return errno != ENOENT && errno != ENOTDIR;
+    return S_ISLNK(status.st_mode);
+}
+
 bool MakeFolder(const std::string& path) {
-    std::error_code error;
-    return IsFolder(path) || std::filesystem::create_directory(path, error);
+    if (Uninterrupted([&] { return ::mkdir(path.c_str(), kFolderRights); }) == 0) return true;
+    if (errno != EEXIST) return false;
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0) return false;
+    if (S_ISDIR(status.st_mode)) return true;
+    errno = ENOTDIR;
+    return false;
+}
+
+bool MakeOwnFolder(const std::string& path) {
+    return Uninterrupted([&] { return ::mkdir(path.c_str(), kOwnFolderRights); }) == 0;
 }
 
 bool MakeFolders(const std::string& path) {
@@ -45,13 +86,30 @@ bool MakeFolders(const std::string& path) {
 }
 
 bool MoveOver(const std::string& from, const std::string& to) {
-    std::error_code error;
-    std::filesystem::rename(from, to, error);
-    return !error;
+    return Uninterrupted([&] { return std::rename(from.c_str(), to.c_str()); }) == 0;
 }
 
-void RemoveFile(const std::string& path) {
-    ::unlink(path.c_str());
+bool RemoveFile(const std::string& path) {
+    return IsGone(Uninterrupted([&] { return ::unlink(path.c_str()); }));
+}
+
+bool RemoveFolder(const std::string& path) {
+    return IsGone(Uninterrupted([&] { return ::rmdir(path.c_str()); }));
+}
+
+std::optional<std::vector<std::string>> NamesIn(const std::string& folder) {
+    const std::unique_ptr<DIR, CloseFolder> open(::opendir(folder.c_str()));
+    if (open == nullptr) return std::nullopt;
+    std::vector<std::string> names;
+    for (errno = 0; const dirent* const entry = ::readdir(open.get()); errno = 0) {
+        const std::string_view name = static_cast<const char*>(entry->d_name);
+        if (name != "." && name != "..") names.emplace_back(name);
+    }
+    return errno == 0 ? std::optional(std::move(names)) : std::nullopt;
+}
+
+bool IsOpenablePath(const std::string& path) {
+    return path.size() < PATH_MAX;
 }
 
 std::string AbsolutePath(const std::string& path) {

@@ -23,4 +23,8 @@ bool MeansMissing(std::uint32_t error) {
     return error == ENOENT || error == ENOTDIR || error == ENAMETOOLONG;
 }
 
+bool MeansThere(std::uint32_t error) {
+    return error == EEXIST;
+}
+
 }  // namespace tradebill

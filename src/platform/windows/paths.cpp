@@ -6,7 +6,11 @@
 
 #include <algorithm>
 #include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
+#include "platform/system_error.h"
 #include "platform/windows/unique_handle.h"
 #include "platform/windows/wide_text.h"
 
@@ -53,8 +57,23 @@ bool IsSameFile(const std::string& one, const std::string& other) {
            first->nFileIndexHigh == second->nFileIndexHigh && first->nFileIndexLow == second->nFileIndexLow;
 }
 
+bool IsLink(const std::string& path) {
+    WIN32_FIND_DATAA found{};
+    const HANDLE search = ::FindFirstFileA(path.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return !MeansMissing(::GetLastError());
+    ::FindClose(search);
+    // Other marks than those of links stand on files whose bytes lie elsewhere.
+    return (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 && IsReparseTagNameSurrogate(found.dwReserved0);
+}
+
 bool MakeFolder(const std::string& path) {
-    return IsFolder(path) || ::CreateDirectoryA(path.c_str(), nullptr) != FALSE;
+    if (::CreateDirectoryA(path.c_str(), nullptr) != FALSE) return true;
+    const CSystemErrorKeeper reason;
+    return IsFolder(path);
+}
+
+bool MakeOwnFolder(const std::string& path) {
+    return ::CreateDirectoryA(path.c_str(), nullptr) != FALSE;
 }
 
 bool MakeFolders(const std::string& path) {
@@ -68,8 +87,31 @@ bool MoveOver(const std::string& from, const std::string& to) {
     return ::MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) != FALSE;
 }
 
-void RemoveFile(const std::string& path) {
-    ::DeleteFileA(path.c_str());
+bool RemoveFile(const std::string& path) {
+    return ::DeleteFileA(path.c_str()) != FALSE || MeansMissing(::GetLastError());
+}
+
+bool RemoveFolder(const std::string& path) {
+    return ::RemoveDirectoryA(path.c_str()) != FALSE || MeansMissing(::GetLastError());
+}
+
+std::optional<std::vector<std::string>> NamesIn(const std::string& folder) {
+    WIN32_FIND_DATAA found{};
+    const HANDLE search = ::FindFirstFileA((folder + "/*").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return std::nullopt;
+    std::vector<std::string> names;
+    do {
+        const std::string name = &found.cFileName[0];
+        if (name != "." && name != "..") names.push_back(name);
+    } while (::FindNextFileA(search, &found) != FALSE);
+    const DWORD end = ::GetLastError();
+    ::FindClose(search);
+    ::SetLastError(end);
+    return end == ERROR_NO_MORE_FILES ? std::optional(std::move(names)) : std::nullopt;
+}
+
+bool IsOpenablePath(const std::string& path) {
+    return path.size() <= kLongestPath;
 }
 
 std::string AbsolutePath(const std::string& path) {

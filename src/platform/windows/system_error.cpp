@@ -34,4 +34,8 @@ bool MeansMissing(std::uint32_t error) {
            error == ERROR_FILENAME_EXCED_RANGE;
 }
 
+bool MeansThere(std::uint32_t error) {
+    return error == ERROR_ALREADY_EXISTS || error == ERROR_FILE_EXISTS;
+}
+
 }  // namespace tradebill

@@ -1,0 +1,19 @@
+// Bringing a finished file to where others look for it.
+#pragma once
+
+#include <string>
+
+namespace tradebill {
+
+/// Moves the file `from` to `to`, on the same volume, in one step: whoever opens `to` finds the old file or the new
+/// one, whole. A new file has the rights that one made there would have; one that replaces another takes over its mode,
+/// and its group where that is allowed. A link at `to` is replaced and not followed; a folder or a device is not. Where
+/// somebody holds the old file open in a way that keeps it in its place, as Windows lets him, it is written over there.
+/// False, with the system's reason where it has one, if `to` isn't the new file then.
+[[nodiscard]] bool PutInPlace(const std::string& from, const std::string& to);
+
+/// Writes the bytes of `from` to `to`, which is made or emptied first. False, with the system's reason, if it doesn't
+/// hold them all then.
+[[nodiscard]] bool CopyOver(const std::string& from, const std::string& to);
+
+}  // namespace tradebill

@@ -1,0 +1,95 @@
+#include "platform/lock_file.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/linux/uninterrupted.h"
+#include "platform/system_error.h"
+
+namespace tradebill {
+namespace {
+
+constexpr std::intptr_t kNoFile = -1;
+
+int Descriptor(std::intptr_t handle) {
+    return static_cast<int>(handle);
+}
+
+int Open(const std::string& path, CLockFile::Which which) {
+    constexpr mode_t kRights = 0644;  // others may read who holds it
+    const int making = which == CLockFile::Which::MadeIfMissing ? O_CREAT : 0;
+    return Uninterrupted([&] { return ::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | making, kRights); });
+}
+
+/// Nobody can be kept out there, and nobody finds a lock to take for one of the dead.
+bool MeansNoLocks(int error) {
+    return error == ENOLCK || error == ENOSYS || error == EOPNOTSUPP || error == EINVAL;
+}
+
+/// Whether the file is still the one at `path`: its last holder may have removed it meanwhile.
+bool IsStillAt(int file, const std::string& path) {
+    struct stat own {};
+    struct stat there {};
+    return ::fstat(file, &own) == 0 && ::lstat(path.c_str(), &there) == 0 && own.st_dev == there.st_dev &&
+           own.st_ino == there.st_ino;
+}
+
+}  // namespace
+
+CLockFile::CLockFile(const std::string& path, Which which) : path_(path), handle_(kNoFile), state_(Take(which)) {}
+
+CLockFile::~CLockFile() {
+    Release();
+}
+
+CLockFile::State CLockFile::Take(Which which) {
+    ForgetSystemError();
+    const int file = Open(path_, which);
+    if (file < 0) return State::Failed;
+    const bool isLocked = Uninterrupted([&] { return ::flock(file, LOCK_EX | LOCK_NB); }) == 0;
+    if (isLocked ? IsStillAt(file, path_) : which == Which::MadeIfMissing && MeansNoLocks(errno)) {
+        handle_ = file;
+        return State::Held;
+    }
+    const bool isTaken = isLocked || errno == EWOULDBLOCK;
+    const CSystemErrorKeeper reason;
+    ::close(file);
+    return isTaken ? State::Taken : State::Failed;
+}
+
+void CLockFile::Name(std::string_view holder) const {
+    const int file = Descriptor(handle_);
+    if (::ftruncate(file, 0) != 0) return;
+    static_cast<void>(::pwrite(file, holder.data(), holder.size(), 0) < 0);
+}
+
+bool CLockFile::Release() {
+    if (handle_ == kNoFile) return true;
+    bool isGone = ::unlink(path_.c_str()) == 0 || errno == ENOENT;
+    if (!isGone) isGone = ::unlink(path_.c_str()) == 0;
+    const CSystemErrorKeeper reason;
+    ::close(Descriptor(handle_));
+    handle_ = kNoFile;
+    state_ = State::Failed;
+    return isGone;
+}
+
+std::string HolderIn(const std::string& path) {
+    const int file = Uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW); });
+    if (file < 0) return {};
+    std::array<char, 256> holder{};
+    const ssize_t size = Uninterrupted([&] { return ::pread(file, holder.data(), holder.size(), 0); });
+    ::close(file);
+    return size > 0 ? std::string(holder.data(), static_cast<std::size_t>(size)) : std::string();
+}
+
+}  // namespace tradebill

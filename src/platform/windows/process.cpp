@@ -1,0 +1,23 @@
+#include "platform/process.h"
+
+#include <windows.h>
+
+#include <array>
+
+#include "platform/windows/wide_text.h"
+
+namespace tradebill {
+
+std::string OwnProcessName() {
+    const std::string name = "process " + std::to_string(::GetCurrentProcessId());
+    std::array<wchar_t, MAX_COMPUTERNAME_LENGTH + 1> machine{};
+    DWORD size = machine.size();
+    if (::GetComputerNameW(machine.data(), &size) == FALSE || size == 0) return name;
+    return name + " on " + Utf8Of(std::wstring_view(machine.data(), size));
+}
+
+void Pause(int milliseconds) {
+    ::Sleep(static_cast<DWORD>(milliseconds));
+}
+
+}  // namespace tradebill
