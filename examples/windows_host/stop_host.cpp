@@ -42,6 +42,16 @@ std::string ContentOf(const std::string& page) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
+/// Whether a folder of this name, which may have wildcards, has a picture in it.
+bool HasPicture(const std::string& place, const std::string& name) {
+    WIN32_FIND_DATAA found{};
+    const HANDLE search = ::FindFirstFileA((place + "\\" + name).c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return false;
+    ::FindClose(search);
+    const std::string picture = place + "\\" + &found.cFileName[0] + "\\BillShrink.png";
+    return ::GetFileAttributesA(picture.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
 int CountOf(std::string_view word, std::string_view text) {
     int count = 0;
     for (std::size_t at = text.find(word); at != std::string_view::npos; at = text.find(word, at + 1)) ++count;
@@ -113,14 +123,11 @@ public:
     void StopInTheFirstDay() {
         Run("stop in the first day", [](CStopThread& thread) { OnFirstUnit = [&] { thread.StopNow(); }; });
     }
-    /// A picture of this run appears in the folder. Pictures have no stop point: the page sees it.
+    /// A picture appears in the run's own folder. Pictures have no stop point: the page sees it.
     void StopWhilePicturesArePainted() {
-        const std::string folder = page_.substr(0, page_.rfind('\\')) + "\\Image_files\\";
-        const std::string first = folder + "BillShrink.png";
-        ::DeleteFileA(first.c_str());
-        Run("stop while pictures are painted", [&](CStopThread& thread) {
-            thread.Start([first] { return ::GetFileAttributesA(first.c_str()) != INVALID_FILE_ATTRIBUTES; });
-        });
+        const std::string folder = page_.substr(0, page_.rfind('\\'));
+        Run("stop while pictures are painted",
+            [&](CStopThread& thread) { thread.Start([folder] { return HasPicture(folder, ".tradebill-*"); }); });
     }
     void StopBeforeTheFirstRow() {
         Run("stop before the page's first row", [](CStopThread& thread) { OnSizes = [&] { thread.StopNow(); }; });

@@ -19,7 +19,9 @@
 #include "cli/report_options.h"
 #include "cli/run_findings.h"
 #include "cli/usage_error.h"
+#include "cli/wait_option.h"
 #include "cli/watched_run.h"
+#include "driver/bill_folders.h"
 #include "driver/report_counts.h"
 #include "driver/report_run.h"
 #include "findings/finding.h"
@@ -60,6 +62,23 @@ void ShowSummary(const CReport& report, const RunResult& result, std::ostream& o
         << "  page              " << NativePath(result.pagePath) << "\n";
 }
 
+/// Where a report goes beside its page.
+struct ReportOutputs {
+    std::optional<COutputFile> json;
+    std::optional<COutputFile> standalone;
+    bool isPageOfBefore = false;  ///< standard output, to which one of them goes, is the file that the page replaces
+};
+
+/// Seen before the run: behind it no path leads to the file of before any more.
+bool IsPageOfBefore(const std::optional<COutputFile>& output, const std::string& page) {
+    return output && output->IsStandardOutput() && output->LeadsTo(page);
+}
+
+/// Never in the place of the page.
+bool IsOnPage(const COutputFile& output, const ReportOutputs& outputs, const std::string& page) {
+    return output.LeadsTo(page) || (output.IsStandardOutput() && outputs.isPageOfBefore);
+}
+
 /// A report, and its page as one file too.
 struct MadeReport {
     std::optional<RunResult> result;  ///< nothing if the run failed, which is told
@@ -67,8 +86,9 @@ struct MadeReport {
 };
 
 MadeReport MakeReportAndFile(CReport& report, const PreparedRequest& prepared, bool quiet, RunOptions options,
-                             const COutputFile& output) {
+                             const ReportOutputs& outputs) {
     MadeReport made;
+    const COutputFile& output = *outputs.standalone;
     made.isFileSaved = output.Save([&](std::ostream& file) {
         CStandalonePage page(file);
         CPageRelay relay(page);
@@ -76,31 +96,24 @@ MadeReport MakeReportAndFile(CReport& report, const PreparedRequest& prepared, b
         made.result = RunWatched(report, prepared, quiet, RunReport, options);
         relay.Finish();
         page.Finish();
-        return made.result && made.result->end == RunEnd::Finished && !output.LeadsTo(made.result->pagePath);
+        return made.result && made.result->end == RunEnd::Finished && !IsOnPage(output, outputs, made.result->pagePath);
     });
     return made;
 }
 
-/// Never in the place of the page.
-bool SaveJson(const COutputFile& output, const CReport& report, const std::string& pagePath,
+bool SaveJson(const ReportOutputs& outputs, const CReport& report, const std::string& pagePath,
               std::span<const Finding> findings) {
-    if (output.LeadsTo(pagePath)) return false;
-    return output.Save([&](std::ostream& out) {
+    if (IsOnPage(*outputs.json, outputs, pagePath)) return false;
+    return outputs.json->Save([&](std::ostream& out) {
         WriteJson(report, out, findings);
         return true;
     });
 }
 
-/// Where a report goes beside its page.
-struct ReportOutputs {
-    std::optional<COutputFile> json;
-    std::optional<COutputFile> standalone;
-};
-
 /// Whether all that was asked for is there; what isn't is told.
 bool FinishOutputs(const ReportOutputs& outputs, const CReport& report, const MadeReport& made,
                    std::span<const Finding> findings) {
-    if (outputs.json && !SaveJson(*outputs.json, report, made.result->pagePath, findings)) {
+    if (outputs.json && !SaveJson(outputs, report, made.result->pagePath, findings)) {
         Fail("can't write " + outputs.json->Name());
         return false;
     }
@@ -129,6 +142,7 @@ CommandRun DeclareReport(CLI::App& app) {
         ->type_name("FILE");
     app.add_option("--out", command->outFolder, "Folder for page and pictures (default: beside the statements)")
         ->type_name("DIR");
+    AddWaitOption(app, command->wait);
     app.add_flag("--force", command->force, "Write a page even without a single statement");
     app.add_flag("--open", command->opensPage, "Show the page on the desktop");
     app.add_flag("--strict", command->strict, "Exit with 3 if something is wrong or doubtful in the statements");
@@ -137,23 +151,27 @@ CommandRun DeclareReport(CLI::App& app) {
 }
 
 int RunReportCommand(const ReportCommand& command) {
-    const ReportOutputs outputs{.json = FindOutput("--json", command.jsonFile),
-                                .standalone = FindOutput("--standalone", command.standaloneFile)};
+    ReportOutputs outputs{.json = FindOutput("--json", command.jsonFile),
+                          .standalone = FindOutput("--standalone", command.standaloneFile)};
     CheckOutputs({outputs.json, outputs.standalone});
-    RunOptions options{.outFolder = OutFolderOf(command.outFolder), .needsStatement = !command.force};
+    RunOptions options{
+        .outFolder = OutFolderOf(command.outFolder), .needsStatement = !command.force, .wait = command.wait};
     const PreparedRequest prepared = PrepareRequest(command.options);
     RequireTemplate(prepared);
+    const std::string page = FuturePagePath(prepared.rootFolder, prepared.request, options.outFolder);
+    outputs.isPageOfBefore = IsPageOfBefore(outputs.json, page) || IsPageOfBefore(outputs.standalone, page);
     CReport report;
     CRunFindings faults(report, prepared);
     options.listener = faults.Listener();
     const MadeReport made = outputs.standalone
-                                ? MakeReportAndFile(report, prepared, command.quiet, options, *outputs.standalone)
+                                ? MakeReportAndFile(report, prepared, command.quiet, options, outputs)
                                 : MadeReport{.result = RunWatched(report, prepared, command.quiet, RunReport, options),
                                              .isFileSaved = true};
     if (!made.result) return kExitFailed;
     if (made.result->end == RunEnd::NothingRead) {
         return FailWithoutStatement(*made.result, "nothing is written (--force writes a page all the same)");
     }
+    if (made.result->end == RunEnd::PlaceTaken) return Fail("--wait SECONDS waits longer for the other run");
     const std::vector<Finding> findings = faults.Collect();
     const bool isDone = FinishOutputs(outputs, report, made, findings);
     if (isDone && !command.quiet) ShowSummary(report, *made.result, SummaryStream({outputs.json, outputs.standalone}));

@@ -6,6 +6,7 @@
 
 #include "cli/command_table.h"
 #include "cli/report_options.h"
+#include "cli/wait_option.h"
 
 namespace tradebill {
 
@@ -15,6 +16,7 @@ struct ReportCommand {
     std::optional<std::string> standaloneFile;  ///< the page with its pictures inside
     std::optional<std::string> outFolder;       ///< for page and pictures; nothing: beside the statements
     bool opensPage = false;
+    int wait = 10;        ///< seconds
     bool force = false;   ///< write a page even without a single statement
     bool strict = false;  ///< findings above a note make the exit code 3
     bool quiet = false;   ///< no progress line and no summary; warnings are shown all the same

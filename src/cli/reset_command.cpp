@@ -3,12 +3,15 @@
 #include <CLI/CLI.hpp>
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "cli/command_table.h"
 #include "cli/usage_error.h"
+#include "cli/wait_option.h"
 #include "cli/watched_run.h"
-#include "page/page_sections.h"
+#include "driver/place_guard.h"
+#include "driver/reset_page.h"
 #include "platform/paths.h"
 
 namespace tradebill {
@@ -16,15 +19,23 @@ namespace {
 
 struct ResetCommand {
     std::string page;
+    int wait = kUsualWait;
     bool isFinished = false;
 };
+
+/// Nothing if the page is there; otherwise why it isn't.
+std::optional<std::string> ResetUnlessTaken(const ResetCommand& command) {
+    const CPlaceGuard guard(FolderOf(command.page), command.wait);
+    if (guard.IsHeld()) return ResetPage(command.page, command.isFinished);
+    return guard.Holder().empty() ? guard.Reason() : guard.Holder() + " is writing there (--wait SECONDS waits longer)";
+}
 
 int RunResetCommand(const ResetCommand& command) {
     if (command.page.size() > kLongestPath) {
         throw CUsageError("expected a path of at most " + std::to_string(kLongestPath) + " bytes, found \"" +
                           command.page + "\"");
     }
-    const auto failure = WritePlaceholderPage(command.page, command.isFinished);
+    const auto failure = ResetUnlessTaken(command);
     if (!failure) return kExitDone;
     return Fail("can't write the page " + command.page + (failure->empty() ? "" : ": " + *failure));
 }
@@ -34,6 +45,7 @@ int RunResetCommand(const ResetCommand& command) {
 CommandRun DeclareReset(CLI::App& app) {
     const auto command = std::make_shared<ResetCommand>();
     app.add_option("PAGE", command->page, "The page's file")->required()->type_name("");
+    AddWaitOption(app, command->wait);
     app.add_flag("--finished", command->isFinished, "Say that the report can be asked for");
     return [command] { return RunResetCommand(*command); };
 }

@@ -1,11 +1,13 @@
 #include "driver/bill_folders.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "base/day.h"
 #include "base/text.h"
+#include "driver/report_request.h"
 #include "driver/run_problems.h"
 #include "platform/paths.h"
 #include "platform/system_error.h"
@@ -18,33 +20,52 @@ namespace {
 constexpr std::size_t kLongestChainPath = 255;
 constexpr const char* kImageFolder = "Image_files";
 
-std::string DataFolder(const CReport& report) {
-    return report.RootFolder + "/Users/" + report.Request.UserFolder + "/Data";
+constexpr const char* kPageFolder = "/Bill/Image";  // below the data folder
+
+std::string DataFolder(const std::string& rootFolder, const GenerateBillRequest& request) {
+    return rootFolder + "/Users/" + std::string(FieldText(request.UserFolder)) + "/Data";
 }
+
+std::string DataFolder(const CReport& report) {
+    return DataFolder(report.RootFolder, report.Request);
+}
+
+std::string PageIn(const std::string& folder) {
+    return (folder + "/TradeBill.html").substr(0, kLongestPath);
+}
+
+/// A folder that a run makes.
+struct FolderLevel {
+    std::string path;
+    bool mayBeLink;
+};
 
 /// The page's folder and those above it that a run makes, the outermost first.
-std::vector<std::string> PageFolders(const CReport& report, const std::string& outFolder) {
-    if (!outFolder.empty()) return {outFolder};
+std::vector<FolderLevel> PageFolders(const CReport& report, const std::string& outFolder) {
+    if (!outFolder.empty()) return {{outFolder, true}};
     const std::string data = DataFolder(report);
-    return {data, data + "/Bill", data + "/Bill/Image"};
+    return {{data, true}, {data + "/Bill", true}, {data + kPageFolder, false}};
 }
 
-UnwrittenFile WhyNotMade(const std::string& folder) {
-    return {folder, SystemErrorText(LastSystemError())};
+/// Nothing if the folder is there, and may be used.
+std::optional<UnwrittenFile> WhyNotUsed(const FolderLevel& level) {
+    if (!MakeFolder(level.path)) return UnwrittenFile{level.path, SystemErrorText(LastSystemError())};
+    if (level.mayBeLink || !IsLink(level.path)) return std::nullopt;
+    return UnwrittenFile{level.path, "it is a link"};
 }
 
 }  // namespace
 
-std::vector<UnwrittenFile> PrepareBillFolders(CReport& report, const std::string& outFolder) {
+BillFolders PrepareBillFolders(CReport& report, const std::string& outFolder) {
     CReportDocument& document = report.ReportDocument;
-    for (const std::string& level : PageFolders(report, outFolder)) {
-        document.BillFolder = level;
-        if (!MakeFolder(level)) return {WhyNotMade(level)};
+    for (const FolderLevel& level : PageFolders(report, outFolder)) {
+        document.BillFolder = level.path;
+        if (const auto failure = WhyNotUsed(level)) return {.failures = {*failure}, .reason = failure->reason};
     }
     document.ImageFolderName = kImageFolder;
-    const std::string pictures = document.BillFolder + "/" + kImageFolder;
-    if (MakeFolder(pictures)) return {};
-    return {WhyNotMade(pictures)};
+    const auto failure = WhyNotUsed({document.BillFolder + "/" + kImageFolder, false});
+    if (failure) return {.forPage = true, .forPictures = false, .failures = {*failure}};
+    return {.forPage = true, .forPictures = true};
 }
 
 std::string StatementPath(const CReport& report, const CalendarDay& day, bool isToday) {
@@ -63,7 +84,12 @@ std::string TemplatePath(const CReport& report) {
 }
 
 std::string PagePath(const CReport& report) {
-    return (report.ReportDocument.BillFolder + "/TradeBill.html").substr(0, kLongestPath);
+    return PageIn(report.ReportDocument.BillFolder);
+}
+
+std::string FuturePagePath(const std::string& rootFolder, const GenerateBillRequest& request,
+                           const std::string& outFolder) {
+    return PageIn(outFolder.empty() ? DataFolder(rootFolder, request) + kPageFolder : outFolder);
 }
 
 }  // namespace tradebill

@@ -5,19 +5,29 @@
 #include <vector>
 
 #include "base/day.h"
+#include "driver/report_request.h"
 #include "driver/run_problems.h"
 
 namespace tradebill {
 
 class CReport;
 
+/// What came of the folders that a run makes.
+struct BillFolders {
+    bool forPage = false;      ///< the page's folder is there
+    bool forPictures = false;  ///< and the pictures' folder in it
+    std::vector<UnwrittenFile> failures = {};
+    std::string reason = {};  ///< why nothing can be written to the page's folder, UTF-8; may be empty
+};
+
 // All of them lie below the report's root folder, unless an own folder is given, and follow its request.
 
 /// Makes "Data", "Bill" and "Image" in the user's folder, one in the other, or in place of them the last level of
 /// `outFolder`, if it isn't empty; and in the last of them the pictures' folder. Sets BillFolder and ImageFolderName of
-/// the report's document. If a folder can't be made it stops there: BillFolder names that folder. Returns those that
-/// can't be made.
-std::vector<UnwrittenFile> PrepareBillFolders(CReport& report, const std::string& outFolder = {});
+/// the report's document. If a folder can't be made it stops there: BillFolder names that folder. A link counts as one
+/// that can't be made in the place of "Image" and of the pictures' folder, since whoever laid it there would say where
+/// files are replaced.
+BillFolders PrepareBillFolders(CReport& report, const std::string& outFolder = {});
 
 /// The statement file of `day`. That of a finished day ends in "o".
 [[nodiscard]] std::string StatementPath(const CReport& report, const CalendarDay& day, bool isToday);
@@ -30,5 +40,9 @@ std::vector<UnwrittenFile> PrepareBillFolders(CReport& report, const std::string
 
 /// REQUIRES: PrepareBillFolders has run.
 [[nodiscard]] std::string PagePath(const CReport& report);
+
+/// The same before a run, if all its folders can be made.
+[[nodiscard]] std::string FuturePagePath(const std::string& rootFolder, const GenerateBillRequest& request,
+                                         const std::string& outFolder);
 
 }  // namespace tradebill

@@ -14,9 +14,9 @@
 #include "driver/report_counts.h"
 #include "driver/report_request.h"
 #include "driver/report_run.h"
+#include "driver/reset_page.h"
 #include "driver/run_problems.h"
 #include "images/chart_kinds.h"
-#include "page/page_sections.h"
 #include "paint/picture_file.h"
 #include "platform/host_link.h"
 #include "platform/paths.h"
@@ -86,17 +86,17 @@ std::uint32_t RunForHost(const GenerateBillRequest* request) {
 }
 
 /// Writes the placeholder page. What keeps it from being written, a line; empty if nothing does.
-std::string ResetPage(const char* path, bool isFinished) {
+std::string ResetForPath(const char* path, bool isFinished) {
     if (path == nullptr) return "the path is null";
     const std::string page = std::string(path).substr(0, kLongestPath);
     RunProblems problems;
-    if (const auto failure = WritePlaceholderPage(page, isFinished)) problems.page = {page, *failure};
+    if (const auto failure = ResetPage(page, isFinished)) problems.page = {page, *failure};
     return TextOf(problems);
 }
 
 void ResetForHost(const char* path, bool isFinished) {
     try {
-        KeepCall(ResetPage(path, isFinished));
+        KeepCall(ResetForPath(path, isFinished));
     } catch (const std::bad_alloc&) {
         KeepCall("out of memory");
     }

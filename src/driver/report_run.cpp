@@ -14,8 +14,10 @@
 #include "base/report_error.h"
 #include "base/text.h"
 #include "driver/bill_folders.h"
+#include "driver/place_guard.h"
 #include "driver/report_days.h"
 #include "driver/report_request.h"
+#include "driver/run_files.h"
 #include "driver/run_problems.h"
 #include "images/report_images.h"
 #include "page/html_builder.h"
@@ -129,6 +131,7 @@ void Begin(CReport& report, const GenerateBillRequest& request) {
     report.Request = CopyRequest(request);
     report.TemplatePath = TemplatePath(report);
     const std::time_t now = PresentTime();
+    report.ReportDocument.WorkFolder.clear();
     report.ReportDays = {now, now};  // which is what a refused date leaves behind
     report.ReportDays = ReportDaysOf(report.Request);
     report.MoneyStore.StartDateText = DashedDayText(LocalDayOf(report.ReportDays.first));
@@ -148,26 +151,40 @@ void ReadAndCompute(CReport& report, RunResult& result, CRunWatcher* watcher, co
     FinishStatistics(report);
 }
 
-void PrepareFolders(CReport& report, const RunOptions& options, RunResult& result) {
-    result.problems.folders = PrepareBillFolders(report, options.outFolder);
+BillFolders PrepareFolders(CReport& report, const RunOptions& options, RunResult& result) {
+    BillFolders folders = PrepareBillFolders(report, options.outFolder);
+    result.problems.folders = folders.failures;
+    return folders;
 }
 
-void MakePictures(CReport& report, RunResult& result) {
-    ReportImages images = BuildReportImages(report);
-    result.picturesSaved = static_cast<int>(images.saved.size());
-    result.problems.pictures = std::move(images.failures);
+/// An error leaves what is there by then to be seen.
+void MakePictures(CReport& report, CRunFiles& files) {
+    ReportImages& images = files.Images();
+    try {
+        BuildReportImages(report, images);
+    } catch (const CReportError&) {
+        files.FinishPictures();
+        throw;
+    }
     if (!images.pageWidth) return;
     report.ReportDocument.PageWidth = *images.pageWidth;
-    report.ReportDocument.SavedPictures = std::move(images.saved);
+    report.ReportDocument.SavedPictures = images.saved;
     report.MoneyStore.ChartSizes = images.chartSizes;
 }
 
-void WritePage(const CReport& report, CPageSink* copy, RunResult& result) {
-    result.pagePath = PagePath(report);
-    CHtmlBuilder page(result.pagePath, copy);
-    AddPageSections(page, report);
-    result.pageWritten = !page.HasFailed();
-    if (page.HasFailed()) result.problems.page = {result.pagePath, page.WhyFailed()};
+/// An error leaves the page to be seen as far as it came.
+void WritePage(const CReport& report, CPageSink* copy, CRunFiles& files) {
+    CHtmlBuilder page(WholePath{files.WorkPage()}, copy, [&] {
+        if (!page.HasFailed()) files.ShowPage();
+    });
+    const auto finish = [&] { files.Finish(page.HasFailed() ? std::optional(page.WhyFailed()) : std::nullopt); };
+    try {
+        AddPageSections(page, report);
+    } catch (const CReportError&) {
+        finish();
+        throw;
+    }
+    finish();
 }
 
 std::vector<ProductUnit> UsedUnits(const CReport& report) {
@@ -180,17 +197,46 @@ void NotifyHost(const GenerateBillRequest& request) {
     static_cast<void>(StopSeen(request));  // the run is over: the host only wants its answer
 }
 
+/// Keeps other programs away from the page's folder, as long as what it returns lives. The run ends if one of them
+/// doesn't leave it; a folder that can't be held can't be written to either.
+std::optional<CPlaceGuard> GuardPlace(const CReport& report, BillFolders& folders, const RunOptions& options,
+                                      RunResult& result) {
+    if (!options.wait || !folders.forPage) return std::nullopt;
+    const std::string& place = report.ReportDocument.BillFolder;
+    std::optional<CPlaceGuard> guard(std::in_place, place, *options.wait);
+    if (guard->IsHeld()) return guard;
+    folders.forPage = false;
+    if (!guard->Holder().empty()) {
+        result.end = RunEnd::PlaceTaken;
+        result.problems.taken = {place, guard->Holder()};
+    } else {
+        folders.reason = guard->Reason();
+    }
+    return std::nullopt;
+}
+
+void MakePageAndPictures(CReport& report, const BillFolders& folders, CRunWatcher* watcher, CPageSink* copy,
+                         RunResult& result) {
+    result.pagePath = PagePath(report);
+    CRunFiles files(report, folders, result);
+    if (watcher != nullptr) watcher->OnStage("pictures");
+    MakePictures(report, files);
+    if (watcher != nullptr) watcher->OnStage("page");
+    WritePage(report, copy, files);
+}
+
 void MakeReport(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher, const RunOptions& options,
                 RunResult& result) {
     Begin(report, request);
-    if (!options.needsStatement) PrepareFolders(report, options, result);  // hosts find them from the first day on
+    BillFolders folders;
+    if (!options.needsStatement)
+        folders = PrepareFolders(report, options, result);  // hosts find them from the first day on
     ReadAndCompute(report, result, watcher, options);
     if (result.end != RunEnd::Finished) return;
-    if (options.needsStatement) PrepareFolders(report, options, result);
-    if (watcher != nullptr) watcher->OnStage("pictures");
-    MakePictures(report, result);
-    if (watcher != nullptr) watcher->OnStage("page");
-    WritePage(report, options.copy, result);
+    if (options.needsStatement) folders = PrepareFolders(report, options, result);
+    const auto guard = GuardPlace(report, folders, options, result);
+    if (result.end != RunEnd::Finished) return;
+    MakePageAndPictures(report, folders, watcher, options.copy, result);
     NotifyHost(report.Request);
 }
 

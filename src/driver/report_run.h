@@ -5,6 +5,7 @@
 // between calls; bill_folders.h tells where the files lie, report_days.h which days are read.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +25,7 @@ enum class RunEnd {
     Finished,
     Stopped,      ///< the host's stop was seen in the day loop; nothing was written
     NothingRead,  ///< no statement could be read, and without one nothing is written
+    PlaceTaken,   ///< another program writes the same page: problems has who, and nothing was written
     Failed,       ///< by an error; what had been read is in the report, and the page as far as it was written
 };
 
@@ -53,6 +55,8 @@ struct RunOptions {
     StatementAccess access = StatementAccess::ReadAndWrite;
     std::string outFolder = {};   ///< where page and pictures go, made if missing; empty: beside the statements
     bool needsStatement = false;  ///< nothing at all is written, and no folder made, unless a statement was read
+    std::optional<int> wait =
+        {};  ///< seconds, for another program that writes the same page; nothing: it isn't looked for
 };
 
 /// Makes the report that `request` asks for in `report`, which is emptied first. What goes wrong is in the result, an

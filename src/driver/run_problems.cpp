@@ -39,6 +39,8 @@ std::string PictureText(const PictureFailure& picture) {
             return "can't read the module's own picture for " + std::string(picture.name);
         case PictureStage::Painting:
             return "can't paint the picture " + std::string(picture.name);
+        case PictureStage::Removing:
+            return WithReason("can't remove the picture of an older report " + ShownPath(picture.path), picture.reason);
         case PictureStage::Saving:
             break;
     }
@@ -73,6 +75,14 @@ std::vector<std::string> ProblemTexts(const RunProblems& problems) {
     std::ranges::transform(problems.pictures, std::back_inserter(texts), PictureText);
     if (problems.page) {
         texts.push_back(WithReason("can't write the page " + ShownPath(problems.page->path), problems.page->reason));
+    }
+    if (problems.taken) {
+        texts.push_back("nothing is written to " + ShownPath(problems.taken->folder) + ": " + problems.taken->holder +
+                        " is writing there");
+    }
+    if (problems.leftover) {
+        const std::string folder = ShownPath(problems.leftover->path);
+        texts.push_back(WithReason("can't remove the run's own folder " + folder, problems.leftover->reason));
     }
     return texts;
 }

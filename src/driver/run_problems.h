@@ -27,6 +27,12 @@ struct UnwrittenFile {
     std::string reason;  ///< in the system's words, UTF-8; may be empty
 };
 
+/// A folder that another program writes to.
+struct TakenPlace {
+    std::string folder;
+    std::string holder;  ///< UTF-8
+};
+
 /// The error that ended a run.
 struct RunError {
     std::uint32_t code = 0;
@@ -41,10 +47,12 @@ struct RunProblems {
     std::vector<UnwrittenFile> folders;
     std::vector<PictureFailure> pictures;
     std::optional<UnwrittenFile> page;
+    std::optional<TakenPlace> taken;
+    std::optional<UnwrittenFile> leftover;  ///< a folder of the run's own that can't be removed
     std::optional<RunError> error;
 
     [[nodiscard]] bool IsEmpty() const {
-        return statements.empty() && folders.empty() && pictures.empty() && !page && !error;
+        return statements.empty() && folders.empty() && pictures.empty() && !page && !taken && !leftover && !error;
     }
 };
 

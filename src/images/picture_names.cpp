@@ -8,6 +8,11 @@
 namespace tradebill {
 
 std::string FullPicturePath(const CReportDocument& document, std::string_view picture) {
+    if (document.WorkFolder.empty()) return ShownPicturePath(document, picture);
+    return document.WorkFolder + "/" + std::string(picture);
+}
+
+std::string ShownPicturePath(const CReportDocument& document, std::string_view picture) {
     return document.BillFolder + "/" + document.ImageFolderName + "/" + std::string(picture);
 }
 

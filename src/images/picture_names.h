@@ -23,9 +23,12 @@ inline constexpr std::string_view kMatchDetails = "MatchDetails.jpg";
 inline constexpr std::string_view kOffsetRecords = "OffsetRecords.jpg";
 inline constexpr std::string_view kOffsetFigure = "OffsetFigure.jpg";
 
-/// Where the file of a picture lies.
+/// Where the file of a picture lies by now.
 ///
 /// REQUIRES: the folders of `document` are prepared.
 [[nodiscard]] std::string FullPicturePath(const CReportDocument& document, std::string_view picture);
+
+/// Where the page looks for it in the end.
+[[nodiscard]] std::string ShownPicturePath(const CReportDocument& document, std::string_view picture);
 
 }  // namespace tradebill

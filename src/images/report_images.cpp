@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <functional>
+#include <iterator>
 #include <new>
 #include <optional>
 #include <string>
@@ -23,9 +24,11 @@
 #include "paint/canvas.h"
 #include "paint/picture_file.h"
 #include "platform/embedded_picture.h"
+#include "platform/file.h"
 #include "platform/system_error.h"
 #include "report/money_store.h"
 #include "report/report.h"
+#include "report/report_document.h"
 
 namespace tradebill {
 namespace {
@@ -142,6 +145,14 @@ struct Button {
 
 constexpr Button kButtons[] = {{kShrinkPicture, kShrinkId}, {kExpandPicture, kExpandId}};
 
+/// Nobody meets half a picture: what is not at its place yet is not looked at.
+bool SaveIn(const CReportDocument& document, std::string_view name, std::string_view content) {
+    const std::string path = FullPicturePath(document, name);
+    if (document.WorkFolder.empty()) return SavePictureFile(content, path);
+    CFile file(path, FileMode::Create);
+    return file.IsOpen() && file.Write(content);
+}
+
 /// Saves what makes up a page's pictures, one after another. What can't be made is passed over: the report comes out
 /// with what there is.
 class CPictureSaver {
@@ -176,7 +187,7 @@ public:
     }
 
     void Fail(std::string_view name, PictureStage stage, std::string reason = {}) {
-        images_.failures.push_back({name, stage, PathOf(name), std::move(reason)});
+        images_.failures.push_back({name, stage, ShownPicturePath(report_.ReportDocument, name), std::move(reason)});
     }
 
 private:
@@ -191,15 +202,11 @@ private:
     void SaveFile(std::string_view name, PictureSize size, std::string_view content) {
         if (content.empty()) {
             Fail(name, PictureStage::Painting);
-        } else if (SavePictureFile(content, PathOf(name))) {
+        } else if (SaveIn(report_.ReportDocument, name, content)) {
             images_.saved.push_back({.name = name, .width = size.width, .height = size.height});
         } else {
             Fail(name, PictureStage::Saving, SystemErrorText(LastSystemError()));
         }
-    }
-
-    [[nodiscard]] std::string PathOf(std::string_view name) const {
-        return FullPicturePath(report_.ReportDocument, name);
     }
 
     const CReport& report_;
@@ -246,19 +253,25 @@ void ShowReportPictures(const CReport& report, int baseWidth,
     }
 }
 
-ReportImages BuildReportImages(const CReport& report) {
-    ReportImages images{.pageWidth = {}, .chartSizes = report.MoneyStore.ChartSizes, .saved = {}, .failures = {}};
+std::vector<std::string_view> ReportPictureNames() {
+    std::vector<std::string_view> names;
+    std::ranges::transform(kButtons, std::back_inserter(names), &Button::name);
+    std::ranges::transform(kPictures, std::back_inserter(names), &ReportPicture::name);
+    return names;
+}
+
+void BuildReportImages(const CReport& report, ReportImages& images) {
+    images.chartSizes = report.MoneyStore.ChartSizes;
     CPictureSaver saver(report, images);
     for (const Button& button : kButtons) saver.Save(button);
     const auto width = BaseWidth();
     if (!width) {
         for (const ReportPicture& picture : kPictures) saver.Fail(picture.name, PictureStage::Decoding);
-        return images;
+        return;
     }
     images.pageWidth = report.Scaled(*width);
     saver.PrepareFor(LargestSize({report, *width}));
     ShowReportPictures(report, *width, [&](const ShownPicture& picture) { saver.Save(picture); });
-    return images;
 }
 
 std::optional<ChartSizes> MeasureCharts(const CReport& report) {

@@ -31,14 +31,22 @@ struct ShownPicture {
 void ShowReportPictures(const CReport& report, int baseWidth,
                         const std::function<void(const ShownPicture& picture)>& show);
 
-enum class PictureStage { Decoding, Painting, Saving };
+/// The names of all files of pictures that a report may have.
+[[nodiscard]] std::vector<std::string_view> ReportPictureNames();
 
-/// A picture of which nothing was saved.
+enum class PictureStage {
+    Decoding,
+    Painting,
+    Saving,
+    Removing,  ///< it could not be made, and nor could an older one of its name be taken away
+};
+
+/// A picture that the report doesn't have.
 struct PictureFailure {
     std::string_view name;  ///< of its file; lives as long as the module
     PictureStage stage = PictureStage::Painting;
-    std::string path;    ///< of its file
-    std::string reason;  ///< of one that can't be saved, in the system's words; UTF-8, may be empty
+    std::string path;    ///< of its file, where the page looks for it
+    std::string reason;  ///< of one that can't be saved or removed, in the system's words; UTF-8, may be empty
 };
 
 /// What making the pictures came to, for the report to keep.
@@ -49,11 +57,12 @@ struct ReportImages {
     std::vector<PictureFailure> failures;
 };
 
-/// Makes the JPEG files of all pictures and two PNG files of a report. A picture that can't be made or saved is passed
-/// over. If the banner is missing there are only the PNG files.
+/// Makes the JPEG files of all pictures and two PNG files of a report, where FullPicturePath says. A picture that can't
+/// be made or saved is passed over. If the banner is missing there are only the PNG files. `images`, which is empty
+/// before, tells what was made, also if an error ends it.
 ///
 /// REQUIRES: the statistics are complete, and the report's folders prepared.
-[[nodiscard]] ReportImages BuildReportImages(const CReport& report);
+void BuildReportImages(const CReport& report, ReportImages& images);
 
 /// The sizes that the charts of a report have, without painting anything; nothing if the banner is missing.
 [[nodiscard]] std::optional<ChartSizes> MeasureCharts(const CReport& report);

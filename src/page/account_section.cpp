@@ -113,8 +113,7 @@ std::string TextOf(const PicturedReport& pictured, const ImageBlock& block) {
 constexpr ImageBlock kForeignDetail{kAccountDetail, "AccountDetail", "资金明细"_gbk};
 constexpr ImageBlock kForeignFigure{kAccountFigure, "AccountFigure", "权益走势"_gbk, "javascript:void(0)"};
 
-/// The host finds the page whole.
-void ReportChartSizes(CHtmlBuilder& page, const CReport& report) {
+void ReportChartSizes(const CReport& report) {
     const GenerateBillRequest& request = report.Request;
     if (request.HostWindow == nullptr || request.ChartSizeCallback == nullptr) return;
     const auto [equityWidth, equityHeight, realisedWidth, realisedHeight, accountYieldWidth, accountYieldHeight,
@@ -122,14 +121,13 @@ void ReportChartSizes(CHtmlBuilder& page, const CReport& report) {
     const ChartSizeReport sizes{equityWidth,     equityHeight,      realisedWidth,
                                 realisedHeight,  accountYieldWidth, accountYieldHeight,
                                 tradeYieldWidth, tradeYieldHeight,  report.MoneyStore.Count()};
-    page.Settle();
     request.ChartSizeCallback(&sizes);
 }
 
 void CloseSection(CHtmlBuilder& page, const CReport& report) {
     page.AddHeading(1, "", "");
     page.ClosePage();
-    ReportChartSizes(page, report);
+    ReportChartSizes(report);
 }
 
 }  // namespace

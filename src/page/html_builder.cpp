@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "page/page_file.h"
 #include "page/page_sink.h"
@@ -42,6 +43,14 @@ std::string StyleBlock(const Style& style) {
 }  // namespace
 
 CHtmlBuilder::CHtmlBuilder(std::string_view path, CPageSink* copy) : file_(path), copy_(copy) {}
+
+CHtmlBuilder::CHtmlBuilder(const WholePath& path, CPageSink* copy, std::function<void()> show)
+    : file_(path), copy_(copy), show_(std::move(show)) {}
+
+void CHtmlBuilder::Show() {
+    Settle();
+    if (show_) show_();
+}
 
 void CHtmlBuilder::AddText(std::string_view text) {
     file_.Append(text);

@@ -36,6 +36,10 @@ public:
     /// Creates the page with its head lines. If it can't, the builder has no path and writes nothing from then on.
     /// `path` is cut to 259 bytes. `copy`, which may be null and must outlive the builder, gets the page too.
     explicit CHtmlBuilder(std::string_view path, CPageSink* copy = nullptr);
+
+    /// A page that is made where nobody looks, at a path of any length. `show` brings it, whole on disk, to where it is
+    /// looked for.
+    explicit CHtmlBuilder(const WholePath& path, CPageSink* copy = nullptr, std::function<void()> show = {});
     virtual ~CHtmlBuilder() = default;
     CHtmlBuilder(const CHtmlBuilder&) = delete;
     CHtmlBuilder& operator=(const CHtmlBuilder&) = delete;
@@ -67,6 +71,9 @@ public:
     /// Brings a page that is gathered to disk.
     void Settle() { file_.Settle(); }
 
+    /// Lets others see the page as it is by now: on disk, and at its place.
+    void Show();
+
     /// Whether an operation could not do its work since the builder was made.
     [[nodiscard]] bool HasFailed() const { return file_.HasFailed(); }
 
@@ -78,6 +85,7 @@ private:
 
     CPageFile file_;
     CPageSink* copy_;
+    std::function<void()> show_;
 };
 
 /// While one lives the page is gathered: it goes to disk in large blocks and each byte once, and the file may lag

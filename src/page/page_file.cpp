@@ -12,14 +12,15 @@
 
 namespace tradebill {
 
-CPageFile::CPageFile(std::string_view path) {
-    const std::string page(path.substr(0, kLongestPath));
-    CFile file(page, FileMode::Create);
+CPageFile::CPageFile(std::string_view path) : CPageFile(WholePath{std::string(path.substr(0, kLongestPath))}) {}
+
+CPageFile::CPageFile(const WholePath& path) {
+    CFile file(path.path, FileMode::Create);
     if (!file.IsOpen()) {
         Fail();
         return;
     }
-    path_ = page;
+    path_ = path.path;
     isFresh_ = file.Write(kPageHeadLines);
     if (!isFresh_) Fail();
     size_ = kPageHeadLines.size();

@@ -21,11 +21,17 @@ namespace tradebill {
 /// Whether a text is known to hold whole lines that a closing would keep to the byte.
 enum class TextKind { Any, PlainLines };
 
+/// A path that isn't cut.
+struct WholePath {
+    std::string path;
+};
+
 class CPageFile {
 public:
     /// Makes the file with its head lines, or empties it. If that fails there is no path, and nothing is done from then
     /// on. `path` is cut to 259 bytes.
     explicit CPageFile(std::string_view path);
+    explicit CPageFile(const WholePath& path);
     CPageFile(const CPageFile&) = delete;
     CPageFile& operator=(const CPageFile&) = delete;
 

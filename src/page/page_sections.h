@@ -10,14 +10,14 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace tradebill {
 
 class CHtmlBuilder;
 class CReport;
+struct WholePath;
 
-/// The account's pictures. Tells the host the sizes of the charts, with the page whole so far.
+/// The account's pictures. Tells the host the sizes of the charts.
 bool AddAccountSection(CHtmlBuilder& page, const CReport& report);
 bool AddForeignAccountSection(CHtmlBuilder& page, const CReport& report);
 
@@ -45,6 +45,6 @@ void AddPageSections(CHtmlBuilder& page, const CReport& report);
 
 /// A page of one line that stands for the report until it is there: that it is being made, or is `finished` and can be
 /// asked for. Nothing if it was written; otherwise why it couldn't be, as CHtmlBuilder tells it.
-[[nodiscard]] std::optional<std::string> WritePlaceholderPage(std::string_view path, bool finished);
+[[nodiscard]] std::optional<std::string> WritePlaceholderPage(const WholePath& path, bool finished);
 
 }  // namespace tradebill

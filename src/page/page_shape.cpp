@@ -5,6 +5,7 @@
 
 #include "base/gbk.h"
 #include "page/html_builder.h"
+#include "page/page_file.h"
 #include "page/page_scripts.h"
 #include "page/page_sections.h"
 #include "report/report.h"
@@ -40,7 +41,7 @@ constexpr PageSection kSections[] = {
 
 }  // namespace
 
-std::optional<std::string> WritePlaceholderPage(std::string_view path, bool finished) {
+std::optional<std::string> WritePlaceholderPage(const WholePath& path, bool finished) {
     CHtmlBuilder page(path);
     page.AddHeading(2, "", finished ? "请查询！"_gbk : "账单查询中..."_gbk);
     page.ClosePage();

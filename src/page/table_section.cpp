@@ -75,7 +75,7 @@ void CTableWriter::AddDashRow(std::string_view rowClass) {
 
 void CTableWriter::Flush() {
     HandOver();
-    page_.Settle();
+    page_.Show();
 }
 
 void CTableWriter::HandOver() {

@@ -26,6 +26,7 @@ public:
 
     std::string BillFolder;       ///< the page's folder, once it is prepared
     std::string ImageFolderName;  ///< of the pictures' folder, relative to BillFolder
+    std::string WorkFolder;       ///< where the run has its pictures until they go to their folder; empty: not there
     int PageWidth = 0;            ///< of every table, in pixels; 0 until pictures have been made
 
     std::vector<SavedPicture> SavedPictures;  ///< those that this run has made; a file may lie there without

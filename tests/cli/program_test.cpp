@@ -200,16 +200,6 @@ TEST_F(Program, FailsIfThePageCantBeWritten) {
     EXPECT_EQ(std::ranges::count(answer.err, '\n'), 1) << answer.err;
 }
 
-#if !defined(_WIN32)  // which has no device that is always full
-TEST_F(Program, FailsIfTheDiskIsFull) {
-    fs::create_directories(fs::path(PageFile()).parent_path());
-    fs::create_symlink("/dev/full", PageFile());
-    const Answer answer = Run(Report());
-    EXPECT_EQ(answer.exit, 1);
-    EXPECT_EQ(answer.err, "tradebill: can't write the page " + NativePath(PageFile()) + ": No space left on device\n");
-}
-#endif
-
 TEST_F(Program, ListsItsOptions) {
     const Answer answer = Run("report --help");
     EXPECT_EQ(answer.exit, 0);

@@ -94,17 +94,6 @@ TEST_F(Command, FailsIfThePageCantBeWritten) {
     EXPECT_EQ(answer.out, "");
 }
 
-#if !defined(_WIN32)  // which has no device that is always full
-TEST_F(Command, FailsIfTheDiskIsFull) {
-    PutStatement("20240102", "1500.25");
-    fs::create_directories(fs::path(PageFile()).parent_path());
-    fs::create_symlink("/dev/full", PageFile());
-    const Answer answer = Run();
-    EXPECT_EQ(answer.exit, 1);
-    EXPECT_TRUE(Says(answer.err, "can't write the page " + NativePath(PageFile()))) << answer.err;
-}
-#endif
-
 TEST_F(Command, FailsIfThePagesFolderCantBeMade) {
     PutStatement("20240102", "1500.25");
     root_.Write("Users/demo/Data/Bill/Image", "a file in its place");

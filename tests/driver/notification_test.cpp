@@ -94,16 +94,5 @@ TEST_F(Notification, IsSentIfAFolderStandsInPlaceOfThePage) {
     EXPECT_TRUE(std::filesystem::is_directory(PageFile()));
 }
 
-#if !defined(_WIN32)  // which has no device that is always full
-TEST_F(Notification, IsSentIfTheDiskIsFull) {
-    std::filesystem::create_directories(root_.Path("Users/u/Data/Bill/Image"));
-    std::filesystem::create_symlink("/dev/full", PageFile());
-    const RunResult result = Run();
-    EXPECT_EQ(result.end, RunEnd::Finished);
-    EXPECT_FALSE(result.pageWritten);
-    EXPECT_EQ(window_.messages.size(), 1U);
-}
-#endif
-
 }  // namespace
 }  // namespace tradebill::notification_test

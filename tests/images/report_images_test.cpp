@@ -49,6 +49,11 @@ protected:
         fs::create_directories(folder_.Path("Image_files"));
     }
 
+    [[nodiscard]] static tradebill::ReportImages ImagesOf(const CReport& report) {
+        tradebill::ReportImages images;
+        BuildReportImages(report, images);
+        return images;
+    }
     [[nodiscard]] std::string PathOf(std::string_view name) const {
         return folder_.Path("Image_files/" + std::string(name));
     }
@@ -80,7 +85,7 @@ TEST_F(ReportImages, HaveTheirSizesAtEveryResolution) {
     for (const Measures& measures : kMeasures) {
         SCOPED_TRACE(measures.dpi);
         report.Request.Dpi = measures.dpi;
-        const auto images = BuildReportImages(report);
+        const auto images = ImagesOf(report);
         ASSERT_TRUE(images.pageWidth);
         const PictureSize chart{measures.chartWidth, measures.chartHeight};
         EXPECT_EQ(images.pageWidth, measures.width);
@@ -105,7 +110,7 @@ TEST_F(ReportImages, GrowWithTheCurrenciesOfAForeignAccount) {
         for (const auto& [currencies, expected] : blocks) {
             report.CurrencyMoneyStore.Clear();
             AddCurrencies(currencies);
-            ASSERT_TRUE(BuildReportImages(report).pageWidth);
+            ASSERT_TRUE(ImagesOf(report).pageWidth);
             EXPECT_EQ(SizeOf("AccountDetail.jpg"), (PictureSize{measures.width, expected * measures.blockHeight + 40}))
                 << measures.dpi << " " << currencies;
             if (measures.dpi > 0) break;  // the size of a block is what the resolution changes
@@ -117,7 +122,7 @@ TEST_F(ReportImages, GrowWithTheCurrenciesOfAForeignAccount) {
 }
 
 TEST_F(ReportImages, SaveTheTwoButtons) {
-    ASSERT_TRUE(BuildReportImages(report).pageWidth);
+    ASSERT_TRUE(ImagesOf(report).pageWidth);
     EXPECT_EQ(DecodePng(ReadFile(PathOf("BillShrink.png"))), LoadPngResource(5002));
     EXPECT_EQ(DecodePng(ReadFile(PathOf("BillExpand.png"))), LoadPngResource(5001));
 }
@@ -126,7 +131,7 @@ TEST_F(ReportImages, SaveTheTwoButtons) {
 TEST_F(ReportImages, LeaveBlackWhatTheGroundOfTheRealisedChartDoesNotReach) {
     report.MoneyStore.MinDayPL = report.MoneyStore.MaxDayPL = 5e-324;
     report.Request.Dpi = 192;
-    const auto images = BuildReportImages(report);
+    const auto images = ImagesOf(report);
     ASSERT_TRUE(images.pageWidth);
     EXPECT_EQ(images.chartSizes[kRealisedSize], 1650);  // noted all the same
     EXPECT_EQ(images.chartSizes[kRealisedSize + 1], 500);
@@ -134,20 +139,20 @@ TEST_F(ReportImages, LeaveBlackWhatTheGroundOfTheRealisedChartDoesNotReach) {
     EXPECT_EQ(PixelOf("OffsetFigure.jpg", 1000, 120), (std::array{0, 0, 0}));
     EXPECT_EQ(PixelOf("OffsetFigure.jpg", 400, 400), (std::array{0, 0, 0}));
     report.MoneyStore.MinDayPL = report.MoneyStore.MaxDayPL = 0;
-    ASSERT_TRUE(BuildReportImages(report).pageWidth);
+    ASSERT_TRUE(ImagesOf(report).pageWidth);
     EXPECT_EQ(PixelOf("OffsetFigure.jpg", 1640, 490), (std::array{255, 255, 255}));
 }
 
 TEST_F(ReportImages, OverwriteThoseOfTheLastReport) {
     folder_.Write("Image_files/RiskFigure.jpg", "rubbish");
-    ASSERT_TRUE(BuildReportImages(report).pageWidth);
+    ASSERT_TRUE(ImagesOf(report).pageWidth);
     EXPECT_EQ(SizeOf("RiskFigure.jpg"), (PictureSize{500, 250}));
 }
 
 TEST_F(ReportImages, PassOverOneThatCannotBeSaved) {
     fs::create_directories(PathOf("AccountDetail.jpg") + "/in the way");
     fs::create_directories(PathOf("BillShrink.png") + "/in the way");
-    ASSERT_TRUE(BuildReportImages(report).pageWidth);
+    ASSERT_TRUE(ImagesOf(report).pageWidth);
     EXPECT_EQ(SizeOf("AccountDetail.jpg"), (PictureSize{0, 0}));
     EXPECT_EQ(SizeOf("OffsetFigure.jpg"), (PictureSize{825, 250}));
     EXPECT_EQ(SizeOf("BillExpand.png"), (PictureSize{8, 8}));
@@ -157,7 +162,7 @@ TEST_F(ReportImages, AreNotedWithTheirSizesAsFarAsTheyAreSaved) {
     fs::create_directories(PathOf("AccountDetail.jpg") + "/in the way");
     fs::create_directories(PathOf("BillShrink.png") + "/in the way");
     report.Request.Dpi = 144;
-    const auto images = BuildReportImages(report);
+    const auto images = ImagesOf(report);
     ASSERT_TRUE(images.pageWidth);
     EXPECT_EQ(images.saved.size(), 12U);  // 12 JPEG and 2 PNG files but for these two
     ASSERT_EQ(images.failures.size(), 2U);
@@ -176,21 +181,21 @@ TEST_F(ReportImages, AreNotedWithTheirSizesAsFarAsTheyAreSaved) {
 
 TEST_F(ReportImages, AreNotNotedWithoutAFolder) {
     fs::remove_all(folder_.Path("Image_files"));
-    const auto images = BuildReportImages(report);
+    const auto images = ImagesOf(report);
     ASSERT_TRUE(images.pageWidth);
     EXPECT_TRUE(images.saved.empty());
     EXPECT_EQ(images.failures.size(), 14U);
 }
 
 TEST_F(ReportImages, HaveTitleBarsThatAreAllAlike) {
-    ASSERT_TRUE(BuildReportImages(report).pageWidth);
+    ASSERT_TRUE(ImagesOf(report).pageWidth);
     for (const std::string_view name : kBars) EXPECT_EQ(ReadFile(PathOf(name)), ReadFile(PathOf(kBars[0]))) << name;
     EXPECT_NE(ReadFile(PathOf(kBars[0])), ReadFile(PathOf("AccountSummary.jpg")));
 }
 
 TEST_F(ReportImages, PassOverAFolderThatIsGone) {
     fs::remove_all(folder_.Path("Image_files"));
-    const auto images = BuildReportImages(report);
+    const auto images = ImagesOf(report);
     ASSERT_TRUE(images.pageWidth);
     EXPECT_FALSE(fs::exists(folder_.Path("Image_files")));
     EXPECT_EQ(images.pageWidth, 825);
@@ -199,7 +204,7 @@ TEST_F(ReportImages, PassOverAFolderThatIsGone) {
 TEST_F(ReportImages, AreSafeAtAbsurdResolutions) {
     for (const int dpi : {-96, 1, 2'000'000'000}) {
         report.Request.Dpi = dpi;
-        EXPECT_TRUE(BuildReportImages(report).pageWidth) << dpi;
+        EXPECT_TRUE(ImagesOf(report).pageWidth) << dpi;
         ExpectBars();
     }
 }
@@ -214,7 +219,7 @@ TEST_F(ReportImages, LeaveTheSizesThatAreMeasuredWithoutPainting) {
     for (const int kind : {1, 2}) {
         report.Request.StatementKind = kind;
         report.Request.Dpi = 144;
-        const auto painted = BuildReportImages(report);
+        const auto painted = ImagesOf(report);
         ASSERT_TRUE(painted.pageWidth);
         EXPECT_EQ(MeasureCharts(report), painted.chartSizes);
     }

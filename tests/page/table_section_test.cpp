@@ -182,6 +182,27 @@ TEST_F(TableWriter, SeesNoStopBeforeItIsSignalled) {
     EXPECT_EQ(Page(), kHead + Title() + kTop);
 }
 
+TEST_F(TableWriter, ShowsThePageBeforeItAnswersAStop) {
+    const UniqueEvent stop(CreateHostEvent(1));
+    const UniqueEvent acknowledge(CreateHostEvent(1));
+    report.Request.StopEvent = stop.get();
+    report.Request.AckEvent = acknowledge.get();
+    std::vector<std::string> shown;
+    const std::string path = folder_.Path("shown.html");
+    CHtmlBuilder page(WholePath{path}, nullptr, [&] {
+        shown.push_back(ReadFile(path));
+        EXPECT_FALSE(WaitForEvent(acknowledge.get(), 0));
+    });
+    CTableWriter table(page, report, kTable, kHeadings);
+    EXPECT_FALSE(table.StopRequested());
+    EXPECT_TRUE(shown.empty());
+    SignalHostEvent(stop.get());
+    EXPECT_TRUE(table.StopRequested());
+    ASSERT_EQ(shown.size(), 1U);
+    EXPECT_NE(shown[0].find("<table"), std::string::npos);
+    EXPECT_TRUE(WaitForEvent(acknowledge.get(), 0));
+}
+
 TEST_F(TableWriter, StopsWithoutAnAcknowledgeEvent) {
     const UniqueEvent stop(CreateHostEvent(1));
     report.Request.StopEvent = stop.get();
