@@ -25,9 +25,12 @@ struct ResetCommand {
 
 /// Nothing if the page is there; otherwise why it isn't.
 std::optional<std::string> ResetUnlessTaken(const ResetCommand& command) {
-    const CPlaceGuard guard(FolderOf(command.page), command.wait);
-    if (guard.IsHeld()) return ResetPage(command.page, command.isFinished);
-    return guard.Holder().empty() ? guard.Reason() : guard.Holder() + " is writing there (--wait SECONDS waits longer)";
+    CPlaceGuard guard(FolderOf(command.page), command.wait);
+    if (!guard.Holder().empty()) return guard.Holder() + " is writing there (--wait SECONDS waits longer)";
+    if (!guard.IsHeld()) return guard.Reason();
+    const auto failure = ResetPage(command.page, command.isFinished);
+    if (failure || guard.Release()) return failure;
+    return "it is written, but " + guard.Path() + " can't be removed";
 }
 
 int RunResetCommand(const ResetCommand& command) {

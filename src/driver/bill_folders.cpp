@@ -1,6 +1,7 @@
 #include "driver/bill_folders.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -50,8 +51,15 @@ std::vector<FolderLevel> PageFolders(const CReport& report, const std::string& o
 /// Nothing if the folder is there, and may be used.
 std::optional<UnwrittenFile> WhyNotUsed(const FolderLevel& level) {
     if (!MakeFolder(level.path)) return UnwrittenFile{level.path, SystemErrorText(LastSystemError())};
+    ForgetSystemError();
     if (level.mayBeLink || !IsLink(level.path)) return std::nullopt;
-    return UnwrittenFile{level.path, "it is a link"};
+    const std::uint32_t error = LastSystemError();
+    return UnwrittenFile{level.path, error == 0 ? "it is a link" : SystemErrorText(error)};
+}
+
+/// Whether a folder that can't be used may hold pictures of an older report, which a page would show.
+bool MayHavePictures(const std::string& folder) {
+    return IsLink(folder) || IsFolder(folder);
 }
 
 }  // namespace
@@ -63,9 +71,10 @@ BillFolders PrepareBillFolders(CReport& report, const std::string& outFolder) {
         if (const auto failure = WhyNotUsed(level)) return {.failures = {*failure}, .reason = failure->reason};
     }
     document.ImageFolderName = kImageFolder;
-    const auto failure = WhyNotUsed({document.BillFolder + "/" + kImageFolder, false});
-    if (failure) return {.forPage = true, .forPictures = false, .failures = {*failure}};
-    return {.forPage = true, .forPictures = true};
+    const std::string pictures = document.BillFolder + "/" + kImageFolder;
+    const auto failure = WhyNotUsed({pictures, false});
+    if (!failure) return {.forPage = true, .forPictures = true};
+    return {.forPage = !MayHavePictures(pictures), .failures = {*failure}, .reason = failure->reason};
 }
 
 std::string StatementPath(const CReport& report, const CalendarDay& day, bool isToday) {

@@ -26,7 +26,7 @@ struct BillFolders {
 /// `outFolder`, if it isn't empty; and in the last of them the pictures' folder. Sets BillFolder and ImageFolderName of
 /// the report's document. If a folder can't be made it stops there: BillFolder names that folder. A link counts as one
 /// that can't be made in the place of "Image" and of the pictures' folder, since whoever laid it there would say where
-/// files are replaced.
+/// files are replaced. Without the pictures' folder a page is written only if it can't show older pictures.
 BillFolders PrepareBillFolders(CReport& report, const std::string& outFolder = {});
 
 /// The statement file of `day`. That of a finished day ends in "o".

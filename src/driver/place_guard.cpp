@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <ctime>
 #include <memory>
 #include <string>
@@ -28,19 +28,18 @@ std::string SinceText() {
 
 }  // namespace
 
-CPlaceGuard::CPlaceGuard(const std::string& folder, int seconds) {
+CPlaceGuard::CPlaceGuard(const std::string& folder, int seconds) : path_(folder + "/" + kGuardName) {
     constexpr int kStep = 50;  // milliseconds
-    const std::string path = folder + "/" + kGuardName;
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(seconds);
-    lock_ = std::make_unique<CLockFile>(path, CLockFile::Which::MadeIfMissing);
-    while (lock_->IsTaken() && std::chrono::steady_clock::now() < end) {
+    const std::int64_t end = SteadyMicroseconds() + std::int64_t{seconds} * 1'000'000;
+    lock_ = std::make_unique<CLockFile>(path_, CLockFile::Which::MadeIfMissing);
+    while (lock_->IsTaken() && SteadyMicroseconds() < end) {
         Pause(kStep);
-        lock_ = std::make_unique<CLockFile>(path, CLockFile::Which::MadeIfMissing);
+        lock_ = std::make_unique<CLockFile>(path_, CLockFile::Which::MadeIfMissing);
     }
     if (lock_->IsHeld()) {
         lock_->Name(OwnProcessName() + SinceText());
     } else if (lock_->IsTaken()) {
-        holder_ = HolderIn(path);
+        holder_ = HolderIn(path_);
         if (holder_.empty()) holder_ = "another program";
     } else {
         reason_ = SystemErrorText(LastSystemError());

@@ -25,6 +25,7 @@
 #include "paint/picture_file.h"
 #include "platform/host_link.h"
 #include "platform/local_time.h"
+#include "platform/system_error.h"
 #include "readers/statement_loader.h"
 #include "report/money_record.h"
 #include "report/money_store.h"
@@ -234,9 +235,10 @@ void MakeReport(CReport& report, const GenerateBillRequest& request, CRunWatcher
     ReadAndCompute(report, result, watcher, options);
     if (result.end != RunEnd::Finished) return;
     if (options.needsStatement) folders = PrepareFolders(report, options, result);
-    const auto guard = GuardPlace(report, folders, options, result);
+    auto guard = GuardPlace(report, folders, options, result);
     if (result.end != RunEnd::Finished) return;
     MakePageAndPictures(report, folders, watcher, options.copy, result);
+    if (guard && !guard->Release()) result.problems.leftover = {guard->Path(), SystemErrorText(LastSystemError())};
     NotifyHost(report.Request);
 }
 

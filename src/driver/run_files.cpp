@@ -70,7 +70,7 @@ void CRunFiles::ShowPictures() {
 void CRunFiles::ShowPicture(const SavedPicture& picture) {
     const std::string place = ShownPicturePath(report_.ReportDocument, picture.name);
     ForgetSystemError();
-    if (making_ == Making::InPlace || (folders_.forPictures && PutInPlace(folder_->PathOf(picture.name), place))) {
+    if (making_ == Making::InPlace || (folders_.forPictures && places_.Put(folder_->PathOf(picture.name), place))) {
         images_.saved.push_back(picture);
         return;
     }
@@ -95,7 +95,7 @@ void CRunFiles::ShowPage() {
 /// What can't be brought now may come with the next call: the last one decides.
 void CRunFiles::BringPage(std::string_view workFile) {
     ForgetSystemError();
-    result_.pageWritten = PutInPlace(folder_->PathOf(workFile), PagePath(report_));
+    result_.pageWritten = places_.Put(folder_->PathOf(workFile), PagePath(report_));
     result_.problems.page.reset();
     if (!result_.pageWritten) FailPage(SystemErrorText(LastSystemError()));
 }

@@ -10,6 +10,7 @@
 #include "driver/bill_folders.h"
 #include "driver/run_folder.h"
 #include "images/report_images.h"
+#include "platform/file_place.h"
 #include "report/report_document.h"
 
 namespace tradebill {
@@ -62,6 +63,7 @@ private:
     std::optional<CRunFolder> folder_;
     Making making_;
     bool arePicturesShown_ = false;
+    CFilePlaces places_;
     ReportImages images_;
 };
 

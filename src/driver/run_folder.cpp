@@ -1,7 +1,6 @@
 #include "driver/run_folder.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -11,6 +10,7 @@
 #include <vector>
 
 #include "images/report_images.h"
+#include "platform/local_time.h"
 #include "platform/lock_file.h"
 #include "platform/paths.h"
 #include "platform/process.h"
@@ -26,8 +26,8 @@ constexpr std::string_view kLockName = "lock";
 std::string NewName(int attempt) {
     constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz0123456789";
     constexpr int kLength = 10;
-    const auto now = std::chrono::system_clock::now().time_since_epoch().count();
-    const std::string origin = OwnProcessName() + " " + std::to_string(now) + " " + std::to_string(attempt);
+    const std::string times = std::to_string(PresentTime()) + " " + std::to_string(SteadyMicroseconds());
+    const std::string origin = OwnProcessName() + " " + times + " " + std::to_string(attempt);
     std::string name(kNamePrefix);
     for (auto [left, rest] = std::pair(kLength, std::uint64_t{std::hash<std::string>{}(origin)}); left > 0; --left) {
         name += kLetters[static_cast<std::size_t>(rest % kLetters.size())];
@@ -104,7 +104,7 @@ CRunFolder::Made CRunFolder::Make() {
     reason_ = SystemErrorText(error);
     const bool isTaken = lock_->IsTaken() || MeansMissing(error);
     lock_.reset();
-    if (!isTaken) RemoveFolder(path_);
+    if (!isTaken && RemoveFile(LockIn(path_))) RemoveFolder(path_);
     return isTaken ? Made::NameIsTaken : Made::Never;
 }
 

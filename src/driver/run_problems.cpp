@@ -81,8 +81,8 @@ std::vector<std::string> ProblemTexts(const RunProblems& problems) {
                         " is writing there");
     }
     if (problems.leftover) {
-        const std::string folder = ShownPath(problems.leftover->path);
-        texts.push_back(WithReason("can't remove the run's own folder " + folder, problems.leftover->reason));
+        const std::string place = ShownPath(problems.leftover->path);
+        texts.push_back(WithReason("can't remove " + place + ", which the next run does", problems.leftover->reason));
     }
     return texts;
 }

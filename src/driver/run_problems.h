@@ -48,7 +48,7 @@ struct RunProblems {
     std::vector<PictureFailure> pictures;
     std::optional<UnwrittenFile> page;
     std::optional<TakenPlace> taken;
-    std::optional<UnwrittenFile> leftover;  ///< a folder of the run's own that can't be removed
+    std::optional<UnwrittenFile> leftover;  ///< what was the run's own and can't be removed
     std::optional<RunError> error;
 
     [[nodiscard]] bool IsEmpty() const {

@@ -36,6 +36,7 @@ public:
 private:
     enum class State { Held, Taken, Failed };
     State Take(Which which);
+    [[nodiscard]] State Lock(int file, Which which) const;
 
     std::string path_;
     std::intptr_t handle_;  ///< the system's own

@@ -1,12 +1,16 @@
-// The process that this runs in, as others are told of it.
+// The process that this runs in, as others are told of it, and the time that passes in it.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace tradebill {
 
 /// "process 4711 on alpha"; UTF-8.
 [[nodiscard]] std::string OwnProcessName();
+
+/// Microseconds since some moment of the past, whatever anybody sets the system's clock to.
+[[nodiscard]] std::int64_t SteadyMicroseconds();
 
 /// Waits. Returns earlier if a signal comes.
 void Pause(int milliseconds);

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <iterator>
 #include <map>
 #include <optional>
 #include <string>
@@ -218,19 +219,31 @@ TEST_F(RunFiles, AreNeverWrittenThroughLinks) {
 
 TEST_F(RunFiles, AreRefusedALinkInPlaceOfTheirFolder) {
     const CTempFolder outside;
+    outside.Write("RiskFigure.jpg", "somebody else's");
     for (const std::string folder : {"Users/u/Data/Bill/Image", "Users/u/Data/Bill/Image/Image_files"}) {
         fs::remove_all(Folder());
         fs::create_directories(fs::path(root_.Path(folder)).parent_path());
         fs::create_directory_symlink(outside.Path(), root_.Path(folder));
         const RunResult result = Run();
-        EXPECT_TRUE(fs::is_empty(outside.Path())) << folder;
+        EXPECT_EQ(std::distance(fs::directory_iterator(outside.Path()), {}), 1) << folder;
+        EXPECT_EQ(ReadFile(outside.Path("RiskFigure.jpg")), "somebody else's");
         ASSERT_EQ(result.problems.folders.size(), 1U);
         EXPECT_EQ(result.problems.folders[0].path, root_.Path(folder));
         EXPECT_EQ(result.problems.folders[0].reason, "it is a link");
         EXPECT_EQ(result.problems.pictures.size(), 14U);
-        EXPECT_EQ(result.pageWritten, folder.ends_with("Image_files"));
-        EXPECT_EQ(fs::exists(PageFile()), folder.ends_with("Image_files"));
+        EXPECT_FALSE(result.pageWritten);  // it would show the pictures behind the link
+        EXPECT_FALSE(fs::exists(PageFile()));
     }
+}
+
+// A page without pictures is worth more than none, as long as it can't show older ones.
+TEST_F(RunFiles, AreThePageAloneIfThePicturesFolderIsAFile) {
+    root_.Write("Users/u/Data/Bill/Image/Image_files", "a file in its place");
+    const RunResult result = Run();
+    EXPECT_TRUE(result.pageWritten);
+    EXPECT_EQ(result.problems.folders.size(), 1U);
+    EXPECT_EQ(result.problems.pictures.size(), 14U);
+    EXPECT_EQ(ReadFile(Folder() + "/Image_files"), "a file in its place");
 }
 
 TEST_F(RunFiles, FollowLinksAboveTheirFolder) {

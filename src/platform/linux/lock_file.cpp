@@ -35,12 +35,15 @@ bool MeansNoLocks(int error) {
     return error == ENOLCK || error == ENOSYS || error == EOPNOTSUPP || error == EINVAL;
 }
 
+enum class Place { Kept, Lost, Unknown };
+
 /// Whether the file is still the one at `path`: its last holder may have removed it meanwhile.
-bool IsStillAt(int file, const std::string& path) {
+Place PlaceOf(int file, const std::string& path) {
     struct stat own {};
     struct stat there {};
-    return ::fstat(file, &own) == 0 && ::lstat(path.c_str(), &there) == 0 && own.st_dev == there.st_dev &&
-           own.st_ino == there.st_ino;
+    if (::fstat(file, &own) != 0) return Place::Unknown;
+    if (::lstat(path.c_str(), &there) != 0) return errno == ENOENT ? Place::Lost : Place::Unknown;
+    return own.st_dev == there.st_dev && own.st_ino == there.st_ino ? Place::Kept : Place::Lost;
 }
 
 }  // namespace
@@ -55,15 +58,30 @@ CLockFile::State CLockFile::Take(Which which) {
     ForgetSystemError();
     const int file = Open(path_, which);
     if (file < 0) return State::Failed;
-    const bool isLocked = Uninterrupted([&] { return ::flock(file, LOCK_EX | LOCK_NB); }) == 0;
-    if (isLocked ? IsStillAt(file, path_) : which == Which::MadeIfMissing && MeansNoLocks(errno)) {
+    const State state = Lock(file, which);
+    if (state == State::Held) {
         handle_ = file;
-        return State::Held;
+    } else {
+        const CSystemErrorKeeper reason;
+        ::close(file);
     }
-    const bool isTaken = isLocked || errno == EWOULDBLOCK;
-    const CSystemErrorKeeper reason;
-    ::close(file);
-    return isTaken ? State::Taken : State::Failed;
+    return state;
+}
+
+CLockFile::State CLockFile::Lock(int file, Which which) const {
+    if (Uninterrupted([&] { return ::flock(file, LOCK_EX | LOCK_NB); }) != 0) {
+        if (errno == EWOULDBLOCK) return State::Taken;
+        return which == Which::MadeIfMissing && MeansNoLocks(errno) ? State::Held : State::Failed;
+    }
+    switch (PlaceOf(file, path_)) {
+        case Place::Kept:
+            return State::Held;
+        case Place::Lost:
+            return State::Taken;
+        case Place::Unknown:
+            break;
+    }
+    return State::Failed;
 }
 
 void CLockFile::Name(std::string_view holder) const {

@@ -67,11 +67,14 @@ bool IsLink(const std::string& path) {
 
 bool MakeFolder(const std::string& path) {
     if (Uninterrupted([&] { return ::mkdir(path.c_str(), kFolderRights); }) == 0) return true;
-    if (errno != EEXIST) return false;
+    const int error = errno;
     struct stat status {};
-    if (::stat(path.c_str(), &status) != 0) return false;
-    if (S_ISDIR(status.st_mode)) return true;
-    errno = ENOTDIR;
+    if (::stat(path.c_str(), &status) == 0) {
+        if (S_ISDIR(status.st_mode)) return true;
+        errno = ENOTDIR;
+    } else if (error != EEXIST) {
+        errno = error;
+    }
     return false;
 }
 

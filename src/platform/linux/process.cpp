@@ -4,6 +4,8 @@
 #include <unistd.h>
 
 #include <array>
+#include <cstdint>
+#include <ctime>
 #include <string>
 
 namespace tradebill {
@@ -13,6 +15,12 @@ std::string OwnProcessName() {
     std::array<char, 65> machine{};
     if (::gethostname(machine.data(), machine.size() - 1) != 0 || machine[0] == '\0') return name;
     return name + " on " + machine.data();
+}
+
+std::int64_t SteadyMicroseconds() {
+    timespec now{};
+    ::clock_gettime(CLOCK_MONOTONIC, &now);
+    return std::int64_t{now.tv_sec} * 1'000'000 + now.tv_nsec / 1000;
 }
 
 void Pause(int milliseconds) {

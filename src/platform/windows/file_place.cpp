@@ -16,7 +16,7 @@ bool MeansHeld(DWORD error) {
 
 }  // namespace
 
-bool PutInPlace(const std::string& from, const std::string& to) {
+bool CFilePlaces::Put(const std::string& from, const std::string& to) {
     if (MoveOver(from, to)) return true;
     const DWORD error = ::GetLastError();
     if (MeansHeld(error) && IsPlainFile(to) && !IsLink(to) && CopyOver(from, to)) {

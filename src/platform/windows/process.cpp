@@ -16,6 +16,15 @@ std::string OwnProcessName() {
     return name + " on " + Utf8Of(std::wstring_view(machine.data(), size));
 }
 
+std::int64_t SteadyMicroseconds() {
+    LARGE_INTEGER count{};
+    LARGE_INTEGER perSecond{};
+    ::QueryPerformanceCounter(&count);
+    ::QueryPerformanceFrequency(&perSecond);
+    const std::int64_t seconds = count.QuadPart / perSecond.QuadPart;
+    return seconds * 1'000'000 + count.QuadPart % perSecond.QuadPart * 1'000'000 / perSecond.QuadPart;
+}
+
 void Pause(int milliseconds) {
     ::Sleep(static_cast<DWORD>(milliseconds));
 }
