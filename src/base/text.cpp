@@ -87,36 +87,6 @@ void SplitAt(std::string_view rest, Delimiter delimiter, std::size_t delimiterSi
     }
 }
 
-/// UTF-8 characters that begin alike: their lead bytes, their second byte, and how long they are.
-struct Utf8Range {
-    unsigned char firstLead;
-    unsigned char lastLead;
-    unsigned char lowestSecond;
-    unsigned char highestSecond;
-    std::size_t size;
-};
-// Neither longer forms than a character needs, nor surrogates, nor what lies behind the last character.
-constexpr Utf8Range kUtf8Ranges[] = {
-    {0x00, 0x7F, 0x00, 0xFF, 1}, {0xC2, 0xDF, 0x80, 0xBF, 2}, {0xE0, 0xE0, 0xA0, 0xBF, 3},
-    {0xE1, 0xEC, 0x80, 0xBF, 3}, {0xED, 0xED, 0x80, 0x9F, 3}, {0xEE, 0xEF, 0x80, 0xBF, 3},
-    {0xF0, 0xF0, 0x90, 0xBF, 4}, {0xF1, 0xF3, 0x80, 0xBF, 4}, {0xF4, 0xF4, 0x80, 0x8F, 4},
-};
-
-/// Bytes of the UTF-8 character that `text`, which isn't empty, opens with; 0 if it opens with none.
-std::size_t Utf8CharacterLength(std::string_view text) {
-    const auto byteAt = [&](std::size_t at) { return static_cast<unsigned char>(text[at]); };
-    for (const Utf8Range& range : kUtf8Ranges) {
-        if (byteAt(0) < range.firstLead || byteAt(0) > range.lastLead) continue;
-        if (text.size() < range.size) return 0;
-        if (range.size > 1 && (byteAt(1) < range.lowestSecond || byteAt(1) > range.highestSecond)) return 0;
-        for (std::size_t at = 2; at < range.size; ++at) {
-            if ((byteAt(at) & 0xC0) != 0x80) return 0;
-        }
-        return range.size;
-    }
-    return 0;
-}
-
 }  // namespace
 
 std::size_t FindText(std::string_view text, std::string_view word) {
@@ -131,15 +101,6 @@ std::size_t FindText(std::string_view text, std::string_view word) {
         }
     }
     return std::string_view::npos;
-}
-
-bool IsUtf8(std::string_view text) {
-    while (!text.empty()) {
-        const std::size_t size = Utf8CharacterLength(text);
-        if (size == 0) return false;
-        text.remove_prefix(size);
-    }
-    return true;
 }
 
 std::size_t SplitText(std::string_view text, std::string_view delimiter, std::vector<std::string_view>& parts) {

@@ -121,9 +121,6 @@ inline constexpr char kFullWidthBlankByte = '\xA1';  ///< both bytes of the GBK 
     return lead >= kFirstLead && lead <= kLastLead && trail >= kFirstTrail ? 2 : 1;
 }
 
-/// Whether all of `text` is UTF-8. ASCII alone is too; Chinese texts in GBK almost never are.
-[[nodiscard]] bool IsUtf8(std::string_view text);
-
 /// Cuts `text` at each `delimiter` (a whole string) into trimmed parts; `parts` is emptied first. Parts are never
 /// empty: runs of the delimiter count as one, and cells of white space vanish. With an empty delimiter the trimmed text
 /// is the only part. The parts point into `text`. Returns their number.

@@ -327,23 +327,5 @@ TEST(FindText, FindsWhatStringsFindInTextsOfAllLengthsAndPlaces) {
     }
 }
 
-TEST(IsUtf8, TakesWholeCharacters) {
-    for (const std::string_view text : {"", "abc", "\xC2\x80", "\xDF\xBF", "\xE0\xA0\x80", "资金状况", "\xED\x9F\xBF",
-                                        "\xEF\xBF\xBF", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF",
-                                        "a\xE2\x82\xAC"
-                                        "b"}) {
-        EXPECT_TRUE(IsUtf8(text)) << text;
-    }
-}
-
-TEST(IsUtf8, RefusesWhatIsNoCharacter) {
-    for (const std::string_view text :
-         {"\x80", "\xC0\xAF", "\xC1\xBF", "\xC2", "\xC2\x7F", "\xE0\x9F\xBF", "\xE4\xBD", "\xED\xA0\x80",
-          "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xFF", "\xD7\xCA\xBD\xF0",  // 资金 in GBK
-          "\xE4\xBD\x20"}) {
-        EXPECT_FALSE(IsUtf8(text));
-    }
-}
-
 }  // namespace
 }  // namespace tradebill::text_test
