@@ -54,19 +54,20 @@ std::vector<std::string> SampleNames(const std::string& samples) {
 
 GenerateBillRequest SampleRequest(const std::filesystem::path& folder) {
     GenerateBillRequest request = ClearedRequest();
-    const auto ini = LoadIniFile((folder / "request.ini").string());
-    if (!ini) return request;
-    request.StatementFormat = ini->Integer("REQUEST", "format", 0);
-    request.StatementKind = ini->Text("REQUEST", "kind") == "foreign" ? kForeignKind : 1;
-    CopyField(request.TemplateName, ini->Text("REQUEST", "template"));
+    const CIniFile ini = LoadIniFile((folder / "request.ini").string()).file;
+    request.StatementFormat = ini.Integer("REQUEST", "format", 0);
+    request.StatementKind = ini.Text("REQUEST", "kind") == "foreign" ? kForeignKind : 1;
+    CopyField(request.TemplateName, ini.Text("REQUEST", "template"));
     return request;
 }
 
 std::vector<SampleDay> RepeatSample(const std::filesystem::path& folder, std::size_t leastDays) {
     std::vector<SampleDay> originals;
+    CFileBuffer buffer;
     for (const auto& path : StatementsIn(folder / "root")) {
         const std::string name = path.filename().string();
-        originals.push_back({name.substr(name.find('.') + 1, kDayLength), ReadStatementFile(path).value_or("")});
+        originals.push_back(
+            {name.substr(name.find('.') + 1, kDayLength), std::string(ReadWholeFile(path, buffer).bytes)});
     }
     std::vector<SampleDay> all;
     for (int round = 0; all.size() < leastDays; ++round) {

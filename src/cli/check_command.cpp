@@ -64,6 +64,7 @@ int RunCheckCommand(const CheckCommand& command) {
     };
     if (json && !json->Save(writeJson)) return Fail("can't write " + json->Name());
     if (!command.quiet || HasWarnings(findings)) PrintFindings(findings, kMostPerCode, SummaryStream({json}));
+    if (!result->problems.inputs.empty() || !faults.IsComplete()) return kExitFailed;
     return HasWarnings(findings) ? kExitFindings : kExitDone;
 }
 

@@ -13,6 +13,7 @@
 #include "base/report_error.h"
 #include "cli/command_table.h"
 #include "cli/format_choice.h"
+#include "cli/input_file.h"
 #include "cli/output_file.h"
 #include "cli/scan_report.h"
 #include "cli/standard_input.h"
@@ -20,7 +21,6 @@
 #include "cli/usage_error.h"
 #include "findings/layout_hint.h"
 #include "platform/file.h"
-#include "platform/paths.h"
 #include "readers/layout_marks.h"
 #include "readers/layout_table.h"
 #include "readers/statement_loader.h"
@@ -32,15 +32,8 @@ namespace {
 
 /// A report ends a statement at its first zero byte, wherever it comes from.
 std::string ReadText(const std::string& path) {
-    if (path == kStandardStream) {
-        const std::string text = StandardInputText("a statement");
-        return text.substr(0, text.find('\0'));
-    }
-    CFileBuffer buffer;
-    const FileContent file = ReadWholeFile(path, buffer);
-    if (file.state == FileState::Read) return std::string(file.bytes.substr(0, file.bytes.find('\0')));
-    const std::string reason = file.reason.empty() ? "" : " (" + file.reason + ")";
-    throw CUsageError("can't read " + path + ": expected a statement file" + reason);
+    const std::string text = path == kStandardStream ? StandardInputText() : InputFileText(path, "a statement file");
+    return text.substr(0, text.find('\0'));
 }
 
 /// With the statement named as messages do.
@@ -51,10 +44,12 @@ ExplainCommand WithName(ExplainCommand command) {
 
 std::string TemplateOf(const ExplainCommand& command) {
     if (!command.templateFile) return {};
-    if (!IsPlainFile(*command.templateFile)) {
-        throw CUsageError("--template: expected a template file, found none at \"" + *command.templateFile + "\"");
-    }
-    return *command.templateFile;
+    const std::string& path = *command.templateFile;
+    CFileBuffer buffer;
+    const FileContent content = ReadWholeFile(path, buffer);
+    if (content.state == FileState::Unreadable) throw CUnreadableInput(path, content.reason);
+    if (content.state == FileState::Read) return path;
+    throw CUsageError("--template: expected a template file, found none at \"" + path + "\"");
 }
 
 /// Whether the statement was read as `layout`, or as another layout of its format.
@@ -131,11 +126,13 @@ int RunExplainCommand(const ExplainCommand& given) {
     PrepareReading(command, text, explanation, report);
 
     CScanReport seen(text);
+    CStatementLoader loader(report);
     try {
-        CStatementLoader(report).Read(explanation.day, text, &seen);
+        loader.Read(explanation.day, text, &seen);
     } catch (const CReportError& error) {
         explanation.stop = error.what();
     }
+    if (const auto& lost = loader.TemplateProblem()) throw CUnreadableInput(lost->path, lost->reason);
     seen.Finish();
     explanation.exitCode = ExitCodeOf(seen, explanation);
     explanation.hint = HintFrom(text, report, seen, explanation.exitCode);

@@ -42,7 +42,7 @@ struct Explanation {
 };
 
 /// Reads the statement and prints what was seen. Returns 0 if a money record and a section were found, 3 if nothing was
-/// recognised, 1 for what lies between. Throws CUsageError.
+/// recognised, 1 for what lies between. Throws CUsageError, and CUnreadableInput for a file that can't be read.
 [[nodiscard]] int RunExplainCommand(const ExplainCommand& given);
 
 void PrintExplanation(const Explanation& explanation, const CScanReport& report);

@@ -2,12 +2,12 @@
 
 #include <string>
 #include <string_view>
-#include <utility>
 
+#include "base/ini_file.h"
+#include "cli/input_file.h"
 #include "cli/output_file.h"
 #include "cli/standard_input.h"
 #include "cli/usage_error.h"
-#include "platform/file.h"
 #include "platform/text_encoding.h"
 
 namespace tradebill {
@@ -27,14 +27,12 @@ InputIni Checked(InputIni ini) {
 }  // namespace
 
 InputIni LoadInputIni(const std::string& path) {
-    auto file = LoadIniFile(path);
-    if (!file) throw CUsageError("can't read " + path + ": expected an INI file");
-    return Checked({path, std::move(*file)});
+    return Checked({path, CIniFile::Parse(InputFileText(path, "an INI file"))});
 }
 
 InputIni LoadInputIniOrStream(const std::string& path) {
     if (path != kStandardStream) return LoadInputIni(path);
-    return Checked({kStandardInputName, CIniFile::Parse(StandardInputText("an INI file"))});
+    return Checked({kStandardInputName, CIniFile::Parse(StandardInputText())});
 }
 
 const CIniFile::Section& RequiredSection(const InputIni& ini, std::string_view name) {

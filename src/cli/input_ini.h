@@ -17,11 +17,11 @@ struct InputIni {
     [[nodiscard]] std::string Place(int line) const { return path + ", line " + std::to_string(line); }
 };
 
-/// Reads a UTF-8 INI file. Throws CUsageError if it can't be read, with the line of what is neither section, key nor
+/// Reads a UTF-8 INI file. Throws as InputFileText, and CUsageError with the line of what is neither section, key nor
 /// comment.
 [[nodiscard]] InputIni LoadInputIni(const std::string& path);
 
-/// The same; "-" is standard input.
+/// The same; "-" is standard input, which throws as StandardInputText.
 [[nodiscard]] InputIni LoadInputIniOrStream(const std::string& path);
 
 /// The section that the file must have. Throws CUsageError if it is missing.

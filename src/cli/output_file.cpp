@@ -3,10 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <fstream>
 #include <functional>
 #include <initializer_list>
-#include <ios>
 #include <iostream>
 #include <optional>
 #include <ostream>
@@ -23,10 +21,11 @@
 namespace tradebill {
 namespace {
 
-/// Hands what is written to a stream on in large pieces.
-class CStraightBuffer final : public std::streambuf {
+/// Hands what is written to a stream on in large pieces, to a CFile or a CStraightOutput.
+template <class Output>
+class CPieceBuffer final : public std::streambuf {
 public:
-    explicit CStraightBuffer(CStraightOutput& output) : output_(output) { Empty(); }
+    explicit CPieceBuffer(Output& output) : output_(output) { Empty(); }
 
 protected:
     int_type overflow(int_type byte) override {
@@ -48,27 +47,43 @@ private:
         return output_.Write(waiting);
     }
 
-    CStraightOutput& output_;
+    Output& output_;
     std::array<char, std::size_t{32} << 10> pieces_{};
 };
 
-bool SaveStraight(const OutputTarget& target, const std::function<bool(std::ostream&)>& write) {
-    CStraightOutput output(target);
-    CStraightBuffer buffer(output);
+bool WriteThrough(std::streambuf& buffer, const std::function<bool(std::ostream&)>& write) {
     std::ostream out(&buffer);
-    if (!output.IsOpen()) out.setstate(std::ios::failbit);
     const bool isWritten = write(out);
     out.flush();
     return isWritten && out.good();
 }
 
+/// The work is done all the same: it may have more to do than to write this.
+void WriteNowhere(const std::function<bool(std::ostream&)>& write) {
+    std::ostream nowhere(nullptr);
+    static_cast<void>(write(nowhere));
+}
+
+bool SaveStraight(const OutputTarget& target, const std::function<bool(std::ostream&)>& write) {
+    CStraightOutput output(target);
+    if (!output.IsOpen()) {
+        WriteNowhere(write);
+        return false;
+    }
+    CPieceBuffer pieces(output);
+    return WriteThrough(pieces, write) && output.Close();
+}
+
 bool SaveFile(const std::string& path, const std::function<bool(std::ostream&)>& write) {
-    return SaveInOneStep(path, [&write](const std::string& unfinished) {
-        std::ofstream out(unfinished, std::ios::binary);
-        const bool isWritten = write(out);
-        out.close();
-        return isWritten && !out.fail();
-    });
+    bool isTried = false;
+    const auto writeFile = [&](CFile& file) {
+        isTried = true;
+        CPieceBuffer pieces(file);
+        return WriteThrough(pieces, write);
+    };
+    const bool isSaved = SaveInOneStep(path, writeFile, Durability::OnDisk);
+    if (!isTried) WriteNowhere(write);
+    return isSaved;
 }
 
 OutputTarget TargetOf(const std::string& option, const std::string& given) {

@@ -24,6 +24,7 @@
 #include "driver/bill_folders.h"
 #include "driver/report_counts.h"
 #include "driver/report_run.h"
+#include "driver/run_problems.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
 #include "page/page_sink.h"
@@ -83,6 +84,7 @@ bool IsOnPage(const COutputFile& output, const ReportOutputs& outputs, const std
 struct MadeReport {
     std::optional<RunResult> result;  ///< nothing if the run failed, which is told
     bool isFileSaved = false;
+    std::string whyNotSaved = {};  ///< in words; empty if nobody knows
 };
 
 MadeReport MakeReportAndFile(CReport& report, const PreparedRequest& prepared, bool quiet, RunOptions options,
@@ -96,6 +98,8 @@ MadeReport MakeReportAndFile(CReport& report, const PreparedRequest& prepared, b
         made.result = RunWatched(report, prepared, quiet, RunReport, options);
         relay.Finish();
         page.Finish();
+        if (const auto& lost = page.LostPicture()) made.whyNotSaved = UnreadFileText(*lost);
+        if (!made.whyNotSaved.empty()) return false;
         return made.result && made.result->end == RunEnd::Finished && !IsOnPage(output, outputs, made.result->pagePath);
     });
     return made;
@@ -119,7 +123,7 @@ bool FinishOutputs(const ReportOutputs& outputs, const CReport& report, const Ma
     }
     if (!made.result->pageWritten) return false;
     if (made.isFileSaved) return true;
-    Fail("can't write " + outputs.standalone->Name());
+    Fail("can't write " + outputs.standalone->Name() + (made.whyNotSaved.empty() ? "" : ": " + made.whyNotSaved));
     return false;
 }
 
@@ -177,7 +181,8 @@ int RunReportCommand(const ReportCommand& command) {
     if (isDone && !command.quiet) ShowSummary(report, *made.result, SummaryStream({outputs.json, outputs.standalone}));
     ShowFindings(findings, command.options);
     if (isDone && command.opensPage) OpenPage(outputs, *made.result);
-    if (!isDone || !made.result->problems.IsEmpty() || made.result->statementsRead == 0) return kExitFailed;
+    const bool isWhole = made.result->problems.IsEmpty() && faults.IsComplete();
+    if (!isDone || !isWhole || made.result->statementsRead == 0) return kExitFailed;
     return command.strict && HasWarnings(findings) ? kExitFindings : kExitDone;
 }
 

@@ -16,6 +16,7 @@
 #include "base/report_error.h"
 #include "base/text.h"
 #include "cli/format_choice.h"
+#include "cli/input_file.h"
 #include "cli/input_ini.h"
 #include "cli/live_figures.h"
 #include "cli/product_tables.h"
@@ -255,8 +256,8 @@ void RequireTemplate(const PreparedRequest& prepared) {
     CFileBuffer buffer;
     const FileContent content = ReadWholeFile(path, buffer);
     if (content.state == FileState::Read) return;
-    throw CUsageError("--template: expected the file \"" + path + "\"" +
-                      (content.reason.empty() ? "" : ", which can't be read: " + content.reason));
+    if (content.state == FileState::Unreadable) throw CUnreadableInput(path, content.reason);
+    throw CUsageError("--template: expected the file \"" + path + "\"");
 }
 
 }  // namespace tradebill

@@ -51,7 +51,7 @@ struct PreparedRequest {
 /// CUsageError.
 [[nodiscard]] PreparedRequest PrepareRequest(const ReportOptions& given);
 
-/// Throws CUsageError if the request goes by a template that can't be read.
+/// Throws CUsageError if the request goes by a template that isn't there, and CUnreadableInput if it can't be read.
 void RequireTemplate(const PreparedRequest& prepared);
 
 }  // namespace tradebill

@@ -81,9 +81,9 @@ CRunFindings::CRunFindings(CReport& report, const PreparedRequest& prepared)
     if (prepared.products->GoesByFile()) watch_.TallyUnits();
 }
 
-std::vector<Finding> CRunFindings::Collect() const {
+std::vector<Finding> CRunFindings::Collect() {
     std::vector<Finding> findings = FindingsOf(report_, watch_);
-    CheckRequestTemplate(report_, findings);
+    isComplete_ = CheckRequestTemplate(report_, findings);
     TellDoubtfulUnits(DoubtfulUnits(prepared_.products->UsedUnits(), watch_.Units()), findings);
     if (prepared_.lacksLiveFigures) findings.push_back(LiveFinding());
     SortFindings(findings);

@@ -25,12 +25,16 @@ public:
     /// All findings, the worst first.
     ///
     /// REQUIRES: the run is over.
-    [[nodiscard]] std::vector<Finding> Collect() const;
+    [[nodiscard]] std::vector<Finding> Collect();
+
+    /// Whether all that Collect looks at could be read.
+    [[nodiscard]] bool IsComplete() const { return isComplete_; }
 
 private:
     const CReport& report_;
     const PreparedRequest& prepared_;
     CStatementWatch watch_;
+    bool isComplete_ = true;
 };
 
 /// Shows the ten worst on stderr, and by which command all are shown: those above a note, but for statements that

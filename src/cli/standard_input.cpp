@@ -3,14 +3,16 @@
 #include <string>
 #include <utility>
 
-#include "cli/usage_error.h"
+#include "cli/input_file.h"
 #include "platform/standard_streams.h"
+#include "platform/system_error.h"
 
 namespace tradebill {
 
-std::string StandardInputText(const std::string& expected) {
+std::string StandardInputText() {
+    ForgetSystemError();
     auto text = ReadStandardInput();
-    if (!text) throw CUsageError(std::string("can't read ") + kStandardInputName + ": expected " + expected);
+    if (!text) throw CUnreadableInput(kStandardInputName, SystemErrorText(LastSystemError()));
     return *std::move(text);
 }
 

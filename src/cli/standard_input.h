@@ -8,7 +8,7 @@ namespace tradebill {
 /// As messages name it.
 inline constexpr const char* kStandardInputName = "standard input";
 
-/// All of it. Throws CUsageError if it can't be read; `expected` says what should stand there.
-[[nodiscard]] std::string StandardInputText(const std::string& expected);
+/// All of it. Throws CUnreadableInput if it can't be read to its end.
+[[nodiscard]] std::string StandardInputText();
 
 }  // namespace tradebill

@@ -14,11 +14,11 @@
 #include "base/ini_file.h"
 #include "cli/command_table.h"
 #include "cli/format_choice.h"
+#include "cli/input_file.h"
 #include "cli/statement_day.h"
 #include "cli/usage_error.h"
 #include "findings/template_against.h"
 #include "findings/template_check.h"
-#include "platform/file.h"
 
 namespace tradebill {
 namespace {
@@ -29,10 +29,9 @@ void AddSample(const TemplateCheckCommand& command, const CIniFile& file, std::v
     const std::string day = DayOfStatement(command.day, path).day;
     std::optional<std::int32_t> format;
     if (command.format) format = FormatNumber(command.format, true);
-    auto text = ReadPlainFile(path);
-    if (!text) throw CUsageError("can't read " + path + ": expected a statement file");
-    text->resize(std::min(text->size(), text->find('\0')));
-    for (TemplateFinding& finding : CheckTemplateAgainst(file, {.text = *text, .day = day, .format = format})) {
+    std::string text = InputFileText(path, "a statement file");
+    text.resize(std::min(text.size(), text.find('\0')));
+    for (TemplateFinding& finding : CheckTemplateAgainst(file, {.text = text, .day = day, .format = format})) {
         findings.push_back(std::move(finding));
     }
     std::ranges::stable_sort(findings, {}, &TemplateFinding::line);
@@ -58,10 +57,9 @@ CommandRun DeclareTemplateCheck(CLI::App& app) {
 
 int RunTemplateCheck(const TemplateCheckCommand& command) {
     const std::string& path = command.templateFile;
-    const auto file = LoadIniFile(path);
-    if (!file) throw CUsageError("can't read " + path + ": expected a template file");
-    std::vector<TemplateFinding> findings = CheckTemplate(*file);
-    if (command.statementFile) AddSample(command, *file, findings);
+    const CIniFile file = CIniFile::Parse(InputFileText(path, "a template file"));
+    std::vector<TemplateFinding> findings = CheckTemplate(file);
+    if (command.statementFile) AddSample(command, file, findings);
     int errors = 0;
     int warnings = 0;
     for (const TemplateFinding& finding : findings) {

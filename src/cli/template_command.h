@@ -18,8 +18,8 @@ struct TemplateCheckCommand {
 
 [[nodiscard]] CommandRun DeclareTemplateCheck(CLI::App& app);
 
-/// Prints the findings. Returns the program's exit code: 1 if there are errors. Throws CUsageError for a file that
-/// can't be read and for a format or a day that is none.
+/// Prints the findings. Returns the program's exit code: 1 if there are errors. Throws CUsageError for a format or a
+/// day that is none, and as InputFileText for its files.
 [[nodiscard]] int RunTemplateCheck(const TemplateCheckCommand& command);
 
 }  // namespace tradebill

@@ -1,9 +1,12 @@
 #include "cli/watched_run.h"
 
+#include <algorithm>
 #include <iostream>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "cli/progress_line.h"
 #include "cli/report_options.h"
@@ -15,6 +18,7 @@
 #include "driver/unit_pass.h"
 #include "paint/font.h"
 #include "paint/font_search.h"
+#include "platform/file.h"
 #include "platform/screen.h"
 #include "platform/terminal.h"
 #include "readers/statement_loader.h"
@@ -39,16 +43,30 @@ std::unique_ptr<CFontSearch> FindFontsMeanwhile(const GenerateBillRequest& reque
     return CountDays(ReportDaysOf(request)) >= kManyDays ? std::make_unique<CFontSearch>() : nullptr;
 }
 
+/// Adds what only the look at the trades couldn't read: what was worked out of them may be wrong.
+void AddUntold(const std::vector<UnreadFile>& unread, RunProblems& problems) {
+    for (const UnreadFile& file : unread) {
+        const bool isTold =
+            std::ranges::find(problems.statements, file.path, &UnreadStatement::path) != problems.statements.end() ||
+            std::ranges::find(problems.inputs, file.path, &UnreadFile::path) != problems.inputs.end();
+        if (!isTold) problems.inputs.push_back(file);
+    }
+}
+
 /// Runs it with a progress line, if somebody sees it.
 RunResult RunWithProgress(CReport& report, const PreparedRequest& prepared, bool quiet, RunFunction* run,
                           const RunOptions& options) {
     std::unique_ptr<CProgressLine> progress;
     if (!quiet && IsErrorOutputTerminal()) progress = std::make_unique<CProgressLine>();
+    TradeTally tally;
     if (prepared.products->WantsTrades()) {
         if (progress) progress->OnStage("contract units");
-        prepared.products->UseTrades(TallyTrades(prepared.request, prepared.rootFolder));
+        tally = TallyTrades(prepared.request, prepared.rootFolder);
+        prepared.products->UseTrades(std::move(tally.units));
     }
-    return run(report, prepared.request, progress.get(), options);
+    RunResult result = run(report, prepared.request, progress.get(), options);
+    AddUntold(tally.unread, result.problems);
+    return result;
 }
 
 }  // namespace
@@ -82,6 +100,8 @@ std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prep
     RunResult result = RunWithProgress(report, prepared, quiet, run, options);
     if (paints) {
         for (const std::string& text : ProblemTexts(result.problems)) Fail(text);
+    } else {
+        for (const UnreadFile& file : result.problems.inputs) Fail(UnreadFileText(file));
     }
     if (result.problems.error) Fail(ErrorText(*result.problems.error));
     if (result.end == RunEnd::Failed) return std::nullopt;

@@ -26,7 +26,7 @@ using RunFunction = RunResult(CReport& report, const GenerateBillRequest& reques
 /// warns if there was nothing to read. Statements are opened for reading alone, whatever `options` says. Nothing if an
 /// error ended the run, which is told. `quiet` leaves out notes and progress. The report's products are those of
 /// `prepared`, which must outlive it; the account's trades are tallied for them first, if they have a say. What was
-/// passed over by ReadStatements is left for findings to tell.
+/// passed over by ReadStatements is left for findings to tell, but for chain file and template.
 [[nodiscard]] std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prepared, bool quiet,
                                                   RunFunction* run, RunOptions options = {});
 

@@ -97,6 +97,7 @@ RunEnd ReadDays(CReport& report, const CalendarDay& today, RunResult& result, CR
         const std::string path = StatementPath(report, day, day == today);
         return ReadDay(loader, {dayText, path}, result, options.listener);
     });
+    if (loader.TemplateProblem()) result.problems.inputs.push_back(*loader.TemplateProblem());
     if (sawAll) return RunEnd::Finished;
     return result.problems.error ? RunEnd::Failed : RunEnd::Stopped;
 }
@@ -126,9 +127,10 @@ void FinishStatistics(CReport& report) {
     if (!report.PrintedMoney.empty()) FindMoneyIdentity(report);
 }
 
-void Begin(CReport& report, const GenerateBillRequest& request) {
+void Begin(CReport& report, const GenerateBillRequest& request, RunResult& result) {
     report.Clear();
-    report.ChainTable.Load(ChainPath(report));  // before the copy: the chain file follows the kind of the call before
+    // Before the copy: the chain file follows the kind of the call before.
+    if (auto unread = report.ChainTable.Load(ChainPath(report))) result.problems.inputs.push_back(*std::move(unread));
     report.Request = CopyRequest(request);
     report.TemplatePath = TemplatePath(report);
     const std::time_t now = PresentTime();
@@ -228,7 +230,7 @@ void MakePageAndPictures(CReport& report, const BillFolders& folders, CRunWatche
 
 void MakeReport(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher, const RunOptions& options,
                 RunResult& result) {
-    Begin(report, request);
+    Begin(report, request, result);
     BillFolders folders;
     if (!options.needsStatement)
         folders = PrepareFolders(report, options, result);  // hosts find them from the first day on
@@ -259,7 +261,7 @@ RunResult ResultOf(const CReport& report, Work work) {
 RunResult ReadAccount(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
                       const RunOptions& options) {
     return ResultOf(report, [&](RunResult& result) {
-        Begin(report, request);
+        Begin(report, request, result);
         ReadAndCompute(report, result, watcher, options);
         if (const auto sizes = MeasureCharts(report)) report.MoneyStore.ChartSizes = *sizes;
     });
@@ -268,7 +270,7 @@ RunResult ReadAccount(CReport& report, const GenerateBillRequest& request, CRunW
 RunResult ReadStatements(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
                          const RunOptions& options) {
     return ResultOf(report, [&](RunResult& result) {
-        Begin(report, request);
+        Begin(report, request, result);
         ReadAndCompute(report, result, watcher, options);
     });
 }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "images/report_images.h"
+#include "platform/file.h"
 #include "platform/paths.h"
 #include "readers/statement_loader.h"
 
@@ -68,8 +69,16 @@ std::string ErrorText(const RunError& error) {
     return text + ")";
 }
 
+std::string UnreadFileText(const UnreadFile& file) {
+    const std::string path = ShownPath(file.path);
+    if (file.state == FileState::NotAFile) return path + " is not a file";
+    if (file.state == FileState::Missing) return path + " is missing";
+    return WithReason("can't read " + path, file.reason);
+}
+
 std::vector<std::string> ProblemTexts(const RunProblems& problems) {
     std::vector<std::string> texts;
+    std::ranges::transform(problems.inputs, std::back_inserter(texts), UnreadFileText);
     std::ranges::transform(problems.statements, std::back_inserter(texts), UnreadText);
     std::ranges::transform(problems.folders, std::back_inserter(texts), FolderText);
     std::ranges::transform(problems.pictures, std::back_inserter(texts), PictureText);

@@ -9,6 +9,7 @@
 
 #include "base/report_error.h"
 #include "images/report_images.h"
+#include "platform/file.h"
 #include "readers/statement_loader.h"
 
 namespace tradebill {
@@ -43,6 +44,7 @@ struct RunError {
 };
 
 struct RunProblems {
+    std::vector<UnreadFile> inputs;  ///< chain file and template: the run goes on as if there were none
     std::vector<UnreadStatement> statements;
     std::vector<UnwrittenFile> folders;
     std::vector<PictureFailure> pictures;
@@ -52,7 +54,8 @@ struct RunProblems {
     std::optional<RunError> error;
 
     [[nodiscard]] bool IsEmpty() const {
-        return statements.empty() && folders.empty() && pictures.empty() && !page && !taken && !leftover && !error;
+        return inputs.empty() && statements.empty() && folders.empty() && pictures.empty() && !page && !taken &&
+               !leftover && !error;
     }
 };
 
@@ -61,6 +64,10 @@ struct RunProblems {
 
 /// What failed and, behind its code, the day, the statement's name, the row and the section.
 [[nodiscard]] std::string ErrorText(const RunError& error);
+
+/// "can't read sys/chain.ini: Permission denied"; "sys/chain.ini is not a file"; one that should be there may be
+/// missing.
+[[nodiscard]] std::string UnreadFileText(const UnreadFile& file);
 
 /// One line for each problem but the error, in the order of the run. Paths as UTF-8.
 [[nodiscard]] std::vector<std::string> ProblemTexts(const RunProblems& problems);

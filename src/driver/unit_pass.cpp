@@ -19,34 +19,38 @@ namespace tradebill {
 namespace {
 
 /// `scratch` gets the days' money records, by which later statements of a known day are passed over.
-void ReadTrades(CReport& scratch, CTradeUnits& units) {
+void ReadTrades(CReport& scratch, TradeTally& tally) {
     CStatementLoader loader(scratch, StatementAccess::ReadAlone);
     loader.WantOnlyRows(SectionKind::Trades);
     const CalendarDay today = LocalDayOf(PresentTime());
     WalkDays(scratch.ReportDays, [&](const CalendarDay& day) {
-        loader.Load(DayText(day), StatementPath(scratch, day, day == today));
-        for (const MatchRecord& trade : scratch.MatchStore.Rows) units.Feed(trade);
+        const std::string path = StatementPath(scratch, day, day == today);
+        const StatementFile file = loader.Load(DayText(day), path);
+        const bool isRead = file.state == StatementState::Read || file.state == StatementState::Missing;
+        if (!isRead) tally.unread.push_back({path, file.state, file.reason});
+        for (const MatchRecord& trade : scratch.MatchStore.Rows) tally.units.Feed(trade);
         scratch.MatchStore.Clear();
         return true;
     });
+    if (loader.TemplateProblem()) tally.unread.push_back(*loader.TemplateProblem());
 }
 
 }  // namespace
 
-CTradeUnits TallyTrades(const GenerateBillRequest& request, const std::string& rootFolder) {
-    CTradeUnits units;
+TradeTally TallyTrades(const GenerateBillRequest& request, const std::string& rootFolder) {
+    TradeTally tally;
     CReport scratch;
     scratch.Request = CopyRequest(request);
-    if (scratch.IsForeign()) return units;
+    if (scratch.IsForeign()) return tally;
     scratch.RootFolder = rootFolder;
     scratch.TemplatePath = TemplatePath(scratch);
     try {
         scratch.ReportDays = ReportDaysOf(scratch.Request);
-        ReadTrades(scratch, units);
+        ReadTrades(scratch, tally);
     } catch (const CReportError&) {
-        return units;
+        return tally;
     }
-    return units;
+    return tally;
 }
 
 }  // namespace tradebill

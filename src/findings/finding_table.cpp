@@ -76,7 +76,7 @@ constexpr FindingKind kKinds[] = {
      "The unit of a contract isn't known, or contradicts what the account's own trades say.",
      "Give the right unit in a file for --units."},
     {Template,       "template",        Error,
-     "The template isn't there, or what it says can't be understood.",
+     "The template isn't there or can't be read, or what it says can't be understood.",
      "Mend the template; tradebill template check tells its lines."},
     {Live,           "live",            Warning,
      "The report ends today without live figures: its last record is empty.",

@@ -24,25 +24,28 @@ Finding FindingOfRun(FindingCode code) {
 
 }  // namespace
 
-void CheckRequestTemplate(const CReport& report, std::vector<Finding>& findings) {
-    if (report.IsForeign() || FieldText(report.Request.TemplateName).empty()) return;
+bool CheckRequestTemplate(const CReport& report, std::vector<Finding>& findings) {
+    if (report.IsForeign() || FieldText(report.Request.TemplateName).empty()) return true;
     Finding about = FindingOfRun(FindingCode::Template);
     about.file = FileNameOf(report.TemplatePath);
-    const auto file = LoadIniFile(report.TemplatePath);
-    if (!file) {
-        about.expected = "a template file";
-        about.found = "none";
-        about.text = "The template isn't there: statements are read by the format's own layout.";
+    const IniFileContent content = LoadIniFile(report.TemplatePath);
+    if (content.state != FileState::Read) {
+        const bool isThere = content.state == FileState::Unreadable;
+        about.expected = isThere ? "a template that can be read" : "a template file";
+        about.found = isThere ? content.reason : "none";
+        about.text = std::string(isThere ? "The template can't be read" : "The template isn't there") +
+                     ": statements are read by the format's own layout.";
         findings.push_back(std::move(about));
-        return;
+        return !isThere;
     }
-    for (const TemplateFinding& fault : CheckTemplate(*file)) {
+    for (const TemplateFinding& fault : CheckTemplate(content.file)) {
         if (!fault.isError) continue;
         Finding finding = about;
         if (fault.line > 0) finding.row = fault.line;
         finding.text = fault.text + ".";
         findings.push_back(std::move(finding));
     }
+    return true;
 }
 
 void TellDoubtfulUnits(std::span<const DoubtfulUnit> units, std::vector<Finding>& findings) {

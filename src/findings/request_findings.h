@@ -12,8 +12,9 @@ namespace tradebill {
 class CReport;
 
 /// Whether the template that the report's request names is there, and what its check says. Nothing for the foreign
-/// family, which takes none, and for a request that names none.
-void CheckRequestTemplate(const CReport& report, std::vector<Finding>& findings);
+/// family, which takes none, and for a request that names none. Returns false if it is there and can't be read, which
+/// is a finding too: what it says wrongly stays unknown.
+bool CheckRequestTemplate(const CReport& report, std::vector<Finding>& findings);
 
 /// Units that nobody knows, and those that the account's own trades contradict.
 void TellDoubtfulUnits(std::span<const DoubtfulUnit> units, std::vector<Finding>& findings);

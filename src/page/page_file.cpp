@@ -1,6 +1,8 @@
 #include "page/page_file.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,7 +23,7 @@ CPageFile::CPageFile(const WholePath& path) {
         return;
     }
     path_ = path.path;
-    isFresh_ = file.Write(kPageHeadLines);
+    isFresh_ = file.Write(kPageHeadLines) && file.Close();
     if (!isFresh_) Fail();
     size_ = kPageHeadLines.size();
 }
@@ -48,7 +50,7 @@ void CPageFile::Append(std::string_view text, TextKind kind) {
 bool CPageFile::AppendAtOnce(std::string_view text) {
     isFresh_ = false;
     CFile file(path_, FileMode::Append);
-    return file.IsOpen() && file.Write(text);
+    return file.IsOpen() && file.Write(text) && file.Close();
 }
 
 void CPageFile::InsertInHead(std::string_view block) {
@@ -62,9 +64,10 @@ void CPageFile::InsertInHead(std::string_view block) {
         return;
     }
     const std::size_t at = HeadEndLine(*page);
-    if (!file.WriteAt(at, WithBlockBefore(std::string_view(*page).substr(at), block))) Fail();
-    size_ = file.Size();
+    const std::string rest = WithBlockBefore(std::string_view(*page).substr(at), block);
+    size_ = std::max<std::uint64_t>(page->size(), at + rest.size());
     closedSize_ = 0;
+    if (!file.WriteAt(at, rest) || !file.Close()) Fail();
 }
 
 }  // namespace tradebill

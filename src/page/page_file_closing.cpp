@@ -25,17 +25,24 @@ void CPageFile::Close() {
     } else {
         CloseWhole(file);
     }
+    if (!file.Close()) Fail();
     added_ = {};
 }
 
 void CPageFile::CloseWhole(CFile& file) {
     const auto page = file.ReadAll();
-    const std::string wrapped = WrappedPage(page.value_or(std::string()));
-    if (!page || !file.WriteAt(0, wrapped)) Fail();
+    if (!page) {
+        Fail();
+        closedSize_ = 0;
+        return;
+    }
+    const std::string wrapped = WrappedPage(*page);
+    const bool isWritten = file.WriteAt(0, wrapped);
+    if (!isWritten) Fail();
     // The file is never cut. If dropped lines made the page shorter, an old end stays behind the new one, and only full
     // passes can follow.
-    size_ = file.Size();
-    closedSize_ = size_ == wrapped.size() ? size_ : 0;
+    size_ = std::max(page->size(), wrapped.size());
+    closedSize_ = isWritten && size_ == wrapped.size() ? size_ : 0;
 }
 
 /// The page up to closedSize_ is whole, and a full pass would keep all that was added since: so the addition moves over

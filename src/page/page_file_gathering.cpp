@@ -124,7 +124,7 @@ bool CPageFile::OpenFresh() {
 void CPageFile::Settle() {
     if (gathered_ == Gathered::Nothing) return;
     // A file that somebody took away or replaced meanwhile is written all the same, and lost.
-    if (path_.empty() || !OpenFresh() || !WriteTold() || !file_->IsAt(path_)) Spoil();
+    if (path_.empty() || !OpenFresh() || !WriteTold() || !file_->IsAt(path_) || !file_->Close()) Spoil();
     kept_.clear();
     file_.reset();
     gathered_ = Gathered::Nothing;

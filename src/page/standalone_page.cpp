@@ -1,9 +1,9 @@
 #include "page/standalone_page.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <ios>
-#include <optional>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -13,6 +13,7 @@
 #include "platform/file.h"
 #include "platform/text_encoding.h"
 #include "report/report.h"
+#include "report/report_document.h"
 
 namespace tradebill {
 namespace {
@@ -31,11 +32,10 @@ std::string Base64(std::string_view bytes) {
     return text;
 }
 
-std::string DataAddress(const CReport& report, std::string_view picture) {
-    const auto bytes = ReadPlainFile(FullPicturePath(report.ReportDocument, picture));
-    const std::string_view type = picture.ends_with(".png") ? "image/png" : "image/jpeg";
-    return std::string("data:").append(type).append(";name=").append(picture).append(";base64,") +
-           Base64(bytes.value_or(""));
+/// One that couldn't be saved is missed, and told, where it was to be saved.
+bool IsSaved(const CReportDocument& document, std::string_view picture) {
+    const auto& saved = document.SavedPictures;
+    return std::ranges::find(saved, picture, &SavedPicture::name) != saved.end();
 }
 
 void Write(std::ostream& out, std::string_view utf8) {
@@ -43,6 +43,18 @@ void Write(std::ostream& out, std::string_view utf8) {
 }
 
 }  // namespace
+
+std::string CHeldPictures::DataAddress(const CReport& report, std::string_view picture) const {
+    const std::string path = FullPicturePath(report.ReportDocument, picture);
+    CFileBuffer buffer;
+    const FileContent content = ReadWholeFile(path, buffer);
+    const bool isLost = content.state == FileState::Missing ? IsSaved(report.ReportDocument, picture)
+                                                            : content.state != FileState::Read;
+    if (isLost && !lost_) lost_ = {path, content.state, content.reason};
+    const std::string_view type = picture.ends_with(".png") ? "image/png" : "image/jpeg";
+    return std::string("data:").append(type).append(";name=").append(picture).append(";base64,") +
+           Base64(content.bytes);
+}
 
 std::string CHeldPictures::InPage(const CReport& report, std::string_view picture) const {
     const auto found = addresses_.find(picture);

@@ -5,10 +5,12 @@
 #include <functional>
 #include <iosfwd>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "page/page_sink.h"
+#include "platform/file.h"
 
 namespace tradebill {
 
@@ -21,7 +23,13 @@ public:
     [[nodiscard]] std::string InPage(const CReport& report, std::string_view picture) const override;
     [[nodiscard]] std::string InScript(const CReport& report, std::string_view picture) const override;
 
+    /// A picture that was saved and couldn't be read back, which is empty too; the first of them.
+    [[nodiscard]] const std::optional<UnreadFile>& Lost() const { return lost_; }
+
 private:
+    [[nodiscard]] std::string DataAddress(const CReport& report, std::string_view picture) const;
+
+    mutable std::optional<UnreadFile> lost_;
     mutable std::map<std::string, std::string, std::less<>> addresses_;  // by picture
 };
 
@@ -37,6 +45,9 @@ public:
 
     /// Writes what ends the page. Nothing may follow.
     void Finish();
+
+    /// A picture that the page lacks, though it was saved, or nothing.
+    [[nodiscard]] const std::optional<UnreadFile>& LostPicture() const { return links_.Lost(); }
 
 private:
     void StartBody();

@@ -6,7 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
+#include <utility>
 
 #include "base/ini_file.h"
 #include "platform/paths.h"
@@ -22,10 +22,22 @@ FileContent WhyNotOpen(const std::string& path, std::uint32_t error) {
     return {.state = FileState::Unreadable, .reason = SystemErrorText(error)};
 }
 
-std::string WhyNotWhole(std::uint64_t got, std::uint64_t size, std::uint32_t error) {
-    const std::string words = SystemErrorText(error);
-    return "only " + std::to_string(got) + " of its " + std::to_string(size) + " bytes can be read" +
-           (words.empty() ? "" : ": " + words);
+FileContent WhyNoSize(std::uint32_t error) {
+    if (error == 0) return {.state = FileState::NotAFile};
+    return {.state = FileState::Unreadable, .reason = SystemErrorText(error)};
+}
+
+/// Somebody cuts it at this moment.
+std::string WhyNotWhole(std::uint64_t got, std::uint64_t size) {
+    return "only " + std::to_string(got) + " of its " + std::to_string(size) + " bytes can be read";
+}
+
+/// It is closed then.
+bool WriteNew(const std::string& path, const std::function<bool(CFile& file)>& write, Durability durability) {
+    CFile file(path, FileMode::Create);
+    if (!file.IsOpen() || !write(file)) return false;
+    if (durability == Durability::OnDisk && !file.MakeDurable()) return false;
+    return file.Close();
 }
 
 }  // namespace
@@ -45,56 +57,32 @@ std::optional<std::string> CFile::ReadAll() const {
     const auto size = SizeOnDisk();
     if (!size) return std::nullopt;
     std::string content(static_cast<std::size_t>(*size), '\0');
-    content.resize(ReadAt(0, content.data(), content.size()));
-    return content;
-}
-
-std::optional<std::string_view> CFile::ReadAll(CFileBuffer& buffer) const {
-    const auto size = SizeOnDisk();
-    if (!size) return std::nullopt;
-    char* const bytes = buffer.Reserve(static_cast<std::size_t>(*size));
-    return std::string_view(bytes, ReadAt(0, bytes, static_cast<std::size_t>(*size)));
+    const auto got = ReadAt(0, content.data(), content.size());
+    return got == content.size() ? std::optional(std::move(content)) : std::nullopt;
 }
 
 FileContent ReadWholeFile(const std::string& path, CFileBuffer& buffer, FileMode mode) {
     const CFile file(path, mode);
     if (!file.IsOpen()) return WhyNotOpen(path, LastSystemError());
     const auto size = file.SizeOnDisk();
-    if (!size) return {.state = FileState::NotAFile};
+    if (!size) return WhyNoSize(LastSystemError());
     char* const bytes = buffer.Reserve(static_cast<std::size_t>(*size));
-    const std::size_t got = file.ReadAt(0, bytes, static_cast<std::size_t>(*size));
-    if (got < *size) return {.state = FileState::Unreadable, .reason = WhyNotWhole(got, *size, LastSystemError())};
-    return {.state = FileState::Read, .bytes = {bytes, got}};
+    const auto got = file.ReadAt(0, bytes, static_cast<std::size_t>(*size));
+    if (!got) return {.state = FileState::Unreadable, .reason = SystemErrorText(LastSystemError())};
+    if (*got < *size) return {.state = FileState::Unreadable, .reason = WhyNotWhole(*got, *size)};
+    return {.state = FileState::Read, .bytes = {bytes, *got}};
 }
 
-std::optional<std::string> ReadStatementFile(const std::string& path) {
+IniFileContent LoadIniFile(const std::string& path) {
     CFileBuffer buffer;
-    const auto text = ReadStatementFile(path, buffer);
-    return text ? std::optional<std::string>(*text) : std::nullopt;
+    FileContent content = ReadWholeFile(path, buffer);
+    return {.state = content.state, .reason = std::move(content.reason), .file = CIniFile::Parse(content.bytes)};
 }
 
-std::optional<std::string_view> ReadStatementFile(const std::string& path, CFileBuffer& buffer) {
-    const CFile file(path, FileMode::Update);
-    if (!file.IsOpen()) return std::nullopt;
-    const auto text = file.ReadAll(buffer);
-    return text ? std::optional(text->substr(0, text->find('\0'))) : std::nullopt;
-}
-
-std::optional<std::string> ReadPlainFile(const std::string& path) {
-    if (!IsPlainFile(path)) return std::nullopt;
-    const CFile file(path, FileMode::Read);
-    return file.IsOpen() ? file.ReadAll() : std::nullopt;
-}
-
-std::optional<CIniFile> LoadIniFile(const std::string& path) {
-    const auto content = ReadPlainFile(path);
-    return content ? std::optional(CIniFile::Parse(*content)) : std::nullopt;
-}
-
-bool SaveInOneStep(const std::string& path, const std::function<bool(const std::string& unfinished)>& write) {
+bool SaveInOneStep(const std::string& path, const std::function<bool(CFile& file)>& write, Durability durability) {
     const std::string unfinished = path + ".part";
     try {
-        if (write(unfinished) && MoveOver(unfinished, path)) return true;
+        if (WriteNew(unfinished, write, durability) && MoveOver(unfinished, path)) return true;
     } catch (...) {
         RemoveFile(unfinished);
         throw;

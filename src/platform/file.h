@@ -36,7 +36,7 @@ private:
 class CFile {
 public:
     CFile(const std::string& path, FileMode mode);
-    ~CFile();
+    ~CFile();  ///< closes what is still open, and hears nothing of it
     CFile(const CFile&) = delete;
     CFile& operator=(const CFile&) = delete;
 
@@ -46,21 +46,26 @@ public:
 
     /// Whether this is the file that `path` leads to: another may have taken its place since it was opened, or none.
     [[nodiscard]] bool IsAt(const std::string& path) const;
-    /// Size in bytes; 0 if it can't be told.
-    [[nodiscard]] std::uint64_t Size() const;
-    /// Size in bytes of what is a file on disk; nothing of what is none.
+    /// Size in bytes; nothing if it can't be told.
+    [[nodiscard]] std::optional<std::uint64_t> Size() const;
+    /// Size in bytes of what is a file on disk. Nothing of what is none, without a reason, and nothing if it can't be
+    /// told, with one.
     [[nodiscard]] std::optional<std::uint64_t> SizeOnDisk() const;
     /// Writes all of `bytes` where the file stands. False if not all of it could be written, or the mode is to read.
     [[nodiscard]] bool Write(std::string_view bytes);
     /// Writes all of `bytes` at `offset`. False as Write.
     /// REQUIRES: the mode is Update.
     [[nodiscard]] bool WriteAt(std::uint64_t offset, std::string_view bytes);
-    /// Fills `buffer` from `offset` on; returns the bytes read, fewer only at the end of the file or on failure.
-    [[nodiscard]] std::size_t ReadAt(std::uint64_t offset, char* buffer, std::size_t size) const;
-    /// All of a file on disk; nothing of what is none.
+    /// Fills `buffer` from `offset` on; returns the bytes read, fewer only at the end of the file. Nothing if not all
+    /// of them can be read.
+    [[nodiscard]] std::optional<std::size_t> ReadAt(std::uint64_t offset, char* buffer, std::size_t size) const;
+    /// All of a file on disk. Nothing of what is none, and if not all of it can be read.
     [[nodiscard]] std::optional<std::string> ReadAll() const;
-    /// The same, in memory of `buffer`.
-    [[nodiscard]] std::optional<std::string_view> ReadAll(CFileBuffer& buffer) const;
+    /// Waits until what was written is on the disk itself, where the file's system knows how. False if it isn't.
+    [[nodiscard]] bool MakeDurable();
+    /// Ends the work on the file, which isn't open then. False if what was written may be lost: some systems, as those
+    /// of a network and those with quotas, say so only now.
+    [[nodiscard]] bool Close();
 
 private:
     std::intptr_t handle_;  ///< the system's own
@@ -94,23 +99,33 @@ struct FileContent {
 /// nothing to give.
 [[nodiscard]] FileContent ReadWholeFile(const std::string& path, CFileBuffer& buffer, FileMode mode = FileMode::Read);
 
-/// All bytes of a plain file. Nothing if there is none, or if it can't be read.
-[[nodiscard]] std::optional<std::string> ReadPlainFile(const std::string& path);
+/// A file that is there and can't be read.
+struct UnreadFile {
+    std::string path;
+    FileState state = FileState::Unreadable;  ///< or NotAFile
+    std::string reason = {};                  ///< as that of FileContent
+};
 
-/// The bytes of a statement, up to its first zero byte. Nothing if the file isn't there, isn't a plain file or can't be
-/// opened for reading and writing. Content and length of the file stay as they are.
-[[nodiscard]] std::optional<std::string> ReadStatementFile(const std::string& path);
+/// What came of an INI file.
+struct IniFileContent {
+    FileState state = FileState::Missing;
+    std::string reason = {};  ///< as that of FileContent
+    CIniFile file = {};       ///< empty unless it was read
+};
 
-/// The same, in memory of `buffer`.
-[[nodiscard]] std::optional<std::string_view> ReadStatementFile(const std::string& path, CFileBuffer& buffer);
+/// Reads and parses a file.
+[[nodiscard]] IniFileContent LoadIniFile(const std::string& path);
 
-/// Reads and parses a plain file; nothing if it can't be read.
-[[nodiscard]] std::optional<CIniFile> LoadIniFile(const std::string& path);
+/// Whether a file has to outlast the machine's failing right after it took its place.
+enum class Durability {
+    AsItComes,  ///< pages and their pictures, which the next report makes anew: waiting for the disk would cost more
+    OnDisk,     ///< results that somebody named, who may throw away what they were made of
+};
 
-/// Has `write` make a file beside `path`, under the name that it is given, and puts it there in one step: nobody meets
-/// half of it. False, with what was at `path` still there and the system's reason where it has one, if `write` says so
-/// or the place can't be taken.
-[[nodiscard]] bool SaveInOneStep(const std::string& path,
-                                 const std::function<bool(const std::string& unfinished)>& write);
+/// Makes a file beside `path`, has `write` fill it, and puts it there in one step: nobody meets half of it. False, with
+/// what was at `path` still there and the system's reason where it has one, if `write` says so, if not all can be
+/// written, or if the place can't be taken. Whatever happens, what `write` throws included, nothing else is left.
+[[nodiscard]] bool SaveInOneStep(const std::string& path, const std::function<bool(CFile& file)>& write,
+                                 Durability durability = Durability::AsItComes);
 
 }  // namespace tradebill

@@ -35,9 +35,13 @@ public:
 
     [[nodiscard]] bool IsOpen() const;
 
+    // REQUIRES, of all that follows: IsOpen().
+
     /// Writes all of `bytes`, however long that takes. False if not all of it could be written.
-    /// REQUIRES: IsOpen().
     [[nodiscard]] bool Write(std::string_view bytes);
+
+    /// Ends the work on it, which isn't open then. False if what was written may be lost (CFile::Close).
+    [[nodiscard]] bool Close();
 
 private:
     std::intptr_t handle_;  ///< the system's own

@@ -13,7 +13,7 @@ namespace tradebill {
 /// REQUIRES: nothing has been opened yet.
 void HoldStandardStreams();
 
-/// All that can be read from standard input. Nothing if it can't be read to its end.
+/// All that can be read from standard input. Nothing, with the system's reason, if it can't be read to its end.
 [[nodiscard]] std::optional<std::string> ReadStandardInput();
 
 /// Whether standard output is a pipe that nobody reads any more.

@@ -62,6 +62,9 @@ public:
     /// asks for what isn't there.
     StatementFile Load(std::string_view day, const std::string& path, CStatementListener* listener = nullptr);
 
+    /// The template, if it is there and couldn't be read for a statement, which was read without it.
+    [[nodiscard]] const std::optional<UnreadFile>& TemplateProblem() const { return template_.Problem(); }
+
     /// Hands `text` to the reader of the request's layout: the foreign one, the template's, or the format's. Throws
     /// likewise.
     void Read(std::string_view day, std::string_view text, CScanListener* listener = nullptr);

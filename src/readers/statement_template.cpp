@@ -209,14 +209,16 @@ bool CStatementTemplate::HoldsNewScheme(std::string_view day) const {
 }
 
 const CStatementTemplate* CTemplateFile::Present() {
-    const auto stamp = path_.empty() ? std::nullopt : StampOf(path_);
-    if (!stamp) return nullptr;
-    if (parsed_ == nullptr || stamp_ != *stamp) {
-        auto file = LoadIniFile(path_);
-        if (!file) return nullptr;
-        parsed_ = std::make_unique<CStatementTemplate>(std::move(*file));
-        stamp_ = *stamp;
+    if (path_.empty()) return nullptr;
+    const auto stamp = StampOf(path_);
+    if (parsed_ != nullptr && stamp && stamp_ == stamp) return parsed_.get();
+    IniFileContent content = LoadIniFile(path_);  // what has no stamp too: it tells why
+    if (content.state != FileState::Read) {
+        if (content.state != FileState::Missing) problem_ = {path_, content.state, std::move(content.reason)};
+        return nullptr;
     }
+    parsed_ = std::make_unique<CStatementTemplate>(std::move(content.file));
+    stamp_ = stamp;
     return parsed_.get();
 }
 

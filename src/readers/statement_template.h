@@ -106,9 +106,13 @@ public:
     /// until the next call.
     [[nodiscard]] const CStatementTemplate* Present();
 
+    /// The file, if it was there and couldn't be read when it was asked for: it counted as none then.
+    [[nodiscard]] const std::optional<UnreadFile>& Problem() const { return problem_; }
+
 private:
     std::string path_;
-    FileStamp stamp_;
+    std::optional<FileStamp> stamp_;  ///< of what was parsed, if it could be told
+    std::optional<UnreadFile> problem_;
     std::unique_ptr<CStatementTemplate> parsed_;
 };
 

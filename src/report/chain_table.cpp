@@ -77,10 +77,13 @@ bool CContractChain::Contains(std::string_view product) const {
     return std::ranges::find(Items, product) != Items.end();
 }
 
-void CChainTable::Load(const std::string& path) {
-    const auto file = LoadIniFile(path);
-    if (!file) return;
-    for (const auto& [number, section] : ChainSections(*file, file->Integer("CHAINNUM", "Num", 0))) {
+std::optional<UnreadFile> CChainTable::Load(const std::string& path) {
+    IniFileContent content = LoadIniFile(path);
+    if (content.state != FileState::Read && content.state != FileState::Missing) {
+        return UnreadFile{path, content.state, std::move(content.reason)};
+    }
+    const CIniFile& file = content.file;
+    for (const auto& [number, section] : ChainSections(file, file.Integer("CHAINNUM", "Num", 0))) {
         const CIniFile::Entry* const base = FindEntry(*section, "ItemBase");
         if (base == nullptr || base->value.empty()) continue;
         auto chain = std::make_unique<CContractChain>(ProductText(base->value));
@@ -88,6 +91,7 @@ void CChainTable::Load(const std::string& path) {
         byBase_[chain->ItemBase] = chain.get();
         Chains.push_back(std::move(chain));
     }
+    return std::nullopt;
 }
 
 const CContractChain* CChainTable::FindChain(std::string_view product) const {

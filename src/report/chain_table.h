@@ -3,10 +3,13 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
+
+#include "platform/file.h"
 
 namespace tradebill {
 
@@ -28,8 +31,8 @@ public:
     std::vector<std::unique_ptr<CContractChain>> Chains;  ///< in file order, two of one ItemBase included
 
     /// Adds the chains of a file. A missing one adds nothing. What the file's counts promise beyond what it holds takes
-    /// no memory to speak of.
-    void Load(const std::string& path);
+    /// no memory to speak of. Returns the file if it is there and can't be read, which adds nothing either.
+    [[nodiscard]] std::optional<UnreadFile> Load(const std::string& path);
 
     /// The chain headed by `product`, or null; the later one of two. Valid until Clear().
     [[nodiscard]] const CContractChain* FindChain(std::string_view product) const;

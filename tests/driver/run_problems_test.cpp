@@ -21,6 +21,9 @@ TEST(RunProblemsTexts, NameEachOfThem) {
     RunProblems problems;
     EXPECT_TRUE(problems.IsEmpty());
     EXPECT_EQ(ProblemTexts(problems), Lines{});
+    problems.inputs = {{"a/chain.ini", FileState::Unreadable, "Input/output error"},
+                       {"a/own.ini", FileState::NotAFile, ""},
+                       {"a/gone.jpg", FileState::Missing, ""}};
     problems.statements = {{"20240102", "a/b.txt", StatementState::Unreadable, "Permission denied"},
                            {"20240103", "a/c.txt", StatementState::NotAFile, ""},
                            {"20240104", "a/d.txt", StatementState::Missing, "Permission denied"}};
@@ -31,6 +34,9 @@ TEST(RunProblemsTexts, NameEachOfThem) {
     problems.page = {"a/h.html", ""};
     EXPECT_EQ(ProblemTexts(problems),
               (Lines{
+                  "can't read " + NativePath("a/chain.ini") + ": Input/output error",
+                  NativePath("a/own.ini") + " is not a file",
+                  NativePath("a/gone.jpg") + " is missing",
                   "20240102: can't read " + NativePath("a/b.txt") + ": Permission denied",
                   "20240103: " + NativePath("a/c.txt") + " is not a file",
                   "20240104: can't write " + NativePath("a/d.txt") + ", which counts as absent then: Permission denied",
@@ -87,6 +93,22 @@ TEST_F(RunProblemsKept, NameAFolderInAStatementsPlace) {
     EXPECT_EQ(result.problems.statements[0].path, root_.Path("Users/u/Data/Bill/D10086.20240103o.txt"));
     EXPECT_EQ(result.problems.statements[0].state, StatementState::NotAFile);
     EXPECT_TRUE(result.pageWritten);
+}
+
+TEST_F(RunProblemsKept, NameAChainFileAndATemplateThatCantBeRead) {
+    PutBothDays();
+    const std::string page = RunAlone().pageWritten ? ReadFile(PageFile()) : "";
+    fs::create_directories(root_.Path("sys/chain.ini"));
+    fs::create_directories(root_.Path("BillTemplate/own.ini"));
+    CopyField(request_.TemplateName, "own");
+    const RunResult result = RunAlone();
+    ASSERT_EQ(result.problems.inputs.size(), 2U);
+    EXPECT_EQ(result.problems.inputs[0].path, root_.Path("sys/chain.ini"));
+    EXPECT_EQ(result.problems.inputs[0].state, FileState::NotAFile);
+    EXPECT_EQ(result.problems.inputs[1].path, root_.Path("BillTemplate/own.ini"));
+    EXPECT_EQ(result.problems.inputs[1].state, FileState::NotAFile);
+    EXPECT_FALSE(result.problems.IsEmpty());
+    EXPECT_EQ(ReadFile(PageFile()), page);  // as without them
 }
 
 TEST_F(RunProblemsKept, NameAPictureThatCantBeSaved) {

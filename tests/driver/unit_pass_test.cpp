@@ -27,7 +27,7 @@ protected:
         return "20240102 上期所 " + product + " 2405 买 开 4000 2 " + turnover + " 3.00 0.00 投";
     }
     [[nodiscard]] std::int32_t UnitOf(const std::string& product) const {
-        return TallyTrades(request_, root_.Path()).UnitOf(product).value_or(0);
+        return TallyTrades(request_, root_.Path()).units.UnitOf(product).value_or(0);
     }
 };
 
@@ -56,6 +56,20 @@ TEST_F(UnitPass, LeavesTheFoldersAsTheyAre) {
     EXPECT_EQ(ContentOf(root_.Path()), before);
 }
 
+TEST_F(UnitPass, NamesWhatItCantRead) {
+    Put("D10086.20240102o.txt", StatementOf("20240102", Trade("rb", "80000.00")));
+    EXPECT_TRUE(TallyTrades(request_, root_.Path()).unread.empty());
+    CopyField(request_.TemplateName, "own");
+    std::filesystem::create_directories(root_.Path("BillTemplate/own.ini"));
+    std::filesystem::create_directories(root_.Path("Users/u/Data/Bill/D10086.20240103o.txt"));
+    const TradeTally tally = TallyTrades(request_, root_.Path());
+    ASSERT_EQ(tally.unread.size(), 2U);
+    EXPECT_EQ(tally.unread[0].path, root_.Path("Users/u/Data/Bill/D10086.20240103o.txt"));
+    EXPECT_EQ(tally.unread[0].state, FileState::NotAFile);
+    EXPECT_EQ(tally.unread[1].path, root_.Path("BillTemplate/own.ini"));
+    EXPECT_EQ(tally.units.UnitOf("rb"), 10);
+}
+
 TEST_F(UnitPass, AsksNobodyToStop) {
     Put("D10086.20240102o.txt", StatementOf("20240102", Trade("rb", "80000.00")));
     const UniqueEvent stop(CreateHostEvent(0));
@@ -81,16 +95,16 @@ TEST_F(UnitPass, FindsTheUnitsOfTheSamples) {
     int products = 0;
     for (const auto& sample : std::filesystem::directory_iterator(TRADEBILL_SAMPLES)) {
         const std::string folder = sample.path().string();
-        const auto asked = LoadIniFile(folder + "/request.ini");
-        const auto units = LoadIniFile(folder + "/units.ini");
-        if (!asked || !units) continue;
-        request_.StatementFormat = asked->Integer("REQUEST", "format", 0);
-        CopyField(request_.UserFolder, asked->Text("REQUEST", "user"));
-        CopyField(request_.Account, asked->Text("REQUEST", "account"));
-        CopyField(request_.TemplateName, asked->Text("REQUEST", "template"));
-        SetDates(asked->Text("REQUEST", "from"), asked->Text("REQUEST", "to"));
-        const CTradeUnits trades = TallyTrades(request_, folder + "/root");
-        for (const CIniFile::Entry& entry : units->FindSection("UNITS")->entries) {
+        const auto [askedState, askedReason, asked] = LoadIniFile(folder + "/request.ini");
+        const auto [unitsState, unitsReason, units] = LoadIniFile(folder + "/units.ini");
+        if (askedState != FileState::Read || unitsState != FileState::Read) continue;
+        request_.StatementFormat = asked.Integer("REQUEST", "format", 0);
+        CopyField(request_.UserFolder, asked.Text("REQUEST", "user"));
+        CopyField(request_.Account, asked.Text("REQUEST", "account"));
+        CopyField(request_.TemplateName, asked.Text("REQUEST", "template"));
+        SetDates(asked.Text("REQUEST", "from"), asked.Text("REQUEST", "to"));
+        const CTradeUnits trades = TallyTrades(request_, folder + "/root").units;
+        for (const CIniFile::Entry& entry : units.FindSection("UNITS")->entries) {
             const auto unit = trades.UnitOf(Gbk(entry.key));
             if (!unit) continue;
             EXPECT_EQ(*unit, std::stoi(entry.value)) << folder << ": " << entry.key;

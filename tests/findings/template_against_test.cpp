@@ -12,6 +12,7 @@
 
 #include "platform/file.h"
 #include "support/gbk_text.h"
+#include "support/temp_folder.h"
 
 namespace tradebill::template_against_test {
 namespace {
@@ -193,13 +194,13 @@ TEST(TemplateAgainst, PassesEveryStatementOfTheSamples) {
     for (const std::string sample : {"template-pairs", "template-row"}) {
         const std::string root = std::string(TRADEBILL_SAMPLES) + "/" + sample + "/root";
         const auto file = LoadIniFile(root + "/BillTemplate/songta.ini");
-        ASSERT_TRUE(file) << sample;
+        ASSERT_EQ(file.state, FileState::Read) << sample;
         for (const auto& entry : std::filesystem::directory_iterator(root + "/Users/demo/Data/Bill")) {
-            const auto text = ReadPlainFile(entry.path().string());
-            if (!text) continue;
+            if (!entry.is_regular_file()) continue;
+            const std::string text = ReadFile(entry.path().string());
             const std::string day = entry.path().filename().string().substr(10, 8);
             for (const TemplateFinding& finding :
-                 CheckTemplateAgainst(*file, {.text = *text, .day = day, .format = {}})) {
+                 CheckTemplateAgainst(file.file, {.text = text, .day = day, .format = {}})) {
                 ADD_FAILURE() << entry.path() << ": " << finding.text;
             }
             ++statements;

@@ -193,8 +193,8 @@ TEST(TemplateCheck, LetsPositionsOfBothSidesGoOnIncomplete) {
 TEST(TemplateCheck, PassesTheSampleTemplates) {
     for (const char* sample : {"template-pairs", "template-row", "bilingual-new"}) {
         const auto file = LoadIniFile(std::string(TRADEBILL_SAMPLES) + "/" + sample + "/root/BillTemplate/songta.ini");
-        ASSERT_TRUE(file) << sample;
-        for (const TemplateFinding& finding : CheckTemplate(*file)) EXPECT_FALSE(finding.isError) << finding.text;
+        ASSERT_EQ(file.state, FileState::Read) << sample;
+        for (const TemplateFinding& finding : CheckTemplate(file.file)) EXPECT_FALSE(finding.isError) << finding.text;
     }
 }
 

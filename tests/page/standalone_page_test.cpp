@@ -85,6 +85,28 @@ TEST_F(StandalonePage, HoldsItsPictures) {
     EXPECT_EQ(LinkTo("HealthFigure.jpg"), "data:image/jpeg;name=HealthFigure.jpg;base64,");  // isn't there
 }
 
+TEST_F(StandalonePage, TellsAPictureThatWasSavedAndCantBeReadBack) {
+    const auto lost = [this](const char* picture) {
+        const CHeldPictures pictures;
+        EXPECT_TRUE(pictures.InPage(report, picture).ends_with("base64,")) << picture;
+        return pictures.Lost();
+    };
+    EXPECT_FALSE(lost("HealthFigure.jpg"));  // couldn't be saved, and nobody says that it could
+    report.ReportDocument.SavedPictures = {{"HealthFigure.jpg", 1, 1}};
+    ASSERT_TRUE(lost("HealthFigure.jpg"));
+    EXPECT_EQ(lost("HealthFigure.jpg")->path, folder_.Path("Image_files/HealthFigure.jpg"));
+    EXPECT_EQ(lost("HealthFigure.jpg")->state, FileState::Missing);
+    folder_.Write("Image_files/RiskFigure.jpg/in the way", "");
+    ASSERT_TRUE(lost("RiskFigure.jpg"));
+    EXPECT_EQ(lost("RiskFigure.jpg")->state, FileState::NotAFile);
+
+    std::ostringstream out;
+    CStandalonePage page(out);
+    EXPECT_FALSE(page.LostPicture());
+    page.Links().InPage(report, "RiskFigure.jpg");
+    EXPECT_TRUE(page.LostPicture());
+}
+
 TEST_F(StandalonePage, PutsThemWhereThePageHasPaths) {
     const auto add = [this](CHtmlBuilder& page) { AddAccountSection(page, report); };
     std::string body = Body(add);

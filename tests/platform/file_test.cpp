@@ -83,11 +83,11 @@ TEST_F(File, OpensOnlyWhatIsThereButForCreating) {
     for (const FileMode mode : {FileMode::Read, FileMode::Append, FileMode::Update}) {
         CFile file(path, mode);
         EXPECT_FALSE(file.IsOpen());
-        EXPECT_EQ(file.Size(), 0U);
+        EXPECT_FALSE(file.Size().has_value());
         EXPECT_FALSE(file.ReadAll().has_value());
         EXPECT_FALSE(file.Write("text"));
         char byte = 0;
-        EXPECT_EQ(file.ReadAt(0, &byte, 1), 0U);
+        EXPECT_FALSE(file.ReadAt(0, &byte, 1).has_value());
     }
     EXPECT_FALSE(std::filesystem::exists(path));
     EXPECT_FALSE(CFile(folder_.Path("missing/a.txt"), FileMode::Create).IsOpen());
@@ -102,6 +102,26 @@ TEST_F(File, TellsThatTheDiskIsFull) {
 }
 #endif
 
+TEST_F(File, ReadsNothingWhereItOnlyWritesAndSaysSo) {
+    const std::string path = folder_.Write("a.txt", "text");
+    const CFile file(path, FileMode::Append);
+    char byte = 0;
+    EXPECT_FALSE(file.ReadAt(0, &byte, 1).has_value());
+    EXPECT_NE(LastSystemError(), 0U);
+    EXPECT_FALSE(file.ReadAll().has_value());
+}
+
+TEST_F(File, IsntOpenOnceItIsClosed) {
+    const std::string path = folder_.Path("a.txt");
+    CFile file(path, FileMode::Create);
+    EXPECT_TRUE(file.Write("text"));
+    EXPECT_TRUE(file.MakeDurable());
+    EXPECT_TRUE(file.Close());
+    EXPECT_FALSE(file.IsOpen());
+    EXPECT_FALSE(file.Write("more"));
+    EXPECT_EQ(ReadFile(path), "text");
+}
+
 TEST_F(File, WritesNothingWithoutFailing) {
     const std::string path = folder_.Write("a.txt", "text");
     EXPECT_TRUE(CFile(path, FileMode::Append).Write(""));
@@ -114,29 +134,6 @@ TEST_F(File, HasNoContentIfItIsAFolder) {
     EXPECT_FALSE(file.ReadAll().has_value());
 }
 
-class StatementFile : public File {};
-
-TEST_F(StatementFile, IsReadWhole) {
-    const std::string text(100000, 'x');
-    EXPECT_EQ(ReadStatementFile(folder_.Write("a.txt", text + "\r\n")), text + "\r\n");
-}
-
-TEST_F(StatementFile, EndsAtTheFirstZeroByte) {
-    EXPECT_EQ(ReadStatementFile(folder_.Write("a.txt", "one\0two\0"s)), "one");
-    EXPECT_EQ(ReadStatementFile(folder_.Write("b.txt", "\0one"s)), "");
-    EXPECT_EQ(ReadStatementFile(folder_.Write("c.txt", "one\0"s)), "one");
-}
-
-TEST_F(StatementFile, IsReadIntoOneBufferAfterTheOther) {
-    CFileBuffer buffer;
-    const std::string large(200000, 'x');
-    EXPECT_EQ(ReadStatementFile(folder_.Write("a.txt", "first"), buffer), "first");
-    EXPECT_EQ(ReadStatementFile(folder_.Write("b.txt", large), buffer), large);
-    EXPECT_EQ(ReadStatementFile(folder_.Path("missing.txt"), buffer), std::nullopt);
-    EXPECT_EQ(ReadStatementFile(folder_.Write("c.txt", "last\0one"s), buffer), "last");
-    EXPECT_EQ(ReadStatementFile(folder_.Write("d.txt", ""), buffer), "");
-}
-
 TEST_F(File, BuffersGrowAndStay) {
     CFileBuffer buffer;
     char* const small = buffer.Reserve(10);
@@ -147,27 +144,7 @@ TEST_F(File, BuffersGrowAndStay) {
     EXPECT_EQ(large[999999], 'x');
 }
 
-TEST_F(StatementFile, MayBeEmpty) {
-    EXPECT_EQ(ReadStatementFile(folder_.Write("a.txt", "")), "");
-}
-
-TEST_F(StatementFile, KeepsContentAndLength) {
-    for (const std::string& content : {""s, "one\0two"s, std::string(4096, 'x'), "\r\n"s}) {
-        const std::string path = folder_.Write("a.txt", content);
-        const auto written = std::filesystem::last_write_time(path);
-        EXPECT_TRUE(ReadStatementFile(path).has_value());
-        EXPECT_EQ(ReadFile(path), content);
-        EXPECT_EQ(std::filesystem::last_write_time(path), written);
-    }
-}
-
-TEST_F(StatementFile, IsNotReadIfItIsNotThere) {
-    EXPECT_FALSE(ReadStatementFile(folder_.Path()).has_value());
-    EXPECT_FALSE(ReadStatementFile(folder_.Path("missing.txt")).has_value());
-    EXPECT_FALSE(ReadStatementFile("").has_value());
-}
-
-class WholeFile : public StatementFile {
+class WholeFile : public File {
 protected:
     FileContent Read(const std::string& path, FileMode mode = FileMode::Read) {
         return ReadWholeFile(path, buffer_, mode);
@@ -186,11 +163,32 @@ TEST_F(WholeFile, IsReadWithItsZeros) {
 }
 
 TEST_F(WholeFile, MayBeEmpty) {
-    EXPECT_EQ(Read(folder_.Write("a.txt", "")).state, FileState::Read);
+    const FileContent content = Read(folder_.Write("a.txt", ""));
+    EXPECT_EQ(content.state, FileState::Read);
+    EXPECT_EQ(content.bytes, "");
+}
+
+TEST_F(WholeFile, IsReadIntoOneBufferAfterTheOther) {
+    const std::string large(200000, 'x');
+    EXPECT_EQ(Read(folder_.Write("a.txt", "first")).bytes, "first");
+    EXPECT_EQ(Read(folder_.Write("b.txt", large)).bytes, large);
+    EXPECT_EQ(Read(folder_.Path("missing.txt")).bytes, "");
+    EXPECT_EQ(Read(folder_.Write("c.txt", "last")).bytes, "last");
+}
+
+TEST_F(WholeFile, KeepsContentAndLength) {
+    for (const std::string& content : {""s, "one\0two"s, std::string(4096, 'x'), "\r\n"s}) {
+        const std::string path = folder_.Write("a.txt", content);
+        const auto written = std::filesystem::last_write_time(path);
+        EXPECT_EQ(Read(path, FileMode::Update).bytes, content);
+        EXPECT_EQ(ReadFile(path), content);
+        EXPECT_EQ(std::filesystem::last_write_time(path), written);
+    }
 }
 
 TEST_F(WholeFile, IsMissingIfNothingBearsItsName) {
     folder_.Write("a.txt", "");
+    EXPECT_EQ(Read("").state, FileState::Missing);
     for (const std::string& name : {"missing.txt"s, "missing/a.txt"s, std::string(300, 'x')}) {
         const FileContent content = Read(folder_.Path(name));
         EXPECT_EQ(content.state, FileState::Missing) << name;
@@ -204,34 +202,23 @@ TEST_F(WholeFile, IsNoFolder) {
     }
 }
 
-TEST_F(File, LeavesTheSystemsReasonIfItCantBeSavedInOneStep) {
-    std::filesystem::create_directories(folder_.Path("a.txt/in the way"));
-    ForgetSystemError();
-    EXPECT_FALSE(SaveInOneStep(folder_.Path("a.txt"), [](const std::string& unfinished) {
-        return CFile(unfinished, FileMode::Create).Write("text");
-    }));
-    EXPECT_NE(LastSystemError(), 0U);
-    EXPECT_NE(SystemErrorText(LastSystemError()), "");
-    EXPECT_EQ(SystemErrorText(0), "");
-    EXPECT_FALSE(std::filesystem::exists(folder_.Path("a.txt.part")));
-}
-
-TEST_F(StatementFile, IsReadWhileAnotherHasItOpen) {
+TEST_F(WholeFile, IsReadWhileAnotherHasItOpen) {
     const std::string path = folder_.Write("a.txt", "text");
     const CFile other(path, FileMode::Update);
-    EXPECT_EQ(ReadStatementFile(path), "text");
+    EXPECT_EQ(Read(path, FileMode::Update).bytes, "text");
 }
 
 TEST_F(File, IsParsedAsAnIniFile) {
-    const auto file = LoadIniFile(folder_.Write("a.ini", "[A]\r\nx=1\r\n"));
-    ASSERT_TRUE(file.has_value());
-    EXPECT_EQ(file->Text("A", "x"), "1");
+    const IniFileContent content = LoadIniFile(folder_.Write("a.ini", "[A]\r\nx=1\r\n"));
+    EXPECT_EQ(content.state, FileState::Read);
+    EXPECT_EQ(content.file.Text("A", "x"), "1");
 }
 
 TEST_F(File, IsNoIniFileIfItIsNone) {
-    EXPECT_FALSE(LoadIniFile(folder_.Path("missing.ini")).has_value());
-    EXPECT_FALSE(LoadIniFile(folder_.Path()).has_value());
-    EXPECT_FALSE(LoadIniFile("").has_value());
+    EXPECT_EQ(LoadIniFile(folder_.Path("missing.ini")).state, FileState::Missing);
+    EXPECT_EQ(LoadIniFile(folder_.Path()).state, FileState::NotAFile);
+    EXPECT_EQ(LoadIniFile("").state, FileState::Missing);
+    EXPECT_TRUE(LoadIniFile("").file.Sections().empty());
 }
 
 }  // namespace

@@ -20,12 +20,12 @@ namespace fs = std::filesystem;
 class OnlyRows : public testing::TestWithParam<const char*> {
 protected:
     OnlyRows() {
-        const auto ini = LoadIniFile(folder_ + "/request.ini");
-        EXPECT_TRUE(ini.has_value());
+        const CIniFile ini = LoadIniFile(folder_ + "/request.ini").file;
+        EXPECT_NE(ini.FindSection("REQUEST"), nullptr);
         for (CReport* const report : {&all_, &few_}) {
-            report->Request.StatementFormat = ini->Integer("REQUEST", "format", 0);
-            report->Request.StatementKind = ini->Text("REQUEST", "kind") == "foreign" ? kForeignKind : 1;
-            const std::string name(ini->Text("REQUEST", "template"));
+            report->Request.StatementFormat = ini.Integer("REQUEST", "format", 0);
+            report->Request.StatementKind = ini.Text("REQUEST", "kind") == "foreign" ? kForeignKind : 1;
+            const std::string name(ini.Text("REQUEST", "template"));
             report->TemplatePath = name.empty() ? "" : folder_ + "/root/BillTemplate/" + name + ".ini";
         }
     }

@@ -84,7 +84,7 @@ TEST(Report, KeepsNothingOfARunBehindClear) {
     const CTempFolder folder;
     const MoneyRecord money = Money("20240102", {{"QMJC", "500"}});
     CReport report;
-    report.ChainTable.Load(folder.Write("chain.ini", "[CHAINNUM]\nNum=1\n[CHAIN001]\nItemBase=a\n"));
+    static_cast<void>(report.ChainTable.Load(folder.Write("chain.ini", "[CHAINNUM]\nNum=1\n[CHAIN001]\nItemBase=a\n")));
     report.MoneyStore.Add(CopyOf(money), MoneySource::Statement);
     report.CurrencyMoneyStore.Add(CopyOf(money), "USD", MoneySource::Statement);
     report.MatchStore.Add();

@@ -27,7 +27,7 @@ protected:
         for (const std::string_view item : items) {
             content += "Item0" + std::to_string(++number) + "=" + std::string(item) + "\n";
         }
-        report.ChainTable.Load(folder_.Write("chain.ini", content));
+        EXPECT_FALSE(report.ChainTable.Load(folder_.Write("chain.ini", content)).has_value());
     }
     void AddLong(std::string_view product, std::int32_t lots, double margin) {
         usage_.AddRow(product, {.day = "20240102", .side = long_, .lots = lots, .margin = margin, .isSummary = false});

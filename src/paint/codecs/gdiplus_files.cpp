@@ -132,9 +132,10 @@ CPictureWork::~CPictureWork() {
 
 PictureSize ReadPictureSize(const std::string& path) {
     const CPictureWork work;
-    const auto content = ReadPlainFile(path);
-    if (!content) return {};
-    const DecodedFile file = Decode(*content);
+    CFileBuffer buffer;
+    const FileContent content = ReadWholeFile(path, buffer);
+    if (content.state != FileState::Read) return {};
+    const DecodedFile file = Decode(content.bytes);
     return file.image.Get() != nullptr ? SizeOfImage(file.image) : PictureSize{};
 }
 

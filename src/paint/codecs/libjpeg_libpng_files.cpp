@@ -121,11 +121,11 @@ std::optional<PictureSize> PngSize(std::string_view content) {
 }
 
 PictureSize ReadPictureSize(const std::string& path) {
-    const CFile file(path, FileMode::Read);
-    const auto content = file.IsOpen() ? file.ReadAll() : std::nullopt;
-    if (!content) return {};
-    if (const auto png = PngSize(*content)) return *png;
-    return JpegSize(*content).value_or(PictureSize{});
+    CFileBuffer buffer;
+    const FileContent content = ReadWholeFile(path, buffer);
+    if (content.state != FileState::Read) return {};
+    if (const auto png = PngSize(content.bytes)) return *png;
+    return JpegSize(content.bytes).value_or(PictureSize{});
 }
 
 std::string EncodeJpeg(const CBitmap& bitmap, int quality) {

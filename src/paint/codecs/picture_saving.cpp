@@ -9,10 +9,7 @@ namespace tradebill {
 
 bool SavePictureFile(std::string_view content, const std::string& path) {
     if (content.empty()) return false;
-    return SaveInOneStep(path, [content](const std::string& unfinished) {
-        CFile file(unfinished, FileMode::Create);
-        return file.IsOpen() && file.Write(content);
-    });
+    return SaveInOneStep(path, [content](CFile& file) { return file.Write(content); });
 }
 
 bool SaveJpeg(const CBitmap& bitmap, const std::string& path, int quality) {

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <optional>
 
 #include "platform/file.h"
 
@@ -19,11 +20,11 @@ public:
     explicit CFontFile(const char* path) : file_(path, FileMode::Read) {}
 
     [[nodiscard]] bool IsOpen() const { return file_.IsOpen(); }
-    [[nodiscard]] std::uint64_t Size() const { return file_.Size(); }
+    [[nodiscard]] std::optional<std::uint64_t> Size() const { return file_.Size(); }
 
     /// Fills `buffer` from `offset` on; returns the bytes read.
     std::size_t Read(std::uint64_t offset, char* buffer, std::size_t size) {
-        if (size > kPageSize) return file_.ReadAt(offset, buffer, size);
+        if (size > kPageSize) return file_.ReadAt(offset, buffer, size).value_or(0);
         std::size_t done = 0;
         while (done < size) {
             const Page& page = PageAt((offset + done) / kPageSize);
@@ -39,18 +40,20 @@ public:
 private:
     static constexpr std::size_t kPageSize = 4096;
     static constexpr std::size_t kPages = 16;
+    static constexpr std::uint64_t kNoPage = ~std::uint64_t{0};  ///< none yet, or one that couldn't be read
 
     struct Page {
-        std::uint64_t number = ~std::uint64_t{0};  ///< in the file
-        std::size_t size = 0;                      ///< less than a page at the end of the file
+        std::uint64_t number = kNoPage;  ///< in the file
+        std::size_t size = 0;            ///< less than a page at the end of the file
         std::array<char, kPageSize> bytes;
     };
 
     const Page& PageAt(std::uint64_t number) {
         Page& page = pages_[number % kPages];
         if (page.number != number) {
-            page.size = file_.ReadAt(number * kPageSize, page.bytes.data(), page.bytes.size());
-            page.number = number;
+            const auto got = file_.ReadAt(number * kPageSize, page.bytes.data(), page.bytes.size());
+            page.size = got.value_or(0);
+            page.number = got ? number : kNoPage;
         }
         return page;
     }
@@ -84,8 +87,9 @@ void Close(FT_Stream stream) {
 
 FT_Stream OpenFontStream(const char* path) {
     auto stream = std::make_unique<FontStream>(path);
-    if (!stream->file.IsOpen()) return nullptr;
-    stream->record.size = static_cast<unsigned long>(stream->file.Size());
+    const auto size = stream->file.IsOpen() ? stream->file.Size() : std::nullopt;
+    if (!size) return nullptr;
+    stream->record.size = static_cast<unsigned long>(*size);
     stream->record.descriptor.pointer = stream.get();
     stream->record.read = Read;
     stream->record.close = Close;

@@ -39,8 +39,10 @@ int Descriptor(std::intptr_t handle) {
 }  // namespace
 
 CFile::CFile(const std::string& path, FileMode mode) {
-    ForgetSystemError();
-    handle_ = ::open(path.c_str(), FlagsOf(mode) | O_CLOEXEC | O_NONBLOCK, kNewFileRights);
+    do {
+        ForgetSystemError();
+        handle_ = ::open(path.c_str(), FlagsOf(mode) | O_CLOEXEC | O_NONBLOCK, kNewFileRights);
+    } while (handle_ < 0 && errno == EINTR);
 }
 
 CFile::~CFile() {
@@ -58,9 +60,11 @@ bool CFile::IsAt(const std::string& path) const {
            own.st_ino == there.st_ino;
 }
 
-std::uint64_t CFile::Size() const {
+std::optional<std::uint64_t> CFile::Size() const {
+    ForgetSystemError();
     struct stat status {};
-    return ::fstat(Descriptor(handle_), &status) == 0 ? static_cast<std::uint64_t>(status.st_size) : 0;
+    if (::fstat(Descriptor(handle_), &status) != 0) return std::nullopt;
+    return static_cast<std::uint64_t>(status.st_size);
 }
 
 bool CFile::Write(std::string_view bytes) {
@@ -86,22 +90,42 @@ bool CFile::WriteAt(std::uint64_t offset, std::string_view bytes) {
     return true;
 }
 
-std::size_t CFile::ReadAt(std::uint64_t offset, char* buffer, std::size_t size) const {
+std::optional<std::size_t> CFile::ReadAt(std::uint64_t offset, char* buffer, std::size_t size) const {
     ForgetSystemError();
     std::size_t done = 0;
     while (done < size) {
         const ssize_t got = ::pread(Descriptor(handle_), buffer + done, size - done, static_cast<off_t>(offset + done));
         if (got < 0 && errno == EINTR) continue;
-        if (got <= 0) break;
+        if (got < 0) return std::nullopt;
+        if (got == 0) break;
         done += static_cast<std::size_t>(got);
     }
     return done;
 }
 
 std::optional<std::uint64_t> CFile::SizeOnDisk() const {
+    ForgetSystemError();
     struct stat status {};
     if (::fstat(Descriptor(handle_), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
     return static_cast<std::uint64_t>(status.st_size);
+}
+
+bool CFile::MakeDurable() {
+    ForgetSystemError();
+    int status = 0;
+    do {
+        status = ::fdatasync(Descriptor(handle_));
+    } while (status != 0 && errno == EINTR);
+    return status == 0 || errno == EINVAL || errno == ENOSYS || errno == EOPNOTSUPP;
+}
+
+/// Closed it is in any case. One that a signal broke off says nothing of what it still had to write.
+bool CFile::Close() {
+    if (!IsOpen()) return false;
+    ForgetSystemError();
+    const int descriptor = Descriptor(handle_);
+    handle_ = -1;
+    return ::close(descriptor) == 0;
 }
 
 std::optional<FileStamp> StampOf(const std::string& path) {

@@ -71,7 +71,11 @@ int Open(const OutputTarget& target) {
     const auto end = FollowLinks(target.path);
     const auto stream = end ? StreamNamed(*end) : std::nullopt;
     if (stream) return ::fcntl(*stream, F_DUPFD_CLOEXEC, 0);
-    return ::open(target.path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
+    int opened = -1;
+    do {
+        opened = ::open(target.path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
+    } while (opened < 0 && errno == EINTR);
+    return opened;
 }
 
 int Descriptor(std::intptr_t handle) {
@@ -98,6 +102,12 @@ CStraightOutput::~CStraightOutput() {
 
 bool CStraightOutput::IsOpen() const {
     return handle_ >= 0;
+}
+
+bool CStraightOutput::Close() {
+    const int descriptor = Descriptor(handle_);
+    handle_ = -1;
+    return ::close(descriptor) == 0;
 }
 
 bool CStraightOutput::Write(std::string_view bytes) {

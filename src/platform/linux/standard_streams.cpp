@@ -16,7 +16,7 @@ namespace {
 
 /// A descriptor that can be neither read nor written, whatever the machine has of devices.
 int OpenNothing() {
-    return ::open("/", O_RDONLY | O_DIRECTORY);
+    return ::open("/", O_PATH | O_DIRECTORY);
 }
 
 void IgnoreSignal(int /*signal*/) {}

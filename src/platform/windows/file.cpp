@@ -88,9 +88,11 @@ bool CFile::IsAt(const std::string& path) const {
            own.nFileIndexLow == other.nFileIndexLow;
 }
 
-std::uint64_t CFile::Size() const {
+std::optional<std::uint64_t> CFile::Size() const {
+    ForgetSystemError();
     LARGE_INTEGER size{};
-    return ::GetFileSizeEx(HandleOf(handle_), &size) != FALSE ? static_cast<std::uint64_t>(size.QuadPart) : 0;
+    if (::GetFileSizeEx(HandleOf(handle_), &size) == FALSE) return std::nullopt;
+    return static_cast<std::uint64_t>(size.QuadPart);
 }
 
 bool CFile::Write(std::string_view bytes) {
@@ -107,20 +109,36 @@ bool CFile::WriteAt(std::uint64_t offset, std::string_view bytes) {
     });
 }
 
-std::size_t CFile::ReadAt(std::uint64_t offset, char* buffer, std::size_t size) const {
+std::optional<std::size_t> CFile::ReadAt(std::uint64_t offset, char* buffer, std::size_t size) const {
     ForgetSystemError();
     std::size_t done = 0;
     while (done < size) {
         OVERLAPPED place = PlaceAt(offset + done);
         DWORD got = 0;
-        if (::ReadFile(HandleOf(handle_), buffer + done, StepOf(size - done), &got, &place) == FALSE || got == 0) break;
+        const BOOL isRead = ::ReadFile(HandleOf(handle_), buffer + done, StepOf(size - done), &got, &place);
+        if (isRead == FALSE && LastSystemError() != ERROR_HANDLE_EOF) return std::nullopt;
+        if (isRead == FALSE || got == 0) break;
         done += got;
     }
-    if (LastSystemError() == ERROR_HANDLE_EOF) ForgetSystemError();  // a file's end is no failure
+    ForgetSystemError();  // a file's end is no failure
     return done;
 }
 
+bool CFile::MakeDurable() {
+    ForgetSystemError();
+    return ::FlushFileBuffers(HandleOf(handle_)) != FALSE;
+}
+
+bool CFile::Close() {
+    if (!IsOpen()) return false;
+    ForgetSystemError();
+    const HANDLE file = HandleOf(handle_);
+    handle_ = reinterpret_cast<std::intptr_t>(INVALID_HANDLE_VALUE);
+    return ::CloseHandle(file) != FALSE;
+}
+
 std::optional<std::uint64_t> CFile::SizeOnDisk() const {
+    ForgetSystemError();
     if (::GetFileType(HandleOf(handle_)) != FILE_TYPE_DISK) return std::nullopt;
     return Size();
 }

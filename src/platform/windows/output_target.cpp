@@ -81,6 +81,12 @@ bool CStraightOutput::IsOpen() const {
     return HandleOf(handle_) != INVALID_HANDLE_VALUE;
 }
 
+bool CStraightOutput::Close() {
+    const HANDLE output = HandleOf(handle_);
+    handle_ = reinterpret_cast<std::intptr_t>(INVALID_HANDLE_VALUE);
+    return ::CloseHandle(output) != FALSE;
+}
+
 bool CStraightOutput::Write(std::string_view bytes) {
     constexpr std::size_t kStep = std::size_t{1} << 20;
     while (!bytes.empty()) {

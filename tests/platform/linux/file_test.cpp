@@ -10,24 +10,11 @@
 #include <string>
 
 #include "support/bound_user.h"
+#include "support/failing_file.h"
 #include "support/temp_folder.h"
 
 namespace tradebill::linux_file_test {
 namespace {
-
-TEST(LinuxStatementFile, IsNotReadIfItIsNoPlainFile) {
-    const CTempFolder folder;
-    const std::string pipe = folder.Path("pipe");
-    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
-    EXPECT_FALSE(ReadStatementFile(pipe).has_value());
-    EXPECT_FALSE(ReadStatementFile("/dev/zero").has_value());
-}
-
-TEST(LinuxStatementFile, IsNotReadIfItCantBeWritten) {
-    // A program that runs can be read but not be opened for writing, not even by root.
-    EXPECT_TRUE(CFile("/proc/self/exe", FileMode::Read).IsOpen());
-    EXPECT_FALSE(ReadStatementFile("/proc/self/exe").has_value());
-}
 
 class LinuxWholeFile : public testing::Test {
 protected:
@@ -56,6 +43,7 @@ TEST_F(LinuxWholeFile, IsNoPipeDeviceOrSocket) {
         EXPECT_EQ(Read(folder_.Path("pipe"), mode).state, FileState::NotAFile);
         EXPECT_EQ(Read(folder_.Path("socket"), mode).state, FileState::NotAFile);  // which can't even be opened
         EXPECT_EQ(Read("/dev/null", mode).state, FileState::NotAFile);
+        EXPECT_EQ(Read("/dev/zero", mode).state, FileState::NotAFile);
     }
     ::close(socket);
 }
@@ -81,6 +69,23 @@ TEST_F(LinuxWholeFile, IsUnreadableWhereLinksGoRound) {
     const FileContent content = Read(folder_.Path("round"));
     EXPECT_EQ(content.state, FileState::Unreadable);
     EXPECT_EQ(content.reason, "Too many levels of symbolic links");
+}
+
+TEST_F(LinuxWholeFile, IsUnreadableIfItIsToBeWrittenAndCantBe) {
+    // A program that runs can be read but not be opened for writing, not even by root.
+    EXPECT_TRUE(CFile("/proc/self/exe", FileMode::Read).IsOpen());
+    EXPECT_EQ(Read("/proc/self/exe", FileMode::Update).state, FileState::Unreadable);
+}
+
+TEST_F(LinuxWholeFile, IsUnreadableIfAReadFails) {
+    const std::string path = folder_.Path("a.ini");
+    PutFailingFile(path);
+    const FileContent content = Read(path);
+    EXPECT_EQ(content.state, FileState::Unreadable);
+    EXPECT_EQ(content.reason, kFailingReason);
+    EXPECT_EQ(content.bytes, "");
+    EXPECT_EQ(LoadIniFile(path).state, FileState::Unreadable);
+    EXPECT_FALSE(CFile(path, FileMode::Read).ReadAll().has_value());
 }
 
 TEST_F(LinuxWholeFile, IsUnreadableIfItEndsBeforeItsSize) {

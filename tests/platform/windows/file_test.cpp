@@ -20,19 +20,17 @@ TEST(WindowsStatementFile, IsNotReadIfAnotherHoldsItForItself) {
         const CUniqueHandle other(
             ::CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
         ASSERT_TRUE(other.IsValid());
-        EXPECT_FALSE(ReadStatementFile(path).has_value());
         CFileBuffer buffer;
         const FileContent content = ReadWholeFile(path, buffer);
         EXPECT_EQ(content.state, FileState::Unreadable);
         EXPECT_EQ(content.reason, SystemErrorText(ERROR_SHARING_VIOLATION));
         EXPECT_NE(content.reason, "");
     }
-    EXPECT_EQ(ReadStatementFile(path), "text");
+    CFileBuffer buffer;
+    EXPECT_EQ(ReadWholeFile(path, buffer).bytes, "text");
 }
 
 TEST(WindowsStatementFile, IsNoDevice) {
-    EXPECT_FALSE(ReadStatementFile("NUL").has_value());
-    EXPECT_FALSE(ReadPlainFile("NUL").has_value());
     CFileBuffer buffer;
     EXPECT_EQ(ReadWholeFile("NUL", buffer).state, FileState::NotAFile);
 }
@@ -49,7 +47,8 @@ TEST(WindowsPath, MayHaveChineseCharacters) {
         CFile made(file, FileMode::Create);
         ASSERT_TRUE(made.Write("text"));
     }
-    EXPECT_EQ(ReadPlainFile(file), "text");
+    CFileBuffer buffer;
+    EXPECT_EQ(ReadWholeFile(file, buffer).bytes, "text");
     EXPECT_EQ(FileNameOf(file), name);
     EXPECT_TRUE(IsSameFile(FolderOf(file), folder.Path(name + "\\deep")));
     EXPECT_TRUE(MoveOver(file, folder.Path(name + "/moved")));
