@@ -22,6 +22,7 @@
 #include "cli/product_tables.h"
 #include "cli/usage_error.h"
 #include "driver/bill_folders.h"
+#include "driver/request_names.h"
 #include "platform/file.h"
 #include "platform/local_time.h"
 #include "platform/paths.h"
@@ -101,8 +102,9 @@ void SetText(char (&field)[N], const std::string& text, const char* option) {
 /// A text that becomes part of a path.
 template <std::size_t N>
 void SetName(char (&field)[N], const std::string& text, const char* option) {
-    if (text.find_first_of("/\\") != std::string::npos || text == "." || text == "..") {
-        throw CUsageError(std::string(option) + ": expected a name without path separators, found \"" + text + "\"");
+    const std::string_view why = WhyNoName(Utf8Path(text));
+    if (!why.empty()) {
+        throw CUsageError(std::string(option) + ": expected a name, found \"" + text + "\", which " + std::string(why));
     }
     SetText(field, text, option);
 }

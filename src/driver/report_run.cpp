@@ -17,6 +17,7 @@
 #include "driver/place_guard.h"
 #include "driver/report_days.h"
 #include "driver/report_request.h"
+#include "driver/request_names.h"
 #include "driver/run_files.h"
 #include "driver/run_problems.h"
 #include "images/report_images.h"
@@ -127,8 +128,15 @@ void FinishStatistics(CReport& report) {
     if (!report.PrintedMoney.empty()) FindMoneyIdentity(report);
 }
 
-void Begin(CReport& report, const GenerateBillRequest& request, RunResult& result) {
+/// Returns false if the names in `request` end the run before it reads anything.
+bool Begin(CReport& report, const GenerateBillRequest& request, RunResult& result) {
     report.Clear();
+    result.problems.names = WhyNamesFail(request);
+    if (!result.problems.names.empty()) {
+        report.Request = CopyRequest(request);
+        result.end = RunEnd::NothingRead;
+        return false;
+    }
     // Before the copy: the chain file follows the kind of the call before.
     if (auto unread = report.ChainTable.Load(ChainPath(report))) result.problems.inputs.push_back(*std::move(unread));
     report.Request = CopyRequest(request);
@@ -139,6 +147,7 @@ void Begin(CReport& report, const GenerateBillRequest& request, RunResult& resul
     report.ReportDays = ReportDaysOf(report.Request);
     report.MoneyStore.StartDateText = DashedDayText(LocalDayOf(report.ReportDays.first));
     report.MoneyStore.EndDateText = DashedDayText(LocalDayOf(report.ReportDays.last));
+    return true;
 }
 
 /// From the first statement to the statistics, unless the run ends before.
@@ -230,7 +239,7 @@ void MakePageAndPictures(CReport& report, const BillFolders& folders, CRunWatche
 
 void MakeReport(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher, const RunOptions& options,
                 RunResult& result) {
-    Begin(report, request, result);
+    if (!Begin(report, request, result)) return;
     BillFolders folders;
     if (!options.needsStatement)
         folders = PrepareFolders(report, options, result);  // hosts find them from the first day on
@@ -261,7 +270,7 @@ RunResult ResultOf(const CReport& report, Work work) {
 RunResult ReadAccount(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
                       const RunOptions& options) {
     return ResultOf(report, [&](RunResult& result) {
-        Begin(report, request, result);
+        if (!Begin(report, request, result)) return;
         ReadAndCompute(report, result, watcher, options);
         if (const auto sizes = MeasureCharts(report)) report.MoneyStore.ChartSizes = *sizes;
     });
@@ -270,7 +279,7 @@ RunResult ReadAccount(CReport& report, const GenerateBillRequest& request, CRunW
 RunResult ReadStatements(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
                          const RunOptions& options) {
     return ResultOf(report, [&](RunResult& result) {
-        Begin(report, request, result);
+        if (!Begin(report, request, result)) return;
         ReadAndCompute(report, result, watcher, options);
     });
 }

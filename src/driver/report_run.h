@@ -24,7 +24,7 @@ class CStatementListener;
 enum class RunEnd {
     Finished,
     Stopped,      ///< the host's stop was seen in the day loop; nothing was written
-    NothingRead,  ///< no statement could be read, and without one nothing is written
+    NothingRead,  ///< no statement could be read, and without one nothing is written; so it is with names that fail
     PlaceTaken,   ///< another program writes the same page: problems has who, and nothing was written
     Failed,       ///< by an error; what had been read is in the report, and the page as far as it was written
 };

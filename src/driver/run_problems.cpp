@@ -78,6 +78,7 @@ std::string UnreadFileText(const UnreadFile& file) {
 
 std::vector<std::string> ProblemTexts(const RunProblems& problems) {
     std::vector<std::string> texts;
+    if (!problems.names.empty()) texts.push_back(problems.names);
     std::ranges::transform(problems.inputs, std::back_inserter(texts), UnreadFileText);
     std::ranges::transform(problems.statements, std::back_inserter(texts), UnreadText);
     std::ranges::transform(problems.folders, std::back_inserter(texts), FolderText);

@@ -44,6 +44,7 @@ struct RunError {
 };
 
 struct RunProblems {
+    std::string names;               ///< why the request's names can't be used, which ends the run; empty if they can
     std::vector<UnreadFile> inputs;  ///< chain file and template: the run goes on as if there were none
     std::vector<UnreadStatement> statements;
     std::vector<UnwrittenFile> folders;
@@ -54,8 +55,8 @@ struct RunProblems {
     std::optional<RunError> error;
 
     [[nodiscard]] bool IsEmpty() const {
-        return inputs.empty() && statements.empty() && folders.empty() && pictures.empty() && !page && !taken &&
-               !leftover && !error;
+        return names.empty() && inputs.empty() && statements.empty() && folders.empty() && pictures.empty() && !page &&
+               !taken && !leftover && !error;
     }
 };
 
