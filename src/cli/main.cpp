@@ -92,8 +92,10 @@ int RunAndTell(int argc, char** argv) {
 /// nothing to say then.
 bool IsAllPrinted() {
     std::cout.flush();
-    if (std::cout.good() && std::ferror(stdout) == 0) return true;
-    if (!HasReaderLeft()) std::cerr << "tradebill: can't write to standard output\n";
+    const bool isFlushed = std::cout.good() && std::ferror(stdout) == 0;
+    const bool mayComplain = isFlushed || !HasReaderLeft();
+    if (isFlushed && CloseStandardOutput()) return true;
+    if (mayComplain) std::cerr << "tradebill: can't write to standard output\n";
     return false;
 }
 

@@ -32,7 +32,7 @@ void HoldStandardStreams() {
     struct sigaction action {};
     action.sa_handler = IgnoreSignal;
     action.sa_flags = SA_RESTART;
-    ::sigaction(SIGPIPE, &action, nullptr);
+    for (const int signal : {SIGPIPE, SIGXFSZ}) ::sigaction(signal, &action, nullptr);
 }
 
 std::optional<std::string> ReadStandardInput() {
@@ -51,6 +51,10 @@ std::optional<std::string> ReadStandardInput() {
             return std::nullopt;
         }
     }
+}
+
+bool CloseStandardOutput() {
+    return ::close(STDOUT_FILENO) == 0;
 }
 
 bool HasReaderLeft() {

@@ -1,9 +1,11 @@
 // What is printed gets out, or the program says that it didn't.
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
 #include <vector>
 
+#include "cli/command_table.h"
 #include "cli/linux/redirected_program.h"
 
 namespace tradebill::linux_standard_output_test {
@@ -13,16 +15,27 @@ const std::string kRefusal = "tradebill: can't write to standard output\n";
 
 class StandardOutput : public RedirectedProgram {
 protected:
-    /// One call of every command that prints; but for the gallery, which paints for seconds first.
+    /// A call of each command that prints, by the command's name as it is called; but for the gallery, which paints for
+    /// seconds first.
+    [[nodiscard]] std::map<std::string, std::string> CallsOfCommands() const {
+        const std::string bad = folder_.Write("bad.ini", "[DEALFIELD]\nMONEY_MODE=9\n");
+        return {{"layouts", "layouts"},
+                {"report", Report()},
+                {"check", "check " + Request()},
+                {"explain", "explain " + Quoted(Statement()) + " --format 1"},
+                {"template check", "template check " + Quoted(bad)}};
+    }
     [[nodiscard]] std::vector<std::string> PrintingCalls() const {
-        return {"--help",
-                "--version",
-                "layouts",
-                "report --help",
-                Report(),
-                "explain " + Quoted(Statement()) + " --format 1",
-                "explain " + Quoted(Statement()) + " --format 1 --json",
-                "template check " + Quoted(folder_.Write("bad.ini", "[DEALFIELD]\nMONEY_MODE=9\n"))};
+        std::vector<std::string> calls = {"--help", "--version", "template --help", "check --codes",
+                                          "explain " + Quoted(Statement()) + " --format 1 --json"};
+        for (const auto& [name, call] : CallsOfCommands()) {
+            calls.push_back(call);
+            calls.push_back(name + " --help");
+        }
+        return calls;
+    }
+    [[nodiscard]] std::string Request() const {
+        return "--root " + Quoted(root_) + " --request " + Quoted(sample_ + "/request.ini");
     }
     [[nodiscard]] std::string Statement() const { return root_ + "/Users/demo/Data/Bill/D90010002.20240104o.txt"; }
 };
@@ -38,6 +51,40 @@ TEST_F(StandardOutput, IsMissedByEveryCommandIfItIsClosed) {
     for (const std::string& call : PrintingCalls()) {
         EXPECT_EQ(RunTo(">&-", call), 1) << call;
         EXPECT_EQ(Messages(), kRefusal) << call;
+    }
+}
+
+TEST_F(StandardOutput, IsMissedWhereAnOptionNamesItToo) {
+    for (const std::string& call : {Report("--json -"), Report("--standalone -"), "check --json - " + Request(),
+                                    "chart equity -o - " + Request()}) {
+        EXPECT_EQ(RunTo(">/dev/full", call), 1) << call;
+        EXPECT_TRUE(Says(Messages(), "tradebill: can't write standard output\n")) << call << Messages();
+    }
+}
+
+// A command that is added has a call above, unless it prints nothing.
+TEST_F(StandardOutput, IsTriedWithEveryCommandThatPrints) {
+    const auto calls = CallsOfCommands();
+    for (const Command& command : Commands()) {
+        const std::string name =
+            (command.group.empty() ? "" : std::string(command.group) + " ") + std::string(command.name);
+        const bool isApart = name == "chart" || name == "reset" || name == "gallery";
+        EXPECT_EQ(calls.contains(name), !isApart) << name;
+    }
+    EXPECT_EQ(RunTo(">/dev/full", "reset page.html"), 0) << Messages();
+}
+
+TEST_F(StandardOutput, TakesNoMoreThanAFileMayHold) {
+    const std::string calls[] = {Report("--json j.json --out o"), "reset page.html",
+                                 "chart equity -o c.png --size 900x900 " + Request()};
+    for (const std::string& call : calls) {
+        EXPECT_EQ(RunShell("cd " + Quoted(folder_.Path()) + " && ulimit -f 0 && " + Quoted(TRADEBILL_PROGRAM) + " " +
+                           call + " >/dev/null 2>/dev/null"),
+                  1)
+            << call;
+    }
+    for (const auto& entry : fs::recursive_directory_iterator(folder_.Path())) {
+        EXPECT_NE(entry.path().extension(), ".part") << entry.path();
     }
 }
 
