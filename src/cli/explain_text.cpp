@@ -9,6 +9,7 @@
 #include "cli/explain_command.h"
 #include "cli/explain_words.h"
 #include "cli/scan_report.h"
+#include "cli/shown_text.h"
 #include "cli/usage_error.h"
 #include "readers/scan_listener.h"
 
@@ -21,7 +22,7 @@ constexpr std::size_t kLongestCell = 60;  // bytes; where a delimiter is wrong, 
 
 std::string Join(const std::vector<std::string>& words) {
     std::string text;
-    for (const std::string& word : words) text += (text.empty() ? "" : ", ") + word;
+    for (const std::string& word : words) text += (text.empty() ? "" : ", ") + ShownText(word);
     return text;
 }
 
@@ -31,22 +32,22 @@ std::string Plural(int count, const char* one, const char* many) {
 
 /// A cell, cut between two characters if it is long.
 std::string Shortened(const std::string& cell) {
-    if (cell.size() <= kLongestCell) return cell;
+    if (cell.size() <= kLongestCell) return ShownText(cell);
     std::size_t size = kLongestCell;
     while (size > 0 && (static_cast<unsigned char>(cell[size]) & 0xC0) == 0x80) --size;
-    return cell.substr(0, size) + "...";
+    return ShownText(cell.substr(0, size)) + "...";
 }
 
 std::string NamedValues(const NamedTexts& fields) {
     std::string text;
-    for (const auto& [name, value] : fields) text.append(" ").append(name).append("=").append(value);
+    for (const auto& [name, value] : fields) text.append(" ").append(name).append("=").append(ShownText(value));
     return text;
 }
 
 /// What a template that declines leaves behind.
 void PrintDeclined(const TemplateReport& seen, const CScanReport& report) {
     const bool isReadAgain = !report.IsReadAs(kTemplatePass);
-    std::cout << "declined at section [" << seen.section << "], which lacks " << seen.missingKey << "; "
+    std::cout << "declined at section [" << ShownText(seen.section) << "], which lacks " << seen.missingKey << "; "
               << (isReadAgain ? "a fixed reader reads the whole statement again" : "no fixed reader serves this format")
               << "\n";
     std::string sections;
@@ -75,15 +76,16 @@ void PrintTemplate(const CScanReport& report) {
 void PrintWhere(const SectionReport& section) {
     if (section.IsFound()) {
         std::cout << "from line " << *section.titleLine;
-        if (section.endLine) std::cout << " to line " << *section.endLine << " (" << section.terminatorWord << ")";
+        if (section.endLine)
+            std::cout << " to line " << *section.endLine << " (" << ShownText(section.terminatorWord) << ")";
     } else if (section.titleLine) {
         std::cout << "not found: its title stands at line " << *section.titleLine << ", but no row that ends it ("
-                  << section.terminatorWord << ")";
+                  << ShownText(section.terminatorWord) << ")";
     } else if (section.unseenTitleLine) {
         std::cout << "not found: its title stands at line " << *section.unseenTitleLine
                   << ", above where this reader looks; sections must come in the layout's order";
     } else {
-        std::cout << "not found: no row contains its title \"" << section.titleWord << "\"";
+        std::cout << "not found: no row contains its title \"" << ShownText(section.titleWord) << "\"";
     }
     std::cout << "\n";
 }
@@ -103,7 +105,7 @@ void PrintMoney(const SectionReport& section) {
     if (!section.labelsMet.empty()) std::cout << "    labels met: " << Join(section.labelsMet) << "\n";
     if (!section.labelsNotMet.empty()) std::cout << "    labels not met: " << Join(section.labelsNotMet) << "\n";
     for (const MoneySeen& money : section.money) {
-        std::cout << "    money record" << (money.currency.empty() ? "" : " " + money.currency) << ":";
+        std::cout << "    money record" << (money.currency.empty() ? "" : " " + ShownText(money.currency)) << ":";
         std::cout << NamedValues(money.fields) << "\n";
     }
 }
@@ -154,8 +156,9 @@ void PrintPass(const ReaderPass& pass) {
     std::cout << "\nRead as " << pass.layout << "\n";
     if (!pass.dateWord.empty()) {
         const bool found = !pass.date.empty();
-        std::cout << "  date              " << (found ? "\"" + pass.date + "\" behind" : std::string("none behind"))
-                  << " \"" << pass.dateWord << "\"\n";
+        std::cout << "  date              "
+                  << (found ? "\"" + ShownText(pass.date) + "\" behind" : std::string("none behind")) << " \""
+                  << ShownText(pass.dateWord) << "\"\n";
     }
     for (const SectionReport& section : pass.sections) PrintSection(section);
 }
@@ -216,9 +219,10 @@ std::string_view DayHint(const Explanation& explanation) {
 }  // namespace
 
 void PrintExplanation(const Explanation& explanation, const CScanReport& report) {
-    std::cout << "Statement   " << explanation.file << ", " << Plural(report.LineCount(), "line", "lines") << "\n"
+    std::cout << "Statement   " << ShownText(explanation.file) << ", " << Plural(report.LineCount(), "line", "lines")
+              << "\n"
               << "Day         " << explanation.day << " (" << explanation.daySource << DayHint(explanation) << ")\n"
-              << "Layout      " << explanation.format;
+              << "Layout      " << ShownText(explanation.format);
     for (const ReaderPass& pass : report.Passes()) {
         const std::string why = ReasonText(pass.layout);
         if (!why.empty()) std::cout << ", " << why;

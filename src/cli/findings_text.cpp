@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 
+#include "cli/shown_text.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
 #include "readers/scan_listener.h"
@@ -50,7 +51,7 @@ void PrintFindings(std::span<const Finding> findings, std::size_t mostPerCode, s
         const FindingKind& kind = KindOf(group.front().code);
         out << SeverityName(group.front().severity) << " " << kind.name << ": " << kind.when << "\n";
         for (const Finding& finding : group.first(std::min(group.size(), mostPerCode))) {
-            out << "  " << FindingLine(finding) << "\n";
+            out << "  " << ShownText(FindingLine(finding)) << "\n";
         }
         if (group.size() > mostPerCode) out << "  ... and " << group.size() - mostPerCode << " more\n";
         if (group.front().severity != Severity::Note) out << "  -> " << kind.advice << "\n";

@@ -13,6 +13,7 @@
 #include "cli/command_table.h"
 #include "cli/gallery_charts.h"
 #include "cli/output_file.h"
+#include "cli/shown_text.h"
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"
 #include "paint/bitmap.h"
@@ -86,7 +87,7 @@ int RunGalleryCommand(const std::string& folder) {
         return true;
     };
     if (!page.Save(writePage)) throw std::runtime_error("cannot write " + pagePath);
-    std::cout << charts.size() << " charts: " << NativePath(pagePath) << "\n";
+    std::cout << charts.size() << " charts: " << ShownText(NativePath(pagePath)) << "\n";
     return kExitDone;
 }
 

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "cli/command_table.h"
+#include "cli/shown_text.h"
 #include "cli/usage_error.h"
 #include "platform/local_time.h"
 #include "platform/standard_streams.h"
@@ -80,10 +81,10 @@ int RunAndTell(int argc, char** argv) {
     try {
         return Run(argc, argv);
     } catch (const CUsageError& error) {
-        std::cerr << "tradebill: " << error.what() << "\n";
+        std::cerr << "tradebill: " << ShownText(error.what()) << "\n";
         return kExitUsage;
     } catch (const std::exception& error) {
-        std::cerr << "tradebill: " << error.what() << "\n";
+        std::cerr << "tradebill: " << ShownText(error.what()) << "\n";
         return kExitFailed;
     }
 }
@@ -105,6 +106,7 @@ bool IsAllPrinted() {
 int main(int argc, char** argv) {
     tradebill::HoldStandardStreams();
     const tradebill::CUtf8Terminal terminal;
+    const tradebill::CShownStreams streams;
     tradebill::KeepTimeZone();
     const int exit = tradebill::RunAndTell(argc, argv);
     return tradebill::IsAllPrinted() ? exit : tradebill::kExitFailed;

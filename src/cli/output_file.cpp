@@ -13,6 +13,7 @@
 #include <string_view>
 #include <utility>
 
+#include "cli/shown_text.h"
 #include "cli/usage_error.h"
 #include "platform/file.h"
 #include "platform/output_target.h"
@@ -71,7 +72,9 @@ bool SaveStraight(const OutputTarget& target, const std::function<bool(std::ostr
         return false;
     }
     CPieceBuffer pieces(output);
-    return WriteThrough(pieces, write) && output.Close();
+    CShownBuffer shown(pieces);
+    const bool isWritten = output.IsTerminal() ? WriteThrough(shown, write) : WriteThrough(pieces, write);
+    return isWritten && output.Close();
 }
 
 bool SaveFile(const std::string& path, const std::function<bool(std::ostream&)>& write) {

@@ -34,7 +34,8 @@ public:
 
     /// Has `write` write all of it; it may return false to give up. A file is written beside its place and then put
     /// there in one step, on the disk itself, so that nobody meets half of it, and what was there stays if this returns
-    /// false. What is no file gets all bytes as they come. False if not all could be written.
+    /// false. What is no file gets all bytes as they come, but for a terminal, where those that it would obey are shown
+    /// (shown_text.h). False if not all could be written.
     [[nodiscard]] bool Save(const std::function<bool(std::ostream&)>& write) const;
 
 private:

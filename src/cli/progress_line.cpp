@@ -4,6 +4,8 @@
 #include <iostream>
 #include <string_view>
 
+#include "cli/shown_text.h"
+
 namespace tradebill {
 namespace {
 
@@ -12,7 +14,8 @@ constexpr std::string_view kEraseLine = "\r\x1B[K";
 }  // namespace
 
 CProgressLine::~CProgressLine() {
-    std::cerr << kEraseLine << std::flush;
+    SendOrders(std::cerr, kEraseLine);
+    std::cerr << std::flush;
 }
 
 void CProgressLine::OnDay(int day, int days, std::string_view dayText) {
@@ -20,11 +23,13 @@ void CProgressLine::OnDay(int day, int days, std::string_view dayText) {
     const auto now = std::chrono::steady_clock::now();
     if (now - drawn_ < kRedrawTime && day != days) return;
     drawn_ = now;
-    std::cerr << kEraseLine << "reading day " << day << " of " << days << "  " << dayText << std::flush;
+    SendOrders(std::cerr, kEraseLine);
+    std::cerr << "reading day " << day << " of " << days << "  " << dayText << std::flush;
 }
 
 void CProgressLine::OnStage(std::string_view stage) {
-    std::cerr << kEraseLine << stage << " ..." << std::flush;
+    SendOrders(std::cerr, kEraseLine);
+    std::cerr << stage << " ..." << std::flush;
 }
 
 }  // namespace tradebill

@@ -18,6 +18,7 @@
 #include "cli/page_relay.h"
 #include "cli/report_options.h"
 #include "cli/run_findings.h"
+#include "cli/shown_text.h"
 #include "cli/usage_error.h"
 #include "cli/wait_option.h"
 #include "cli/watched_run.h"
@@ -60,7 +61,7 @@ void ShowSummary(const CReport& report, const RunResult& result, std::ostream& o
         << CountClosedRows(report) << " closed, " << report.OpiDetailStore.Count() << " positions, "
         << report.OpiSumStore.Count() << " position sums" << CurrencyText(report) << "\n"
         << "  closing equity    " << CNumberText(money.ClosingEquity).View() << "\n"
-        << "  page              " << NativePath(result.pagePath) << "\n";
+        << "  page              " << ShownText(NativePath(result.pagePath)) << "\n";
 }
 
 /// Where a report goes beside its page.

@@ -12,6 +12,7 @@
 
 #include "cli/findings_text.h"
 #include "cli/report_options.h"
+#include "cli/shown_text.h"
 #include "findings/account_findings.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
@@ -46,6 +47,21 @@ constexpr OptionName kOptions[] = {
 };
 // clang-format on
 
+/// As shells take it that know of escapes: what can't be shown, byte by byte.
+std::string QuotedBytes(std::string_view word) {
+    constexpr std::string_view kDigits = "0123456789abcdef";
+    std::string quoted = "$'";
+    for (const char byte : word) {
+        const auto value = static_cast<unsigned char>(byte);
+        if (value >= ' ' && value < 0x7F && byte != '\'' && byte != '\\') {
+            quoted += byte;
+        } else {
+            quoted.append("\\x").append(1, kDigits[value >> 4]).append(1, kDigits[value & 0xF]);
+        }
+    }
+    return quoted + "'";
+}
+
 bool NeedsQuotes(std::string_view word) {
     constexpr std::string_view kPlain = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-_./:,@%+=";
     return word.empty() || word.find_first_not_of(kPlain) != std::string_view::npos;
@@ -53,6 +69,7 @@ bool NeedsQuotes(std::string_view word) {
 
 std::string Quoted(std::string_view word) {
     if (!NeedsQuotes(word)) return std::string(word);
+    if (ShownText(word) != word) return QuotedBytes(word);
     std::string quoted = "'";
     for (const char byte : word) {
         if (byte == '\'') {
@@ -106,7 +123,7 @@ void ShowFindings(std::span<const Finding> findings, const ReportOptions& option
     if (news.empty()) return;
     const std::size_t shown = std::min(news.size(), kMostShown);
     for (const Finding& finding : std::span(news).first(shown)) {
-        std::cerr << "tradebill: " << NameOf(finding) << ": " << FindingLine(finding) << "\n";
+        std::cerr << "tradebill: " << NameOf(finding) << ": " << ShownText(FindingLine(finding)) << "\n";
     }
     const std::string more = news.size() == shown ? "" : "and " + std::to_string(news.size() - shown) + " more; ";
     std::cerr << "tradebill: " << more << "all of them, and what to do: " << CheckCommandLine(options) << "\n";

@@ -15,6 +15,7 @@
 #include "cli/command_table.h"
 #include "cli/format_choice.h"
 #include "cli/input_file.h"
+#include "cli/shown_text.h"
 #include "cli/statement_day.h"
 #include "cli/usage_error.h"
 #include "findings/template_against.h"
@@ -60,15 +61,16 @@ int RunTemplateCheck(const TemplateCheckCommand& command) {
     const CIniFile file = CIniFile::Parse(InputFileText(path, "a template file"));
     std::vector<TemplateFinding> findings = CheckTemplate(file);
     if (command.statementFile) AddSample(command, file, findings);
+    const std::string shownPath = ShownText(path);
     int errors = 0;
     int warnings = 0;
     for (const TemplateFinding& finding : findings) {
         ++(finding.isError ? errors : warnings);
-        std::cout << path;
+        std::cout << shownPath;
         if (finding.line > 0) std::cout << ", line " << finding.line;
-        std::cout << ": " << (finding.isError ? "error: " : "warning: ") << finding.text << "\n";
+        std::cout << ": " << (finding.isError ? "error: " : "warning: ") << ShownText(finding.text) << "\n";
     }
-    std::cout << path << ": " << errors << (errors == 1 ? " error, " : " errors, ") << warnings
+    std::cout << shownPath << ": " << errors << (errors == 1 ? " error, " : " errors, ") << warnings
               << (warnings == 1 ? " warning" : " warnings") << "\n";
     return errors == 0 ? kExitDone : kExitFailed;
 }

@@ -10,6 +10,7 @@
 
 #include "cli/progress_line.h"
 #include "cli/report_options.h"
+#include "cli/shown_text.h"
 #include "cli/usage_error.h"
 #include "driver/report_days.h"
 #include "driver/report_request.h"
@@ -72,7 +73,7 @@ RunResult RunWithProgress(CReport& report, const PreparedRequest& prepared, bool
 }  // namespace
 
 void Warn(const std::string& text) {
-    std::cerr << "tradebill: warning: " << text << "\n";
+    std::cerr << "tradebill: warning: " << ShownText(text) << "\n";
 }
 
 void WarnWithoutFonts() {
@@ -81,7 +82,7 @@ void WarnWithoutFonts() {
 }
 
 int Fail(const std::string& text) {
-    std::cerr << "tradebill: " << text << "\n";
+    std::cerr << "tradebill: " << ShownText(text) << "\n";
     return kExitFailed;
 }
 
@@ -93,7 +94,7 @@ std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prep
     report.Products = prepared.products.get();
     for (const std::string& warning : prepared.warnings) Warn(warning);
     if (!quiet) {
-        for (const std::string& note : prepared.notes) std::cerr << "tradebill: " << note << "\n";
+        for (const std::string& note : prepared.notes) std::cerr << "tradebill: " << ShownText(note) << "\n";
     }
     const bool paints = run != ReadStatements;
     const auto fonts = paints ? FindFontsMeanwhile(prepared.request) : nullptr;

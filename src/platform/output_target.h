@@ -37,6 +37,9 @@ public:
 
     // REQUIRES, of all that follows: IsOpen().
 
+    /// Whether somebody sees what is written, on a terminal.
+    [[nodiscard]] bool IsTerminal() const;
+
     /// Writes all of `bytes`, however long that takes. False if not all of it could be written.
     [[nodiscard]] bool Write(std::string_view bytes);
 

@@ -104,6 +104,10 @@ bool CStraightOutput::IsOpen() const {
     return handle_ >= 0;
 }
 
+bool CStraightOutput::IsTerminal() const {
+    return ::isatty(Descriptor(handle_)) != 0;
+}
+
 bool CStraightOutput::Close() {
     const int descriptor = Descriptor(handle_);
     handle_ = -1;

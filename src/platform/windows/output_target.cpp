@@ -81,6 +81,11 @@ bool CStraightOutput::IsOpen() const {
     return HandleOf(handle_) != INVALID_HANDLE_VALUE;
 }
 
+bool CStraightOutput::IsTerminal() const {
+    DWORD mode = 0;
+    return ::GetConsoleMode(HandleOf(handle_), &mode) != FALSE;
+}
+
 bool CStraightOutput::Close() {
     const HANDLE output = HandleOf(handle_);
     handle_ = reinterpret_cast<std::intptr_t>(INVALID_HANDLE_VALUE);

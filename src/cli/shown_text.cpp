@@ -1,0 +1,151 @@
+#include "cli/shown_text.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <iostream>
+#include <ostream>
+#include <streambuf>
+#include <string>
+#include <string_view>
+
+#include "base/utf8.h"
+
+namespace tradebill {
+namespace {
+
+enum class LineEnds { Shown, Sent };
+
+bool IsControl(char32_t point) {
+    return point < 0x20 || (point >= 0x7F && point < 0xA0);
+}
+
+/// Marks that show what follows them from right to left, or end that.
+bool IsDirection(char32_t point) {
+    return (point >= 0x202A && point <= 0x202E) || (point >= 0x2066 && point <= 0x2069);
+}
+
+bool IsPlain(char byte) {
+    return byte >= ' ' && byte < '\x7F';
+}
+
+using ShortText = std::array<char, 12>;
+
+/// "\xff"
+ShortText ByteText(char byte) {
+    ShortText text{};
+    std::snprintf(text.data(), text.size(), "\\x%02x", static_cast<unsigned>(static_cast<unsigned char>(byte)));
+    return text;
+}
+
+/// "\u202e"
+ShortText PointText(char32_t point) {
+    ShortText text{};
+    std::snprintf(text.data(), text.size(), "\\u%04x", static_cast<unsigned>(point));
+    return text;
+}
+
+std::string Escape(char32_t point) {
+    switch (point) {
+        case '\n':
+            return "\\n";
+        case '\t':
+            return "\\t";
+        case '\r':
+            return "\\r";
+        default:
+            return PointText(point).data();
+    }
+}
+
+/// Appends the first character of `text` as it is shown.
+void AppendCharacter(std::string& shown, std::string_view text, const Utf8Character& character, LineEnds lineEnds) {
+    if (!character.point) {
+        shown += ByteText(text.front()).data();
+        return;
+    }
+    const char32_t point = *character.point;
+    const bool isSent = lineEnds == LineEnds::Sent && (point == '\n' || point == '\t');
+    if (!isSent && (IsControl(point) || IsDirection(point))) {
+        shown += Escape(point);
+    } else {
+        shown += text.substr(0, character.size);
+    }
+}
+
+}  // namespace
+
+std::string ShownText(std::string_view text) {
+    std::string shown;
+    shown.reserve(text.size());
+    while (!text.empty()) {
+        const Utf8Character character = FirstUtf8Character(text);
+        AppendCharacter(shown, text, character, LineEnds::Shown);
+        text.remove_prefix(character.size);
+    }
+    return shown;
+}
+
+CShownBuffer::~CShownBuffer() {
+    for (const char byte : waiting_) SendOrders(ByteText(byte).data());  // nothing is allocated here
+}
+
+void CShownBuffer::SendOrders(std::string_view orders) {
+    inner_.sputn(orders.data(), static_cast<std::streamsize>(orders.size()));
+}
+
+CShownBuffer::int_type CShownBuffer::overflow(int_type byte) {
+    if (traits_type::eq_int_type(byte, traits_type::eof())) return traits_type::not_eof(byte);
+    const char single = traits_type::to_char_type(byte);
+    return HandOn({&single, 1}) ? byte : traits_type::eof();
+}
+
+std::streamsize CShownBuffer::xsputn(const char* bytes, std::streamsize size) {
+    return HandOn({bytes, static_cast<std::size_t>(size)}) ? size : 0;
+}
+
+int CShownBuffer::sync() {
+    return inner_.pubsync();
+}
+
+bool CShownBuffer::HandOn(std::string_view text) {
+    std::string shown;
+    if (!waiting_.empty() || !std::ranges::all_of(text, IsPlain)) {
+        const std::string all = waiting_.append(text);
+        waiting_.clear();
+        for (std::string_view rest = all; !rest.empty();) {
+            const Utf8Character character = FirstUtf8Character(rest);
+            if (character.isCut) {
+                waiting_ = rest;
+                break;
+            }
+            AppendCharacter(shown, rest, character, LineEnds::Sent);
+            rest.remove_prefix(character.size);
+        }
+        text = shown;
+    }
+    const auto size = static_cast<std::streamsize>(text.size());
+    return inner_.sputn(text.data(), size) == size;
+}
+
+void SendOrders(std::ostream& out, std::string_view orders) {
+    auto* const shown = dynamic_cast<CShownBuffer*>(out.rdbuf());
+    if (shown != nullptr) {
+        shown->SendOrders(orders);
+    } else {
+        out << orders;
+    }
+}
+
+CShownStreams::CShownStreams()
+    : output_(std::cout.rdbuf()), error_(std::cerr.rdbuf()), shownOutput_(*output_), shownError_(*error_) {
+    std::cout.rdbuf(&shownOutput_);
+    std::cerr.rdbuf(&shownError_);
+}
+
+CShownStreams::~CShownStreams() {
+    std::cout.rdbuf(output_);
+    std::cerr.rdbuf(error_);
+}
+
+}  // namespace tradebill
