@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
 #include <map>
 #include <string>
 #include <string_view>
@@ -88,6 +90,19 @@ TEST(RequestNames, MayHaveGbkCharactersWithABackslashInThem) {
     EXPECT_EQ(WhyNoName("\x81\x5C\\"), kSeparator);
     EXPECT_EQ(WhyNoName("\x81/"), kSeparator);  // no character: a slash is never half of one
     EXPECT_EQ(WhyNoName("\xFF\\"), kSeparator);
+}
+
+// As Windows reads it with code page 936, and as Linux passes it on.
+TEST(RequestNames, AreReadAsTheSystemReadsThem) {
+    GenerateBillRequest request = ClearedRequest();
+    EXPECT_EQ(WhyNamesFail(request), "");
+    CopyField(request.UserFolder, "\x81\x5C\xD5\xCB");
+    CopyField(request.Account, "\xD5\x7C");
+    EXPECT_EQ(WhyNamesFail(request), "");
+    CopyField(request.Account, "\xD5\xCB\x5C\xD5\xCB");
+    EXPECT_EQ(WhyNamesFail(request), "Account holds a path separator: nothing is read or written");
+    std::fill(std::begin(request.UserFolder), std::end(request.UserFolder), '/');  // without an end
+    EXPECT_EQ(WhyNamesFail(request), "UserFolder holds a path separator: nothing is read or written");
 }
 
 class RunsOfBadNames : public RunFixture {

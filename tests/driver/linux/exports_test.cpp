@@ -8,6 +8,7 @@
 #include "driver/report_request.h"
 #include "driver/run_fixture.h"
 #include "support/bound_user.h"
+#include "support/failing_file.h"
 
 namespace tradebill::linux_exports_test {
 namespace {
@@ -38,6 +39,19 @@ TEST_F(LinuxExports, NameAStatementThatCantBeWrittenAndDontCountItAsUnreadable) 
     TradeBillLastCounts(&counts);
     EXPECT_EQ(counts.Statements, 1U);
     EXPECT_EQ(counts.Unreadable, 0U);
+}
+
+TEST_F(LinuxExports, NameAChainFileAndATemplateThatCantBeRead) {
+    EXPECT_EQ(TryGenerateBill(&request_), 0U);
+    const std::string page = ReadFile(PageFile());
+    PutFailingFile(root_.Path("sys/chain.ini"));
+    PutFailingFile(root_.Path("BillTemplate/own.ini"));
+    CopyField(request_.TemplateName, "own");
+    EXPECT_EQ(TryGenerateBill(&request_), 0U);
+    EXPECT_EQ(std::string(TradeBillLastError()), "can't read " + root_.Path("sys/chain.ini") + ": " + kFailingReason +
+                                                     "\ncan't read " + root_.Path("BillTemplate/own.ini") + ": " +
+                                                     kFailingReason);
+    EXPECT_EQ(ReadFile(PageFile()), page);
 }
 
 }  // namespace
