@@ -12,6 +12,7 @@
 
 #include "base/day.h"
 #include "base/report_error.h"
+#include "base/shortage.h"
 #include "base/text.h"
 #include "driver/bill_folders.h"
 #include "driver/place_guard.h"
@@ -55,8 +56,8 @@ std::optional<RunError> ErrorOf(Work work) {
         work();
     } catch (const CReportError& error) {
         return RunError{.code = error.Code(), .text = error.what(), .day = {}, .path = {}, .place = error.Place()};
-    } catch (const std::bad_alloc&) {
-        return RunError{.code = kErrorOutOfMemory, .text = "out of memory", .day = {}, .path = {}, .place = {}};
+    } catch (const std::bad_alloc& shortage) {
+        return RunError{.code = kErrorOutOfMemory, .text = ShortageText(shortage), .day = {}, .path = {}, .place = {}};
     }
     return std::nullopt;
 }

@@ -39,7 +39,7 @@ std::string PictureText(const PictureFailure& picture) {
         case PictureStage::Decoding:
             return "can't read the module's own picture for " + std::string(picture.name);
         case PictureStage::Painting:
-            return "can't paint the picture " + std::string(picture.name);
+            return WithReason("can't paint the picture " + std::string(picture.name), picture.reason);
         case PictureStage::Removing:
             return WithReason("can't remove the picture of an older report " + ShownPath(picture.path), picture.reason);
         case PictureStage::Saving:

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "base/number.h"
+#include "base/shortage.h"
 #include "base/text.h"
 #include "images/account_charts.h"
 #include "images/account_table.h"
@@ -181,8 +182,9 @@ public:
         try {
             if (picture.isTitleBar && titleBar_.empty()) titleBar_ = Paint(picture);
             SaveFile(picture.name, picture.size, picture.isTitleBar ? titleBar_ : Paint(picture));
-        } catch (const std::bad_alloc&) {
-            Fail(picture.name, PictureStage::Painting);  // a large one may find no memory where the next finds it
+        } catch (const std::bad_alloc& shortage) {
+            // A large one may find no memory where the next finds it.
+            Fail(picture.name, PictureStage::Painting, ShortageText(shortage));
         }
     }
 

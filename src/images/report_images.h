@@ -46,7 +46,7 @@ struct PictureFailure {
     std::string_view name;  ///< of its file; lives as long as the module
     PictureStage stage = PictureStage::Painting;
     std::string path;    ///< of its file, where the page looks for it
-    std::string reason;  ///< of one that can't be saved or removed, in the system's words; UTF-8, may be empty
+    std::string reason;  ///< in English, or the system's words for what can't be saved or removed; UTF-8, may be empty
 };
 
 /// What making the pictures came to, for the report to keep.
