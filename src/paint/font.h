@@ -1,5 +1,6 @@
 // Fonts and how large texts come out in them, by the rules of the device contexts that the charts were designed on. Any
-// number of threads may ask at once.
+// number of threads may ask at once. Where the system is short of memory or of files that may be open, the question
+// throws std::bad_alloc; the next one begins anew.
 #pragma once
 
 #include <cstdint>

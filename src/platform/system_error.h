@@ -34,5 +34,8 @@ private:
 
 /// Whether `error`, of an attempt to make something, says that its name is taken.
 [[nodiscard]] bool MeansThere(std::uint32_t error);
+/// Whether the same attempt may come out otherwise at another time: the system is short of something, or a device
+/// failed.
+[[nodiscard]] bool MayPass(std::uint32_t error);
 
 }  // namespace tradebill

@@ -15,11 +15,15 @@ import sys
 # Source below src/, name in it, why it may stay.
 KEPT = [
     (r"paint/freetype/font_faces",
-     r".*\b(Library\(\)::library|StartFontconfig\(\)::started|OpenFace\(.*\)::faces|FamilyFor\(.*\)::families|FontLock\(\)::lock)",
-     "FreeType, fontconfig and the faces opened so far, behind one lock"),
-    (r"paint/freetype/scaled_face", r".*\bScaledFaceFor\(.*\)::cache", "faces by size, behind the same lock"),
-    (r"platform/linux/text_encoding", r".*\b(Decode|Utf8ToGbk).*::converter", "a converter of each thread's own"),
+     r".*\b(Library\(\)::library|HasFontconfig\(\)::started|OpenFaces\(\)::faces"
+     r"|KnownFamilies\(\)::families|FontLock\(\)::lock)",
+     "FreeType, fontconfig and the faces opened so far, behind one lock; nothing that came of a shortage"),
+    (r"paint/freetype/font_memory", r".*\b(FontMemory\(\)::memory|ReserveOfFonts|IsShort)",
+     "FreeType's functions for memory, and a reserve for its shortages, behind the same lock"),
+    (r"paint/freetype/scaled_face", r".*\bScaledFaces\(\)::cache", "faces by size, behind the same lock"),
+    (r"platform/linux/text_encoding", r".*\b(Decode|Utf8ToGbk).*::converter", "a converter behind its lock; one that can't be had isn't kept"),
     (r"platform/linux/text_encoding", r".*\bCharacterOf\(.*\)::characters", "characters decoded so far, each an atomic"),
+    (r"cli/main", r".*\b(kEarlyStart|RanShort)", "what the program does about memory that runs short, wherever it does"),
     (r"platform/windows/runtime_threads", r".*\b(RuntimeLock|FirstUseDone|Keys|KeyCount|RuntimeEnd)",
      "what the compiler's runtime inside the DLL wants of threads"),
 ]

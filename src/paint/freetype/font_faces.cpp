@@ -2,6 +2,8 @@
 
 #include <fontconfig/fontconfig.h>
 
+#include FT_MODULE_H
+
 #include <algorithm>
 #include <cstddef>
 #include <deque>
@@ -12,9 +14,13 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
+#include "base/shortage.h"
+#include "paint/freetype/font_memory.h"
 #include "paint/freetype/font_stream.h"
+#include "platform/spare_means.h"
 
 namespace tradebill {
 namespace {
@@ -43,22 +49,61 @@ struct DestroyPattern {
 };
 using Pattern = std::unique_ptr<FcPattern, DestroyPattern>;
 
-/// REQUIRES, of this and of all that keeps something here: the caller holds FontLock().
-FT_Library Library() {
-    static FT_Library library = [] {
-        FT_Library made = nullptr;
-        return FT_Init_FreeType(&made) == 0 ? made : nullptr;
-    }();
+constexpr const char* kNoFontsNow = "fonts can't be read: too few files may be open, or too little memory is left";
+
+struct DestroyLibrary {
+    void operator()(FT_Library library) const { FT_Done_Library(library); }
+};
+using UniqueLibrary = std::unique_ptr<std::remove_pointer_t<FT_Library>, DestroyLibrary>;
+
+UniqueLibrary MakeLibrary() {
+    FT_Library made = nullptr;
+    if (FT_New_Library(FontMemory(), &made) != 0) throw CShortage(kNoFontsNow);
+    UniqueLibrary library(made);
+    FT_Add_Default_Modules(made);
+    FT_Set_Default_Properties(made);
+    ThrowIfFontShortage();
     return library;
 }
 
+/// REQUIRES, of this and of all that keeps something here: the caller holds FontLock().
+FT_Library Library() {
+    static const FT_Library library = MakeLibrary().release();  // for the life of the process
+    return library;
+}
+
+/// fontconfig takes fonts that it can't look at for fonts that aren't there, and keeps to that: it is asked when it can
+/// look at all of them.
 bool StartFontconfig() {
-    static const bool started = [] {
-        if (FcInit() == FcFalse) return false;
-        FcConfigAppFontAddDir(nullptr, reinterpret_cast<const FcChar8*>(kFurtherFonts));
-        return true;
-    }();
+    if (!HasSpareMeans()) throw CShortage(kNoFontsNow);
+    if (FcInit() == FcFalse) return false;
+    FcConfigAppFontAddDir(nullptr, reinterpret_cast<const FcChar8*>(kFurtherFonts));
+    if (HasSpareMeans()) return true;
+    FcFini();
+    throw CShortage(kNoFontsNow);
+}
+
+/// Whether fonts can be looked for at all.
+bool HasFontconfig() {
+    static const bool started = StartFontconfig();
     return started;
+}
+
+struct CloseFace {
+    void operator()(FT_Face face) const { FT_Done_Face(face); }
+};
+using UniqueFace = std::unique_ptr<std::remove_pointer_t<FT_Face>, CloseFace>;
+using FaceFiles = std::map<std::pair<std::string, int>, UniqueFace>;
+using Families = std::map<std::pair<std::string, bool>, CFontFamily>;
+
+FaceFiles& OpenFaces() {
+    static FaceFiles faces;
+    return faces;
+}
+
+Families& KnownFamilies() {
+    static Families families;
+    return families;
 }
 
 std::string_view TextOf(FcPattern* font, const char* property) {
@@ -69,17 +114,20 @@ std::string_view TextOf(FcPattern* font, const char* property) {
 
 /// One face for each file, whoever asks for it.
 FT_Face OpenFace(FcPattern* font) {
-    static std::map<std::pair<std::string, int>, FT_Face> faces;
     int index = 0;
     FcPatternGetInteger(font, FC_INDEX, 0, &index);
     const std::string path(TextOf(font, FC_FILE));
-    const auto [entry, isNew] = faces.try_emplace({path, index & 0xFFFF});
-    if (isNew) entry->second = OpenFontFile(path.c_str(), index & 0xFFFF);
-    return entry->second;
+    const FaceFiles::key_type file(path, index & 0xFFFF);
+    FaceFiles& faces = OpenFaces();
+    if (const auto known = faces.find(file); known != faces.end()) return known->second.get();
+    UniqueFace face(OpenFontFile(path.c_str(), file.second));
+    if (face == nullptr) return nullptr;
+    return faces.try_emplace(file, std::move(face)).first->second.get();
 }
 
 Pattern Wanted(const char* family, bool bold) {
     Pattern wanted(FcPatternCreate());
+    if (wanted == nullptr) throw CShortage(kNoFontsNow);
     FcPatternAddString(wanted.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(family));
     FcPatternAddInteger(wanted.get(), FC_WEIGHT, bold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
     FcPatternAddString(wanted.get(), FC_LANG, reinterpret_cast<const FcChar8*>("zh-cn"));
@@ -119,7 +167,8 @@ std::optional<FaceChoice> FindFamily(const char* family, bool bold) {
     if (!IsInstalled(family)) return std::nullopt;
     FcResult result = FcResultMatch;
     const Pattern found(FcFontMatch(nullptr, Wanted(family, bold).get(), &result));
-    if (found == nullptr || !HasFamily(found.get(), family)) return std::nullopt;
+    if (found == nullptr) throw CShortage(kNoFontsNow);  // one that is installed always matches itself
+    if (!HasFamily(found.get(), family)) return std::nullopt;
     return ChoiceOf(found.get(), bold);
 }
 
@@ -134,7 +183,9 @@ std::optional<FaceChoice> FindOwnFace(std::string_view family, bool bold) {
 
 UniqueFontSet SortedFonts(const std::string& family, bool bold) {
     FcResult result = FcResultMatch;
-    return UniqueFontSet(FcFontSort(nullptr, Wanted(family.c_str(), bold).get(), FcTrue, nullptr, &result));
+    UniqueFontSet fonts(FcFontSort(nullptr, Wanted(family.c_str(), bold).get(), FcTrue, nullptr, &result));
+    if (fonts == nullptr) throw CShortage(kNoFontsNow);  // without fonts it is an empty set
+    return fonts;
 }
 
 }  // namespace
@@ -144,7 +195,7 @@ void DestroyFontSet::operator()(FcFontSet* set) const {
 }
 
 CFontFamily::CFontFamily(std::string name, bool bold) : name_(std::move(name)), isBold_(bold) {
-    hasFonts_ = Library() != nullptr && StartFontconfig();
+    hasFonts_ = HasFontconfig();
     if (!hasFonts_) return;
     if (const auto own = FindOwnFace(name_, isBold_)) faces_.push_back(*own);
 }
@@ -161,7 +212,8 @@ bool CFontFamily::AddFallback() {
     if (!isSorted_) sorted_ = SortedFonts(name_, isBold_);
     isSorted_ = true;
     while (sorted_ != nullptr && tried_ < std::min(sorted_->nfont, kMostFallbacks)) {
-        const auto choice = ChoiceOf(sorted_->fonts[tried_++], isBold_);
+        const auto choice = ChoiceOf(sorted_->fonts[tried_], isBold_);
+        ++tried_;
         if (!choice || std::ranges::find(faces_, choice->face, &FaceChoice::face) != faces_.end()) continue;
         faces_.push_back(*choice);
         return true;
@@ -171,20 +223,32 @@ bool CFontFamily::AddFallback() {
 
 FT_Face OpenFontFile(const char* path, int index) {
     const std::scoped_lock guard(FontLock());
-    const auto stream = Library() != nullptr ? OpenFontStream(path) : nullptr;
-    if (stream == nullptr) return nullptr;
+    FT_Library const library = Library();
     FT_Open_Args how{};
     how.flags = FT_OPEN_STREAM;
-    how.stream = stream;  // freed with the face, or at once if none comes of it
-    FT_Face face = nullptr;
-    return FT_Open_Face(Library(), &how, index, &face) == 0 ? face : nullptr;
+    how.stream = OpenFontStream(path);  // freed with the face, or at once if none comes of it
+    if (how.stream == nullptr) return nullptr;
+    FT_Face opened = nullptr;
+    UniqueFace face(FT_Open_Face(library, &how, index, &opened) == 0 ? opened : nullptr);
+    ThrowIfFontShortage();
+    return face.release();
 }
 
 CFontFamily& FamilyFor(const std::string& name, bool bold) {
-    static std::map<std::pair<std::string, bool>, CFontFamily> families;
+    Families& families = KnownFamilies();
     const auto known = families.find({name, bold});
     if (known != families.end()) return known->second;
     return families.try_emplace({name, bold}, name, bold).first->second;
+}
+
+void ForgetFaces() {
+    KnownFamilies().clear();
+    OpenFaces().clear();
+    static_cast<void>(TakeFontShortage());  // what it was of is gone
+}
+
+void ThrowIfFontShortage() {
+    if (TakeFontShortage()) throw CShortage(kNoFontsNow);
 }
 
 std::recursive_mutex& FontLock() {

@@ -1,5 +1,5 @@
-// Font faces by family name: fontconfig finds the files, FreeType opens them, and they stay open for the life of the
-// process. What is kept of fonts is kept for all threads and guarded by one lock.
+// Font faces by family name: fontconfig finds the files, FreeType opens them, and they stay open. What is kept of fonts
+// is kept for all threads and guarded by one lock. Nothing is kept that came of a shortage: see font_use.h.
 #pragma once
 
 #include <fontconfig/fontconfig.h>
@@ -16,7 +16,7 @@ namespace tradebill {
 
 /// A face for some of a text's characters.
 struct FaceChoice {
-    FT_Face face;      ///< belongs to the cache; used by nobody who doesn't hold FontLock()
+    FT_Face face;      ///< belongs to the cache until ForgetFaces(); used by nobody who doesn't hold FontLock()
     bool isThickened;  ///< bold was asked for, and the family has no bold file
 };
 
@@ -28,6 +28,7 @@ using UniqueFontSet = std::unique_ptr<FcFontSet, DestroyFontSet>;
 /// A family at one weight: its own file, then those that cover what it lacks. Most texts need the first face alone, so
 /// the others are looked for, and their files opened, once they are asked for.
 ///
+/// All operations throw std::bad_alloc for a shortage.
 /// REQUIRES, of all operations: the caller holds FontLock().
 class CFontFamily {
 public:
@@ -51,12 +52,20 @@ private:
     int tried_ = 0;  ///< fonts of sorted_
 };
 
-/// The family stays for the life of the process.
+/// The family stays until ForgetFaces(). Throws std::bad_alloc for a shortage.
 /// REQUIRES: the caller holds FontLock().
 [[nodiscard]] CFontFamily& FamilyFor(const std::string& name, bool bold);
 
-/// Opens the face number `index` of a file. Null if it is none. The caller's own, to be closed while FontLock() is
-/// held.
+/// Closes all faces and forgets the families: the next text looks for its fonts anew.
+/// REQUIRES: the caller holds FontLock(), and uses none of them from now on.
+void ForgetFaces();
+
+/// Throws CShortage if FreeType lacked memory or bytes of a file since the last time: what it made of it may be less
+/// than it should be. To be called behind all that FreeType does. REQUIRES: the caller holds FontLock().
+void ThrowIfFontShortage();
+
+/// Opens the face number `index` of a file. Null if it is none. Throws std::bad_alloc for a shortage. The caller's own,
+/// to be closed while FontLock() is held.
 [[nodiscard]] FT_Face OpenFontFile(const char* path, int index);
 
 /// Guards FreeType, whose faces aren't for two threads, and all that is kept of fonts. Who holds it may take it again.

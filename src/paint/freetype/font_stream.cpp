@@ -8,7 +8,10 @@
 #include <memory>
 #include <optional>
 
+#include "base/shortage.h"
+#include "paint/freetype/font_memory.h"
 #include "platform/file.h"
+#include "platform/system_error.h"
 
 namespace tradebill {
 namespace {
@@ -24,7 +27,7 @@ public:
 
     /// Fills `buffer` from `offset` on; returns the bytes read.
     std::size_t Read(std::uint64_t offset, char* buffer, std::size_t size) {
-        if (size > kPageSize) return file_.ReadAt(offset, buffer, size).value_or(0);
+        if (size > kPageSize) return ReadPart(offset, buffer, size);
         std::size_t done = 0;
         while (done < size) {
             const Page& page = PageAt((offset + done) / kPageSize);
@@ -40,7 +43,7 @@ public:
 private:
     static constexpr std::size_t kPageSize = 4096;
     static constexpr std::size_t kPages = 16;
-    static constexpr std::uint64_t kNoPage = ~std::uint64_t{0};  ///< none yet, or one that couldn't be read
+    static constexpr std::uint64_t kNoPage = ~std::uint64_t{0};
 
     struct Page {
         std::uint64_t number = kNoPage;  ///< in the file
@@ -48,12 +51,19 @@ private:
         std::array<char, kPageSize> bytes;
     };
 
+    /// As CFile does. What can't be read is noted, and no bytes are told then.
+    std::size_t ReadPart(std::uint64_t offset, char* buffer, std::size_t size) {
+        const auto got = file_.ReadAt(offset, buffer, size);
+        if (!got) NoteFontShortage();
+        return got.value_or(0);
+    }
+
     const Page& PageAt(std::uint64_t number) {
         Page& page = pages_[number % kPages];
         if (page.number != number) {
-            const auto got = file_.ReadAt(number * kPageSize, page.bytes.data(), page.bytes.size());
-            page.size = got.value_or(0);
-            page.number = got ? number : kNoPage;
+            page.number = kNoPage;
+            page.size = ReadPart(number * kPageSize, page.bytes.data(), page.bytes.size());
+            if (page.size > 0) page.number = number;
         }
         return page;
     }
@@ -88,7 +98,10 @@ void Close(FT_Stream stream) {
 FT_Stream OpenFontStream(const char* path) {
     auto stream = std::make_unique<FontStream>(path);
     const auto size = stream->file.IsOpen() ? stream->file.Size() : std::nullopt;
-    if (!size) return nullptr;
+    if (!size) {
+        if (MayPass(LastSystemError())) throw CShortage("a font file can't be opened for now");
+        return nullptr;
+    }
     stream->record.size = static_cast<unsigned long>(*size);
     stream->record.descriptor.pointer = stream.get();
     stream->record.read = Read;

@@ -1,11 +1,11 @@
 #include <cstdint>
 #include <memory>
-#include <mutex>
 #include <string_view>
 
 #include "paint/bitmap.h"
 #include "paint/canvas.h"
 #include "paint/font.h"
+#include "paint/freetype/font_use.h"
 #include "paint/freetype/text_layout.h"
 #include "paint/geometry.h"
 #include "paint/raster/blend.h"
@@ -47,7 +47,7 @@ public:
     [[nodiscard]] TextMetrics Metrics(const Font& font) override { return MetricsOf(font); }
 
     void Write(CBitmap& bitmap, const Box& seen, const Font& font, const TextLine& line) override {
-        const std::scoped_lock guard(FontLock());
+        const CFontUse use;
         const std::int32_t ascent = MetricsOf(font).ascent;
         const CTurnedText places(line.leftTop, font.escapement);
         for (const PlacedGlyph& glyph : LayOutText(font, line.text)) {

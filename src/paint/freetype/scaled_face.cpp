@@ -12,6 +12,7 @@
 #include <cmath>
 #include <map>
 #include <memory>
+#include <new>
 #include <tuple>
 
 #include "paint/escapement.h"
@@ -86,6 +87,13 @@ FT_Pos StrengthAt(std::int32_t pixelsPerEm) {
     return std::max(kOnePixel * 3 / 4, kOnePixel * static_cast<FT_Pos>(pixelsPerEm) / 20);
 }
 
+using ScaledFaceCache = std::map<std::tuple<FT_Face, bool, std::int32_t>, std::unique_ptr<CScaledFace>>;
+
+ScaledFaceCache& ScaledFaces() {
+    static ScaledFaceCache cache;
+    return cache;
+}
+
 /// Counter-clockwise by tenths of a degree.
 void Turn(FT_Outline& outline, std::int32_t escapement) {
     const double angle = EscapementRadians(escapement);
@@ -120,9 +128,10 @@ CScaledFace::CScaledFace(const FaceChoice& choice, std::int32_t pixelsPerEm)
         ++metrics_.averageWidth;
         ++metrics_.maxWidth;
     }
-    if (FT_New_Size(choice.face, &size_) != 0) return;
+    if (FT_New_Size(choice.face, &size_) != 0) throw std::bad_alloc();
     FT_Activate_Size(size_);
     FT_Set_Pixel_Sizes(choice.face, 0, static_cast<FT_UInt>(pixelsPerEm_));
+    ThrowIfFontShortage();
 }
 
 const GlyphPicture& CScaledFace::PictureOf(char32_t character, std::int32_t escapement) {
@@ -157,8 +166,10 @@ GlyphPicture CScaledFace::LoadTurned(char32_t character, std::int32_t escapement
 }
 
 bool CScaledFace::LoadGlyph(char32_t character, std::int32_t flags) {
-    if (size_ == nullptr || FT_Activate_Size(size_) != 0) return false;
-    return FT_Load_Glyph(choice_.face, FT_Get_Char_Index(choice_.face, character), flags) == 0;
+    if (FT_Activate_Size(size_) != 0) return false;
+    const bool isLoaded = FT_Load_Glyph(choice_.face, FT_Get_Char_Index(choice_.face, character), flags) == 0;
+    ThrowIfFontShortage();
+    return isLoaded;
 }
 
 GlyphPicture CScaledFace::RenderLoaded(std::int32_t escapement) {
@@ -168,7 +179,9 @@ GlyphPicture CScaledFace::RenderLoaded(std::int32_t escapement) {
         if (isFaint_) FT_Outline_EmboldenXY(&slot->outline, StrengthAt(pixelsPerEm_), 0);
         if (escapement != 0) Turn(slot->outline, escapement);
     }
-    if (FT_Render_Glyph(slot, FT_RENDER_MODE_NORMAL) != 0) return {};
+    const bool isRendered = FT_Render_Glyph(slot, FT_RENDER_MODE_NORMAL) == 0;
+    ThrowIfFontShortage();
+    if (!isRendered) return {};
     const FT_Bitmap& bitmap = slot->bitmap;
     if (bitmap.pixel_mode != FT_PIXEL_MODE_GRAY) return {};
     GlyphPicture picture;
@@ -184,10 +197,13 @@ GlyphPicture CScaledFace::RenderLoaded(std::int32_t escapement) {
 }
 
 CScaledFace& ScaledFaceFor(const FaceChoice& choice, std::int32_t pixelsPerEm) {
-    static std::map<std::tuple<FT_Face, bool, std::int32_t>, std::unique_ptr<CScaledFace>> cache;
-    auto& entry = cache[{choice.face, choice.isThickened, pixelsPerEm}];
+    auto& entry = ScaledFaces()[{choice.face, choice.isThickened, pixelsPerEm}];
     if (entry == nullptr) entry = std::make_unique<CScaledFace>(choice, pixelsPerEm);
     return *entry;
+}
+
+void ForgetScaledFaces() {
+    ScaledFaces().clear();
 }
 
 }  // namespace tradebill

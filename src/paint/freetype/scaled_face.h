@@ -67,8 +67,12 @@ private:
 [[nodiscard]] std::int32_t EmForCell(const FaceChoice& choice, std::int32_t cellHeight);
 
 /// The face at a size, from the cache. What stands in for a face's missing glyphs takes that face's em, so that letters
-/// of one text match. It stays for the life of the process.
+/// of one text match. It stays until ForgetScaledFaces().
 /// REQUIRES: the caller holds FontLock().
 [[nodiscard]] CScaledFace& ScaledFaceFor(const FaceChoice& choice, std::int32_t pixelsPerEm);
+
+/// Empties the cache.
+/// REQUIRES: the caller holds FontLock(), and uses none of them from now on.
+void ForgetScaledFaces();
 
 }  // namespace tradebill

@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <mutex>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "paint/font.h"
+#include "paint/freetype/font_use.h"
 #include "paint/raster/text_engine.h"
 #include "platform/text_encoding.h"
 
@@ -82,14 +82,14 @@ std::vector<PlacedGlyph> LayOutText(const Font& font, std::string_view text) {
 }
 
 TextExtent MeasureText(const Font& font, std::string_view text) {
-    const std::scoped_lock guard(FontLock());
+    const CFontUse use;
     const auto glyphs = LayOutText(font, text);
     const std::int32_t width = glyphs.empty() ? 0 : glyphs.back().offset + glyphs.back().advance;
     return {width, MetricsOf(font).height};
 }
 
 TextMetrics MetricsOf(const Font& font) {
-    const std::scoped_lock guard(FontLock());
+    const CFontUse use;
     const FaceChoice* const own = FamilyOf(font).FaceAt(0);
     if (own != nullptr) return ScaledFaceFor(*own, EmForCell(*own, font.cellHeight)).Metrics();
     const std::int32_t height = std::max(font.cellHeight, 1);
@@ -103,7 +103,7 @@ TextMetrics MetricsOf(const Font& font) {
 }
 
 bool HasFonts() {
-    const std::scoped_lock guard(FontLock());
+    const CFontUse use;
     return FamilyFor("Arial", false).FaceAt(0) != nullptr;
 }
 

@@ -27,4 +27,8 @@ bool MeansThere(std::uint32_t error) {
     return error == EEXIST;
 }
 
+bool MayPass(std::uint32_t error) {
+    return error == EMFILE || error == ENFILE || error == ENOMEM || error == EIO || error == EINTR || error == EAGAIN;
+}
+
 }  // namespace tradebill

@@ -38,4 +38,10 @@ bool MeansThere(std::uint32_t error) {
     return error == ERROR_ALREADY_EXISTS || error == ERROR_FILE_EXISTS;
 }
 
+bool MayPass(std::uint32_t error) {
+    return error == ERROR_TOO_MANY_OPEN_FILES || error == ERROR_NOT_ENOUGH_MEMORY || error == ERROR_OUTOFMEMORY ||
+           error == ERROR_NO_SYSTEM_RESOURCES || error == ERROR_COMMITMENT_LIMIT || error == ERROR_IO_DEVICE ||
+           error == ERROR_READ_FAULT;
+}
+
 }  // namespace tradebill
