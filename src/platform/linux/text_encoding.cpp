@@ -8,12 +8,16 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <type_traits>
 
+#include "base/shortage.h"
 #include "base/word_bytes.h"
+#include "platform/spare_means.h"
+#include "platform/system_error.h"
 
 namespace tradebill {
 namespace {
@@ -25,11 +29,33 @@ struct CloseConverter {
 };
 using UniqueConverter = std::unique_ptr<std::remove_pointer_t<iconv_t>, CloseConverter>;
 
-/// A converter keeps what it is in the midst of, so each thread has its own.
+/// Null if the system has none. Throws CShortage if it could have one at another time: it loads converters from files,
+/// and says of those that it can't load that there are none. What passed meanwhile isn't met by a second try.
 UniqueConverter MakeConverter(const char* to, const char* from) {
-    const iconv_t converter = ::iconv_open(to, from);
-    return UniqueConverter(converter == reinterpret_cast<iconv_t>(-1) ? nullptr : converter);
+    constexpr int kTries = 2;
+    for (int i = 0; i < kTries; ++i) {
+        iconv_t const converter = ::iconv_open(to, from);
+        if (converter != reinterpret_cast<iconv_t>(-1)) return UniqueConverter(converter);
+    }
+    if (MayPass(LastSystemError()) || !HasSpareMeans()) throw CShortage("the system's text converters can't be loaded");
+    return nullptr;
 }
+
+/// A converter keeps what it is in the midst of: one thread at a time has it. Each thread's own would be torn down by a
+/// list that the system can't do without memory for. No converter isn't kept.
+class CConverter {
+public:
+    constexpr CConverter(const char* to, const char* from) : to_(to), from_(from) {}
+
+    /// As ConvertRun. Nothing if the system has no such converter. Throws as MakeConverter.
+    std::optional<std::string> Convert(std::string_view& text);
+
+private:
+    const char* to_;
+    const char* from_;
+    std::mutex lock_;
+    UniqueConverter kept_;
+};
 
 /// Converts as much as it can, takes it off `text`, and returns it.
 std::string ConvertRun(iconv_t converter, std::string_view& text) {
@@ -47,9 +73,15 @@ std::string ConvertRun(iconv_t converter, std::string_view& text) {
     }
 }
 
+std::optional<std::string> CConverter::Convert(std::string_view& text) {
+    const std::scoped_lock guard(lock_);
+    if (kept_ == nullptr) kept_ = MakeConverter(to_, from_);
+    return kept_ == nullptr ? std::nullopt : std::optional(ConvertRun(kept_.get(), text));
+}
+
 /// A character in UTF-8: its bytes, the first one lowest, and their number in the highest byte.
 using PackedCharacter = std::uint32_t;
-constexpr PackedCharacter kUnknown = 0;  // nobody has asked for it yet
+constexpr PackedCharacter kUnknown = 0;  // nobody has asked for it yet, or nobody can tell
 
 constexpr unsigned char kFirstLead = 0x81;  // iconv would read 0x80 as a euro sign, which is no character of GBK
 constexpr unsigned char kLastLead = 0xFE;
@@ -68,10 +100,10 @@ void AppendPacked(std::string& text, PackedCharacter packed) {
 }
 
 PackedCharacter Decode(std::string_view pair) {
-    thread_local const UniqueConverter converter = MakeConverter("UTF-8", "GBK");
-    if (converter == nullptr) return kNoCharacter;
-    const std::string utf8 = ConvertRun(converter.get(), pair);
-    return pair.empty() && utf8.size() <= 3 ? Packed(utf8) : kNoCharacter;
+    static CConverter converter("UTF-8", "GBK");
+    const auto utf8 = converter.Convert(pair);
+    if (!utf8) return kUnknown;
+    return pair.empty() && utf8->size() <= 3 ? Packed(*utf8) : kNoCharacter;
 }
 
 /// The character of a lead byte and any byte behind it. What iconv said of a pair once is kept for all threads: a
@@ -86,7 +118,7 @@ PackedCharacter CharacterOf(std::string_view pair) {
         character = Decode(pair);
         known.store(character, std::memory_order_relaxed);
     }
-    return character;
+    return character == kUnknown ? kNoCharacter : character;
 }
 
 /// How many bytes at the start of `text` are ASCII.
@@ -117,12 +149,11 @@ std::string GbkToUtf8(std::string_view text) {
 }
 
 std::optional<std::string> Utf8ToGbk(std::string_view text) {
-    thread_local const UniqueConverter converter = MakeConverter("GBK", "UTF-8");
+    static CConverter converter("GBK", "UTF-8");
     constexpr std::string_view kEuro = "\xE2\x82\xAC";  // iconv would make it 0x80, which is no character of GBK
-    if (converter == nullptr || text.find(kEuro) != std::string_view::npos) return std::nullopt;
-    std::string result = ConvertRun(converter.get(), text);
-    if (!text.empty()) return std::nullopt;
-    return result;
+    if (text.find(kEuro) != std::string_view::npos) return std::nullopt;
+    auto result = converter.Convert(text);
+    return text.empty() ? result : std::nullopt;
 }
 
 }  // namespace tradebill
