@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <new>
 #include <optional>
 #include <span>
 #include <string>
@@ -41,6 +42,7 @@ public:
     explicit CPngReader(std::string_view content) {
         image_.version = PNG_IMAGE_VERSION;
         isOpen_ = png_image_begin_read_from_memory(&image_, content.data(), content.size()) != 0;
+        if (!isOpen_) ThrowIfShort();
     }
     ~CPngReader() { png_image_free(&image_); }
     CPngReader(const CPngReader&) = delete;
@@ -54,10 +56,20 @@ public:
         // Sixteen bits without a word on their meaning are taken as eight are: as screens show them.
         image_.flags |= PNG_IMAGE_FLAG_16BIT_sRGB;
         image_.format = kPicturePixels;
-        return png_image_finish_read(&image_, nullptr, picture.Row(0), 0, nullptr) != 0;
+        if (png_image_finish_read(&image_, nullptr, picture.Row(0), 0, nullptr) != 0) return true;
+        ThrowIfShort();
+        return false;
     }
 
 private:
+    /// The library tells a lack of memory by its words alone.
+    void ThrowIfShort() const {
+        const std::string_view words(image_.message);
+        for (const std::string_view lack : {"ut of memory", "ut of Memory", "nsufficient memory"}) {
+            if (words.find(lack) != std::string_view::npos) throw std::bad_alloc();
+        }
+    }
+
     png_image image_{};
     bool isOpen_ = false;
 };
