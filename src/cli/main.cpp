@@ -3,23 +3,57 @@
 
 #include <CLI/CLI.hpp>
 
+#include <atomic>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <new>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "base/shortage.h"
 #include "cli/command_table.h"
 #include "cli/shown_text.h"
 #include "cli/usage_error.h"
+#include "platform/last_words.h"
 #include "platform/local_time.h"
 #include "platform/standard_streams.h"
 #include "platform/terminal.h"
 
 namespace tradebill {
 namespace {
+
+/// Where an exception can't go on, as before main begins.
+[[noreturn]] void TellShortageAndEnd() {
+    try {
+        if (std::current_exception() != nullptr) throw;
+    } catch (const std::bad_alloc&) {
+        EndWithWords("tradebill: out of memory\n", kExitFailed);
+    } catch (...) {
+        std::abort();
+    }
+    std::abort();
+}
+
+/// Whether memory was asked for in vain. Streams in memory lose a text then and go on.
+std::atomic<bool> RanShort;
+
+void NoteShortage() {
+    RanShort.store(true);
+    throw std::bad_alloc();
+}
+
+struct EarlyStart {
+    EarlyStart() {
+        std::set_terminate(TellShortageAndEnd);
+        std::set_new_handler(NoteShortage);
+    }
+};
+/// Made before the static objects of libraries, which ask for memory.
+[[gnu::init_priority(101)]] const EarlyStart kEarlyStart;
 
 /// A command as the command line knows it.
 struct DeclaredCommand {
@@ -83,6 +117,9 @@ int RunAndTell(int argc, char** argv) {
     } catch (const CUsageError& error) {
         std::cerr << "tradebill: " << ShownText(error.what()) << "\n";
         return kExitUsage;
+    } catch (const std::bad_alloc& shortage) {
+        std::cerr << "tradebill: " << ShortageText(shortage) << "\n";
+        return kExitFailed;
     } catch (const std::exception& error) {
         std::cerr << "tradebill: " << ShownText(error.what()) << "\n";
         return kExitFailed;
@@ -100,6 +137,13 @@ bool IsAllPrinted() {
     return false;
 }
 
+/// Nothing that was done while memory was short is told to be whole.
+int WithShortage(int exit) {
+    if (exit != kExitDone || !RanShort.load()) return exit;
+    std::cerr << "tradebill: out of memory: something may be missing\n";
+    return kExitFailed;
+}
+
 }  // namespace
 }  // namespace tradebill
 
@@ -109,5 +153,5 @@ int main(int argc, char** argv) {
     const tradebill::CShownStreams streams;
     tradebill::KeepTimeZone();
     const int exit = tradebill::RunAndTell(argc, argv);
-    return tradebill::IsAllPrinted() ? exit : tradebill::kExitFailed;
+    return tradebill::IsAllPrinted() ? tradebill::WithShortage(exit) : tradebill::kExitFailed;
 }
