@@ -138,6 +138,11 @@ void NoteSize(ChartSizes& sizes, const AccountChart& chart, const PictureSize& s
     sizes[chart.ownSize + 1] = size.height;
 }
 
+/// Whether a picture can be painted: a host may name any resolution. No side is too long for a JPEG file then.
+bool IsWithinBounds(const PictureSize& size) {
+    return std::int64_t{size.width} * size.height <= kMostBitmapPixels;
+}
+
 /// A picture that the module carries inside and lays beside the painted ones.
 struct Button {
     std::string_view name;
@@ -179,6 +184,12 @@ public:
     }
 
     void Save(const ShownPicture& picture) {
+        if (!IsWithinBounds(picture.size)) {
+            Fail(picture.name, PictureStage::Painting,
+                 std::to_string(picture.size.width) + " by " + std::to_string(picture.size.height) +
+                     " pixels are more than a picture may have");
+            return;
+        }
         try {
             if (picture.isTitleBar && titleBar_.empty()) titleBar_ = Paint(picture);
             SaveFile(picture.name, picture.size, picture.isTitleBar ? titleBar_ : Paint(picture));
@@ -226,8 +237,10 @@ std::optional<int> BaseWidth() {
 PictureSize LargestSize(const PictureGround& ground) {
     const auto pixelsOf = [](const PictureSize& size) { return std::int64_t{size.width} * size.height; };
     PictureSize largest;
-    for (const ReportPicture& picture : kPictures)
-        largest = std::ranges::max(largest, picture.size(ground), {}, pixelsOf);
+    for (const ReportPicture& picture : kPictures) {
+        const PictureSize size = picture.size(ground);
+        if (IsWithinBounds(size)) largest = std::ranges::max(largest, size, {}, pixelsOf);
+    }
     return largest;
 }
 

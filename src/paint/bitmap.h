@@ -10,8 +10,10 @@
 
 namespace tradebill {
 
+inline constexpr std::int64_t kMostBitmapPixels = std::int64_t{1} << 28;
+
 /// Pixels are 0x00RRGGBB. Rows lie bottom-up in memory, as in a device-independent bitmap of positive height; all
-/// operations count rows from the top. A bitmap without width or height, or of more than 2^28 pixels, has none.
+/// operations count rows from the top. A bitmap without width or height, or of more than kMostBitmapPixels, has none.
 class CBitmap {
 public:
     CBitmap(std::int32_t width, std::int32_t height, Color color) { Begin(width, height, color); }

@@ -209,6 +209,33 @@ TEST_F(ReportImages, AreSafeAtAbsurdResolutions) {
     }
 }
 
+// Eleven blocks of 230 and 40 are the most.
+TEST_F(ReportImages, EndWithTheEleventhBlockHoweverManyCurrenciesThereAre) {
+    report.Request.StatementKind = 2;
+    for (const int more : {1200, 3800}) {
+        AddCurrencies(more);
+        EXPECT_TRUE(BuildReportImages(report).failures.empty()) << more;
+        EXPECT_EQ(SizeOf("AccountDetail.jpg"), (PictureSize{825, 2570})) << more;
+    }
+}
+
+TEST_F(ReportImages, LeaveOutOneOfTooManyPixelsAndSayHowManyTheyWouldBe) {
+    report.Request.StatementKind = 2;
+    AddCurrencies(1200);
+    report.Request.Dpi = 4800;  // 41,250 by 126,540; the charts of 41,250 by 12,500 are as far beyond
+    const auto images = BuildReportImages(report);
+    std::map<std::string, std::string> reasons;
+    for (const PictureFailure& failure : images.failures) {
+        EXPECT_EQ(failure.stage, PictureStage::Painting);
+        reasons.emplace(failure.name, failure.reason);
+    }
+    EXPECT_EQ(reasons["AccountDetail.jpg"], "41250 by 126540 pixels are more than a picture may have");
+    EXPECT_EQ(reasons["OffsetFigure.jpg"], "41250 by 12500 pixels are more than a picture may have");
+    EXPECT_FALSE(fs::exists(PathOf("AccountDetail.jpg")));
+    EXPECT_FALSE(fs::exists(PathOf("OffsetFigure.jpg")));
+    ExpectBars();
+}
+
 TEST_F(ReportImages, HaveAnEquityChartAsWideAsThePageForForeignAccountsAlone) {
     EXPECT_EQ(MeasureCharts(report), (ChartSizes{500, 250, 825, 250, 500, 250, 500, 250}));
     report.Request.StatementKind = 2;

@@ -8,10 +8,9 @@
 namespace tradebill {
 
 void CBitmap::Begin(std::int32_t width, std::int32_t height, Color color) {
-    constexpr std::int64_t kMostPixels = std::int64_t{1} << 28;
     width_ = 0;
     height_ = 0;
-    if (width <= 0 || height <= 0 || std::int64_t{width} * height > kMostPixels) return;
+    if (width <= 0 || height <= 0 || std::int64_t{width} * height > kMostBitmapPixels) return;
     if (!memory_.ServeFor(width, height)) {
         memory_ = CPixelMemory();  // gone before there is another
         memory_ = CPixelMemory(width, height);
