@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/report_error.h"
+#include "base/shortage.h"
 #include "driver/host_module.h"
 #include "driver/last_call.h"
 #include "driver/repaint.h"
@@ -76,8 +77,8 @@ std::uint32_t RunForHost(const GenerateBillRequest* request) {
     }
     try {
         return RunAndKeep(*request);
-    } catch (const std::bad_alloc&) {
-        KeepCall("out of memory");
+    } catch (const std::bad_alloc& shortage) {
+        KeepCall(ShortageText(shortage));
         return kErrorOutOfMemory;
     } catch (...) {
         KeepCall("the report could not be made");
@@ -99,6 +100,17 @@ void ResetForHost(const char* path, bool isFinished) {
         KeepCall(ResetForPath(path, isFinished));
     } catch (const std::bad_alloc&) {
         KeepCall("out of memory");
+    }
+}
+
+/// Without memory for it there is no root: a run in another's folders would be worse than none.
+void SetRootForHost(const char* path) {
+    HostModule& module = TheModule();
+    try {
+        module.rootFolder = RootFolderAt(path);
+        module.hasLostRoot = false;
+    } catch (const std::bad_alloc&) {
+        module.hasLostRoot = true;
     }
 }
 
@@ -127,7 +139,7 @@ void TradeBillLastCounts(TradeBillCounts* counts) {
 }
 
 void SetRootFolder(const char* path) {
-    if (path != nullptr) tradebill::TheModule().rootFolder = tradebill::RootFolderAt(path);
+    if (path != nullptr) tradebill::SetRootForHost(path);
 }
 
 void ResetTradeBillFile(const char* path, int32_t finished) {

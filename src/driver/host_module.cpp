@@ -1,5 +1,6 @@
 #include "driver/host_module.h"
 
+#include "base/shortage.h"
 #include "platform/root_folder.h"
 #include "platform/screen.h"
 #include "report/report.h"
@@ -12,6 +13,7 @@ HostModule Module;
 }  // namespace
 
 CReport& HostModule::ReportForRun() {
+    if (hasLostRoot) throw CShortage("the root folder could not be kept: out of memory");
     report.RootFolder = rootFolder ? *rootFolder : ProgramFolder();
     report.ScreenWidth = screenWidth > 0 ? screenWidth : DisplayWidth();
     report.Products = &products;

@@ -17,9 +17,11 @@ struct HostModule {
     CHostProducts products{report.Request};
     CLastCall lastCall;
     std::optional<std::string> rootFolder;  ///< nothing: the folder of the executable
+    bool hasLostRoot = false;               ///< one was set, and there was no memory to keep it
     std::int32_t screenWidth = 0;           ///< pixels; below 1: that of the display
 
-    /// The report, ready for a run: with root folder, products and screen width as they are set now.
+    /// The report, ready for a run: with root folder, products and screen width as they are set now. Throws
+    /// std::bad_alloc, too if the root folder was lost.
     [[nodiscard]] CReport& ReportForRun();
 
     /// The report of the last run, ready for a chart: with the screen width as it is now.
