@@ -18,6 +18,7 @@
 #include "cli/scan_report.h"
 #include "cli/standard_input.h"
 #include "cli/statement_day.h"
+#include "cli/statement_size.h"
 #include "cli/usage_error.h"
 #include "findings/layout_hint.h"
 #include "platform/file.h"
@@ -31,8 +32,11 @@ namespace tradebill {
 namespace {
 
 /// A report ends a statement at its first zero byte, wherever it comes from.
-std::string ReadText(const std::string& path) {
-    const std::string text = path == kStandardStream ? StandardInputText() : InputFileText(path, "a statement file");
+std::string ReadText(const std::string& path, const StatementLimit& limit) {
+    const bool isStream = path == kStandardStream;
+    if (!isStream) RequireStatementWithin(path, limit);
+    const std::string text = isStream ? StandardInputText() : InputFileText(path, "a statement file");
+    if (isStream) RequireWithin(text.size(), kStandardInputName, limit);
     return text.substr(0, text.find('\0'));
 }
 
@@ -113,6 +117,7 @@ CommandRun DeclareExplain(CLI::App& app) {
     app.add_option("--template", explain->templateFile, "Statement template")->type_name("FILE.ini");
     app.add_option("--day", explain->day, "The statement's day, yyyymmdd (default: from the file's name, or today)")
         ->type_name("DAY");
+    DeclareStatementLimit(app, explain->maxStatement);
     app.add_flag("--json", explain->asJson, "Print as JSON");
     return [explain] { return RunExplainCommand(*explain); };
 }
@@ -121,7 +126,7 @@ int RunExplainCommand(const ExplainCommand& given) {
     const ExplainCommand command = WithName(given);
     auto [day, daySource] = DayOfStatement(command.day, command.statementFile);
     Explanation explanation{.file = command.statementFile, .day = std::move(day), .daySource = std::move(daySource)};
-    const std::string text = ReadText(given.statementFile);
+    const std::string text = ReadText(given.statementFile, StatementLimitOf(given.maxStatement));
     CReport report;
     PrepareReading(command, text, explanation, report);
 

@@ -16,6 +16,7 @@ struct ExplainCommand {
     std::optional<std::string> kind;
     std::optional<std::string> templateFile;
     std::optional<std::string> day;
+    std::optional<std::string> maxStatement = {};
     bool asJson = false;
 };
 
@@ -42,7 +43,8 @@ struct Explanation {
 };
 
 /// Reads the statement and prints what was seen. Returns 0 if a money record and a section were found, 3 if nothing was
-/// recognised, 1 for what lies between. Throws CUsageError, and CUnreadableInput for a file that can't be read.
+/// recognised, 1 for what lies between. Throws CUsageError, CUnreadableInput for a file that can't be read, and
+/// std::runtime_error for one that is too large.
 [[nodiscard]] int RunExplainCommand(const ExplainCommand& given);
 
 void PrintExplanation(const Explanation& explanation, const CScanReport& report);

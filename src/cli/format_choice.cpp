@@ -16,6 +16,7 @@
 #include "platform/local_time.h"
 #include "readers/layout_marks.h"
 #include "readers/layout_table.h"
+#include "readers/statement_limit.h"
 #include "report/report.h"
 #include "report/request_copy.h"
 #include "report/statement_format.h"
@@ -67,7 +68,8 @@ std::int32_t FormatByMarks(std::string_view text, const std::string& file) {
     throw CUsageError("--format auto: " + file + " may be of several layouts: expected one of " + formats);
 }
 
-PickedFormat PickFormat(const GenerateBillRequest& request, const std::string& rootFolder) {
+PickedFormat PickFormat(const GenerateBillRequest& request, const std::string& rootFolder,
+                        const StatementLimit& limit) {
     CReport report;
     report.Request = CopyRequest(request);
     report.RootFolder = rootFolder;
@@ -77,6 +79,10 @@ PickedFormat PickFormat(const GenerateBillRequest& request, const std::string& r
     CFileBuffer buffer;
     WalkDays(ReportDaysOf(report.Request), [&](const CalendarDay& day) {
         const std::string path = StatementPath(report, day, day == today);
+        if (auto tooLarge = WhyTooLarge(path, limit)) {
+            problems.statements.push_back({DayText(day), path, FileState::Unreadable, *std::move(tooLarge)});
+            return true;
+        }
         const FileContent file = ReadWholeFile(path, buffer);
         if (file.state != FileState::Read) {
             if (file.state != FileState::Missing) {

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "driver/report_request.h"
+#include "readers/statement_limit.h"
 
 namespace tradebill {
 
@@ -38,6 +39,7 @@ public:
 
 /// Picks the format by the first statement in the request's range that can be read. Throws CUsageError if there is no
 /// statement or it doesn't tell, and CNothingReadable.
-[[nodiscard]] PickedFormat PickFormat(const GenerateBillRequest& request, const std::string& rootFolder);
+[[nodiscard]] PickedFormat PickFormat(const GenerateBillRequest& request, const std::string& rootFolder,
+                                      const StatementLimit& limit = {});
 
 }  // namespace tradebill

@@ -20,6 +20,7 @@
 #include "cli/input_ini.h"
 #include "cli/live_figures.h"
 #include "cli/product_tables.h"
+#include "cli/statement_size.h"
 #include "cli/usage_error.h"
 #include "driver/bill_folders.h"
 #include "driver/request_names.h"
@@ -185,7 +186,7 @@ void WarnOfUnusedTemplate(PreparedRequest& prepared) {
 }
 
 void SetFormatByMarks(PreparedRequest& prepared) {
-    const PickedFormat picked = PickFormat(prepared.request, prepared.rootFolder);
+    const PickedFormat picked = PickFormat(prepared.request, prepared.rootFolder, prepared.statementLimit);
     prepared.request.StatementFormat = picked.format;
     prepared.notes.push_back("reading format " + std::to_string(picked.format) + " (" + picked.layout +
                              "), by the marks in " + picked.file);
@@ -224,6 +225,7 @@ void DeclareReportOptions(CLI::App& command, ReportOptions& options) {
         ->type_name("FILE");
     command.add_option("--live", options.liveFile, "INI file of today's live figures: [BASE], [CURRENCY1] ...")
         ->type_name("FILE");
+    DeclareStatementLimit(command, options.maxStatement);
 }
 
 PreparedRequest PrepareRequest(const ReportOptions& given) {
@@ -239,6 +241,7 @@ PreparedRequest PrepareRequest(const ReportOptions& given) {
     const bool byMarks = SetFormat(options, request);
     request.Dpi = NumberOf(options.dpi.value_or("0"), "--dpi", 0, 1200);
     request.MarginOffsetFlag = OffsetsMargins(options) ? 1 : 0;
+    prepared.statementLimit = StatementLimitOf(options.maxStatement);
     SetDates(options, prepared);
     CheckFolders(root, request);
     SetUnits(options, request, *prepared.products);

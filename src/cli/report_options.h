@@ -8,6 +8,7 @@
 
 #include "cli/product_tables.h"
 #include "driver/report_request.h"
+#include "readers/statement_limit.h"
 #include "report/request_copy.h"
 
 namespace CLI {
@@ -32,6 +33,7 @@ struct ReportOptions {
     std::optional<std::string> unitFile;  ///< or "none"
     std::optional<std::string> productFile;
     std::optional<std::string> liveFile;
+    std::optional<std::string> maxStatement;  ///< "512M"
 };
 
 /// Declares the options on `command`; they are stored in `options` when the command line is parsed.
@@ -41,6 +43,7 @@ void DeclareReportOptions(CLI::App& command, ReportOptions& options);
 struct PreparedRequest {
     GenerateBillRequest request = ClearedRequest();
     std::string rootFolder;
+    StatementLimit statementLimit = {};
     std::unique_ptr<CProductTables> products = std::make_unique<CProductTables>();  ///< never null
     std::vector<std::string> warnings;
     std::vector<std::string> notes;  ///< what was chosen for the user

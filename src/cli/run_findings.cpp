@@ -32,18 +32,19 @@ struct OptionName {
 // Those that change what is read; what is found doesn't depend on the others.
 // clang-format off
 constexpr OptionName kOptions[] = {
-    {"--root",     &ReportOptions::root},
-    {"--request",  &ReportOptions::requestFile},
-    {"--user",     &ReportOptions::user},
-    {"--account",  &ReportOptions::account},
-    {"--from",     &ReportOptions::from},
-    {"--to",       &ReportOptions::to},
-    {"--format",   &ReportOptions::format},
-    {"--kind",     &ReportOptions::kind},
-    {"--template", &ReportOptions::templateName},
-    {"--units",    &ReportOptions::unitFile},
-    {"--products", &ReportOptions::productFile},
-    {"--live",     &ReportOptions::liveFile},
+    {"--root",          &ReportOptions::root},
+    {"--request",       &ReportOptions::requestFile},
+    {"--user",          &ReportOptions::user},
+    {"--account",       &ReportOptions::account},
+    {"--from",          &ReportOptions::from},
+    {"--to",            &ReportOptions::to},
+    {"--format",        &ReportOptions::format},
+    {"--kind",          &ReportOptions::kind},
+    {"--template",      &ReportOptions::templateName},
+    {"--units",         &ReportOptions::unitFile},
+    {"--products",      &ReportOptions::productFile},
+    {"--live",          &ReportOptions::liveFile},
+    {"--max-statement", &ReportOptions::maxStatement},
 };
 // clang-format on
 

@@ -17,6 +17,7 @@
 #include "cli/input_file.h"
 #include "cli/shown_text.h"
 #include "cli/statement_day.h"
+#include "cli/statement_size.h"
 #include "cli/usage_error.h"
 #include "findings/template_against.h"
 #include "findings/template_check.h"
@@ -30,6 +31,7 @@ void AddSample(const TemplateCheckCommand& command, const CIniFile& file, std::v
     const std::string day = DayOfStatement(command.day, path).day;
     std::optional<std::int32_t> format;
     if (command.format) format = FormatNumber(command.format, true);
+    RequireStatementWithin(path, StatementLimitOf(command.maxStatement));
     std::string text = InputFileText(path, "a statement file");
     text.resize(std::min(text.size(), text.find('\0')));
     for (TemplateFinding& finding : CheckTemplateAgainst(file, {.text = text, .day = day, .format = format})) {
@@ -53,6 +55,7 @@ CommandRun DeclareTemplateCheck(CLI::App& app) {
     app.add_option("--day", command->day, "The statement's day, yyyymmdd (default: from the file's name)")
         ->type_name("DAY")
         ->needs(against);
+    DeclareStatementLimit(app, command->maxStatement);
     return [command] { return RunTemplateCheck(*command); };
 }
 

@@ -14,12 +14,13 @@ struct TemplateCheckCommand {
     std::optional<std::string> statementFile = {};  ///< to check it against
     std::optional<std::string> format = {};         ///< of the statement; nothing: as the template looks
     std::optional<std::string> day = {};
+    std::optional<std::string> maxStatement = {};
 };
 
 [[nodiscard]] CommandRun DeclareTemplateCheck(CLI::App& app);
 
 /// Prints the findings. Returns the program's exit code: 1 if there are errors. Throws CUsageError for a format or a
-/// day that is none, and as InputFileText for its files.
+/// day that is none, as InputFileText for its files, and std::runtime_error for a statement that is too large.
 [[nodiscard]] int RunTemplateCheck(const TemplateCheckCommand& command);
 
 }  // namespace tradebill

@@ -62,7 +62,7 @@ RunResult RunWithProgress(CReport& report, const PreparedRequest& prepared, bool
     TradeTally tally;
     if (prepared.products->WantsTrades()) {
         if (progress) progress->OnStage("contract units");
-        tally = TallyTrades(prepared.request, prepared.rootFolder);
+        tally = TallyTrades(prepared.request, prepared.rootFolder, prepared.statementLimit);
         prepared.products->UseTrades(std::move(tally.units));
     }
     RunResult result = run(report, prepared.request, progress.get(), options);
@@ -89,6 +89,7 @@ int Fail(const std::string& text) {
 std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prepared, bool quiet, RunFunction* run,
                                     RunOptions options) {
     options.access = StatementAccess::ReadAlone;
+    options.statementLimit = prepared.statementLimit;
     report.RootFolder = prepared.rootFolder;
     report.ScreenWidth = DisplayWidth();
     report.Products = prepared.products.get();

@@ -89,7 +89,7 @@ bool ReadDay(CStatementLoader& loader, const DayFile& file, RunResult& result, C
 /// Reads the statements of all days, up to where the run ends.
 RunEnd ReadDays(CReport& report, const CalendarDay& today, RunResult& result, CRunWatcher* watcher,
                 const RunOptions& options) {
-    CStatementLoader loader(report, options.access);
+    CStatementLoader loader(report, options.access, options.statementLimit);
     const int days = CountDays(report.ReportDays);
     const bool sawAll = WalkDays(report.ReportDays, [&](const CalendarDay& day) {
         if (StopSeen(report.Request)) return false;

@@ -12,6 +12,7 @@
 
 #include "driver/report_request.h"
 #include "driver/run_problems.h"
+#include "readers/statement_limit.h"
 #include "readers/statement_loader.h"
 #include "report/product_unit.h"
 
@@ -53,6 +54,7 @@ struct RunOptions {
     CPageSink* copy = nullptr;               ///< gets the page too; not owned, may be null
     CStatementListener* listener = nullptr;  ///< hears what readers see; not owned, may be null
     StatementAccess access = StatementAccess::ReadAndWrite;
+    StatementLimit statementLimit = {};
     std::string outFolder = {};   ///< where page and pictures go, made if missing; empty: beside the statements
     bool needsStatement = false;  ///< nothing at all is written, and no folder made, unless a statement was read
     std::optional<int> wait =

@@ -9,6 +9,7 @@
 #include "driver/report_request.h"
 #include "platform/local_time.h"
 #include "readers/scan_listener.h"
+#include "readers/statement_limit.h"
 #include "readers/statement_loader.h"
 #include "report/records.h"
 #include "report/report.h"
@@ -19,8 +20,8 @@ namespace tradebill {
 namespace {
 
 /// `scratch` gets the days' money records, by which later statements of a known day are passed over.
-void ReadTrades(CReport& scratch, TradeTally& tally) {
-    CStatementLoader loader(scratch, StatementAccess::ReadAlone);
+void ReadTrades(CReport& scratch, const StatementLimit& limit, TradeTally& tally) {
+    CStatementLoader loader(scratch, StatementAccess::ReadAlone, limit);
     loader.WantOnlyRows(SectionKind::Trades);
     const CalendarDay today = LocalDayOf(PresentTime());
     WalkDays(scratch.ReportDays, [&](const CalendarDay& day) {
@@ -37,7 +38,7 @@ void ReadTrades(CReport& scratch, TradeTally& tally) {
 
 }  // namespace
 
-TradeTally TallyTrades(const GenerateBillRequest& request, const std::string& rootFolder) {
+TradeTally TallyTrades(const GenerateBillRequest& request, const std::string& rootFolder, const StatementLimit& limit) {
     TradeTally tally;
     CReport scratch;
     scratch.Request = CopyRequest(request);
@@ -46,7 +47,7 @@ TradeTally TallyTrades(const GenerateBillRequest& request, const std::string& ro
     scratch.TemplatePath = TemplatePath(scratch);
     try {
         scratch.ReportDays = ReportDaysOf(scratch.Request);
-        ReadTrades(scratch, tally);
+        ReadTrades(scratch, limit, tally);
     } catch (const CReportError&) {
         return tally;
     }

@@ -7,6 +7,7 @@
 
 #include "driver/report_request.h"
 #include "platform/file.h"
+#include "readers/statement_limit.h"
 #include "report/trade_units.h"
 
 namespace tradebill {
@@ -20,6 +21,7 @@ struct TradeTally {
 /// Tallies the trades of all statements that a run of `request` reads below `rootFolder`, by the same readers, from
 /// files that are opened for reading alone. Nothing of it for the foreign family, whose reports ask for no unit.
 /// Nobody is told: an error, which the run meets itself, ends it with what was tallied by then.
-[[nodiscard]] TradeTally TallyTrades(const GenerateBillRequest& request, const std::string& rootFolder);
+[[nodiscard]] TradeTally TallyTrades(const GenerateBillRequest& request, const std::string& rootFolder,
+                                     const StatementLimit& limit = {});
 
 }  // namespace tradebill

@@ -70,7 +70,8 @@ RowVerdict ShortRow(std::string_view row, std::size_t needed) {
 CSectionScan::CSectionScan(std::string_view text, SearchFrom searchFrom, CScanListener* listener)
     : text_(text), searchFrom_(searchFrom), listener_(listener) {
     constexpr std::size_t kUsualRowLength = 64;
-    rows_.reserve(text.size() / kUsualRowLength);
+    constexpr std::size_t kLargeText = 1 << 24;  // bytes, from which a list that grows takes more than a count does
+    rows_.reserve(text.size() < kLargeText ? text.size() / kUsualRowLength : CountByte(text, '\n') + 1);
     SplitText(text, "\n", rows_);
 }
 

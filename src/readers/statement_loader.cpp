@@ -7,6 +7,7 @@
 #include "platform/file.h"
 #include "readers/layout_table.h"
 #include "readers/scan_listener.h"
+#include "readers/statement_limit.h"
 #include "readers/statement_text.h"
 #include "readers/template_reader.h"
 #include "report/report.h"
@@ -39,8 +40,8 @@ StatementFile ReadFile(const std::string& path, StatementAccess access, CFileBuf
 
 }  // namespace
 
-CStatementLoader::CStatementLoader(CReport& report, StatementAccess access)
-    : report_(report), template_(report.TemplatePath), access_(access) {}
+CStatementLoader::CStatementLoader(CReport& report, StatementAccess access, const StatementLimit& limit)
+    : report_(report), template_(report.TemplatePath), access_(access), limit_(limit) {}
 
 void CStatementLoader::Read(std::string_view day, std::string_view text, CScanListener* listener) {
     StatementText statement{.day = day, .text = text, .listener = listener, .onlyRows = onlyRows_};
@@ -55,7 +56,9 @@ void CStatementLoader::Read(std::string_view day, std::string_view text, CScanLi
 }
 
 StatementFile CStatementLoader::Load(std::string_view day, const std::string& path, CStatementListener* listener) {
-    StatementFile file = ReadFile(path, access_, buffer_);
+    auto tooLarge = WhyTooLarge(path, limit_);
+    StatementFile file = tooLarge ? StatementFile{.state = StatementState::Unreadable, .reason = *std::move(tooLarge)}
+                                  : ReadFile(path, access_, buffer_);
     if (listener != nullptr) listener->OnStatement(day, path, file);
     if (file.state != StatementState::Read) return file;
     Read(day, file.text, listener);

@@ -13,6 +13,7 @@
 
 #include "platform/file.h"
 #include "readers/scan_listener.h"
+#include "readers/statement_limit.h"
 #include "readers/statement_template.h"
 
 namespace tradebill {
@@ -52,7 +53,9 @@ enum class StatementAccess {
 /// REQUIRES: the report's request, range and template path are set before, and stay.
 class CStatementLoader {
 public:
-    explicit CStatementLoader(CReport& report, StatementAccess access = StatementAccess::ReadAndWrite);
+    /// A file beyond `limit` is unreadable.
+    explicit CStatementLoader(CReport& report, StatementAccess access = StatementAccess::ReadAndWrite,
+                              const StatementLimit& limit = {});
 
     /// Passes over the rows of all tables but those of `kind` from now on (StatementText::onlyRows).
     void WantOnlyRows(SectionKind kind) { onlyRows_ = kind; }
@@ -73,6 +76,7 @@ private:
     CReport& report_;
     CTemplateFile template_;
     StatementAccess access_;
+    StatementLimit limit_;
     std::optional<SectionKind> onlyRows_;
     CFileBuffer buffer_;
 };

@@ -56,6 +56,16 @@ TEST_F(StandardInput, IsOfTodayUnlessADayIsSaid) {
     EXPECT_EQ(nlohmann::json::parse(json.out).at("day_from"), "today");
 }
 
+TEST_F(StandardInput, IsNoLargerThanAStatementMayBe) {
+    const std::string text = ReadFile(StatementFile());
+    const std::string explain = "explain - --format 1 --day 20240104 --max-statement ";
+    EXPECT_EQ(RunOn(text, explain + std::to_string(text.size())).exit, 0);
+    const std::string most = std::to_string(text.size() - 1);
+    const Answer answer = RunOn(text, explain + most);
+    EXPECT_EQ(answer.exit, 1);
+    EXPECT_EQ(answer.err, "tradebill: can't read standard input: larger than " + most + " bytes (--max-statement)\n");
+}
+
 TEST_F(StandardInput, EndsAStatementAtAZeroByteAsAFileDoes) {
     const std::string text = ReadFile(StatementFile()) + std::string(1, '\0') + "more\r\nlines\r\n";
     const std::string file = folder_.Write("zero.txt", text);
