@@ -1,0 +1,198 @@
+#!/usr/bin/env python3
+"""Has one allocation of the program or of the module fail, or all from one on, and judges what becomes of the run.
+
+Usage: allocations.py BUILD SAMPLES [--all | --seconds N] [--seed N] [--only REGEX]
+
+Of the allocations that are asked for in the same way through the code the first stands for all. Without --all some of
+them are tried, for as long as --seconds says (60), chosen by a seed that is printed. What fontconfig and the loader of
+programs do without memory is left: allocation_shim.cpp names them.
+"""
+
+import argparse
+import collections
+import concurrent.futures
+import os
+import pathlib
+import random
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+
+HANG_SECONDS = 120
+WAYS = ("", ",on")      # once, and for ever
+GOOD = ("same", "told")
+DAYS = ("--from", "2024-01-02", "--to", "2024-01-04")
+COMMON = ("layouts",)   # what all commands do before they begin is tried with these alone
+
+
+def account(sample):
+    return ("--root", f"{sample}/root", "--request", f"{sample}/request.ini", *DAYS)
+
+
+# Name, sample, arguments of the program.
+COMMANDS = (
+    ("report", "client-bill", ("report", *account("client-bill"), "--out", ".")),
+    ("documents", "fund-class", ("report", *account("fund-class"), "--out", ".", "--json", "r.json",
+                                 "--standalone", "r.html")),
+    ("foreign report", "foreign", ("report", *account("foreign"), "--out", ".", "--json", "-")),
+    ("report by template", "template-pairs", ("report", *account("template-pairs"), "--out", ".")),
+    ("check", "tabulated", ("check", *account("tabulated"), "--json", "c.json")),
+    ("chart", "client-bill", ("chart", "equity", *account("client-bill"), "-o", "c.png")),
+    ("explain", "tabulated", ("explain", "STATEMENT")),
+    ("explain, JSON", "tabulated", ("explain", "STATEMENT", "--json")),
+    ("template check", "template-pairs", ("template", "check", "TEMPLATE")),
+    ("layouts", "tabulated", ("layouts",)),
+    ("reset", "tabulated", ("reset", "page.html")),
+    ("wrong use", "tabulated", ("report", "--nonsense")),
+    ("help", "tabulated", ("report", "--help")),
+)
+# Name, sample, layout number, kind.
+MODULE_RUNS = (("module", "client-bill", "2", "1"), ("foreign module", "foreign", "0", "2"))
+
+
+class Scenario:
+    """A command, or two runs of the module, in a folder that holds what it reads."""
+
+    def __init__(self, name, sample, command):
+        self.name, self.sample, self.command = name, sample, command
+        self.is_module = False
+
+    def run(self, samples, environment):
+        """Exit code (None: it hung), both outputs, and all files that weren't there before."""
+        with tempfile.TemporaryDirectory(prefix="allocations-") as name:
+            folder = pathlib.Path(name)
+            shutil.copytree(samples / self.sample, folder / self.sample, ignore=without_later_days)
+            before = {path for path in folder.rglob("*")}
+            try:
+                ended = subprocess.run(["env", *environment, *self.arguments(folder)], cwd=folder, timeout=HANG_SECONDS,
+                                       capture_output=True, stdin=subprocess.DEVNULL, check=False)
+            except subprocess.TimeoutExpired:
+                return None, b"", b"", {}
+            made = {str(path.relative_to(folder)): path.read_bytes()
+                    for path in folder.rglob("*") if path.is_file() and path not in before}
+            return ended.returncode, ended.stdout, ended.stderr, made
+
+    def arguments(self, folder):
+        statement = next((folder / self.sample).rglob("*20240102o.txt")).relative_to(folder)
+        template = next((folder / self.sample).rglob("BillTemplate/*.ini"), folder).relative_to(folder)
+        return [{"STATEMENT": str(statement), "TEMPLATE": str(template)}.get(word, word) for word in self.command]
+
+    def judge(self, clean, ended):
+        exit_code, out, err, made = ended
+        if exit_code is None:
+            return "hung"
+        if exit_code < 0 or exit_code >= 128:
+            return "crashed"
+        if any(name.endswith(".part") for name in made):
+            return "left half a file"
+        if self.is_module:
+            return judge_module(clean, ended)
+        if ended[:2] + ended[3:] == clean[:2] + clean[3:]:
+            return "same"
+        told = err.strip() or b"out of memory" in out
+        return "told" if exit_code not in (0, clean[0]) and told else "silent"
+
+
+def without_later_days(_folder, names):
+    return [name for name in names if name.endswith("o.txt") and not re.search(r"\.2024010[2-4]o", name)]
+
+
+def pages_of(made, folder):
+    return {name.split(folder)[1]: content for name, content in made.items() if folder in name}
+
+
+def judge_module(clean, ended):
+    """The second run, without any failure, must be what it is in a process where none ever was."""
+    exit_code, out, _err, made = ended
+    if b"can't be loaded" in out:
+        return "told"
+    lines, clean_lines = (dict(line.split(b":", 1) for line in text.splitlines() if b": code " in line)
+                          for text in (out, clean[1]))
+    whole = pages_of(clean[3], "/Image/")
+    if lines.get(b"second") != clean_lines[b"second"] or pages_of(made, "/Image/") != whole:
+        return "spoilt the next run"
+    if exit_code != 0:
+        return "told"
+    is_same = lines[b"first"] == clean_lines[b"first"] and pages_of(made, "/Image.first/") == whole
+    return "same" if is_same else "silent"
+
+
+def account_number(samples, sample):
+    return re.search(r"^account=(\S+)", (samples / sample / "request.ini").read_text(), re.MULTILINE)[1]
+
+
+def scenarios(build, samples):
+    for name, sample, arguments in COMMANDS:
+        yield Scenario(name, sample, [str(build / "bin" / "tradebill"), *arguments])
+    for name, sample, layout, kind in MODULE_RUNS:
+        scenario = Scenario(name, sample, [str(build / "bin" / "module_host"), str(build / "lib" / "libtradebill.so"),
+                                           f"./././././{sample}/root", account_number(samples, sample), "2024-1-2", "2024-1-3",
+                                           layout, kind])
+        scenario.is_module = True
+        yield scenario
+
+
+def ways_of(scenario, samples, shim):
+    """Numbers of the allocations that stand for all."""
+    with tempfile.NamedTemporaryFile() as listed:
+        scenario.run(samples, [f"LD_PRELOAD={shim}", f"TRADEBILL_LIST_ALLOCATIONS={listed.name}"])
+        numbers = [int(line) for line in listed.read().split()]
+    return numbers[:-1]
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("build", type=lambda path: pathlib.Path(path).resolve())
+    parser.add_argument("samples", type=lambda path: pathlib.Path(path).resolve())
+    parser.add_argument("--all", action="store_true")
+    parser.add_argument("--seconds", type=float, default=60)
+    parser.add_argument("--seed", type=int, default=random.randrange(1 << 32))
+    parser.add_argument("--only", default="")
+    options = parser.parse_args()
+    shim = options.build / "lib" / "liballocation_shim.so"
+    chosen = [each for each in scenarios(options.build, options.samples) if re.search(options.only, each.name)]
+    clean = {each.name: each.run(options.samples, []) for each in chosen}
+    jobs = []
+    common = 0
+    for each in sorted(chosen, key=lambda scenario: scenario.name not in COMMON):
+        numbers = ways_of(each, options.samples, shim)
+        if each.name in COMMON:
+            common = len(numbers)
+        skipped = 0 if each.is_module or each.name in COMMON else common * 9 // 10
+        jobs += [(each, number, way) for number in numbers[skipped:] for way in WAYS]
+    random.seed(options.seed)
+    random.shuffle(jobs)
+    print(f"{len(jobs)} failures of {len(chosen)} scenarios, seed {options.seed}")
+    return try_all(jobs, clean, options, shim)
+
+
+def try_all(jobs, clean, options, shim):
+    end = float("inf") if options.all else time.monotonic() + options.seconds
+    table = collections.defaultdict(collections.Counter)
+    faults = []
+
+    def attempt(job):
+        scenario, number, way = job
+        if time.monotonic() > end:
+            return job, None
+        ended = scenario.run(options.samples, [f"LD_PRELOAD={shim}", f"TRADEBILL_FAIL_ALLOCATION={number}{way}"])
+        return job, scenario.judge(clean[scenario.name], ended)
+
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        for (scenario, number, way), verdict in pool.map(attempt, jobs):
+            if verdict is None:
+                continue
+            table[scenario.name][verdict] += 1
+            if verdict not in GOOD:
+                faults.append(f"{scenario.name}: {verdict} (TRADEBILL_FAIL_ALLOCATION={number}{way})")
+    for name in sorted(table):
+        print(f"{name:20}", ", ".join(f"{count} {verdict}" for verdict, count in sorted(table[name].items())))
+    print("\n".join(faults) or "none silent, none crashed, none hung, nothing left")
+    return 1 if faults or not table else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
