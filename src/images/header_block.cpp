@@ -3,12 +3,15 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "base/day.h"
 #include "base/gbk.h"
+#include "base/shortage.h"
 #include "paint/canvas.h"
 #include "paint/font.h"
 #include "paint/geometry.h"
+#include "paint/picture.h"
 #include "paint/picture_file.h"
 #include "platform/embedded_picture.h"
 #include "platform/local_time.h"
@@ -34,8 +37,15 @@ std::string DaysText(const ReportRange& days) {
     return std::string("报告期间:\r\r"_gbk) + DayText(LocalDayOf(days.first)) + "-" + DayText(LocalDayOf(days.last));
 }
 
+/// One that the module carries inside. It is there and sound: only a shortage keeps it from being read.
+CPicture OwnPicture(int id) {
+    auto picture = LoadPngResource(id);
+    if (!picture) throw CShortage("the module's own picture can't be read for now");
+    return *std::move(picture);
+}
+
 void PaintBanner(CCanvas& canvas, const HeaderBlock& block, std::int32_t y) {
-    if (const auto banner = LoadPngResource(kBannerId)) canvas.DrawPicture(*banner, {0, y});
+    canvas.DrawPicture(OwnPicture(kBannerId), {0, y});
     const CFontScope font(canvas, kHeaderFont);
     canvas.SelectTextColor(kBannerTextColor);
     const std::int32_t left = block.width - kBannerTextIndent;
@@ -44,13 +54,12 @@ void PaintBanner(CCanvas& canvas, const HeaderBlock& block, std::int32_t y) {
 }
 
 void PaintTitleBar(CCanvas& canvas, const HeaderBlock& block, std::int32_t y) {
-    const auto bar = LoadPngResource(kTitleBarId);
-    if (bar) canvas.DrawPicture(*bar, {0, y});
+    const CPicture bar = OwnPicture(kTitleBarId);
+    canvas.DrawPicture(bar, {0, y});
     const CFontScope font(canvas, kHeaderFont);
     canvas.SelectTextColor(kWhite);
-    const std::int32_t barHeight = bar ? bar->Height() : 0;
     const std::int32_t textHeight = canvas.MeasureText(kTitle).height;
-    canvas.WriteText({block.width - kTitleIndent, y + (barHeight - textHeight) / 2}, kTitle);
+    canvas.WriteText({block.width - kTitleIndent, y + (bar.Height() - textHeight) / 2}, kTitle);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "paint/gdi/gdi_text.h"
 
+#include "base/shortage.h"
 #include "paint/raster/text_engine.h"
 #include "paint/raster/turned_text.h"
 #include "platform/windows/wide_text.h"
@@ -11,9 +12,11 @@ constexpr const wchar_t* kStandInFace = L"SimSun";  // every Windows has it
 
 /// A negative height is that of the characters without the leading.
 CGdiObject MakeFont(const Font& font, std::int32_t height, DWORD charset, const wchar_t* face) {
-    return CGdiObject(::CreateFontW(height, 0, font.escapement, 0, font.weight, FALSE, FALSE, FALSE, charset,
-                                    OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH | FF_ROMAN,
-                                    face));
+    CGdiObject made(::CreateFontW(height, 0, font.escapement, 0, font.weight, FALSE, FALSE, FALSE, charset,
+                                  OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH | FF_ROMAN,
+                                  face));
+    if (made.Get() == nullptr) throw CShortage("no font can be made: the system is short of objects to paint with");
+    return made;
 }
 
 TextMetrics MetricsIn(HDC context) {
