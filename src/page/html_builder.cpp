@@ -7,10 +7,12 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "page/page_file.h"
 #include "page/page_sink.h"
 #include "page/page_text.h"
+#include "page/row_block.h"
 
 namespace tradebill {
 namespace {
@@ -40,6 +42,27 @@ std::string StyleBlock(const Style& style) {
     return block;
 }
 
+std::string AsItStands(std::string_view text) {
+    return std::string(text);
+}
+
+/// Cells with their texts written down in some way.
+class CWrittenCells {
+public:
+    CWrittenCells(std::span<const Cell> cells, std::string (*write)(std::string_view text)) {
+        texts_.reserve(cells.size());  // so that no text moves
+        for (const Cell& cell : cells) cells_.push_back({texts_.emplace_back(write(cell.text)), cell.className});
+    }
+    CWrittenCells(const CWrittenCells&) = delete;
+    CWrittenCells& operator=(const CWrittenCells&) = delete;
+
+    [[nodiscard]] std::span<const Cell> View() const { return cells_; }
+
+private:
+    std::vector<std::string> texts_;
+    std::vector<Cell> cells_;
+};
+
 }  // namespace
 
 CHtmlBuilder::CHtmlBuilder(std::string_view path, CPageSink* copy) : file_(path), copy_(copy) {}
@@ -62,9 +85,14 @@ void CHtmlBuilder::AddPictured(const std::function<std::string(const CPictureLin
     if (copy_ != nullptr) copy_->AddText(text(copy_->Links()));
 }
 
-void CHtmlBuilder::AddRows(std::string_view rows, TextKind kind) {
-    file_.Append(rows, kind);
-    if (copy_ != nullptr) copy_->AddText(rows);
+void CHtmlBuilder::AddRows(const CRowBlock& rows) {
+    file_.Append(rows.View(), rows.Kind());
+    if (copy_ == nullptr) return;
+    if (rows.HasMarkup()) {
+        copy_->AddText(rows.Escaped());
+    } else {
+        copy_->AddText(rows.View());
+    }
 }
 
 void CHtmlBuilder::AddStyle(const Style& style) {
@@ -81,11 +109,11 @@ void CHtmlBuilder::ClosePage() {
 void CHtmlBuilder::AddHeading(int level, std::string_view className, std::string_view text) {
     if (level < 1 || level > 6) {
         AddText("");
-    } else if (className.empty()) {
-        AddText(Joined("<h", level, ">", text, "</h", level, ">"));
-    } else {
-        AddText(Joined("<h", level, " class=", className, ">", text, "</h", level, ">"));
+        return;
     }
+    const std::string start =
+        className.empty() ? Joined("<h", level, ">") : Joined("<h", level, " class=", className, ">");
+    AddBoth([&](auto write) { return Joined(start, write(text), "</h", level, ">"); });
 }
 
 void CHtmlBuilder::AddAnchor(std::string_view name) {
@@ -108,19 +136,28 @@ void CHtmlBuilder::CloseTable() {
 
 void CHtmlBuilder::AddSizedRow(std::span<const Cell> cells, std::span<const std::string_view> widths,
                                std::string_view rowClass) {
-    std::string text;
-    AppendSizedRow(text, cells, widths, rowClass);
-    AddText(text);
+    AddBoth([&](auto write) {
+        std::string text;
+        AppendSizedRow(text, CWrittenCells(cells, write).View(), widths, rowClass);
+        return text;
+    });
 }
 
 void CHtmlBuilder::AddRow(std::span<const Cell> cells, std::string_view rowClass) {
-    std::string text;
-    AppendRow(text, cells, rowClass);
-    AddText(text);
+    AddBoth([&](auto write) {
+        std::string text;
+        AppendRow(text, CWrittenCells(cells, write).View(), rowClass);
+        return text;
+    });
 }
 
 void CHtmlBuilder::AddNote(std::string_view text) {
-    AddText(Joined("<p class=\"reporteptext\">", ExpandTabs(text), "</p>\r\n"));
+    AddBoth([text](auto write) { return Joined("<p class=\"reporteptext\">", write(ExpandTabs(text)), "</p>\r\n"); });
+}
+
+void CHtmlBuilder::AddBoth(const std::function<std::string(std::string (*write)(std::string_view text))>& made) {
+    file_.Append(made(&AsItStands));
+    if (copy_ != nullptr) copy_->AddText(made(&EscapedText));
 }
 
 }  // namespace tradebill

@@ -1,7 +1,8 @@
 // The only writer of the report page. The page on disk is the document: every operation opens the file, changes it and
 // closes it again, and ClosePage, which may run at any time, makes it a whole HTML document. While a page is gathered
 // the file may lag behind, and is the same in the end (page_file.h). The builder knows HTML and nothing of statements;
-// what goes into the page the sections decide (page_sections.h). All texts are GBK.
+// what goes into the page the sections decide (page_sections.h). All texts are GBK. The page has them as they stand;
+// its copy, which people send around, has those of headings, cells and notes escaped.
 //
 // A failed operation leaves the page as it is and says nothing; HasFailed tells it to whoever wants to know.
 #pragma once
@@ -16,6 +17,8 @@
 #include "page/page_text.h"
 
 namespace tradebill {
+
+class CRowBlock;
 
 /// What a style rule applies to; the numbers from 1 to 6 are heading levels.
 enum class StyleTag { None = 0, H1 = 1, H2, H3, H4, H5, H6, Div, Span, P };
@@ -61,9 +64,12 @@ public:
     void AddText(std::string_view text);
     /// Text that points at pictures: made for each place that the page goes to.
     void AddPictured(const std::function<std::string(const CPictureLinks& links)>& text);
-    /// Rows of a table: whole lines, each of which opens with a tag. `kind` tells whether any of them holds what a
-    /// closing would change.
-    void AddRows(std::string_view rows, TextKind kind);
+    /// Rows of a table.
+    ///
+    /// REQUIRES: `rows` notes markup if the page has a copy.
+    void AddRows(const CRowBlock& rows);
+    /// Whether the page goes elsewhere too.
+    [[nodiscard]] bool HasCopy() const { return copy_ != nullptr; }
 
     /// Rewrites the file so that it is a complete page. May run any number of times.
     void ClosePage();
@@ -82,6 +88,9 @@ public:
 
 private:
     friend class CPageGathering;
+
+    /// Adds what `made` makes of a way to write a text down.
+    void AddBoth(const std::function<std::string(std::string (*write)(std::string_view text))>& made);
 
     CPageFile file_;
     CPageSink* copy_;

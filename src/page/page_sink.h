@@ -22,7 +22,8 @@ public:
     [[nodiscard]] virtual std::string InScript(const CReport& report, std::string_view picture) const;
 };
 
-/// Texts are GBK. A page comes as styles and texts in their order; behind a closing an open line is ended.
+/// Texts are GBK, and markup throughout: what is to be read as it stands comes escaped. A page comes as styles and
+/// texts in their order; behind a closing an open line is ended.
 class CPageSink {
 public:
     CPageSink() = default;

@@ -19,6 +19,21 @@ void AppendRowTag(std::string& page, std::string_view rowClass) {
     }
 }
 
+std::string_view Reference(char byte) {
+    switch (byte) {
+        case '<':
+            return "&lt;";
+        case '>':
+            return "&gt;";
+        case '"':
+            return "&quot;";
+        case '\'':
+            return "&#39;";
+        default:
+            return "&amp;";
+    }
+}
+
 }  // namespace
 
 void AppendPiece(std::string& text, std::string_view piece) {
@@ -53,6 +68,19 @@ void AppendTableTag(std::string& page, std::string_view id, int width) {
     page += "<table ";
     if (width > 0) Append(page, "width = \"", width, "\" ");
     Append(page, "style=\"table-layout: fixed;\" cellspacing = \"0\" border=\"0\" id= \"", id, "\">\r\n");
+}
+
+std::string EscapedText(std::string_view text) {
+    std::string escaped;
+    escaped.reserve(text.size());
+    for (const char byte : text) {
+        if (IsMarkup(byte)) {
+            escaped += Reference(byte);
+        } else {
+            escaped += byte;
+        }
+    }
+    return escaped;
 }
 
 std::string ExpandTabs(std::string_view text) {

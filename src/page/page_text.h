@@ -1,4 +1,4 @@
-// HTML of the page's rows and tables, as text. Cell texts go in as they stand: nothing is escaped.
+// HTML of the page's rows and tables, as text. Cell texts go in as they stand: what has to be escaped is so before.
 #pragma once
 
 #include <span>
@@ -31,6 +31,14 @@ inline constexpr std::string_view kTableEnd = "</table>\r\n";
 
 /// Tabs to blanks up to the next multiple of 7 bytes, then every blank to a full-width space: a browser keeps these.
 [[nodiscard]] std::string ExpandTabs(std::string_view text);
+
+/// Whether an HTML reader may take the byte for markup. None of them is part of a character of two bytes.
+[[nodiscard]] constexpr bool IsMarkup(char byte) {
+    return byte == '<' || byte == '>' || byte == '&' || byte == '"' || byte == '\'';
+}
+
+/// `text` in a form that HTML shows as these very characters, between tags and in a quoted attribute. GBK or UTF-8.
+[[nodiscard]] std::string EscapedText(std::string_view text);
 
 /// Whole numbers between fixed words: Joined("top:", 10, "px").
 void AppendPiece(std::string& text, std::string_view piece);

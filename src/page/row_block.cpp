@@ -6,6 +6,7 @@
 #include <cstring>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -49,6 +50,7 @@ void CRowBlock::AddRow(std::span<const OpenedCell> cells, std::string_view rowCl
     }
     if (suspects != 0) kind_ = TextKind::Any;
     Put(to, kRowEnd);
+    if (notesMarkup_) NoteMarkup(cells, size_ + SizeOfRowTag(rowClass));
     size_ += size;
 }
 
@@ -63,9 +65,31 @@ void CRowBlock::AddLines(std::string_view plainLines) {
     size_ += plainLines.size();
 }
 
+std::string CRowBlock::Escaped() const {
+    std::string escaped;
+    std::size_t at = 0;
+    for (const TextPlace& text : markup_) {
+        escaped += View().substr(at, text.begin - at);
+        escaped += EscapedText(View().substr(text.begin, text.size));
+        at = text.begin + text.size;
+    }
+    escaped += View().substr(at);
+    return escaped;
+}
+
 void CRowBlock::Clear() {
     size_ = 0;
     kind_ = TextKind::PlainLines;
+    markup_.clear();
+}
+
+/// `at` is where the cells of the row begin.
+void CRowBlock::NoteMarkup(std::span<const OpenedCell> cells, std::size_t at) {
+    for (const OpenedCell& cell : cells) {
+        at += cell.opening.size();
+        if (std::ranges::any_of(cell.text, IsMarkup)) markup_.push_back({at, cell.text.size()});
+        at += cell.text.size() + kCellEnd.size();
+    }
 }
 
 /// Where the next `size` bytes go.

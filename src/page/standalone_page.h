@@ -1,5 +1,5 @@
 // The page as one file, for mail or a phone: UTF-8, with the pictures inside. It gets what the sections write as they
-// write it, so that nothing has to be looked for in a finished page, where a cell may hold what looks like markup.
+// write it, with what statements say escaped: nothing has to be looked for in a finished page.
 #pragma once
 
 #include <functional>

@@ -35,7 +35,7 @@ std::string_view BandClass(int counter) {
 
 CTableWriter::CTableWriter(CHtmlBuilder& page, const CReport& report, const TableSection& section,
                            std::span<const Heading> headings)
-    : page_(page), gathering_(page), report_(report) {
+    : page_(page), gathering_(page), report_(report), rows_(page.HasCopy()) {
     std::vector<Cell> titles;
     std::vector<std::string_view> widths;
     for (const Heading& heading : headings) {
@@ -79,7 +79,7 @@ void CTableWriter::Flush() {
 }
 
 void CTableWriter::HandOver() {
-    if (!rows_.View().empty()) page_.AddRows(rows_.View(), rows_.Kind());
+    if (!rows_.View().empty()) page_.AddRows(rows_);
     rows_.Clear();
 }
 

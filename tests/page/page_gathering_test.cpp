@@ -26,8 +26,8 @@ protected:
         const std::string opening = CellOpening("c");
         const OpenedCell cells[] = {{cell, opening}};
         rows.AddRow(cells, "band");
-        gathered_.AddRows(rows.View(), rows.Kind());
-        told_.AddRows(rows.View(), TextKind::Any);
+        gathered_.AddRows(rows);
+        told_.AddText(rows.View());
     }
     template <class Operation>
     void Both(Operation operation) {

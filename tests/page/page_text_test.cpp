@@ -44,6 +44,23 @@ TEST(ExpandTabs, CopiesEverythingElse) {
     EXPECT_EQ(Expanded("一、<b>"), "一、<b>");
 }
 
+TEST(EscapedText, ShowsMarkupAsCharacters) {
+    EXPECT_EQ(EscapedText("<svg/onload=\"a('b')\">&amp;"), "&lt;svg/onload=&quot;a(&#39;b&#39;)&quot;&gt;&amp;amp;");
+    for (const char byte : std::string_view("<>&\"'")) EXPECT_TRUE(IsMarkup(byte)) << byte;
+}
+
+TEST(EscapedText, KeepsEveryOtherByte) {
+    std::string others;
+    for (int byte = 0; byte < 256; ++byte) {
+        if (std::string_view("<>&\"'").find(static_cast<char>(byte)) == std::string_view::npos) {
+            others += static_cast<char>(byte);
+        }
+    }
+    EXPECT_EQ(others.size(), 251u);
+    EXPECT_EQ(EscapedText(others), others);
+    EXPECT_EQ(EscapedText(""), "");
+}
+
 TEST(PageText, JoinsWordsAndWholeNumbers) {
     EXPECT_EQ(Joined("top:", 10, "px; ", -3, std::string("!")), "top:10px; -3!");
     std::string text = "a";

@@ -79,5 +79,38 @@ TEST(RowBlock, IsPlainAgainOnceItIsEmpty) {
     EXPECT_EQ(block.Kind(), TextKind::PlainLines);
 }
 
+TEST(RowBlock, EscapesTheTextsOfItsCellsAlone) {
+    CRowBlock block(true);
+    block.AddLines("<table>\r\n");
+    block.AddRow(std::vector<OpenedCell>{{"a<b", "<td>"}, {"2", "<td>"}, {"", "<td>"}, {"'&\"", "<td>"}}, "band");
+    block.AddRow("<td>-</span></td>", "");
+    EXPECT_FALSE(CRowBlock(true).HasMarkup());
+    EXPECT_TRUE(block.HasMarkup());
+    block.AddRow(std::vector<OpenedCell>{{">", "<td>"}}, "");
+    EXPECT_EQ(block.Escaped(),
+              "<table>\r\n"
+              "<tr class='band'>\r\n<td>a&lt;b</span></td><td>2</span></td><td></span></td>"
+              "<td>&#39;&amp;&quot;</span></td></tr>\r\n"
+              "<tr>\r\n<td>-</span></td></tr>\r\n"
+              "<tr>\r\n<td>&gt;</span></td></tr>\r\n");
+    EXPECT_NE(block.View().find("<td>a<b</span>"), std::string_view::npos);
+}
+
+TEST(RowBlock, IsTheSameEscapedIfNoCellHasMarkup) {
+    CRowBlock block(true);
+    block.AddRow(std::vector<OpenedCell>{{"1", "<td>"}, {"\xC2\xF2 \n", "<td>"}}, "band");
+    EXPECT_FALSE(block.HasMarkup());
+    EXPECT_EQ(block.Escaped(), block.View());
+}
+
+TEST(RowBlock, ForgetsMarkupOnceItIsEmpty) {
+    CRowBlock block(true);
+    block.AddRow(std::vector<OpenedCell>{{"0123456789<", "<td>"}}, "");
+    block.Clear();
+    EXPECT_FALSE(block.HasMarkup());
+    block.AddRow(std::vector<OpenedCell>{{"1", "<td>"}}, "");
+    EXPECT_EQ(block.Escaped(), "<tr>\r\n<td>1</span></td></tr>\r\n");
+}
+
 }  // namespace
 }  // namespace tradebill::row_block_test

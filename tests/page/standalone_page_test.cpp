@@ -3,15 +3,26 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <span>
 #include <sstream>
 #include <string>
+#include <string_view>
+#include <vector>
 
+#include "base/day.h"
+#include "base/text.h"
 #include "page/html_builder.h"
 #include "page/page_fixture.h"
 #include "page/page_sections.h"
+#include "page/page_text.h"
 #include "page/row_block.h"
 #include "page/section_title.h"
 #include "page/statement_rows.h"
+#include "platform/local_time.h"
+#include "report/record_fields.h"
+#include "report/records.h"
+#include "report/statement_format.h"
 
 namespace tradebill::standalone_page_test {
 namespace {
@@ -129,20 +140,101 @@ TEST_F(StandalonePage, FoldsByTheNamesOfItsButtons) {
     EXPECT_EQ(whole.find("Image_files"), std::string::npos);
 }
 
-TEST_F(StandalonePage, ShowsCellsAsTheyStand) {
-    const std::string odd[] = {"\"Image_files\\BillShrink.png\"", "</body>", "<head>\r\n", "</html>",
-                               "\"Image_files/BillShrink.png\""};
-    for (const std::string& text : odd) {
-        const std::string body = Body([&text](CHtmlBuilder& page) {
+TEST_F(StandalonePage, ShowsTheTextsOfCellsAsTheyStand) {
+    struct Text {
+        std::string cell;
+        std::string escaped;
+    };
+    const Text texts[] = {
+        {"\"Image_files\\BillShrink.png\"", "&quot;Image_files\\BillShrink.png&quot;"},
+        {"</body>", "&lt;/body&gt;"},
+        {"<head>\r\n", "&lt;head&gt;\r\n"},
+        {"</script><script>a()", "&lt;/script&gt;&lt;script&gt;a()"},
+        {"'&lt;'", "&#39;&amp;lt;&#39;"},
+    };
+    for (const auto& [cell, escaped] : texts) {
+        const std::string body = Body([&cell](CHtmlBuilder& page) {
             page.AddText("line\r\n");
             page.ClosePage();
-            CRowBlock rows;
-            const OpenedCell cells[] = {{text, "<td>"}};
+            CRowBlock rows(page.HasCopy());
+            const OpenedCell cells[] = {{cell, "<td>"}};
             rows.AddRow(cells, "");
-            page.AddRows(rows.View(), rows.Kind());
+            page.AddRows(rows);
             page.ClosePage();
         });
-        EXPECT_EQ(body, "line\r\n<tr>\r\n<td>" + text + "</span></td></tr>\r\n");
+        EXPECT_EQ(body, "line\r\n<tr>\r\n<td>" + escaped + "</span></td></tr>\r\n");
+    }
+}
+
+TEST_F(StandalonePage, ShowsTheTextsOfHeadingsRowsAndNotesAsTheyStand) {
+    const std::vector<Cell> cells = {{"<b>", "c"}, {"2", "c"}};
+    const std::vector<std::string_view> widths = {"1%", "2%"};
+    const std::string body = Body([&](CHtmlBuilder& page) {
+        page.AddHeading(2, "", "<b>");
+        page.AddHeading(3, "c", "&");
+        page.AddNote("<b>");
+        page.AddRow(cells, "");
+        page.AddSizedRow(cells, widths, "r");
+    });
+    EXPECT_EQ(body,
+              "<h2>&lt;b&gt;</h2><h3 class=c>&amp;</h3><p class=\"reporteptext\">&lt;b&gt;</p>\r\n"
+              "<tr>\r\n" +
+                  CellOpening("c") + "&lt;b&gt;</span></td>" + CellOpening("c") +
+                  "2</span></td></tr>\r\n<tr class='r'>\r\n"
+                  "<td style=\"padding:5px 0px; \" width=\"1%\"><span class='c'>&lt;b&gt;</span></td>"
+                  "<td style=\"padding:5px 0px; \" width=\"2%\"><span class='c'>2</span></td></tr>\r\n");
+    EXPECT_NE(Page().find("<h2><b></h2><h3 class=c>&</h3><p class=\"reporteptext\"><b></p>\r\n"), std::string::npos);
+}
+
+// A lead byte without its second one must not take the byte behind it along: neither markup of the page behind the
+// cell, nor what is escaped within.
+TEST_F(StandalonePage, LetsNoBrokenCharacterTakeMarkupAlong) {
+    for (int lead = 0x80; lead <= 0xFF; ++lead) {
+        for (const std::string behind : {"", "<", ">", "&", "'", "\""}) {
+            const std::string cell = static_cast<char>(lead) + behind;
+            const std::string body = Body([&cell](CHtmlBuilder& page) {
+                CRowBlock rows(true);
+                const OpenedCell cells[] = {{cell, "<td>"}};
+                rows.AddRow(cells, "");
+                page.AddRows(rows);
+            });
+            EXPECT_EQ(body, "<tr>\r\n<td>\uFFFD" + EscapedText(behind) + "</span></td></tr>\r\n") << lead << behind;
+        }
+    }
+}
+
+template <class Record>
+void FillWith(Record& record, std::span<const TextField<Record>> fields, std::string_view text) {
+    for (const TextField<Record>& field : fields) {
+        if (field.name == "BILL_DATE") continue;  // of the file's name, never of the statement
+        CopyText(field.bytes(record).data(), text);
+    }
+}
+
+std::size_t CountOf(std::string_view text, std::string_view what) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(what); at != std::string_view::npos; at = text.find(what, at + 1)) ++count;
+    return count;
+}
+
+TEST_F(StandalonePage, EscapesEveryFieldOfEveryFormat) {
+    constexpr std::string_view kHostile = "<i>'";
+    FillWith<MatchRecord>(AddTrade(report, {{"BILL_DATE", "20240102"}}), kMatchFields, kHostile);
+    FillWith<PingDetail>(AddClosed(report, {{"BILL_DATE", "20240102"}}), kPingFields, kHostile);
+    FillWith<OpiDetail>(AddLot(report, {{"BILL_DATE", "20240102"}}), kOpiDetailFields, kHostile);
+    FillWith<OpiSum>(AddPosition(report, {{"BILL_DATE", "20240102"}}), kOpiSumFields, kHostile);
+    AddTally(report, kHostile, kHostile, kHostile).LONG_COUNT = 1;
+    report.ReportDays.first = report.ReportDays.last = MidnightOf({2024, 1, 2});
+    for (const int kind : {1, 2}) {
+        for (const StatementFormat& format : StatementFormats()) {
+            report.Request.StatementKind = kind;
+            report.Request.StatementFormat = format.number;
+            const std::string whole = Whole([this](CHtmlBuilder& page) { AddPageSections(page, report); });
+            const std::size_t shown = CountOf(Page(), kHostile);
+            EXPECT_GE(shown, 20u) << kind << " " << format.number;
+            EXPECT_EQ(CountOf(whole, "&lt;i&gt;&#39;"), shown) << kind << " " << format.number;
+            EXPECT_EQ(CountOf(whole, "<i>"), 0u) << kind << " " << format.number;
+        }
     }
 }
 
