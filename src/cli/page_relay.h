@@ -19,11 +19,11 @@ namespace tradebill {
 /// a thread to be had everything is handed on at once.
 class CPageRelay final : public CPageSink {
 public:
-    /// `sink` must outlive this. It is called from the other thread, but for Links().
+    /// `sink` must outlive this. It is called from the other thread, but for Form().
     explicit CPageRelay(CPageSink& sink);
     ~CPageRelay() override;
 
-    [[nodiscard]] const CPictureLinks& Links() const override { return sink_.Links(); }
+    [[nodiscard]] const CPageForm& Form() const override { return sink_.Form(); }
     void AddStyle(std::string_view block) override;
     void AddText(std::string_view text) override;
     void ClosePage() override;

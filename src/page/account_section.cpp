@@ -7,9 +7,9 @@
 #include "driver/report_request.h"
 #include "images/picture_names.h"
 #include "page/html_builder.h"
+#include "page/page_form.h"
 #include "page/page_pictures.h"
 #include "page/page_sections.h"
-#include "page/page_sink.h"
 #include "page/page_text.h"
 #include "paint/font.h"
 #include "paint/picture_file.h"
@@ -29,68 +29,70 @@ std::string BlockStart(std::string_view id) {
     return Joined("<div id = \"", id, "\" style=\"position:relative;\">\r\n");
 }
 
-/// A report, and how the text at hand points at its pictures.
-struct PicturedReport {
+/// A report, and the form of the page that the text at hand goes to.
+struct FormedReport {
     const CReport& report;
-    const CPictureLinks& links;
+    const CPageForm& form;
 
-    [[nodiscard]] std::string LinkTo(std::string_view picture) const { return links.InPage(report, picture); }
+    [[nodiscard]] std::string AddressOf(std::string_view picture) const { return form.PictureAddress(report, picture); }
 };
 
 /// At the size that it was made in.
-std::string Image(const PicturedReport& pictured, std::string_view picture, std::string_view alt) {
-    const PictureSize size = SizeOf(pictured.report, picture);
+std::string Image(const FormedReport& formed, std::string_view picture, std::string_view alt) {
+    const PictureSize size = SizeOf(formed.report, picture);
     return Joined("<img border=\"0\" style=\"width:", size.width, "px; height:", size.height, "px; \" src=\"",
-                  pictured.LinkTo(picture), "\" alt=\"", alt, "\" />\r\n");
+                  formed.AddressOf(picture), "\" alt=\"", alt, "\" />\r\n");
 }
 
 std::string PlacedStart(int top, int left) {
     return Joined("<div style=\"position:absolute; top:", top, "px; left:", left, "px;\">\r\n");
 }
 
-std::string LinkStart(std::string_view href) {
-    return Joined("<a href = \"", href, "\"> \r\n");
+/// Of a link that looks like one and does nothing, as `script` does.
+std::string LinkStart(const FormedReport& formed, std::string_view script) {
+    return Joined("<a href = \"", formed.form.LinkAddress(script), "\"> \r\n");
 }
 
 /// The banner with the section's title and button on the blue bar.
-std::string SummaryBlock(const PicturedReport& pictured) {
-    const CReport& report = pictured.report;
+std::string SummaryBlock(const FormedReport& formed) {
+    const CReport& report = formed.report;
     const PictureSize banner = ScaledSizeOf(report, kAccountSummary);
     const PictureSize button = ScaledSizeOf(report, kShrinkPicture);
     const TextExtent title = MeasureTitle(report, kTitle);
     const int top = report.Scaled(108);
     const int left = report.Scaled(730);
-    std::string text =
-        "<div style=\"position:relative; -moz-user-select:-moz-none; \"  onselectstart=\"return false;\" >\r\n";
+    const std::string fold = formed.form.FoldAttribute(report, "clicksummary");
+    std::string text = Joined("<div style=\"position:relative; -moz-user-select:-moz-none; \"  ",
+                              formed.form.UnmarkableAttribute(), " >\r\n");
     Append(text, "<img border=\"0\" style=\"position:relative; letf:0px; top:0px; width:", banner.width,
-           "px; height:", banner.height, "px; \" src=\"", pictured.LinkTo(kAccountSummary), "\" alt=\"", kTitle,
+           "px; height:", banner.height, "px; \" src=\"", formed.AddressOf(kAccountSummary), "\" alt=\"", kTitle,
            "\" />\r\n");
     Append(text, "<div style = \"cursor:hand; position:absolute; top:", top, "px; left:", left,
-           "px; width:", title.width + 10, "px; \" class = \"titletext\" onclick = \"clicksummary()\" >", kTitle,
-           kBlockEnd);
+           "px; width:", title.width + 10, "px; \" class = \"titletext\" ", fold, " >", kTitle, kBlockEnd);
     Append(text, "<img style = \"cursor:hand; width:", button.width, "px; height:", button.height,
            "px; position:absolute; top:", top + (title.height - button.height) / 2, "px; left:", left + title.width,
-           "px; \" id = \"summarybtn\" onclick = \"clicksummary()\" border=\"0\" src=\"",
-           pictured.LinkTo(kShrinkPicture), "\" alt=\"\" />\r\n", kBlockEnd);
+           "px; \" id = \"summarybtn\" ", fold, " border=\"0\" src=\"", formed.AddressOf(kShrinkPicture),
+           "\" alt=\"\" />\r\n", kBlockEnd);
     return text;
 }
 
 /// The account table with the equity chart over it.
-std::string AccountBlock(const PicturedReport& pictured) {
-    const CReport& report = pictured.report;
-    return Joined(BlockStart("account"), Image(pictured, kAccountDetail, "账户明细"_gbk),
-                  PlacedStart(report.Scaled(kChartTop), report.Scaled(kChartLeft)), LinkStart("javascript:void(0)"),
-                  Image(pictured, kAccountFigure, "权益走势图"_gbk), kLinkEnd, kBlockEnd, kBlockEnd);
+std::string AccountBlock(const FormedReport& formed) {
+    const CReport& report = formed.report;
+    return Joined(BlockStart("account"), Image(formed, kAccountDetail, "账户明细"_gbk),
+                  PlacedStart(report.Scaled(kChartTop), report.Scaled(kChartLeft)),
+                  LinkStart(formed, "javascript:void(0)"), Image(formed, kAccountFigure, "权益走势图"_gbk), kLinkEnd,
+                  kBlockEnd, kBlockEnd);
 }
 
 /// The statistics panel with both yield charts over it, the second one below the first. One end serves both links.
-std::string StatisticsBlock(const PicturedReport& pictured) {
-    const CReport& report = pictured.report;
-    return Joined(BlockStart("tabStatistics"), Image(pictured, kAccountStatics, kTitle),
-                  PlacedStart(report.Scaled(kChartTop), report.Scaled(kChartLeft)), LinkStart("javascript:void(2)"),
-                  Image(pictured, kHealthFigure, "资金收益图"_gbk), PlacedStart(report.Scaled(kSecondChartTop), 0),
-                  LinkStart("javascript:void(3)"), Image(pictured, kRiskFigure, "交易收益率"_gbk), kLinkEnd, kBlockEnd,
-                  kBlockEnd, kBlockEnd);
+std::string StatisticsBlock(const FormedReport& formed) {
+    const CReport& report = formed.report;
+    return Joined(BlockStart("tabStatistics"), Image(formed, kAccountStatics, kTitle),
+                  PlacedStart(report.Scaled(kChartTop), report.Scaled(kChartLeft)),
+                  LinkStart(formed, "javascript:void(2)"), Image(formed, kHealthFigure, "资金收益图"_gbk),
+                  PlacedStart(report.Scaled(kSecondChartTop), 0), LinkStart(formed, "javascript:void(3)"),
+                  Image(formed, kRiskFigure, "交易收益率"_gbk), kLinkEnd, kBlockEnd, kBlockEnd, kBlockEnd);
 }
 
 /// One picture in a block of its own.
@@ -98,14 +100,14 @@ struct ImageBlock {
     std::string_view picture;
     std::string_view id;
     std::string_view alt;
-    std::string_view href = {};  ///< of the link that it is; none if empty
+    std::string_view script = {};  ///< of the link that it is; none if empty
 };
 
-std::string TextOf(const PicturedReport& pictured, const ImageBlock& block) {
+std::string TextOf(const FormedReport& formed, const ImageBlock& block) {
     std::string text = BlockStart(block.id);
-    if (!block.href.empty()) text += LinkStart(block.href);
-    text += Image(pictured, block.picture, block.alt);
-    if (!block.href.empty()) text += kLinkEnd;
+    if (!block.script.empty()) text += LinkStart(formed, block.script);
+    text += Image(formed, block.picture, block.alt);
+    if (!block.script.empty()) text += kLinkEnd;
     text += kBlockEnd;
     return text;
 }
@@ -133,19 +135,19 @@ void CloseSection(CHtmlBuilder& page, const CReport& report) {
 }  // namespace
 
 bool AddAccountSection(CHtmlBuilder& page, const CReport& report) {
-    page.AddPictured([&report](const CPictureLinks& links) {
-        const PicturedReport pictured{report, links};
-        return SummaryBlock(pictured) + AccountBlock(pictured) + StatisticsBlock(pictured);
+    page.AddByForm([&report](const CPageForm& form) {
+        const FormedReport formed{report, form};
+        return SummaryBlock(formed) + AccountBlock(formed) + StatisticsBlock(formed);
     });
     CloseSection(page, report);
     return true;
 }
 
 bool AddForeignAccountSection(CHtmlBuilder& page, const CReport& report) {
-    page.AddPictured([&report](const CPictureLinks& links) {
-        const PicturedReport pictured{report, links};
-        return SummaryBlock(pictured) + TextOf(pictured, kForeignDetail) + TextOf(pictured, kForeignFigure) +
-               StatisticsBlock(pictured);
+    page.AddByForm([&report](const CPageForm& form) {
+        const FormedReport formed{report, form};
+        return SummaryBlock(formed) + TextOf(formed, kForeignDetail) + TextOf(formed, kForeignFigure) +
+               StatisticsBlock(formed);
     });
     CloseSection(page, report);
     return true;

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "page/page_file.h"
+#include "page/page_form.h"
 #include "page/page_sink.h"
 #include "page/page_text.h"
 #include "page/row_block.h"
@@ -80,9 +81,9 @@ void CHtmlBuilder::AddText(std::string_view text) {
     if (copy_ != nullptr) copy_->AddText(text);
 }
 
-void CHtmlBuilder::AddPictured(const std::function<std::string(const CPictureLinks& links)>& text) {
-    file_.Append(text(CPictureLinks()));
-    if (copy_ != nullptr) copy_->AddText(text(copy_->Links()));
+void CHtmlBuilder::AddByForm(const std::function<std::string(const CPageForm& form)>& text) {
+    file_.Append(text(CPageForm()));
+    if (copy_ != nullptr) copy_->AddText(text(copy_->Form()));
 }
 
 void CHtmlBuilder::AddRows(const CRowBlock& rows) {

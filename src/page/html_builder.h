@@ -18,6 +18,7 @@
 
 namespace tradebill {
 
+class CPageForm;
 class CRowBlock;
 
 /// What a style rule applies to; the numbers from 1 to 6 are heading levels.
@@ -62,8 +63,8 @@ public:
     void AddNote(std::string_view text);
     /// Text as it stands, at the end of the file.
     void AddText(std::string_view text);
-    /// Text that points at pictures: made for each place that the page goes to.
-    void AddPictured(const std::function<std::string(const CPictureLinks& links)>& text);
+    /// Text in which pages differ: made for each place that the page goes to.
+    void AddByForm(const std::function<std::string(const CPageForm& form)>& text);
     /// Rows of a table.
     ///
     /// REQUIRES: `rows` notes markup if the page has a copy.

@@ -1,6 +1,8 @@
 #include "page/page_scripts.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <span>
 #include <string>
 #include <string_view>
@@ -8,7 +10,8 @@
 #include "base/gbk.h"
 #include "images/picture_names.h"
 #include "page/html_builder.h"
-#include "page/page_sink.h"
+#include "page/page_form.h"
+#include "page/page_pictures.h"
 #include "page/page_text.h"
 #include "report/report.h"
 
@@ -17,13 +20,6 @@ namespace {
 
 // The scripts fold and unfold the sections; the classes are the whole visual vocabulary of tables, titles and notes.
 // Odd names among them are part of the page.
-
-/// A script function that shows or hides its targets; the button's own picture is the state.
-struct FoldScript {
-    std::string_view function;
-    std::string_view buttonId;
-    std::span<const std::string_view> targets;
-};
 
 constexpr std::string_view kForeignSummary[] = {"AccountDetail", "AccountFigure", "tabStatistics"};
 constexpr std::string_view kSummary[] = {"account", "tabStatistics"};
@@ -56,26 +52,23 @@ std::string ShowTargets(const FoldScript& script, std::string_view display) {
     return text;
 }
 
-std::string ScriptText(const CReport& report, const FoldScript& script, const CPictureLinks& links) {
+std::string ScriptText(const CReport& report, const FoldScript& script) {
     std::string text = Joined("function ", script.function, "()\r\n{\r\n");
     Append(text, "element=document.getElementById('", script.buttonId, "');\r\n");
     for (std::size_t i = 0; i < script.targets.size(); ++i) {
         Append(text, Variable(i), "=document.getElementById('", script.targets[i], "');\r\n");
     }
     Append(text, "if (element.src.match(\"BillShrink\"))\r\n{\r\n");
-    Append(text, "element.src=\"", links.InScript(report, kExpandPicture), "\";\r\n", ShowTargets(script, "none"));
+    Append(text, "element.src=\"", ScriptPicturePath(report, kExpandPicture), "\";\r\n", ShowTargets(script, "none"));
     Append(text, "}\r\nelse\r\n{\r\n");
-    Append(text, "element.src=\"", links.InScript(report, kShrinkPicture), "\";\r\n", ShowTargets(script, "block"));
+    Append(text, "element.src=\"", ScriptPicturePath(report, kShrinkPicture), "\";\r\n", ShowTargets(script, "block"));
     text += "}\r\n}\r\n";
     return text;
 }
 
-std::string AllScripts(const CReport& report, const CPictureLinks& links) {
-    std::string text = "<script>\r\n";
-    text += ScriptText(report, report.IsForeign() ? kForeignSummaryScript : kSummaryScript, links);
-    for (const FoldScript& script : kFoldScripts) text += ScriptText(report, script, links);
-    text += "</script>\r\n";
-    return text;
+/// Of the account's pictures.
+const FoldScript& SummaryScript(const CReport& report) {
+    return report.IsForeign() ? kForeignSummaryScript : kSummaryScript;
 }
 
 constexpr std::string_view kSong = "宋体"_gbk;
@@ -139,8 +132,22 @@ constexpr Style kStyles[] = {
 
 }  // namespace
 
+const FoldScript* FindFoldScript(const CReport& report, std::string_view function) {
+    if (function == SummaryScript(report).function) return &SummaryScript(report);
+    const auto* const found = std::ranges::find(kFoldScripts, function, &FoldScript::function);
+    return found == std::end(kFoldScripts) ? nullptr : found;
+}
+
+std::string FoldScripts(const CReport& report) {
+    std::string text = "<script>\r\n";
+    text += ScriptText(report, SummaryScript(report));
+    for (const FoldScript& script : kFoldScripts) text += ScriptText(report, script);
+    text += "</script>\r\n";
+    return text;
+}
+
 void AddPageScripts(CHtmlBuilder& page, const CReport& report) {
-    page.AddPictured([&report](const CPictureLinks& links) { return AllScripts(report, links); });
+    page.AddByForm([&report](const CPageForm& form) { return form.Scripts(report); });
     for (Style style : kStyles) {
         style.size = style.size > 0 ? report.Scaled(style.size) : style.size;
         page.AddStyle(style);

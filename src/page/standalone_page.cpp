@@ -10,6 +10,9 @@
 
 #include "images/picture_names.h"
 #include "page/page_closing.h"
+#include "page/page_scripts.h"
+#include "page/page_text.h"
+#include "page/standalone_script.h"
 #include "platform/file.h"
 #include "platform/text_encoding.h"
 #include "report/report.h"
@@ -38,6 +41,14 @@ bool IsSaved(const CReportDocument& document, std::string_view picture) {
     return std::ranges::find(saved, picture, &SavedPicture::name) != saved.end();
 }
 
+/// What the page may do: show pictures that it holds, look as its styles say, run its own script. Nothing is fetched,
+/// sent or framed. It holds for what stands behind it.
+std::string PolicyLine() {
+    return Joined(
+        "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; img-src data:; script-src '",
+        StandaloneScriptHash(), "'; style-src 'unsafe-inline'; base-uri 'none'; form-action 'none'\">\r\n");
+}
+
 void Write(std::ostream& out, std::string_view utf8) {
     out.write(utf8.data(), static_cast<std::streamsize>(utf8.size()));
 }
@@ -56,14 +67,40 @@ std::string CHeldPictures::DataAddress(const CReport& report, std::string_view p
            Base64(content.bytes);
 }
 
-std::string CHeldPictures::InPage(const CReport& report, std::string_view picture) const {
+std::string CHeldPictures::AddressOf(const CReport& report, std::string_view picture) const {
     const auto found = addresses_.find(picture);
     if (found != addresses_.end()) return found->second;
     return addresses_.emplace(picture, DataAddress(report, picture)).first->second;
 }
 
-std::string CHeldPictures::InScript(const CReport& report, std::string_view picture) const {
-    return InPage(report, picture);
+std::string CStandaloneForm::PictureAddress(const CReport& report, std::string_view picture) const {
+    return pictures_.AddressOf(report, picture);
+}
+
+std::string_view CStandaloneForm::LinkAddress(std::string_view /*script*/) const {
+    return "#";  // the page's script keeps it from leading to the top
+}
+
+std::string CStandaloneForm::FoldAttribute(const CReport& report, std::string_view function) const {
+    const FoldScript* const script = FindFoldScript(report, function);
+    if (script == nullptr) return {};
+    std::string text = Joined("data-button=\"", script->buttonId, "\" data-parts=\"");
+    std::string_view separator;
+    for (const std::string_view part : script->targets) {
+        Append(text, separator, part);
+        separator = " ";
+    }
+    text += '"';
+    return text;
+}
+
+std::string_view CStandaloneForm::UnmarkableAttribute() const {
+    return "data-unmarkable";
+}
+
+std::string CStandaloneForm::Scripts(const CReport& report) const {
+    return Joined("<script data-shrink=\"", PictureAddress(report, kShrinkPicture), "\" data-expand=\"",
+                  PictureAddress(report, kExpandPicture), "\">", StandaloneScript(), "</script>\r\n");
 }
 
 void CStandalonePage::AddStyle(std::string_view block) {
@@ -101,6 +138,7 @@ void CStandalonePage::StartBody() {
     Write(out_, "<html>\r\n");
     Write(out_, kHeadStart);
     Write(out_, "<meta charset=\"utf-8\">\r\n");
+    Write(out_, PolicyLine());
     Write(out_, GbkToUtf8(title));
     Write(out_, GbkToUtf8(styles_));
     Write(out_, kHeadEndLine);

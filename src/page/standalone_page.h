@@ -1,5 +1,6 @@
-// The page as one file, for mail or a phone: UTF-8, with the pictures inside. It gets what the sections write as they
-// write it, with what statements say escaped: nothing has to be looked for in a finished page.
+// The page as one file, for mail or a phone: UTF-8, with the pictures inside. No script runs in it but its own. It gets
+// what the sections write as they write it, with what statements say escaped: nothing has to be looked for in a
+// finished page.
 #pragma once
 
 #include <functional>
@@ -9,19 +10,19 @@
 #include <string>
 #include <string_view>
 
+#include "page/page_form.h"
 #include "page/page_sink.h"
 #include "platform/file.h"
 
 namespace tradebill {
 
-/// Points at pictures by holding them: "data:image/png;name=BillShrink.png;base64,...". They bear their names, by which
-/// the page's scripts tell the two buttons apart. A picture that isn't there is empty.
+/// Pictures as the addresses that hold them: "data:image/png;name=BillShrink.png;base64,...". They bear their names, by
+/// which the page's script tells the two buttons apart. A picture that isn't there is empty.
 ///
 /// REQUIRES: the report's pictures are saved.
-class CHeldPictures final : public CPictureLinks {
+class CHeldPictures {
 public:
-    [[nodiscard]] std::string InPage(const CReport& report, std::string_view picture) const override;
-    [[nodiscard]] std::string InScript(const CReport& report, std::string_view picture) const override;
+    [[nodiscard]] std::string AddressOf(const CReport& report, std::string_view picture) const;
 
     /// A picture that was saved and couldn't be read back, which is empty too; the first of them.
     [[nodiscard]] const std::optional<UnreadFile>& Lost() const { return lost_; }
@@ -33,12 +34,30 @@ private:
     mutable std::map<std::string, std::string, std::less<>> addresses_;  // by picture
 };
 
+/// A policy keeps all handlers from running that stand in attributes, since no hash covers them: what answers a click
+/// is told by attributes that the page's script reads (standalone_script.js).
+///
+/// REQUIRES: the report's pictures are saved.
+class CStandaloneForm final : public CPageForm {
+public:
+    [[nodiscard]] std::string PictureAddress(const CReport& report, std::string_view picture) const override;
+    [[nodiscard]] std::string_view LinkAddress(std::string_view script) const override;
+    [[nodiscard]] std::string FoldAttribute(const CReport& report, std::string_view function) const override;
+    [[nodiscard]] std::string_view UnmarkableAttribute() const override;
+    [[nodiscard]] std::string Scripts(const CReport& report) const override;
+
+    [[nodiscard]] const CHeldPictures& Pictures() const { return pictures_; }
+
+private:
+    CHeldPictures pictures_;
+};
+
 class CStandalonePage final : public CPageSink {
 public:
     /// Writes to `out`, which must outlive it and tells whether all of it could be written.
     explicit CStandalonePage(std::ostream& out) : out_(out) {}
 
-    [[nodiscard]] const CPictureLinks& Links() const override { return links_; }
+    [[nodiscard]] const CPageForm& Form() const override { return form_; }
     void AddStyle(std::string_view block) override;
     void AddText(std::string_view text) override;
     void ClosePage() override;
@@ -47,13 +66,13 @@ public:
     void Finish();
 
     /// A picture that the page lacks, though it was saved, or nothing.
-    [[nodiscard]] const std::optional<UnreadFile>& LostPicture() const { return links_.Lost(); }
+    [[nodiscard]] const std::optional<UnreadFile>& LostPicture() const { return form_.Pictures().Lost(); }
 
 private:
     void StartBody();
 
     std::ostream& out_;
-    CHeldPictures links_;
+    CStandaloneForm form_;
     std::string styles_;
     std::string unstarted_;  // the body before the head is complete
     bool hasStarted_ = false;

@@ -6,13 +6,15 @@
 #include <string>
 #include <thread>
 
+#include "page/page_form.h"
+
 namespace tradebill::page_relay_test {
 namespace {
 
 /// Writes down what it gets, and throws at the text "throw".
 class CNotes final : public CPageSink {
 public:
-    [[nodiscard]] const CPictureLinks& Links() const override { return links_; }
+    [[nodiscard]] const CPageForm& Form() const override { return form_; }
     void AddStyle(std::string_view block) override { Note("style " + std::string(block)); }
     void AddText(std::string_view text) override {
         if (text == "throw") throw std::runtime_error("thrown");
@@ -28,13 +30,13 @@ private:
         notes += what + "\n";
         thread = std::this_thread::get_id();
     }
-    CPictureLinks links_;
+    CPageForm form_;
 };
 
 TEST(PageRelay, HandsEverythingOnInItsOrder) {
     CNotes notes;
     CPageRelay relay(notes);
-    EXPECT_EQ(&relay.Links(), &notes.Links());
+    EXPECT_EQ(&relay.Form(), &notes.Form());
     std::string expected;
     for (int i = 0; i < 1000; ++i) {
         const std::string number = std::to_string(i);

@@ -16,6 +16,7 @@
 #include "base/day.h"
 #include "page/html_builder.h"
 #include "page/page_fixture.h"
+#include "page/page_form.h"
 #include "page/page_sink.h"
 #include "page/statement_rows.h"
 #include "support/host_objects.h"
@@ -141,7 +142,7 @@ class CStoppingSink final : public CPageSink {
 public:
     explicit CStoppingSink(HostEventHandle stop) : stop_(stop) {}
 
-    [[nodiscard]] const CPictureLinks& Links() const override { return links_; }
+    [[nodiscard]] const CPageForm& Form() const override { return form_; }
     void AddStyle(std::string_view /*block*/) override {}
     void AddText(std::string_view text) override {
         constexpr std::size_t kManyRows = std::size_t{300} * 1024;
@@ -153,7 +154,7 @@ public:
 private:
     HostEventHandle stop_;
     std::size_t bytes_ = 0;
-    CPictureLinks links_;
+    CPageForm form_;
 };
 
 /// A host that looks at the page as soon as the answer is there.

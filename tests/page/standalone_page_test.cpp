@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <sstream>
@@ -17,7 +18,7 @@
 #include "page/page_sections.h"
 #include "page/page_text.h"
 #include "page/row_block.h"
-#include "page/section_title.h"
+#include "page/standalone_script.h"
 #include "page/statement_rows.h"
 #include "platform/local_time.h"
 #include "report/record_fields.h"
@@ -27,9 +28,18 @@
 namespace tradebill::standalone_page_test {
 namespace {
 
-const std::string kBefore =
-    "<html>\r\n<head>\r\n<meta charset=\"utf-8\">\r\n<title> 交易及账单报告 </title>\r\n</head>\r\n<body>\r\n";
+const std::string kPolicy =
+    "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; img-src data:; script-src '" +
+    std::string(StandaloneScriptHash()) + "'; style-src 'unsafe-inline'; base-uri 'none'; form-action 'none'\">\r\n";
+const std::string kBefore = "<html>\r\n<head>\r\n<meta charset=\"utf-8\">\r\n" + kPolicy +
+                            "<title> 交易及账单报告 </title>\r\n</head>\r\n<body>\r\n";
 const std::string kBehind = "</body>\r\n</html>\r\n";
+
+std::size_t CountOf(std::string_view text, std::string_view what) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(what); at != std::string_view::npos; at = text.find(what, at + 1)) ++count;
+    return count;
+}
 
 class StandalonePage : public PageFixture {
 protected:
@@ -55,7 +65,7 @@ protected:
         EXPECT_TRUE(text.starts_with(kBefore) && text.ends_with(kBehind)) << text;
         return text.substr(kBefore.size(), text.size() - kBefore.size() - kBehind.size());
     }
-    std::string LinkTo(const std::string& picture) { return CHeldPictures().InPage(report, picture); }
+    std::string LinkTo(const std::string& picture) { return CHeldPictures().AddressOf(report, picture); }
 };
 
 TEST_F(StandalonePage, IsUtf8AndSaysSo) {
@@ -92,14 +102,13 @@ TEST_F(StandalonePage, EndsOpenLinesWhereThePageIsClosed) {
 TEST_F(StandalonePage, HoldsItsPictures) {
     EXPECT_EQ(LinkTo("BillShrink.png"), "data:image/png;name=BillShrink.png;base64,YWJjZA==");
     EXPECT_EQ(LinkTo("AccountSummary.jpg"), "data:image/jpeg;name=AccountSummary.jpg;base64,YWI=");
-    EXPECT_EQ(CHeldPictures().InScript(report, "BillShrink.png"), LinkTo("BillShrink.png"));
     EXPECT_EQ(LinkTo("HealthFigure.jpg"), "data:image/jpeg;name=HealthFigure.jpg;base64,");  // isn't there
 }
 
 TEST_F(StandalonePage, TellsAPictureThatWasSavedAndCantBeReadBack) {
     const auto lost = [this](const char* picture) {
         const CHeldPictures pictures;
-        EXPECT_TRUE(pictures.InPage(report, picture).ends_with("base64,")) << picture;
+        EXPECT_TRUE(pictures.AddressOf(report, picture).ends_with("base64,")) << picture;
         return pictures.Lost();
     };
     EXPECT_FALSE(lost("HealthFigure.jpg"));  // couldn't be saved, and nobody says that it could
@@ -114,30 +123,79 @@ TEST_F(StandalonePage, TellsAPictureThatWasSavedAndCantBeReadBack) {
     std::ostringstream out;
     CStandalonePage page(out);
     EXPECT_FALSE(page.LostPicture());
-    page.Links().InPage(report, "RiskFigure.jpg");
+    EXPECT_TRUE(page.Form().PictureAddress(report, "RiskFigure.jpg").ends_with("base64,"));
     EXPECT_TRUE(page.LostPicture());
 }
 
-TEST_F(StandalonePage, PutsThemWhereThePageHasPaths) {
-    const auto add = [this](CHtmlBuilder& page) { AddAccountSection(page, report); };
-    std::string body = Body(add);
+TEST_F(StandalonePage, DiffersFromThePageInItsFormAlone) {
+    AddClosed(report, {{"BILL_DATE", "20240102"}, {"CONTRACT", "铜"}, {"MATCH_VOL", "3"}});
+    const std::string body = Body([this](CHtmlBuilder& page) {
+        AddAccountSection(page, report);
+        AddOffsetSection(page, report);
+    });
     std::string told = Page().substr(ClosedPage("").size() - kBehind.size());
     told.resize(told.size() - kBehind.size());
-    for (const char* const picture : {"BillShrink.png", "AccountSummary.jpg", "AccountDetail.jpg", "AccountFigure.jpg",
-                                      "AccountStatics.jpg", "HealthFigure.jpg", "RiskFigure.jpg"}) {
-        const std::string path = "src=\"Image_files\\" + std::string(picture) + "\"";
-        const std::size_t at = told.find(path);
-        ASSERT_NE(at, std::string::npos) << picture;
-        told.replace(at, path.size(), "src=\"" + LinkTo(picture) + "\"");
+    const auto replace = [&told](const std::string& from, const std::string& to, int times) {
+        std::size_t at = 0;
+        for (int i = 0; i < times; ++i, at += to.size()) {
+            at = told.find(from, at);
+            ASSERT_NE(at, std::string::npos) << from;
+            told.replace(at, from.size(), to);
+        }
+        EXPECT_EQ(told.find(from, at), std::string::npos) << from;
+    };
+    for (const char* const picture :
+         {"AccountSummary.jpg", "AccountDetail.jpg", "AccountFigure.jpg", "AccountStatics.jpg", "HealthFigure.jpg",
+          "RiskFigure.jpg", "OffsetRecords.jpg", "OffsetFigure.jpg"}) {
+        replace("src=\"Image_files\\" + std::string(picture) + "\"", "src=\"" + LinkTo(picture) + "\"", 1);
+    }
+    replace("src=\"Image_files\\BillShrink.png\"", "src=\"" + LinkTo("BillShrink.png") + "\"", 2);
+    replace("onclick = \"clicksummary()\"", "data-button=\"summarybtn\" data-parts=\"account tabStatistics\"", 2);
+    replace("onclick = \"clickOfferset()\"", "data-button=\"Offersetbtn\" data-parts=\"tabOffset offsetFigure\"", 2);
+    replace("onselectstart=\"return false;\"", "data-unmarkable", 3);
+    for (const char* const number : {"0", "1", "2", "3"}) {
+        replace("href = \"javascript:void(" + std::string(number) + ")\"", "href = \"#\"", 1);
     }
     EXPECT_EQ(body, told);
 }
 
-TEST_F(StandalonePage, FoldsByTheNamesOfItsButtons) {
+TEST_F(StandalonePage, FoldsTheThreePartsOfAForeignAccount) {
+    report.Request.StatementKind = 2;
+    const std::string body = Body([this](CHtmlBuilder& page) { AddForeignAccountSection(page, report); });
+    EXPECT_EQ(CountOf(body, "data-button=\"summarybtn\" data-parts=\"AccountDetail AccountFigure tabStatistics\""), 2u);
+    EXPECT_EQ(CountOf(body, "onclick"), 0u);
+}
+
+TEST_F(StandalonePage, HasOneScriptThatReadsThePicturesOfItsElement) {
     const std::string whole = Whole([this](CHtmlBuilder& page) { AddPageSections(page, report); });
-    EXPECT_NE(whole.find("element.src=\"data:image/png;name=BillShrink.png;base64,YWJjZA==\";"), std::string::npos);
-    EXPECT_NE(whole.find("element.src=\"data:image/png;name=BillExpand.png;base64,\";"), std::string::npos);
-    EXPECT_EQ(whole.find("Image_files"), std::string::npos);
+    const std::string element =
+        "<script data-shrink=\"data:image/png;name=BillShrink.png;base64,YWJjZA==\" "
+        "data-expand=\"data:image/png;name=BillExpand.png;base64,\">" +
+        std::string(StandaloneScript()) + "</script>\r\n";
+    EXPECT_EQ(CountOf(whole, element), 1u);
+    EXPECT_EQ(CountOf(whole, "<script"), 1u);
+    EXPECT_EQ(CountOf(whole, "Image_files"), 0u);
+}
+
+// A hash covers what stands between the tags, and nothing must end it early or change on the way to the page.
+TEST(StandaloneScript, IsPlainText) {
+    const std::string_view script = StandaloneScript();
+    EXPECT_NE(script.find("addEventListener(\"click\""), std::string_view::npos);
+    EXPECT_EQ(script.find("</"), std::string_view::npos);
+    EXPECT_EQ(script.find("<!--"), std::string_view::npos);
+    EXPECT_TRUE(std::ranges::all_of(script, [](char byte) { return byte == '\n' || (byte >= ' ' && byte <= '~'); }));
+    EXPECT_TRUE(StandaloneScriptHash().starts_with("sha256-") && StandaloneScriptHash().ends_with("="));
+    EXPECT_EQ(StandaloneScriptHash().size(), 7u + 44u);
+}
+
+TEST_F(StandalonePage, RunsNoHandlerOfAnAttribute) {
+    for (const int kind : {1, 2}) {
+        report.Request.StatementKind = kind;
+        std::string whole = Whole([this](CHtmlBuilder& page) { AddPageSections(page, report); });
+        whole.erase(whole.find(StandaloneScript()), StandaloneScript().size());
+        EXPECT_EQ(CountOf(whole, " on"), 0u) << kind;
+        EXPECT_EQ(CountOf(whole, "javascript:"), 0u) << kind;
+    }
 }
 
 TEST_F(StandalonePage, ShowsTheTextsOfCellsAsTheyStand) {
@@ -211,12 +269,6 @@ void FillWith(Record& record, std::span<const TextField<Record>> fields, std::st
     }
 }
 
-std::size_t CountOf(std::string_view text, std::string_view what) {
-    std::size_t count = 0;
-    for (std::size_t at = text.find(what); at != std::string_view::npos; at = text.find(what, at + 1)) ++count;
-    return count;
-}
-
 TEST_F(StandalonePage, EscapesEveryFieldOfEveryFormat) {
     constexpr std::string_view kHostile = "<i>'";
     FillWith<MatchRecord>(AddTrade(report, {{"BILL_DATE", "20240102"}}), kMatchFields, kHostile);
@@ -236,23 +288,6 @@ TEST_F(StandalonePage, EscapesEveryFieldOfEveryFormat) {
             EXPECT_EQ(CountOf(whole, "<i>"), 0u) << kind << " " << format.number;
         }
     }
-}
-
-TEST_F(StandalonePage, IsThePageOfAllSections) {
-    report.Request.StatementKind = 1;
-    report.Request.StatementFormat = 1;
-    AddTrade(report, {{"BILL_DATE", "20240102"}, {"CONTRACT", "铜"}});
-    AddClosed(report, {{"BILL_DATE", "20240102"}, {"CONTRACT", "铜"}});
-    std::string whole = Whole([this](CHtmlBuilder& page) { AddPageSections(page, report); });
-    for (std::size_t at = whole.find("data:"); at != std::string::npos; at = whole.find("data:")) {
-        const std::size_t name = whole.find("name=", at) + 5;
-        const std::string picture = whole.substr(name, whole.find(';', name) - name);
-        const char separator = whole[at - 6] == '.' ? '/' : '\\';  // "element.src=" of a script
-        whole.replace(at, whole.find('"', at) - at, "Image_files" + (separator + picture));
-    }
-    const std::string meta = "<meta charset=\"utf-8\">\r\n";
-    whole.erase(whole.find(meta), meta.size());
-    EXPECT_EQ(whole, Page());
 }
 
 TEST_F(StandalonePage, GetsThePageEvenIfItsOwnFileCantBeMade) {
