@@ -7,6 +7,8 @@ import { fileURLToPath, pathToFileURL } from "node:url";
 // The client lives in the build folder, which the tests run in, and not beside these sources.
 const { chromium } = createRequire(join(process.cwd(), "package.json"))("playwright-core");
 
+const clickables = "[onclick], [data-parts], a[href]";
+
 /// The page names no charset: Chromium finds GBK in its bytes, even in an English locale, so none is chosen here.
 export function startBrowser() {
     return chromium.launch({ executablePath: "/usr/bin/chromium", chromiumSandbox: false }); // root has no sandbox
@@ -30,9 +32,13 @@ export class OpenedPage {
         page.on("requestfailed", (request) => this.complaints.push(`failed: ${request.url()}`));
         page.on("pageerror", (error) => this.complaints.push(`script: ${error.message}`));
         page.on("console", (message) => this.complaints.push(`console: ${message.text()}`));
+        page.on("dialog", (dialog) => {
+            this.complaints.push(`dialog: ${dialog.message()}`);
+            dialog.dismiss();
+        });
     }
 
-    static async open(browser, path, scale) {
+    static async open(browser, path, scale = 1) {
         const viewport = { width: 860 * scale, height: 900 * scale };
         const opened = new OpenedPage(await browser.newPage({ viewport }));
         opened.#page.setDefaultTimeout(120_000);
@@ -109,6 +115,66 @@ export class OpenedPage {
             return { source: table.src, table: boxOf(table), charts: charts.map(boxOf) };
         }, partId);
         return { ...boxes, picture: bytesOf(source) };
+    }
+
+    /// How many elements answer a click: titles, buttons and links.
+    clickableCount() {
+        return this.#page.evaluate((selector) => document.querySelectorAll(selector).length, clickables);
+    }
+
+    /// Clicks the one of that number.
+    click(number) {
+        return this.#page.evaluate(([selector, i]) => document.querySelectorAll(selector)[i].click(), [clickables, number]);
+    }
+
+    /// Clicks whatever there is.
+    clickAll() {
+        return this.#page.evaluate(() => document.querySelectorAll("body *").forEach((element) => element.click()));
+    }
+
+    /// What a reader sees: the text that shows, where all that is larger than a cell stands, the pointer over pictures, and
+    /// the place in the page.
+    appearance() {
+        return this.#page.evaluate(() => {
+            const boxOf = (element) => {
+                const { left, top, width, height } = element.getBoundingClientRect();
+                return [element.localName, left + scrollX, top + scrollY, width, height].join(" ");
+            };
+            const boxes = [...document.body.querySelectorAll("*:not(td, span)")].map(boxOf);
+            const cursors = [...document.images].map((image) => getComputedStyle(image).cursor);
+            return { text: document.body.innerText, boxes, cursors, scroll: [scrollX, scrollY], hash: location.hash };
+        });
+    }
+
+    /// The numbers of those elements of the body in which nothing can be marked.
+    unmarkable() {
+        return this.#page.evaluate(() => {
+            const tryOf = () => new Event("selectstart", { bubbles: true, cancelable: true });
+            const elements = [...document.body.querySelectorAll("*")];
+            return elements.flatMap((element, i) => (element.dispatchEvent(tryOf()) ? [] : [i]));
+        });
+    }
+
+    /// The texts of all cells, by tables and rows. A cell that holds an element is given with its markup.
+    cells() {
+        return this.#page.evaluate(() => {
+            const textOf = ({ innerHTML, firstElementChild: span, childElementCount }) =>
+                childElementCount === 1 && span.childElementCount === 0 ? span.textContent : innerHTML;
+            const rowsOf = (table) => [...table.rows].map((row) => [...row.cells].map(textOf));
+            return Object.fromEntries([...document.querySelectorAll("table")].map((table) => [table.id, rowsOf(table)]));
+        });
+    }
+
+    /// The names of all elements, each once, in the order of the alphabet.
+    elementNames() {
+        return this.#page.evaluate(() =>
+            [...new Set([...document.querySelectorAll("*")].map((element) => element.localName))].sort(),
+        );
+    }
+
+    /// What a script has left in the page's global `ran`.
+    ran() {
+        return this.#page.evaluate(() => window.ran);
     }
 
     /// Puts the section of that title at the top of the window, or the end of the page at its bottom, and keeps what is

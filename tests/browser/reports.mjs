@@ -18,6 +18,7 @@ const domestic = {
     ],
     chartTables: { account: 1, tabStatistics: 2 },
     pictures: 16,
+    links: 5, // of two links under one end the browser makes three
     input: ["--units", "units.ini"],
 };
 const foreign = {
@@ -32,6 +33,7 @@ const foreign = {
     ],
     chartTables: { AccountDetail: 0, tabStatistics: 2 },
     pictures: 13,
+    links: 4,
     input: ["--live", "live.ini"],
 };
 
@@ -40,12 +42,12 @@ const lastDays = ["--from", "2025-01-02"];
 
 const pageFolder = (root) => join(root, "Users", "demo", "Data", "Bill", "Image");
 
-const folderForm = {
+export const folderForm = {
     name: "folder",
     options: () => [],
     page: (root) => join(pageFolder(root), "TradeBill.html"),
 };
-const standaloneForm = {
+export const standaloneForm = {
     name: "standalone",
     options: (root) => ["--standalone", standaloneForm.page(root)],
     page: (root) => join(root, "standalone.html"),
