@@ -10,6 +10,7 @@
 
 #include "page/page_closing.h"
 #include "page/page_file.h"
+#include "page/page_scan.h"
 #include "platform/file.h"
 
 namespace tradebill {
@@ -29,6 +30,12 @@ bool MoveUp(CFile& file, std::uint64_t begin, std::uint64_t end, std::uint64_t d
         if (!file.WriteAt(end + distance, std::string_view(block).substr(0, size))) return false;
     }
     return true;
+}
+
+bool IsPlain(std::string_view text) {
+    CPageScan scan;
+    scan.Feed(text);
+    return scan.IsPlain();
 }
 
 }  // namespace
@@ -75,7 +82,9 @@ bool CPageFile::HasBegunToGather() {
     return true;
 }
 
+/// A block that a closing would change goes to disk, where what it leaves behind the page can stay.
 bool CPageFile::InsertInGatheredHead(std::string_view block) {
+    if (!IsPlain(block)) return false;
     if (!isGathering_ || !HasBegunToGather() || gathered_ != Gathered::All) return false;
     const std::size_t at = HeadEndLine(kept_);
     const std::string rest = WithBlockBefore(std::string_view(kept_).substr(at), block);

@@ -71,6 +71,16 @@ TEST_F(PageGathering, OfOnePageIsWrittenWhenItEnds) {
     EXPECT_FALSE(gathered_.HasFailed());
 }
 
+TEST_F(PageGathering, KeepsToTheFullPassOfStylesThatItShortens) {
+    const std::string longName(200, 'a');  // more than the closing adds
+    {
+        const CPageGathering gathering(gathered_);
+        Both([&](CHtmlBuilder& page) { page.AddStyle({.className = longName + "<html>"}); });
+        Close();
+    }
+    EXPECT_TRUE(IsAsTold());
+}
+
 TEST_F(PageGathering, EndsWithTheOutermostOne) {
     const auto outer = std::make_unique<CPageGathering>(gathered_);
     {
