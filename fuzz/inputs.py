@@ -1,0 +1,208 @@
+#!/usr/bin/env python3
+"""What fuzzing begins with: inputs made of the samples, and dictionaries made of the words in the sources.
+
+    inputs.py seeds FOLDER      writes FOLDER/TARGET/..., for each target the inputs that it begins with
+    inputs.py dictionaries      writes fuzz/dictionaries/TARGET.dict
+    inputs.py check             fails if a dictionary isn't what it would write
+"""
+import re
+import struct
+import sys
+import zlib
+from pathlib import Path
+
+HERE = Path(__file__).resolve().parent
+ROOT = HERE.parent
+SAMPLES = ROOT / "samples"
+DICTIONARIES = HERE / "dictionaries"
+
+# Places in the table of fuzz_statement.cpp.
+FORMAT_CHOICES = {0: 0, 1: 1, 2: 2, 3: 3, 6: 4, 201: 5, 5: 6}
+FOREIGN_CHOICE = 7
+KEPT_ROWS = 2  # of those that look alike
+NUL = b"\0"
+
+
+def settings_of(sample):
+    return dict(re.findall(r"^(\w+)=(.*)$", (sample / "request.ini").read_text(), re.M))
+
+
+def choice_of(sample):
+    settings = settings_of(sample)
+    choice = FOREIGN_CHOICE if settings["kind"] == "foreign" else FORMAT_CHOICES[int(settings["format"])]
+    return bytes([choice])
+
+
+def short(text):
+    """A statement without most of the rows that only repeat what stands above them, and with short rules and gaps."""
+    lines, shapes = [], {}
+    for line in text.replace(b"\r\n", b"\n").split(b"\n"):
+        line = re.sub(rb" {3,}", b"  ", re.sub(rb"-{9,}", b"-" * 8, line))
+        shape = (line.count(b"|"), len(line.split())) if re.search(rb"\d", line) else (line,)
+        shapes[shape] = shapes.get(shape, 0) + 1
+        if shape == (b"",) or len(shape) == 1 or b":" in line or b"\xa3\xba" in line or shapes[shape] <= KEPT_ROWS:
+            lines.append(line)
+    return b"\n".join(lines)
+
+
+def statements_of(sample):
+    """Short statements of two days that follow each other, and of one further on."""
+    files = sorted((sample / "root/Users").glob("*/Data/Bill/D*.txt"))
+    return [short(files[i].read_bytes()) for i in (1, 2, min(19, len(files) - 1))]
+
+
+def samples():
+    return [sample for sample in sorted(SAMPLES.iterdir()) if (sample / "request.ini").exists()]
+
+
+def templates():
+    return [file.read_bytes() for file in sorted(SAMPLES.glob("*/root/BillTemplate/*.ini"))]
+
+
+def read(path):
+    return path.read_bytes() if path.exists() else b""
+
+
+def head(text, lines):
+    return b"\n".join(text.split(b"\n")[:lines])
+
+
+def amount(number):
+    return struct.pack(">d", number)
+
+
+def png(width, height, bits, colour, rows, *chunks):
+    """A PNG file; `rows` are raw rows, `chunks` stand before them."""
+    def chunk(kind, data):
+        return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
+    header = struct.pack(">IIBBBBB", width, height, bits, colour, 0, 0, 0)
+    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + b"".join(chunk(*made) for made in chunks)
+            + chunk(b"IDAT", zlib.compress(b"".join(NUL + row for row in rows))) + chunk(b"IEND", b""))
+
+
+def pictures():
+    palette = (b"PLTE", bytes(range(48)))
+    yield png(2, 2, 8, 2, [bytes(range(6))] * 2)
+    yield png(2, 2, 8, 6, [bytes(range(8))] * 2)
+    yield png(2, 2, 16, 6, [bytes(range(16))] * 2)
+    yield png(2, 2, 8, 0, [b"\x10\xf0"] * 2, (b"tRNS", b"\0\x10"))
+    yield png(4, 1, 2, 3, [b"\x1b"], palette, (b"tRNS", b"\x80\x40"))
+    yield png(3, 3, 8, 4, [bytes(range(6))] * 3, (b"gAMA", b"\0\0\xb1\x8f"))
+    jpeg = "ffd8ffe000104a46494600010101006000600000ffdb0043" + "00" + "10" * 64
+    jpeg += "ffc0001108000200020301110002110103110" + "1" + "ffda000c03010002110311003f00"
+    yield bytes.fromhex(jpeg)
+
+
+def statement_seeds(seeds):
+    for sample in samples():
+        choice, days = choice_of(sample), statements_of(sample)
+        for i, day in enumerate(days):
+            seeds["readers"].append(choice + bytes([i % 2]) + day)
+        seeds["findings"].append(choice + b"\1" + NUL.join(days))
+        seeds["run"].append(choice + b"\3" + NUL.join(days[:2]))
+        live = NUL.join(re.findall(rb"^\w+=(.*?)\r?$", read(sample / "live.ini"), re.M)[:18])
+        chain = head(read(sample / "root/sys/chain.ini"), 8)
+        seeds["run"].append(choice + b"\x0f" + chain + NUL + live + NUL + amount(1.0) + days[0])
+        for screen in range(4):
+            seeds["run_pictures"].append(choice + bytes([1, screen, screen, 1]) + NUL.join(days))
+        for template in templates():
+            for day in range(3):
+                seeds["template"].append(choice + bytes([day]) + template + NUL + days[2])
+
+
+def file_seeds(seeds):
+    for sample in samples():
+        request, units = read(sample / "request.ini"), head(read(sample / "units.ini"), 6)
+        live, products = head(read(sample / "live.ini"), 24), head(read(sample / "products.ini"), 6)
+        seeds["ini"] += [request, live, units, products, head(read(sample / "root/sys/chain.ini"), 20)]
+        seeds["request"].append(b"\0" + request + NUL)
+        seeds["request"].append(b"\7" + NUL.join([request, live, units, products, b"cu2403"]) + NUL)
+    seeds["ini"] += templates()
+    numbers = struct.pack(">ii", 96, 1) + b"\1\1\1\1"
+    for dates in (b"2024-01-02\0" b"2024-01-04\0", NUL * 2, b"1969-13-01\0" b"3001-01-01\0"):
+        seeds["host"].append(numbers + dates + b"1\0u\0t\0" + NUL.join(str(i).encode() for i in range(40)))
+
+
+def small_seeds(seeds):
+    numbers = NUL.join([b"1,234.50", b"-0.005", b"1e308", b".5", b"2147483648", b"20240229", b"2024-2-29", b"1e-400"])
+    for number in (0.005, -1234.565, 1e300, float("inf"), float("nan"), 5e-324):
+        seeds["numbers"].append(b"\4" + amount(number) + numbers)
+        seeds["json"].append(amount(number) + b"\1\1" + NUL.join(b"\xc2\xf2<\"\\" + str(i).encode() for i in range(90)))
+    for day in statements_of(SAMPLES / "bilingual"):
+        seeds["text"].append(b"||\0" + day[:1200])
+        seeds["text"].append(b" \xd3\xc3\0" + day[-400:])
+    cells = NUL.join([b"a", b"b", b"<td>"])
+    seeds["page"] += [
+        b"\2<script>\r\n\0" b"\3\1.c\0f f\0\x10red\0" b"\1\1" + cells + b"\0" b"\0" b"\1\0" + cells + b"\0\0\2</body>\r\n\0\0\x08",
+        b"\4a\0b\0" b"\5\2</head>\0" b"\6 \tnote\0" b"\7\x20" b"\2\r\n</html>\0\0\x08\2x\n\0\0"]
+    seeds["picture"] += list(pictures())
+    for kind in range(12):
+        seeds["chart"].append(b"\xa0\0" + bytes([kind, 3, 1, 6]) + bytes((i * 37) % 251 for i in range(150)))
+        seeds["chart"].append(b"\xff\0" + bytes([kind, 2, 1, 9]) + b"\2\x10\2\x20\3\x30" * 20 + b"t\0u\0")
+
+
+def write_seeds(folder):
+    targets = re.findall(r'\{"(\w+)", +Fuzz', (HERE / "fuzz_targets.cpp").read_text())
+    seeds = {target: [] for target in targets}
+    statement_seeds(seeds)
+    file_seeds(seeds)
+    small_seeds(seeds)
+    for target, inputs in seeds.items():
+        (folder / target).mkdir(parents=True, exist_ok=True)
+        for i, data in enumerate(sorted(set(inputs))):
+            (folder / target / f"seed{i:03}").write_bytes(data)
+
+
+def literals(folder, pattern):
+    found = set()
+    for source in sorted((ROOT / "src" / folder).rglob("*.[ch]*")):
+        found |= set(re.findall(pattern, source.read_text(encoding="utf-8")))
+    return found
+
+
+def dictionaries():
+    """The words of each target, as bytes."""
+    gbk = r'"([^"\\\n]+)"_gbk'
+    titles = {word.encode("gbk") for word in literals("readers", gbk)}
+    titles |= {b"|", b"\n", b"\r\n", b"--------\n", b"-", b"Base", b"1,234.50", b"-0.01", b"20240102", b"2147483648"}
+    keys = {word.encode() for word in literals("readers", r'"([A-Z][A-Z0-9_]{2,})"')}
+    keys |= {b"[", b"]\n", b"=", b"\n", b";", b"\"", b"20240102", b"-1", b"99"}
+    settings = {word.encode() for word in literals("cli", r'"([a-z_]{2,13}|[A-Z]{3,})"')}
+    fields = {word.encode() for word in literals("report", r"TRADEBILL_\w+_FIELD\(MoneyRecord, (\w+)\)")}
+    tags = {b"<html>", b"<body>", b"</body>", b"</html>", b"</head>", b"<head>", b"\r\n", b"\r\r\n", b"\n", b"\0", b"<td>"}
+    ini = keys | {b"[REQUEST]\n", b"[UNITS]\n", b"[PRODUCTS]\n", b"[BASE]\n", b"[CURRENCY1]\n", b"2024-01-02", b"\xef\xbb\xbf"}
+    numbers = {b"1e308", b"-1e-320", b".", b"e+", b"2147483647", b"-2147483648", b",", b"0x1p3", b"inf", b"nan", b"9999999999999"}
+    chunks = {b"IHDR", b"IDAT", b"PLTE", b"tRNS", b"gAMA", b"sRGB", b"IEND", b"\x89PNG\r\n\x1a\n", b"\xff\xd8\xff", b"\xff\xc0"}
+    doubles = {amount(number) for number in (1e300, -1e300, float("inf"), float("nan"), 0.0, 5e-324, 1e9)}
+    return {
+        "readers": titles, "findings": titles, "run": titles, "run_pictures": titles, "template": titles | keys,
+        "ini": ini, "request": ini | settings | fields, "host": {b"2024-01-02", b"3000-12-31", b"1970-1-1", b"\xff" * 4},
+        "numbers": numbers | doubles, "text": tags | {b"|", b" ", b"\xa1\xa1", b"\x80", b"\xef\xbf\xbd"},
+        "json": doubles | {b"\"", b"\\", b"\x1f", b"\x80", b"\xff"}, "page": tags, "picture": chunks, "chart": doubles,
+    }
+
+
+def dictionary_text(words):
+    def quoted(word):
+        return "".join(chr(byte) if 32 < byte < 127 and byte not in b'"\\' else f"\\x{byte:02x}" for byte in word)
+    return "".join(f'"{quoted(word)}"\n' for word in sorted(words))
+
+
+def main():
+    arguments = sys.argv[1:]
+    if len(arguments) == 2 and arguments[0] == "seeds":
+        write_seeds(Path(arguments[1]))
+    elif arguments == ["dictionaries"]:
+        DICTIONARIES.mkdir(exist_ok=True)
+        for target, words in dictionaries().items():
+            (DICTIONARIES / f"{target}.dict").write_text(dictionary_text(words), encoding="ascii")
+    elif arguments == ["check"]:
+        for target, words in dictionaries().items():
+            if (DICTIONARIES / f"{target}.dict").read_text(encoding="ascii") != dictionary_text(words):
+                sys.exit(f"fuzz/dictionaries/{target}.dict isn't up to date: run fuzz/inputs.py dictionaries")
+    else:
+        sys.exit(__doc__)
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,100 @@
+// Any statements of some days, chains and live figures as a whole run without pictures, in memory but for the page:
+// reading, statistics, page, its one-file form and JSON.
+#include <cstddef>
+#include <memory>
+#include <ostream>
+#include <sstream>
+#include <string>
+#include <string_view>
+
+#include "base/report_error.h"
+#include "base/text.h"
+#include "cli/json_writer.h"
+#include "fuzz_statement.h"
+#include "fuzz_target.h"
+#include "page/html_builder.h"
+#include "page/page_sections.h"
+#include "page/standalone_page.h"
+#include "report/money_record.h"
+#include "report/record_fields.h"
+#include "report/records.h"
+#include "report/report.h"
+
+namespace tradebill {
+namespace {
+
+constexpr int kFirstDay = 20240102;
+constexpr int kMostDays = 4;
+constexpr int kPageWidth = 1000;
+
+void TakeLiveFigures(CReport& report, CFuzzInput& input) {
+    auto money = std::make_unique<MoneyRecord>(ClearedMoneyRecord());
+    for (const auto& field : kMoneyFields) {
+        const auto bytes = field.bytes(*money);
+        CopyText(bytes.data(), input.Text().substr(0, bytes.size() - 1));
+    }
+    money->EXCHANGE_RATE = input.Amount();
+    report.TradeStatistics.FeedDayMoney(money.get());
+    if (report.IsForeign()) {
+        report.CurrencyMoneyStore.Add(std::make_unique<MoneyRecord>(*money), FieldText(money->CURRENCY),
+                                      MoneySource::Live, report.Format().equity);
+    }
+    report.MoneyStore.Add(std::move(money), MoneySource::Live, report.Format().equity);
+}
+
+void ReadDays(CReport& report, CFuzzInput& input) {
+    for (int i = 0; i < kMostDays && !input.IsEmpty(); ++i) {
+        const std::string day = std::to_string(kFirstDay + i);
+        if (!ReadStatement(report, day, input.Text(), nullptr, nullptr)) return;
+    }
+}
+
+/// Returns whether no error ended the page.
+bool MakePage(const CReport& report, const std::string& path, std::ostream& oneFile) {
+    CStandalonePage copy(oneFile);
+    CHtmlBuilder page(path, &copy);
+    bool isWhole = true;
+    try {
+        AddPageSections(page, report);
+    } catch (const CReportError&) {
+        isWhole = false;
+    }
+    copy.Finish();
+    Require(!page.HasFailed(), "the page is written");
+    return isWhole;
+}
+
+void RequirePage(const CReport& report, bool isMadeTwice) {
+    const std::string path = FuzzFolder() + "/TradeBill.html";
+    std::ostringstream oneFile;
+    const bool isWhole = MakePage(report, path, oneFile);
+    const std::string page = BytesOfFile(path);
+    Require(page.starts_with("<html>") && (!isWhole || page.ends_with("</html>\r\n")), "a page is whole");
+    Require(IsUtf8(oneFile.view()), "the page in one file is UTF-8");
+    if (!isMadeTwice) return;
+    std::ostringstream again;
+    Require(MakePage(report, path, again) == isWhole && BytesOfFile(path) == page && again.view() == oneFile.view(),
+            "a page that is made twice is the same");
+}
+
+}  // namespace
+
+void FuzzRun(std::string_view bytes) {
+    CFuzzInput input(bytes);
+    const StatementChoice choice = TakeStatementChoice(input);
+    const std::size_t settings = input.Byte();
+    CFuzzReport made(choice, (settings & 1) != 0);
+    CReport& report = made.Get();
+    report.Request.MarginOffsetFlag = (settings & 2) != 0 ? 1 : 0;
+    report.ReportDocument.PageWidth = kPageWidth;
+    if ((settings & 8) != 0) report.ChainTable.Load(WriteFuzzFile("chain.ini", input.Text()));
+    if ((settings & 4) != 0) TakeLiveFigures(report, input);
+    ReadDays(report, input);
+    FinishFuzzReport(report);
+    RequirePage(report, (settings & 16) != 0);
+    std::ostringstream json;
+    WriteJson(report, json);
+    RequireJson(json.view());
+}
+
+}  // namespace tradebill
