@@ -5,6 +5,7 @@
     inputs.py dictionaries      writes fuzz/dictionaries/TARGET.dict
     inputs.py check             fails if a dictionary isn't what it would write
 """
+import itertools
 import re
 import struct
 import sys
@@ -21,6 +22,7 @@ FORMAT_CHOICES = {0: 0, 1: 1, 2: 2, 3: 3, 6: 4, 201: 5, 5: 6}
 FOREIGN_CHOICE = 7
 KEPT_ROWS = 2  # of those that look alike
 NUL = b"\0"
+EXTREMES = [b"1e308", b"0.00", b"-1e308", b"999999999999.99", b"-0.01", b"1e-300", b"2147483648.00"]
 
 
 def settings_of(sample):
@@ -43,6 +45,12 @@ def short(text):
         if shape == (b"",) or len(shape) == 1 or b":" in line or b"\xa3\xba" in line or shapes[shape] <= KEPT_ROWS:
             lines.append(line)
     return b"\n".join(lines)
+
+
+def extreme(text, first):
+    """A statement with the ends of what an amount can be in the places of its amounts."""
+    amounts = itertools.islice(itertools.cycle(EXTREMES), first, None)
+    return re.sub(rb"\d+\.\d\d", lambda _: next(amounts), text)
 
 
 def statements_of(sample):
@@ -97,14 +105,17 @@ def statement_seeds(seeds):
     for sample in samples():
         choice, days = choice_of(sample), statements_of(sample)
         for i, day in enumerate(days):
-            seeds["readers"].append(choice + bytes([i % 2]) + day)
-        seeds["findings"].append(choice + b"\1" + NUL.join(days))
-        seeds["run"].append(choice + b"\3" + NUL.join(days[:2]))
+            seeds["readers"].append(choice + bytes([2 * i + 1]) + day)
+        wild = [extreme(days[0], 0), extreme(days[1], 3), extreme(days[2], 5)]
+        seeds["readers"].append(choice + b"\6" + wild[0])
+        for account in (days, wild):
+            seeds["findings"].append(choice + b"\1" + NUL.join(account))
+            seeds["run"].append(choice + b"\3" + NUL.join(account[:2]))
         live = NUL.join(re.findall(rb"^\w+=(.*?)\r?$", read(sample / "live.ini"), re.M)[:18])
         chain = head(read(sample / "root/sys/chain.ini"), 8)
         seeds["run"].append(choice + b"\x0f" + chain + NUL + live + NUL + amount(1.0) + days[0])
         for screen in range(4):
-            seeds["run_pictures"].append(choice + bytes([1, screen, screen, 1]) + NUL.join(days))
+            seeds["run_pictures"].append(choice + bytes([1, screen, screen, 1]) + NUL.join(wild if screen % 2 else days))
         for template in templates():
             for day in range(3):
                 seeds["template"].append(choice + bytes([day]) + template + NUL + days[2])
@@ -164,7 +175,7 @@ def dictionaries():
     """The words of each target, as bytes."""
     gbk = r'"([^"\\\n]+)"_gbk'
     titles = {word.encode("gbk") for word in literals("readers", gbk)}
-    titles |= {b"|", b"\n", b"\r\n", b"--------\n", b"-", b"Base", b"1,234.50", b"-0.01", b"20240102", b"2147483648"}
+    titles |= {b"|", b"\n", b"\r\n", b"--------\n", b"-", b"Base", b"1,234.50", b"-0.01", b"20240102"} | set(EXTREMES)
     keys = {word.encode() for word in literals("readers", r'"([A-Z][A-Z0-9_]{2,})"')}
     keys |= {b"[", b"]\n", b"=", b"\n", b";", b"\"", b"20240102", b"-1", b"99"}
     settings = {word.encode() for word in literals("cli", r'"([a-z_]{2,13}|[A-Z]{3,})"')}

@@ -1,10 +1,13 @@
 // Any bytes as a statement of a fixed layout. Who listens changes nothing; what a listener is told stands in the text;
-// readers that are asked for the trades alone give the same trades.
+// readers that are asked for the trades alone give the same trades, and so does a text of other line ends, or one that
+// is read behind another.
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
-#include "base/report_error.h"
 #include "cli/scan_report.h"
 #include "fuzz_statement.h"
 #include "fuzz_target.h"
@@ -47,12 +50,39 @@ void RequireSameTrades(const StatementChoice& choice, std::string_view text, CRe
         "trades that are read alone are nothing but trades");
 }
 
+std::string WithCarriageReturns(std::string_view text) {
+    std::string result;
+    for (const char byte : text) result += byte == '\n' ? "\r\n" : std::string(1, byte);
+    return result;
+}
+
+/// REQUIRES: the text has no carriage return.
+void RequireSameWithCarriageReturns(const StatementChoice& choice, bool asksProducts, std::string_view text,
+                                    const CReport& whole) {
+    CFuzzReport other(choice, asksProducts);
+    static_cast<void>(ReadStatement(other.Get(), kDay, WithCarriageReturns(text), nullptr, nullptr));
+    RequireSameRows(other.Get(), whole);
+}
+
+/// REQUIRES: `whole` is of a reading that met no error.
+void RequireSameAgain(std::string_view text, CReport& whole) {
+    const std::int32_t trades = whole.MatchStore.Count();
+    const std::int32_t closed = whole.PingDetailStore.Count();
+    const std::int32_t open = whole.OpiDetailStore.Count();
+    const std::int32_t sums = whole.OpiSumStore.Count();
+    Require(ReadStatement(whole, "20240103", text, nullptr, nullptr), "what was read without an error is so again");
+    Require(whole.MatchStore.Count() == 2 * trades && whole.PingDetailStore.Count() == 2 * closed &&
+                whole.OpiDetailStore.Count() == 2 * open && whole.OpiSumStore.Count() == 2 * sums,
+            "a statement has as many rows behind another");
+}
+
 }  // namespace
 
 void FuzzReaders(std::string_view bytes) {
     CFuzzInput input(bytes);
     const StatementChoice choice = TakeStatementChoice(input);
-    const bool asksProducts = input.Choice(2) == 1;
+    const std::size_t settings = input.Byte();
+    const bool asksProducts = (settings & 1) != 0;
     const std::string_view text = input.Text();
     CFuzzReport told(choice, asksProducts);
     CScanReport seen(text);
@@ -64,6 +94,10 @@ void FuzzReaders(std::string_view bytes) {
             "an error is one whether somebody listens or not");
     RequireSameRows(told.Get(), silent.Get());
     if (isRead) RequireSameTrades(choice, text, silent.Get());
+    if ((settings & 2) != 0 && text.find('\r') == std::string_view::npos) {
+        RequireSameWithCarriageReturns(choice, asksProducts, text, silent.Get());
+    }
+    if ((settings & 4) != 0 && isRead) RequireSameAgain(text, silent.Get());
     static_cast<void>(LikelyLayouts(text));
 }
 

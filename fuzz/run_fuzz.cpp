@@ -64,13 +64,30 @@ bool MakePage(const CReport& report, const std::string& path, std::ostream& oneF
     return isWhole;
 }
 
-void RequirePage(const CReport& report, bool isMadeTwice) {
+std::size_t CountOf(std::string_view text, std::string_view word) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(word); at != std::string_view::npos; at = text.find(word, at + 1)) ++count;
+    return count;
+}
+
+/// REQUIRES: no text of a statement has a tag in it.
+void RequireBalance(std::string_view page) {
+    for (const std::string_view element : {"table", "tr", "td", "span"}) {
+        const std::string opening = "<" + std::string(element);
+        const std::string end = "</" + std::string(element) + ">";
+        Require(CountOf(page, opening + " ") + CountOf(page, opening + ">") == CountOf(page, end),
+                "every element of a whole page ends");
+    }
+}
+
+void RequirePage(const CReport& report, bool hasTags, bool isMadeTwice) {
     const std::string path = FuzzFolder() + "/TradeBill.html";
     std::ostringstream oneFile;
     const bool isWhole = MakePage(report, path, oneFile);
     const std::string page = BytesOfFile(path);
     Require(page.starts_with("<html>") && (!isWhole || page.ends_with("</html>\r\n")), "a page is whole");
     Require(IsUtf8(oneFile.view()), "the page in one file is UTF-8");
+    if (isWhole && !hasTags) RequireBalance(page);
     if (!isMadeTwice) return;
     std::ostringstream again;
     Require(MakePage(report, path, again) == isWhole && BytesOfFile(path) == page && again.view() == oneFile.view(),
@@ -91,7 +108,7 @@ void FuzzRun(std::string_view bytes) {
     if ((settings & 4) != 0) TakeLiveFigures(report, input);
     ReadDays(report, input);
     FinishFuzzReport(report);
-    RequirePage(report, (settings & 16) != 0);
+    RequirePage(report, bytes.find('<') != std::string_view::npos, (settings & 16) != 0);
     std::ostringstream json;
     WriteJson(report, json);
     RequireJson(json.view());
