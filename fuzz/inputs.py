@@ -115,7 +115,7 @@ def statement_seeds(seeds):
         chain = head(read(sample / "root/sys/chain.ini"), 8)
         seeds["run"].append(choice + b"\x0f" + chain + NUL + live + NUL + amount(1.0) + days[0])
         for screen in range(4):
-            seeds["run_pictures"].append(choice + bytes([1, screen, screen, 1]) + NUL.join(wild if screen % 2 else days))
+            seeds["run_pictures"].append(choice + bytes([1, screen, screen, 1]) + NUL.join(wild if screen % 2 else days) + NUL + b"\x90\x60")
         for template in templates():
             for day in range(3):
                 seeds["template"].append(choice + bytes([day]) + template + NUL + days[2])

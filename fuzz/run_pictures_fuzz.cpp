@@ -1,4 +1,5 @@
-// Any statements of some days as a whole run, as a host starts it: files in, page and pictures out.
+// Any statements of some days as a whole run, as a host starts it: files in, page and pictures out, and the charts
+// painted once more in another size.
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -10,8 +11,12 @@
 #include "driver/report_run.h"
 #include "fuzz_statement.h"
 #include "fuzz_target.h"
+#include "images/account_charts.h"
+#include "images/chart_kinds.h"
 #include "images/picture_names.h"
 #include "images/report_images.h"
+#include "paint/bitmap.h"
+#include "paint/canvas.h"
 #include "paint/picture_file.h"
 #include "report/report.h"
 #include "report/request_copy.h"
@@ -70,6 +75,16 @@ void RequirePictures(const CReport& report, const RunResult& result) {
             "pictures that are counted are saved");
 }
 
+void StretchCharts(const CReport& report, CFuzzInput& input) {
+    const std::int32_t width = 1 + input.Byte();
+    const std::int32_t height = 1 + input.Byte();
+    for (const AccountChart* const chart : AccountCharts()) {
+        CBitmap bitmap(width, height, kWhite);
+        const auto canvas = MakeCanvas(bitmap);
+        StretchAccountChart(*canvas, report, *chart, {0, 0, width, height});
+    }
+}
+
 }  // namespace
 
 void FuzzRunWithPictures(std::string_view bytes) {
@@ -88,6 +103,7 @@ void FuzzRunWithPictures(std::string_view bytes) {
     }
     Require(result.end == RunEnd::Finished && result.pageWritten, "a run comes to its end with a page");
     RequirePictures(report, result);
+    StretchCharts(report, input);
 }
 
 }  // namespace tradebill
