@@ -119,6 +119,8 @@ def statement_seeds(seeds):
         for template in templates():
             for day in range(3):
                 seeds["template"].append(choice + bytes([day]) + template + NUL + days[2])
+            if (sample / "root/BillTemplate").exists():
+                seeds["findings"].append(choice + b"\3" + template + NUL + NUL.join(days))
 
 
 def file_seeds(seeds):
