@@ -114,6 +114,9 @@ def statement_seeds(seeds):
         live = NUL.join(re.findall(rb"^\w+=(.*?)\r?$", read(sample / "live.ini"), re.M)[:18])
         chain = head(read(sample / "root/sys/chain.ini"), 8)
         seeds["run"].append(choice + b"\x0f" + chain + NUL + live + NUL + amount(1.0) + days[0])
+        seeds["run"].append(choice + b"\x31" + struct.pack(">i", -96) + days[1])
+        for resolution in (7, 8, 9):
+            seeds["run_pictures"].append(choice + bytes([1, 0, resolution, 0]) + days[0] + NUL + b"\x60\x20")
         for screen in range(4):
             seeds["run_pictures"].append(choice + bytes([1, screen, screen, 1]) + NUL.join(wild if screen % 2 else days) + NUL + b"\x90\x60")
         for template in templates():

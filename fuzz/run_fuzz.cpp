@@ -103,6 +103,7 @@ void FuzzRun(std::string_view bytes) {
     CFuzzReport made(choice, (settings & 1) != 0);
     CReport& report = made.Get();
     report.Request.MarginOffsetFlag = (settings & 2) != 0 ? 1 : 0;
+    if ((settings & 32) != 0) report.Request.Dpi = input.Integer();
     report.ReportDocument.PageWidth = kPageWidth;
     if ((settings & 8) != 0) report.ChainTable.Load(WriteFuzzFile("chain.ini", input.Text()));
     if ((settings & 4) != 0) TakeLiveFigures(report, input);

@@ -25,7 +25,7 @@ namespace tradebill {
 namespace {
 
 constexpr int kMostDays = 3;
-constexpr std::int32_t kResolutions[] = {0, 96, 120, 72, 144, 1, 192};
+constexpr std::int32_t kResolutions[] = {0, 96, 120, 72, 144, 1, 192, -96, 1'000'000, INT32_MAX};
 constexpr std::int32_t kScreens[] = {1920, 1, 640, 10000};
 
 const std::string& Root() {
