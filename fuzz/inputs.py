@@ -123,7 +123,7 @@ def chart(kind, settings, first):
 
 
 def statement_seeds(seeds):
-    for sample in samples():
+    for number, sample in enumerate(samples()):
         choice, days = choice_of(sample), statements_of(sample)
         for i, day in enumerate(days):
             seeds["readers"].append(choice + bytes([2 * i + 1]) + day)
@@ -136,10 +136,10 @@ def statement_seeds(seeds):
         chain = head(read(sample / "root/sys/chain.ini"), 8)
         seeds["run"].append(choice + b"\x0f" + chain + NUL + live + NUL + amount(1.0) + days[0])
         seeds["run"].append(choice + b"\x31" + struct.pack(">i", -96) + days[1])
-        for resolution in (7, 8, 9):
-            seeds["run_pictures"].append(choice + bytes([1, 0, resolution, 0]) + days[0] + NUL + b"\x60\x20")
-        for screen in range(4):
-            seeds["run_pictures"].append(choice + bytes([1, screen, screen, 1]) + NUL.join(wild if screen % 2 else days) + NUL + b"\x90\x60")
+        absurd = 7 + number % 3  # resolutions
+        seeds["run_pictures"].append(choice + bytes([1, 0, absurd, 0]) + days[0] + NUL + b"\x60\x20")
+        for screen in (number % 2, 2 + number % 2):
+            seeds["run_pictures"].append(choice + bytes([1, screen, screen, 1]) + NUL.join(wild if screen > 1 else days) + NUL + b"\x90\x60")
         for template in templates():
             for day in range(3):
                 seeds["template"].append(choice + bytes([day]) + template + NUL + days[2])
