@@ -162,13 +162,16 @@ def file_seeds(seeds):
 
 def small_seeds(seeds):
     numbers = NUL.join([b"1,234.50", b"-0.005", b"1e308", b".5", b"2147483648", b"20240229", b"2024-2-29", b"1e-400"])
+    hostile = [b"\xc2\xf2<", b"a\"b", b"c\\d", b"\x1b\n", b"\x81", b"\xff\xff", b"plain"]
     for number in (0.005, -1234.565, 1e300, float("inf"), float("nan"), 5e-324):
         seeds["numbers"].append(b"\4" + amount(number) + numbers)
-        seeds["json"].append(amount(number) + b"\1\1" + NUL.join(b"\xc2\xf2<\"\\" + str(i).encode() for i in range(90)))
+        seeds["json"].append(amount(number) + b"\1\1" + NUL.join(hostile[i % len(hostile)] + str(i).encode() for i in range(90)))
     for day in statements_of(SAMPLES / "bilingual"):
         seeds["text"].append(b"||\0" + day[:1200])
         seeds["text"].append(b" \xd3\xc3\0" + day[-400:])
     cells = NUL.join([b"a", b"b", b"<td>"])
+    for cell in (b"</body>", b"<html>", b"a\nb", b"a\r\nb", b"</head>"):
+        seeds["page"].append(b"\0\1\0" + cell + b"\0b\0c\0\x08\0\1\1a\0" + cell + b"\0c\0\0")
     seeds["page"] += [
         b"\2<script>\r\n\0" b"\3\1.c\0f f\0\x10red\0" b"\1\1" + cells + b"\0" b"\0" b"\1\0" + cells + b"\0\0\2</body>\r\n\0\0\x08",
         b"\4a\0b\0" b"\5\2</head>\0" b"\6 \tnote\0" b"\7\x20" b"\2\r\n</html>\0\0\x08\2x\n\0\0"]
