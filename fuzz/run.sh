@@ -38,7 +38,8 @@ memory=/dev/shm
 TMPDIR=$(mktemp -d "$memory/tradebill-fuzzing-XXXXXX")
 export TMPDIR
 trap 'rm -rf "$TMPDIR"' EXIT
-trap 'kill $(jobs -p) 2>/dev/null || true; wait; exit 130' INT TERM
+stopping=false
+trap 'stopping=true; kill $(jobs -p) 2>/dev/null || true' INT TERM
 export LSAN_OPTIONS=suppressions=$root/tests/support/leaks.supp:print_suppressions=0
 # A tenth of the time goes into books on memory that nobody reads: the frames of an allocation are told by a replay.
 fuzzing_options=malloc_context_size=0:quarantine_size_mb=8
@@ -80,8 +81,12 @@ fuzz() {
     done
     for ((job = 0; job < jobs; ++job)); do
         if ! wait "${processes[job]}"; then
-            tell_failure "$target" "$TMPDIR/$target.$job.log"
-            failures=1
+            if $stopping; then
+                wait "${processes[job]}" || true  # a signal ends the first wait
+            else
+                tell_failure "$target" "$TMPDIR/$target.$job.log"
+                failures=1
+            fi
         fi
         executions=$((executions + $(sed -n 's/^stat::number_of_executed_units: *//p' "$TMPDIR/$target.$job.log" | tail -1) + 0))
     done
@@ -106,6 +111,7 @@ failed=0
 for target in "${targets[@]}"; do
     [ -n "${longest[$target]:-}" ] || { echo "no target $target" >&2; exit 2; }
     fuzz "$target" || failed=1
+    if $stopping; then exit 130; fi
     if $merges; then merge "$target" || failed=1; fi
 done
 exit $failed
