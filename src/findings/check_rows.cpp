@@ -29,14 +29,14 @@ public:
         }
     }
 
-    /// Nothing if no row of such a section was read.
+    /// Nothing if no row of such a section was read. The section is one of those that were counted.
     [[nodiscard]] std::optional<int> Of(const StatementFacts& statement, const SectionFacts& section) const {
-        const auto found = counts_.find({statement.layout, section.kind});
-        if (found == counts_.end() || found->second.empty()) return std::nullopt;
+        const auto& counts = counts_.at({statement.layout, section.kind});
+        if (counts.empty()) return std::nullopt;
         const auto likelier = [](const auto& left, const auto& right) {
             return std::pair(left.second, left.first == 0) < std::pair(right.second, right.first == 0);
         };
-        return std::ranges::max_element(found->second, likelier)->first;
+        return std::ranges::max_element(counts, likelier)->first;
     }
 
 private:

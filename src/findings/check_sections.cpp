@@ -157,8 +157,7 @@ public:
         }
     }
     [[nodiscard]] int Of(const StatementFacts& statement, const SectionFacts& section) const {
-        const auto found = most_.find({statement.layout, section.kind});
-        return found == most_.end() ? 0 : found->second;
+        return most_.at({statement.layout, section.kind});
     }
 
 private:
