@@ -170,5 +170,40 @@ TEST_F(CheckDaysTest, AStatementThatComesTwiceIsRepeated) {
     EXPECT_EQ(Check(), FindingKeys{"repeated@20240104"});
 }
 
+TEST_F(CheckDaysTest, ABalanceThatIsntPrintedIsComparedWithNone) {
+    const auto only = [](PrintedFigure figure, std::int64_t amount) {
+        PrintedMoney money;
+        money[figure] = amount;
+        return money;
+    };
+    Add("20240102", only(Opening, 5 * kCent));
+    Add("20240103", only(Opening, 7 * kCent));
+    Add("20240104", only(Closing, 9 * kCent));
+    Add("20240105", only(Closing, 11 * kCent));
+    EXPECT_EQ(Check(), FindingKeys{});
+    Add("20240108", only(Opening, 12 * kCent));
+    EXPECT_EQ(Check(), FindingKeys{"continuity@20240108"});
+}
+
+TEST_F(CheckDaysTest, AForeignDayWithoutEquityIsComparedWithNone) {
+    report_.Request.StatementKind = kForeignKind;
+    PrintedMoney money;
+    money[Opening] = 5 * kCent;
+    money[Closing] = 7 * kCent;
+    Add("20240102", money);
+    Add("20240103", money);
+    EXPECT_EQ(Check(), FindingKeys{});
+}
+
+TEST_F(CheckDaysTest, ABalanceThatStandsInNoRowHasNone) {
+    Add("20240102", 0, 100 * kCent);
+    Add("20240103", 90 * kCent, 90 * kCent);
+    EXPECT_EQ(Check(), FindingKeys{"continuity@20240103"});
+    EXPECT_EQ(findings_[0].row, 7);
+    report_.PrintedMoney[1].Row = 0;
+    EXPECT_EQ(Check(), FindingKeys{"continuity@20240103"});
+    EXPECT_EQ(findings_[0].row, std::nullopt);
+}
+
 }  // namespace
 }  // namespace tradebill::check_days_test

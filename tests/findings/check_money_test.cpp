@@ -154,5 +154,36 @@ TEST_F(CheckMoneyTest, EachForeignCurrencyIsLookedAt) {
     EXPECT_TRUE(findings_[0].text.starts_with("HKD: "));
 }
 
+TEST_F(CheckMoneyTest, NoFormOfTheAvailableFundsIsANoteOfTheRun) {
+    AddDays(7, MoneyOf({{Equity, 1000}, {Margin, 300}, {PrintedFigure::Available, 700}}));
+    AddDays(2, MoneyOf({{Equity, 1000}, {Margin, 300}, {PrintedFigure::Available, 650}}));
+    EXPECT_EQ(Check(), FindingKeys{"available(note)@"});
+    EXPECT_EQ(findings_[0].section, SectionKind::Money);
+    EXPECT_EQ(findings_[0].file, "");
+    AddDay({MoneyOf({{Equity, 1000}, {Margin, 300}, {PrintedFigure::Available, 700}})});
+    EXPECT_EQ(Check(), (FindingKeys{"available@20240109", "available@20240110"}));
+}
+
+TEST_F(CheckMoneyTest, FiguresThatStandInNoRowHaveNone) {
+    AddDays(9, MoneyOf({{Opening, 1000}, {Closing, 1000}}));
+    PrintedMoney off = MoneyOf({{Opening, 1000}, {Closing, 7}});
+    off.Row = 0;
+    AddDay({off});
+    EXPECT_EQ(Check(), FindingKeys{"identity@20240111"});
+    EXPECT_EQ(findings_[0].row, std::nullopt);
+}
+
+TEST_F(CheckMoneyTest, AForeignFigureThatIsntPrintedSaysNothing) {
+    report_.Request.StatementKind = kForeignKind;
+    AddDay({MoneyOf({{Equity, 50}})});
+    AddDay({MoneyOf({{Opening, 1000}})});
+    AddDay({MoneyOf({{Equity, 50}, {PrintedFigure::Available, 7}})});
+    AddDay({MoneyOf({{Margin, 50}, {PrintedFigure::Available, 7}})});
+    AddDay({MoneyOf({{Equity, 50}, {Margin, 7}})});
+    EXPECT_EQ(Check(), FindingKeys{});
+    AddDay({MoneyOf({{Equity, 50}, {Margin, 7}, {PrintedFigure::Available, 7}})});
+    EXPECT_EQ(Check(), FindingKeys{"available@20240107"});
+}
+
 }  // namespace
 }  // namespace tradebill::check_money_test

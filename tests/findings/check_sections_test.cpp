@@ -209,5 +209,90 @@ TEST_F(CheckSectionsTest, NothingIsMissedWhereMoreIsWrong) {
     EXPECT_EQ(Check(), FindingKeys{});
 }
 
+TEST_F(CheckSectionsTest, TradesArentMissedForFeesOfDeliveriesAlone) {
+    Take(Last(), SectionKind::Trades);
+    LastMoney()[Fees] = 2;
+    LastMoney()[ExerciseFees] = 5;
+    LastMoney()[DeliveryFees] = 2;
+    EXPECT_EQ(Check(), FindingKeys{});
+}
+
+TEST_F(CheckSectionsTest, OneBalanceIsALabelOfMoney) {
+    for (const PrintedFigure figure : {Opening, Closing, Equity}) {
+        LastMoney().Figures = {};
+        LastMoney()[figure] = 1;
+        EXPECT_EQ(Check(), FindingKeys{});
+    }
+    for (const PrintedFigure figure : {Opening, Closing}) {
+        LastMoney().Figures = {};
+        LastMoney()[figure] = 0;
+        EXPECT_EQ(Check(), FindingKeys{});
+    }
+    LastMoney().Figures = {};
+    LastMoney()[Equity] = 0;
+    EXPECT_EQ(Check(), missing_);
+}
+
+TEST_F(CheckSectionsTest, MoneyIsMissedWithoutFigures) {
+    Last().moneyCount = 0;
+    EXPECT_EQ(Check(), missing_);
+    EXPECT_EQ(findings_[0].text, "The money section has none of the labels of its layout.");
+}
+
+TEST_F(CheckSectionsTest, ATitleAloneIsToldWithItsLine) {
+    LastMoney()[Fees] = 1;
+    Last().sections[1].hasEnd = false;
+    EXPECT_EQ(Check(), missing_);
+    EXPECT_EQ(findings_[0].found, "its title alone");
+    EXPECT_EQ(findings_[0].row, 3);
+    Last().sections[1].hasTitle = false;
+    EXPECT_EQ(Check(), missing_);
+    EXPECT_EQ(findings_[0].found, "none");
+    EXPECT_EQ(findings_[0].row, std::nullopt);
+}
+
+TEST_F(CheckSectionsTest, ASectionThatTheLayoutDoesntLookForIsNeverMissedButForMoney) {
+    LastMoney()[Fees] = 1;
+    Last().sections.erase(Last().sections.begin() + 1);
+    EXPECT_EQ(Check(), FindingKeys{});
+    Last().sections.erase(Last().sections.begin());
+    Last().hasMoney = false;
+    EXPECT_EQ(Check(), missing_);
+    EXPECT_EQ(findings_[0].expected, "money");
+    EXPECT_EQ(findings_[0].found, "none");
+}
+
+TEST_F(CheckSectionsTest, ATableOfTheOnlyStatementIsntMissed) {
+    statements_.erase(statements_.begin(), statements_.end() - 1);
+    LastMoney()[Fees] = 1;
+    Take(Last(), SectionKind::Trades);
+    EXPECT_EQ(Check(), FindingKeys{});
+}
+
+TEST_F(CheckSectionsTest, AMissingLineEndOfAFileThatCantBeUsedIsNoCustom) {
+    Take(Last(), SectionKind::Summary);
+    LastMoney()[Margin] = 1;
+    Last().endsInLine = statements_[3].endsInLine = true;
+    statements_[3].isUsable = false;
+    EXPECT_EQ(Check(), FindingKeys{"cut-off@20240111"});
+}
+
+TEST_F(CheckSectionsTest, NothingIsMissedInAStatementThatIsPassedOverOrEndsInAnError) {
+    Last().hasMoney = false;
+    Last().isEnded = false;
+    EXPECT_EQ(Check(), FindingKeys{});
+    Last().isEnded = true;
+    Last().sections.clear();
+    EXPECT_EQ(Check(), FindingKeys{});
+}
+
+TEST_F(CheckSectionsTest, ACurrencyIsntMissedWhereThereAreNoFiguresAtAll) {
+    report_.Request.StatementKind = kForeignKind;
+    for (PrintedMoney& money : report_.PrintedMoney) money[Equity] = kDecimalSteps;
+    Last().moneyCount = 0;
+    EXPECT_EQ(Check(), missing_);
+    EXPECT_EQ(findings_.size(), 1U);
+}
+
 }  // namespace
 }  // namespace tradebill::check_sections_test

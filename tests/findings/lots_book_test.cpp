@@ -174,5 +174,28 @@ TEST_F(LotsBook, ExpectsLotsThatNoTradeClosed) {
     EXPECT_FALSE(book_.ExpectsLots());
 }
 
+TEST_F(LotsBook, KnowsLongPositionsByEitherWord) {
+    Open("rb2405", "多", "3");
+    Open("rb2405", "空", "1");
+    static_cast<void>(EndDay());
+    Open("rb2405", "买", "3");
+    Open("rb2405", "卖", "1");
+    EXPECT_EQ(EndDay(), Faults{});
+}
+
+TEST_F(LotsBook, SaysNothingOfAForeignRowWithoutASide) {
+    Open("S2403", "买", "2");
+    static_cast<void>(EndDay());
+    book_.AddForeignTrade(TradeOf("S2403", "", "", "1"));
+    EXPECT_EQ(EndDay(), Faults{});
+    Open("S2403", "买", "2");
+    static_cast<void>(EndDay());
+    PingDetail closed{};
+    CopyField(closed.CONTRACT, "S2403");
+    CopyField(closed.MATCH_VOL, "1");
+    book_.AddForeignClosed(closed);
+    EXPECT_EQ(EndDay(), Faults{});
+}
+
 }  // namespace
 }  // namespace tradebill::lots_book_test

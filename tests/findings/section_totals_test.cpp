@@ -151,5 +151,39 @@ TEST_F(SectionTotals, CountTheAmountsOfARow) {
     EXPECT_EQ(totals_.CountAmounts(Gbk("合计    0   0.00")), 2);
 }
 
+TEST_F(SectionTotals, AWordOfCountingWithoutANumberCountsNothing) {
+    Begin(" ", {"rb2405  2"});
+    EXPECT_FALSE(Compare("共 条"));
+    EXPECT_FALSE(Compare("共 99999999999条"));  // beyond an int
+    EXPECT_TRUE(Compare("共 2条"));
+}
+
+TEST_F(SectionTotals, TellASumInThePlacesOfItsTotal) {
+    const auto expected = [this](std::string_view line) {
+        const auto fault = Compare(line);
+        return fault ? fault->expected : "";
+    };
+    Begin("|", {"a|1.5", "b|2.5"});
+    EXPECT_EQ(expected("合计|9"), "4");
+    EXPECT_EQ(expected("合计|9.0"), "4.00");
+    Begin("|", {"a|1.5", "b|2.25"});
+    EXPECT_EQ(expected("合计|9"), "3.75");
+}
+
+TEST_F(SectionTotals, BeyondTheLastColumnAreOfNone) {
+    Begin("|", {"a|1", "b|2"});
+    EXPECT_FALSE(Compare("合计|3|99"));
+    EXPECT_EQ(totals_.CountAmounts(Gbk("合计|3|99")), 1);
+    EXPECT_TRUE(Compare("合计|4|99"));
+}
+
+TEST_F(SectionTotals, OfLotsWithoutANumberSayNothing) {
+    totals_.Begin(" ");
+    totals_.AddLots(3);
+    EXPECT_FALSE(totals_.CompareLots(Gbk("小计: 手")));
+    totals_.AddLots(3);
+    EXPECT_TRUE(totals_.CompareLots(Gbk("小计: 6 手")));  // that of before counts from its row
+}
+
 }  // namespace
 }  // namespace tradebill::section_totals_test

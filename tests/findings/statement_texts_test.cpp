@@ -122,5 +122,41 @@ TEST(HashOf, IsThatOfItsBytesAlone) {
     EXPECT_NE(HashOf("1023456789"), HashOf("0123456789"));
 }
 
+TEST(Encoding, IsUtf8WithCharactersOfEachLength) {
+    EXPECT_EQ(FaultOf("caf\xC3\xA9"), "UTF-8");
+    EXPECT_EQ(FaultOf("\xE2\x82\xAC 5"), "UTF-8");
+    EXPECT_EQ(FaultOf("\xF0\x9F\x98\x80 5"), "UTF-8");
+    EXPECT_EQ(FaultOf("\xF8\x88\x80\x80\x80 5"), "bytes that are no GBK characters");
+    EXPECT_EQ(FaultOf("\xC1\x81 5 6"), "");  // GBK: the shorter form of UTF-8 is a byte more
+}
+
+TEST(Encoding, IsGbkUpToItsFirstAndLastBytes) {
+    EXPECT_EQ(FaultOf("\x81\x40 56"), "");
+    EXPECT_EQ(FaultOf("\xFE\xFE 56"), "");
+    EXPECT_EQ(FaultOf("\x81\x3F 56"), "bytes that are no GBK characters");
+    EXPECT_EQ(FaultOf("\x80\x40 56"), "bytes that are no GBK characters");
+    EXPECT_EQ(FaultOf("\xB0\xFF 56"), "bytes that are no GBK characters");
+    EXPECT_EQ(FaultOf("\xFF\x40 56"), "bytes that are no GBK characters");
+}
+
+TEST(PrintedAccount, HasLatinWordsBeforeItsColonAndLettersOfBothKinds) {
+    EXPECT_EQ(PrintedAccount(Gbk("客户号 No. Az: ab_1Z{2")), "ab_1Z");
+    EXPECT_EQ(PrintedAccount(Gbk("客户号 9: 1")), std::nullopt);
+    EXPECT_EQ(PrintedAccount(Gbk("客户号 {: 1")), std::nullopt);
+    EXPECT_EQ(PrintedAccount(Gbk("客户号 @: 1")), std::nullopt);
+    EXPECT_EQ(PrintedAccount(Gbk("客户号 Client")), std::nullopt);
+    EXPECT_EQ(PrintedAccount(Gbk("客户号: @1")), std::nullopt);
+}
+
+TEST(PrintedAccount, StandsBehindALaterLabelOfItsKind) {
+    EXPECT_EQ(PrintedAccount(Gbk("客户号一览\r\n客户号: 88")), "88");
+    EXPECT_EQ(PrintedAccount(Gbk("客户号, 客户号, 客户号: 88")), "88");
+}
+
+TEST(PrintedDay, NeedsAColonBehindItsLabel) {
+    EXPECT_EQ(PrintedDay(Gbk("日期 20240111")), std::nullopt);
+    EXPECT_EQ(PrintedDay(Gbk("日期 20240111\r\n日期: 20240112")), "20240112");
+}
+
 }  // namespace
 }  // namespace tradebill::statement_texts_test
