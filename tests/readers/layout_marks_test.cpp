@@ -69,5 +69,9 @@ TEST(LayoutMarks, TellTheTwoClientBillsByTheirEquity) {
     EXPECT_EQ(Likely({kTitle, "a", "b", "权利金", "x 1 0 0 0 0 100 60 9% 41 0 0 0 0 0"}), (Formats{2, 201}));
 }
 
+TEST(LayoutMarks, LeaveBothClientBillsWhereTheMarginIsMissing) {
+    EXPECT_EQ(Likely({"客户帐单_资金清单", "a", "b", "权利金", "x 1 0 0 0 0 100 60 9%"}), (Formats{2, 201}));
+}
+
 }  // namespace
 }  // namespace tradebill::layout_marks_test

@@ -174,5 +174,62 @@ TEST(PrintedMoneyReader, TakesTheFiguresOfAForeignCurrency) {
     EXPECT_EQ(Cents(money, Premium), std::nullopt);
 }
 
+TEST(PrintedMoneyReader, ReadsSignsTabsAndBars) {
+    const PrintedMoney money = ReadBlock(
+        {"资金状况", "-----", "上日结存:\t+1000.00|当日结存|-5.00", "手续费: - 可用资金: +", "保证金占用:", "-----"},
+        "资金状况", "保证金占用");
+    EXPECT_EQ(Cents(money, Opening), 100000);
+    EXPECT_EQ(Cents(money, Closing), -500);
+    EXPECT_EQ(Cents(money, Fees), std::nullopt);
+    EXPECT_EQ(Cents(money, PrintedFigure::Available), std::nullopt);
+    EXPECT_EQ(Cents(money, Margin), std::nullopt);
+}
+
+TEST(PrintedMoneyReader, ReadsLabelsPastTheSignsAmongThem) {
+    // 丂 begins with a byte below those of the signs, and is a part of its label.
+    const PrintedMoney money =
+        ReadBlock({"资金状况", "-----", "“上日结存”：5.00 丂手续费: 2.00", "-----"}, "资金状况", "上日结存");
+    EXPECT_EQ(Cents(money, Opening), 500);
+    EXPECT_EQ(Cents(money, Fees), std::nullopt);
+}
+
+TEST(PrintedMoneyReader, TakesARowOfOtherColumnsThanItsHeadingForNoFigures) {
+    const PrintedMoney money =
+        ReadBlock({"资 金 清 单", "-----", "  上日结存   手续费", "  1000.00   50.00  -3.00", "  1.00  2.00", "-----"},
+                  "资 金 清 单", "");
+    EXPECT_EQ(Cents(money, Opening), 100);
+    EXPECT_EQ(Cents(money, Fees), 200);
+}
+
+TEST(PrintedMoneyReader, LooksAtSixtyLinesBelowItsTitle) {
+    for (const int others : {58, 59, 60}) {
+        std::string text = Gbk("资金状况\r\n");
+        for (int i = 0; i < others; ++i) text += "-----\r\n";
+        text += Gbk("手续费: 5.00\r\n");
+        PrintedMoney money;
+        const std::string_view title = std::string_view(text).substr(0, text.find('\r'));
+        ReadPrintedMoney({text, title, {}}, money);
+        EXPECT_EQ(Cents(money, Fees), others < 60 ? std::optional<std::int64_t>(500) : std::nullopt) << others;
+    }
+}
+
+TEST(PrintedMoneyReader, TakesNoNetDepositsBesideEitherOfTheTwo) {
+    for (const PrintedFigure figure : {Deposits, Withdrawals}) {
+        PrintedMoney money;
+        money[figure] = 0;
+        CompleteFromRecord(FullRecord(), EquityRule::AsPrinted, money);
+        EXPECT_EQ(Cents(money, CashFlow), std::nullopt);
+    }
+}
+
+TEST(PrintedMoneyReader, TakesNoPremiumBesideEitherPartOfIt) {
+    for (const PrintedFigure figure : {PremiumReceived, PremiumPaid}) {
+        PrintedMoney money;
+        money[figure] = 0;
+        CompleteFromRecord(FullRecord(), EquityRule::AsPrinted, money);
+        EXPECT_EQ(Cents(money, Premium), std::nullopt);
+    }
+}
+
 }  // namespace
 }  // namespace tradebill::printed_money_reader_test

@@ -188,5 +188,30 @@ TEST_F(MoneyIdentityTest, KnowsTheUsualFormOfOneStatement) {
     EXPECT_TRUE(UsualBalanceForm(MoneyOf({{DayPL, 0}})).usesDayPL);
 }
 
+TEST_F(MoneyIdentityTest, TakesAPremiumThatIsPaidAloneForPrinted) {
+    for (const PrintedFigure printed : {Premium, PremiumReceived, PremiumPaid}) {
+        report.PrintedMoney.clear();
+        PrintedMoney money = MoneyOf({{Opening, 1000}, {Closing, 1011}, {printed, 0}});
+        money.OptionTurnover = 11 * kDecimalSteps;
+        Add(5, money);
+        EXPECT_FALSE(Find().Balance) << "turnover stands for no premium that is printed";
+    }
+    report.PrintedMoney.clear();
+    PrintedMoney money = MoneyOf({{Opening, 1000}, {Closing, 1011}});
+    money.OptionTurnover = 11 * kDecimalSteps;
+    Add(5, money);
+    EXPECT_TRUE(Find().Balance);
+}
+
+TEST_F(MoneyIdentityTest, CountsAvailableFundsThatHaveABalanceBesideThem) {
+    Add(5, MoneyOf({{Margin, 10}, {PrintedFigure::Available, 90}}));
+    EXPECT_EQ(Find().AvailableStatements, 0);
+    Add(5, MoneyOf({{Equity, 100}, {Margin, 10}, {PrintedFigure::Available, 90}}));
+    EXPECT_EQ(Find().AvailableStatements, 5);
+    Add(5, MoneyOf({{Closing, 100}, {Margin, 10}, {PrintedFigure::Available, 90}}));
+    EXPECT_EQ(Find().AvailableStatements, 10);
+    EXPECT_TRUE(Find().Available);
+}
+
 }  // namespace
 }  // namespace tradebill::money_identity_test
