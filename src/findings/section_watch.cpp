@@ -152,7 +152,7 @@ void CSectionWatch::TakeData(std::string_view row, Row columns, const RowVerdict
             AddTotalFault(totals_.CompareLots(row), row, lines);
             break;
         case RowFate::TooShort:
-            if (!IsRule(row) && !IsHeadingRow(row) && !IsTotalRow(row)) TakeLostRow(row, columns.size(), lines);
+            if (!IsHeadingRow(row) && !IsTotalRow(row)) TakeLostRow(row, columns.size(), lines);
             break;
         default:
             break;
