@@ -8,12 +8,17 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <iostream>
 #include <nlohmann/json.hpp>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "cli/program_fixture.h"
+#include "cli/report_options.h"
+#include "cli/run_findings.h"
+#include "findings/finding.h"
 #include "findings/finding_table.h"
 #include "platform/text_encoding.h"
 #include "support/shell.h"
@@ -190,6 +195,65 @@ TEST_F(CheckProgram, ListsAllCodes) {
                                   std::string(kind.when) + "\n  " + std::string(kind.advice) + "\n";
         EXPECT_NE(answer.out.find(entry), std::string::npos) << kind.name;
     }
+}
+
+TEST_F(CheckProgram, RefusesARangeWithoutAnyFile) {
+    const Answer answer = Run(Check("--quiet --from 2030-01-01 --to 2030-01-10"));
+    EXPECT_EQ(answer.exit, 2);
+    EXPECT_TRUE(Says(answer.err, "there is nothing to check")) << answer.err;
+    fs::create_directories(root_ + "/Users/demo/Data/Bill/D90010002.20300102o.txt");
+    EXPECT_EQ(Run(Check("--quiet --from 2030-01-01 --to 2030-01-10")).exit, 3);  // one that is no file is found
+}
+
+TEST_F(CheckProgram, IsStrictForReportsThatAskForIt) {
+    const std::string report =
+        "report --quiet --root " + Quoted(root_) + " --request " + Quoted(sample_ + "/request.ini");
+    EXPECT_EQ(Run(report + " --strict").exit, 0);
+    fs::remove(PathOf("20240116"));
+    const Answer lax = Run(report);
+    EXPECT_EQ(lax.exit, 0);
+    EXPECT_TRUE(Says(lax.err, "gap: 20240116")) << lax.err;
+    const Answer strict = Run(report + " --strict");
+    EXPECT_EQ(strict.exit, 3);
+    EXPECT_EQ(strict.err, lax.err);
+}
+
+#if !defined(_WIN32)  // which has no device that is always full
+TEST_F(CheckProgram, FailsIfItsJsonCantBeWritten) {
+    const Answer answer = Run(Check("--quiet --json /dev/full"));
+    EXPECT_EQ(answer.exit, 1);
+    EXPECT_TRUE(Says(answer.err, "tradebill: can't write /dev/full")) << answer.err;
+}
+#endif
+
+TEST(CheckCommandLine, QuotesWhatAShellWouldTakeApart) {
+    ReportOptions options;
+    EXPECT_EQ(CheckCommandLine(options), "tradebill check");
+    options.root = "a b";
+    options.user = "";
+    options.account = "it's";
+    options.from = "2024-01-02";
+    EXPECT_EQ(CheckCommandLine(options),
+              R"(tradebill check --root 'a b' --user '' --account 'it'\''s' --from 2024-01-02)");
+}
+
+TEST(ShownFindings, AreTenAndHowManyMore) {
+    const auto shown = [](std::size_t count, Severity severity) {
+        std::ostringstream err;
+        std::streambuf* const before = std::cerr.rdbuf(err.rdbuf());
+        ShowFindings(std::vector<Finding>(count, {.code = FindingCode::Gap, .severity = severity, .text = "One."}), {});
+        std::cerr.rdbuf(before);
+        return err.str();
+    };
+    const std::string line = "tradebill: warning gap: One.\n";
+    const std::string last = "all of them, and what to do: tradebill check\n";
+    EXPECT_EQ(shown(0, Severity::Warning), "");
+    EXPECT_EQ(shown(3, Severity::Note), "");
+    EXPECT_EQ(shown(1, Severity::Warning), line + "tradebill: " + last);
+    std::string ten;
+    for (int i = 0; i < 10; ++i) ten += line;
+    EXPECT_EQ(shown(10, Severity::Warning), ten + "tradebill: " + last);
+    EXPECT_EQ(shown(12, Severity::Warning), ten + "tradebill: and 2 more; " + last);
 }
 
 }  // namespace

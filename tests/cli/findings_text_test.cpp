@@ -83,5 +83,13 @@ TEST(FindingsText, CountsBySeverity) {
     EXPECT_EQ(counts({Warning, Error, Error}), "2 errors, 1 warning");
 }
 
+TEST(FindingsText, PartsOneCodeBySeverity) {
+    const std::vector<Finding> findings{FindingOf(FindingCode::Gap, Severity::Error, "One."),
+                                        FindingOf(FindingCode::Gap, Severity::Note, "Two.")};
+    const std::string text = Printed(findings);
+    EXPECT_TRUE(text.starts_with("error " + HeadOf(FindingCode::Gap) + "  20240110: One.\n")) << text;
+    EXPECT_NE(text.find("note " + HeadOf(FindingCode::Gap) + "  20240110: Two.\n"), std::string::npos) << text;
+}
+
 }  // namespace
 }  // namespace tradebill::findings_text_test
