@@ -12,8 +12,10 @@
 #include "findings/account_check.h"
 #include "findings/account_maker.h"
 #include "findings/account_pages.h"
+#include "findings/finding.h"
 #include "findings/made_accounts.h"
 #include "readers/scan_listener.h"
+#include "support/gbk_text.h"
 
 namespace tradebill::damaged_money_test {
 namespace {
@@ -247,6 +249,22 @@ TEST(DamagedSections, EmptyOnesArentMissed) {
         }
         EXPECT_TRUE(tried > 0 || kind == SectionKind::Open);
     }
+}
+
+TEST(DamagedMoney, ATextForAnAmountIsToldWithItsLine) {
+    const MadeStatements made(3, MadeLayout::FundStatus, {.days = 6});
+    std::vector<DayFile> files = made.Files();
+    std::string& bytes = files[3].bytes;
+    const std::size_t point = bytes.find('.', bytes.find(Gbk("保证金占用")));
+    ASSERT_NE(point, std::string::npos);
+    bytes[point] = 'x';
+    const CCheckedRun run(files, AskedFor(made.layout));
+    const auto found = std::ranges::find(run.findings, FindingCode::Shifted, &Finding::code);
+    ASSERT_NE(found, run.findings.end());
+    EXPECT_EQ(found->day, made.Day(3));
+    EXPECT_EQ(found->section, SectionKind::Money);
+    EXPECT_EQ(found->row, 1 + std::count(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(point), '\n'));
+    EXPECT_NE(found->found.find('x'), std::string::npos) << found->found;
 }
 
 }  // namespace
