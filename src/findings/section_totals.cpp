@@ -27,7 +27,7 @@ std::optional<int> CountIn(std::string_view row) {
     row = TrimLeft(row.substr(at + kWord.size()));
     int count = 0;
     const auto [end, error] = std::from_chars(row.data(), row.data() + row.size(), count);
-    return error == std::errc{} && end != row.data() ? std::optional(count) : std::nullopt;
+    return error == std::errc{} ? std::optional(count) : std::nullopt;
 }
 
 /// The text of a sum, as a total of so many places would print it.
