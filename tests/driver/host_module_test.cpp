@@ -47,5 +47,12 @@ TEST(HostModuleReport, AsksTheCallbacksOfItsOwnRequest) {
     EXPECT_EQ(report.AskContractUnit("cu", "1105"), 5);
 }
 
+TEST(HostModuleReport, IsAsWideForChartsAsForRuns) {
+    HostModule module;
+    EXPECT_EQ(module.ReportForChart().ScreenWidth, DisplayWidth());
+    module.screenWidth = 2560;
+    EXPECT_EQ(module.ReportForChart().ScreenWidth, 2560);
+}
+
 }  // namespace
 }  // namespace tradebill::host_module_test

@@ -294,5 +294,14 @@ TEST_F(RunsWithAnOwnFolder, MakeOneLevelAlone) {
     EXPECT_FALSE(fs::exists(out_));
 }
 
+TEST(RunProblemsTexts, AreThereForEachOfThemAlone) {
+    RunProblems page;
+    page.page = {"a/h.html", ""};
+    EXPECT_FALSE(page.IsEmpty());
+    RunProblems error;
+    error.error = RunError{};
+    EXPECT_FALSE(error.IsEmpty());
+}
+
 }  // namespace
 }  // namespace tradebill::run_problems_test

@@ -185,5 +185,15 @@ TEST_F(CheckMoneyTest, AForeignFigureThatIsntPrintedSaysNothing) {
     EXPECT_EQ(Check(), FindingKeys{"available@20240107"});
 }
 
+TEST_F(CheckMoneyTest, FiveStatementsAreEnoughToSayThatNoFormHolds) {
+    const auto without = [](std::int64_t available) {
+        return MoneyOf({{Opening, 1000}, {Closing, 7}, {Margin, 300}, {PrintedFigure::Available, available}});
+    };
+    for (int day = 0; day < 4; ++day) AddDay({without(day)});
+    EXPECT_EQ(Check().size(), 8U);  // by the usual forms, each of its own
+    AddDay({without(4)});
+    EXPECT_EQ(Check(), (FindingKeys{"identity(note)@", "available(note)@"}));
+}
+
 }  // namespace
 }  // namespace tradebill::check_money_test

@@ -294,5 +294,34 @@ TEST_F(CheckSectionsTest, ACurrencyIsntMissedWhereThereAreNoFiguresAtAll) {
     EXPECT_EQ(findings_.size(), 1U);
 }
 
+TEST_F(CheckSectionsTest, ATableThatTheOneOtherStatementHasIsMissed) {
+    statements_.erase(statements_.begin(), statements_.end() - 2);
+    LastMoney()[Fees] = 1;
+    Take(Last(), SectionKind::Trades);
+    EXPECT_EQ(Check(), missing_);
+}
+
+TEST_F(CheckSectionsTest, MoneyWithoutASectionIsLookedAt) {
+    Last().sections.clear();
+    EXPECT_EQ(Check(), FindingKeys{});
+    LastMoney().Figures = {};
+    EXPECT_EQ(Check(), missing_);
+}
+
+TEST_F(CheckSectionsTest, OfSeveralBlocksOfAKindTheFirstThatIsFoundCounts) {
+    SectionFacts& first = Last().sections[1];
+    SectionFacts second = first;
+    first.hasTitle = first.hasEnd = false;
+    second.titleRow = 9;
+    Last().sections.push_back(second);
+    EXPECT_EQ(Last().Section(SectionKind::Trades)->titleRow, 9);
+    Last().sections.back().hasEnd = false;
+    EXPECT_EQ(Last().Section(SectionKind::Trades)->titleRow, 9);
+    Last().sections.back().hasTitle = false;
+    EXPECT_EQ(Last().Section(SectionKind::Trades), &Last().sections[1]);
+    Last().sections[1].hasTitle = Last().sections[1].hasEnd = Last().sections.back().hasTitle = true;
+    EXPECT_EQ(Last().Section(SectionKind::Trades), &Last().sections[1]);
+}
+
 }  // namespace
 }  // namespace tradebill::check_sections_test

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -86,6 +87,26 @@ TEST(SortFindings, PutsTheWorstFirstThenByCodeDayAndRow) {
     EXPECT_EQ(order,
               (std::vector<std::string>{"empty 20240109 0", "totals 20240102 5", "totals 20240103 2",
                                         "totals 20240103 9", "lots 20240102 0", "identity  0", "gap 20240101 0"}));
+}
+
+TEST(SortFindings, PutsAFindingWithoutARowBeforeTheFirstRow) {
+    std::vector<Finding> findings{FindingOf(Totals, Severity::Error, "20240103", 1),
+                                  FindingOf(Totals, Severity::Error, "20240103")};
+    findings[1].row.reset();
+    SortFindings(findings);
+    EXPECT_EQ(findings[0].row, std::nullopt);
+    EXPECT_EQ(findings[1].row, 1);
+}
+
+TEST(SortFindings, LeavesTheOrderOfThoseThatAreAlike) {
+    std::vector<Finding> findings(3, FindingOf(Totals, Severity::Error, "20240103", 4));
+    findings[0].text = "one";
+    findings[1].text = "two";
+    findings[2].text = "three";
+    SortFindings(findings);
+    EXPECT_EQ(findings[0].text, "one");
+    EXPECT_EQ(findings[1].text, "two");
+    EXPECT_EQ(findings[2].text, "three");
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -274,6 +275,25 @@ TEST_F(SectionWatch, OfSeveralRecordsOfARowTheFirstStrangeOneIsTold) {
     Row(3);
     ASSERT_EQ(Faults(), Lines{3});
     EXPECT_EQ(facts_.faults[0].found, "x");
+}
+
+TEST_F(SectionWatch, ColumnsFromTheThirtyThirdOnAreLookedAtInTheRecord) {
+    std::string row = "rb";
+    for (int i = 1; i < 34; ++i) row += " 1";
+    MatchRecord strange{};
+    CopyField(strange.MATCH_VOL, "x");
+    Begin({"title", "a b c d", row, "end"}, 1, 4);
+    const ColumnSeen columns[] = {{.column = 31, .field = "TURNOVER", .isAmount = true},
+                                  {.column = 32, .field = "MATCH_VOL", .isAmount = true}};
+    watch_.OnColumns(columns);
+    watch_.OnRecord(&strange);
+    Row(3);
+    EXPECT_EQ(Faults(), Lines{});  // the row's amounts are numbers as far as they are looked at
+    Begin({"title", "a b c d", row, "end"}, 1, 4);
+    watch_.OnColumns(std::span(columns).last(1));
+    watch_.OnRecord(&strange);
+    Row(3);
+    EXPECT_EQ(Faults(), Lines{3});
 }
 
 }  // namespace

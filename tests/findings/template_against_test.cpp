@@ -209,5 +209,14 @@ TEST(TemplateAgainst, PassesEveryStatementOfTheSamples) {
     EXPECT_EQ(statements, 50);
 }
 
+TEST(TemplateAgainst, TellsAnErrorOfASectionThatIsntWritten) {
+    const Texts found = Against({"[DEALFIELD]", "MONEY_MODE=1"}, kStatement);
+    const bool isTold = std::ranges::any_of(found, [](const std::string& text) {
+        return text.starts_with(
+            "0 E [MONEY_RECORD]: the reading stops with an error at a row that the statement doesn't have (");
+    });
+    EXPECT_TRUE(isTold) << found.size();
+}
+
 }  // namespace
 }  // namespace tradebill::template_against_test

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <initializer_list>
 #include <string>
@@ -234,6 +235,30 @@ TEST(TemplateCheck, SaysOfUtf16NothingElse) {
         EXPECT_TRUE(findings[0].isError);
         EXPECT_NE(findings[0].text.find("UTF-16"), std::string::npos);
     }
+}
+
+TEST(TemplateCheck, TakesDepositsApartForColumnsAlone) {
+    const auto warnings = [](const char* deposits) {
+        auto lines = SoundLines();
+        lines.insert(lines.begin() + 11, {deposits, "CJ_NAME=6"});
+        int count = 0;
+        for (const TemplateFinding& finding : Check(lines)) {
+            count += finding.text.find("compute nothing with labels") != std::string::npos ? 1 : 0;
+        }
+        return count;
+    };
+    EXPECT_EQ(warnings("RJ_NAME=入金"), 1);
+    EXPECT_EQ(warnings("RJ_NAME=0"), 1);
+    EXPECT_EQ(warnings("RJ_NAME=5"), 0);
+}
+
+TEST(TemplateCheck, NamesTheModeThatTurnsMoneyOff) {
+    const auto findings = CheckWith(3, "MONEY_MODE=9");
+    const bool isTold = std::ranges::any_of(findings, [](const TemplateFinding& finding) {
+        return finding.line == 7 &&
+               finding.text == "[MONEY_RECORD] is never read: the money mode in [DEALFIELD] turns it off";
+    });
+    EXPECT_TRUE(isTold);
 }
 
 }  // namespace
