@@ -185,5 +185,23 @@ TEST_F(SectionTotals, OfLotsWithoutANumberSayNothing) {
     EXPECT_TRUE(totals_.CompareLots(Gbk("小计: 6 手")));  // that of before counts from its row
 }
 
+TEST_F(SectionTotals, OfAnotherColumnAreRightUnlessTheyAreNothing) {
+    Begin("|", {"a|1|2|0", "b|3|4|0"});
+    EXPECT_FALSE(Compare("合计|6|4|0"));
+    EXPECT_TRUE(Compare("合计|5|4|0"));
+    EXPECT_TRUE(Compare("合计|0|6|0"));
+}
+
+TEST_F(SectionTotals, OfNumbersOfTradesAndOfDaysArentCompared) {
+    for (const char* const name : {"01", "0012", "20240102", "19991231"}) {
+        Begin("|", {std::string("a|") + name + "|5", "b|2|5"});
+        EXPECT_FALSE(Compare("合计|9|10")) << name;
+    }
+    for (const char* const number : {"0", "0.1", "2024010", "2024.102", "30240102"}) {
+        Begin("|", {std::string("a|") + number + "|5", "b|2|5"});
+        EXPECT_TRUE(Compare("合计|9|10")) << number;
+    }
+}
+
 }  // namespace
 }  // namespace tradebill::section_totals_test

@@ -296,5 +296,18 @@ TEST_F(SectionWatch, ColumnsFromTheThirtyThirdOnAreLookedAtInTheRecord) {
     EXPECT_EQ(Faults(), Lines{3});
 }
 
+TEST_F(SectionWatch, ARecordWithoutARowIsForgottenWithItsSection) {
+    MatchRecord strange{};
+    CopyField(strange.MATCH_VOL, "x");
+    for (const RecordLife life : {RecordLife::Stays, RecordLife::EndsWithRow}) {
+        const auto begin = [&] { Begin({"title", "a b c d", "rb 1 2 3", "end"}, 1, 4, SectionKind::Trades, life); };
+        begin();
+        watch_.OnRecord(&strange);
+        begin();
+        Row(3);
+        EXPECT_EQ(Faults(), Lines{});
+    }
+}
+
 }  // namespace
 }  // namespace tradebill::section_watch_test

@@ -7,7 +7,7 @@ inline constexpr int kMostMutants = 100000;
 inline constexpr int kNoMutant = 0;      ///< mutants count from 1
 inline constexpr int kTellReached = -1;  ///< no mutant, but keep account of those that were asked for
 
-extern int activeMutant;                    ///< TRADEBILL_MUTANT in the environment
+extern int activeMutant;                   ///< TRADEBILL_MUTANT in the environment
 extern bool reachedMutants[kMostMutants];  ///< since they were cleared
 
 /// Whether `number` is the one that is switched on.

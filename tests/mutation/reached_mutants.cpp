@@ -1,4 +1,5 @@
-// Tells which mutants each test passes: a line for each test, with the source that has it, its milliseconds and the numbers.
+// Tells which mutants each test passes: a line for each test, with the source that has it, its milliseconds and the
+// numbers.
 #include <gtest/gtest.h>
 
 #include <algorithm>
