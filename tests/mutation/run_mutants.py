@@ -1,9 +1,10 @@
 """Runs a room's tests with each of its mutants switched on, and says which the tests don't notice.
 
-Usage: run_mutants.py TREE UNDETECTED.txt [--sample N] [--seed S] [--room ROOM] [--mutant NUMBER...]
+Usage: run_mutants.py TREE UNDETECTED.txt [--sample N] [--seed S] [--room ROOM] [--seconds S] [--mutant NUMBER...]
 
-Of the tests that lie in the room's folder only those run that pass the mutant, the quickest first, until one fails. A mutant is
-killed by a failure, by a crash, or by a hang: ten times the time that the tests take without a mutant, and 10 s more.
+Of the tests that lie in the room's folder only those run that pass the mutant, the quickest first, until one fails; of slow ones as
+many as take 5 s together without a mutant (--seconds). A mutant is killed by a failure, by a crash, or by a hang: ten times the
+time that the tests take without a mutant, and 10 s more.
 
 UNDETECTED.txt names mutants that no test can notice, and why: FILE | TEXT | MUTATION | REASON in each line, where TEXT stands in
 the mutated line and MUTATION is shown beside it here. They count as any other. Ends with 1 if fewer than 90 % are killed, and
@@ -26,24 +27,42 @@ TESTS_AT_ONCE = 400  # as the names of more make too long a command
 class Tests:
     """Which tests of which room pass which mutant, quickest first."""
 
-    def __init__(self, tree):
+    def __init__(self, tree, seconds):
         self.program = os.path.join(tree, "build/bin/unit_tests")
+        self.seconds = seconds
         self.milliseconds = {}
         self.by_mutant = collections.defaultdict(list)
-        with tempfile.NamedTemporaryFile("r", encoding="utf-8") as told:
-            environment = dict(os.environ, TRADEBILL_MUTANT="-1", TRADEBILL_REACHED=told.name)
-            if subprocess.run([self.program, "--gtest_brief=1"], env=environment, check=False).returncode != 0:
-                sys.exit("the tests fail without a mutant")
-            lines = [line.rstrip("\n").split("\t") for line in told]
+        told = os.path.join(tree, "reached.txt")
+        if not os.path.exists(told) or os.path.getmtime(told) < os.path.getmtime(self.program):
+            self.tell_reached(told)
+        with open(told, encoding="utf-8") as file:
+            lines = [line.rstrip("\n").split("\t") for line in file]
         for name, source, milliseconds, numbers in sorted(lines, key=lambda line: int(line[2])):
             room = source.split("/tests/")[-1].split("/")[0]
             self.milliseconds[name] = int(milliseconds)
             for number in numbers.split():
                 self.by_mutant[room, int(number)].append(name)
 
+    def tell_reached(self, path):
+        environment = dict(os.environ, TRADEBILL_MUTANT="-1", TRADEBILL_REACHED=path + ".part")
+        if subprocess.run([self.program, "--gtest_brief=1"], env=environment, check=False).returncode != 0:
+            sys.exit("the tests fail without a mutant")
+        os.replace(path + ".part", path)
+
+    def of(self, mutant):
+        """The quickest ones, until they have taken their time."""
+        names = []
+        left = 1000 * self.seconds
+        for name in self.by_mutant[room_of(mutant), mutant["number"]]:
+            left -= self.milliseconds[name]
+            if names and left < 0:
+                break
+            names.append(name)
+        return names
+
     def outcome(self, mutant):
         """"killed", "timeout", "unreached" or "survived"."""
-        names = self.by_mutant[room_of(mutant), mutant["number"]]
+        names = self.of(mutant)
         if not names:
             return "unreached"
         for first in range(0, len(names), TESTS_AT_ONCE):
@@ -116,6 +135,7 @@ def main():
     parser.add_argument("--sample", type=int, default=0)
     parser.add_argument("--seed", type=int, default=time.time_ns() % 1000000)
     parser.add_argument("--room")
+    parser.add_argument("--seconds", type=float, default=5)
     parser.add_argument("--mutant", type=int, nargs="+")
     arguments = parser.parse_args()
     with open(os.path.join(arguments.tree, "mutants.json"), encoding="utf-8") as file:
@@ -123,7 +143,7 @@ def main():
     if not mutants:
         sys.exit("no such mutants")
     entries = read_undetected(arguments.undetected)
-    tests = Tests(arguments.tree)
+    tests = Tests(arguments.tree, arguments.seconds)
 
     outcomes = collections.Counter()
     stale = set()
