@@ -73,5 +73,21 @@ TEST(LayoutMarks, LeaveBothClientBillsWhereTheMarginIsMissing) {
     EXPECT_EQ(Likely({"客户帐单_资金清单", "a", "b", "权利金", "x 1 0 0 0 0 100 60 9%"}), (Formats{2, 201}));
 }
 
+TEST(LayoutMarks, AreThoseOfOneFormat) {
+    const auto bears = [](std::initializer_list<std::string_view> lines, std::int32_t format, bool isForeign = false) {
+        return BearsMarksOf(Statement(lines), format, isForeign);
+    };
+    EXPECT_TRUE(bears({"资金状况"}, 1));
+    EXPECT_FALSE(bears({"资金状况"}, 2));
+    EXPECT_FALSE(bears({"资金状况"}, 1, true));
+    EXPECT_TRUE(bears({"客户帐单_资金清单"}, 2));
+    EXPECT_TRUE(bears({"客户帐单_资金清单"}, 201));
+    EXPECT_TRUE(bears({"资金汇总", "币种 Base HKD"}, 1, true));
+    EXPECT_FALSE(bears({"资金汇总", "币种 Base HKD"}, 1));
+    EXPECT_FALSE(bears({"资金状况", "客户权益 Client Equity:  5"}, 1));  // framed
+    EXPECT_TRUE(bears({"资金状况", "客户权益 Client Equity:  5"}, 3));
+    EXPECT_FALSE(bears({}, 1));
+}
+
 }  // namespace
 }  // namespace tradebill::layout_marks_test

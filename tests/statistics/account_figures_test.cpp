@@ -218,5 +218,12 @@ TEST_F(AccountFigures, LeaveTheCountersOfTheRowsAlone) {
     EXPECT_EQ(report.AccountStatistics.MaxLoss, -4);
 }
 
+TEST_F(AccountFigures, RateProfitOverTheSmallestEquity) {
+    AddDay("20240102", "0.5");
+    report.AccountStatistics.TotalPL = 1;
+    ComputeAccountStatistics(report);
+    EXPECT_EQ(report.AccountStatistics.ProfitRate, 200);
+}
+
 }  // namespace
 }  // namespace tradebill::account_figures_test

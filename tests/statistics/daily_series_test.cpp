@@ -331,5 +331,14 @@ TEST_F(Yields, LeaveRisksAlone) {
     EXPECT_EQ(report.TradeStatistics.MaxRisk(), 0.6);
 }
 
+TEST_F(MarginOffset, TakesTheSmallestMarginToo) {
+    LoadChain("a", {"b"});
+    AddLong("a", 1, 0.5);
+    AddShort("b", 1, 0.25);
+    OffsetMargins(report);
+    EXPECT_EQ(MarginAt(0), 0.25);
+    EXPECT_EQ(MarginAt(1), 0);
+}
+
 }  // namespace
 }  // namespace tradebill::daily_series_test

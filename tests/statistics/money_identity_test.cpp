@@ -213,5 +213,70 @@ TEST_F(MoneyIdentityTest, CountsAvailableFundsThatHaveABalanceBesideThem) {
     EXPECT_TRUE(Find().Available);
 }
 
+TEST_F(MoneyIdentityTest, FindsEveryFormByFiguresThatTellThemApart) {
+    for (unsigned bits = 0; bits < 32; ++bits) {
+        const BalanceForm form{.usesDayPL = (bits & 1U) != 0,
+                               .addsExercisePL = (bits & 2U) != 0,
+                               .takesExerciseFees = (bits & 4U) != 0,
+                               .takesDeliveryFees = (bits & 8U) != 0,
+                               .addsPledgeChanges = (bits & 16U) != 0,
+                               .premium = PremiumTerm::Net};
+        report.PrintedMoney.clear();
+        const std::int64_t closing = 1000 + ((bits & 1U) != 0 ? 10 : 21) + ((bits & 2U) != 0 ? 40 : 0) -
+                                     ((bits & 4U) != 0 ? 80 : 0) - ((bits & 8U) != 0 ? 160 : 0) +
+                                     ((bits & 16U) != 0 ? 320 : 0) + 5;
+        Add(5, MoneyOf({{Opening, 1000},
+                        {DayPL, 10},
+                        {ClosedPL, 21},
+                        {ExercisePL, 40},
+                        {ExerciseFees, 80},
+                        {DeliveryFees, 160},
+                        {PledgeChange, 320},
+                        {Premium, 5},
+                        {Closing, closing}}));
+        EXPECT_EQ(Find().Balance, form) << bits;
+    }
+}
+
+TEST_F(MoneyIdentityTest, TakesTheUsualFormWhereSeveralHoldAlike) {
+    const BalanceForm usual{.usesDayPL = false,
+                            .addsExercisePL = true,
+                            .takesExerciseFees = true,
+                            .takesDeliveryFees = true,
+                            .addsPledgeChanges = false,
+                            .premium = PremiumTerm::Net};
+    Add(9, MoneyOf({{Opening, 1000}, {Closing, 1000}, {Margin, 10}, {PrintedFigure::Available, 990}}));
+    EXPECT_EQ(Find().Balance, usual);
+    Add(1, MoneyOf({{Opening, 1000}, {Closing, 7}, {Margin, 10}, {PrintedFigure::Available, 990}}));
+    EXPECT_EQ(Find().Balance, usual);  // on nine of ten days
+    EXPECT_EQ(report.MoneyIdentity.Available, (AvailableForm{.takesFrozen = true, .takesDeliveryMargin = true}));
+}
+
+TEST_F(MoneyIdentityTest, TakesTheFormThatMostStatementsKeep) {
+    Add(4, MoneyOf({{Opening, 1000}, {Closing, 1000}}));
+    Add(6, MoneyOf({{Opening, 1000}, {ExerciseFees, 5}, {Closing, 1000}}));
+    ASSERT_TRUE(Find().Balance);
+    EXPECT_FALSE(report.MoneyIdentity.Balance.value_or(BalanceForm{.takesExerciseFees = true}).takesExerciseFees);
+}
+
+TEST_F(MoneyIdentityTest, AllowsHalfACentForEachOfTheThreeTermsOfAvailableFunds) {
+    constexpr std::int64_t kRounding = 3 * kDecimalSteps / 100 / 2;
+    for (const std::int64_t off : {kRounding, -kRounding, kRounding + 1, -kRounding - 1}) {
+        report.PrintedMoney.clear();
+        PrintedMoney money = MoneyOf({{Equity, 1000}, {Margin, 10}, {PrintedFigure::Available, 990}});
+        money[PrintedFigure::Available] = *money[PrintedFigure::Available] + off;
+        Add(5, money);
+        EXPECT_EQ(Find().Available.has_value(), off == kRounding || off == -kRounding) << off;
+    }
+}
+
+TEST_F(MoneyIdentityTest, CountsAvailableFundsOnlyBesideEquityAndMargin) {
+    Add(5, MoneyOf({{Equity, 1000}, {PrintedFigure::Available, 1000}}));
+    Add(5, MoneyOf({{Equity, 1000}, {Margin, 0}}));
+    Add(5, MoneyOf({{Margin, 0}, {PrintedFigure::Available, 1000}}));
+    EXPECT_EQ(Find().AvailableStatements, 0);
+    EXPECT_FALSE(report.MoneyIdentity.Available);
+}
+
 }  // namespace
 }  // namespace tradebill::money_identity_test
