@@ -158,5 +158,10 @@ TEST(PrintedDay, NeedsAColonBehindItsLabel) {
     EXPECT_EQ(PrintedDay(Gbk("日期 20240111\r\n日期: 20240112")), "20240112");
 }
 
+TEST(Encoding, IsUtf8WhereTheFileEndsInACharacterOfFourBytes) {
+    EXPECT_EQ(FaultOf("资金\xF0\x9F\x98"), "UTF-8");
+    EXPECT_EQ(FaultOf("资金\xF0\x9F\x98 567"), "bytes that are no GBK characters");
+}
+
 }  // namespace
 }  // namespace tradebill::statement_texts_test

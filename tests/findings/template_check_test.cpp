@@ -261,5 +261,13 @@ TEST(TemplateCheck, NamesTheModeThatTurnsMoneyOff) {
     EXPECT_TRUE(isTold);
 }
 
+TEST(TemplateCheck, NamesNoLineForASectionThatIsntThere) {
+    const auto findings = Check({"[MONEY_RECORD]", "START_FLAG=资金"});
+    const auto found = std::ranges::find(findings, "expected a section [DEALFIELD]", &TemplateFinding::text);
+    ASSERT_NE(found, findings.end());
+    EXPECT_EQ(found->line, 0);
+    EXPECT_TRUE(found->isError);
+}
+
 }  // namespace
 }  // namespace tradebill::template_check_test
