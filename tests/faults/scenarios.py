@@ -1,0 +1,72 @@
+"""What is run while calls fail. A command or an output that is new is a row more of SCENARIOS."""
+
+import dataclasses
+
+FIRST_DAYS = ("--from", "2024-01-02", "--to", "2024-01-04")
+OTHER_DAYS = ("--from", "2024-01-05", "--to", "2024-01-08")
+FUND_STATUS = ("--root", "root", "--user", "demo", "--account", "90010002", "--format", "1", "--units", "units.ini")
+TEMPLATE = ("--root", "root", "--user", "demo", "--account", "90010011", "--format", "1", "--template", "songta",
+            "--units", "units.ini")
+FOREIGN = ("--root", "root", "--user", "demo", "--account", "60010001", "--kind", "foreign", "--live", "live.ini")
+BILLS = "root/Users/demo/Data/Bill"
+STATEMENT = BILLS + "/D90010002.20240102o.txt"
+HOST = ("root", "demo", "90010002")
+DOCUMENTS = ("--json", "report.json", "--standalone", "report.html")
+
+
+@dataclasses.dataclass(frozen=True)
+class Scenario:
+    """One command over a sample's first five days."""
+
+    name: str
+    arguments: tuple            # of the program, or of library_host behind the module
+    sample: str = "fund-status"
+    before: tuple = ()          # arguments of the runs that leave the older outputs
+    of_library: bool = False
+    stdin: str = ""             # file that is the standard input; none: the null device
+
+
+def report(*options, days=FIRST_DAYS, account=FUND_STATUS):
+    return ("report", *account, *days, *options)
+
+
+def older(*options, account=FUND_STATUS):
+    return (report(*options, "--quiet", days=OTHER_DAYS, account=account),)
+
+
+# fmt: off
+SCENARIOS = (
+    Scenario("report",               report()),
+    Scenario("report over older",    report(), before=older()),
+    Scenario("documents",            report(*DOCUMENTS)),
+    Scenario("documents over older", report(*DOCUMENTS), before=older(*DOCUMENTS)),
+    Scenario("report elsewhere",     report("--out", "out"), before=older("--out", "out")),
+    Scenario("report, strict",       report("--strict"), before=older()),
+    Scenario("JSON on stdout",       report("--json", "-")),
+    Scenario("standalone on stdout", report("--standalone", "-")),
+    Scenario("request on stdin",     ("report", "--root", "root", "--request", "-", "--units", "none", *FIRST_DAYS),
+             stdin="request.ini"),
+    Scenario("report by template",   report(account=TEMPLATE), "template-pairs", before=older(account=TEMPLATE)),
+    Scenario("foreign report",       report(account=FOREIGN), "foreign", before=older(account=FOREIGN)),
+    Scenario("chart, PNG",           ("chart", "equity", *FUND_STATUS, *FIRST_DAYS, "-o", "chart.png"),
+             before=(("chart", "equity", *FUND_STATUS, *OTHER_DAYS, "-o", "chart.png"),)),
+    Scenario("chart, JPEG",          ("chart", "account-yield", *FUND_STATUS, *FIRST_DAYS, "-o", "chart.jpg")),
+    Scenario("chart on stdout",      ("chart", "equity", *FUND_STATUS, *FIRST_DAYS, "-o", "-")),
+    Scenario("explain",              ("explain", STATEMENT)),
+    Scenario("explain, JSON",        ("explain", STATEMENT, "--json")),
+    Scenario("explain by template",  ("explain", BILLS + "/D90010011.20240102o.txt", "--template",
+                                      "root/BillTemplate/songta.ini"), "template-pairs"),
+    Scenario("explain stdin",        ("explain", "-", "--day", "20240102"), stdin=STATEMENT),
+    Scenario("check",                ("check", *FUND_STATUS, *FIRST_DAYS)),
+    Scenario("check, JSON",          ("check", *FUND_STATUS, *FIRST_DAYS, "--json", "findings.json"),
+             before=(("check", *FUND_STATUS, *OTHER_DAYS, "--json", "findings.json"),)),
+    Scenario("template check",       ("template", "check", "root/BillTemplate/songta.ini", "--against",
+                                      BILLS + "/D90010011.20240102o.txt"), "template-pairs"),
+    Scenario("layouts",              ("layouts",)),
+    Scenario("reset",                ("reset", "TradeBill.html")),
+    Scenario("reset over older",     ("reset", "--finished", BILLS + "/Image/TradeBill.html"), before=older()),
+    Scenario("gallery",              ("gallery", "charts")),
+    Scenario("library",              (*HOST, "2024-1-2", "2024-1-4", "1"), of_library=True),
+    Scenario("library over older",   (*HOST, "2024-1-2", "2024-1-4", "1"), before=older(), of_library=True),
+)
+# fmt: on

@@ -1,0 +1,135 @@
+"""Judges what a run with a failed call left, against the run without one."""
+
+import dataclasses
+import json
+import os
+import re
+
+SAME, TOLD, UNNAMED, AHEAD = "same", "told", "told, unnamed", "told, pictures ahead"
+SILENT, TORN, LEFTOVER, CRASH, HANG, MISSED = "silent", "torn", "leftover", "crash", "hang", "missed"
+GOOD = (SAME, TOLD)
+VERDICTS = (SAME, TOLD, UNNAMED, AHEAD, SILENT, TORN, LEFTOVER, CRASH, HANG, MISSED)
+# What even a failure of the system's own libraries may not lead to.
+NEVER = (TORN, LEFTOVER, CRASH, HANG, MISSED)
+
+
+@dataclasses.dataclass
+class Verdict:
+    word: str
+    why: str = ""
+
+
+def is_whole(path, content):
+    """Whether a file is complete by what its kind ends with."""
+    if content is None:
+        return True
+    if path.endswith(".json"):
+        try:
+            json.loads(content)
+        except ValueError:
+            return False
+        return True
+    if path.endswith((".jpg", ".jpeg")):
+        return content.startswith(b"\xff\xd8") and content.endswith(b"\xff\xd9")
+    if path.endswith(".png"):
+        return content.startswith(b"\x89PNG") and content.endswith(b"IEND\xaeB`\x82")
+    return content.rstrip().endswith(b"</html>")
+
+
+def is_page(path):
+    return os.path.basename(path) == "TradeBill.html"
+
+
+def is_picture(path):
+    return "Image_files/" in path
+
+
+def state(path, tree, begin, clean):
+    """What became of one path: absent, same (nothing was to change), old, new or other."""
+    if path not in tree:
+        return "absent"
+    if path in begin and path in clean and begin[path] == clean[path] == tree[path]:
+        return "same"
+    if path in clean and tree[path] == clean[path]:
+        return "new"
+    return "old" if path in begin and tree[path] == begin[path] else "other"
+
+
+def leftovers(tree, begin, clean):
+    return sorted(path for path in tree if path not in begin and path not in clean and tree[path] is not None
+                  or re.search(r"(^|/)\.tradebill|\.part$", path) and path not in clean)
+
+
+def torn(tree, begin, clean):
+    """Why an output is torn, or an empty text. Inputs are what the clean run leaves as it is."""
+    states = {path: state(path, tree, begin, clean) for path in begin.keys() | clean.keys() | tree.keys()}
+    for path, found in sorted(states.items()):
+        is_input = path in begin and path in clean and begin[path] == clean[path]
+        if is_input and not is_picture(path) and found != "same":
+            return f"input {path} is {found}"
+        if found == "other" and not is_whole(path, tree[path]):
+            return f"{path} is cut: {len(tree[path])} bytes"
+    pages = {found for path, found in states.items() if is_page(path)} - {"same", "absent"}
+    pictures = {found: path for path, found in states.items() if is_picture(path) and found not in ("same", "absent")}
+    if pages & {"new", "other"} and "old" in pictures:
+        return f"{pictures['old']} is of the last run, the page is not"
+    if "old" in pages and {"new", "other"} & pictures.keys():
+        return "ahead"
+    return ""
+
+
+def names_one(err, paths, tree):
+    """Whether the message names one of the files: its own name, its folder's, or for a folder what belongs there."""
+    for path in paths:
+        if path in ("stdin", "stdout"):
+            parts = ["standard input" if path == "stdin" else "standard output"]
+        else:
+            parts = [part for part in re.sub(r"\.part[^/]*$", "", path).split("/") if part and not part.startswith(".tradebill-")][-2:]
+            parts += [os.path.basename(file) for file in tree if os.path.dirname("/" + file).endswith("/" + parts[-1])
+                      or "/" not in file and path.endswith("/box")]
+        if any(part in err for part in parts):
+            return True
+    return not any(paths)
+
+
+def alternatives_agree(tree, alternatives):
+    """Whether the outputs are those of a run that did without the file."""
+    return any(all(other.get(path) == content for path, content in tree.items()) for other in alternatives)
+
+
+def judge(ending, clean, begin, hits, alternatives=()):
+    """`hits` are the calls that failed; `alternatives` are trees of runs to which the file was missing."""
+    if ending.exit is None:
+        return Verdict(HANG)
+    if ending.exit < 0 or ending.exit >= 128:
+        return Verdict(CRASH, f"signal {abs(ending.exit)}: {ending.err[-200:]}")
+    remains = leftovers(ending.tree, begin, clean.tree)
+    if remains:
+        return Verdict(LEFTOVER, " ".join(remains[:3]))
+    why = torn(ending.tree, begin, clean.tree)
+    if why and why != "ahead" and not alternatives_agree(ending.tree, alternatives):
+        return Verdict(TORN, why)
+    unchanged = ending.tree == clean.tree and ending.out == clean.out
+    if ending.exit == clean.exit:
+        if unchanged:
+            return Verdict(SAME)
+        return Verdict(SILENT, difference(ending, clean))
+    if ending.exit == 0:
+        return Verdict(SILENT, difference(ending, clean))
+    objects = [path for call in hits for path in (call.object, call.second) if path]
+    if ending.err == clean.err and "stderr" not in objects:
+        return Verdict(SILENT, f"exit {ending.exit} without a word")
+    if why == "ahead":
+        return Verdict(AHEAD, ending.err)
+    if "stderr" not in objects and not names_one(ending.err, objects, clean.tree):
+        return Verdict(UNNAMED, ending.err)
+    return Verdict(TOLD, ending.err)
+
+
+def difference(ending, clean):
+    for path in sorted(ending.tree.keys() | clean.tree.keys()):
+        if path not in ending.tree:
+            return f"{path} is absent"
+        if ending.tree[path] != clean.tree.get(path):
+            return f"{path} differs"
+    return "standard output differs" if ending.out != clean.out else "exit status alone"
