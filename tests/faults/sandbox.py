@@ -87,10 +87,7 @@ class Sandbox:
 
     def set_up(self, scenario):
         """Makes the beginning of a scenario: a sample's first days, and what earlier runs leave."""
-        shutil.rmtree(self.box, ignore_errors=True)
-        sample = self.tools.samples / scenario.sample
-        shutil.copytree(sample, self.box, ignore=lambda folder, names: [n for n in names if self._is_later(n)])
-        shutil.rmtree(self.box / "root/Users/demo/Data/Bill/Image", ignore_errors=True)
+        self.copy_sample(scenario)
         self._run([self.tools.program, "gallery", str(self.folder / "first")], None)  # fills the cache of fonts
         for arguments in scenario.before:
             ending = self._run(self.tools.command(scenario, arguments), None)
@@ -99,6 +96,13 @@ class Sandbox:
         self.begin = self.tree()
         shutil.rmtree(self.folder / "kept_cache", ignore_errors=True)
         shutil.copytree(self.cache, self.folder / "kept_cache")
+
+    def copy_sample(self, scenario):
+        """Makes a box of the sample's first days alone."""
+        shutil.rmtree(self.box, ignore_errors=True)
+        sample = self.tools.samples / scenario.sample
+        shutil.copytree(sample, self.box, ignore=lambda folder, names: [n for n in names if self._is_later(n)])
+        shutil.rmtree(self.box / "root/Users/demo/Data/Bill/Image", ignore_errors=True)
 
     @staticmethod
     def _is_later(name):
