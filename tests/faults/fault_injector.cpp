@@ -113,6 +113,7 @@ std::string DescriptorObject(pid_t task, unsigned long long argument) {
 /// The path with a * for what is random in it.
 std::string WithoutDice(std::string path) {
     static constexpr std::string_view kRandomName = "/.tradebill-";
+    if (path.starts_with("pipe:")) return "pipe";
     for (std::size_t at = path.find(kRandomName); at != std::string::npos; at = path.find(kRandomName, at + 1)) {
         const std::size_t begin = at + kRandomName.size();
         path.replace(begin, std::min(path.find('/', begin), path.size()) - begin, "*");

@@ -29,19 +29,21 @@ WAYS = {
 # The system's own libraries and what they read by themselves: the dynamic loader, the C library's start, its conversions and its
 # clock, fontconfig and the faces that FreeType reads through it. Nobody can say what they do with a failure, so it needn't be told;
 # but no failure there may end in a crash, a hang or a torn file either.
+FONT = "font"
 APART = (
     ("system library", r"^/(usr/)?lib(64)?/|^/etc/ld\.so|^/proc/self/exe$"),
     ("locale and clock", r"^/etc/localtime|^/usr/share/(locale|zoneinfo|i18n)|/gconv/"),
-    ("font", r"^/usr/(local/)?share/fonts|^/usr/share/wine/fonts|^/usr/share/X11/fonts"),
+    (FONT, r"^/usr/(local/)?share/fonts|^/usr/share/wine/fonts|^/usr/share/X11/fonts"),
     ("font settings", r"^/etc/fonts|^/usr/share/fontconfig|^/var/cache/fontconfig|/fonts\.conf|/font_cache|/\.fonts|/\.?fontconfig"),
     ("other files of the system", r"^/(usr|etc|var|proc|sys|lib64)/(?!.*tradebill)"),
 )
 # A failure for ever doesn't reach what lies here.
 APART_FOLDERS = ("/usr/", "/etc/", "/lib", "/var/", "/proc/")
+PROGRAMS = "module and programs"
 # What a file is; the first that fits. A file that isn't in its place yet is of the kind that it will be.
 KINDS = (
-    ("standard stream", r"^std(in|out|err)$|^pipe:"),
-    ("module and programs", r"/bin/(tradebill|library_host)$|/libtradebill"),
+    ("standard stream", r"^std(in|out|err)$|^pipe$"),
+    (PROGRAMS, r"/bin/(tradebill|library_host)$|/libtradebill"),
     ("lock", r"\.lock$|/lock$"),
     ("page", r"TradeBill\.html"),
     ("picture", r"/Image_files/|\.(png|jpe?g)(\.|$)"),

@@ -25,7 +25,7 @@ import time
 import fault_table
 import verdict
 from sandbox import Sandbox, Tools
-from scenarios import SCENARIOS
+from scenarios import NEXT_REPORT, SCENARIOS
 
 
 class Bench:
@@ -41,6 +41,7 @@ class Bench:
                 self.clean.exit, self.clean.out, self.clean.err, self.clean.tree):
             raise RuntimeError(f"{scenario.name}: two runs differ: {verdict.difference(again, self.clean)}")
         self.box = str(sandbox.box) + "/"
+        self.case = verdict.Case(sandbox.inputs, sandbox.begin, self.clean, scenario.tells_on_stdout)
         self.without = {}
 
     def faults(self, apart):
@@ -54,9 +55,8 @@ class Bench:
 
     def alternatives(self, hits):
         """Trees of the runs to which the inputs that were hit were missing, or were folders."""
-        begin, clean = self.sandbox.begin, self.clean.tree
         hit = {call.object.removeprefix(self.box) for call in hits}
-        inputs = tuple(sorted(path for path in hit if begin.get(path) is not None and begin[path] == clean.get(path)))
+        inputs = tuple(sorted(path for path in hit if self.sandbox.inputs.get(path) is not None))
         if inputs and inputs not in self.without:
             self.without[inputs] = [self._run_without(inputs, {}), self._run_without(inputs, dict.fromkeys(inputs))]
         return self.without.get(inputs, [])
@@ -72,6 +72,15 @@ class Bench:
             options += ["--apart", prefix]
         return options
 
+    def is_over_before(self, call, way):
+        """Whether a failure belongs to an earlier report of the process. What the system's libraries keep to themselves doesn't."""
+        own = fault_table.apart(call.object) in ("", fault_table.FONT) and fault_table.kind(call.object) != fault_table.PROGRAMS
+        if way.startswith(("ever", "full")) or not own:
+            return False
+        calls = self.clean.calls
+        marks = [at for at, each in enumerate(calls) if each.object.endswith("/" + NEXT_REPORT)]
+        return bool(marks) and calls.index(call) < marks[-1]
+
     def judge(self, call, way):
         """Makes the failure; returns the verdict and how the run ended, or None if the way doesn't apply."""
         self.sandbox.restore()
@@ -79,10 +88,12 @@ class Bench:
         if fault_table.apart(call.object):
             self.sandbox.restore_fonts()
         if not ending.calls:
-            return None if way.startswith(("half", "full")) else verdict.Verdict(verdict.MISSED), ending
-        word = verdict.judge(ending, self.clean, self.sandbox.begin, ending.calls)
+            return None if way.startswith(("hal", "full")) else verdict.Verdict(verdict.MISSED), ending
+        word = verdict.judge(ending, self.case)
         if word.word == verdict.TORN:
-            word = verdict.judge(ending, self.clean, self.sandbox.begin, ending.calls, self.alternatives(ending.calls))
+            word = verdict.judge(ending, self.case, self.alternatives(ending.calls))
+        if word.word != verdict.SAME and self.is_over_before(call, way):
+            word = verdict.Verdict(verdict.SPOILED, word.why)
         return word, ending
 
 

@@ -28,7 +28,6 @@ from scenarios import HOST, Scenario
 BETWEEN_CLEAN_RUNS = 10
 HANG_SECONDS = 60  # Wine's own start included
 NEW, OLD = (*HOST, "2024-1-2", "2024-1-4", "1"), (*HOST, "2024-1-5", "2024-1-8", "1")
-SPOILED = "spoiled"
 
 
 class Host:
@@ -101,6 +100,7 @@ class Bench:
         self.clean = self.run("list")
         if self.clean.exit != 0:
             raise RuntimeError(f"the report can't be made: {self.clean.err}")
+        self.case = verdict.Case(self.sandbox.inputs, self.sandbox.begin, self.clean)
 
     def _start(self, arguments):
         return Host(self.build, self.sandbox.box, arguments)
@@ -127,10 +127,10 @@ class Bench:
         ending = self.run(f"{call.number} {call.name} {way}")
         if ending.exit is not None and ending.exit >= 0 and not ending.calls:
             return verdict.Verdict(verdict.MISSED), ending
-        word = verdict.judge(ending, self.clean, self.sandbox.begin, ending.calls)
-        inputs = [path.object for path in ending.calls if self.sandbox.begin.get(path.object) is not None]
+        word = verdict.judge(ending, self.case)
+        inputs = [path.object for path in ending.calls if self.sandbox.inputs.get(path.object) is not None]
         if word.word == verdict.TORN and inputs:
-            word = verdict.judge(ending, self.clean, self.sandbox.begin, ending.calls, [self._without(inputs)])
+            word = verdict.judge(ending, self.case, [self._without(inputs)])
         return word, ending
 
     def _without(self, inputs):
@@ -165,7 +165,7 @@ def run_all(bench, settings):
             why = bench.is_spoiled()
             if why:
                 bad += 1
-                print(f"{SPOILED} after one of {'; '.join(since)}: {why[:160]}", flush=True)
+                print(f"{verdict.SPOILED} after one of {'; '.join(since)}: {why[:160]}", flush=True)
             since = []
     print_counts(counts)
     print(f"{bad} bad outcomes")

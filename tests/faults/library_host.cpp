@@ -1,9 +1,12 @@
 // A host that loads the module as terminals do, asks for one report and says what the module says of it.
 //
-// library_host MODULE ROOT USER ACCOUNT FROM TO FORMAT
+// library_host MODULE ROOT USER ACCOUNT FROM TO FORMAT [REPORTS]
 //
-// Exits with 1 and the module's words on the standard error unless everything was there and right.
+// Exits with 1 and the module's words on the standard error unless everything was there and right. With REPORTS it
+// makes this many, of which the last one counts, and looks for a file named "next report" before each but the first,
+// for who watches its calls.
 #include <dlfcn.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -41,7 +44,12 @@ int Report(void* module, char** arguments) {
     request->StatementKind = 1;
     request->BaseMoney.EXCHANGE_RATE = 1.0;
     setRootFolder(arguments[0]);
-    const std::uint32_t code = generate(request.get());
+    const int reports = arguments[6] == nullptr ? 1 : std::atoi(arguments[6]);
+    std::uint32_t code = generate(request.get());
+    for (int i = 1; i < reports; ++i) {
+        static_cast<void>(::access("next report", F_OK));
+        code = generate(request.get());
+    }
     const std::string_view words = lastError();
     if (code == 0 && words.empty()) return 0;
     std::cerr << "code " << code << ": " << words << '\n';
@@ -52,7 +60,7 @@ int Report(void* module, char** arguments) {
 }  // namespace tradebill
 
 int main(int count, char** arguments) {
-    if (count != 8) return 2;
+    if (count != 8 && count != 9) return 2;
     void* const module = ::dlopen(arguments[1], RTLD_NOW);
     if (module == nullptr) {
         std::cerr << ::dlerror() << '\n';

@@ -68,6 +68,10 @@ class Ending:
     tree: dict
     calls: list          # of the injector's log
 
+    def said(self, on_stdout):
+        """What the program tells its user."""
+        return self.err + (self.out.decode("utf-8", "replace") if on_stdout else "")
+
 
 class Sandbox:
     """Holds `box`, the scenario's current folder, below `folder`; beside it what the run's surroundings need."""
@@ -83,7 +87,7 @@ class Sandbox:
         settings.write_text(f'<?xml version="1.0"?>\n<fontconfig><dir>/usr/share/fonts</dir>'
                             f"<cachedir>{self.cache}</cachedir></fontconfig>\n")
         self.surroundings = {**os.environ, "FONTCONFIG_FILE": str(settings), "HOME": str(self.folder), "TZ": "UTC0"}
-        self.begin, self.links = {}, {}
+        self.inputs, self.begin = {}, {}
 
     def set_up(self, scenario):
         """Makes the beginning of a scenario: a sample's first days, and what earlier runs leave."""
@@ -103,6 +107,7 @@ class Sandbox:
         sample = self.tools.samples / scenario.sample
         shutil.copytree(sample, self.box, ignore=lambda folder, names: [n for n in names if self._is_later(n)])
         shutil.rmtree(self.box / "root/Users/demo/Data/Bill/Image", ignore_errors=True)
+        self.inputs = self.tree()
 
     @staticmethod
     def _is_later(name):

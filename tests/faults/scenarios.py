@@ -11,6 +11,7 @@ FOREIGN = ("--root", "root", "--user", "demo", "--account", "60010001", "--kind"
 BILLS = "root/Users/demo/Data/Bill"
 STATEMENT = BILLS + "/D90010002.20240102o.txt"
 HOST = ("root", "demo", "90010002")
+NEXT_REPORT = "next report"     # what library_host looks for between two reports
 DOCUMENTS = ("--json", "report.json", "--standalone", "report.html")
 
 
@@ -24,6 +25,7 @@ class Scenario:
     before: tuple = ()          # arguments of the runs that leave the older outputs
     of_library: bool = False
     stdin: str = ""             # file that is the standard input; none: the null device
+    tells_on_stdout: bool = False
 
 
 def report(*options, days=FIRST_DAYS, account=FUND_STATUS):
@@ -42,6 +44,7 @@ SCENARIOS = (
     Scenario("documents over older", report(*DOCUMENTS), before=older(*DOCUMENTS)),
     Scenario("report elsewhere",     report("--out", "out"), before=older("--out", "out")),
     Scenario("report, strict",       report("--strict"), before=older()),
+    Scenario("margin offset",        report("--margin-offset"), before=older()),
     Scenario("JSON on stdout",       report("--json", "-")),
     Scenario("standalone on stdout", report("--standalone", "-")),
     Scenario("request on stdin",     ("report", "--root", "root", "--request", "-", "--units", "none", *FIRST_DAYS),
@@ -57,16 +60,17 @@ SCENARIOS = (
     Scenario("explain by template",  ("explain", BILLS + "/D90010011.20240102o.txt", "--template",
                                       "root/BillTemplate/songta.ini"), "template-pairs"),
     Scenario("explain stdin",        ("explain", "-", "--day", "20240102"), stdin=STATEMENT),
-    Scenario("check",                ("check", *FUND_STATUS, *FIRST_DAYS)),
+    Scenario("check",                ("check", *FUND_STATUS, *FIRST_DAYS), tells_on_stdout=True),
     Scenario("check, JSON",          ("check", *FUND_STATUS, *FIRST_DAYS, "--json", "findings.json"),
-             before=(("check", *FUND_STATUS, *OTHER_DAYS, "--json", "findings.json"),)),
+             before=(("check", *FUND_STATUS, *OTHER_DAYS, "--json", "findings.json"),), tells_on_stdout=True),
     Scenario("template check",       ("template", "check", "root/BillTemplate/songta.ini", "--against",
-                                      BILLS + "/D90010011.20240102o.txt"), "template-pairs"),
+                                      BILLS + "/D90010011.20240102o.txt"), "template-pairs", tells_on_stdout=True),
     Scenario("layouts",              ("layouts",)),
     Scenario("reset",                ("reset", "TradeBill.html")),
     Scenario("reset over older",     ("reset", "--finished", BILLS + "/Image/TradeBill.html"), before=older()),
     Scenario("gallery",              ("gallery", "charts")),
     Scenario("library",              (*HOST, "2024-1-2", "2024-1-4", "1"), of_library=True),
     Scenario("library over older",   (*HOST, "2024-1-2", "2024-1-4", "1"), before=older(), of_library=True),
+    Scenario("library twice",        (*HOST, "2024-1-2", "2024-1-4", "1", "2"), before=older(), of_library=True),
 )
 # fmt: on

@@ -6,11 +6,12 @@ import os
 import re
 
 SAME, TOLD, UNNAMED, AHEAD = "same", "told", "told, unnamed", "told, pictures ahead"
-SILENT, TORN, LEFTOVER, CRASH, HANG, MISSED = "silent", "torn", "leftover", "crash", "hang", "missed"
+SILENT, SPOILED, TORN, LEFTOVER = "silent", "spoiled", "torn", "leftover"
+CRASH, HANG, MISSED = "crash", "hang", "missed"
 GOOD = (SAME, TOLD)
-VERDICTS = (SAME, TOLD, UNNAMED, AHEAD, SILENT, TORN, LEFTOVER, CRASH, HANG, MISSED)
+VERDICTS = (SAME, TOLD, UNNAMED, AHEAD, SILENT, SPOILED, TORN, LEFTOVER, CRASH, HANG, MISSED)
 # What even a failure of the system's own libraries may not lead to.
-NEVER = (TORN, LEFTOVER, CRASH, HANG, MISSED)
+NEVER = (SPOILED, TORN, LEFTOVER, CRASH, HANG, MISSED)
 
 
 @dataclasses.dataclass
@@ -60,12 +61,22 @@ def leftovers(tree, begin, clean):
                   or re.search(r"(^|/)\.tradebill|\.part$", path) and path not in clean)
 
 
-def torn(tree, begin, clean):
-    """Why an output is torn, or an empty text. Inputs are what the clean run leaves as it is."""
+@dataclasses.dataclass
+class Case:
+    """What a scenario's outcomes are judged by."""
+
+    inputs: dict                    # trees: what the sample has,
+    begin: dict                     # what there is before the run,
+    clean: object                   # and how the run ends without a failure
+    tells_on_stdout: bool = False
+
+
+def torn(tree, case):
+    """Why an output is torn, or an empty text; "ahead" if it is only that new pictures lie under the old page."""
+    begin, clean = case.begin, case.clean.tree
     states = {path: state(path, tree, begin, clean) for path in begin.keys() | clean.keys() | tree.keys()}
     for path, found in sorted(states.items()):
-        is_input = path in begin and path in clean and begin[path] == clean[path]
-        if is_input and not is_picture(path) and found != "same":
+        if path in case.inputs and not (found == "same" or clean.get(path) != begin[path]):
             return f"input {path} is {found}"
         if found == "other" and not is_whole(path, tree[path]):
             return f"{path} is cut: {len(tree[path])} bytes"
@@ -78,16 +89,16 @@ def torn(tree, begin, clean):
     return ""
 
 
-def names_one(err, paths, tree):
+def names_one(said, paths, tree):
     """Whether the message names one of the files: its own name, its folder's, or for a folder what belongs there."""
     for path in paths:
-        if path in ("stdin", "stdout"):
+        if path in ("stdin", "stdout", "pipe"):
             parts = ["standard input" if path == "stdin" else "standard output"]
         else:
             parts = [part for part in re.sub(r"\.part[^/]*$", "", path).split("/") if part and not part.startswith(".tradebill-")][-2:]
             parts += [os.path.basename(file) for file in tree if os.path.dirname("/" + file).endswith("/" + parts[-1])
                       or "/" not in file and path.endswith("/box")]
-        if any(part in err for part in parts):
+        if any(part in said for part in parts):
             return True
     return not any(paths)
 
@@ -97,33 +108,36 @@ def alternatives_agree(tree, alternatives):
     return any(all(other.get(path) == content for path, content in tree.items()) for other in alternatives)
 
 
-def judge(ending, clean, begin, hits, alternatives=()):
-    """`hits` are the calls that failed; `alternatives` are trees of runs to which the file was missing."""
+def judge(ending, case, alternatives=()):
+    """`alternatives` are trees of runs to which the file was missing."""
     if ending.exit is None:
         return Verdict(HANG)
     if ending.exit < 0 or ending.exit >= 128:
         return Verdict(CRASH, f"signal {abs(ending.exit)}: {ending.err[-200:]}")
-    remains = leftovers(ending.tree, begin, clean.tree)
+    remains = leftovers(ending.tree, case.begin, case.clean.tree)
     if remains:
         return Verdict(LEFTOVER, " ".join(remains[:3]))
-    why = torn(ending.tree, begin, clean.tree)
+    why = torn(ending.tree, case)
     if why and why != "ahead" and not alternatives_agree(ending.tree, alternatives):
         return Verdict(TORN, why)
-    unchanged = ending.tree == clean.tree and ending.out == clean.out
-    if ending.exit == clean.exit:
-        if unchanged:
-            return Verdict(SAME)
-        return Verdict(SILENT, difference(ending, clean))
-    if ending.exit == 0:
-        return Verdict(SILENT, difference(ending, clean))
-    objects = [path for call in hits for path in (call.object, call.second) if path]
-    if ending.err == clean.err and "stderr" not in objects:
+    if ending.exit == case.clean.exit and ending.tree == case.clean.tree and ending.out == case.clean.out:
+        return Verdict(SAME)
+    if ending.exit in (0, case.clean.exit):
+        return Verdict(SILENT, difference(ending, case.clean))
+    return judge_words(ending, case, why == "ahead")
+
+
+def judge_words(ending, case, ahead):
+    """Of a run that ended in another status than without a failure."""
+    paths = [path for call in ending.calls for path in (call.object, call.second) if path]
+    said = ending.said(case.tells_on_stdout)
+    if said == case.clean.said(case.tells_on_stdout) and "stderr" not in paths:
         return Verdict(SILENT, f"exit {ending.exit} without a word")
-    if why == "ahead":
-        return Verdict(AHEAD, ending.err)
-    if "stderr" not in objects and not names_one(ending.err, objects, clean.tree):
-        return Verdict(UNNAMED, ending.err)
-    return Verdict(TOLD, ending.err)
+    if ahead:
+        return Verdict(AHEAD, said)
+    if "stderr" not in paths and not names_one(said, paths, case.clean.tree):
+        return Verdict(UNNAMED, said)
+    return Verdict(TOLD, said)
 
 
 def difference(ending, clean):
