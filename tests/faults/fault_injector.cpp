@@ -1,7 +1,7 @@
 // Runs a program and makes one of its system calls fail, or ends it there. The kernel stops the program at every call
 // of kTracedCalls, those that the C library makes by itself included, which no preloaded library would see.
 //
-// fault_injector LOG [--at CALL OBJECT NUMBER HOW[:ERROR]] [--apart PREFIX]... -- PROGRAM ARGUMENT...
+// fault_injector LOG [--at CALL OBJECT NUMBER HOW[:ERROR]] [--apart PREFIX]... [--until PATH] -- PROGRAM ARGUMENT...
 //
 // Without --at, LOG gets a line for each call: its name, object, the second path of two, and "changes" if it changes
 // the disk or else "-". With it, only the calls that were meddled with; it takes the call of this name on this object
@@ -13,6 +13,7 @@
 //   halves       this call and all later ones of its name do; exceptions as above
 //   full:ERROR   the call moves half of the bytes, and all later ones of its name fail; exceptions as above
 //   kill         the program is killed before the call is made
+// Nothing fails any more once the program has asked whether it may access PATH.
 // A close always closes, and then fails, as the kernel's do. The last line of LOG is "exit STATUS" or "signal NUMBER".
 #include <fcntl.h>
 #include <linux/audit.h>
@@ -58,6 +59,7 @@ struct Plan {
     How how = How::List;
     int error = 0;
     std::vector<std::string> apart;
+    std::string until;  ///< empty: to the end
     char** program = nullptr;
 };
 
@@ -280,9 +282,12 @@ private:
         user_regs_struct registers{};
         ::ptrace(PTRACE_GETREGS, task, nullptr, &registers);
         const TracedCall& call = *calls_.at(static_cast<long>(registers.orig_rax));
+        if (!plan_.until.empty() && call.number == SYS_access) {
+            over_ = over_ || ObjectsOf(task, call.place, ArgumentsOf(registers)).first == plan_.until;
+        }
         if (plan_.how == How::List) {
             Log(task, call, registers);
-        } else if (plan_.call == call.name && Concerns(task, call, registers)) {
+        } else if (!over_ && plan_.call == call.name && Concerns(task, call, registers)) {
             Meddle(task, call, registers);
             return;
         }
@@ -345,6 +350,7 @@ private:
     long count_ = 0;        ///< calls of the plan's name and object
     bool reached_ = false;  ///< whether the plan's call has come
     bool halved_ = false;
+    bool over_ = false;  ///< whether nothing is to fail any more
 };
 
 bool ReadHow(std::string_view text, Plan& plan) {
@@ -372,6 +378,8 @@ bool ReadPlan(char** argument, Plan& plan) {
         if (argument[1] == nullptr) return false;
         if (option == "--apart") {
             plan.apart.emplace_back(*++argument);
+        } else if (option == "--until") {
+            plan.until = *++argument;
         } else if (option == "--at" && argument[2] != nullptr && argument[3] != nullptr && argument[4] != nullptr) {
             plan.call = *++argument;
             plan.object = *++argument;

@@ -45,13 +45,14 @@ class Bench:
         self.without = {}
 
     def faults(self, apart):
-        """All (call, way); of the system's own libraries every `apart`th call, once and for ever."""
+        """All (call, way); of the system's own libraries every `apart`th call, in one way."""
         for row, call in enumerate(self.clean.calls):
-            ways = fault_table.ways(call.name)
-            if not fault_table.apart(call.object):
-                yield from ((call, way) for way in ways)
-            elif apart and row % apart == 0:
-                yield call, ways[row // apart % len(ways)]
+            ways, is_apart = fault_table.ways(call.name), fault_table.apart(call.object)
+            if is_apart and (not apart or row % apart != 0):
+                continue
+            yield from ((call, way) for way in ((ways[row // apart % len(ways)],) if is_apart else ways))
+            if call.name in fault_table.SPELLS and self.is_before_next(call):
+                yield call, fault_table.SPELLS[call.name]
 
     def alternatives(self, hits):
         """Trees of the runs to which the inputs that were hit were missing, or were folders."""
@@ -68,18 +69,18 @@ class Bench:
 
     def options(self, call, way):
         options = call.options(fault_table.errors_by_number(way))
+        if way.startswith("spell"):
+            return [*options, "--until", self.box + NEXT_REPORT]
         for prefix in (*fault_table.APART_FOLDERS, str(self.sandbox.cache)):
             options += ["--apart", prefix]
         return options
 
-    def is_over_before(self, call, way):
-        """Whether a failure belongs to an earlier report of the process. What the system's libraries keep to themselves doesn't."""
-        own = fault_table.apart(call.object) in ("", fault_table.FONT) and fault_table.kind(call.object) != fault_table.PROGRAMS
-        if way.startswith(("ever", "full")) or not own:
+    def is_before_next(self, call):
+        """Whether a call of ours, or for a font, belongs to an earlier report of the process."""
+        if fault_table.apart(call.object) not in ("", fault_table.FONT) or fault_table.kind(call.object) == fault_table.PROGRAMS:
             return False
         calls = self.clean.calls
-        marks = [at for at, each in enumerate(calls) if each.object.endswith("/" + NEXT_REPORT)]
-        return bool(marks) and calls.index(call) < marks[-1]
+        return any(each.object.endswith("/" + NEXT_REPORT) for each in calls[calls.index(call) + 1:])
 
     def judge(self, call, way):
         """Makes the failure; returns the verdict and how the run ended, or None if the way doesn't apply."""
@@ -92,7 +93,7 @@ class Bench:
         word = verdict.judge(ending, self.case)
         if word.word == verdict.TORN:
             word = verdict.judge(ending, self.case, self.alternatives(ending.calls))
-        if word.word != verdict.SAME and self.is_over_before(call, way):
+        if word.word != verdict.SAME and not way.startswith(("ever", "full")) and self.is_before_next(call):
             word = verdict.Verdict(verdict.SPOILED, word.why)
         return word, ending
 

@@ -27,8 +27,7 @@ from scenarios import BILLS, FIRST_DAYS, OTHER_DAYS, SCENARIOS, report
 PAGE = BILLS + "/Image/TradeBill.html"
 DEAD_RUN = re.compile(r"(^|/)\.tradebill[^/]*(/|$)|\.part$")
 BY_NAME = {scenario.name: scenario for scenario in SCENARIOS}
-# What is killed at random moments, and how often one against the other.
-AT_RANDOM = ("report over older", "report over older", "documents over older", "library over older")
+AT_RANDOM = ("report over older", "documents over older", "library over older", "reset over older")
 AT_STEPS = ("report over older", "documents over older", "report elsewhere", "report by template", "foreign report", "chart, PNG",
             "check, JSON", "reset over older", "library over older", "report")
 
@@ -100,26 +99,22 @@ FINE = ("old", "new", "pictures ahead")
 
 
 def kill_at_random(rounds, dice, sandbox, result):
-    killed = {}
-    for name in AT_RANDOM:
-        if rounds >= len(AT_RANDOM):
-            count = rounds // len(AT_RANDOM)
-            killed = Killed(BY_NAME[name], sandbox)
-            for _ in range(count):
-                sandbox.restore()
-                moment = dice.uniform(0, 1.2 * killed.seconds)
-                program = killed.start()
-                time.sleep(moment)
-                program.kill()
-                program.wait()
-                judge_kill("kill at random", killed, f"{name}, after {moment:.4f} s", result)
+    for number, name in enumerate(AT_RANDOM):
+        killed = Killed(BY_NAME[name], sandbox)
+        for _ in range(rounds * (number + 1) // len(AT_RANDOM) - rounds * number // len(AT_RANDOM)):
+            sandbox.restore()
+            moment = dice.uniform(0, 1.2 * killed.seconds)
+            program = killed.start()
+            time.sleep(moment)
+            program.kill()
+            program.wait()
+            judge_kill("kill at random", killed, f"{name}, after {moment:.4f} s", result)
 
 
 def judge_kill(what, killed, detail, result):
     left = killed.after()
-    wrong = "" if left in FINE else left
-    healed = killed.heal()
-    result.add(what, left if not healed else f"{left}; {healed}", not wrong and not healed, detail)
+    unhealed = killed.heal()
+    result.add(what, f"{left}; {unhealed}" if unhealed else left, left in FINE and not unhealed, detail)
 
 
 def kill_at_steps(rounds, dice, sandbox, result):

@@ -82,6 +82,7 @@ class Sandbox:
         self.box = self.folder / "box"
         self.log = self.folder / "calls"
         self.cache = self.folder / "font_cache"
+        self.kept_cache = self.folder / "kept_cache"
         self.folder.mkdir(parents=True, exist_ok=True)
         settings = self.folder / "fonts.conf"
         settings.write_text(f'<?xml version="1.0"?>\n<fontconfig><dir>/usr/share/fonts</dir>'
@@ -92,14 +93,15 @@ class Sandbox:
     def set_up(self, scenario):
         """Makes the beginning of a scenario: a sample's first days, and what earlier runs leave."""
         self.copy_sample(scenario)
-        self._run([self.tools.program, "gallery", str(self.folder / "first")], None)  # fills the cache of fonts
+        if not self.cache.exists():
+            self._run([self.tools.program, "gallery", str(self.folder / "first")], None)  # looks at all fonts
         for arguments in scenario.before:
             ending = self._run(self.tools.command(scenario, arguments), None)
             if ending[0] != 0:
                 raise RuntimeError(f"{scenario.name}: {arguments} ends with {ending}")
         self.begin = self.tree()
-        shutil.rmtree(self.folder / "kept_cache", ignore_errors=True)
-        shutil.copytree(self.cache, self.folder / "kept_cache")
+        if not self.kept_cache.exists():
+            shutil.copytree(self.cache, self.kept_cache)
 
     def copy_sample(self, scenario):
         """Makes a box of the sample's first days alone."""
@@ -138,7 +140,7 @@ class Sandbox:
 
     def restore_fonts(self):
         shutil.rmtree(self.cache, ignore_errors=True)
-        shutil.copytree(self.folder / "kept_cache", self.cache)
+        shutil.copytree(self.kept_cache, self.cache)
 
     def run(self, scenario, injection=()):
         """The scenario from where the box stands, with the injector's options before it."""
