@@ -89,18 +89,18 @@ def torn(tree, case):
     return ""
 
 
+def names_of(path, tree):
+    """What may stand for a file in a message: its name, its folder's, and for a folder what belongs into it."""
+    if path in ("stdin", "stdout", "pipe"):
+        return ["standard input" if path == "stdin" else "standard output"]
+    parts = [part for part in re.sub(r"\.part[^/]*$", "", path).split("/") if part and not part.startswith(".tradebill-")]
+    inside = [name for name in tree if os.path.basename(os.path.dirname("box/" + name)) in parts[-1:]]
+    return parts[-2:] + [os.path.basename(name) for name in inside]
+
+
 def names_one(said, paths, tree):
-    """Whether the message names one of the files: its own name, its folder's, or for a folder what belongs there."""
-    for path in paths:
-        if path in ("stdin", "stdout", "pipe"):
-            parts = ["standard input" if path == "stdin" else "standard output"]
-        else:
-            parts = [part for part in re.sub(r"\.part[^/]*$", "", path).split("/") if part and not part.startswith(".tradebill-")][-2:]
-            parts += [os.path.basename(file) for file in tree if os.path.dirname("/" + file).endswith("/" + parts[-1])
-                      or "/" not in file and path.endswith("/box")]
-        if any(part in said for part in parts):
-            return True
-    return not any(paths)
+    """Whether the message names one of the files."""
+    return not paths or any(name in said for path in paths for name in names_of(path, tree))
 
 
 def alternatives_agree(tree, alternatives):
