@@ -50,9 +50,9 @@ class Call:
 
 
 def read_calls(lines):
-    """The calls of an injector's log, in their order."""
+    """The calls of an injector's log, in their order. The last line may be cut: the injector is killed when a program hangs."""
     counts, calls = collections.Counter(), []
-    for name, path, second, changes in (line.split("\t") for line in lines if "\t" in line):
+    for name, path, second, changes in (line.split("\t") for line in lines if line.count("\t") == 3):
         counts[name, path] += 1
         calls.append(Call(name, path, second, changes == "changes", counts[name, path]))
     return calls
