@@ -45,7 +45,7 @@ KINDS = (
     ("standard stream", r"^std(in|out|err)$|^pipe$"),
     (PROGRAMS, r"/bin/(tradebill|library_host)$|/libtradebill"),
     ("lock", r"\.lock$|/lock$"),
-    ("page", r"TradeBill\.html"),
+    ("page", r"TradeBill\.html|/\.tradebill-[^/]*/page"),
     ("picture", r"/Image_files/|\.(png|jpe?g)(\.|$)"),
     ("standalone page", r"\.html"),
     ("JSON", r"\.json"),

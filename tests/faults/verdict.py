@@ -5,11 +5,12 @@ import json
 import os
 import re
 
-SAME, TOLD, UNNAMED, AHEAD = "same", "told", "told, unnamed", "told, pictures ahead"
+SAME, TOLD, LEFT = "same", "told", "left to the next run"
+UNNAMED, AHEAD = "told, unnamed", "told, pictures ahead"
 SILENT, SPOILED, TORN, LEFTOVER = "silent", "spoiled", "torn", "leftover"
 CRASH, HANG, MISSED = "crash", "hang", "missed"
-GOOD = (SAME, TOLD)
-VERDICTS = (SAME, TOLD, UNNAMED, AHEAD, SILENT, SPOILED, TORN, LEFTOVER, CRASH, HANG, MISSED)
+GOOD = (SAME, TOLD, LEFT)
+VERDICTS = (SAME, TOLD, LEFT, UNNAMED, AHEAD, SILENT, SPOILED, TORN, LEFTOVER, CRASH, HANG, MISSED)
 # What even a failure of the system's own libraries may not lead to.
 NEVER = (SPOILED, TORN, LEFTOVER, CRASH, HANG, MISSED)
 
@@ -56,9 +57,18 @@ def state(path, tree, begin, clean):
     return "old" if path in begin and tree[path] == begin[path] else "other"
 
 
+OF_A_RUN = re.compile(r"(^|/)\.tradebill")
+
+
 def leftovers(tree, begin, clean):
     return sorted(path for path in tree if path not in begin and path not in clean and tree[path] is not None
-                  or re.search(r"(^|/)\.tradebill|\.part$", path) and path not in clean)
+                  or (OF_A_RUN.search(path) or path.endswith(".part")) and path not in clean)
+
+
+def without_run(ending):
+    """The ending without what a run has for itself, or None if it left nothing of the kind or said nothing."""
+    tree = {path: content for path, content in ending.tree.items() if not OF_A_RUN.search(path)}
+    return dataclasses.replace(ending, tree=tree) if ending.exit and len(tree) != len(ending.tree) else None
 
 
 @dataclasses.dataclass
