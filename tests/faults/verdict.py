@@ -5,12 +5,13 @@ import json
 import os
 import re
 
-SAME, TOLD, LEFT = "same", "told", "left to the next run"
-UNNAMED, AHEAD = "told, unnamed", "told, pictures ahead"
+SAME, TOLD, AHEAD, LEFT = "same", "told", "told, pictures ahead", "left to the next run"
+UNNAMED = "told, unnamed"
 SILENT, SPOILED, TORN, LEFTOVER = "silent", "spoiled", "torn", "leftover"
 CRASH, HANG, MISSED = "crash", "hang", "missed"
-GOOD = (SAME, TOLD, LEFT)
-VERDICTS = (SAME, TOLD, LEFT, UNNAMED, AHEAD, SILENT, SPOILED, TORN, LEFTOVER, CRASH, HANG, MISSED)
+# Nothing that is in its place is undone: pictures come first, so they lie under the old page if the page can't come.
+GOOD = (SAME, TOLD, AHEAD, LEFT)
+VERDICTS = (SAME, TOLD, AHEAD, LEFT, UNNAMED, SILENT, SPOILED, TORN, LEFTOVER, CRASH, HANG, MISSED)
 # What even a failure of the system's own libraries may not lead to.
 NEVER = (SPOILED, TORN, LEFTOVER, CRASH, HANG, MISSED)
 
@@ -143,11 +144,9 @@ def judge_words(ending, case, ahead):
     said = ending.said(case.tells_on_stdout)
     if said == case.clean.said(case.tells_on_stdout) and "stderr" not in paths:
         return Verdict(SILENT, f"exit {ending.exit} without a word")
-    if ahead:
-        return Verdict(AHEAD, said)
     if "stderr" not in paths and not names_one(said, paths, case.clean.tree):
         return Verdict(UNNAMED, said)
-    return Verdict(TOLD, said)
+    return Verdict(AHEAD if ahead else TOLD, said)
 
 
 def difference(ending, clean):
