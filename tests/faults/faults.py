@@ -82,14 +82,6 @@ class Bench:
         calls = self.clean.calls
         return any(each.object.endswith("/" + NEXT_REPORT) for each in calls[calls.index(call) + 1:])
 
-    def judge_leftovers(self, ending):
-        """What fails for ever may keep a run from removing what it has for itself, if that is told and the next run removes it."""
-        apart = verdict.without_run(ending)
-        word = apart and verdict.judge(apart, self.case)
-        if not word or word.word not in (verdict.TOLD, verdict.AHEAD) or self.sandbox.run(self.scenario).tree != self.clean.tree:
-            return None
-        return verdict.Verdict(verdict.LEFT, word.why)
-
     def judge(self, call, way):
         """Makes the failure; returns the verdict and how the run ended, or None if the way doesn't apply."""
         self.sandbox.restore()
@@ -102,7 +94,7 @@ class Bench:
         if word.word == verdict.TORN:
             word = verdict.judge(ending, self.case, self.alternatives(ending.calls))
         if word.word == verdict.LEFTOVER and way.startswith(("ever", "full")):
-            word = self.judge_leftovers(ending) or word
+            word = verdict.left_to_the_next(ending, self.case, lambda: self.sandbox.run(self.scenario)) or word
         if word.word != verdict.SAME and not way.startswith(("ever", "full")) and self.is_before_next(call):
             word = verdict.Verdict(verdict.SPOILED, word.why)
         return word, ending

@@ -4,6 +4,7 @@
 Usage: judging_test.py BUILD
 """
 
+import dataclasses
 import pathlib
 import subprocess
 import sys
@@ -60,6 +61,14 @@ class Judging(unittest.TestCase):
     def test_nothing_else_stays(self):
         for name in ("Image/.tradebill-x1/lock", PICTURE + ".part", "elsewhere.html"):
             self.assertEqual(judged({name: b""}), verdict.LEFTOVER, name)
+
+    def test_what_the_next_run_removes(self):
+        case = verdict.Case(INPUTS, BEGIN, CLEAN)
+        call = Call("unlink", "/box/Image/.tradebill-*/lock", "", True, 1)
+        ending = Ending(1, b"", "can't remove Image/.tradebill-x", {**CLEAN.tree, "Image/.tradebill-x": None}, [call])
+        self.assertEqual(verdict.left_to_the_next(ending, case, lambda: CLEAN).word, verdict.LEFT)
+        self.assertIsNone(verdict.left_to_the_next(ending, case, lambda: ending))
+        self.assertIsNone(verdict.left_to_the_next(dataclasses.replace(ending, exit=0), case, lambda: CLEAN))
 
     def test_crashes_and_hangs(self):
         self.assertEqual(judged({}, -11), verdict.CRASH)

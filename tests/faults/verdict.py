@@ -66,12 +66,6 @@ def leftovers(tree, begin, clean):
                   or (OF_A_RUN.search(path) or path.endswith(".part")) and path not in clean)
 
 
-def without_run(ending):
-    """The ending without what a run has for itself, or None if it left nothing of the kind or said nothing."""
-    tree = {path: content for path, content in ending.tree.items() if not OF_A_RUN.search(path)}
-    return dataclasses.replace(ending, tree=tree) if ending.exit and len(tree) != len(ending.tree) else None
-
-
 @dataclasses.dataclass
 class Case:
     """What a scenario's outcomes are judged by."""
@@ -147,6 +141,14 @@ def judge_words(ending, case, ahead):
     if "stderr" not in paths and not names_one(said, paths, case.clean.tree):
         return Verdict(UNNAMED, said)
     return Verdict(AHEAD if ahead else TOLD, said)
+
+
+def left_to_the_next(ending, case, run_again):
+    """For what fails for ever and so keeps a run from removing what it has for itself: right if that is told and the next run
+    removes it. None if it isn't."""
+    tree = {path: content for path, content in ending.tree.items() if not OF_A_RUN.search(path)}
+    word = judge(dataclasses.replace(ending, tree=tree), case)
+    return Verdict(LEFT, word.why) if word.word in (TOLD, AHEAD) and run_again().tree == case.clean.tree else None
 
 
 def difference(ending, clean):
