@@ -16,7 +16,7 @@
 // Nothing fails any more once the program has asked whether it may access PATH.
 // A close always closes, and then fails, as the kernel's do. The last line of LOG is "exit STATUS" or "signal NUMBER".
 #include <fcntl.h>
-#include <linux/audit.h>
+#include <limits.h>
 #include <linux/filter.h>
 #include <linux/seccomp.h>
 #include <signal.h>
@@ -29,39 +29,24 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <limits.h>
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <fstream>
 #include <iostream>
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "fault_plan.h"
 #include "traced_calls.h"
 
 namespace tradebill {
 namespace {
-
-enum class How : std::uint8_t { List, Once, Ever, Half, Halves, Full, Kill };
-
-struct Plan {
-    std::string log;
-    std::string call;
-    std::string object;
-    long at = 0;  ///< which of these calls
-    How how = How::List;
-    int error = 0;
-    std::vector<std::string> apart;
-    std::string until;  ///< empty: to the end
-    char** program = nullptr;
-};
 
 using Arguments = std::array<unsigned long long, 6>;
 
@@ -352,45 +337,6 @@ private:
     bool halved_ = false;
     bool over_ = false;  ///< whether nothing is to fail any more
 };
-
-bool ReadHow(std::string_view text, Plan& plan) {
-    static const std::map<std::string_view, How> kHows = {{"once", How::Once}, {"ever", How::Ever},
-                                                          {"half", How::Half}, {"halves", How::Halves},
-                                                          {"full", How::Full}, {"kill", How::Kill}};
-    const std::size_t colon = text.find(':');
-    const auto found = kHows.find(text.substr(0, colon));
-    if (found == kHows.end()) return false;
-    plan.how = found->second;
-    if (colon != std::string_view::npos) plan.error = std::atoi(text.substr(colon + 1).data());
-    const bool fails = plan.how == How::Once || plan.how == How::Ever || plan.how == How::Full;
-    return fails == (plan.error > 0);
-}
-
-bool ReadPlan(char** argument, Plan& plan) {
-    if (*argument == nullptr) return false;
-    plan.log = *argument++;
-    for (; *argument != nullptr; ++argument) {
-        const std::string_view option = *argument;
-        if (option == "--") {
-            plan.program = argument + 1;
-            return *plan.program != nullptr;
-        }
-        if (argument[1] == nullptr) return false;
-        if (option == "--apart") {
-            plan.apart.emplace_back(*++argument);
-        } else if (option == "--until") {
-            plan.until = *++argument;
-        } else if (option == "--at" && argument[2] != nullptr && argument[3] != nullptr && argument[4] != nullptr) {
-            plan.call = *++argument;
-            plan.object = *++argument;
-            plan.at = std::atol(*++argument);
-            if (plan.at < 1 || !ReadHow(*++argument, plan)) return false;
-        } else {
-            return false;
-        }
-    }
-    return false;
-}
 
 }  // namespace
 }  // namespace tradebill
