@@ -138,7 +138,7 @@ def work(queue, folder, tools, settings, tally, end):
     while queue and time.monotonic() < end:
         scenario = queue.pop(0)
         bench = Bench(scenario, sandbox)
-        faults = list(bench.faults(settings.apart))
+        faults = list(bench.faults(settings.apart))[::scenario.every]
         if settings.sample:
             random.Random(f"{settings.seed} {scenario.name}").shuffle(faults)
             faults = faults[:max(1, settings.sample_rows)]

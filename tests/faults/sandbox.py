@@ -7,7 +7,7 @@ import pathlib
 import shutil
 import subprocess
 
-HANG_SECONDS = 10
+PREPARATION_SECONDS = 60
 FIRST_DAYS = ("20240102", "20240103", "20240104", "20240105", "20240108")
 
 
@@ -145,17 +145,17 @@ class Sandbox:
     def run(self, scenario, injection=()):
         """The scenario from where the box stands, with the injector's options before it."""
         command = [self.tools.injector, str(self.log), *injection, "--", *self.tools.command(scenario)]
-        exit_code, out, err = self._run(command, scenario.stdin)
+        exit_code, out, err = self._run(command, scenario.stdin, scenario.hang_seconds)
         lines = self.log.read_text(errors="replace").splitlines() if self.log.exists() else []
         if lines and lines[-1].startswith("signal "):
             exit_code = -int(lines[-1].split()[1])
         return Ending(exit_code, out, err.decode("utf-8", "replace"), self.tree(), read_calls(lines))
 
-    def _run(self, command, stdin):
+    def _run(self, command, stdin, seconds=PREPARATION_SECONDS):
         with open(self.box / stdin if stdin else os.devnull, "rb") as source:
             try:
                 done = subprocess.run(command, cwd=self.box if self.box.exists() else self.folder, stdin=source,
-                                      capture_output=True, timeout=HANG_SECONDS, env=self.surroundings, check=False)
+                                      capture_output=True, timeout=seconds, env=self.surroundings, check=False)
             except subprocess.TimeoutExpired as late:
                 return None, late.stdout or b"", late.stderr or b""
         return done.returncode, done.stdout, done.stderr

@@ -26,6 +26,8 @@ class Scenario:
     of_library: bool = False
     stdin: str = ""             # file that is the standard input; none: the null device
     tells_on_stdout: bool = False
+    every: int = 1              # of its failures one in so many is made
+    hang_seconds: int = 10
 
 
 def report(*options, days=FIRST_DAYS, account=FUND_STATUS):
@@ -68,7 +70,7 @@ SCENARIOS = (
     Scenario("layouts",              ("layouts",)),
     Scenario("reset",                ("reset", "TradeBill.html")),
     Scenario("reset over older",     ("reset", "--finished", BILLS + "/Image/TradeBill.html"), before=older()),
-    Scenario("gallery",              ("gallery", "charts")),
+    Scenario("gallery",              ("gallery", "charts"), every=301, hang_seconds=60),  # 469 pictures, 4 s
     Scenario("library",              (*HOST, "2024-1-2", "2024-1-4", "1"), of_library=True),
     Scenario("library over older",   (*HOST, "2024-1-2", "2024-1-4", "1"), before=older(), of_library=True),
     Scenario("library twice",        (*HOST, "2024-1-2", "2024-1-4", "1", "2"), before=older(), of_library=True),
