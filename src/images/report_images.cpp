@@ -156,7 +156,7 @@ bool SaveIn(const CReportDocument& document, std::string_view name, std::string_
     const std::string path = FullPicturePath(document, name);
     if (document.WorkFolder.empty()) return SavePictureFile(content, path);
     CFile file(path, FileMode::Create);
-    return file.IsOpen() && file.Write(content);
+    return file.IsOpen() && file.Write(content) && file.Close();
 }
 
 /// Saves what makes up a page's pictures, one after another. What can't be made is passed over: the report comes out
