@@ -98,11 +98,12 @@ TEST_F(UnreadableInput, IsAStatement) {
     EXPECT_EQ(finding.at("found"), kFailingReason);
 }
 
-TEST_F(UnreadableInput, IsAPageThatResetFindsNoPlaceFor) {
-    const std::string page = PutFailing("page.html");  // which can't be written either
-    const Answer answer = Run("reset " + Quoted(page));
-    EXPECT_EQ(answer.exit, 1);
-    EXPECT_TRUE(answer.err.starts_with("tradebill: can't write the page " + page + ": ")) << answer.err;
+// A link in the page's place is replaced, wherever it leads.
+TEST_F(UnreadableInput, InThePlaceOfAPageIsNotRead) {
+    const std::string page = PutFailing("page.html");
+    EXPECT_EQ(Run("reset " + Quoted(page)).exit, 0);
+    EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(page)));
+    EXPECT_TRUE(ReadFile(page).ends_with("</html>\r\n"));
 }
 
 }  // namespace
