@@ -5,5 +5,5 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 ./test
 python3 -B tests/house/check_tidy.py --headers . build/linux
-tests/faults/all.sh build/linux
+tests/faults/all.sh build/linux build/windows
 fuzz/run.sh --seconds "${FUZZ_SECONDS:-40}"
