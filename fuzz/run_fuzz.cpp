@@ -9,6 +9,7 @@
 
 #include "base/report_error.h"
 #include "base/text.h"
+#include "base/utf8.h"
 #include "cli/json_writer.h"
 #include "fuzz_statement.h"
 #include "fuzz_target.h"
@@ -40,6 +41,10 @@ void TakeLiveFigures(CReport& report, CFuzzInput& input) {
                                       MoneySource::Live, report.Format().equity);
     }
     report.MoneyStore.Add(std::move(money), MoneySource::Live, report.Format().equity);
+}
+
+void ReadChains(CReport& report, std::string_view ini) {
+    Require(!report.ChainTable.Load(WriteFuzzFile("chain.ini", ini)), "any bytes can be read as chains");
 }
 
 void ReadDays(CReport& report, CFuzzInput& input) {
@@ -105,7 +110,7 @@ void FuzzRun(std::string_view bytes) {
     report.Request.MarginOffsetFlag = (settings & 2) != 0 ? 1 : 0;
     if ((settings & 32) != 0) report.Request.Dpi = input.Integer();
     report.ReportDocument.PageWidth = kPageWidth;
-    if ((settings & 8) != 0) report.ChainTable.Load(WriteFuzzFile("chain.ini", input.Text()));
+    if ((settings & 8) != 0) ReadChains(report, input.Text());
     if ((settings & 4) != 0) TakeLiveFigures(report, input);
     ReadDays(report, input);
     FinishFuzzReport(report);

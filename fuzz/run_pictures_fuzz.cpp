@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -62,10 +63,10 @@ GenerateBillRequest RequestOf(const StatementChoice& choice, CFuzzInput& input) 
     return request;
 }
 
-/// Every picture is there, and has the size that the report tells, or is told to be missing.
+/// Every picture is there, and has the size that the report tells, or is told to be missing; nothing else is there.
 void RequirePictures(const CReport& report, const RunResult& result) {
     for (const SavedPicture& picture : report.ReportDocument.SavedPictures) {
-        const PictureSize size = ReadPictureSize(FullPicturePath(report.ReportDocument, picture.name));
+        const PictureSize size = ReadPictureSize(ShownPicturePath(report.ReportDocument, picture.name));
         Require(size == PictureSize{picture.width, picture.height}, "a saved picture is there, in its size");
     }
     for (const PictureFailure& failure : result.problems.pictures) {
@@ -73,6 +74,9 @@ void RequirePictures(const CReport& report, const RunResult& result) {
     }
     Require(result.picturesSaved == static_cast<int>(report.ReportDocument.SavedPictures.size()),
             "pictures that are counted are saved");
+    const std::filesystem::directory_iterator files(report.ReportDocument.BillFolder + "/" +
+                                                    report.ReportDocument.ImageFolderName);
+    Require(std::distance(begin(files), end(files)) == result.picturesSaved, "there are no older pictures");
 }
 
 void StretchCharts(const CReport& report, CFuzzInput& input) {

@@ -10,6 +10,7 @@
 
 #include "base/byte_mask.h"
 #include "base/text.h"
+#include "base/utf8.h"
 #include "fuzz_target.h"
 #include "platform/text_encoding.h"
 
