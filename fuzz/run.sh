@@ -95,12 +95,13 @@ fuzz() {
     return "$failures"
 }
 
-# Only what each input reaches counts, not how often.
+# Only what each input reaches counts, not how often. Long ones aren't kept: most are what inputs.py makes of the samples.
 merge() {
     local target=$1 merged=$TMPDIR/merged/$1
     mkdir -p "$merged"
     "$program" --target="$target" -set_cover_merge=1 -use_counters=0 -max_len="${longest[$target]}" -timeout=20 -verbosity=0 \
         "$merged" "${kept[@]}" "$work/corpus/$target" >"$TMPDIR/merge.log" 2>&1 || { cat "$TMPDIR/merge.log" >&2; return 1; }
+    find "$merged" -type f -size +2999c -delete
     rm -rf "$root/fuzz/corpus/$target"
     mkdir -p "$root/fuzz/corpus"
     mv "$merged" "$root/fuzz/corpus/$target"
