@@ -214,7 +214,7 @@ TEST_F(ReportImages, EndWithTheEleventhBlockHoweverManyCurrenciesThereAre) {
     report.Request.StatementKind = 2;
     for (const int more : {1200, 3800}) {
         AddCurrencies(more);
-        EXPECT_TRUE(BuildReportImages(report).failures.empty()) << more;
+        EXPECT_TRUE(ImagesOf(report).failures.empty()) << more;
         EXPECT_EQ(SizeOf("AccountDetail.jpg"), (PictureSize{825, 2570})) << more;
     }
 }
@@ -223,7 +223,7 @@ TEST_F(ReportImages, LeaveOutOneOfTooManyPixelsAndSayHowManyTheyWouldBe) {
     report.Request.StatementKind = 2;
     AddCurrencies(1200);
     report.Request.Dpi = 4800;  // 41,250 by 126,540; the charts of 41,250 by 12,500 are as far beyond
-    const auto images = BuildReportImages(report);
+    const auto images = ImagesOf(report);
     std::map<std::string, std::string> reasons;
     for (const PictureFailure& failure : images.failures) {
         EXPECT_EQ(failure.stage, PictureStage::Painting);
