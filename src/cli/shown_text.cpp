@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdio>
 #include <iostream>
 #include <ostream>
@@ -25,8 +26,8 @@ bool IsDirection(char32_t point) {
     return (point >= 0x202A && point <= 0x202E) || (point >= 0x2066 && point <= 0x2069);
 }
 
-bool IsPlain(char byte) {
-    return byte >= ' ' && byte < '\x7F';
+bool IsSentAsItIs(char byte) {
+    return (byte >= ' ' && byte < '\x7F') || byte == '\n' || byte == '\t';
 }
 
 using ShortText = std::array<char, 12>;
@@ -108,24 +109,45 @@ int CShownBuffer::sync() {
     return inner_.pubsync();
 }
 
+// What says that memory has run out goes this way too: a text of one character needs none.
 bool CShownBuffer::HandOn(std::string_view text) {
-    std::string shown;
-    if (!waiting_.empty() || !std::ranges::all_of(text, IsPlain)) {
-        const std::string all = waiting_.append(text);
-        waiting_.clear();
-        for (std::string_view rest = all; !rest.empty();) {
-            const Utf8Character character = FirstUtf8Character(rest);
-            if (character.isCut) {
-                waiting_ = rest;
-                break;
-            }
-            AppendCharacter(shown, rest, character, LineEnds::Sent);
-            rest.remove_prefix(character.size);
-        }
-        text = shown;
+    while (!waiting_.empty() && !text.empty()) {
+        waiting_ += text.front();
+        text.remove_prefix(1);
+        std::string_view begun = waiting_;
+        if (!SendCharacters(begun)) return false;
+        waiting_.erase(0, waiting_.size() - begun.size());
     }
-    const auto size = static_cast<std::streamsize>(text.size());
-    return inner_.sputn(text.data(), size) == size;
+    while (!text.empty()) {
+        const std::size_t plain = static_cast<std::size_t>(std::ranges::find_if_not(text, IsSentAsItIs) - text.begin());
+        if (!Send(text.substr(0, plain))) return false;
+        text.remove_prefix(plain);
+        const std::size_t before = text.size();
+        if (!SendCharacters(text)) return false;
+        if (text.size() != before || text.empty()) continue;
+        waiting_ = text;
+        break;
+    }
+    return true;
+}
+
+/// Sends characters that aren't plain, up to the next one that is or is cut, and takes them off `text`.
+bool CShownBuffer::SendCharacters(std::string_view& text) {
+    while (!text.empty()) {
+        const Utf8Character character = FirstUtf8Character(text);
+        if (character.isCut) return true;
+        std::string shown;
+        AppendCharacter(shown, text, character, LineEnds::Sent);
+        if (!Send(shown)) return false;
+        text.remove_prefix(character.size);
+        if (!text.empty() && IsSentAsItIs(text.front())) return true;
+    }
+    return true;
+}
+
+bool CShownBuffer::Send(std::string_view shown) {
+    const auto size = static_cast<std::streamsize>(shown.size());
+    return inner_.sputn(shown.data(), size) == size;
 }
 
 void SendOrders(std::ostream& out, std::string_view orders) {

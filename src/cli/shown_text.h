@@ -33,6 +33,8 @@ protected:
 
 private:
     [[nodiscard]] bool HandOn(std::string_view text);
+    [[nodiscard]] bool SendCharacters(std::string_view& text);
+    [[nodiscard]] bool Send(std::string_view shown);
 
     std::streambuf& inner_;
     std::string waiting_;  // the start of a character

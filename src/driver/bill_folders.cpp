@@ -57,11 +57,6 @@ std::optional<UnwrittenFile> WhyNotUsed(const FolderLevel& level) {
     return UnwrittenFile{level.path, error == 0 ? "it is a link" : SystemErrorText(error)};
 }
 
-/// Whether a folder that can't be used may hold pictures of an older report, which a page would show.
-bool MayHavePictures(const std::string& folder) {
-    return IsLink(folder) || IsFolder(folder);
-}
-
 }  // namespace
 
 BillFolders PrepareBillFolders(CReport& report, const std::string& outFolder) {
@@ -74,7 +69,8 @@ BillFolders PrepareBillFolders(CReport& report, const std::string& outFolder) {
     const std::string pictures = document.BillFolder + "/" + kImageFolder;
     const auto failure = WhyNotUsed({pictures, false});
     if (!failure) return {.forPage = true, .forPictures = true};
-    return {.forPage = !MayHavePictures(pictures), .failures = {*failure}, .reason = failure->reason};
+    // What can't be used may still hold pictures of an older report, which the page would show.
+    return {.forPage = !MayBeFolder(pictures), .failures = {*failure}, .reason = failure->reason};
 }
 
 std::string StatementPath(const CReport& report, const CalendarDay& day, bool isToday) {

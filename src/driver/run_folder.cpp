@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -36,35 +37,38 @@ std::string NewName(int attempt) {
     return name;
 }
 
-bool IsRunFile(std::string_view name) {
-    if (name == kWorkPage || name == kPageCopy) return true;
-    const auto pictures = ReportPictureNames();
-    return std::ranges::find(pictures, name) != pictures.end();
-}
-
-std::string_view LongestName() {
-    const auto pictures = ReportPictureNames();
-    return std::ranges::max(pictures, {}, &std::string_view::size);
+/// Of all files that a run may make in its folder, the lock last.
+std::vector<std::string_view> RunFileNames() {
+    std::vector<std::string_view> names = ReportPictureNames();
+    names.insert(names.end(), {kWorkPage, kPageCopy, kLockName});
+    return names;
 }
 
 std::string LockIn(const std::string& folder) {
     return folder + "/" + std::string(kLockName);
 }
 
-/// Removes the files that a run makes, and nothing else that somebody may have laid beside them.
-bool RemoveRunFiles(const std::string& folder) {
-    const auto names = NamesIn(folder);
-    if (!names) return MeansMissing(LastSystemError());
-    return std::ranges::all_of(
-        *names, [&folder](const std::string& name) { return !IsRunFile(name) || RemoveFile(folder + "/" + name); });
+/// Removes files, all below one folder, which `path` names at first and in the end. Needs no memory if `path` has it.
+bool RemoveFiles(std::string& path, std::span<const std::string_view> names) {
+    const std::size_t folder = path.size();
+    bool areGone = true;
+    for (const std::string_view name : names) {
+        path.append("/").append(name);
+        areGone = RemoveFile(path) && areGone;
+        path.resize(folder);
+    }
+    return areGone;
 }
 
-/// A run holds its lock before it makes anything else: what lies in a folder without one is nobody's.
-void RemoveIfDead(const std::string& folder) {
+/// A run holds its lock before it makes anything else: what lies in a folder without one is nobody's. What no run makes
+/// stays, and its folder with it.
+void RemoveIfDead(std::string folder) {
     if (IsLink(folder)) return;
     CLockFile lock(LockIn(folder), CLockFile::Which::FoundOnly);
     if (!lock.IsHeld() && (lock.IsTaken() || !MeansMissing(LastSystemError()))) return;
-    if (RemoveRunFiles(folder) && lock.Release()) RemoveFolder(folder);
+    std::vector<std::string_view> names = RunFileNames();
+    names.pop_back();  // the lock, which is held meanwhile
+    if (RemoveFiles(folder, names) && lock.Release()) RemoveFolder(folder);
 }
 
 void RemoveDeadFolders(const std::string& place) {
@@ -77,18 +81,20 @@ void RemoveDeadFolders(const std::string& place) {
 
 }  // namespace
 
-CRunFolder::CRunFolder(const std::string& place) {
+CRunFolder::CRunFolder(const std::string& place) : names_(RunFileNames()) {
     constexpr int kMostAttempts = 100;
+    const std::string_view longest = std::ranges::max(names_, {}, &std::string_view::size);
     RemoveDeadFolders(place);
     for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
         path_ = place + "/" + NewName(attempt);
-        isTooDeep_ = !IsOpenablePath(PathOf(LongestName()));
+        path_.reserve(path_.size() + 1 + longest.size());
+        isTooDeep_ = !IsOpenablePath(PathOf(longest));
         if (isTooDeep_ || Make() != Made::NameIsTaken) return;
     }
 }
 
 CRunFolder::~CRunFolder() {
-    Remove();
+    RemoveAll();
 }
 
 /// Between its two steps somebody may take the folder for that of a dead run.
@@ -104,18 +110,22 @@ CRunFolder::Made CRunFolder::Make() {
     reason_ = SystemErrorText(error);
     const bool isTaken = lock_->IsTaken() || MeansMissing(error);
     lock_.reset();
-    if (!isTaken && RemoveFile(LockIn(path_))) RemoveFolder(path_);
+    RemoveFolder(path_);  // unless something is in it
     return isTaken ? Made::NameIsTaken : Made::Never;
 }
 
 bool CRunFolder::Remove() {
+    if (RemoveAll()) return true;
+    reason_ = SystemErrorText(LastSystemError());
+    return false;
+}
+
+/// Where memory or descriptors have run out too.
+bool CRunFolder::RemoveAll() noexcept {
     if (!lock_) return true;
     lock_.reset();
     // Mostly it is empty by now. What fails once may go well the second time.
-    if (RemoveFolder(path_)) return true;
-    if (RemoveRunFiles(path_) && RemoveFile(LockIn(path_)) && RemoveFolder(path_)) return true;
-    reason_ = SystemErrorText(LastSystemError());
-    return false;
+    return RemoveFolder(path_) || (RemoveFiles(path_, names_) && RemoveFolder(path_));
 }
 
 }  // namespace tradebill

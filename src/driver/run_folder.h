@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/lock_file.h"
 
@@ -38,8 +39,10 @@ public:
 private:
     enum class Made { Folder, NameIsTaken, Never };
     Made Make();
+    bool RemoveAll() noexcept;
 
-    std::string path_;
+    std::vector<std::string_view> names_;  // of the files that may lie in it
+    std::string path_;                     // with memory for the longest of them behind it
     std::optional<CLockFile> lock_;
     std::string reason_;
     bool isTooDeep_ = false;

@@ -150,14 +150,19 @@ TEST_F(HostSession, GoesOnWhenThePicturesFolderVanishes) {
     EXPECT_TRUE(result.pageWritten);
     EXPECT_EQ(result.problems.pictures.size(), 14U);
     EXPECT_EQ(result.picturesSaved, 0);
+}
+
+#if !defined(_WIN32)  // where nobody can remove what is held
+TEST_F(HostSession, GoesOnWhenThePagesFolderVanishes) {
     watcher_.onStage = [this](const std::string& stage) {
         if (stage == "page") std::filesystem::remove_all(root_.Path("Users/u/Data/Bill"));
     };
-    const RunResult lost = Run();
-    EXPECT_EQ(lost.end, RunEnd::Finished);
-    EXPECT_FALSE(lost.pageWritten);
-    EXPECT_EQ(window_.messages.size(), 2U);
+    const RunResult result = Run();
+    EXPECT_EQ(result.end, RunEnd::Finished);
+    EXPECT_FALSE(result.pageWritten);
+    EXPECT_EQ(window_.messages.size(), 1U);
 }
+#endif
 
 }  // namespace
 }  // namespace tradebill::host_session_test

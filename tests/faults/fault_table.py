@@ -35,6 +35,7 @@ APART = (
     ("locale and clock", r"^/etc/localtime|^/usr/share/(locale|zoneinfo|i18n)|/gconv/"),
     (FONT, r"^/usr/(local/)?share/fonts|^/usr/share/wine/fonts|^/usr/share/X11/fonts"),
     ("font settings", r"^/etc/fonts|^/usr/share/fontconfig|^/var/cache/fontconfig|/fonts\.conf|/font_cache|/\.fonts|/\.?fontconfig"),
+    ("a look at what is to spare", r"^/$"),
     ("other files of the system", r"^/(usr|etc|var|proc|sys|lib64)/(?!.*tradebill)"),
 )
 # A failure for ever doesn't reach what lies here.

@@ -100,12 +100,13 @@ def names_of(path, tree):
         return ["standard input" if path == "stdin" else "standard output"]
     parts = [part for part in re.sub(r"\.part[^/]*$", "", path).split("/") if part and not part.startswith(".tradebill-")]
     inside = [name for name in tree if os.path.basename(os.path.dirname("box/" + name)) in parts[-1:]]
-    return parts[-2:] + [os.path.basename(name) for name in inside]
+    pages = [name for name in tree if is_page(name)] if OF_A_RUN.search(path) else []
+    return parts[-2:] + [os.path.basename(name) for name in inside + pages]
 
 
 def names_one(said, paths, tree):
-    """Whether the message names one of the files."""
-    return not paths or any(name in said for path in paths for name in names_of(path, tree))
+    """Whether the message names one of the files, or a shortage of files that may be open, whichever it met first."""
+    return not paths or "too few files may be open" in said or any(name in said for path in paths for name in names_of(path, tree))
 
 
 def alternatives_agree(tree, alternatives):

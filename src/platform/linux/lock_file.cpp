@@ -37,13 +37,11 @@ bool MeansNoLocks(int error) {
 
 enum class Place { Kept, Lost, Unknown };
 
-/// Whether the file is still the one at `path`: its last holder may have removed it meanwhile.
-Place PlaceOf(int file, const std::string& path) {
+/// Whether the file is still at its path: its last holder may have removed it meanwhile.
+Place PlaceOf(int file) {
     struct stat own {};
-    struct stat there {};
-    if (::fstat(file, &own) != 0) return Place::Unknown;
-    if (::lstat(path.c_str(), &there) != 0) return errno == ENOENT ? Place::Lost : Place::Unknown;
-    return own.st_dev == there.st_dev && own.st_ino == there.st_ino ? Place::Kept : Place::Lost;
+    if (::fstat(file, &own) != 0 && ::fstat(file, &own) != 0) return Place::Unknown;
+    return own.st_nlink > 0 ? Place::Kept : Place::Lost;
 }
 
 }  // namespace
@@ -73,7 +71,7 @@ CLockFile::State CLockFile::Lock(int file, Which which) const {
         if (errno == EWOULDBLOCK) return State::Taken;
         return which == Which::MadeIfMissing && MeansNoLocks(errno) ? State::Held : State::Failed;
     }
-    switch (PlaceOf(file, path_)) {
+    switch (PlaceOf(file)) {
         case Place::Kept:
             return State::Held;
         case Place::Lost:
@@ -81,6 +79,8 @@ CLockFile::State CLockFile::Lock(int file, Which which) const {
         case Place::Unknown:
             break;
     }
+    const CSystemErrorKeeper reason;
+    ::unlink(path_.c_str());
     return State::Failed;
 }
 

@@ -65,6 +65,12 @@ bool IsLink(const std::string& path) {
     return S_ISLNK(status.st_mode);
 }
 
+bool MayBeFolder(const std::string& path) {
+    struct stat status {};
+    if (::lstat(path.c_str(), &status) != 0) return errno != ENOENT && errno != ENOTDIR;
+    return S_ISDIR(status.st_mode) || S_ISLNK(status.st_mode);
+}
+
 bool MakeFolder(const std::string& path) {
     if (Uninterrupted([&] { return ::mkdir(path.c_str(), kFolderRights); }) == 0) return true;
     const int error = errno;

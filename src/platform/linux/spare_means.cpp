@@ -1,44 +1,39 @@
 #include "platform/spare_means.h"
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
-#include <array>
 #include <cstddef>
 #include <cstdlib>
 #include <memory>
 
+#include "platform/linux/uninterrupted.h"
+
 namespace tradebill {
 namespace {
 
-constexpr std::size_t kFiles = 16;
+constexpr rlim_t kFiles = 16;
 constexpr std::size_t kMemory = std::size_t{4} << 20;
 
 struct FreeMemory {
     void operator()(void* memory) const { std::free(memory); }
 };
 
-class CSpareFile {
-public:
-    CSpareFile() : descriptor_(::open("/", O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {}
-    ~CSpareFile() {
-        if (IsOpen()) ::close(descriptor_);
-    }
-    CSpareFile(const CSpareFile&) = delete;
-    CSpareFile& operator=(const CSpareFile&) = delete;
-
-    [[nodiscard]] bool IsOpen() const { return descriptor_ >= 0; }
-
-private:
-    int descriptor_;
-};
+/// A new file gets the lowest number that is free: mostly all above it are.
+bool HasSpareFiles() {
+    const int lowest = Uninterrupted([] { return ::open("/", O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
+    if (lowest < 0) return false;
+    ::close(lowest);
+    rlimit limit{};
+    return ::getrlimit(RLIMIT_NOFILE, &limit) == 0 && static_cast<rlim_t>(lowest) + kFiles <= limit.rlim_cur;
+}
 
 }  // namespace
 
 bool HasSpareMeans() {
     const std::unique_ptr<void, FreeMemory> memory(std::malloc(kMemory));
-    const std::array<CSpareFile, kFiles> files;
-    return memory != nullptr && files.back().IsOpen();
+    return memory != nullptr && HasSpareFiles();
 }
 
 }  // namespace tradebill

@@ -29,6 +29,15 @@ std::optional<BY_HANDLE_FILE_INFORMATION> IdentityOf(const std::string& path) {
     return identity;
 }
 
+/// As its folder has it, whatever it leads to.
+std::optional<WIN32_FIND_DATAA> EntryAt(const std::string& path) {
+    WIN32_FIND_DATAA found{};
+    const HANDLE search = ::FindFirstFileA(path.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return std::nullopt;
+    ::FindClose(search);
+    return found;
+}
+
 }  // namespace
 
 bool IsFolder(const std::string& path) {
@@ -58,12 +67,17 @@ bool IsSameFile(const std::string& one, const std::string& other) {
 }
 
 bool IsLink(const std::string& path) {
-    WIN32_FIND_DATAA found{};
-    const HANDLE search = ::FindFirstFileA(path.c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) return !MeansMissing(::GetLastError());
-    ::FindClose(search);
+    const auto found = EntryAt(path);
+    if (!found) return !MeansMissing(::GetLastError());
     // Other marks than those of links stand on files whose bytes lie elsewhere.
-    return (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 && IsReparseTagNameSurrogate(found.dwReserved0);
+    return (found->dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+           IsReparseTagNameSurrogate(found->dwReserved0);
+}
+
+bool MayBeFolder(const std::string& path) {
+    const auto found = EntryAt(path);
+    if (!found) return !MeansMissing(::GetLastError());
+    return (found->dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
 bool MakeFolder(const std::string& path) {
