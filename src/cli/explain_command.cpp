@@ -24,6 +24,7 @@
 #include "platform/file.h"
 #include "readers/layout_marks.h"
 #include "readers/layout_table.h"
+#include "readers/statement_limit.h"
 #include "readers/statement_loader.h"
 #include "report/report.h"
 #include "report/statement_format.h"

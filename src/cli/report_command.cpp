@@ -28,7 +28,6 @@
 #include "driver/run_problems.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
-#include "page/page_sink.h"
 #include "page/standalone_page.h"
 #include "platform/desktop.h"
 #include "platform/paths.h"

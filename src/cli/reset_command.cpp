@@ -28,7 +28,7 @@ std::optional<std::string> ResetUnlessTaken(const ResetCommand& command) {
     CPlaceGuard guard(FolderOf(command.page), command.wait);
     if (!guard.Holder().empty()) return guard.Holder() + " is writing there (--wait SECONDS waits longer)";
     if (!guard.IsHeld()) return guard.Reason();
-    const auto failure = ResetPage(command.page, command.isFinished);
+    auto failure = ResetPage(command.page, command.isFinished);
     if (failure || guard.Release()) return failure;
     return "it is written, but " + guard.Path() + " can't be removed";
 }

@@ -1,6 +1,5 @@
 #include "driver/place_guard.h"
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>

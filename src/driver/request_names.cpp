@@ -1,7 +1,6 @@
 #include "driver/request_names.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <string>
 #include <string_view>
 

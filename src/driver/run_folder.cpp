@@ -75,7 +75,7 @@ void RemoveDeadFolders(const std::string& place) {
     const auto names = NamesIn(place);
     if (!names) return;
     for (const std::string& name : *names) {
-        if (name.starts_with(kNamePrefix)) RemoveIfDead(place + "/" + name);
+        if (name.starts_with(kNamePrefix)) RemoveIfDead(std::string(place).append("/").append(name));
     }
 }
 

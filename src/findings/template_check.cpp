@@ -11,7 +11,6 @@
 #include "base/day.h"
 #include "base/ini_file.h"
 #include "base/number.h"
-#include "base/text.h"
 #include "base/utf8.h"
 #include "findings/template_known_keys.h"
 #include "platform/text_encoding.h"

@@ -7,8 +7,6 @@
 #include <string_view>
 
 #include "platform/file.h"
-#include "platform/paths.h"
-#include "platform/system_error.h"
 
 namespace tradebill {
 namespace {

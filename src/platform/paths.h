@@ -20,8 +20,8 @@ inline constexpr std::size_t kLongestPath = 259;
 /// nothing may be written through it.
 [[nodiscard]] bool IsLink(const std::string& path);
 
-/// Whether a folder may be at `path`, or behind it if it is a link: only what can be looked at, and is missing or a file,
-/// is certainly none.
+/// Whether a folder may be at `path`, or behind it if it is a link: only what can be looked at, and is missing or a
+/// file, is certainly none.
 [[nodiscard]] bool MayBeFolder(const std::string& path);
 
 /// A path as UTF-8. On Linux paths are bytes, and mostly are UTF-8.

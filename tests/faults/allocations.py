@@ -4,7 +4,7 @@
 Usage: allocations.py BUILD SAMPLES [--all | --seconds N] [--seed N] [--only REGEX]
 
 Of the allocations that are asked for in the same way through the code the first stands for all. Without --all some of
-them are tried, for as long as --seconds says (60), chosen by a seed that is printed. What fontconfig and the loader of
+them are tried, for as long as --seconds says (25), chosen by a seed that is printed. What fontconfig and the loader of
 programs do without memory is left: allocation_shim.cpp names them.
 """
 
@@ -148,7 +148,7 @@ def main():
     parser.add_argument("build", type=lambda path: pathlib.Path(path).resolve())
     parser.add_argument("samples", type=lambda path: pathlib.Path(path).resolve())
     parser.add_argument("--all", action="store_true")
-    parser.add_argument("--seconds", type=float, default=60)
+    parser.add_argument("--seconds", type=float, default=25)
     parser.add_argument("--seed", type=int, default=random.randrange(1 << 32))
     parser.add_argument("--only", default="")
     options = parser.parse_args()

@@ -210,17 +210,17 @@ TEST_F(StandalonePage, ShowsTheTextsOfCellsAsTheyStand) {
         {"</script><script>a()", "&lt;/script&gt;&lt;script&gt;a()"},
         {"'&lt;'", "&#39;&amp;lt;&#39;"},
     };
-    for (const auto& [cell, escaped] : texts) {
-        const std::string body = Body([&cell](CHtmlBuilder& page) {
+    for (const Text& text : texts) {
+        const std::string body = Body([&text](CHtmlBuilder& page) {
             page.AddText("line\r\n");
             page.ClosePage();
             CRowBlock rows(page.HasCopy());
-            const OpenedCell cells[] = {{cell, "<td>"}};
+            const OpenedCell cells[] = {{text.cell, "<td>"}};
             rows.AddRow(cells, "");
             page.AddRows(rows);
             page.ClosePage();
         });
-        EXPECT_EQ(body, "line\r\n<tr>\r\n<td>" + escaped + "</span></td></tr>\r\n");
+        EXPECT_EQ(body, "line\r\n<tr>\r\n<td>" + text.escaped + "</span></td></tr>\r\n");
     }
 }
 

@@ -40,7 +40,9 @@ enum class Place { Kept, Lost, Unknown };
 /// Whether the file is still at its path: its last holder may have removed it meanwhile.
 Place PlaceOf(int file) {
     struct stat own {};
-    if (::fstat(file, &own) != 0 && ::fstat(file, &own) != 0) return Place::Unknown;
+    bool isKnown = false;
+    for (int tries = 2; !isKnown && tries > 0; --tries) isKnown = ::fstat(file, &own) == 0;
+    if (!isKnown) return Place::Unknown;
     return own.st_nlink > 0 ? Place::Kept : Place::Lost;
 }
 

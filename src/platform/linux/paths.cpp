@@ -1,11 +1,11 @@
 #include "platform/paths.h"
 
 #include <dirent.h>
+#include <linux/limits.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <climits>
 #include <cstdio>
 #include <filesystem>
 #include <memory>

@@ -4,23 +4,22 @@
 #include <unistd.h>
 
 #include <array>
+#include <chrono>
 #include <cstdint>
-#include <ctime>
 #include <string>
 
 namespace tradebill {
 
 std::string OwnProcessName() {
-    const std::string name = "process " + std::to_string(::getpid());
+    std::string name = "process " + std::to_string(::getpid());
     std::array<char, 65> machine{};
     if (::gethostname(machine.data(), machine.size() - 1) != 0 || machine[0] == '\0') return name;
     return name + " on " + machine.data();
 }
 
 std::int64_t SteadyMicroseconds() {
-    timespec now{};
-    ::clock_gettime(CLOCK_MONOTONIC, &now);
-    return std::int64_t{now.tv_sec} * 1'000'000 + now.tv_nsec / 1000;
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration_cast<std::chrono::microseconds>(now).count();
 }
 
 void Pause(int milliseconds) {
