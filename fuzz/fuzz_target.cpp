@@ -1,7 +1,5 @@
 #include "fuzz_target.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <bit>
 #include <cstddef>
@@ -14,7 +12,8 @@
 #include <iterator>
 #include <string>
 #include <string_view>
-#include <system_error>
+
+#include "support/work_folder.h"
 
 namespace tradebill {
 namespace {
@@ -23,31 +22,11 @@ namespace fs = std::filesystem;
 
 constexpr const char* kMemoryFolder = "/dev/shm";
 
-/// A folder that goes with its owner.
-class CWorkFolder {
-public:
-    CWorkFolder() : path_(Ground() / ("tradebill-fuzz-" + std::to_string(::getpid()))), text_(path_.string()) {
-        fs::create_directories(path_);
-    }
-    ~CWorkFolder() {
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-    }
-    CWorkFolder(const CWorkFolder&) = delete;
-    CWorkFolder& operator=(const CWorkFolder&) = delete;
-
-    [[nodiscard]] const std::string& Path() const { return text_; }
-
-private:
-    /// What crashes leaves its folder: whoever cleans up behind many processes names one in TMPDIR.
-    static fs::path Ground() {
-        if (std::getenv("TMPDIR") != nullptr || !fs::is_directory(kMemoryFolder)) return fs::temp_directory_path();
-        return kMemoryFolder;
-    }
-
-    fs::path path_;
-    std::string text_;
-};
+/// What crashes leaves its folder: whoever cleans up behind many processes names one in TMPDIR.
+fs::path Ground() {
+    if (std::getenv("TMPDIR") != nullptr || !fs::is_directory(kMemoryFolder)) return fs::temp_directory_path();
+    return kMemoryFolder;
+}
 
 }  // namespace
 
@@ -91,8 +70,9 @@ std::string_view CFuzzInput::Rest() {
 }
 
 const std::string& FuzzFolder() {
-    static const CWorkFolder folder;
-    return folder.Path();
+    static const CWorkFolder folder(Ground(), "tradebill-fuzz");
+    static const std::string path = folder.Path().string();
+    return path;
 }
 
 std::string WriteFuzzFile(std::string_view name, std::string_view bytes) {

@@ -10,16 +10,13 @@
 #include <string>
 #include <string_view>
 
+#include "base/control_character.h"
 #include "base/utf8.h"
 
 namespace tradebill {
 namespace {
 
 enum class LineEnds { Shown, Sent };
-
-bool IsControl(char32_t point) {
-    return point < 0x20 || (point >= 0x7F && point < 0xA0);
-}
 
 /// Marks that show what follows them from right to left, or end that.
 bool IsDirection(char32_t point) {

@@ -57,8 +57,8 @@ struct RunOptions {
     StatementLimit statementLimit = {};
     std::string outFolder = {};   ///< where page and pictures go, made if missing; empty: beside the statements
     bool needsStatement = false;  ///< nothing at all is written, and no folder made, unless a statement was read
-    std::optional<int> wait =
-        {};  ///< seconds, for another program that writes the same page; nothing: it isn't looked for
+    /// Seconds to wait for another program that writes the same page; nothing: it isn't looked for.
+    std::optional<int> wait = {};
 };
 
 /// Makes the report that `request` asks for in `report`, which is emptied first. What goes wrong is in the result, an

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/control_character.h"
 #include "base/ini_file.h"
 #include "base/text.h"
 #include "base/utf8.h"
@@ -21,10 +22,6 @@ constexpr std::string_view kDotsAndBlanks = ". ";
 constexpr std::string_view kDevices[] = {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$", "CLOCK$"};
 constexpr std::string_view kNumberedDevices[] = {"COM", "LPT"};
 constexpr std::string_view kDeviceNumbers[] = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "¹", "²", "³"};
-
-bool IsControl(char32_t point) {
-    return point < 0x20 || (point >= 0x7F && point < 0xA0);
-}
 
 /// `name` as characters of Unicode: the lead bytes of GBK keep their second bytes to themselves.
 std::string InUtf8(std::string_view name) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -12,12 +13,13 @@ class CLockFile {
 public:
     /// Which file: one that may have to be made, or one that must be there.
     enum class Which { MadeIfMissing, FoundOnly };
+    enum class State { Held, Taken, Failed };
 
     /// Tries to hold the file at `path`, without waiting. What fails leaves the system's reason behind. A file system
     /// that knows no locks gives a file that everybody can hold.
-    CLockFile(const std::string& path, Which which);
+    CLockFile(const std::string& path, Which which) : path_(path), state_(Take(which)) {}
     /// Lets go of the file, and removes it.
-    ~CLockFile();
+    ~CLockFile() { Release(); }
     CLockFile(const CLockFile&) = delete;
     CLockFile& operator=(const CLockFile&) = delete;
 
@@ -34,12 +36,10 @@ public:
     bool Release();
 
 private:
-    enum class State { Held, Taken, Failed };
     State Take(Which which);
-    [[nodiscard]] State Lock(int file, Which which) const;
 
     std::string path_;
-    std::intptr_t handle_;  ///< the system's own
+    std::optional<std::intptr_t> handle_;  ///< the system's own, while it is held
     State state_;
 };
 

@@ -15,6 +15,9 @@ import json
 import os
 import sys
 
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), os.pardir, "support"))
+import kept_list
+
 LEAST = 0.98
 ROOM_OF_THE_SYSTEM = "platform"
 
@@ -31,20 +34,6 @@ def taken_sides(coverage, root):
             sides[0] |= branch[4] > 0
             sides[1] |= branch[5] > 0
     return conditions
-
-
-def read_left_out(path):
-    """[(file, text, reason)]"""
-    entries = []
-    with open(path, encoding="utf-8") as lines:
-        for number, line in enumerate(lines, 1):
-            if not line.strip() or line.startswith("#"):
-                continue
-            fields = [field.strip() for field in line.split(" | ")]
-            if len(fields) != 3 or not all(fields):
-                sys.exit(f"{path}:{number}: not FILE | TEXT | REASON")
-            entries.append(tuple(fields))
-    return entries
 
 
 class Sources:
@@ -94,7 +83,7 @@ def main():
     root = os.path.abspath(sys.argv[1])
     with open(sys.argv[2], encoding="utf-8") as file:
         conditions = taken_sides(json.load(file), root)
-    left_out = read_left_out(sys.argv[3])
+    left_out = kept_list.entries(sys.argv[3], "FILE | TEXT | REASON")
     totals, taken, missing, used = count(conditions, Sources(root), left_out)
     if not totals:
         sys.exit("no branch of src/ in " + sys.argv[2])

@@ -16,16 +16,14 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
-#include <system_error>
 #include <thread>
 #include <vector>
-
-#include <unistd.h>
 
 #include "cli/json_writer.h"
 #include "cli/report_options.h"
 #include "driver/report_run.h"
 #include "report/report.h"
+#include "support/work_folder.h"
 
 namespace tradebill {
 namespace {
@@ -38,25 +36,6 @@ constexpr const char* kResolutions[] = {"96", "120"};
 
 /// All that a report leaves: its files and "JSON", with their bytes.
 using Result = std::map<std::string, std::string>;
-
-/// A folder that is gone when its owner is.
-class CWorkFolder {
-public:
-    CWorkFolder() : path_(fs::temp_directory_path() / ("concurrent-reports-" + std::to_string(::getpid()))) {
-        fs::create_directories(path_);
-    }
-    ~CWorkFolder() {
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-    }
-    CWorkFolder(const CWorkFolder&) = delete;
-    CWorkFolder& operator=(const CWorkFolder&) = delete;
-
-    [[nodiscard]] const fs::path& Path() const { return path_; }
-
-private:
-    fs::path path_;
-};
 
 /// One report, made alone first and together with others then.
 struct Job {
@@ -170,7 +149,7 @@ int RunTogether(const std::vector<Job>& jobs, int rounds, const fs::path& work) 
 }
 
 int CompareReports(const fs::path& samples, int rounds) {
-    const CWorkFolder work;
+    const CWorkFolder work(fs::temp_directory_path(), "concurrent-reports");
     std::vector<Job> jobs = JobsOf(samples);
     if (jobs.empty()) throw std::runtime_error("no samples in " + samples.string());
     for (Job& job : jobs) job.alone = MakeReport(job, work.Path() / "alone");

@@ -20,6 +20,9 @@ import sys
 import tempfile
 import time
 
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), os.pardir, "support"))
+import kept_list
+
 LEAST = 0.9
 TESTS_AT_ONCE = 400  # as the names of more make too long a command
 
@@ -86,20 +89,6 @@ def room_of(mutant):
     return mutant["file"].split("/")[1]
 
 
-def read_undetected(path):
-    """[(file, text, mutation, reason)]"""
-    entries = []
-    with open(path, encoding="utf-8") as lines:
-        for number, line in enumerate(lines, 1):
-            if not line.strip() or line.startswith("#"):
-                continue
-            fields = [field.strip() for field in line.split(" | ")]
-            if len(fields) != 4 or not all(fields):
-                sys.exit(f"{path}:{number}: not FILE | TEXT | MUTATION | REASON")
-            entries.append(tuple(fields))
-    return entries
-
-
 def entries_of(mutant, entries):
     return [entry for entry in entries if entry[0] == mutant["file"] and entry[1] in mutant["text"] and entry[2] == mutant["shown"]]
 
@@ -142,7 +131,7 @@ def main():
         mutants = chosen(json.load(file), arguments)
     if not mutants:
         sys.exit("no such mutants")
-    entries = read_undetected(arguments.undetected)
+    entries = kept_list.entries(arguments.undetected, "FILE | TEXT | MUTATION | REASON")
     tests = Tests(arguments.tree, arguments.seconds)
 
     outcomes = collections.Counter()

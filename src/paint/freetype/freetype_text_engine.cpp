@@ -2,6 +2,7 @@
 #include <memory>
 #include <string_view>
 
+#include "base/control_character.h"
 #include "paint/bitmap.h"
 #include "paint/canvas.h"
 #include "paint/font.h"

@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
+#include "base/control_character.h"
 #include "paint/font.h"
 #include "paint/freetype/font_use.h"
-#include "paint/raster/text_engine.h"
 #include "platform/text_encoding.h"
 
 namespace tradebill {

@@ -1,5 +1,6 @@
 #include "paint/gdi/gdi_text.h"
 
+#include "base/control_character.h"
 #include "base/shortage.h"
 #include "paint/raster/text_engine.h"
 #include "paint/raster/turned_text.h"
@@ -64,6 +65,7 @@ std::vector<CGdiText::Run> CGdiText::RunsOf(const std::wstring& text) {
                        GGI_MARK_NONEXISTING_GLYPHS);
     std::vector<Run> runs;
     for (std::size_t i = 0; i < text.size(); ++i) {
+        // Controls have no picture: one that the face lacks is a blank as wide as a space.
         const bool isBlank = glyphs[i] == kMissing && IsControl(text[i]);
         const Face face = glyphs[i] == kMissing && !isBlank ? Face::StandIn : Face::Own;
         if (runs.empty() || runs.back().face != face) runs.push_back({face, {}});

@@ -11,11 +11,6 @@
 
 namespace tradebill {
 
-/// Controls have no picture: one that the font's own face lacks is a blank as wide as a space.
-[[nodiscard]] constexpr bool IsControl(char32_t character) {
-    return character < U' ' || (character >= 0x7F && character < 0xA0);
-}
-
 /// One line of text to be written.
 struct TextLine {
     std::string_view text;    ///< GBK

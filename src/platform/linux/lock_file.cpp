@@ -18,8 +18,6 @@
 namespace tradebill {
 namespace {
 
-constexpr std::intptr_t kNoFile = -1;
-
 int Descriptor(std::intptr_t handle) {
     return static_cast<int>(handle);
 }
@@ -46,32 +44,12 @@ Place PlaceOf(int file) {
     return own.st_nlink > 0 ? Place::Kept : Place::Lost;
 }
 
-}  // namespace
-
-CLockFile::CLockFile(const std::string& path, Which which) : path_(path), handle_(kNoFile), state_(Take(which)) {}
-
-CLockFile::~CLockFile() {
-    Release();
-}
-
-CLockFile::State CLockFile::Take(Which which) {
-    ForgetSystemError();
-    const int file = Open(path_, which);
-    if (file < 0) return State::Failed;
-    const State state = Lock(file, which);
-    if (state == State::Held) {
-        handle_ = file;
-    } else {
-        const CSystemErrorKeeper reason;
-        ::close(file);
-    }
-    return state;
-}
-
-CLockFile::State CLockFile::Lock(int file, Which which) const {
+/// Tries to hold what was opened at `path`.
+CLockFile::State Lock(int file, const std::string& path, CLockFile::Which which) {
+    using State = CLockFile::State;
     if (Uninterrupted([&] { return ::flock(file, LOCK_EX | LOCK_NB); }) != 0) {
         if (errno == EWOULDBLOCK) return State::Taken;
-        return which == Which::MadeIfMissing && MeansNoLocks(errno) ? State::Held : State::Failed;
+        return which == CLockFile::Which::MadeIfMissing && MeansNoLocks(errno) ? State::Held : State::Failed;
     }
     switch (PlaceOf(file)) {
         case Place::Kept:
@@ -82,23 +60,39 @@ CLockFile::State CLockFile::Lock(int file, Which which) const {
             break;
     }
     const CSystemErrorKeeper reason;
-    ::unlink(path_.c_str());
+    ::unlink(path.c_str());
     return State::Failed;
 }
 
+}  // namespace
+
+CLockFile::State CLockFile::Take(Which which) {
+    ForgetSystemError();
+    const int file = Open(path_, which);
+    if (file < 0) return State::Failed;
+    const State state = Lock(file, path_, which);
+    if (state == State::Held) {
+        handle_ = file;
+    } else {
+        const CSystemErrorKeeper reason;
+        ::close(file);
+    }
+    return state;
+}
+
 void CLockFile::Name(std::string_view holder) const {
-    const int file = Descriptor(handle_);
+    const int file = Descriptor(*handle_);
     if (::ftruncate(file, 0) != 0) return;
     static_cast<void>(::pwrite(file, holder.data(), holder.size(), 0) < 0);
 }
 
 bool CLockFile::Release() {
-    if (handle_ == kNoFile) return true;
+    if (!handle_) return true;
     bool isGone = ::unlink(path_.c_str()) == 0 || errno == ENOENT;
     if (!isGone) isGone = ::unlink(path_.c_str()) == 0;
     const CSystemErrorKeeper reason;
-    ::close(Descriptor(handle_));
-    handle_ = kNoFile;
+    ::close(Descriptor(*handle_));
+    handle_.reset();
     state_ = State::Failed;
     return isGone;
 }

@@ -14,15 +14,7 @@ HANDLE HandleOf(std::intptr_t file) {
     return reinterpret_cast<HANDLE>(file);
 }
 
-const std::intptr_t kNoFile = reinterpret_cast<std::intptr_t>(INVALID_HANDLE_VALUE);
-
 }  // namespace
-
-CLockFile::CLockFile(const std::string& path, Which which) : path_(path), handle_(kNoFile), state_(Take(which)) {}
-
-CLockFile::~CLockFile() {
-    Release();
-}
 
 /// Whoever holds the file has it open, and lets others read it alone. It goes with its last handle.
 CLockFile::State CLockFile::Take(Which which) {
@@ -40,7 +32,7 @@ CLockFile::State CLockFile::Take(Which which) {
 }
 
 void CLockFile::Name(std::string_view holder) const {
-    const HANDLE file = HandleOf(handle_);
+    const HANDLE file = HandleOf(*handle_);
     DWORD written = 0;
     ::SetFilePointer(file, 0, nullptr, FILE_BEGIN);
     if (::WriteFile(file, holder.data(), static_cast<DWORD>(holder.size()), &written, nullptr) != FALSE) {
@@ -49,9 +41,9 @@ void CLockFile::Name(std::string_view holder) const {
 }
 
 bool CLockFile::Release() {
-    if (handle_ == kNoFile) return true;
-    const bool isGone = ::CloseHandle(HandleOf(handle_)) != FALSE;
-    handle_ = kNoFile;
+    if (!handle_) return true;
+    const bool isGone = ::CloseHandle(HandleOf(*handle_)) != FALSE;
+    handle_.reset();
     state_ = State::Failed;
     return isGone;
 }
