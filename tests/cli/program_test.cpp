@@ -10,7 +10,9 @@
 #include <utility>
 
 #include "cli/program_fixture.h"
+#include "driver/place_guard.h"
 #include "platform/local_time.h"
+#include "platform/lock_file.h"
 #include "platform/paths.h"
 
 namespace tradebill::program_test {
@@ -198,6 +200,32 @@ TEST_F(Program, FailsIfThePageCantBeWritten) {
     EXPECT_TRUE(answer.err.starts_with("tradebill: can't write the page " + NativePath(PageFile()) + ": "))
         << answer.err;
     EXPECT_EQ(std::ranges::count(answer.err, '\n'), 1) << answer.err;
+}
+
+TEST_F(Program, WritesNothingWhereAnotherProgramDoes) {
+    ASSERT_EQ(Run(Report("--quiet")).exit, 0);
+    const std::string page = ReadFile(PageFile());
+    const std::string folder = FolderOf(PageFile());
+    const CPlaceGuard other(folder, 0);
+    ASSERT_TRUE(other.IsHeld());
+    const std::string holder = HolderIn(folder + "/.tradebill.lock");
+    ASSERT_TRUE(holder.starts_with("process ")) << holder;
+
+    const std::string json = folder_.Path("run.json");
+    const Answer report = Run(Report("--dpi 120 --wait 0 --json " + Quoted(json)));
+    EXPECT_EQ(report.exit, 1);
+    EXPECT_EQ(report.out, "");
+    EXPECT_EQ(report.err, "tradebill: nothing is written to " + NativePath(folder) + ": " + holder +
+                              " is writing there\ntradebill: --wait SECONDS waits longer for the other run\n");
+    EXPECT_FALSE(fs::exists(json));
+
+    const Answer reset = Run("reset --wait 0 " + Quoted(PageFile()));
+    EXPECT_EQ(reset.exit, 1);
+    EXPECT_EQ(reset.err, "tradebill: can't write the page " + PageFile() + ": " + holder +
+                             " is writing there (--wait SECONDS waits longer)\n");
+    EXPECT_EQ(ReadFile(PageFile()), page);
+    EXPECT_TRUE(IsWrongUse(Run(Report("--wait -1")), "--wait"));
+    EXPECT_TRUE(IsWrongUse(Run(Report("--wait soon")), "--wait"));
 }
 
 TEST_F(Program, ListsItsOptions) {

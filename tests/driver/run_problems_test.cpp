@@ -30,8 +30,11 @@ TEST(RunProblemsTexts, NameEachOfThem) {
     problems.folders = {{"a/d", ""}};
     problems.pictures = {{"e.jpg", PictureStage::Saving, "a/e.jpg", "no room"},
                          {"f.jpg", PictureStage::Painting, "a/f.jpg", ""},
-                         {"g.png", PictureStage::Decoding, "a/g.png", ""}};
+                         {"g.png", PictureStage::Decoding, "a/g.png", ""},
+                         {"i.jpg", PictureStage::Removing, "a/i.jpg", "Permission denied"}};
     problems.page = {"a/h.html", ""};
+    problems.taken = {"a", "process 7 on alpha, since 10:22:01"};
+    problems.leftover = {"a/.tradebill-x", "Input/output error"};
     EXPECT_EQ(ProblemTexts(problems),
               (Lines{
                   "can't read " + NativePath("a/chain.ini") + ": Input/output error",
@@ -44,7 +47,10 @@ TEST(RunProblemsTexts, NameEachOfThem) {
                   "can't write the picture " + NativePath("a/e.jpg") + ": no room",
                   "can't paint the picture f.jpg",
                   "can't read the module's own picture for g.png",
+                  "can't remove the picture of an older report " + NativePath("a/i.jpg") + ": Permission denied",
                   "can't write the page " + NativePath("a/h.html"),
+                  "nothing is written to a: process 7 on alpha, since 10:22:01 is writing there",
+                  "can't remove " + NativePath("a/.tradebill-x") + ", which the next run does: Input/output error",
               }));
     EXPECT_FALSE(problems.IsEmpty());
 }
