@@ -68,12 +68,7 @@ RowVerdict ShortRow(std::string_view row, std::size_t needed) {
 }
 
 CSectionScan::CSectionScan(std::string_view text, SearchFrom searchFrom, CScanListener* listener)
-    : text_(text), searchFrom_(searchFrom), listener_(listener) {
-    constexpr std::size_t kUsualRowLength = 64;
-    constexpr std::size_t kLargeText = 1 << 24;  // bytes, from which a list that grows takes more than a count does
-    rows_.reserve(text.size() < kLargeText ? text.size() / kUsualRowLength : CountByte(text, '\n') + 1);
-    SplitText(text, "\n", rows_);
-}
+    : text_(text), rows_(text), searchFrom_(searchFrom), listener_(listener) {}
 
 CSectionScan::CSectionScan(const StatementText& statement, SearchFrom searchFrom)
     : CSectionScan(statement.text, searchFrom, statement.listener) {
@@ -88,22 +83,20 @@ std::optional<std::size_t> CSectionScan::FindRow(std::size_t from, std::size_t e
         const std::size_t found = FindText({at, textEnd}, word);
         if (found == std::string_view::npos) break;
         at += found;
-        const auto behind = std::upper_bound(
-            rows_.begin() + static_cast<std::ptrdiff_t>(from), rows_.begin() + static_cast<std::ptrdiff_t>(end), at,
-            [](const char* place, std::string_view row) { return place < row.data(); });
-        if (at + word.size() <= EndOf(*(behind - 1))) return static_cast<std::size_t>(behind - rows_.begin()) - 1;
+        const std::size_t row = rows_.RowAt(at);
+        if (at + word.size() <= EndOf(rows_[row])) return row;
     }
     return std::nullopt;
 }
 
 CSectionScan::Frame CSectionScan::FindFrame(std::size_t from, const SectionLayout& layout) const {
     Frame frame;
-    frame.title = FindRow(from, rows_.size(), layout.title);
+    frame.title = FindRow(from, rows_.Count(), layout.title);
     if (frame.title) {
         const std::size_t first = *frame.title + static_cast<std::size_t>(layout.terminatorOffset);
-        frame.terminator = FindRow(first, rows_.size(), layout.terminator);
+        frame.terminator = FindRow(first, rows_.Count(), layout.terminator);
         if (!layout.otherTerminator.empty()) {
-            const auto other = FindRow(first, frame.terminator.value_or(rows_.size()), layout.otherTerminator);
+            const auto other = FindRow(first, frame.terminator.value_or(rows_.Count()), layout.otherTerminator);
             if (other) frame.terminator = other;
         }
     }
@@ -134,7 +127,7 @@ std::optional<SectionRows> CSectionScan::FindBehind(std::size_t from, const Sect
 }
 
 std::optional<std::size_t> CSectionScan::FindTitle(const SectionLayout& layout) const {
-    const Frame frame{.title = FindRow(0, rows_.size(), layout.title), .terminator = {}};
+    const Frame frame{.title = FindRow(0, rows_.Count(), layout.title), .terminator = {}};
     TellSection(layout, frame, false);
     return frame.title;
 }
@@ -155,7 +148,7 @@ void CSectionScan::TellSection(const SectionLayout& layout, const Frame& frame, 
 }
 
 std::string_view CSectionScan::RowText(std::int64_t row) const {
-    if (row < 0 || row >= static_cast<std::int64_t>(rows_.size())) {
+    if (row < 0 || row >= static_cast<std::int64_t>(rows_.Count())) {
         if (listener_ != nullptr) listener_->OnStop({});
         throw CReportError(kErrorInvalidArgument, {.line = LineOf(row)});
     }
@@ -163,15 +156,15 @@ std::string_view CSectionScan::RowText(std::int64_t row) const {
 }
 
 int CSectionScan::LineOf(std::int64_t row) const {
-    if (rows_.empty()) return 0;
-    const std::int64_t nearest = std::clamp<std::int64_t>(row, 0, static_cast<std::int64_t>(rows_.size()) - 1);
+    if (rows_.Count() == 0) return 0;
+    const std::int64_t nearest = std::clamp<std::int64_t>(row, 0, static_cast<std::int64_t>(rows_.Count()) - 1);
     const char* const at = rows_[static_cast<std::size_t>(nearest)].data();
     return static_cast<int>(std::count(text_.data(), at, '\n')) + 1;
 }
 
 void CSectionScan::RethrowFrom(std::int64_t row, SectionKind kind) const {
     const ErrorPlace place{.line = LineOf(row), .section = SectionName(kind)};
-    const bool isThere = row >= 0 && row < static_cast<std::int64_t>(rows_.size());
+    const bool isThere = row >= 0 && row < static_cast<std::int64_t>(rows_.Count());
     if (isThere && listener_ != nullptr) listener_->OnStop(currentRow_);
     try {
         throw;
@@ -208,7 +201,7 @@ std::optional<Row> CSectionScan::ReadRow(std::int64_t row, const SectionLayout& 
 
 std::optional<Row> CSectionScan::ReadRowBelow(std::size_t title, std::int32_t offset, const SectionLayout& layout) {
     const std::int64_t row = static_cast<std::int64_t>(title) + offset;
-    if (row >= static_cast<std::int64_t>(rows_.size())) return std::nullopt;
+    if (row >= static_cast<std::int64_t>(rows_.Count())) return std::nullopt;
     return ReadRow(row, layout);
 }
 

@@ -1,4 +1,4 @@
-// The scan engine: a statement's text as rows, and its sections found by title and terminating word. This is the one
+// The scan engine: a statement's sections, found by title and terminating word. This is the one
 // place that decides "section found", "row too short" and "row read", and so the one that tells a listener about it;
 // readers give it their layouts as data.
 #pragma once
@@ -13,6 +13,7 @@
 
 #include "base/report_error.h"
 #include "readers/scan_listener.h"
+#include "readers/statement_rows.h"
 
 namespace tradebill {
 
@@ -150,7 +151,7 @@ private:
     void TellSection(const SectionLayout& layout, const Frame& frame, bool needsTerminator) const;
 
     std::string_view text_;
-    std::vector<std::string_view> rows_;
+    CStatementRows rows_;
     std::vector<std::string_view> columns_;  // of the row at hand
     std::string_view currentRow_;
     SearchFrom searchFrom_;
