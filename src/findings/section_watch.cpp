@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "base/byte_mask.h"
+#include "base/line_counter.h"
 #include "base/number.h"
 #include "base/text.h"
 #include "findings/record_amounts.h"
@@ -38,17 +38,6 @@ bool LooksLikeData(const std::vector<std::string_view>& columns) {
 }
 
 }  // namespace
-
-int CLineCounter::LineOf(std::string_view row) {
-    const auto at = static_cast<std::size_t>(row.data() - text_.data());
-    if (at >= at_) {
-        line_ += static_cast<int>(CountByte(text_.substr(at_, at - at_), '\n'));
-    } else {
-        line_ -= static_cast<int>(CountByte(text_.substr(at, at_ - at), '\n'));
-    }
-    at_ = at;
-    return line_;
-}
 
 void CSectionWatch::Begin(const SectionSeen& seen, std::string_view text, RecordLife life) {
     seen_ = seen;

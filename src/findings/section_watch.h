@@ -8,29 +8,13 @@
 #include <string>
 #include <string_view>
 
+#include "base/line_counter.h"
 #include "findings/record_amounts.h"
 #include "findings/section_facts.h"
 #include "findings/section_totals.h"
 #include "readers/scan_listener.h"
 
 namespace tradebill {
-
-/// Where lines begin in a text that is looked at from top to bottom, mostly.
-class CLineCounter {
-public:
-    void Begin(std::string_view text) {
-        text_ = text;
-        at_ = 0;
-        line_ = 1;
-    }
-    /// The line of `row`, which points into the text; from 1.
-    [[nodiscard]] int LineOf(std::string_view row);
-
-private:
-    std::string_view text_;
-    std::size_t at_ = 0;
-    int line_ = 1;
-};
 
 /// How long a record that is told can be looked at.
 enum class RecordLife { Stays, EndsWithRow };

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/line_counter.h"
 #include "findings/lots_book.h"
 #include "findings/section_watch.h"
 #include "findings/statement_facts.h"
