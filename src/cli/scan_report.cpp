@@ -12,6 +12,7 @@
 #include <variant>
 #include <vector>
 
+#include "base/byte_mask.h"
 #include "base/number.h"
 #include "base/text.h"
 #include "platform/text_encoding.h"
@@ -56,14 +57,12 @@ bool IsWorthTelling(const LackedColumn& column) {
 }  // namespace
 
 CScanReport::CScanReport(std::string_view text) : text_(text) {
-    for (std::string_view rest = text; !rest.empty(); static_cast<void>(TakeLine(rest))) {
-        lineStarts_.push_back(text.size() - rest.size());
-    }
+    lines_.Begin(text);
 }
 
-int CScanReport::LineOf(std::string_view row) const {
-    const auto offset = static_cast<std::size_t>(row.data() - text_.data());
-    return static_cast<int>(std::ranges::upper_bound(lineStarts_, offset) - lineStarts_.begin());
+int CScanReport::LineCount() const {
+    const std::size_t ends = CountByte(text_, '\n');
+    return static_cast<int>(text_.ends_with('\n') ? ends : ends + (text_.empty() ? 0 : 1));
 }
 
 /// The template reads before any fixed reader is named.
@@ -97,11 +96,11 @@ void CScanReport::OnSection(const SectionSeen& seen) {
     report.titleWord = GbkToUtf8(seen.titleWord);
     report.needsEnd = seen.needsTerminator;
     report.terminatorWord = EndWords(seen);
-    if (!seen.titleRow.empty()) report.titleLine = LineOf(seen.titleRow);
-    if (!seen.terminatorRow.empty()) report.endLine = LineOf(seen.terminatorRow);
+    if (!seen.titleRow.empty()) report.titleLine = lines_.LineOf(seen.titleRow);
+    if (!seen.terminatorRow.empty()) report.endLine = lines_.LineOf(seen.terminatorRow);
     const std::size_t anywhere = text_.find(seen.titleWord);
     if (seen.titleRow.empty() && !seen.titleWord.empty() && anywhere != std::string_view::npos) {
-        report.unseenTitleLine = LineOf(text_.substr(anywhere));
+        report.unseenTitleLine = lines_.LineOf(text_.substr(anywhere));
     }
     Pass().sections.push_back(std::move(report));
     place_ = {.section = seen.kind, .line = {}};
@@ -144,7 +143,7 @@ void CScanReport::LookAtColumns(int line, Row columns) {
 }
 
 void CScanReport::OnRow(std::string_view row, Row columns, const RowVerdict& verdict) {
-    const int line = LineOf(row);
+    const int line = lines_.LineOf(row);
     place_->line = line;
     if (verdict.fate == RowFate::Read) {
         ++Section().rowsRead;
@@ -172,7 +171,7 @@ void CScanReport::OnMoney(const MoneyRecord& record, std::string_view currency) 
 void CScanReport::OnLabelledValue(const LabelledValue& value) {
     if (IsAmount(value.kept)) return;
     Section().wrongAmounts.push_back(
-        {LineOf(value.printed), std::string(value.field), GbkToUtf8(value.printed), ParseAmount(value.kept)});
+        {lines_.LineOf(value.printed), std::string(value.field), GbkToUtf8(value.printed), ParseAmount(value.kept)});
 }
 
 void CScanReport::OnRecord(const RecordSeen& record) {
@@ -184,7 +183,7 @@ void CScanReport::OnRecord(const RecordSeen& record) {
 
 void CScanReport::OnStop(std::string_view row) {
     if (!place_) return;
-    place_->line = row.empty() ? std::optional<int>() : LineOf(row);
+    place_->line = row.empty() ? std::optional<int>() : lines_.LineOf(row);
 }
 
 void CScanReport::Finish() {

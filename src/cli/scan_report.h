@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/line_counter.h"
 #include "readers/scan_listener.h"
 #include "report/money_record.h"
 
@@ -119,7 +120,7 @@ public:
     }
     /// The sections of which a template has made records before it declined.
     [[nodiscard]] std::vector<SectionKind> ReadBeforeDeclining() const;
-    [[nodiscard]] int LineCount() const { return static_cast<int>(lineStarts_.size()); }
+    [[nodiscard]] int LineCount() const;
     [[nodiscard]] int FoundSections() const;
     [[nodiscard]] int MoneyRecords() const;
     /// The section looked at last, and the row in it; nothing before the first.
@@ -139,13 +140,12 @@ public:
     void OnStop(std::string_view row) override;
 
 private:
-    [[nodiscard]] int LineOf(std::string_view row) const;
     ReaderPass& Pass();
     SectionReport& Section() { return Pass().sections.back(); }
     void LookAtColumns(int line, Row columns);
 
     std::string_view text_;
-    std::vector<std::size_t> lineStarts_;
+    CLineCounter lines_;
     std::vector<ReaderPass> passes_;
     std::optional<TemplateReport> template_;
     std::optional<ReadingPlace> place_;
