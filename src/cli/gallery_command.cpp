@@ -16,6 +16,7 @@
 #include "cli/shown_text.h"
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"
+#include "images/missing_fonts.h"
 #include "paint/bitmap.h"
 #include "paint/canvas.h"
 #include "paint/picture_file.h"
@@ -79,7 +80,6 @@ int RunGalleryCommand(const std::string& folder) {
     if (!MakeFolders(folder)) throw std::runtime_error("cannot make the folder " + folder);
     const std::string pagePath = folder + "/index.html";
     const COutputFile page("DIR", pagePath);
-    WarnWithoutFonts();
     const std::vector<GalleryChart> charts = GalleryCharts();
     for (const GalleryChart& chart : charts) Paint(chart, folder + "/" + chart.fileName);
     const auto writePage = [&charts](std::ostream& out) {
@@ -88,7 +88,8 @@ int RunGalleryCommand(const std::string& folder) {
     };
     if (!page.Save(writePage)) throw std::runtime_error("cannot write " + pagePath);
     std::cout << charts.size() << " charts: " << ShownText(NativePath(pagePath)) << "\n";
-    return kExitDone;
+    const std::string boxes = WhyTextsAreBoxes();
+    return boxes.empty() ? kExitDone : Fail(boxes);
 }
 
 }  // namespace tradebill

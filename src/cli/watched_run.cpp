@@ -17,7 +17,7 @@
 #include "driver/report_run.h"
 #include "driver/run_problems.h"
 #include "driver/unit_pass.h"
-#include "paint/font.h"
+#include "images/missing_fonts.h"
 #include "paint/font_search.h"
 #include "platform/file.h"
 #include "platform/screen.h"
@@ -76,11 +76,6 @@ void Warn(const std::string& text) {
     std::cerr << "tradebill: warning: " << ShownText(text) << "\n";
 }
 
-void WarnWithoutFonts() {
-    if (HasFonts()) return;
-    std::cerr << "tradebill: no font is installed; texts in pictures are boxes (README.md names the packages)\n";
-}
-
 int Fail(const std::string& text) {
     std::cerr << "tradebill: " << ShownText(text) << "\n";
     return kExitFailed;
@@ -101,16 +96,14 @@ std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prep
     const auto fonts = paints ? FindFontsMeanwhile(prepared.request) : nullptr;
     RunResult result = RunWithProgress(report, prepared, quiet, run, options);
     if (paints) {
+        if (run != RunReport) result.problems.fonts = WhyTextsAreBoxes();
         for (const std::string& text : ProblemTexts(result.problems)) Fail(text);
     } else {
         for (const UnreadFile& file : result.problems.inputs) Fail(UnreadFileText(file));
     }
     if (result.problems.error) Fail(ErrorText(*result.problems.error));
     if (result.end == RunEnd::Failed) return std::nullopt;
-    if (paints) {
-        WarnWithoutFonts();
-        if (result.end == RunEnd::Finished) WarnOfEmptyAccount(report, result);
-    }
+    if (paints && result.end == RunEnd::Finished) WarnOfEmptyAccount(report, result);
     return result;
 }
 

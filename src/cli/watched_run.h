@@ -12,9 +12,6 @@ namespace tradebill {
 
 void Warn(const std::string& text);
 
-/// Warns if no font is installed: every character would be painted as a box.
-void WarnWithoutFonts();
-
 /// Says on stderr what failed. Returns kExitFailed.
 int Fail(const std::string& text);
 

@@ -10,6 +10,7 @@
 #include "driver/report_run.h"
 #include "driver/run_folder.h"
 #include "driver/run_problems.h"
+#include "images/missing_fonts.h"
 #include "images/picture_names.h"
 #include "images/report_images.h"
 #include "platform/file_place.h"
@@ -128,6 +129,7 @@ void CRunFiles::TellAndClear() {
     const bool isShown = arePicturesShown_ || making_ == Making::InPlace;
     result_.picturesSaved = isShown ? static_cast<int>(images_.saved.size()) : 0;
     result_.problems.pictures = std::move(images_.failures);
+    if (result_.picturesSaved > 0) result_.problems.fonts = WhyTextsAreBoxes();
     report_.ReportDocument.WorkFolder.clear();
     if (folder_ && !folder_->Remove()) result_.problems.leftover = {folder_->Path(), folder_->Reason()};
 }

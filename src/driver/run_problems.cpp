@@ -83,6 +83,7 @@ std::vector<std::string> ProblemTexts(const RunProblems& problems) {
     std::ranges::transform(problems.statements, std::back_inserter(texts), UnreadText);
     std::ranges::transform(problems.folders, std::back_inserter(texts), FolderText);
     std::ranges::transform(problems.pictures, std::back_inserter(texts), PictureText);
+    if (!problems.fonts.empty()) texts.push_back(problems.fonts);
     if (problems.page) {
         texts.push_back(WithReason("can't write the page " + ShownPath(problems.page->path), problems.page->reason));
     }

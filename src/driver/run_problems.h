@@ -49,14 +49,15 @@ struct RunProblems {
     std::vector<UnreadStatement> statements;
     std::vector<UnwrittenFile> folders;
     std::vector<PictureFailure> pictures;
+    std::string fonts;  ///< why texts in the pictures are boxes; empty if they aren't
     std::optional<UnwrittenFile> page;
     std::optional<TakenPlace> taken;
     std::optional<UnwrittenFile> leftover;  ///< what was the run's own and can't be removed
     std::optional<RunError> error;
 
     [[nodiscard]] bool IsEmpty() const {
-        return names.empty() && inputs.empty() && statements.empty() && folders.empty() && pictures.empty() && !page &&
-               !taken && !leftover && !error;
+        return names.empty() && inputs.empty() && statements.empty() && folders.empty() && pictures.empty() &&
+               fonts.empty() && !page && !taken && !leftover && !error;
     }
 };
 

@@ -38,7 +38,7 @@ struct TextMetrics {
 
 [[nodiscard]] TextMetrics MetricsOf(const Font& font);
 
-/// Whether any font is installed. Without one texts are rows of boxes.
-[[nodiscard]] bool HasFonts();
+/// Whether installed fonts have all characters of a GBK text; those that they lack are painted as boxes.
+[[nodiscard]] bool HasFontsFor(std::string_view text);
 
 }  // namespace tradebill

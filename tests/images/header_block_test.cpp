@@ -152,7 +152,7 @@ TEST(HeaderBlock, FillsAPictureOfTheBarAloneButForThreeRows) {
 }
 
 TEST(HeaderBlock, WritesItsTextsLightOverTheBanner) {
-    ASSERT_TRUE(HasFonts());
+    ASSERT_TRUE(HasFontsFor("0"));
     const CBitmap bitmap = Painted(Block(true), 135);
     for (const std::int32_t top : {40, 60}) {
         int light = 0;

@@ -29,7 +29,7 @@ TEST(FontSearch, ChangesNoTextThatIsMeasuredMeanwhile) {
         search = std::make_unique<CFontSearch>();
         EXPECT_EQ(WidthsOfTexts(), alone);
     }
-    EXPECT_TRUE(HasFonts());
+    EXPECT_TRUE(HasFontsFor("0"));
 }
 
 }  // namespace

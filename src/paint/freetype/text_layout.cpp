@@ -41,12 +41,16 @@ CFontFamily& FamilyOf(const Font& font) {
 }
 
 /// The best face that has the character, or null.
-CScaledFace* FaceWith(char32_t character, std::int32_t pixelsPerEm, CFontFamily& family) {
+const FaceChoice* ChoiceWith(char32_t character, CFontFamily& family) {
     for (std::size_t i = 0;; ++i) {
         const FaceChoice* const choice = family.FaceAt(i);
-        if (choice == nullptr) return nullptr;
-        if (HasGlyph(*choice, character)) return &ScaledFaceFor(*choice, pixelsPerEm);
+        if (choice == nullptr || HasGlyph(*choice, character)) return choice;
     }
+}
+
+CScaledFace* FaceWith(char32_t character, std::int32_t pixelsPerEm, CFontFamily& family) {
+    const FaceChoice* const choice = ChoiceWith(character, family);
+    return choice != nullptr ? &ScaledFaceFor(*choice, pixelsPerEm) : nullptr;
 }
 
 /// What is written for a character: for a control that the font's own face lacks a space.
@@ -102,9 +106,14 @@ TextMetrics MetricsOf(const Font& font) {
             .maxWidth = height};
 }
 
-bool HasFonts() {
+bool HasFontsFor(std::string_view text) {
     const CFontUse use;
-    return FamilyFor("Arial", false).FaceAt(0) != nullptr;
+    CFontFamily& family = FamilyFor("Arial", true);
+    const std::string characters = Utf8Of(text);
+    for (std::string_view rest = characters; !rest.empty();) {
+        if (ChoiceWith(TakeCharacter(rest), family) == nullptr) return false;
+    }
+    return true;
 }
 
 }  // namespace tradebill

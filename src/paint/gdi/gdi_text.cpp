@@ -127,7 +127,7 @@ TextMetrics MetricsOf(const Font& font) {
     return MeasuringContext(font).text.Metrics();
 }
 
-bool HasFonts() {
+bool HasFontsFor(std::string_view /*text*/) {
     return true;  // the system doesn't come without
 }
 

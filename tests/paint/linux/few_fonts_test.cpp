@@ -38,7 +38,7 @@ bool LookAlike(const std::string& one, const std::string& other) {
 /// To be asked in a process that has painted no text yet: fonts are looked for once.
 int ExitOfBanner(const std::string& fontconfigFile) {
     ::setenv("FONTCONFIG_FILE", fontconfigFile.c_str(), 1);
-    if (!HasFonts()) return 2;
+    if (!HasFontsFor("0")) return 2;
     if (LookAlike(Gbk("账号:"), Gbk("合计:"))) return 3;  // both rows of boxes
     return LookAlike(Gbk("账号:\r\r") + "9001", Gbk("账号:  ") + "9001") ? 0 : 4;
 }

@@ -31,7 +31,7 @@ TEST(FontUse, BeginsAnewBehindAShortage) {
     const std::int32_t width = WidthAt(kHeight);
     EXPECT_GT(width, 4 * kHeight);
     EXPECT_EQ(WidthAt(kHeight), width);
-    EXPECT_TRUE(HasFonts());
+    EXPECT_TRUE(HasFontsFor("0"));
 }
 
 TEST(FontUse, ForgetsWhatItMadeIfAnExceptionEndsIt) {
