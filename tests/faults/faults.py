@@ -23,6 +23,7 @@ import threading
 import time
 
 import fault_table
+import seeds
 import verdict
 from sandbox import Sandbox, Tools
 from scenarios import NEXT_REPORT, SCENARIOS
@@ -173,7 +174,7 @@ def read_settings():
     parser.add_argument("samples", type=pathlib.Path)
     parser.add_argument("--scenario", action="append", default=[])
     parser.add_argument("--sample", type=float, default=0, metavar="SECONDS")
-    parser.add_argument("--seed", type=int, default=random.SystemRandom().randrange(10**6))
+    parser.add_argument("--seed", type=int, default=seeds.of_tree())
     parser.add_argument("--apart", type=int, default=7)
     parser.add_argument("--workers", type=int, default=min(2, os.cpu_count() or 1))
     parser.add_argument("--found", type=argparse.FileType("w"), default=sys.stdout)

@@ -21,6 +21,7 @@ import threading
 import time
 
 import fault_table
+import seeds
 import verdict
 from sandbox import Call, Ending, Sandbox, Tools
 from scenarios import HOST, Scenario
@@ -195,7 +196,7 @@ def main():
     parser.add_argument("build", type=pathlib.Path)
     parser.add_argument("samples", type=pathlib.Path)
     parser.add_argument("--sample", type=float, default=0, metavar="SECONDS")
-    parser.add_argument("--seed", type=int, default=random.SystemRandom().randrange(10**6))
+    parser.add_argument("--seed", type=int, default=seeds.of_tree())
     parser.add_argument("--at", nargs=3, metavar=("NUMBER", "FUNCTION", "WAY"))
     settings = parser.parse_args()
     print(f"seed {settings.seed}", flush=True)
