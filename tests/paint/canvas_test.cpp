@@ -5,9 +5,11 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <random>
+#include <utility>
 #include <vector>
 
 namespace tradebill::canvas_test {
@@ -83,6 +85,51 @@ TEST(Canvas, HandsBackWhatWasSelectedBefore) {
     }
     EXPECT_EQ(picture.canvas->SelectPen({}), (Pen{.width = 1, .color = 0}));
     EXPECT_EQ(picture.canvas->SelectBrush({}), Brush(kWhite));
+}
+
+TEST(Canvas, FillsNoShapeWithoutABrush) {
+    constexpr std::int32_t kEdge = 20;
+    const Box box{2, 2, 18, 18};
+    const std::vector<Point> corners{{2, 2}, {18, 2}, {18, 18}, {2, 18}};
+    const std::pair<Point, std::function<void(CCanvas&)>> shapes[] = {
+        {{10, 10}, [&](CCanvas& canvas) { canvas.Ellipse(box); }},
+        {{6, 7},
+         [&](CCanvas& canvas) {
+             canvas.Pie(box, {18, 2}, {2, 18});
+         }},
+        {{10, 10}, [&](CCanvas& canvas) { canvas.Polygon(corners); }},
+        {{10, 10},
+         [&](CCanvas& canvas) {
+             canvas.BeginPath();
+             canvas.MoveTo(corners.front());
+             for (const Point& corner : corners) canvas.LineTo(corner);
+             canvas.EndPath();
+             canvas.FillPath();
+         }},
+    };
+    for (const bool hasBrush : {true, false}) {
+        for (const auto& [inside, paint] : shapes) {
+            Picture picture(kEdge, kEdge);
+            picture.canvas->FillSolid({0, 0, kEdge, kEdge}, kBlue);
+            if (!hasBrush) picture.canvas->SelectBrush({});
+            paint(*picture.canvas);
+            EXPECT_EQ(picture.At(inside.x, inside.y), hasBrush ? kWhitePixel : kBluePixel);
+        }
+    }
+}
+
+TEST(Canvas, PaintsEachEllipseByItsOwnSize) {
+    for (const Box& second : {Box{0, 0, 12, 9}, Box{0, 0, 9, 12}}) {
+        Picture both(20, 20);
+        both.canvas->Ellipse({0, 0, 12, 12});
+        both.canvas->FillSolid({0, 0, 20, 20}, kWhite);
+        both.canvas->Ellipse(second);
+        Picture alone(20, 20);
+        alone.canvas->Ellipse(second);
+        for (std::int32_t y = 0; y < 20; ++y) {
+            for (std::int32_t x = 0; x < 20; ++x) EXPECT_EQ(both.At(x, y), alone.At(x, y)) << x << ", " << y;
+        }
+    }
 }
 
 TEST(Canvas, TakesColorsWithRedInTheLowestByte) {
@@ -181,7 +228,7 @@ TEST(Canvas, IsSafeWithCoordinatesAndPensOfAnySize) {
         std::vector<Point> at(4);
         for (Point& point : at) point = {any(kValues), any(kValues)};
         picture.canvas->SelectPen({.width = any(kWidths), .color = kRed});
-        picture.canvas->SelectBrush(kBlue);
+        picture.canvas->SelectBrush(round % 3 == 0 ? Brush() : Brush(kBlue));
         PaintShape(*picture.canvas, round % kShapes, at);
     }
 }

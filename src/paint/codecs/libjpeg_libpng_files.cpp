@@ -97,9 +97,9 @@ std::vector<std::uint8_t> RgbRows(const CBitmap& bitmap) {
     return bytes;
 }
 
-/// Rows from the top, in a pixel format of the library; empty without a width and a height.
+/// Rows from the top, in a pixel format of the library; empty of a size without pixels, which has neither side.
 std::string EncodePixels(PictureSize size, png_uint_32 format, const void* pixels) {
-    if (size.width <= 0 || size.height <= 0) return {};
+    if (size.width <= 0) return {};
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
     image.width = static_cast<png_uint_32>(size.width);

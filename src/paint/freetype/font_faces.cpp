@@ -58,8 +58,9 @@ using UniqueLibrary = std::unique_ptr<std::remove_pointer_t<FT_Library>, Destroy
 
 UniqueLibrary MakeLibrary() {
     FT_Library made = nullptr;
-    if (FT_New_Library(FontMemory(), &made) != 0) throw CShortage(kNoFontsNow);
+    FT_New_Library(FontMemory(), &made);  // fails for want of memory alone, which is noted
     UniqueLibrary library(made);
+    ThrowIfFontShortage();
     FT_Add_Default_Modules(made);
     FT_Set_Default_Properties(made);
     ThrowIfFontShortage();
@@ -73,20 +74,18 @@ FT_Library Library() {
 }
 
 /// fontconfig takes fonts that it can't look at for fonts that aren't there, and keeps to that: it is asked when it can
-/// look at all of them.
+/// look at all of them. Returns true.
 bool StartFontconfig() {
-    if (!HasSpareMeans()) throw CShortage(kNoFontsNow);
-    if (FcInit() == FcFalse) return false;
+    if (!HasSpareMeans() || FcInit() == FcFalse) throw CShortage(kNoFontsNow);
     FcConfigAppFontAddDir(nullptr, reinterpret_cast<const FcChar8*>(kFurtherFonts));
     if (HasSpareMeans()) return true;
     FcFini();
     throw CShortage(kNoFontsNow);
 }
 
-/// Whether fonts can be looked for at all.
-bool HasFontconfig() {
-    static const bool started = StartFontconfig();
-    return started;
+void NeedFontconfig() {
+    static const bool isStarted = StartFontconfig();
+    static_cast<void>(isStarted);
 }
 
 struct CloseFace {
@@ -139,7 +138,7 @@ Pattern Wanted(const char* family, bool bold) {
 /// The file itself knows best whether it is bold: fontconfig calls bold what it expects others to thicken.
 std::optional<FaceChoice> ChoiceOf(FcPattern* font, bool bold) {
     FT_Face const face = OpenFace(font);
-    if (face == nullptr) return std::nullopt;
+    if (face == nullptr || !FT_IS_SCALABLE(face)) return std::nullopt;
     return FaceChoice{face, bold && (face->style_flags & FT_STYLE_FLAG_BOLD) == 0};
 }
 
@@ -195,8 +194,7 @@ void DestroyFontSet::operator()(FcFontSet* set) const {
 }
 
 CFontFamily::CFontFamily(std::string name, bool bold) : name_(std::move(name)), isBold_(bold) {
-    hasFonts_ = HasFontconfig();
-    if (!hasFonts_) return;
+    NeedFontconfig();
     if (const auto own = FindOwnFace(name_, isBold_)) faces_.push_back(*own);
 }
 
@@ -208,10 +206,9 @@ const FaceChoice* CFontFamily::FaceAt(std::size_t index) {
 }
 
 bool CFontFamily::AddFallback() {
-    if (!hasFonts_) return false;
     if (!isSorted_) sorted_ = SortedFonts(name_, isBold_);
     isSorted_ = true;
-    while (sorted_ != nullptr && tried_ < std::min(sorted_->nfont, kMostFallbacks)) {
+    while (tried_ < std::min(sorted_->nfont, kMostFallbacks)) {
         const auto choice = ChoiceOf(sorted_->fonts[tried_], isBold_);
         ++tried_;
         if (!choice || std::ranges::find(faces_, choice->face, &FaceChoice::face) != faces_.end()) continue;

@@ -14,7 +14,7 @@
 
 namespace tradebill {
 
-/// A face for some of a text's characters.
+/// A face for some of a text's characters, of any size: not one of a few sizes of pixels.
 struct FaceChoice {
     FT_Face face;      ///< belongs to the cache until ForgetFaces(); used by nobody who doesn't hold FontLock()
     bool isThickened;  ///< bold was asked for, and the family has no bold file
@@ -45,7 +45,6 @@ private:
 
     std::string name_;
     bool isBold_;
-    bool hasFonts_ = false;
     std::deque<FaceChoice> faces_;  ///< which stay where they are
     UniqueFontSet sorted_;          ///< the system's fonts as they suit the family, once isSorted_
     bool isSorted_ = false;

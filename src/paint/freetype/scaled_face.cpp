@@ -40,7 +40,6 @@ CellUnits UnitsOf(FT_Face face) {
         units.descent = os2->usWinDescent;
         units.average = os2->xAvgCharWidth;
     }
-    if (units.em <= 0) units.em = 1;
     if (units.ascent + units.descent <= 0) units = {units.em, 0, units.average, units.em};
     return units;
 }
@@ -128,7 +127,8 @@ CScaledFace::CScaledFace(const FaceChoice& choice, std::int32_t pixelsPerEm)
         ++metrics_.averageWidth;
         ++metrics_.maxWidth;
     }
-    if (FT_New_Size(choice.face, &size_) != 0) throw std::bad_alloc();
+    FT_New_Size(choice.face, &size_);  // fails for want of memory alone, which is noted
+    ThrowIfFontShortage();
     FT_Activate_Size(size_);
     FT_Set_Pixel_Sizes(choice.face, 0, static_cast<FT_UInt>(pixelsPerEm_));
     ThrowIfFontShortage();
@@ -166,7 +166,7 @@ GlyphPicture CScaledFace::LoadTurned(char32_t character, std::int32_t escapement
 }
 
 bool CScaledFace::LoadGlyph(char32_t character, std::int32_t flags) {
-    if (FT_Activate_Size(size_) != 0) return false;
+    FT_Activate_Size(size_);
     const bool isLoaded = FT_Load_Glyph(choice_.face, FT_Get_Char_Index(choice_.face, character), flags) == 0;
     ThrowIfFontShortage();
     return isLoaded;
@@ -174,11 +174,9 @@ bool CScaledFace::LoadGlyph(char32_t character, std::int32_t flags) {
 
 GlyphPicture CScaledFace::RenderLoaded(std::int32_t escapement) {
     FT_GlyphSlot const slot = choice_.face->glyph;
-    if (slot->format == FT_GLYPH_FORMAT_OUTLINE) {
-        if (choice_.isThickened) FT_Outline_EmboldenXY(&slot->outline, kOnePixel, 0);
-        if (isFaint_) FT_Outline_EmboldenXY(&slot->outline, StrengthAt(pixelsPerEm_), 0);
-        if (escapement != 0) Turn(slot->outline, escapement);
-    }
+    if (choice_.isThickened) FT_Outline_EmboldenXY(&slot->outline, kOnePixel, 0);
+    if (isFaint_) FT_Outline_EmboldenXY(&slot->outline, StrengthAt(pixelsPerEm_), 0);
+    if (escapement != 0) Turn(slot->outline, escapement);
     const bool isRendered = FT_Render_Glyph(slot, FT_RENDER_MODE_NORMAL) == 0;
     ThrowIfFontShortage();
     if (!isRendered) return {};

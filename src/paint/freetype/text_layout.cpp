@@ -18,15 +18,14 @@ namespace {
 constexpr std::int32_t kBoldFrom = 600;
 constexpr char32_t kFirstWide = 0x1100;
 
-/// Takes the first character off a UTF-8 text that is known to be sound.
+/// Takes the first character off a UTF-8 text that comes of GBK: it is sound, and its characters have three bytes at
+/// the most.
 char32_t TakeCharacter(std::string_view& text) {
     const auto lead = static_cast<unsigned char>(text.front());
-    const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+    const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : 3;
     char32_t point = length == 1 ? lead : lead & (0x7Fu >> length);
-    for (std::size_t i = 1; i < length && i < text.size(); ++i) {
-        point = (point << 6) | (static_cast<unsigned char>(text[i]) & 0x3Fu);
-    }
-    text.remove_prefix(std::min(length, text.size()));
+    for (std::size_t i = 1; i < length; ++i) point = (point << 6) | (static_cast<unsigned char>(text[i]) & 0x3Fu);
+    text.remove_prefix(length);
     return point;
 }
 

@@ -17,12 +17,22 @@ constexpr const char* kLatinAlone = R"(<?xml version="1.0"?>
 </fontconfig>
 )";
 
+constexpr const char* kNone = R"(<?xml version="1.0"?>
+<!DOCTYPE fontconfig SYSTEM "fonts.dtd">
+<fontconfig>
+  <selectfont><rejectfont><glob>*</glob></rejectfont></selectfont>
+</fontconfig>
+)";
+
 constexpr const char* kBoxes =
     "tradebill: no installed font has Chinese characters: texts in pictures are boxes (README.md names the packages)\n";
 
 class MissingFonts : public Program {
 protected:
-    MissingFonts() { ::setenv("FONTCONFIG_FILE", folder_.Write("fonts.conf", kLatinAlone).c_str(), 1); }
+    MissingFonts() { Set(kLatinAlone); }
+    void Set(const char* settings) const {
+        ::setenv("FONTCONFIG_FILE", folder_.Write("fonts.conf", settings).c_str(), 1);
+    }
     ~MissingFonts() override { ::unsetenv("FONTCONFIG_FILE"); }
 };
 
@@ -31,6 +41,14 @@ TEST_F(MissingFonts, AreAFailureOfTheReport) {
     EXPECT_EQ(answer.exit, 1);
     EXPECT_EQ(answer.err, kBoxes);
     EXPECT_TRUE(fs::exists(PageFile()));
+}
+
+TEST_F(MissingFonts, AreToldApartFromThoseWithoutChinese) {
+    Set(kNone);
+    const Answer answer = Run(Report("--quiet"));
+    EXPECT_EQ(answer.exit, 1);
+    EXPECT_EQ(answer.err,
+              "tradebill: no font is installed: texts in pictures are boxes (README.md names the packages)\n");
 }
 
 TEST_F(MissingFonts, AreAFailureOfAChart) {
