@@ -37,7 +37,8 @@ std::int32_t WidthOf(const Box& rect) {
 
 void DrawAccountChart(CCanvas& canvas, const CReport& report, const AccountChart& chart, const PictureSize& size) {
     CGraph graph(kLineGraph);
-    if (!FillChart(graph, report, chart, chart.plain, report.ReportDays)) return;
+    FillChart(graph, report, chart, chart.plain, report.ReportDays);
+    if (graph.tickSpace == 0.0) return;  // a stretched chart is painted all the same
     graph.markerRadius = MarkerRadius({.width = size.width, .days = chart.days(report), .dpi = report.Request.Dpi});
     graph.DrawGraph(canvas, {0, 0, size.width, size.height});
 }
@@ -46,7 +47,7 @@ void StretchAccountChart(CCanvas& canvas, const CReport& report, const AccountCh
     const CMoneyStore& store = report.MoneyStore;
     const ReportRange days{MidnightOfText(store.StartDateText), MidnightOfText(store.EndDateText)};
     CGraph graph(kLineGraph);
-    if (!FillChart(graph, report, chart, chart.stretched, days)) return;
+    FillChart(graph, report, chart, chart.stretched, days);
     graph.markerRadius =
         StretchedMarkerRadius({.width = WidthOf(rect), .days = chart.days(report), .dpi = report.Request.Dpi},
                               store.ChartSizes[chart.comparedSize]);

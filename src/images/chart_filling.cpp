@@ -150,7 +150,7 @@ void AddDays(CGraph& graph, const CReport& report, const AccountChart& chart, co
 
 }  // namespace
 
-bool FillChart(CGraph& graph, const CReport& report, const AccountChart& chart, const FormSettings& form,
+void FillChart(CGraph& graph, const CReport& report, const AccountChart& chart, const FormSettings& form,
                const ReportRange& days) {
     ApplySettings(graph, report, chart.settings, form);
     if (chart.beginsWithOpening && report.MoneyStore.Count() > 0) {
@@ -158,9 +158,7 @@ bool FillChart(CGraph& graph, const CReport& report, const AccountChart& chart, 
                  report.MoneyStore.OpeningEquity);
     }
     AddDays(graph, report, chart, form, days);
-    const ChartScale scale = chart.scale(report, graph.graphSeries);
-    ApplyScale(graph, scale);
-    return !form.needsTicks || scale.tickSpace != 0.0;
+    ApplyScale(graph, chart.scale(report, graph.graphSeries));
 }
 
 }  // namespace tradebill

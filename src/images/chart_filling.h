@@ -9,11 +9,10 @@
 namespace tradebill {
 
 /// Gives `graph` the settings, points and scale of `chart` in one of its forms: a point for each day of `days`
-/// that has a record, but for those before 1970. The size of the dots is left alone. Returns false if the chart isn't
-/// to be painted.
+/// that has a record, but for those before 1970. The size of the dots is left alone.
 ///
 /// REQUIRES: `graph` is new, and the report's statistics are complete.
-[[nodiscard]] bool FillChart(CGraph& graph, const CReport& report, const AccountChart& chart, const FormSettings& form,
-                             const ReportRange& days);
+void FillChart(CGraph& graph, const CReport& report, const AccountChart& chart, const FormSettings& form,
+               const ReportRange& days);
 
 }  // namespace tradebill

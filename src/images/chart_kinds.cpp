@@ -21,9 +21,9 @@ constexpr Color kBlack = 0x000000;
 constexpr Color kOrange = 0x007CFE;
 constexpr Color kBlue = 0xC48037;
 
-constexpr FormSettings kBare{.avoidLabelOverlap = 0, .showValues = 0, .holdsLastValue = true, .needsTicks = true};
-constexpr FormSettings kLabelled{.avoidLabelOverlap = 1, .showValues = 1, .holdsLastValue = true, .needsTicks = true};
-constexpr FormSettings kAtLarge{.avoidLabelOverlap = 1, .showValues = 1, .holdsLastValue = false, .needsTicks = false};
+constexpr FormSettings kBare{.avoidLabelOverlap = 0, .showValues = 0, .holdsLastValue = true};
+constexpr FormSettings kLabelled{.avoidLabelOverlap = 1, .showValues = 1, .holdsLastValue = true};
+constexpr FormSettings kAtLarge{.avoidLabelOverlap = 1, .showValues = 1, .holdsLastValue = false};
 
 ChartScale ScaleOfEquity(const CReport& report, const SeriesList& /*points*/) {
     const CMoneyStore& store = report.MoneyStore;

@@ -53,7 +53,6 @@ struct FormSettings {
     std::int32_t avoidLabelOverlap;
     std::int32_t showValues;
     bool holdsLastValue;  ///< a day without a value shows that of the day before it; otherwise 0
-    bool needsTicks;      ///< nothing is painted if the ticks lie on one another
 };
 
 /// Where a chart's width and height begin in the ChartSizes of a money store.

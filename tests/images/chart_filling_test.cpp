@@ -224,13 +224,13 @@ TEST_F(ChartFilling, FindsTheRealisedScaleFromTheStore) {
     }
 }
 
-TEST_F(ChartFilling, RefusesTheReportsChartAloneIfTicksLieOnOneAnother) {
+TEST_F(ChartFilling, LaysTicksOnOneAnotherForAmountsNextToNothing) {
     report.MoneyStore.MinDayPL = report.MoneyStore.MaxDayPL = std::numeric_limits<double>::denorm_min();
-    CGraph plain(kLineGraph);
-    EXPECT_FALSE(FillChart(plain, report, kRealisedChart, kRealisedChart.plain, report.ReportDays));
-    CGraph stretched(kLineGraph);
-    EXPECT_TRUE(FillChart(stretched, report, kRealisedChart, kRealisedChart.stretched, report.ReportDays));
-    EXPECT_EQ(stretched.numTicks, 10);
+    for (const FormSettings* const form : {&kRealisedChart.plain, &kRealisedChart.stretched}) {
+        const auto graph = Filled(kRealisedChart, *form);
+        EXPECT_EQ(graph->tickSpace, 0);
+        EXPECT_EQ(graph->numTicks, 10);
+    }
 }
 
 TEST_F(ChartFilling, StepsInDaysFromAnyTimeOfDay) {
