@@ -38,10 +38,10 @@ constexpr MoneyRow kRows[] = {
 };
 // clang-format on
 
-/// Columns side by side, that of the labels among them. Below 0 for a negative width.
+/// Columns side by side, that of the labels among them. Below 0 for a negative width. No resolution makes a column
+/// narrower than a pixel.
 std::int64_t ColumnsWithin(const CReport& report, std::int64_t width) {
-    const std::int64_t column = report.Scaled(kColumnWidth);
-    return column == 0 ? 0 : width / column;
+    return width / report.Scaled(kColumnWidth);
 }
 
 /// The first currency stands for all. Statements mark the place of the word in its name with a star.

@@ -99,6 +99,17 @@ TEST_F(CurrencyTables, CountColumnsAtTheResolutionOfTheRequest) {
     EXPECT_EQ(CountCurrencyBlocks(report, 825), 2);  // three columns
 }
 
+TEST_F(CurrencyTables, CountColumnsAtAnyResolution) {
+    AddCurrencies(4);
+    report.Request.Dpi = 1;  // 1 percent: a column of 160 is 2 wide
+    EXPECT_EQ(CountCurrencyBlocks(report, 10), 1);
+    EXPECT_EQ(CountCurrencyBlocks(report, 9), 2);
+    for (const std::int32_t dpi : {-1, -96, kMost, kLeast}) {  // columns of a negative width
+        report.Request.Dpi = dpi;
+        EXPECT_EQ(CountCurrencyBlocks(report, 825), 11) << dpi;
+    }
+}
+
 TEST_F(CurrencyTables, NameTheirFigures) {
     CMoneyStore& store = AddCurrency("USD", 1);
     store.TotalFees = 2;
