@@ -34,6 +34,7 @@
 #include "report/product_source.h"
 #include "report/product_unit.h"
 #include "report/report.h"
+#include "report/report_document.h"
 #include "report/request_copy.h"
 #include "report/statement_format.h"
 #include "statistics/account_figures.h"
@@ -179,9 +180,9 @@ void MakePictures(CReport& report, CRunFiles& files) {
         files.FinishPictures();
         throw;
     }
-    if (!images.pageWidth) return;
-    report.ReportDocument.PageWidth = *images.pageWidth;
-    report.ReportDocument.SavedPictures = images.saved;
+    CReportDocument& document = report.ReportDocument;
+    document.PageWidth = images.pageWidth.value_or(document.PageWidth);
+    document.SavedPictures = images.saved;
     report.MoneyStore.ChartSizes = images.chartSizes;
 }
 
@@ -273,7 +274,7 @@ RunResult ReadAccount(CReport& report, const GenerateBillRequest& request, CRunW
     return ResultOf(report, [&](RunResult& result) {
         if (!Begin(report, request, result)) return;
         ReadAndCompute(report, result, watcher, options);
-        if (const auto sizes = MeasureCharts(report)) report.MoneyStore.ChartSizes = *sizes;
+        report.MoneyStore.ChartSizes = MeasureCharts(report);
     });
 }
 

@@ -228,12 +228,6 @@ private:
     std::string titleBar_;     ///< its file's bytes, once they are made
 };
 
-/// The banner's, which the pictures' measures follow; nothing if it is missing.
-std::optional<int> BaseWidth() {
-    const auto banner = PngSize(EmbeddedPicture(kBannerId));
-    return banner ? std::optional(banner->width) : std::nullopt;
-}
-
 PictureSize LargestSize(const PictureGround& ground) {
     const auto pixelsOf = [](const PictureSize& size) { return std::int64_t{size.width} * size.height; };
     PictureSize largest;
@@ -275,25 +269,25 @@ std::vector<std::string_view> ReportPictureNames() {
     return names;
 }
 
-void BuildReportImages(const CReport& report, ReportImages& images) {
+void BuildReportImages(const CReport& report, ReportImages& images, std::string_view banner) {
     images.chartSizes = report.MoneyStore.ChartSizes;
     CPictureSaver saver(report, images);
     for (const Button& button : kButtons) saver.Save(button);
-    const auto width = BaseWidth();
-    if (!width) {
+    const auto size = PngSize(banner);
+    if (!size) {
         for (const ReportPicture& picture : kPictures) saver.Fail(picture.name, PictureStage::Decoding);
         return;
     }
-    images.pageWidth = report.Scaled(*width);
-    saver.PrepareFor(LargestSize({report, *width}));
-    ShowReportPictures(report, *width, [&](const ShownPicture& picture) { saver.Save(picture); });
+    images.pageWidth = report.Scaled(size->width);
+    saver.PrepareFor(LargestSize({report, size->width}));
+    ShowReportPictures(report, size->width, [&](const ShownPicture& picture) { saver.Save(picture); });
 }
 
-std::optional<ChartSizes> MeasureCharts(const CReport& report) {
-    const auto width = BaseWidth();
-    if (!width) return std::nullopt;
-    const PictureGround ground{report, *width};
+ChartSizes MeasureCharts(const CReport& report, std::string_view banner) {
     ChartSizes sizes = report.MoneyStore.ChartSizes;
+    const auto size = PngSize(banner);
+    if (!size) return sizes;
+    const PictureGround ground{report, size->width};
     for (const ReportPicture& picture : kPictures) {
         if (picture.chart != nullptr) NoteSize(sizes, *picture.chart, picture.size(ground));
     }

@@ -13,6 +13,7 @@
 #include "images/chart_values.h"
 #include "paint/canvas.h"
 #include "paint/picture_file.h"
+#include "platform/embedded_picture.h"
 #include "report/money_store.h"
 #include "report/report_document.h"
 
@@ -51,20 +52,23 @@ struct PictureFailure {
 
 /// What making the pictures came to, for the report to keep.
 struct ReportImages {
-    std::optional<int> pageWidth;  ///< of every table of the page, pixels; nothing if the banner is missing
+    std::optional<int> pageWidth;  ///< of every table of the page, pixels; nothing if the banner can't be read
     ChartSizes chartSizes;         ///< of the charts that could be painted; for the others what the report had before
     std::vector<SavedPicture> saved;
     std::vector<PictureFailure> failures;
 };
 
 /// Makes the JPEG files of all pictures and two PNG files of a report, where FullPicturePath says. A picture that can't
-/// be made or saved is passed over. If the banner is missing there are only the PNG files. `images`, which is empty
-/// before, tells what was made, also if an error ends it.
+/// be made or saved is passed over. `banner`, a PNG file's bytes, is the picture whose width is the report's base
+/// width: if it can't be read there are only the PNG files. `images`, which is empty before, tells what was made, also
+/// if an error ends it.
 ///
 /// REQUIRES: the statistics are complete, and the report's folders prepared.
-void BuildReportImages(const CReport& report, ReportImages& images);
+void BuildReportImages(const CReport& report, ReportImages& images,
+                       std::string_view banner = EmbeddedPicture(kBannerId));
 
-/// The sizes that the charts of a report have, without painting anything; nothing if the banner is missing.
-[[nodiscard]] std::optional<ChartSizes> MeasureCharts(const CReport& report);
+/// The sizes that the charts of a report have, without painting anything; if the banner can't be read, those that the
+/// report has already.
+[[nodiscard]] ChartSizes MeasureCharts(const CReport& report, std::string_view banner = EmbeddedPicture(kBannerId));
 
 }  // namespace tradebill

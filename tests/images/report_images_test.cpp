@@ -201,6 +201,32 @@ TEST_F(ReportImages, PassOverAFolderThatIsGone) {
     EXPECT_EQ(images.pageWidth, 825);
 }
 
+TEST_F(ReportImages, AreTheButtonsAloneWithoutABanner) {
+    report.MoneyStore.ChartSizes = {1, 2, 3, 4, 5, 6, 7, 8};
+    tradebill::ReportImages images;
+    BuildReportImages(report, images, "no picture");
+    EXPECT_FALSE(images.pageWidth);
+    EXPECT_EQ(images.chartSizes, report.MoneyStore.ChartSizes);
+    EXPECT_EQ(images.saved.size(), 2U);
+    EXPECT_EQ(images.failures.size(), 12U);
+    for (const PictureFailure& failure : images.failures) {
+        EXPECT_EQ(failure.stage, PictureStage::Decoding);
+        EXPECT_EQ(failure.path, PathOf(failure.name));
+        EXPECT_FALSE(fs::exists(failure.path)) << failure.name;
+    }
+    EXPECT_TRUE(fs::exists(PathOf("BillShrink.png")));
+    EXPECT_EQ(MeasureCharts(report, "no picture"), report.MoneyStore.ChartSizes);
+}
+
+TEST_F(ReportImages, AreAsWideAsTheirBanner) {
+    const int width = LoadPngResource(kShrinkId).value().Width();
+    tradebill::ReportImages images;
+    BuildReportImages(report, images, EmbeddedPicture(kShrinkId));
+    EXPECT_EQ(images.pageWidth, width);
+    EXPECT_EQ(SizeOf("OffsetFigure.jpg"), (PictureSize{width, 250}));
+    EXPECT_EQ(MeasureCharts(report, EmbeddedPicture(kShrinkId))[kRealisedSize], width);
+}
+
 TEST_F(ReportImages, AreSafeAtAbsurdResolutions) {
     for (const int dpi : {-96, 1, 2'000'000'000}) {
         report.Request.Dpi = dpi;
