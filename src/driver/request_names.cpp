@@ -23,7 +23,7 @@ constexpr std::string_view kDevices[] = {"CON", "PRN", "AUX", "NUL", "CONIN$", "
 constexpr std::string_view kNumberedDevices[] = {"COM", "LPT"};
 constexpr std::string_view kDeviceNumbers[] = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "¹", "²", "³"};
 
-/// `name` as characters of Unicode: the lead bytes of GBK keep their second bytes to themselves.
+/// `name` as characters of Unicode, whatever its bytes: the lead bytes of GBK keep their second bytes to themselves.
 std::string InUtf8(std::string_view name) {
     return IsUtf8(name) ? std::string(name) : GbkToUtf8(name);
 }
@@ -40,10 +40,11 @@ bool IsDevice(std::string_view name) {
     });
 }
 
+/// REQUIRES: `utf8` is UTF-8.
 bool HoldsControl(std::string_view utf8) {
     while (!utf8.empty()) {
         const Utf8Character character = FirstUtf8Character(utf8);
-        if (character.point && IsControl(*character.point)) return true;
+        if (IsControl(*character.point)) return true;
         utf8.remove_prefix(character.size);
     }
     return false;
