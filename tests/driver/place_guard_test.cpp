@@ -36,6 +36,15 @@ TEST(PlaceGuard, NamesWhoHoldsTheFolder) {
     EXPECT_TRUE(other.Holder().starts_with("process ")) << other.Holder();
 }
 
+TEST(PlaceGuard, TellsThatAFolderIsTakenBySomebodyWithoutAName) {
+    const CTempFolder folder;
+    const CLockFile lock(folder.Path(".tradebill.lock"), CLockFile::Which::MadeIfMissing);
+    ASSERT_TRUE(lock.IsHeld());
+    const CPlaceGuard guard(folder.Path(), 0);
+    EXPECT_FALSE(guard.IsHeld());
+    EXPECT_EQ(guard.Holder(), "another program");
+}
+
 TEST(PlaceGuard, WaitsAsLongAsItIsTold) {
     const CTempFolder folder;
     const CPlaceGuard guard(folder.Path(), 0);

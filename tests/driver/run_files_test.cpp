@@ -15,6 +15,7 @@
 
 #include "driver/bill_folders.h"
 #include "driver/run_fixture.h"
+#include "driver/run_folder.h"
 #include "report/request_copy.h"
 
 namespace tradebill::run_files_test {
@@ -161,6 +162,23 @@ TEST_F(RunFiles, KeepThePageThatWasShownIfALaterOneFails) {
     EXPECT_EQ(ReadFile(PageFile()), "first");
 }
 
+TEST_F(RunFiles, StayShownAsTheyAreWhileThePageCantBeCopied) {
+    MakeOlderReport();
+    const std::string older = ReadFile(PageFile());
+    report.Request = CopyRequest(request_);
+    RunResult result;
+    CRunFiles files(report, PrepareBillFolders(report), result);
+    const fs::path work = files.WorkPage();
+    std::ofstream(work) << "first";
+    fs::create_directory(work.parent_path() / kPageCopy);
+    files.ShowPage();
+    EXPECT_EQ(ReadFile(PageFile()), older);
+    fs::remove(work.parent_path() / kPageCopy);
+    files.Finish(std::nullopt);
+    EXPECT_TRUE(result.pageWritten);
+    EXPECT_EQ(ReadFile(PageFile()), "first");
+}
+
 TEST_F(RunFiles, LackAPictureThatCantBeMade) {
     MakeOlderReport();
     const std::string bar = Picture("RiskFigure.jpg");
@@ -202,6 +220,20 @@ TEST_F(RunFiles, AreNowhereWithoutTheirFolder) {
     EXPECT_EQ(result.problems.folders.size(), 1U);
     EXPECT_EQ(result.problems.pictures.size(), 14U);
     EXPECT_EQ(window_.messages.size(), 1U);
+    EXPECT_EQ(ReadFile(root_.Path("Users/u/Data/Bill/Image")), "a file in its place");
+}
+
+TEST_F(RunFiles, StayNowhereIfAnErrorEndsTheRun) {
+    root_.Write("Users/u/Data/Bill/Image", "a file in its place");
+    report.Request = CopyRequest(request_);
+    const BillFolders folders = PrepareBillFolders(report);
+    RunResult result;
+    CRunFiles files(report, folders, result);
+    files.Images().failures.push_back({.name = "RiskFigure.jpg", .path = "", .reason = ""});
+    files.FinishPictures();
+    EXPECT_EQ(result.picturesSaved, 0);
+    ASSERT_EQ(result.problems.pictures.size(), 1U);  // older ones aren't looked for
+    EXPECT_EQ(result.problems.pictures[0].reason, folders.reason);
     EXPECT_EQ(ReadFile(root_.Path("Users/u/Data/Bill/Image")), "a file in its place");
 }
 

@@ -70,6 +70,23 @@ TEST_F(RunFolder, LeavesThoseOfTheLivingAlone) {
     EXPECT_EQ(ReadFile(place_.Path(".tradebill-alive/page.html")), "half a pa");
 }
 
+TEST_F(RunFolder, LeavesADeadOneWithWhatIsNoFile) {
+    place_.Write(".tradebill-dead/page.html/diary.txt", "mine");
+    place_.Write(".tradebill-dead/copy.html", "half a pa");
+    place_.Write(".tradebill-dead/lock", "");
+    { const CRunFolder folder(place_.Path()); }
+    EXPECT_EQ(ReadFile(place_.Path(".tradebill-dead/page.html/diary.txt")), "mine");
+    EXPECT_EQ(std::distance(fs::directory_iterator(place_.Path(".tradebill-dead")), {}), 1);
+}
+
+// Whoever may hold it.
+TEST_F(RunFolder, LeavesThoseWhoseLockCantBeOpened) {
+    place_.Write(".tradebill-odd/lock/diary.txt", "mine");
+    place_.Write(".tradebill-odd/page.html", "half a pa");
+    { const CRunFolder folder(place_.Path()); }
+    EXPECT_EQ(ReadFile(place_.Path(".tradebill-odd/page.html")), "half a pa");
+}
+
 TEST_F(RunFolder, LeavesWhatNoRunHasMade) {
     place_.Write(".tradebill-notes/diary.txt", "mine");
     place_.Write("tradebill-old/page.html", "mine");

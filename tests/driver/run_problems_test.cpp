@@ -301,12 +301,23 @@ TEST_F(RunsWithAnOwnFolder, MakeOneLevelAlone) {
 }
 
 TEST(RunProblemsTexts, AreThereForEachOfThemAlone) {
-    RunProblems page;
-    page.page = {"a/h.html", ""};
-    EXPECT_FALSE(page.IsEmpty());
-    RunProblems error;
-    error.error = RunError{};
-    EXPECT_FALSE(error.IsEmpty());
+    void (*const kinds[])(RunProblems&) = {
+        [](RunProblems& problems) { problems.names = "Account holds a colon"; },
+        [](RunProblems& problems) { problems.inputs.emplace_back(); },
+        [](RunProblems& problems) { problems.statements.emplace_back(); },
+        [](RunProblems& problems) { problems.folders.emplace_back(); },
+        [](RunProblems& problems) { problems.pictures.emplace_back(); },
+        [](RunProblems& problems) { problems.fonts = "no fonts"; },
+        [](RunProblems& problems) { problems.page.emplace(); },
+        [](RunProblems& problems) { problems.taken.emplace(); },
+        [](RunProblems& problems) { problems.leftover.emplace(); },
+        [](RunProblems& problems) { problems.error.emplace(); },
+    };
+    for (const auto add : kinds) {
+        RunProblems problems;
+        add(problems);
+        EXPECT_FALSE(problems.IsEmpty());
+    }
 }
 
 }  // namespace

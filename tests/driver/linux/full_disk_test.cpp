@@ -46,6 +46,24 @@ TEST_F(FullDisk, LeavesTheReportOfBefore) {
     EXPECT_EQ(ReadFile(picture), painted);
 }
 
+// A host that stops the run looks at the page then.
+TEST_F(FullDisk, LeavesThePageOfBeforeForAStopToo) {
+    Run();
+    const std::string page = Page();
+    const UniqueEvent stop(CreateHostEvent(kAutoReset));
+    const UniqueEvent acknowledge(CreateHostEvent(kManualReset));
+    request_.StopEvent = stop.get();
+    request_.AckEvent = acknowledge.get();
+    watcher_.onStage = [&](const std::string& stage) {
+        if (stage == "page") SignalHostEvent(stop.get());
+    };
+    const CFileSizeLimit limit(kTooLittle);
+    const RunResult result = Run();
+    EXPECT_TRUE(IsSignalled(acknowledge));
+    EXPECT_FALSE(result.pageWritten);
+    EXPECT_EQ(Page(), page);
+}
+
 TEST_F(FullDisk, LeavesNothingBehind) {
     {
         const CFileSizeLimit limit(kTooLittle);
