@@ -83,10 +83,10 @@ std::optional<ChartRect> PartOf(const ChartCommand& command) {
     return ChartRect{(*numbers)[0], (*numbers)[1], (*numbers)[2], (*numbers)[3]};
 }
 
-/// White where the chart doesn't reach.
+/// White where the chart doesn't reach; without pixels if they would be too many.
 CPicture WhitePicture(const PictureSize& size) {
     CPicture picture(size.width, size.height);
-    for (std::int32_t y = 0; y < size.height; ++y) std::fill_n(picture.Row(y), size.width, 0xFFFFFFFF);
+    for (std::int32_t y = 0; y < picture.Height(); ++y) std::fill_n(picture.Row(y), picture.Width(), 0xFFFFFFFF);
     return picture;
 }
 

@@ -167,6 +167,17 @@ TEST_F(ChartCommands, NameAStatementThatCantBeRead) {
     EXPECT_FALSE(fs::exists(file_));
 }
 
+// 500 by 250 at 1200 dots per inch are 6,250 by 3,125 pixels: 19.5 million, where 16.8 are the most.
+TEST_F(ChartCommands, RefuseAResolutionAtWhichTheChartIsTooLarge) {
+    const Answer refused = Run(Chart("equity", "--dpi 1200"));
+    EXPECT_EQ(refused.exit, 1);
+    EXPECT_EQ(refused.err, "tradebill: the chart is too large for a picture: choose another --size\n");
+    EXPECT_FALSE(fs::exists(file_));
+    EXPECT_EQ(Run(Chart("equity", "--dpi 1100")).exit, 0);
+    EXPECT_EQ(Run(Chart("equity", "--dpi 1200 --size 100x50")).exit, 0);
+    EXPECT_EQ(ReadPictureSize(file_), (PictureSize{100, 50}));
+}
+
 TEST_F(ChartCommands, RefuseSlips) {
     EXPECT_TRUE(IsWrongUse(Run(Chart("equity", "--from 2024-02-01 --to 2024-01-01")), "--from"));
     EXPECT_TRUE(IsWrongUse(Run(Chart("equity", "--template nope")), "--template"));
