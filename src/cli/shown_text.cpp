@@ -92,8 +92,8 @@ void CShownBuffer::SendOrders(std::string_view orders) {
     inner_.sputn(orders.data(), static_cast<std::streamsize>(orders.size()));
 }
 
+/// Streams call it with a byte alone.
 CShownBuffer::int_type CShownBuffer::overflow(int_type byte) {
-    if (traits_type::eq_int_type(byte, traits_type::eof())) return traits_type::not_eof(byte);
     const char single = traits_type::to_char_type(byte);
     return HandOn({&single, 1}) ? byte : traits_type::eof();
 }
@@ -112,7 +112,8 @@ bool CShownBuffer::HandOn(std::string_view text) {
         waiting_ += text.front();
         text.remove_prefix(1);
         std::string_view begun = waiting_;
-        if (!SendCharacters(begun)) return false;
+        // What shows that it is none may be plain: that waits for nothing either.
+        if (!SendCharacters(begun) || !SendCharacters(begun)) return false;
         waiting_.erase(0, waiting_.size() - begun.size());
     }
     while (!text.empty()) {

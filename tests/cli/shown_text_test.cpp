@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
 #include <ostream>
 #include <sstream>
+#include <streambuf>
 #include <string>
 
 namespace tradebill::shown_text_test {
@@ -74,6 +78,19 @@ TEST(ShownBuffer, LeavesLineEndsAndTabsToThoseWhoWroteThem) {
     EXPECT_EQ(Through([](std::ostream& out) { out << "one\n\ttwo\r\n"; }), "one\n\ttwo\\r\n");
 }
 
+TEST(ShownBuffer, SendsALineEndBehindHalfACharacterAtOnce) {
+    for (const char plain : {'\n', '\t', 'a'}) {
+        std::ostringstream end;
+        CShownBuffer buffer(*end.rdbuf());
+        std::ostream out(&buffer);
+        for (const std::string& half : {"\xE4"s, "\xE4\xB9"s}) {
+            out << half << plain;
+            EXPECT_EQ(end.str(), ShownText(half) + plain);
+            end.str("");
+        }
+    }
+}
+
 TEST(ShownBuffer, SendsTheProgramsOwnOrders) {
     EXPECT_EQ(Through([](std::ostream& out) {
                   SendOrders(out, "\r\x1B[K");
@@ -83,6 +100,42 @@ TEST(ShownBuffer, SendsTheProgramsOwnOrders) {
     std::ostringstream plain;
     SendOrders(plain, "\x1B[K");
     EXPECT_EQ(plain.str(), "\x1B[K");
+}
+
+/// Takes so many bytes and no more.
+class CNarrowBuffer final : public std::streambuf {
+public:
+    explicit CNarrowBuffer(std::streamsize room) : room_(room) {}
+
+    std::string taken;
+
+protected:
+    std::streamsize xsputn(const char* bytes, std::streamsize size) override {
+        const std::streamsize fitting = std::min(size, room_);
+        room_ -= fitting;
+        taken.append(bytes, static_cast<std::size_t>(fitting));
+        return fitting;
+    }
+
+private:
+    std::streamsize room_;
+};
+
+// Wherever it breaks off: in plain text, in what is shown, or in a character that came in two pieces.
+TEST(ShownBuffer, TellsAtWhichWriteTheRoomEnded) {
+    const std::string pieces[] = {"ab\x1B", "cd\xE4", "\xB9\xB0", "e"};
+    const std::string shown = "ab\\u001bcd\u4E70e";
+    const std::size_t written[] = {8, 10, 13, 14};  // bytes, by the end of each piece
+    for (std::size_t room = 0; room <= shown.size(); ++room) {
+        CNarrowBuffer narrow(static_cast<std::streamsize>(room));
+        CShownBuffer buffer(narrow);
+        std::ostream out(&buffer);
+        for (std::size_t i = 0; i < std::size(pieces); ++i) {
+            out << pieces[i];
+            EXPECT_EQ(out.good(), written[i] <= room) << room << " at " << pieces[i];
+        }
+        EXPECT_EQ(narrow.taken, shown.substr(0, room));
+    }
 }
 
 TEST(ShownBuffer, TellsThatNotAllGotOut) {
