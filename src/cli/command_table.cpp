@@ -1,5 +1,7 @@
 #include "cli/command_table.h"
 
+#include <algorithm>
+#include <iterator>
 #include <span>
 
 #include "cli/chart_command.h"
@@ -30,6 +32,11 @@ constexpr Command kCommands[] = {
     {"",         "gallery", "Paint every kind of chart, with a page that shows them",    DeclareGallery},
 };
 // clang-format on
+
+static_assert(std::ranges::all_of(kCommands, [](const Command& command) {
+    const auto* const group = std::ranges::find(kGroups, command.group, &CommandGroup::name);
+    return command.group.empty() || group != std::end(kGroups);
+}));
 
 }  // namespace
 

@@ -16,7 +16,7 @@ namespace tradebill {
 using CommandRun = std::function<int()>;
 
 struct Command {
-    std::string_view group;  ///< the word before the name, as in "template check"; empty: none
+    std::string_view group;  ///< the word before the name, as in "template check", of a CommandGroup; empty: none
     std::string_view name;
     std::string_view help;
     CommandRun (*declare)(CLI::App& app);  ///< declares the options; what it returns runs once they are parsed

@@ -102,7 +102,7 @@ void PrepareReading(const ExplainCommand& command, std::string_view text, Explan
 
 int ExitCodeOf(const CScanReport& report, const Explanation& explanation) {
     if (!explanation.stop.empty()) return kExitFailed;
-    if (report.FoundSections() == 0 && report.MoneyRecords() == 0) return kExitNothingRecognised;
+    if (report.FoundSections() == 0) return kExitNothingRecognised;
     return report.MoneyRecords() > 0 ? kExitDone : kExitFailed;
 }
 

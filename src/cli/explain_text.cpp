@@ -30,11 +30,11 @@ std::string Plural(int count, const char* one, const char* many) {
     return std::to_string(count) + " " + (count == 1 ? one : many);
 }
 
-/// A cell, cut between two characters if it is long.
+/// A cell, which is UTF-8, cut between two characters if it is long.
 std::string Shortened(const std::string& cell) {
     if (cell.size() <= kLongestCell) return ShownText(cell);
     std::size_t size = kLongestCell;
-    while (size > 0 && (static_cast<unsigned char>(cell[size]) & 0xC0) == 0x80) --size;
+    while ((static_cast<unsigned char>(cell[size]) & 0xC0) == 0x80) --size;
     return ShownText(cell.substr(0, size)) + "...";
 }
 

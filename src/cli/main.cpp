@@ -3,13 +3,13 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
 #include <new>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -67,13 +67,10 @@ CLI::App& GroupIn(CLI::App& app, std::string_view name) {
     for (CLI::App* const made : app.get_subcommands({})) {
         if (made->get_name() == name) return *made;
     }
-    for (const CommandGroup& group : CommandGroups()) {
-        if (group.name != name) continue;
-        CLI::App* const made = app.add_subcommand(std::string(name), std::string(group.help));
-        made->require_subcommand(1);
-        return *made;
-    }
-    throw std::logic_error("a command of an unknown group");
+    const CommandGroup& group = *std::ranges::find(CommandGroups(), name, &CommandGroup::name);
+    CLI::App* const made = app.add_subcommand(std::string(name), std::string(group.help));
+    made->require_subcommand(1);
+    return *made;
 }
 
 std::vector<DeclaredCommand> DeclareAll(CLI::App& app) {
@@ -105,10 +102,8 @@ int Run(int argc, char** argv) {
         if (error.get_exit_code() == 0) return app.exit(error);  // --help and --version
         throw CUsageError(std::string(error.what()) + " (" + HelpCommand(app) + " --help lists what is expected)");
     }
-    for (const DeclaredCommand& command : commands) {
-        if (command.app->parsed()) return command.run();
-    }
-    return kExitUsage;
+    const auto isAtHand = [](const DeclaredCommand& command) { return command.app->parsed(); };
+    return std::ranges::find_if(commands, isAtHand)->run();  // one of them is required
 }
 
 int RunAndTell(int argc, char** argv) {

@@ -29,10 +29,9 @@ public:
     explicit CPieceBuffer(Output& output) : output_(output) { Empty(); }
 
 protected:
+    /// Streams call it with a byte alone.
     int_type overflow(int_type byte) override {
-        if (!HandOn()) return traits_type::eof();
-        if (traits_type::eq_int_type(byte, traits_type::eof())) return traits_type::not_eof(byte);
-        return sputc(traits_type::to_char_type(byte));
+        return HandOn() ? sputc(traits_type::to_char_type(byte)) : traits_type::eof();
     }
     std::streamsize xsputn(const char* bytes, std::streamsize size) override {
         if (size <= epptr() - pptr()) return std::streambuf::xsputn(bytes, size);

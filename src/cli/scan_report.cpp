@@ -182,7 +182,6 @@ void CScanReport::OnRecord(const RecordSeen& record) {
 }
 
 void CScanReport::OnStop(std::string_view row) {
-    if (!place_) return;
     place_->line = row.empty() ? std::optional<int>() : lines_.LineOf(row);
 }
 
@@ -205,8 +204,6 @@ void CScanReport::Finish() {
 
 std::vector<SectionKind> CScanReport::ReadBeforeDeclining() const {
     std::vector<SectionKind> kinds;
-    if (!template_ || template_->outcome != TemplateSeen::Outcome::Incomplete || passes_.empty()) return kinds;
-    if (passes_.front().layout != kTemplatePass) return kinds;
     for (const SectionReport& section : passes_.front().sections) {
         if (section.records > 0) kinds.push_back(section.kind);
     }

@@ -119,6 +119,8 @@ public:
         return !passes_.empty() && passes_.back().layout == layout;
     }
     /// The sections of which a template has made records before it declined.
+    ///
+    /// REQUIRES: it has declined.
     [[nodiscard]] std::vector<SectionKind> ReadBeforeDeclining() const;
     [[nodiscard]] int LineCount() const;
     [[nodiscard]] int FoundSections() const;

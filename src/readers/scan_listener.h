@@ -108,8 +108,8 @@ public:
     /// A money record is about to be handed over; `currency` is empty for that of a domestic account.
     virtual void OnMoney(const MoneyRecord& record, std::string_view currency) = 0;
     virtual void OnRecord(const RecordSeen& record) = 0;  ///< a row's record is
-    /// An error is about to leave the reading, at `row`, which nothing has been told of. Empty: at one that the text
-    /// doesn't have.
+    /// An error is about to leave the reading of the section at hand, at `row`, which nothing has been told of. Empty:
+    /// at one that the text doesn't have.
     virtual void OnStop(std::string_view /*row*/) {}
 };
 
