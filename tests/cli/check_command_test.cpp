@@ -237,6 +237,13 @@ TEST(CheckCommandLine, QuotesWhatAShellWouldTakeApart) {
               R"(tradebill check --root 'a b' --user '' --account 'it'\''s' --from 2024-01-02)");
 }
 
+TEST(CheckCommandLine, WritesBytesThatATerminalWouldObeyAsTheirNumbers) {
+    ReportOptions options;
+    options.root = "it's\x1B[2J \\ \x7F";
+    options.user = "\xD5\xCB~";
+    EXPECT_EQ(CheckCommandLine(options), R"(tradebill check --root $'it\x27s\x1b[2J \x5c \x7f' --user $'\xd5\xcb~')");
+}
+
 TEST(ShownFindings, AreTenAndHowManyMore) {
     const auto shown = [](std::size_t count, Severity severity) {
         std::ostringstream err;

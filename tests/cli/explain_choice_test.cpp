@@ -207,6 +207,8 @@ TEST_F(ExplainedChoice, SaysThatALayoutNeedsItsTemplate) {
     EXPECT_EQ(ExplainBy(later, text, "0").json.at("looks_like"), (Json::array({"--format 3"})));
     const std::string reached = folder_.Write("reached.ini", "[DEALFIELD]\nBILLFORMAT_NEWDATE=20240129\n");
     EXPECT_FALSE(ExplainBy(reached, text, "3").json.contains("needs_template"));
+    const std::string broken = folder_.Write("broken.ini", "[DEALFIELD]\nBILLFORMAT_NEWDATE=20241319\n");
+    EXPECT_EQ(ExplainBy(broken, text, "3").json.at("needs_template"), "bilingual-new");  // nothing was read
     EXPECT_FALSE(Explain(StatementOf("bilingual"), "3").json.contains("needs_template"));
 }
 

@@ -107,6 +107,8 @@ TEST_F(ExplainedDetails, CutAmountsThatAreLong) {
     for (int i = 0; i < 30; ++i) cell += "价格";
     const std::string words = ExplainAsText(Trades({"20240102 所 i 2405 买 开 " + cell + " 2 3 4 5 投"}), "1");
     EXPECT_TRUE(Says(words, "MATCH_PRICE is \"价格价格价格价格价格价格价格价格价格价格...\", no amount")) << words;
+    const std::string moved = ExplainAsText(Trades({"20240102 所 i 2405 买 开 x" + cell + " 2 3 4 5 投"}), "1");
+    EXPECT_TRUE(Says(moved, "MATCH_PRICE is \"x价格价格价格价格价格价格价格价格价格价...\", no amount")) << moved;
 }
 
 TEST_F(ExplainedDetails, NameAmountsBehindLabels) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cli/explain_fixture.h"
+#include "cli/scan_report.h"
 #include "readers/statement_loader.h"
 #include "report/report.h"
 
@@ -109,6 +110,37 @@ TEST_F(ExplainedTemplate, SaysAtWhichSectionItDeclinedAndWhy) {
         }
         ++complete;
     }
+}
+
+TEST_F(ExplainedTemplate, NamesNoSectionThatLeftNothingBehind) {
+    const std::string file = Template("OPI_SUM", "END_FLAG");
+    const std::string noTrades =
+        Statement({"资金表", "", "a|b", "完", "成交表", "heading", "完", "平仓表", "heading", "完"});
+    EXPECT_EQ(Run(Command(file, noTrades)).json.at("template").at("read_before"), (Json{"money"}));
+}
+
+// By the date that stands in its text, whatever day its name has.
+TEST_F(ExplainedTemplate, SaysThatAStatementOfTheDateHasBeenRead) {
+    const std::string text = TemplatedStatement();
+    CReport report;
+    report.Request.StatementFormat = 1;
+    report.TemplatePath = Template();
+    CStatementLoader loader(report);
+    loader.Read("20240102", text);
+    CScanReport seen(text);
+    loader.Read("20240103", text, &seen);
+    seen.Finish();
+    EXPECT_EQ(seen.FoundSections(), 0);
+    const auto printed = [&seen](auto print) {
+        testing::internal::CaptureStdout();
+        print({.file = "D1.txt", .day = "20240103", .daySource = "--day", .format = "format 1"}, seen);
+        return testing::internal::GetCapturedStdout();
+    };
+    EXPECT_EQ(Json::parse(printed(PrintExplanationAsJson)).at("template"),
+              (Json{{"outcome", "known_day"}, {"new_scheme", false}}));
+    EXPECT_TRUE(Says(printed(PrintExplanation),
+                     "Template    its old description: a statement of this date has been read, this one is passed "
+                     "over\n"));
 }
 
 TEST_F(ExplainedTemplate, LeavesBothReadingsRecordsInTheStores) {

@@ -40,6 +40,30 @@ TEST_F(IncompleteReport, WithoutAStatementIsWrongUseAndWritesNothing) {
     }
 }
 
+// The look at the trades, which the units come from, goes on where the run has ended.
+TEST_F(IncompleteReport, NamesAStatementBehindTheErrorThatEndedIt) {
+    root_.Write("BillTemplate/sides.ini",
+                Gbk("[DEALFIELD]\r\nMONEY_MODE=9\r\nPING_DETAIL=1\r\n[PING_DETAIL]\r\nSTART_FLAG=平仓\r\n"
+                    "END_FLAG=共\r\nSTART_OFFSET=1\r\nEND_OFFSET=0\r\nDELIMITER=|\r\nBID=11\r\n"));
+    options_.templateName = "sides";
+    root_.Write("Users/demo/Data/Bill/D90010002.20240102o.txt",
+                Statement({"平仓", "b|1|2|3|4|5|6|7|8|9|10", "----", "共"}));
+    PutFolder("20240103");
+    const Answer answer = Run();
+    EXPECT_EQ(answer.exit, 1);
+    EXPECT_TRUE(Says(answer.err, "the run failed with code 0x80070057")) << answer.err;
+    EXPECT_TRUE(Says(answer.err, "tradebill: " + NativePath(StatementFile("20240103")) + " is not a file\n"))
+        << answer.err;
+}
+
+TEST_F(IncompleteReport, OfAForeignAccountSaysThatItsTemplateIsntUsed) {
+    options_.kind = "foreign";
+    options_.templateName = "own";
+    EXPECT_TRUE(
+        Run().err.starts_with("tradebill: warning: --template isn't used: foreign statements are read without "
+                              "one\n"));
+}
+
 TEST_F(IncompleteReport, WithoutAStatementLeavesPageAndFilesAsTheyWere) {
     PutGoodPage();
     command_.jsonFile = root_.Write("run.json", "old");

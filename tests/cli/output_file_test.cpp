@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <filesystem>
 #include <iostream>
 #include <iterator>
@@ -48,6 +49,44 @@ TEST_F(OutputFile, IsWrittenAsAWhole) {
     EXPECT_TRUE(IsAlone());
 }
 
+TEST_F(OutputFile, IsTheSameWhateverThePiecesAre) {
+    std::string content;
+    for (int i = 0; i < 20'000; ++i) content += std::to_string(i);
+    const auto byByte = [&content](std::ostream& out) {
+        for (const char byte : content) out.put(byte);
+        return true;
+    };
+    const auto byPiece = [&content](std::ostream& out) {
+        for (std::size_t at = 0; at < content.size(); at += 1000) out << content.substr(at, 1000);
+        return true;
+    };
+    const COutputFile output("--json", path_);
+    EXPECT_TRUE(output.Save(byByte));
+    EXPECT_EQ(ReadFile(path_), content);
+    EXPECT_TRUE(output.Save(byPiece));
+    EXPECT_EQ(ReadFile(path_), content);
+    EXPECT_TRUE(Save(output, content));
+    EXPECT_EQ(ReadFile(path_), content);
+}
+
+#if !defined(_WIN32)  // which has no device that is always full
+TEST_F(OutputFile, TellsThatNotAllBytesGotOut) {
+    bool isGood = true;
+    EXPECT_FALSE(COutputFile("--json", "/dev/full").Save([&isGood](std::ostream& out) {
+        for (int i = 0; i < 100'000; ++i) out.put('x');
+        isGood = out.good();
+        return true;
+    }));
+    EXPECT_FALSE(isGood);  // long before the end
+}
+
+TEST_F(OutputFile, IsNotAtTheEndOfLinksInACircle) {
+    std::filesystem::create_symlink("round", folder_.Path("circle"));
+    std::filesystem::create_symlink("circle", folder_.Path("round"));
+    EXPECT_FALSE(COutputFile("--json", "-").LeadsTo(folder_.Path("circle")));
+}
+#endif
+
 TEST_F(OutputFile, IsRefusedWithoutItsFolder) {
     for (const std::string& given : {std::string(), folder_.Path(), folder_.Path("none/a"), path_ + "/a"}) {
         EXPECT_PRED2(IsClearLine, Refusal(given), "--json") << given;
@@ -92,7 +131,10 @@ TEST_F(OutputFile, HasAPlaceOfItsOwn) {
     EXPECT_PRED2(IsClearLine, refusal(path_, path_), "--page");
     EXPECT_PRED2(IsClearLine, refusal(path_, folder_.Path() + "/./a.json"), "--json");
     EXPECT_EQ(refusal("-", path_), "");
+    EXPECT_EQ(refusal(path_, "-"), "");
     EXPECT_EQ(refusal(path_, folder_.Path("b.json")), "");
+    std::filesystem::create_directory(folder_.Path("other"));
+    EXPECT_EQ(refusal(path_, folder_.Path("other/a.json")), "");
     EXPECT_EQ(refusal(kNullDevice, kNullDevice), "");
     EXPECT_EQ(UsageErrorOf([] { CheckOutputs({std::nullopt, std::nullopt, COutputFile("--json", "-")}); }), "");
 }

@@ -167,6 +167,12 @@ TEST_F(OutputPlace, FailsWithAFullDeviceAndLeavesIt) {
     EXPECT_TRUE(ReadFile(PageFile()).ends_with("</html>\r\n"));
 }
 
+TEST_F(OutputPlace, OfAPageIsNoDevice) {
+    const std::string device = NullDevice();
+    EXPECT_TRUE(IsWrongUse(Run(Report("--out " + Quoted(device))), "--out"));
+    EXPECT_TRUE(IsAlone(device));
+}
+
 TEST_F(OutputPlace, MayBeALinkToADevice) {
     const std::string device = FullDevice();
     fs::create_symlink("devices/full", folder_.Path("link"));
@@ -241,8 +247,10 @@ TEST_F(OutputPlace, IsNeverThePage) {
         EXPECT_EQ(Messages(), "tradebill: can't write link\n") << option;
         EXPECT_EQ(ReadFile(PageFile()), page) << option;
     }
-    EXPECT_EQ(RunTo(">" + Quoted(PageFile()), ReportTo("--json", "-")), 1);
-    EXPECT_EQ(ReadFile(PageFile()), page);
+    for (const std::string option : {"--json", "--standalone"}) {
+        EXPECT_EQ(RunTo(">" + Quoted(PageFile()), ReportTo(option, "-")), 1) << option;
+        EXPECT_EQ(ReadFile(PageFile()), page) << option;
+    }
 }
 
 TEST_F(OutputPlace, MayBeAStreamByItsPath) {

@@ -68,6 +68,18 @@ TEST_F(UnreadableInput, IsATemplateThatARequestNames) {
     EXPECT_EQ(json.at("findings")[0].at("found"), kFailingReason);
 }
 
+// Nobody asks for the template then but the check itself.
+TEST_F(UnreadableInput, IsATemplateBesideAStatement) {
+    const std::string path = root_ + "/BillTemplate/own.ini";
+    PutFailingFile(path);
+    PutFailingFile(Statement("20240104"));
+    const Answer answer = Run("check --root " + Quoted(root_) +
+                              " --user demo --account 90010002 --from 2024-01-04 --to 2024-01-04 --format 1 "
+                              "--template own --json -");
+    EXPECT_EQ(answer.exit, 1) << answer.err;
+    EXPECT_EQ(nlohmann::json::parse(answer.out).at("counts").value("template", 0), 1);
+}
+
 TEST_F(UnreadableInput, IsAChainFile) {
     const std::string path = root_ + "/sys/chain.ini";
     const Answer before = Run(Report());
