@@ -60,6 +60,15 @@ TEST_F(LinuxDeepRunFolder, LeavesPageAndPicturesToTheirPlaces) {
     EXPECT_TRUE(fs::is_empty(deep_));  // nothing is brought there or taken away
 }
 
+TEST_F(LinuxDeepRunFolder, LeavesThePicturesOfAPageThatFailed) {
+    RunResult result;
+    CRunFiles files(report, {.forPage = true, .forPictures = true}, result);
+    files.Images().saved.push_back({.name = "RiskFigure.jpg", .width = 500, .height = 250});
+    files.Finish("the disk is full");
+    EXPECT_FALSE(result.pageWritten);
+    EXPECT_EQ(result.picturesSaved, 1);
+}
+
 TEST_F(LinuxDeepRunFolder, LeavesPicturesNowhereWithoutTheirFolder) {
     RunResult result;
     CRunFiles files(report, {.forPage = true, .forPictures = false}, result);

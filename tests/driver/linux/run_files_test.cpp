@@ -26,7 +26,7 @@ TEST_F(LinuxRunFiles, TellOfOlderPicturesThatCantBeTakenAway) {
     }
     MayDo("", fs::perms::all);
     const std::string pictures = "Users/u/Data/Bill/Image/Image_files";
-    MayDo(pictures, fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read | fs::perms::others_exec);
+    MayDo(pictures, fs::perms{0555});
     RunResult result;
     {
         const CBoundUser user;

@@ -41,15 +41,14 @@ TEST(LinuxRunFolder, LeavesADeadOneWhoseLockCantBeRemoved) {
     const fs::path lock = place.Write(".tradebill-dead/lock", "");
     fs::permissions(place.Path(), fs::perms::all);
     fs::permissions(lock, fs::perms::all);
-    fs::permissions(lock.parent_path(),
-                    fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read | fs::perms::others_exec);
+    fs::permissions(lock.parent_path(), fs::perms{0555});
     {
         const CBoundUser user;
         ASSERT_TRUE(user.IsBound());
         const CRunFolder folder(place.Path());
         EXPECT_TRUE(folder.IsReady());
     }
-    fs::permissions(lock.parent_path(), fs::perms::owner_all);
+    fs::permissions(lock.parent_path(), fs::perms::all);
     EXPECT_TRUE(fs::exists(lock));
 }
 
