@@ -119,6 +119,23 @@ TEST_F(ExplainedTemplate, NamesNoSectionThatLeftNothingBehind) {
     EXPECT_EQ(Run(Command(file, noTrades)).json.at("template").at("read_before"), (Json{"money"}));
 }
 
+// Both sides are looked at: the first makes a record, and the second has no column.
+TEST_F(ExplainedTemplate, ShowsARecordWhoseRowStoppedTheReading) {
+    const std::string file = folder_.Write(
+        "broker.ini", Gbk("[DEALFIELD]\nMONEY_MODE=9\nOPI_DETAIL=1\n[OPI_DETAIL]\nSTART_FLAG=持仓表\nSTART_OFFSET=1\n"
+                          "END_FLAG=完\nEND_OFFSET=0\nDELIMITER=|\nCONTRACT=0\nBID_VOL=1\nASK_VOL=11\n"));
+    const std::string text = Statement({"持仓表", "i2405|2|c|d|e|f|g|h|i|j|k", "完"});
+    ExplainCommand command = Command(file, text);
+    command.format = "2";  // whose open positions may have both sides in a row
+    const Explained stopped = Run(command);
+    EXPECT_EQ(stopped.json.at("error_line"), 2);
+    EXPECT_EQ(stopped.Section("open").at("records"), 1);
+    EXPECT_EQ(stopped.Section("open").at("first_record").at("line"), nullptr);
+    EXPECT_EQ(stopped.Section("open").at("first_record").at("fields").at("CONTRACT"), "i2405");
+    command.asJson = false;
+    EXPECT_TRUE(Says(Run(command).output, "\n    first record: ")) << stopped.output;
+}
+
 // By the date that stands in its text, whatever day its name has.
 TEST_F(ExplainedTemplate, SaysThatAStatementOfTheDateHasBeenRead) {
     const std::string text = TemplatedStatement();
