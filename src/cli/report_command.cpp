@@ -127,10 +127,12 @@ bool FinishOutputs(const ReportOutputs& outputs, const CReport& report, const Ma
     return false;
 }
 
-void OpenPage(const ReportOutputs& outputs, const RunResult& result) {
+/// False for what is told by this.
+bool OpenPage(const ReportOutputs& outputs, const RunResult& result) {
     const bool showsFile = outputs.standalone && outputs.standalone->IsFile();
-    if (OpenOnDesktop(showsFile ? outputs.standalone->Name() : result.pagePath)) return;
-    Warn("--open: this desktop has no xdg-open to show the page with");
+    if (OpenOnDesktop(showsFile ? outputs.standalone->Name() : result.pagePath)) return true;
+    Fail("--open: this desktop has no xdg-open to show the page with");
+    return false;
 }
 
 }  // namespace
@@ -177,10 +179,10 @@ int RunReportCommand(const ReportCommand& command) {
     }
     if (made.result->end == RunEnd::PlaceTaken) return Fail("--wait SECONDS waits longer for the other run");
     const std::vector<Finding> findings = faults.Collect();
-    const bool isDone = FinishOutputs(outputs, report, made, findings);
+    bool isDone = FinishOutputs(outputs, report, made, findings);
     if (isDone && !command.quiet) ShowSummary(report, *made.result, SummaryStream({outputs.json, outputs.standalone}));
     ShowFindings(findings, command.options);
-    if (isDone && command.opensPage) OpenPage(outputs, *made.result);
+    if (isDone && command.opensPage) isDone = OpenPage(outputs, *made.result);
     const bool isWhole = made.result->problems.IsEmpty() && faults.IsComplete();
     if (!isDone || !isWhole || made.result->statementsRead == 0) return kExitFailed;
     return command.strict && HasWarnings(findings) ? kExitFindings : kExitDone;

@@ -48,11 +48,10 @@ TEST_F(OpenedPage, IsTheReportsOrItsOneFile) {
     EXPECT_EQ(ReadFile(folder_.Path("err")), "");
 }
 
-TEST_F(OpenedPage, IsNotThereWithoutADesktop) {
+TEST_F(OpenedPage, IsAFailureWithoutADesktop) {
     fs::create_directory(folder_.Path("empty"));
-    EXPECT_EQ(RunOn(folder_.Path("empty"), Report("--quiet --open")), 0);
-    EXPECT_EQ(ReadFile(folder_.Path("err")),
-              "tradebill: warning: --open: this desktop has no xdg-open to show the page with\n");
+    EXPECT_EQ(RunOn(folder_.Path("empty"), Report("--quiet --open")), 1);
+    EXPECT_EQ(ReadFile(folder_.Path("err")), "tradebill: --open: this desktop has no xdg-open to show the page with\n");
     EXPECT_TRUE(fs::exists(PageFile()));
 }
 
