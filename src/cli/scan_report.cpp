@@ -14,7 +14,6 @@
 
 #include "base/byte_mask.h"
 #include "base/number.h"
-#include "base/text.h"
 #include "platform/text_encoding.h"
 #include "readers/scan_listener.h"
 #include "report/money_record.h"

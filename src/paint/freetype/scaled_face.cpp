@@ -12,7 +12,6 @@
 #include <cmath>
 #include <map>
 #include <memory>
-#include <new>
 #include <tuple>
 
 #include "paint/escapement.h"
