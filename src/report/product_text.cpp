@@ -11,18 +11,6 @@
 namespace tradebill {
 namespace {
 
-/// Blanks and full-width blanks off both ends.
-std::string_view TrimBlanks(std::string_view text) {
-    constexpr std::string_view kFullWidthBlank = "　"_gbk;
-    for (;;) {
-        const std::size_t before = text.size();
-        text = TrimByte(text, ' ');
-        if (text.starts_with(kFullWidthBlank)) text.remove_prefix(kFullWidthBlank.size());
-        if (text.ends_with(kFullWidthBlank)) text.remove_suffix(kFullWidthBlank.size());
-        if (text.size() == before) return text;
-    }
-}
-
 std::string_view WithoutDashes(std::string_view text) {
     while (text.ends_with('-')) text.remove_suffix(1);
     return text;
@@ -67,6 +55,17 @@ void CProductText::TakeName(const CProductSource* source) {
 
 std::string_view CProductText::View() const {
     return UpToFirstDigit(FieldText(text_));
+}
+
+std::string_view TrimBlanks(std::string_view text) {
+    constexpr std::string_view kFullWidthBlank = "　"_gbk;
+    for (;;) {
+        const std::size_t before = text.size();
+        text = TrimByte(text, ' ');
+        if (text.starts_with(kFullWidthBlank)) text.remove_prefix(kFullWidthBlank.size());
+        if (text.ends_with(kFullWidthBlank)) text.remove_suffix(kFullWidthBlank.size());
+        if (text.size() == before) return text;
+    }
 }
 
 std::string_view ProductOfContract(std::string_view contract) {

@@ -28,6 +28,9 @@ private:
     char text_[32] = {};
 };
 
+/// Blanks and full-width blanks off both ends.
+[[nodiscard]] std::string_view TrimBlanks(std::string_view text);
+
 /// What units go by: a contract's text up to its first digit, without blanks and full-width blanks around it. Points
 /// into `contract`.
 [[nodiscard]] std::string_view ProductOfContract(std::string_view contract);
