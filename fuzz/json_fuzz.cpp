@@ -10,8 +10,8 @@
 #include <utility>
 
 #include "base/text.h"
-#include "cli/json_text.h"
-#include "cli/json_writer.h"
+#include "export/json_text.h"
+#include "export/json_writer.h"
 #include "fuzz_statement.h"
 #include "fuzz_target.h"
 #include "platform/text_encoding.h"

@@ -10,7 +10,7 @@
 #include "base/report_error.h"
 #include "base/text.h"
 #include "base/utf8.h"
-#include "cli/json_writer.h"
+#include "export/json_writer.h"
 #include "fuzz_statement.h"
 #include "fuzz_target.h"
 #include "page/html_builder.h"

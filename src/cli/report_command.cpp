@@ -12,7 +12,6 @@
 
 #include "base/number.h"
 #include "cli/command_table.h"
-#include "cli/json_writer.h"
 #include "cli/out_folder.h"
 #include "cli/output_file.h"
 #include "cli/page_relay.h"
@@ -26,6 +25,7 @@
 #include "driver/report_counts.h"
 #include "driver/report_run.h"
 #include "driver/run_problems.h"
+#include "export/json_writer.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
 #include "page/standalone_page.h"

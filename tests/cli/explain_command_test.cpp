@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "cli/explain_fixture.h"
-#include "cli/json_writer.h"
 #include "cli/scan_report.h"
 #include "cli/usage_error.h"
+#include "export/json_writer.h"
 #include "readers/statement_loader.h"
 #include "report/report.h"
 

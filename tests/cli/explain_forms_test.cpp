@@ -9,8 +9,8 @@
 
 #include "cli/damaged_samples.h"
 #include "cli/format_choice.h"
-#include "cli/json_writer.h"
 #include "cli/scan_report.h"
+#include "export/json_writer.h"
 #include "readers/statement_loader.h"
 #include "report/report.h"
 #include "report/request_copy.h"

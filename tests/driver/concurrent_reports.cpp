@@ -19,9 +19,9 @@
 #include <thread>
 #include <vector>
 
-#include "cli/json_writer.h"
 #include "cli/report_options.h"
 #include "driver/report_run.h"
+#include "export/json_writer.h"
 #include "report/report.h"
 #include "support/work_folder.h"
 

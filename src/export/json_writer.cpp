@@ -1,4 +1,4 @@
-#include "cli/json_writer.h"
+#include "export/json_writer.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -10,8 +10,8 @@
 #include <variant>
 #include <vector>
 
-#include "cli/findings_json.h"
-#include "cli/json_text.h"
+#include "export/findings_json.h"
+#include "export/json_text.h"
 #include "findings/finding.h"
 #include "report/account_statistics.h"
 #include "report/chain_table.h"

@@ -12,7 +12,7 @@
 #include <utility>
 
 #include "base/text.h"
-#include "cli/json_writer.h"
+#include "export/json_writer.h"
 #include "report/records.h"
 #include "support/gbk_text.h"
 #include "support/store_fixture.h"

@@ -1,4 +1,4 @@
-#include "cli/json_text.h"
+#include "export/json_text.h"
 
 #include <array>
 #include <charconv>

@@ -18,7 +18,7 @@
 #include <vector>
 
 #include "base/text.h"
-#include "cli/json_writer.h"
+#include "export/json_writer.h"
 #include "platform/text_encoding.h"
 #include "report/figure_fields.h"
 #include "report/product_source.h"
