@@ -58,12 +58,14 @@ RunFacts FactsOf(const CReport& report, const PreparedRequest& prepared, const R
                  const CStatementLog& log, std::vector<UnreadFile>& unread) {
     RunFacts facts{
         .days = result.days, .statements = log.Statements(), .inputs = prepared.inputs, .page = std::nullopt};
-    const auto add = [&](const char* kind, const std::string& path) {
+    const auto add = [&](const char* kind, const std::string& path, bool mayLack) {
         if (path.empty() || IsTold(path, result.problems)) return;
-        if (const auto digest = DigestOrReason(path, true, unread)) facts.inputs.push_back({kind, *digest});
+        if (const auto digest = DigestOrReason(path, mayLack, unread)) facts.inputs.push_back({kind, *digest});
     };
-    add("chains", result.chainPath);
-    if (!report.IsForeign()) add("template", report.TemplatePath);
+    const bool usedTemplate =
+        std::ranges::find(facts.statements, kTemplateLayout, &StatementRead::layout) != facts.statements.end();
+    add("chains", result.chainPath, report.ChainTable.Chains.empty());
+    if (!report.IsForeign()) add("template", report.TemplatePath, !usedTemplate);
     if (result.pageWritten) facts.page = DigestOrReason(result.pagePath, false, unread);
     return facts;
 }
