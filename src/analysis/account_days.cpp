@@ -39,10 +39,6 @@ std::vector<AccountDay> AccountDaysOf(const CReport& report) {
     return days;
 }
 
-bool IsLive(const MoneyRecord& record) {
-    return !FieldText(record.HOST_POSITION_MARGIN).empty();
-}
-
 std::optional<std::int64_t> RowDayOf(std::string_view billDate, std::string_view date) {
     const auto day = DayNumberOf(billDate);
     return day ? day : DayNumberOf(date);

@@ -21,9 +21,6 @@ struct AccountDay {
 /// the report's last day, if its KHQY is a number; else it is no day, as one whose BILL_DATE is none.
 [[nodiscard]] std::vector<AccountDay> AccountDaysOf(const CReport& report);
 
-/// Whether a record comes from a host: statements don't state what it has of live margin.
-[[nodiscard]] bool IsLive(const MoneyRecord& record);
-
 /// The day of a row that was read: that of its statement, or, if this names none, its own `date`.
 [[nodiscard]] std::optional<std::int64_t> RowDayOf(std::string_view billDate, std::string_view date);
 

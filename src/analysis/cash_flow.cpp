@@ -1,6 +1,5 @@
 #include "analysis/cash_flow.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <optional>
 
@@ -10,6 +9,8 @@
 #include "base/decimal.h"
 #include "base/text.h"
 #include "report/money_identity.h"
+#include "report/money_record.h"
+#include "report/money_store.h"
 #include "report/printed_money.h"
 #include "report/report.h"
 
@@ -22,14 +23,9 @@ bool StatesCashFlow(const MoneyRecord& record) {
     return !Trim(FieldText(record.CRJ)).empty();
 }
 
-bool KeepsCashFlow(const CReport& report) {
-    return std::ranges::any_of(report.MoneyStore.Records,
-                               [](const auto& record) { return !IsLive(*record) && StatesCashFlow(*record); });
-}
-
 }  // namespace
 
-CCashFlows::CCashFlows(const CReport& report) : report_(report), isKept_(KeepsCashFlow(report)) {
+CCashFlows::CCashFlows(const CReport& report) : report_(report), isKept_(report.MoneyStore.KeepsCashFlow()) {
     if (isKept_) return;
     for (const PrintedMoney& money : report.PrintedMoney) {
         if (const auto day = DayNumberOf(money.Day)) printed_[*day] = &money;

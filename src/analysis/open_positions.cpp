@@ -12,6 +12,7 @@
 #include "base/day_number.h"
 #include "base/gbk.h"
 #include "base/text.h"
+#include "report/money_store.h"
 #include "report/product_text.h"
 #include "report/report.h"
 

@@ -11,6 +11,7 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "base/text_hash.h"
+#include "report/money_store.h"
 #include "report/product_text.h"
 #include "report/records.h"
 #include "report/report.h"

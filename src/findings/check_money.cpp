@@ -12,6 +12,7 @@
 #include "platform/text_encoding.h"
 #include "readers/scan_listener.h"
 #include "report/money_identity.h"
+#include "report/money_store.h"
 #include "report/printed_money.h"
 #include "report/report.h"
 
@@ -106,9 +107,22 @@ void CheckForeign(const StatementFacts& statement, const PrintedMoney& money, st
     }
 }
 
+/// The report shows no cash flow at all, and the analysis has to find another way to it.
+void CheckCashFlow(const CReport& report, std::vector<Finding>& findings) {
+    const bool hasDays = !report.PrintedMoney.empty() && !report.MoneyStore.Records.empty();
+    if (report.IsForeign() || !hasDays || report.MoneyStore.KeepsCashFlow()) return;
+    const bool isProven = report.MoneyIdentity.Balance || report.MoneyIdentity.Statements < kLeastStatements;
+    TellNoForm(FindingCode::Identity,
+               isProven
+                   ? "The layout keeps no cash flow: the analysis takes what the balance leaves for it."
+                   : "The layout keeps no cash flow, and the balance doesn't tell it: the analysis has no returns.",
+               findings);
+}
+
 }  // namespace
 
 void CheckMoney(const CReport& report, const StatementList& statements, std::vector<Finding>& findings) {
+    CheckCashFlow(report, findings);
     const MoneyIdentity& identity = report.MoneyIdentity;
     if (!report.IsForeign() && identity.Statements >= kLeastStatements && !identity.Balance) {
         TellNoForm(FindingCode::Identity,

@@ -38,6 +38,10 @@ void Raise(double& bound, double value) {
 
 }  // namespace
 
+bool IsLive(const MoneyRecord& record) {
+    return !FieldText(record.HOST_POSITION_MARGIN).empty();
+}
+
 bool CMoneyStore::Add(std::unique_ptr<MoneyRecord> record, MoneySource source, EquityRule equity) {
     if (record == nullptr) return false;
     if (equity == EquityRule::MarginAndAvailable) FillEquity(*record);
@@ -115,6 +119,11 @@ void CMoneyStore::Keep(std::unique_ptr<MoneyRecord> record) {
 MoneyRecord* CMoneyStore::Find(std::string_view day) const {
     const auto found = byDay_.find(KeyOf(day));
     return found == byDay_.end() ? nullptr : found->second;
+}
+
+bool CMoneyStore::KeepsCashFlow() const {
+    return std::ranges::any_of(
+        Records, [](const auto& record) { return !IsLive(*record) && !Trim(FieldText(record->CRJ)).empty(); });
 }
 
 bool CMoneyStore::HasDay(std::string_view day) const {

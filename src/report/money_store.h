@@ -20,6 +20,9 @@ using ChartSizes = std::array<int, 8>;
 /// Where a MoneyRecord comes from: it decides which of its fields count.
 enum class MoneySource : std::uint32_t { Live = 0, Statement = 1 };
 
+/// Whether a record comes from a host: statements don't state what it has of live margin.
+[[nodiscard]] bool IsLive(const MoneyRecord& record);
+
 /// Amounts are in base currency: each is divided by its record's rate. A rate of 0 gives infinities.
 class CMoneyStore {
 public:
@@ -57,6 +60,9 @@ public:
     /// the list, but the old one's amounts stay in the totals. Returns false for null. Where no equity is printed, KHQY
     /// is replaced by BZJZY + KYZJ.
     bool Add(std::unique_ptr<MoneyRecord> record, MoneySource source, EquityRule equity = EquityRule::AsPrinted);
+
+    /// Whether a statement's record states a cash flow. Where none does, the layout keeps none.
+    [[nodiscard]] bool KeepsCashFlow() const;
 
     /// Whether a record of `day` is here. Up to 14 bytes of `day` are compared with the whole key.
     [[nodiscard]] bool HasDay(std::string_view day) const;

@@ -6,14 +6,15 @@
 #include <string_view>
 #include <vector>
 
-#include "analysis/account_maker.h"
+#include "analysis/analysed_account.h"
 #include "analysis/stated_amount.h"
 #include "base/day_number.h"
+#include "report/money_store.h"
 
 namespace tradebill::account_days_test {
 namespace {
 
-class AccountDays : public AccountMaker {
+class AccountDays : public AnalysedAccount {
 protected:
     /// Day and equity of each.
     std::vector<std::string> Texts() const {

@@ -10,14 +10,14 @@
 #include <variant>
 #include <vector>
 
-#include "analysis/account_maker.h"
+#include "analysis/analysed_account.h"
 #include "analysis/analysis_fields.h"
 #include "analysis/null_reasons.h"
 
 namespace tradebill::analysis_test {
 namespace {
 
-class AnalysisOf : public AccountMaker {
+class AnalysisOf : public AnalysedAccount {
 protected:
     /// The paths of all nulls, by the tables.
     static std::vector<std::string> NullPaths(const Analysis& analysis) {

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "analysis/account_maker.h"
+#include "analysis/analysed_account.h"
 #include "base/decimal.h"
 #include "report/money_identity.h"
 #include "report/printed_money.h"
@@ -21,7 +21,7 @@ namespace {
 
 using enum PrintedFigure;
 
-class CashFlow : public AccountMaker {
+class CashFlow : public AnalysedAccount {
 protected:
     std::vector<std::optional<double>> Flows() const {
         const CCashFlows flows(report);

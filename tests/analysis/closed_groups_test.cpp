@@ -9,14 +9,14 @@
 #include <string_view>
 #include <vector>
 
-#include "analysis/account_maker.h"
+#include "analysis/analysed_account.h"
 #include "analysis/closed_results.h"
 #include "report/request_copy.h"
 
 namespace tradebill::closed_groups_test {
 namespace {
 
-class ClosedGroups : public AccountMaker {
+class ClosedGroups : public AnalysedAccount {
 protected:
     /// Four rows of rebar at 10 a point, all closed in February: + 200, - 100, 0 and + 60.
     void AddRebar() {

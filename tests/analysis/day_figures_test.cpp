@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "analysis/account_maker.h"
+#include "analysis/analysed_account.h"
 #include "analysis/day_results.h"
 
 namespace tradebill::day_figures_test {
@@ -16,7 +16,7 @@ namespace {
 
 using List = std::vector<std::optional<double>>;
 
-class DayFigure : public AccountMaker {
+class DayFigure : public AnalysedAccount {
 protected:
     List Of(std::optional<double> DayResult::*figure) const {
         List list;

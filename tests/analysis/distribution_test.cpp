@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "analysis/account_maker.h"
+#include "analysis/analysed_account.h"
 
 namespace tradebill::distribution_test {
 namespace {
@@ -60,7 +60,7 @@ TEST(Quantile, LiesBetweenValues) {
     EXPECT_EQ(QuantileOf(std::vector<double>{7}, 0.5), 7);
 }
 
-class DistributionReasons : public AccountMaker {};
+class DistributionReasons : public AnalysedAccount {};
 
 TEST_F(DistributionReasons, TellWhatIsMissing) {
     EXPECT_EQ(ReasonOf(Analysed(), "distribution.mean"), "no day has a return");

@@ -7,13 +7,13 @@
 #include <string>
 #include <vector>
 
-#include "analysis/account_maker.h"
+#include "analysis/analysed_account.h"
 #include "analysis/day_results.h"
 
 namespace tradebill::drawdowns_test {
 namespace {
 
-class Drawdowns : public AccountMaker {
+class Drawdowns : public AnalysedAccount {
 protected:
     DrawdownFigures Found() const { return DrawdownsOf(Days()); }
 

@@ -4,14 +4,14 @@
 #include <optional>
 #include <string_view>
 
-#include "analysis/account_maker.h"
+#include "analysis/analysed_account.h"
 #include "analysis/analysis.h"
 #include "report/request_copy.h"
 
 namespace tradebill::foreign_days_test {
 namespace {
 
-class ForeignDays : public AccountMaker {
+class ForeignDays : public AnalysedAccount {
 protected:
     ForeignDays() {
         report.Request.StatementKind = kForeignKind;

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "analysis/account_maker.h"
+#include "analysis/analysed_account.h"
 #include "analysis/margin_results.h"
 #include "analysis/margin_use.h"
 #include "analysis/open_positions.h"
@@ -16,7 +16,7 @@
 namespace tradebill::margin_test {
 namespace {
 
-class Margin : public AccountMaker {
+class Margin : public AnalysedAccount {
 protected:
     void AddUse(std::string_view day, std::string_view equity, std::string_view margin) {
         AddRecord(Money(day, {{"KHQY", equity}, {"CRJ", "0"}, {"BZJZY", margin}}));

@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "analysis/account_maker.h"
+#include "analysis/analysed_account.h"
 
 namespace tradebill::money_weighted_return_test {
 namespace {
@@ -49,7 +49,7 @@ TEST(InternalRate, DoesntOverflowInACentury) {
     EXPECT_NEAR(*InternalRateOf(Payments{{0, -1}, {36500, std::pow(0.5, 100)}}), -0.5, 1e-13);
 }
 
-class MoneyWeighted : public AccountMaker {
+class MoneyWeighted : public AnalysedAccount {
 protected:
     MoneyWeightedReturn Of() const { return MoneyWeightedReturnOf(Days()); }
 };

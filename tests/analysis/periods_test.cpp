@@ -8,13 +8,13 @@
 #include <string_view>
 #include <vector>
 
-#include "analysis/account_maker.h"
+#include "analysis/analysed_account.h"
 #include "analysis/day_results.h"
 
 namespace tradebill::periods_test {
 namespace {
 
-class Periods : public AccountMaker {
+class Periods : public AnalysedAccount {
 protected:
     void AddDayWithFee(std::string_view day, std::string_view equity, std::string_view fee,
                        std::string_view opening = "") {

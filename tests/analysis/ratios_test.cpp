@@ -5,12 +5,12 @@
 #include <cmath>
 #include <optional>
 
-#include "analysis/account_maker.h"
+#include "analysis/analysed_account.h"
 
 namespace tradebill::ratios_test {
 namespace {
 
-class RatioFigures : public AccountMaker {
+class RatioFigures : public AnalysedAccount {
 protected:
     Ratios Of(std::int64_t tradingDays = kUsualTradingDays) const { return Analysed(tradingDays).ratios; }
 };

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "analysis/account_maker.h"
+#include "analysis/analysed_account.h"
 #include "analysis/product_names.h"
 #include "base/day_number.h"
 #include "report/request_copy.h"
@@ -14,7 +14,7 @@
 namespace tradebill::trade_tally_test {
 namespace {
 
-class TradeTally : public AccountMaker {
+class TradeTally : public AnalysedAccount {
 protected:
     CTradeTally Tally() {
         CProductNames names(report);
@@ -78,7 +78,7 @@ TEST_F(TradeTally, KnowsTheExchangeOfAContractWhoseMonthStandsApart) {
     EXPECT_EQ(Tally().ExchangeOf("rb2405"), Gbk("上期所"));
 }
 
-class ProductNameOf : public AccountMaker {};
+class ProductNameOf : public AnalysedAccount {};
 
 TEST_F(ProductNameOf, IsTheCodeWithThePrintedNameBesideIt) {
     products.codes = {{Gbk("豆粕"), "m"}};

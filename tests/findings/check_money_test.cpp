@@ -12,7 +12,9 @@
 #include "findings/account_checks.h"
 #include "findings/finding.h"
 #include "findings/statement_facts.h"
+#include "report/money_store.h"
 #include "report/printed_money.h"
+#include "report/record_makers.h"
 #include "report/report.h"
 #include "report/request_copy.h"
 #include "statistics/money_identity.h"
@@ -61,6 +63,29 @@ protected:
     StatementList statements_;
     std::vector<Finding> findings_;
 };
+
+TEST_F(CheckMoneyTest, NotesALayoutThatKeepsNoCashFlow) {
+    AddDays(2, MoneyOf({{Opening, 100}, {Closing, 100}}));
+    report_.MoneyStore.Add(CopyOf(Money("20240102", {{"KHQY", "100"}})), MoneySource::Statement);
+    EXPECT_EQ(Check(), FindingKeys{"identity(note)@"});
+    EXPECT_EQ(findings_.at(0).text,
+              "The layout keeps no cash flow: the analysis takes what the balance leaves for it.");
+    report_.MoneyStore.Add(CopyOf(Money("20240103", {{"CRJ", "0.00"}})), MoneySource::Statement);
+    EXPECT_EQ(Check(), FindingKeys{});
+}
+
+TEST_F(CheckMoneyTest, NotesThatNothingTellsTheCashFlow) {
+    AddDays(5, MoneyOf({{Opening, 100}, {Closing, 200}}));
+    report_.MoneyStore.Add(CopyOf(Money("20240102", {{"KHQY", "100"}})), MoneySource::Statement);
+    // what is a host's doesn't count
+    report_.MoneyStore.Add(CopyOf(Money("20240103", {{"CRJ", "0.00"}, {"HOST_POSITION_MARGIN", "0"}})),
+                           MoneySource::Live);
+    EXPECT_EQ(Check(), (FindingKeys{"identity(note)@", "identity(note)@"}));
+    EXPECT_EQ(findings_.at(0).text,
+              "The layout keeps no cash flow, and the balance doesn't tell it: the analysis has no returns.");
+    report_.Request.StatementKind = kForeignKind;
+    for (const Finding& finding : (Check(), findings_)) EXPECT_EQ(finding.text.find("cash flow"), std::string::npos);
+}
 
 TEST_F(CheckMoneyTest, ABalanceMayBeOffByHalfACentForEachOfItsTerms) {
     const PrintedMoney clean = MoneyOf({{Opening, 1000}, {Fees, 3}, {Closing, 997}});

@@ -39,7 +39,7 @@ public:
 };
 
 /// A closed position or trade by what matters here; sides in UTF-8.
-struct MadeClosed {
+struct GivenClosed {
     std::string_view day;
     std::string_view contract;
     std::string_view side;  ///< "买" or "卖"
@@ -51,7 +51,7 @@ struct MadeClosed {
     std::string_view delivery = "";
     std::string_view exchange = "";
 };
-struct MadeTrade {
+struct GivenTrade {
     std::string_view day;
     std::string_view contract;
     std::string_view lots;
@@ -61,9 +61,9 @@ struct MadeTrade {
     std::string_view delivery = "";
 };
 
-class AccountMaker : public StoreFixture {
+class AnalysedAccount : public StoreFixture {
 protected:
-    AccountMaker() {
+    AnalysedAccount() {
         report.Request.StatementFormat = 2;  // full contract codes
         report.Products = &products;
     }
@@ -88,7 +88,7 @@ protected:
         }
     }
 
-    void AddClosed(const MadeClosed& made) {
+    void AddClosed(const GivenClosed& made) {
         report.PingDetailStore.Add() = Closed({{"BILL_DATE", made.day},
                                                {"CONTRACT", Gbk(made.contract)},
                                                {"DELIVERY", made.delivery},
@@ -101,7 +101,7 @@ protected:
                                                {"OFFSETPL", made.stated}});
     }
 
-    void AddTrade(const MadeTrade& made) {
+    void AddTrade(const GivenTrade& made) {
         MatchRecord& row = report.MatchStore.Add();
         FillFields<MatchRecord>(row, kMatchFields,
                                 {{"BILL_DATE", made.day},
