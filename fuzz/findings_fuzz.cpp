@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "base/ini_file.h"
-#include "cli/findings_json.h"
+#include "export/findings_json.h"
 #include "findings/account_findings.h"
 #include "findings/finding.h"
 #include "findings/statement_watch.h"

@@ -72,6 +72,7 @@ std::string WriteFuzzFile(std::string_view name, std::string_view bytes);
 void FuzzReaders(std::string_view input);
 void FuzzTemplate(std::string_view input);
 void FuzzFindings(std::string_view input);
+void FuzzDiff(std::string_view input);
 void FuzzIni(std::string_view input);
 void FuzzRequest(std::string_view input);
 void FuzzHost(std::string_view input);

@@ -11,6 +11,7 @@ namespace {
 // clang-format off
 constexpr FuzzTarget kTargets[] = {
     {"chart",        FuzzChart},
+    {"diff",         FuzzDiff},
     {"findings",     FuzzFindings},
     {"host",         FuzzHost},
     {"ini",          FuzzIni},

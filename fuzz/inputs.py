@@ -166,6 +166,9 @@ def small_seeds(seeds):
     for number in (0.005, -1234.565, 1e300, float("inf"), float("nan"), 5e-324):
         seeds["numbers"].append(b"\4" + amount(number) + numbers)
         seeds["json"].append(amount(number) + b"\1\1" + NUL.join(hostile[i % len(hostile)] + str(i).encode() for i in range(90)))
+    record = b'{"schema":1,"%s":[{"BILL_DATE":"20240102","CONTRACT":"%s","POUNDAGE":"%s","values":{"POUNDAGE":1.50}}],"money":{"Records":[]}}'
+    for name, contract, fee in ((b"matches", b"cu2403", b"1.50"), (b"closed", b"cu2404", b"2"), (b"days", b"", b"")):
+        seeds["diff"].append(record % (b"matches", b"cu2403", b"1.5") + NUL + record % (name, contract, fee))
     for day in statements_of(SAMPLES / "bilingual"):
         seeds["text"].append(b"||\0" + day[:1200])
         seeds["text"].append(b" \xd3\xc3\0" + day[-400:])
@@ -223,6 +226,7 @@ def dictionaries():
         "readers": titles, "findings": titles, "run": titles, "run_pictures": titles, "template": titles | keys,
         "ini": ini, "request": ini | settings | fields, "host": {b"2024-01-02", b"3000-12-31", b"1970-1-1", b"\xff" * 4},
         "numbers": numbers | doubles, "text": tags | {b"|", b" ", b"\xa1\xa1", b"\x80", b"\xef\xbf\xbd"},
+        "diff": {b'"schema":1', b'"analysis"', b'"matches"', b'"BILL_DATE"', b'"values"', b'"money"', b'"Records"', b"null"},
         "json": doubles | {b"\"", b"\\", b"\x1f", b"\x80", b"\xff"}, "page": tags, "picture": chunks, "chart": doubles,
     }
 

@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "cli/command_table.h"
-#include "cli/findings_json.h"
 #include "cli/findings_text.h"
 #include "cli/output_file.h"
 #include "cli/report_options.h"
@@ -16,6 +15,7 @@
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"
 #include "driver/report_run.h"
+#include "export/findings_json.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
 #include "report/report.h"

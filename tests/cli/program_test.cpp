@@ -225,6 +225,9 @@ TEST_F(Program, WritesNothingWhereAnotherProgramDoes) {
                              " is writing there (--wait SECONDS waits longer)\n");
     EXPECT_EQ(ReadFile(PageFile()), page);
     EXPECT_TRUE(IsWrongUse(Run(Report("--wait -1")), "--wait"));
+    for (const char* const days : {"0", "367", "-1", "2.5", "many"}) {
+        EXPECT_TRUE(IsWrongUse(Run(Report("--trading-days " + std::string(days))), "--trading-days")) << days;
+    }
     EXPECT_TRUE(IsWrongUse(Run(Report("--wait soon")), "--wait"));
 }
 

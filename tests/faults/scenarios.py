@@ -65,6 +65,9 @@ SCENARIOS = (
     Scenario("check",                ("check", *FUND_STATUS, *FIRST_DAYS), tells_on_stdout=True),
     Scenario("check, JSON",          ("check", *FUND_STATUS, *FIRST_DAYS, "--json", "findings.json"),
              before=(("check", *FUND_STATUS, *OTHER_DAYS, "--json", "findings.json"),), tells_on_stdout=True),
+    Scenario("diff",                 ("diff", "one.json", "other.json"), before=(
+                 report("--quiet", "--json", "one.json"), report("--quiet", "--json", "other.json", days=OTHER_DAYS)),
+             tells_on_stdout=True),
     Scenario("template check",       ("template", "check", "root/BillTemplate/songta.ini", "--against",
                                       BILLS + "/D90010011.20240102o.txt"), "template-pairs", tells_on_stdout=True),
     Scenario("layouts",              ("layouts",)),

@@ -1,5 +1,5 @@
 // Findings for programs.
-#include "cli/findings_json.h"
+#include "export/findings_json.h"
 
 #include <gtest/gtest.h>
 

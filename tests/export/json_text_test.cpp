@@ -1,5 +1,5 @@
 // Values written one after the other are what the JSON library writes of a tree of them.
-#include "cli/json_text.h"
+#include "export/json_text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
-#include "cli/findings_json.h"
+#include "export/findings_json.h"
 
 #include <cstdint>
 #include <ostream>
 #include <span>
 #include <string_view>
 
-#include "cli/json_text.h"
+#include "export/json_text.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
 #include "readers/scan_listener.h"
