@@ -1,0 +1,29 @@
+// All tables as CSV files of one folder.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "export/table.h"
+
+namespace tradebill {
+
+inline constexpr std::string_view kLongestCsvName = "/position_sums.csv.older";  ///< behind a folder's path
+
+struct UnwrittenTable {
+    std::string path;
+    std::string reason;  ///< in words, UTF-8; may be empty
+};
+
+/// Whether `name` is that of a file that SaveCsvSet writes.
+[[nodiscard]] bool IsCsvName(std::string_view name);
+
+/// Writes each table into the file of its name in `folder`. All are made beside their places, on the disk itself, and
+/// take them at the end, one after the other. If that fails, the files of before are all in their places, and what
+/// failed is returned. What a dead run has left is cleared up.
+///
+/// REQUIRES: nobody else writes to `folder`.
+[[nodiscard]] std::optional<UnwrittenTable> SaveCsvSet(const std::string& folder, const ExportSource& source);
+
+}  // namespace tradebill

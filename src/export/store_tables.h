@@ -1,0 +1,62 @@
+// The tables of the stores: what statements say, a row each. An amount is the number that its text is, and nothing
+// where the text is no plain decimal.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+#include "export/table.h"
+#include "report/record_fields.h"
+#include "report/records.h"
+
+namespace tradebill {
+
+namespace store_tables {
+
+template <class Record>
+constexpr ExportColumn ColumnOf(const TextField<Record>& field) {
+    const bool isDay = field.name.ends_with("_DATE");
+    return {.name = field.name,
+            .kind = field.isAmount ? ColumnKind::Number : (isDay ? ColumnKind::Day : ColumnKind::Text),
+            .isKey = field.name == "BILL_DATE"};
+}
+
+/// The columns of a record's fields, with `More` behind them.
+template <std::size_t More = 0, class Record, std::size_t N>
+constexpr std::array<ExportColumn, N + More> ColumnsOf(const TextField<Record> (&fields)[N],
+                                                       const std::array<ExportColumn, More>& more = {}) {
+    std::array<ExportColumn, N + More> columns{};
+    std::ranges::transform(fields, columns.begin(), ColumnOf<Record>);
+    std::ranges::copy(more, columns.begin() + N);
+    return columns;
+}
+
+constexpr std::array<ExportColumn, 1> kRateColumn{{{"EXCHANGE_RATE", ColumnKind::Number}}};
+
+/// A day of a currency is looked for by both.
+constexpr auto CurrencyDayColumns() {
+    auto columns = ColumnsOf(kMoneyFields, kRateColumn);
+    std::ranges::find(columns, std::string_view("CURRENCY"), &ExportColumn::name)->isKey = true;
+    return columns;
+}
+
+}  // namespace store_tables
+
+inline constexpr auto kMoneyDayColumns = store_tables::ColumnsOf(kMoneyFields, store_tables::kRateColumn);
+inline constexpr auto kCurrencyDayColumns = store_tables::CurrencyDayColumns();
+inline constexpr auto kTradeColumns = store_tables::ColumnsOf(kMatchFields);
+inline constexpr auto kClosedColumns = store_tables::ColumnsOf(kPingFields);
+inline constexpr auto kPositionColumns = store_tables::ColumnsOf(kOpiDetailFields);
+inline constexpr auto kPositionSumColumns = store_tables::ColumnsOf(kOpiSumFields);
+
+void WalkMoneyDays(const ExportSource& source, CRowSink& sink);
+/// `CURRENCY` is the name of the store that a record is in.
+void WalkCurrencyDays(const ExportSource& source, CRowSink& sink);
+void WalkTrades(const ExportSource& source, CRowSink& sink);
+void WalkClosed(const ExportSource& source, CRowSink& sink);
+void WalkPositions(const ExportSource& source, CRowSink& sink);
+void WalkPositionSums(const ExportSource& source, CRowSink& sink);
+
+}  // namespace tradebill
