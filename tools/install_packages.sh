@@ -6,7 +6,7 @@ set -euo pipefail
 build_packages=(
     g++ cmake ninja-build pkg-config
     libfreetype-dev libfontconfig-dev libpng-dev libturbojpeg0-dev
-    libcli11-dev nlohmann-json3-dev nettle-dev
+    libcli11-dev nlohmann-json3-dev nettle-dev libsqlite3-dev
     fonts-liberation fonts-arphic-uming fonts-wine
 )
 bench_packages=(libbenchmark-dev)
