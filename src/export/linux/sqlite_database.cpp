@@ -30,9 +30,10 @@ constexpr int kMillisecondsPerSecond = 1000;
 }  // namespace
 
 CSqliteDatabase::CSqliteDatabase(const std::string& path, DatabaseOpening opening, int wait) {
+    constexpr int kFlags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;  // one thread at a time has it
     const int creation = opening == DatabaseOpening::MadeIfMissing ? SQLITE_OPEN_CREATE : 0;
     sqlite3* handle = nullptr;
-    const int result = ::sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE | creation, nullptr);
+    const int result = ::sqlite3_open_v2(path.c_str(), &handle, kFlags | creation, nullptr);
     handle_.reset(handle);
     Check(result);
     Check(::sqlite3_extended_result_codes(handle, 1));
