@@ -6,10 +6,12 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <variant>
 
 #include "analysis/analysis.h"
@@ -236,6 +238,12 @@ constexpr std::array<AnalysisField<Owner>, N> Renamed(const AnalysisField<Owner>
     return renamed;
 }
 
+/// The fields of a table, however many.
+template <class Fields>
+constexpr auto AllOf(const Fields& fields) {
+    return std::span<const std::remove_cvref_t<decltype(*std::begin(fields))>>(fields);
+}
+
 }  // namespace analysis_fields
 
 // The same fields, whose first one tells of what a row is.
@@ -251,10 +259,10 @@ inline constexpr auto kClosedMonthFields = analysis_fields::Renamed(kProductFiel
 template <class OnObject, class OnList>
 void VisitAnalysis(const Analysis& analysis, OnObject onObject, OnList onList) {
     const auto list = [&](std::string_view name, const auto& rows, const auto& fields) {
-        onList(name, rows, std::span(fields));
+        onList(name, rows, analysis_fields::AllOf(fields));
     };
     const auto object = [&](std::string_view name, const auto& owner, const auto& fields) {
-        onObject(name, owner, std::span(fields));
+        onObject(name, owner, analysis_fields::AllOf(fields));
     };
     list("days", analysis.days, kDayResultFields);
     list("drawdowns", analysis.drawdowns, kDrawdownFields);

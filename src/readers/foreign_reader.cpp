@@ -30,6 +30,11 @@ constexpr Column<MatchRecord> kTradeColumns[] = {
     {Slot<&MatchRecord::CURRENCY>,    7, Treatment::KeepIfPresent},
 };
 
+constexpr Column<PingDetail> kOpenedColumns[] = {
+    {Slot<&PingDetail::OPEN_DATE>,    0},
+    {Slot<&PingDetail::CONTRACT>,     1},
+};
+
 constexpr Column<PingDetail> kClosedColumns[] = {
     {Slot<&PingDetail::MATCH_DATE>,   0},
     {Slot<&PingDetail::CONTRACT>,     1},
@@ -124,19 +129,30 @@ void ReadTrades(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
     });
 }
 
+/// The day of opening, if `opening` is of the same contract as the closed `record`.
+void TakeOpenDate(const PingDetail& opening, PingDetail& record) {
+    if (FieldText(opening.CONTRACT) == FieldText(record.CONTRACT))
+        CopyField(record.OPEN_DATE, FieldText(opening.OPEN_DATE));
+}
+
 /// A closed position takes two rows; the second is the one that counts.
 void ReadClosed(std::string_view day, CSectionScan& scan, CRecordSink& sink) {
     const auto rows = scan.Find(kClosed);
     if (!rows) return;
     TellColumns<PingDetail>(kClosedColumns, scan.Listener(), kTradeLots);
+    PingDetail opening{};
     bool isSecond = false;
     scan.ReadRows(kClosed, *rows, [&](Row row) -> RowVerdict {
         const bool counts = isSecond;
         isSecond = !isSecond;
-        if (!counts) return {RowFate::FirstOfPair};
+        if (!counts) {
+            FillRecord<PingDetail>(opening, row, kOpenedColumns);
+            return {RowFate::FirstOfPair};
+        }
         PingDetail record{};
         FillRecord<PingDetail>(record, day, row, kClosedColumns);
         SetSideAndLots(scan.CurrentRow(), row, record);
+        TakeOpenDate(opening, record);
         sink.AddForeignClosed(record);
         return {};
     });

@@ -80,6 +80,7 @@ void CRecordSink::AddCurrency(const MoneyRecord& record, std::string_view curren
 void CRecordSink::AddForeignClosed(const PingDetail& row) {
     Tell(&row);
     FoldForeignClosedRow(row, report_);
+    report_.ForeignClosedStore.Add() = row;
 }
 
 void CRecordSink::SetDayClosedPL(std::string_view day, std::string_view text, double amount) {

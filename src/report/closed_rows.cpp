@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "base/gbk.h"
@@ -100,28 +101,33 @@ private:
 
 }  // namespace
 
-void FoldClosedRow(const PingDetail& row, CReport& report) {
-    const StatementFormat& format = report.Format();
-    const CTallyKey key(row, format.namesDeliveryApart);
-    const int32_t unit = AskUnitOf(row, format, report);
+std::optional<ClosedFigures> ClosedFiguresOf(const PingDetail& row, const CReport& report) {
+    const int32_t unit = AskUnitOf(row, report.Format(), report);
     const OffsetSide* const side = ClosedSideOf(row);
-    const auto [offset, isNew] = report.ReportDocument.FindOrCreate(key.View(), row);
-    if (side == nullptr) return;  // a new contract is listed all the same, with zeros
-
+    if (side == nullptr) return std::nullopt;
+    const bool isLong = side == &kLongSide;
     const int32_t lots = IntegerIn(row.MATCH_VOL);
     const double openPrice = AmountIn(row.OPEN_PRICE);
     const double closePrice = AmountIn(row.MATCH_PRICE);
-    const bool isLong = side == &kLongSide;
     const double points = lots * (isLong ? closePrice - openPrice : openPrice - closePrice);
-    const double amount = points * unit;
+    return ClosedFigures{
+        .isLong = isLong, .lots = lots, .closePrice = closePrice, .unit = unit, .points = points, .pl = points * unit};
+}
 
-    Tally(offset, *side, {lots, amount, isNew}, report.AccountStatistics);
-    if (isLong) {
-        offset.LONG_PL = isNew ? amount : points;  // the last row's points, no sum; the short side adds up
+void FoldClosedRow(const PingDetail& row, CReport& report) {
+    const CTallyKey key(row, report.Format().namesDeliveryApart);
+    const auto closed = ClosedFiguresOf(row, report);
+    const auto [offset, isNew] = report.ReportDocument.FindOrCreate(key.View(), row);
+    if (!closed) return;  // a new contract is listed all the same, with zeros
+
+    const OffsetSide& side = closed->isLong ? kLongSide : kShortSide;
+    Tally(offset, side, {closed->lots, closed->pl, isNew}, report.AccountStatistics);
+    if (closed->isLong) {
+        offset.LONG_PL = isNew ? closed->pl : closed->points;  // the last row's points, no sum; the short side adds up
     } else {
-        offset.SHORT_PL += amount;
+        offset.SHORT_PL += closed->pl;
     }
-    report.AccountStatistics.AddPL(amount);
+    report.AccountStatistics.AddPL(closed->pl);
 }
 
 void FoldForeignClosedRow(const PingDetail& row, CReport& report) {

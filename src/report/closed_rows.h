@@ -1,11 +1,27 @@
 // Closed positions on their way into a report's tallies and counters.
 #pragma once
 
+#include <cstdint>
+#include <optional>
+
 #include "report/records.h"
 
 namespace tradebill {
 
 class CReport;
+
+/// What a row of the domestic family comes to by its prices.
+struct ClosedFigures {
+    bool isLong;  ///< side of the position that was closed
+    std::int32_t lots;
+    double closePrice;
+    std::int32_t unit;
+    double points;  ///< lots x gain in price
+    double pl;      ///< points x unit
+};
+
+/// Nothing for a row without a side. Asks the report's products for the unit, whatever the row says.
+[[nodiscard]] std::optional<ClosedFigures> ClosedFiguresOf(const PingDetail& row, const CReport& report);
 
 /// Folds a row of the domestic family into its contract's tally: its P/L is computed from prices, lots and the
 /// contract's unit, which is asked for, not taken from the statement. Counts it in AccountStatistics.

@@ -50,6 +50,17 @@ std::int64_t BalanceBy(const BalanceForm& form, const PrintedMoney& money) {
     return sum;
 }
 
+std::int64_t CashFlowRest(const BalanceForm& form, const PrintedMoney& money) {
+    constexpr int kCents = 2;
+    PrintedMoney without = money;
+    for (const PrintedFigure figure : {CashFlow, Deposits, Withdrawals}) without[figure].reset();
+    const std::int64_t balance = BalanceBy(form, without);
+    const std::int64_t closing = money.Amount(Closing);
+    const auto rounding = static_cast<std::uint64_t>(Decimal::HalfUnit(kCents) * TermsOf(form, without));
+    if (DistanceOf(balance, closing) <= rounding) return 0;
+    return static_cast<std::int64_t>(static_cast<std::uint64_t>(closing) - static_cast<std::uint64_t>(balance));
+}
+
 std::int64_t AvailableBy(const AvailableForm& form, const PrintedMoney& money) {
     std::int64_t sum = money[Equity].value_or(money.Amount(Closing)) - money.Amount(Margin);
     if (form.takesFrozen) sum -= money.Amount(Frozen);

@@ -42,6 +42,10 @@ struct MoneyIdentity {
 /// What `money` should close with by `form`, in 1/10000.
 [[nodiscard]] std::int64_t BalanceBy(const BalanceForm& form, const PrintedMoney& money);
 
+/// What `money` closes with beyond what `form` adds up without the cash flow, in 1/10000: the cash flow itself, whether
+/// it is printed or not. 0 if it is no more than the terms may be rounded by.
+[[nodiscard]] std::int64_t CashFlowRest(const BalanceForm& form, const PrintedMoney& money);
+
 /// What should be available by `form`. Where no equity is printed the closing balance is taken for it.
 [[nodiscard]] std::int64_t AvailableBy(const AvailableForm& form, const PrintedMoney& money);
 

@@ -11,8 +11,8 @@
 
 namespace tradebill {
 
-/// Texts are GBK. Called on the run's thread: UnitOf once as a closed position is read and once as the page shows it,
-/// CodeOf for each open lot of a layout that prints names.
+/// Texts are GBK. Called on the run's thread: UnitOf once as a closed position is read, once as the page shows it and
+/// once in an analysis, CodeOf for each open lot of a layout that prints names and for each product of an analysis.
 class CProductSource {
 public:
     CProductSource() = default;

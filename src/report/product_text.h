@@ -1,6 +1,7 @@
 // The product that a contract belongs to: as the daily positions go by it, and as units do.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace tradebill {
@@ -27,8 +28,21 @@ private:
     char text_[32] = {};
 };
 
+/// Blanks and full-width blanks off both ends.
+[[nodiscard]] std::string_view TrimBlanks(std::string_view text);
+
 /// What units go by: a contract's text up to its first digit, without blanks and full-width blanks around it. Points
 /// into `contract`.
 [[nodiscard]] std::string_view ProductOfContract(std::string_view contract);
+
+/// The future's product that a contract belongs to, whether it is the future itself or an option on it:
+/// ProductOfContract without dashes at its end, and without the C or P of an option. That stands behind a dash, a
+/// Chinese character or, where the delivery month stands apart and the digits are a strike price, behind anything:
+/// "PTAP5900" of "2405" is an option on PTA, "PP2405" is none. Points into `contract`.
+[[nodiscard]] std::string_view FutureProductOf(std::string_view contract, std::string_view delivery);
+
+/// What a contract goes by: its text and, where product and delivery month stand apart, the month behind it, unless the
+/// text has it. Without blanks of either width around both.
+[[nodiscard]] std::string ContractKey(std::string_view contract, std::string_view delivery, bool standsApart);
 
 }  // namespace tradebill

@@ -20,6 +20,7 @@ void CReport::Clear() {
     OpiSumStore.Clear();
     OpiDetailStore.Clear();
     PingDetailStore.Clear();
+    ForeignClosedStore.Clear();
     ReportDocument.ClearOffsets();
     ReportDocument.SavedPictures.clear();
     TradeStatistics.Clear();

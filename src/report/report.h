@@ -43,7 +43,8 @@ public:
     CMoneyStore MoneyStore;
     CCurrencyMoneyStore CurrencyMoneyStore;
     CMatchStore MatchStore;
-    CPingDetailStore PingDetailStore;
+    CPingDetailStore PingDetailStore;     ///< of the domestic family, whose rows the page shows
+    CPingDetailStore ForeignClosedStore;  ///< of the foreign family; BID is the closing trade's side, as it is printed
     COpiDetailStore OpiDetailStore;
     COpiSumStore OpiSumStore;
     CReportDocument ReportDocument;

@@ -106,6 +106,22 @@ TEST_F(ForeignClosed, TalliesContractLotsResultAndCurrency) {
     EXPECT_EQ(report.AccountStatistics.MaxProfit, 6.5);
 }
 
+TEST_F(ForeignClosed, KeepsTheRowWithTheDayOfItsOpening) {
+    ReadRows({"20240105 S c d 1 5 6 USD", "20240108 S c d 2 5 -9.5 USD", "a A c d 1 5 6", "b B c d 1 5 6"});
+    ASSERT_EQ(report.ForeignClosedStore.Count(), 2);
+    const PingDetail& row = report.ForeignClosedStore.Rows[0];
+    EXPECT_STREQ(row.CONTRACT, "S");
+    EXPECT_STREQ(row.OPEN_DATE, "20240105");
+    EXPECT_STREQ(row.MATCH_DATE, "20240108");
+    EXPECT_STREQ(row.MATCH_VOL, "2");
+    EXPECT_STREQ(row.OFFSETPL, "-9.5");
+    EXPECT_STREQ(row.CURRENCY, "USD");
+    EXPECT_STREQ(report.ForeignClosedStore.Rows[1].OPEN_DATE, "");  // the row before is another contract's
+    EXPECT_EQ(report.PingDetailStore.Count(), 0);
+    report.Clear();
+    EXPECT_EQ(report.ForeignClosedStore.Count(), 0);
+}
+
 TEST_F(ForeignClosed, HasNoCurrencyInRowsOfSevenColumns) {
     ReadRows({"a0 a1 a2 a3 11 12 13 a7", "p0 p1 p2 p3 4 5 6.5"});
     EXPECT_STREQ(Tally().CURRENCY, "");

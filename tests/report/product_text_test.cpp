@@ -54,6 +54,61 @@ TEST(ProductOfContract, IsTheTextUpToItsFirstDigitWithoutBlanksOfEitherWidth) {
     for (const auto& row : cases) EXPECT_EQ(ProductOfContract(Gbk(row.contract)), Gbk(row.product)) << row.contract;
 }
 
+// Each way of the layouts to print a future and its options: all are the future's product.
+TEST(FutureProductOf, JoinsOptionsToTheirFuture) {
+    const struct {
+        const char* contract;
+        const char* delivery;
+        const char* product;
+    } cases[] = {
+        {"m2405", "", "m"},           {"m2405-C-3200", "", "m"},
+        {"cu2403C68000", "", "cu"},   {"SR405P6400", "", "SR"},
+        {"SR405C6600", "2405", "SR"}, {"IO2402-P-3400", "", "IO"},
+        {"豆粕", "2405", "豆粕"},     {"豆粕P3000", "2405", "豆粕"},
+        {"豆粕C2900", "", "豆粕"},    {"豆粕-C-2900", "2405", "豆粕"},
+        {"　豆粕 ", "2405", "豆粕"},  {"PTA", "2405", "PTA"},
+        {"PTAP5900", "2405", "PTA"},  {"m", "2405", "m"},
+        {"m-P-3000", "2405", "m"},    {"CP2300", "2405", "C"},
+    };
+    for (const auto& row : cases) {
+        EXPECT_EQ(FutureProductOf(Gbk(row.contract), row.delivery), Gbk(row.product)) << row.contract;
+    }
+}
+
+TEST(FutureProductOf, KeepsNamesThatEndInCOrP) {
+    const struct {
+        const char* contract;
+        const char* delivery;
+        const char* product;
+    } cases[] = {
+        {"PP", "2405", "PP"},    {"PP2405", "", "PP"},   {"PP2405", "2405", "PP"},
+        {"ZC405", "2405", "ZC"},  // ends in the month
+        {"P2405", "", "P"},      {"C2405", "2405", "C"}, {"P", "2405", "P"},
+        {"-P-2405", "", "-P"},   {"", "2405", ""},       {"", "", ""},
+    };
+    for (const auto& row : cases) {
+        EXPECT_EQ(FutureProductOf(row.contract, row.delivery), row.product) << row.contract;
+    }
+    const std::string endsInHalf(
+        "m\x81\x50"
+        "2405");  // a character whose second byte is that of P
+    EXPECT_EQ(FutureProductOf(endsInHalf, "2409"), endsInHalf.substr(0, 3));
+}
+
+TEST(ContractKey, PutsTheMonthBehindAProductThatStandsApart) {
+    EXPECT_EQ(ContractKey("cu", "2405", true), "cu2405");
+    EXPECT_EQ(ContractKey(" cu ", " 2405 ", true), "cu2405");
+    EXPECT_EQ(ContractKey(Gbk("　沪铜"), "2405", true), Gbk("沪铜2405"));
+    EXPECT_EQ(ContractKey(Gbk("豆粕P3000"), "2405", true), Gbk("豆粕P30002405"));
+    EXPECT_EQ(ContractKey("cu2405", "2405", true), "cu2405");
+    EXPECT_EQ(ContractKey("SR405", "2405", true), "SR405");
+    EXPECT_EQ(ContractKey("SR405C6600", "2405", true), "SR405C6600");
+    EXPECT_EQ(ContractKey("cu2405", "", true), "cu2405");
+    EXPECT_EQ(ContractKey("l2405", "2405", false), "l2405");
+    EXPECT_EQ(ContractKey("l", "2405", false), "l");
+    EXPECT_EQ(ContractKey("x5", "2405", true), "x52405");  // one digit is no month
+}
+
 std::vector<std::string> namesAsked;
 
 std::int32_t CodeOfCopper(const char* name, char* code) {

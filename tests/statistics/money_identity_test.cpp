@@ -65,6 +65,29 @@ TEST_F(MoneyIdentityTest, TakesDepositsAndWithdrawalsWhereTheirSumIsntPrinted) {
     EXPECT_EQ(BalanceBy({}, money), 1007 * kDecimalSteps);
 }
 
+TEST_F(MoneyIdentityTest, LeavesTheCashFlowAsTheRest) {
+    // 1000 + 7 - 20 - 3 = 984; 1034 is closed with
+    PrintedMoney money = MoneyOf({{Opening, 1000}, {ClosedPL, 7}, {PositionPL, -20}, {Fees, 3}, {Closing, 1034}});
+    EXPECT_EQ(CashFlowRest({}, money), 50 * kDecimalSteps);
+    money[CashFlow] = 50 * kDecimalSteps;
+    EXPECT_EQ(CashFlowRest({}, money), 50 * kDecimalSteps);  // the flow isn't taken off itself
+    money[Deposits] = 70 * kDecimalSteps;
+    EXPECT_EQ(CashFlowRest({}, money), 50 * kDecimalSteps);
+    money[Closing] = 934 * kDecimalSteps;
+    EXPECT_EQ(CashFlowRest({}, money), -50 * kDecimalSteps);
+}
+
+TEST_F(MoneyIdentityTest, TakesARestWithinRoundingForNoCashFlow) {
+    // five terms with the closing balance, each of which may be off by half a cent: 250 of 1/10000
+    PrintedMoney money = MoneyOf({{Opening, 1000}, {ClosedPL, 7}, {PositionPL, -20}, {Fees, 3}, {Closing, 984}});
+    *money[Closing] += 250;
+    EXPECT_EQ(CashFlowRest({}, money), 0);
+    *money[Closing] += 1;
+    EXPECT_EQ(CashFlowRest({}, money), 251);
+    *money[Closing] -= 502;
+    EXPECT_EQ(CashFlowRest({}, money), -251);
+}
+
 TEST_F(MoneyIdentityTest, TakesPremiumInEachOfItsForms) {
     PrintedMoney money = MoneyOf({{Opening, 1000}, {PremiumReceived, 30}, {PremiumPaid, 10}, {Premium, 5}});
     money.OptionTurnover = 7 * kDecimalSteps;
