@@ -48,7 +48,7 @@ int Measure(const std::string& folder) {
     const AccountKey account{.user = "demo", .account = "90010002", .kind = "domestic"};
     const std::string database = folder + "/table_bench.db";
     bool isWritten = true;
-    Show("CSV", LeastSecondsOf(kRepeats, [&] { isWritten = isWritten && !SaveCsvSet(folder, source); }));
+    Show("CSV", LeastSecondsOf(kRepeats, [&] { isWritten = isWritten && SaveCsvSet(folder, source).IsEmpty(); }));
     const auto save = [&] {
         isWritten = isWritten && SaveToDatabase(database, account, source, 0).end == DatabaseEnd::Done;
     };

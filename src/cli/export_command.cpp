@@ -51,16 +51,22 @@ bool FailToWait(const std::string& path, const std::string& holder) {
     return FailToWrite(path, holder + " is using it (--wait SECONDS waits longer)");
 }
 
+void FailToRemove(const std::string& path) {
+    Fail("can't remove " + NativePath(path) + ", which the next run does");
+}
+
 bool SaveCsv(const std::string& folder, const ExportSource& source, int wait) {
     if (!MakeFolder(folder)) return FailToWrite(folder, SystemErrorText(LastSystemError()));
     CPlaceGuard guard(folder, wait);
     if (!guard.IsHeld()) {
         return guard.Holder().empty() ? FailToWrite(folder, guard.Reason()) : FailToWait(folder, guard.Holder());
     }
-    if (const auto unwritten = SaveCsvSet(folder, source)) return FailToWrite(unwritten->path, unwritten->reason);
-    if (guard.Release()) return true;
-    Fail("can't remove " + NativePath(guard.Path()) + ", which the next run does");
-    return false;
+    const CsvProblems problems = SaveCsvSet(folder, source);
+    if (problems.unwritten) FailToWrite(problems.unwritten->path, problems.unwritten->reason);
+    if (problems.leftover) FailToRemove(problems.leftover->path);
+    const bool isReleased = guard.Release();
+    if (!isReleased) FailToRemove(guard.Path());
+    return problems.IsEmpty() && isReleased;
 }
 
 bool SaveSqlite(const std::string& path, const AccountKey& account, const ExportSource& source, int wait) {

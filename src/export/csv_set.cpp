@@ -34,8 +34,8 @@ struct CsvFile {
     bool isLost = false;  ///< the one of before could not get back to its place
 };
 
-UnwrittenTable Unwritten(const CsvFile& file) {
-    return {file.path, SystemErrorText(LastSystemError())};
+CsvProblem ProblemAt(const std::string& path) {
+    return {path, SystemErrorText(LastSystemError())};
 }
 
 bool WritePart(const CsvFile& file, const ExportTable& table, const ExportSource& source) {
@@ -53,6 +53,17 @@ bool KeepOlder(CsvFile& file) {
     return file.hasOlder;
 }
 
+/// Puts a file of before back into its place. False if it stays beside it.
+bool PutBack(const CsvFile& file) {
+    if (IsSameFile(file.Older(), file.path)) return true;
+    return MoveOver(file.Older(), file.path) || CopyOver(file.Older(), file.path);
+}
+
+/// What may pass is tried twice.
+bool RemoveSurely(const std::string& path) {
+    return RemoveFile(path) || RemoveFile(path);
+}
+
 /// The set on its way to its places. Whatever isn't put there in full is taken back.
 class CCsvSet {
 public:
@@ -64,48 +75,62 @@ public:
     CCsvSet(const CCsvSet&) = delete;
     CCsvSet& operator=(const CCsvSet&) = delete;
 
-    std::optional<UnwrittenTable> Save(const ExportSource& source) {
-        for (std::size_t i = 0; i < files_.size(); ++i) {
-            ForgetSystemError();
-            if (IsOtherThanFile(files_[i].path)) return UnwrittenTable{files_[i].path, "something else is there"};
-            if (!WritePart(files_[i], tables_[i], source)) return Unwritten(files_[i]);
-        }
-        for (CsvFile& file : files_) {
-            if (!KeepOlder(file)) return Unwritten(file);
-        }
-        return PutAll();
+    CsvProblems Save(const ExportSource& source) {
+        CsvProblems problems;
+        problems.unwritten = WriteAll(source);
+        if (!problems.unwritten) problems.unwritten = PutAll();
+        problems.leftover = RemoveBeside();
+        return problems;
     }
 
 private:
-    std::optional<UnwrittenTable> PutAll() {
+    std::optional<CsvProblem> WriteAll(const ExportSource& source) {
+        for (std::size_t i = 0; i < files_.size(); ++i) {
+            ForgetSystemError();
+            if (IsOtherThanFile(files_[i].path)) return CsvProblem{files_[i].path, "something else is there"};
+            if (!WritePart(files_[i], tables_[i], source)) return ProblemAt(files_[i].path);
+        }
+        for (CsvFile& file : files_) {
+            ForgetSystemError();
+            if (!KeepOlder(file)) return ProblemAt(file.path);
+        }
+        return std::nullopt;
+    }
+
+    std::optional<CsvProblem> PutAll() {
         CFilePlaces places;
         for (std::size_t i = 0; i < files_.size(); ++i) {
             ForgetSystemError();
             if (places.Put(files_[i].Part(), files_[i].path)) continue;
-            const UnwrittenTable failed = Unwritten(files_[i]);
+            const CsvProblem failed = ProblemAt(files_[i].path);
             TakeBack(std::span(files_).first(i + 1));
             return failed;
         }
         return std::nullopt;
     }
 
-    /// One of before that can't get back stays beside its place.
     static void TakeBack(std::span<CsvFile> files) {
         for (CsvFile& file : files) {
             if (file.hasOlder) {
-                file.hasOlder = !MoveOver(file.Older(), file.path);
-                file.isLost = file.hasOlder;
+                file.isLost = !PutBack(file);
             } else {
-                RemoveFile(file.path);
+                RemoveSurely(file.path);
             }
         }
     }
 
-    void RemoveBeside() {
+    /// The first of those that can't be removed.
+    std::optional<CsvProblem> RemoveBeside() {
+        std::optional<CsvProblem> left;
+        const auto remove = [&](const std::string& path) {
+            ForgetSystemError();
+            if (!RemoveSurely(path) && !left) left = ProblemAt(path);
+        };
         for (const CsvFile& file : files_) {
-            RemoveFile(file.Part());
-            if (!file.isLost) RemoveFile(file.Older());
+            remove(file.Part());
+            if (!file.isLost) remove(file.Older());
         }
+        return left;
     }
 
     std::span<const ExportTable> tables_;
@@ -120,7 +145,7 @@ bool IsCsvName(std::string_view name) {
     return std::ranges::find(Tables(), name, &ExportTable::name) != Tables().end();
 }
 
-std::optional<UnwrittenTable> SaveCsvSet(const std::string& folder, const ExportSource& source) {
+CsvProblems SaveCsvSet(const std::string& folder, const ExportSource& source) {
     return CCsvSet(folder, Tables()).Save(source);
 }
 

@@ -29,7 +29,11 @@ protected:
         }
         return files;
     }
-    std::optional<UnwrittenTable> Save() { return SaveCsvSet(folder_.Path(), Source()); }
+    std::optional<CsvProblem> Save() {
+        const CsvProblems problems = SaveCsvSet(folder_.Path(), Source());
+        EXPECT_FALSE(problems.leftover);
+        return problems.unwritten;
+    }
     void AddTrade(const char* day) {
         FillFields<MatchRecord>(report.MatchStore.Add(), kMatchFields, {{"BILL_DATE", day}, {"CONTRACT", "m2405"}});
     }

@@ -97,16 +97,20 @@ DatabaseResult Replace(CSqliteDatabase& database, const AccountKey& account, con
     return {};
 }
 
-/// Takes away a database that this run has made, if nothing came to be in it. Another program that has it open by then
-/// finds that it is gone.
+/// Takes away a database that this run has made, if nothing came to be in it, with a journal of that. Another program
+/// that has it open by then finds that it is gone.
 class CEmptyRemoval {
 public:
     explicit CEmptyRemoval(const std::string& path) : path_(path), isNew_(!StampOf(path)) {}
     ~CEmptyRemoval() {
         if (!isNew_) return;
         const auto stamp = StampOf(path_);
-        if (stamp && stamp->size == 0) RemoveFile(path_);
+        if (!stamp || stamp->size != 0) return;
+        RemoveFile(path_ + "-journal");
+        RemoveFile(path_);
     }
+    /// Another program is at work on it.
+    void LeaveIt() { isNew_ = false; }
     CEmptyRemoval(const CEmptyRemoval&) = delete;
     CEmptyRemoval& operator=(const CEmptyRemoval&) = delete;
 
@@ -114,6 +118,16 @@ private:
     const std::string& path_;
     bool isNew_;
 };
+
+/// A transaction whose end failed may have left its journal: whoever opens the database next takes its way back.
+void TakeWayBack(const std::string& path) {
+    try {
+        CSqliteDatabase database(path, DatabaseOpening::MustBeThere, 0);
+        static_cast<void>(database.TextOf("SELECT count(*) FROM sqlite_master"));
+    } catch (const CSqliteError&) {
+        return;  // then the next run does
+    }
+}
 
 }  // namespace
 
@@ -133,11 +147,14 @@ DatabaseResult LookAtDatabase(const std::string& path) {
 
 DatabaseResult SaveToDatabase(const std::string& path, const AccountKey& account, const ExportSource& source,
                               int wait) {
-    const CEmptyRemoval removal(path);
-    return ResultOf([&] {
+    CEmptyRemoval removal(path);
+    DatabaseResult result = ResultOf([&] {
         CSqliteDatabase database(path, DatabaseOpening::MadeIfMissing, wait);
         return Replace(database, account, source);
     });
+    if (result.end == DatabaseEnd::Failed) TakeWayBack(path);
+    if (result.end == DatabaseEnd::Taken) removal.LeaveIt();
+    return result;
 }
 
 }  // namespace tradebill

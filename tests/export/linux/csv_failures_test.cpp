@@ -38,11 +38,11 @@ protected:
 };
 
 TEST_F(CsvFailures, LeaveTheOlderSetWholeOnAFullDisk) {
-    ASSERT_FALSE(SaveCsvSet(folder_.Path(), Source()));
+    ASSERT_TRUE(SaveCsvSet(folder_.Path(), Source()).IsEmpty());
     const auto before = Found();
     AddTrades(10000);
     const CFileSizeLimit limit(4096);
-    const auto unwritten = SaveCsvSet(folder_.Path(), Source());
+    const auto unwritten = SaveCsvSet(folder_.Path(), Source()).unwritten;
     ASSERT_TRUE(unwritten);
     EXPECT_EQ(unwritten->path, folder_.Path("trades.csv"));
     EXPECT_EQ(unwritten->reason, "File too large");
@@ -50,9 +50,9 @@ TEST_F(CsvFailures, LeaveTheOlderSetWholeOnAFullDisk) {
 }
 
 TEST_F(CsvFailures, KeepTheRightsOfTheOlderFiles) {
-    ASSERT_FALSE(SaveCsvSet(folder_.Path(), Source()));
+    ASSERT_TRUE(SaveCsvSet(folder_.Path(), Source()).IsEmpty());
     ASSERT_EQ(::chmod(folder_.Path("days.csv").c_str(), 0640), 0);
-    ASSERT_FALSE(SaveCsvSet(folder_.Path(), Source()));
+    ASSERT_TRUE(SaveCsvSet(folder_.Path(), Source()).IsEmpty());
     struct stat status {};
     ASSERT_EQ(::stat(folder_.Path("days.csv").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777U, 0640U);
@@ -61,7 +61,7 @@ TEST_F(CsvFailures, KeepTheRightsOfTheOlderFiles) {
 TEST_F(CsvFailures, ReplaceALinkAndLeaveWhatItLeadsTo) {
     const std::string other = folder_.Write("other.txt", "not ours");
     fs::create_symlink(other, folder_.Path("days.csv"));
-    ASSERT_FALSE(SaveCsvSet(folder_.Path(), Source()));
+    ASSERT_TRUE(SaveCsvSet(folder_.Path(), Source()).IsEmpty());
     EXPECT_EQ(ReadFile(other), "not ours");
     EXPECT_FALSE(fs::is_symlink(folder_.Path("days.csv")));
 }
