@@ -9,9 +9,11 @@
 #include <string_view>
 #include <utility>
 
+#include "analysis/analysis.h"
 #include "base/text.h"
 #include "export/json_text.h"
 #include "export/json_writer.h"
+#include "export/run_json.h"
 #include "fuzz_statement.h"
 #include "fuzz_target.h"
 #include "platform/text_encoding.h"
@@ -94,7 +96,7 @@ void FuzzJson(std::string_view bytes) {
     FillStores(report, input);
     FinishFuzzReport(report);
     std::ostringstream out;
-    WriteJson(report, out);
+    WriteJson(report, {.run = RunFacts{}, .analysis = Analyse(report)}, out);
     RequireJson(out.view());
     const auto json = nlohmann::json::parse(out.view());
     RequireFields(report.MatchStore.Rows.front(), json.at("matches").at(0));

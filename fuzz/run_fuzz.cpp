@@ -7,10 +7,12 @@
 #include <string>
 #include <string_view>
 
+#include "analysis/analysis.h"
 #include "base/report_error.h"
 #include "base/text.h"
 #include "base/utf8.h"
 #include "export/json_writer.h"
+#include "export/run_json.h"
 #include "fuzz_statement.h"
 #include "fuzz_target.h"
 #include "page/html_builder.h"
@@ -116,7 +118,7 @@ void FuzzRun(std::string_view bytes) {
     FinishFuzzReport(report);
     RequirePage(report, bytes.find('<') != std::string_view::npos, (settings & 16) != 0);
     std::ostringstream json;
-    WriteJson(report, json);
+    WriteJson(report, {.run = RunFacts{}, .analysis = Analyse(report)}, json);
     RequireJson(json.view());
 }
 

@@ -8,6 +8,7 @@
 #include "cli/output_file.h"
 #include "cli/standard_input.h"
 #include "cli/usage_error.h"
+#include "export/file_digest.h"
 #include "platform/text_encoding.h"
 
 namespace tradebill {
@@ -24,15 +25,19 @@ InputIni Checked(InputIni ini) {
     return ini;
 }
 
+InputIni Parsed(const std::string& name, const std::string& text) {
+    return Checked({.path = name, .file = CIniFile::Parse(text), .digest = DigestOfBytes(name, text)});
+}
+
 }  // namespace
 
 InputIni LoadInputIni(const std::string& path) {
-    return Checked({path, CIniFile::Parse(InputFileText(path, "an INI file"))});
+    return Parsed(path, InputFileText(path, "an INI file"));
 }
 
 InputIni LoadInputIniOrStream(const std::string& path) {
     if (path != kStandardStream) return LoadInputIni(path);
-    return Checked({kStandardInputName, CIniFile::Parse(StandardInputText())});
+    return Parsed(kStandardInputName, StandardInputText());
 }
 
 const CIniFile::Section& RequiredSection(const InputIni& ini, std::string_view name) {

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/ini_file.h"
+#include "export/file_digest.h"
 
 namespace tradebill {
 
@@ -12,6 +13,7 @@ namespace tradebill {
 struct InputIni {
     std::string path;
     CIniFile file;
+    FileDigest digest = {};  ///< of its bytes
 
     /// "FILE, line N"
     [[nodiscard]] std::string Place(int line) const { return path + ", line " + std::to_string(line); }

@@ -68,7 +68,7 @@ void RefuseOtherSections(const InputIni& ini, int currencies) {
 
 }  // namespace
 
-void UseLiveFile(const std::string& path, GenerateBillRequest& request) {
+FileDigest UseLiveFile(const std::string& path, GenerateBillRequest& request) {
     const InputIni ini = LoadInputIni(path);
     request.BaseMoney = MoneyOf(ini, RequiredSection(ini, "BASE"));
     int count = 0;
@@ -79,6 +79,7 @@ void UseLiveFile(const std::string& path, GenerateBillRequest& request) {
     }
     RefuseOtherSections(ini, count);
     request.CurrencyCount = count;
+    return ini.digest;
 }
 
 }  // namespace tradebill

@@ -11,6 +11,7 @@
 #include "cli/input_ini.h"
 #include "cli/unit_table.h"
 #include "cli/usage_error.h"
+#include "export/file_digest.h"
 #include "report/product_text.h"
 #include "report/product_unit.h"
 
@@ -29,17 +30,20 @@ void CProductTables::TakeUnits(const InputIni& ini) {
     }
 }
 
-void CProductTables::LoadUnits(const std::string& path) {
-    TakeUnits(LoadInputIni(path));
+FileDigest CProductTables::LoadUnits(const std::string& path) {
+    const InputIni ini = LoadInputIni(path);
+    TakeUnits(ini);
     tableSource_ = UnitSource::File;
+    return ini.digest;
 }
 
-void CProductTables::LoadCarriedUnits() {
+FileDigest CProductTables::LoadCarriedUnits() {
     TakeUnits({.path = "the carried table", .file = CIniFile::Parse(UnitTableText())});
     tableSource_ = UnitSource::Table;
+    return DigestOfBytes("units.ini", UnitTableText());
 }
 
-void CProductTables::LoadProducts(const std::string& path) {
+FileDigest CProductTables::LoadProducts(const std::string& path) {
     const InputIni ini = LoadInputIni(path);
     for (const CIniFile::Entry& entry : RequiredSection(ini, "PRODUCTS").entries) {
         const std::string code = GbkTextOf(ini, entry, entry.value);
@@ -48,6 +52,7 @@ void CProductTables::LoadProducts(const std::string& path) {
         }
         codes_.emplace(GbkTextOf(ini, entry, entry.key), code);
     }
+    return ini.digest;
 }
 
 ProductUnit CProductTables::Choose(std::string_view product) const {

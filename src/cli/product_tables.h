@@ -12,6 +12,7 @@
 
 #include "base/text_hash.h"
 #include "cli/input_ini.h"
+#include "export/file_digest.h"
 #include "report/product_source.h"
 #include "report/product_unit.h"
 #include "report/trade_units.h"
@@ -23,11 +24,16 @@ namespace tradebill {
 /// REQUIRES: all that it shall know is given before it is asked.
 class CProductTables final : public CProductSource {
 public:
+    // Each returns the digest of what it read.
+
     /// Reads `[UNITS]`, product=unit, which alone decides. Throws CUsageError.
-    void LoadUnits(const std::string& path);
+    FileDigest LoadUnits(const std::string& path);
 
     /// Takes the table that the program carries, for products of which the account's trades tell no unit.
-    void LoadCarriedUnits();
+    FileDigest LoadCarriedUnits();
+
+    /// Reads `[PRODUCTS]`, name=code. Throws CUsageError.
+    FileDigest LoadProducts(const std::string& path);
 
     /// Whether the account's trades have a say.
     [[nodiscard]] bool WantsTrades() const { return tableSource_ == UnitSource::Table; }
@@ -37,9 +43,6 @@ public:
 
     /// All units shall be 1.
     void WaiveUnits() { waived_ = true; }
-
-    /// Reads `[PRODUCTS]`, name=code. Throws CUsageError.
-    void LoadProducts(const std::string& path);
 
     /// Looks up the contract's product (ProductOfContract) to the letter; unknown ones have unit 1.
     [[nodiscard]] std::int32_t UnitOf(std::string_view contract, std::string_view delivery) const override;

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <ostream>
@@ -10,14 +11,17 @@
 #include <string>
 #include <vector>
 
+#include "analysis/analysis.h"
 #include "base/number.h"
 #include "cli/command_table.h"
 #include "cli/out_folder.h"
 #include "cli/output_file.h"
 #include "cli/page_relay.h"
 #include "cli/report_options.h"
+#include "cli/run_facts.h"
 #include "cli/run_findings.h"
 #include "cli/shown_text.h"
+#include "cli/trading_days.h"
 #include "cli/usage_error.h"
 #include "cli/wait_option.h"
 #include "cli/watched_run.h"
@@ -26,10 +30,12 @@
 #include "driver/report_run.h"
 #include "driver/run_problems.h"
 #include "export/json_writer.h"
+#include "export/run_json.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
 #include "page/standalone_page.h"
 #include "platform/desktop.h"
+#include "platform/file.h"
 #include "platform/paths.h"
 #include "report/money_store.h"
 #include "report/report.h"
@@ -105,22 +111,39 @@ MadeReport MakeReportAndFile(CReport& report, const PreparedRequest& prepared, b
     return made;
 }
 
-bool SaveJson(const ReportOutputs& outputs, const CReport& report, const std::string& pagePath,
-              std::span<const Finding> findings) {
-    if (IsOnPage(*outputs.json, outputs, pagePath)) return false;
+/// A run that is over, and all that its JSON tells of it.
+struct FinishedRun {
+    const CReport& report;
+    const PreparedRequest& prepared;
+    const MadeReport& made;
+    const CStatementLog& log;
+    std::span<const Finding> findings;
+    std::int64_t tradingDays;
+};
+
+bool SaveJson(const ReportOutputs& outputs, const FinishedRun& run, const RunFacts& facts) {
+    if (IsOnPage(*outputs.json, outputs, run.made.result->pagePath)) return false;
+    const Analysis analysis = Analyse(run.report, {.tradingDays = run.tradingDays});
     return outputs.json->Save([&](std::ostream& out) {
-        WriteJson(report, out, findings);
+        WriteJson(run.report, {.run = facts, .analysis = analysis, .findings = run.findings}, out);
         return true;
     });
 }
 
+/// Whether it is there; if it isn't, that is told.
+bool FinishJson(const ReportOutputs& outputs, const FinishedRun& run) {
+    std::vector<UnreadFile> unread;
+    const RunFacts facts = FactsOf(run.report, run.prepared, *run.made.result, run.log, unread);
+    for (const UnreadFile& file : unread) Fail(UnreadFileText(file));
+    if (unread.empty() && SaveJson(outputs, run, facts)) return true;
+    Fail("can't write " + outputs.json->Name());
+    return false;
+}
+
 /// Whether all that was asked for is there; what isn't is told.
-bool FinishOutputs(const ReportOutputs& outputs, const CReport& report, const MadeReport& made,
-                   std::span<const Finding> findings) {
-    if (outputs.json && !SaveJson(outputs, report, made.result->pagePath, findings)) {
-        Fail("can't write " + outputs.json->Name());
-        return false;
-    }
+bool FinishOutputs(const ReportOutputs& outputs, const FinishedRun& run) {
+    const MadeReport& made = run.made;
+    if (outputs.json && !FinishJson(outputs, run)) return false;
     if (!made.result->pageWritten) return false;
     if (made.isFileSaved) return true;
     Fail("can't write " + outputs.standalone->Name() + (made.whyNotSaved.empty() ? "" : ": " + made.whyNotSaved));
@@ -146,6 +169,7 @@ CommandRun DeclareReport(CLI::App& app) {
         ->type_name("FILE");
     app.add_option("--out", command->outFolder, "Folder for page and pictures (default: beside the statements)")
         ->type_name("DIR");
+    AddTradingDaysOption(app, command->tradingDays);
     AddWaitOption(app, command->wait);
     app.add_flag("--force", command->force, "Write a page even without a single statement");
     app.add_flag("--open", command->opensPage, "Show the page on the desktop");
@@ -166,7 +190,8 @@ int RunReportCommand(const ReportCommand& command) {
     outputs.isPageOfBefore = IsPageOfBefore(outputs.json, page) || IsPageOfBefore(outputs.standalone, page);
     CReport report;
     CRunFindings faults(report, prepared);
-    options.listener = faults.Listener();
+    CStatementLog log(*faults.Listener());
+    options.listener = outputs.json ? &log : faults.Listener();
     const MadeReport made = outputs.standalone
                                 ? MakeReportAndFile(report, prepared, command.quiet, options, outputs)
                                 : MadeReport{.result = RunWatched(report, prepared, command.quiet, RunReport, options),
@@ -177,7 +202,7 @@ int RunReportCommand(const ReportCommand& command) {
     }
     if (made.result->end == RunEnd::PlaceTaken) return Fail("--wait SECONDS waits longer for the other run");
     const std::vector<Finding> findings = faults.Collect();
-    const bool isDone = FinishOutputs(outputs, report, made, findings);
+    const bool isDone = FinishOutputs(outputs, {report, prepared, made, log, findings, command.tradingDays});
     if (isDone && !command.quiet) ShowSummary(report, *made.result, SummaryStream({outputs.json, outputs.standalone}));
     ShowFindings(findings, command.options);
     if (isDone && command.opensPage) OpenPage(outputs, *made.result);

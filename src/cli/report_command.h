@@ -1,9 +1,11 @@
 // The command `report`: one run of the module, watched and summed up.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
+#include "analysis/analysis.h"
 #include "cli/command_table.h"
 #include "cli/report_options.h"
 #include "cli/wait_option.h"
@@ -16,10 +18,11 @@ struct ReportCommand {
     std::optional<std::string> standaloneFile;  ///< the page with its pictures inside
     std::optional<std::string> outFolder;       ///< for page and pictures; nothing: beside the statements
     bool opensPage = false;
-    int wait = 10;        ///< seconds
-    bool force = false;   ///< write a page even without a single statement
-    bool strict = false;  ///< findings above a note make the exit code 3
-    bool quiet = false;   ///< no progress line and no summary; warnings are shown all the same
+    std::int64_t tradingDays = kUsualTradingDays;  ///< of a year
+    int wait = 10;                                 ///< seconds
+    bool force = false;                            ///< write a page even without a single statement
+    bool strict = false;                           ///< findings above a note make the exit code 3
+    bool quiet = false;                            ///< no progress line and no summary; warnings are shown all the same
 };
 
 [[nodiscard]] CommandRun DeclareReport(CLI::App& app);

@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/day.h"
 #include "base/ini_file.h"
@@ -24,6 +25,7 @@
 #include "cli/usage_error.h"
 #include "driver/bill_folders.h"
 #include "driver/request_names.h"
+#include "export/run_json.h"
 #include "platform/file.h"
 #include "platform/local_time.h"
 #include "platform/paths.h"
@@ -59,10 +61,11 @@ constexpr RequestKey kRequestKeys[] = {
 };
 // clang-format on
 
-/// Fills what `options` leaves open from its request file.
-ReportOptions WithRequestFile(ReportOptions options) {
+/// Fills what `options` leaves open from its request file, if it names one.
+ReportOptions WithRequestFile(ReportOptions options, std::vector<InputRead>& inputs) {
     if (!options.requestFile) return options;
     const InputIni ini = LoadInputIniOrStream(*options.requestFile);
+    inputs.push_back({"request", ini.digest});
     for (const CIniFile::Entry& entry : RequiredSection(ini, "REQUEST").entries) {
         const auto* const known = std::ranges::find_if(
             kRequestKeys, [&](const RequestKey& candidate) { return EqualsIgnoringCase(candidate.key, entry.key); });
@@ -159,14 +162,24 @@ void CheckFolders(const std::string& root, const GenerateBillRequest& request) {
     }
 }
 
-void SetUnits(const ReportOptions& options, const GenerateBillRequest& request, CProductTables& products) {
+void SetUnits(const ReportOptions& options, PreparedRequest& prepared) {
+    CProductTables& products = *prepared.products;
     if (options.unitFile == kNoUnits) {
         products.WaiveUnits();
     } else if (options.unitFile) {
-        products.LoadUnits(*options.unitFile);
-    } else if (request.StatementKind != kForeignKind) {
-        products.LoadCarriedUnits();
+        prepared.inputs.push_back({"units", products.LoadUnits(*options.unitFile)});
+    } else if (prepared.request.StatementKind != kForeignKind) {
+        prepared.inputs.push_back({"carriedUnits", products.LoadCarriedUnits()});
     }
+}
+
+/// The files that say more than the request can.
+void LoadTables(const ReportOptions& options, PreparedRequest& prepared) {
+    SetUnits(options, prepared);
+    if (options.productFile) {
+        prepared.inputs.push_back({"products", prepared.products->LoadProducts(*options.productFile)});
+    }
+    if (options.liveFile) prepared.inputs.push_back({"live", UseLiveFile(*options.liveFile, prepared.request)});
 }
 
 /// Returns whether the format is left to the marks in a statement. Foreign statements have one layout and need none.
@@ -229,8 +242,8 @@ void DeclareReportOptions(CLI::App& command, ReportOptions& options) {
 }
 
 PreparedRequest PrepareRequest(const ReportOptions& given) {
-    const ReportOptions options = WithRequestFile(given);
     PreparedRequest prepared;
+    const ReportOptions options = WithRequestFile(given, prepared.inputs);
     GenerateBillRequest& request = prepared.request;
     const std::string root = Required(options.root, "--root", "the folder that holds Users, sys and BillTemplate");
     SetName(request.UserFolder, Required(options.user, "--user", "the user's folder below Users"), "--user");
@@ -244,9 +257,7 @@ PreparedRequest PrepareRequest(const ReportOptions& given) {
     prepared.statementLimit = StatementLimitOf(options.maxStatement);
     SetDates(options, prepared);
     CheckFolders(root, request);
-    SetUnits(options, request, *prepared.products);
-    if (options.productFile) prepared.products->LoadProducts(*options.productFile);
-    if (options.liveFile) UseLiveFile(*options.liveFile, request);
+    LoadTables(options, prepared);
     prepared.rootFolder = RootFolderAt(root);
     if (byMarks) SetFormatByMarks(prepared);
     return prepared;

@@ -8,6 +8,7 @@
 
 #include "cli/product_tables.h"
 #include "driver/report_request.h"
+#include "export/run_json.h"
 #include "readers/statement_limit.h"
 #include "report/request_copy.h"
 
@@ -45,6 +46,7 @@ struct PreparedRequest {
     std::string rootFolder;
     StatementLimit statementLimit = {};
     std::unique_ptr<CProductTables> products = std::make_unique<CProductTables>();  ///< never null
+    std::vector<InputRead> inputs;                                                  ///< the files that it is made of
     std::vector<std::string> warnings;
     std::vector<std::string> notes;  ///< what was chosen for the user
     bool lacksLiveFigures = false;   ///< the report ends today, and has no live figures

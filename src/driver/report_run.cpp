@@ -139,7 +139,8 @@ bool Begin(CReport& report, const GenerateBillRequest& request, RunResult& resul
         return false;
     }
     // Before the copy: the chain file follows the kind of the call before.
-    if (auto unread = report.ChainTable.Load(ChainPath(report))) result.problems.inputs.push_back(*std::move(unread));
+    result.chainPath = ChainPath(report);
+    if (auto unread = report.ChainTable.Load(result.chainPath)) result.problems.inputs.push_back(*std::move(unread));
     report.Request = CopyRequest(request);
     report.TemplatePath = TemplatePath(report);
     const std::time_t now = PresentTime();

@@ -37,6 +37,7 @@ struct RunResult {
     int picturesSaved = 0;
     bool pageWritten = false;
     std::string pagePath;
+    std::string chainPath;           ///< where the chain file was looked for; empty if the run didn't come so far
     std::vector<ProductUnit> units;  ///< that the products' source says were asked for
     RunProblems problems;
 };

@@ -14,6 +14,7 @@
 #include <string_view>
 
 #include "base/word_bytes.h"
+#include "export/plain_decimal.h"
 #include "platform/text_encoding.h"
 
 namespace tradebill {
@@ -73,9 +74,19 @@ void CJsonText::Null() {
     Put("null");
 }
 
-void CJsonText::Number(std::int32_t number) {
+void CJsonText::Truth(bool value) {
     Separate();
-    std::array<char, 16> digits;
+    Put(value ? "true" : "false");
+}
+
+void CJsonText::Decimal(const CPlainDecimal& decimal) {
+    Separate();
+    Put(decimal.IsNumber() ? decimal.View() : "null");
+}
+
+void CJsonText::Number(std::int64_t number) {
+    Separate();
+    std::array<char, 24> digits;
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
     Put(std::string_view(digits.data(), static_cast<std::size_t>(end - digits.data())));
 }

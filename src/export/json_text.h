@@ -11,6 +11,8 @@
 
 namespace tradebill {
 
+class CPlainDecimal;
+
 /// Writes values in the order of the calls and sets the commas. Nothing checks that names and brackets match; what it
 /// writes for each value is what the JSON library writes. The last block reaches `out` when this ends.
 class CJsonText {
@@ -33,7 +35,11 @@ public:
     /// A text that is UTF-8 already; what is no UTF-8 in it becomes U+FFFD.
     void Utf8Text(std::string_view utf8);
     void Null();
-    void Number(std::int32_t number);
+    void Truth(bool value);
+    void Number(std::int32_t number) { Number(std::int64_t{number}); }
+    void Number(std::int64_t number);
+    /// A number as it is printed, or null for what is none.
+    void Decimal(const CPlainDecimal& decimal);
 
     /// Reads back to the same double; infinities and NaN are the texts "inf", "-inf" and "nan".
     void Number(double number);

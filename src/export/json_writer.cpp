@@ -4,15 +4,17 @@
 #include <cstdint>
 #include <iosfwd>
 #include <memory>
-#include <span>
 #include <string>
 #include <string_view>
 #include <variant>
-#include <vector>
 
+#include "base/gbk.h"
+#include "base/text.h"
+#include "export/analysis_json.h"
 #include "export/findings_json.h"
 #include "export/json_text.h"
-#include "findings/finding.h"
+#include "export/plain_decimal.h"
+#include "export/run_json.h"
 #include "report/account_statistics.h"
 #include "report/chain_table.h"
 #include "report/currency_money_store.h"
@@ -20,8 +22,6 @@
 #include "report/figure_fields.h"
 #include "report/money_record.h"
 #include "report/money_store.h"
-#include "report/product_source.h"
-#include "report/product_unit.h"
 #include "report/record_fields.h"
 #include "report/records.h"
 #include "report/report.h"
@@ -44,11 +44,62 @@ void WriteTexts(CJsonText& json, const Record& record, const TextField<Record> (
     }
 }
 
-template <class Owner, std::size_t N>
-void WriteFigures(CJsonText& json, const Owner& owner, const FigureField<Owner> (&fields)[N]) {
+/// The amounts among the fields, as numbers. The object is left open.
+template <class Record, std::size_t N>
+void OpenValues(CJsonText& json, const Record& record, const TextField<Record> (&fields)[N]) {
+    json.Name("values");
+    json.OpenObject();
     for (const auto& field : fields) {
+        if (!field.isAmount) continue;
+        json.Name(field.name);
+        json.Decimal(CPlainDecimal(field.Text(record)));
+    }
+}
+
+template <class Record, std::size_t N>
+void WriteRecord(CJsonText& json, const Record& record, const TextField<Record> (&fields)[N]) {
+    WriteTexts(json, record, fields);
+    OpenValues(json, record, fields);
+    json.CloseObject();
+}
+
+template <class Owner, std::size_t N>
+void WriteFiguresThat(CJsonText& json, const Owner& owner, const FigureField<Owner> (&fields)[N], bool areInner) {
+    for (const auto& field : fields) {
+        if (field.isInner != areInner) continue;
         json.Name(field.name);
         WriteFigure(json, field.value(owner));
+    }
+}
+
+/// The figures, and in an object of their own the inner ones, which is left open.
+template <class Owner, std::size_t N>
+void OpenInnerFigures(CJsonText& json, const Owner& owner, const FigureField<Owner> (&fields)[N]) {
+    WriteFiguresThat(json, owner, fields, false);
+    json.Name("inner");
+    json.OpenObject();
+    WriteFiguresThat(json, owner, fields, true);
+}
+
+/// The side of a closed position, and that of the trade that closed it; empty if the row names none.
+struct ClosedSides {
+    std::string_view position = {};
+    std::string_view trade = {};
+};
+
+/// Of `side`, which is the position's: readers turn it where a statement prints the trade's.
+ClosedSides SidesOf(std::string_view side) {
+    if (Contains(side, "买"_gbk)) return {.position = "long", .trade = "sell"};
+    if (Contains(side, "卖"_gbk)) return {.position = "short", .trade = "buy"};
+    return {};
+}
+
+void WriteTextOrNull(CJsonText& json, std::string_view name, std::string_view text) {
+    json.Name(name);
+    if (text.empty()) {
+        json.Null();
+    } else {
+        json.Text(text);
     }
 }
 
@@ -58,29 +109,37 @@ void WriteMembers(CJsonText& json, const CMoneyStore& store);
 
 void WriteMembers(CJsonText& json, const MoneyRecord& record) {
     WriteTexts(json, record, kMoneyFields);
+    OpenValues(json, record, kMoneyFields);
     json.Name("EXCHANGE_RATE");
     json.Number(record.EXCHANGE_RATE);
+    json.CloseObject();
 }
 
 void WriteMembers(CJsonText& json, const MatchRecord& record) {
-    WriteTexts(json, record, kMatchFields);
+    WriteRecord(json, record, kMatchFields);
 }
 
 void WriteMembers(CJsonText& json, const PingDetail& record) {
     WriteTexts(json, record, kPingFields);
+    const ClosedSides sides = SidesOf(FieldText(record.BID));
+    WriteTextOrNull(json, "side", sides.position);
+    WriteTextOrNull(json, "tradeSide", sides.trade);
+    OpenValues(json, record, kPingFields);
+    json.CloseObject();
 }
 
 void WriteMembers(CJsonText& json, const OpiDetail& record) {
-    WriteTexts(json, record, kOpiDetailFields);
+    WriteRecord(json, record, kOpiDetailFields);
 }
 
 void WriteMembers(CJsonText& json, const OpiSum& record) {
-    WriteTexts(json, record, kOpiSumFields);
+    WriteRecord(json, record, kOpiSumFields);
 }
 
 void WriteMembers(CJsonText& json, const ContractOffset& offset) {
     WriteTexts(json, offset, kOffsetFields);
-    WriteFigures(json, offset, kOffsetFigures);
+    OpenInnerFigures(json, offset, kOffsetFigures);
+    json.CloseObject();
 }
 
 void WriteMembers(CJsonText& json, const CContractChain& chain) {
@@ -93,15 +152,16 @@ void WriteMembers(CJsonText& json, const CContractChain& chain) {
 }
 
 void WriteMembers(CJsonText& json, const DayFigure& day) {
-    WriteFigures(json, day, kDayFigures);
+    WriteFiguresThat(json, day, kDayFigures, false);
 }
 
 void WriteMembers(CJsonText& json, const ContractPosition& position) {
-    WriteFigures(json, position, kPositionFigures);
+    WriteFiguresThat(json, position, kPositionFigures, false);
 }
 
 void WriteMembers(CJsonText& json, const CAccountStatistics& account) {
-    WriteFigures(json, account, kAccountFigures);
+    OpenInnerFigures(json, account, kAccountFigures);
+    json.CloseObject();
 }
 
 template <class Owner>
@@ -126,16 +186,18 @@ void WriteList(CJsonText& json, std::string_view name, const Elements& elements)
 }
 
 void WriteMembers(CJsonText& json, const CDayUsage& usage) {
-    WriteFigures(json, usage, kUsageFigures);
+    OpenInnerFigures(json, usage, kUsageFigures);
     WriteList(json, "Positions", usage.Positions);
+    json.CloseObject();
 }
 
 void WriteMembers(CJsonText& json, const CMoneyStore& store) {
-    WriteFigures(json, store, kMoneyFigures);
+    OpenInnerFigures(json, store, kMoneyFigures);
     json.Name("ChartSizes");
     json.OpenList();
     for (const int pixels : store.ChartSizes) json.Number(pixels);
     json.CloseList();
+    json.CloseObject();
     WriteList(json, "Records", store.Records);
 }
 
@@ -172,29 +234,19 @@ void WriteCurrencies(CJsonText& json, const CCurrencyMoneyStore& stores) {
     json.CloseList();
 }
 
-void WriteUnits(CJsonText& json, const CProductSource* products) {
-    NameMember(json, "units");
-    json.OpenList();
-    for (const ProductUnit& used : products == nullptr ? std::vector<ProductUnit>() : products->UsedUnits()) {
-        json.OpenObject();
-        json.Name("product");
-        json.Text(used.product);
-        json.Name("unit");
-        json.Number(used.unit);
-        json.Name("source");
-        json.Text(UnitSourceName(used.source));
-        json.CloseObject();
-    }
-    json.CloseList();
-}
-
 }  // namespace
 
-void WriteJson(const CReport& report, std::ostream& out, std::span<const Finding> findings) {
+void WriteJson(const CReport& report, const JsonParts& parts, std::ostream& out) {
     CJsonText json(out);
     json.OpenObject();
-    json.Name("money");
+    json.Name("schema");
     json.Space(' ');
+    json.Number(kJsonSchema);
+    NameMember(json, "program");
+    json.Utf8Text("tradebill " TRADEBILL_VERSION);
+    NameMember(json, "run");
+    WriteRun(json, report, parts.run);
+    NameMember(json, "money");
     WriteObject(json, report.MoneyStore);
     WriteCurrencies(json, report.CurrencyMoneyStore);
     WriteLines(json, "matches", report.MatchStore.Rows);
@@ -207,9 +259,10 @@ void WriteJson(const CReport& report, std::ostream& out, std::span<const Finding
     WriteLines(json, "usage", report.TradeStatistics.DayUsages.Days);
     NameMember(json, "account");
     WriteObject(json, report.AccountStatistics);
-    WriteUnits(json, report.Products);
+    NameMember(json, "analysis");
+    WriteAnalysis(json, parts.analysis);
     NameMember(json, "findings");
-    WriteFindings(json, findings);
+    WriteFindings(json, parts.findings);
     json.CloseObject();
     json.EndLine();
 }

@@ -21,9 +21,12 @@ template <class Owner>
 struct FigureField {
     std::string_view name;
     FigureValue (*value)(const Owner& owner);
+    bool isInner = false;  ///< a step on the way to what the report shows; neither page nor pictures show it
 };
 
 namespace figures {
+
+inline constexpr bool kInner = true;
 
 template <class Member>
 struct OwnerOf;
@@ -44,8 +47,8 @@ FigureValue Of(const typename OwnerOf<decltype(Member)>::Owner& owner) {
 inline constexpr FigureField<ContractOffset> kOffsetFigures[] = {
     {"LONG_VOL",         figures::Of<&ContractOffset::LONG_VOL>},
     {"SHORT_VOL",        figures::Of<&ContractOffset::SHORT_VOL>},
-    {"LONG_PL",          figures::Of<&ContractOffset::LONG_PL>},
-    {"SHORT_PL",         figures::Of<&ContractOffset::SHORT_PL>},
+    {"LONG_PL",          figures::Of<&ContractOffset::LONG_PL>, figures::kInner},
+    {"SHORT_PL",         figures::Of<&ContractOffset::SHORT_PL>, figures::kInner},
     {"LONG_COUNT",       figures::Of<&ContractOffset::LONG_COUNT>},
     {"SHORT_COUNT",      figures::Of<&ContractOffset::SHORT_COUNT>},
     {"LONG_WIN_COUNT",   figures::Of<&ContractOffset::LONG_WIN_COUNT>},
@@ -90,18 +93,18 @@ inline constexpr FigureField<CDayUsage> kUsageFigures[] = {
     {"Day",        figures::Of<&CDayUsage::Day>},
     {"Margin",     figures::Of<&CDayUsage::Margin>},
     {"Equity",     figures::Of<&CDayUsage::Equity>},
-    {"HasFigures", figures::Of<&CDayUsage::HasFigures>},
+    {"HasFigures", figures::Of<&CDayUsage::HasFigures>, figures::kInner},
     {"Risk",       figures::Of<&CDayUsage::Risk>},
 };
 
 inline constexpr FigureField<CAccountStatistics> kAccountFigures[] = {
-    {"WinCount",      figures::Of<&CAccountStatistics::WinCount>},
-    {"LoseCount",     figures::Of<&CAccountStatistics::LoseCount>},
-    {"FlatCount",     figures::Of<&CAccountStatistics::FlatCount>},
-    {"InitialEquity", figures::Of<&CAccountStatistics::InitialEquity>},
-    {"MaxEquity",     figures::Of<&CAccountStatistics::MaxEquity>},
-    {"MinEquity",     figures::Of<&CAccountStatistics::MinEquity>},
-    {"TotalPL",       figures::Of<&CAccountStatistics::TotalPL>},
+    {"WinCount",      figures::Of<&CAccountStatistics::WinCount>, figures::kInner},
+    {"LoseCount",     figures::Of<&CAccountStatistics::LoseCount>, figures::kInner},
+    {"FlatCount",     figures::Of<&CAccountStatistics::FlatCount>, figures::kInner},
+    {"InitialEquity", figures::Of<&CAccountStatistics::InitialEquity>, figures::kInner},
+    {"MaxEquity",     figures::Of<&CAccountStatistics::MaxEquity>, figures::kInner},
+    {"MinEquity",     figures::Of<&CAccountStatistics::MinEquity>, figures::kInner},
+    {"TotalPL",       figures::Of<&CAccountStatistics::TotalPL>, figures::kInner},
     {"MaxDrawdown",   figures::Of<&CAccountStatistics::MaxDrawdown>},
     {"WinRate",       figures::Of<&CAccountStatistics::WinRate>},
     {"ProfitRate",    figures::Of<&CAccountStatistics::ProfitRate>},
@@ -118,15 +121,15 @@ inline constexpr FigureField<CMoneyStore> kMoneyFigures[] = {
     {"TotalClosedPL",   figures::Of<&CMoneyStore::TotalClosedPL>},
     {"TotalPositionPL", figures::Of<&CMoneyStore::TotalPositionPL>},
     {"TotalCashFlow",   figures::Of<&CMoneyStore::TotalCashFlow>},
-    {"FirstCashFlow",   figures::Of<&CMoneyStore::FirstCashFlow>},
+    {"FirstCashFlow",   figures::Of<&CMoneyStore::FirstCashFlow>, figures::kInner},
     {"Available",       figures::Of<&CMoneyStore::Available>},
-    {"MinEquity",       figures::Of<&CMoneyStore::MinEquity>},
-    {"MaxEquity",       figures::Of<&CMoneyStore::MaxEquity>},
-    {"MinDayPL",        figures::Of<&CMoneyStore::MinDayPL>},
-    {"MaxDayPL",        figures::Of<&CMoneyStore::MaxDayPL>},
+    {"MinEquity",       figures::Of<&CMoneyStore::MinEquity>, figures::kInner},
+    {"MaxEquity",       figures::Of<&CMoneyStore::MaxEquity>, figures::kInner},
+    {"MinDayPL",        figures::Of<&CMoneyStore::MinDayPL>, figures::kInner},
+    {"MaxDayPL",        figures::Of<&CMoneyStore::MaxDayPL>, figures::kInner},
     {"FrozenB",         figures::Of<&CMoneyStore::FrozenB>},
     {"FrozenA",         figures::Of<&CMoneyStore::FrozenA>},
-    {"HostPositionPL",  figures::Of<&CMoneyStore::HostPositionPL>},
+    {"HostPositionPL",  figures::Of<&CMoneyStore::HostPositionPL>, figures::kInner},
     {"PositionMargin",  figures::Of<&CMoneyStore::PositionMargin>},
     {"Count",           [](const CMoneyStore& store) -> FigureValue { return store.Count(); }},
     {"TotalFees",       figures::Of<&CMoneyStore::TotalFees>},

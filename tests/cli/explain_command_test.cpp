@@ -3,16 +3,15 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "cli/explain_fixture.h"
 #include "cli/scan_report.h"
 #include "cli/usage_error.h"
-#include "export/json_writer.h"
 #include "readers/statement_loader.h"
 #include "report/report.h"
+#include "support/report_json.h"
 
 namespace tradebill::explain_command_test {
 namespace {
@@ -143,9 +142,7 @@ TEST_F(ExplainCommandRun, LeavesInTheStoresWhatAPlainReadingLeaves) {
         report.Request.StatementKind = 1;
         CStatementLoader(report).Read("20240102", text, listener);
         EXPECT_EQ(report.MatchStore.Count(), 2);
-        std::ostringstream stores;
-        WriteJson(report, stores);
-        return stores.str();
+        return ReportJson(report);
     };
     CScanReport seen(text);
     EXPECT_EQ(storesAfterReading(&seen), storesAfterReading(nullptr));

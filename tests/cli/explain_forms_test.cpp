@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <optional>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,10 +9,10 @@
 #include "cli/damaged_samples.h"
 #include "cli/format_choice.h"
 #include "cli/scan_report.h"
-#include "export/json_writer.h"
 #include "readers/statement_loader.h"
 #include "report/report.h"
 #include "report/request_copy.h"
+#include "support/report_json.h"
 
 namespace tradebill::explain_forms_test {
 namespace {
@@ -178,13 +177,6 @@ TEST_P(ExplanationForms, CountSectionsAndMoneyRecordsOnce) {
     EXPECT_EQ(json.at("money_records"), records);
 }
 
-/// Everything that a report keeps, as text.
-std::string StoresOf(const CReport& report) {
-    std::ostringstream out;
-    WriteJson(report, out);
-    return out.str();
-}
-
 TEST_P(ExplanationForms, LeaveTheStoresAsAPlainReadingDoes) {
     const auto ask = [](CReport& report) {
         report.Request.StatementFormat = FormatNumber(std::string(Sample().format), true);
@@ -202,7 +194,7 @@ TEST_P(ExplanationForms, LeaveTheStoresAsAPlainReadingDoes) {
     ask(plain);
     const std::string path = folder_.Write("plain.txt", text);
     EXPECT_EQ(CStatementLoader(plain).Load("20240129", path).state, StatementState::Read);
-    EXPECT_EQ(StoresOf(plain), StoresOf(explained));
+    EXPECT_EQ(ReportJson(plain), ReportJson(explained));
 }
 
 TEST_P(ExplanationForms, LeaveNothingOfTheStatementBefore) {

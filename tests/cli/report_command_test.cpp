@@ -112,8 +112,8 @@ TEST_F(Command, WritesJsonOfTheRun) {
     EXPECT_EQ(json["money"]["Records"].size(), 1U);
     EXPECT_EQ(json["money"]["StartDateText"], "2024-01-02");
     EXPECT_EQ(json["positions"][0]["BID"], "买");
-    EXPECT_EQ(json["usage"][0]["Positions"][0]["Product"], "i");
-    EXPECT_EQ(json["account"]["InitialEquity"], 1500.25);
+    EXPECT_EQ(json["usage"][0]["inner"]["Positions"][0]["Product"], "i");
+    EXPECT_EQ(json["account"]["inner"]["InitialEquity"], 1500.25);
 }
 
 TEST_F(Command, ReplacesTheJsonOfAnEarlierRun) {

@@ -30,7 +30,7 @@ protected:
         const Answer answer = Run(Report("--quiet --json " + Quoted(file) + " " + more));
         EXPECT_EQ(answer.exit, 0) << answer.err;
         doubts_ = answer.err;
-        units_ = Json::parse(ReadFile(file))["units"];
+        units_ = Json::parse(ReadFile(file))["run"]["units"];
         return ReadFile(PageFile());
     }
     [[nodiscard]] std::string FileOfSample() const { return "--units " + Quoted(sample_ + "/units.ini"); }
@@ -138,7 +138,7 @@ TEST_F(UnitOption, NeedsntBeGivenForWhatLaterTradesTell) {
     const std::string file = folder_.Path("run.json");
     ASSERT_EQ(Run(Options() + " --quiet --json " + Quoted(file)).exit, 0);
     const Json json = Json::parse(ReadFile(file));
-    EXPECT_EQ(json["units"], Json::parse(R"([{"product": "xx", "unit": 7, "source": "trades"}])"));
+    EXPECT_EQ(json["run"]["units"], Json::parse(R"([{"product": "xx", "unit": 7, "source": "trades"}])"));
     EXPECT_EQ(json["offsets"][0]["LONG_WIN_PL"], 700);  // 200 - 100 for one lot of 7
 }
 

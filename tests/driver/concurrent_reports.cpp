@@ -19,9 +19,11 @@
 #include <thread>
 #include <vector>
 
+#include "analysis/analysis.h"
 #include "cli/report_options.h"
 #include "driver/report_run.h"
 #include "export/json_writer.h"
+#include "export/run_json.h"
 #include "report/report.h"
 #include "support/work_folder.h"
 
@@ -82,7 +84,7 @@ Result MakeReport(const Job& job, const fs::path& folder) {
         if (entry.is_regular_file()) result[entry.path().filename().string()] = BytesOf(entry.path());
     }
     std::ostringstream json;
-    WriteJson(report, json);
+    WriteJson(report, {.run = RunFacts{}, .analysis = Analyse(report)}, json);
     result["JSON"] = json.str();
     return result;
 }

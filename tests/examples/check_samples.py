@@ -133,17 +133,29 @@ def amount(records, field):
     return sum((record[field] or 0 for record in records if field in record), Decimal(0))
 
 
+def number_in(text):
+    """What a printed amount is as a number of the JSON."""
+    return Decimal(text.replace(",", "")) if re.fullmatch(r"\s*[-+]?[\d,]*\.?\d*\s*", text) and text.strip() else None
+
+
+def check_record(differences, what, record, got):
+    """Each text of a record, and each number beside it."""
+    for field, text in got.items():
+        if field not in ("values", "side", "tradeSide"):
+            differences.compare(f"{what} {field}", record.get(field, ""), text)
+    for field, value in got["values"].items():
+        if field != "EXCHANGE_RATE":
+            differences.compare(f"{what} value of {field}", number_in(got[field]), value)
+
+
 def check_money(differences, what, records, store):
     """The record of every day field by field, and the sums of the range."""
     differences.compare(f"{what} count", len(records), store["Count"])
     differences.compare(f"{what} days", [record["BILL_DATE"] for record in records],
                         [record["BILL_DATE"] for record in store["Records"]])
     for record, got in zip(records, store["Records"]):
-        for field, text in got.items():
-            if field == "EXCHANGE_RATE":
-                differences.compare(f"{what} {record['BILL_DATE']} {field}", Decimal(1), text)
-            else:
-                differences.compare(f"{what} {record['BILL_DATE']} {field}", record.get(field, ""), text)
+        check_record(differences, f"{what} {record['BILL_DATE']}", record, got)
+        differences.compare(f"{what} {record['BILL_DATE']} EXCHANGE_RATE", Decimal(1), got["values"]["EXCHANGE_RATE"])
     for name, printed in (("OpeningEquity", records[0]["QCQY"]), ("ClosingEquity", records[-1]["KHQY"]),
                           ("TotalClosedPL", amount(records, "PCYK")), ("TotalPositionPL", amount(records, "CCDSYK")),
                           ("TotalCashFlow", amount(records, "CRJ")), ("TotalFees", amount(records, "SXF")),
@@ -157,9 +169,10 @@ def check_stores(differences, book, found):
     for store in STORES:
         differences.compare(f"{store} count", len(book.stores[store]), len(found[store]))
         for position, (row, got) in enumerate(zip(book.stores[store], found[store])):
-            for field, text in got.items():
-                differences.compare(f"{store}[{position}] {row['BILL_DATE']} {row['CONTRACT']} {field}",
-                                    row.get(field, ""), text)
+            check_record(differences, f"{store}[{position}] {row['BILL_DATE']} {row['CONTRACT']}", row, got)
+            if store == "closed":
+                sides = {"买": ("long", "sell"), "卖": ("short", "buy")}[row["BID"].strip()[0]]
+                differences.compare(f"closed[{position}] sides", sides, (got["side"], got["tradeSide"]))
     differences.compare("chains count", book.chains, len(found["chains"]))
     check_money(differences, "money", book.money, found["money"])
     differences.compare("currencies", list(book.currencies), [entry["name"] for entry in found["currencies"]])

@@ -6,15 +6,14 @@
 #include <limits>
 #include <memory>
 #include <nlohmann/json.hpp>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <utility>
 
 #include "base/text.h"
-#include "export/json_writer.h"
 #include "report/records.h"
 #include "support/gbk_text.h"
+#include "support/report_json.h"
 #include "support/store_fixture.h"
 
 namespace tradebill::json_values_test {
@@ -26,11 +25,7 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 class JsonValues : public StoreFixture {
 protected:
-    [[nodiscard]] std::string Text() const {
-        std::ostringstream out;
-        WriteJson(report, out);
-        return out.str();
-    }
+    [[nodiscard]] std::string Text() const { return ReportJson(report); }
     [[nodiscard]] Json Written() const { return Json::parse(Text()); }
 
     /// What a text of these bytes is written as.
@@ -67,7 +62,7 @@ TEST_F(JsonValues, AreTextsIfTheyAreNoNumbers) {
     EXPECT_EQ(json["money"]["Available"], "-inf");
     EXPECT_EQ(json["money"]["TotalFees"], "nan");
     EXPECT_EQ(json["money"]["TotalClosedPL"], "nan");
-    EXPECT_EQ(json["money"]["Records"][0]["EXCHANGE_RATE"], "inf");
+    EXPECT_EQ(json["money"]["Records"][0]["values"]["EXCHANGE_RATE"], "inf");
     EXPECT_EQ(json["account"]["MaxRisk"], "inf");
     EXPECT_EQ(json["days"][0]["Yield"], "-inf");
     EXPECT_EQ(json["usage"][0]["Risk"], "nan");

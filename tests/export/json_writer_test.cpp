@@ -7,7 +7,6 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <span>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -16,6 +15,7 @@
 #include "base/text.h"
 #include "report/records.h"
 #include "support/gbk_text.h"
+#include "support/report_json.h"
 #include "support/store_fixture.h"
 
 namespace tradebill::json_writer_test {
@@ -31,25 +31,25 @@ Names KeysOf(const Json& object) {
 }
 
 const Names kMoneyKeys = {"LastHostCurrent", "OpeningEquity", "ClosingEquity", "TotalClosedPL", "TotalPositionPL",
-                          "TotalCashFlow",   "FirstCashFlow", "Available",     "MinEquity",     "MaxEquity",
-                          "MinDayPL",        "MaxDayPL",      "FrozenB",       "FrozenA",       "HostPositionPL",
-                          "PositionMargin",  "Count",         "TotalFees",     "TotalPremium",  "StartDateText",
-                          "EndDateText",     "ChartSizes",    "Records"};
+                          "TotalCashFlow",   "Available",     "FrozenB",       "FrozenA",       "PositionMargin",
+                          "Count",           "TotalFees",     "TotalPremium",  "StartDateText", "EndDateText",
+                          "inner",           "Records"};
+const Names kInnerMoneyKeys = {"FirstCashFlow", "MinEquity",      "MaxEquity", "MinDayPL",
+                               "MaxDayPL",      "HostPositionPL", "ChartSizes"};
 
 class JsonWriter : public StoreFixture {
 protected:
-    [[nodiscard]] std::string Text() const {
-        std::ostringstream out;
-        WriteJson(report, out);
-        return out.str();
-    }
+    [[nodiscard]] std::string Text() const { return ReportJson(report); }
     [[nodiscard]] Json Written() const { return Json::parse(Text()); }
 };
 
-TEST_F(JsonWriter, WritesOneObjectOfThirteenMembers) {
-    const std::string text = Text();
-    EXPECT_EQ(KeysOf(Json::parse(text)), (Names{"money", "currencies", "matches", "closed", "positions", "positionSums",
-                                                "offsets", "chains", "days", "usage", "account", "units", "findings"}));
+TEST_F(JsonWriter, WritesOneObjectBehindItsSchema) {
+    const Json json = Written();
+    EXPECT_EQ(KeysOf(json),
+              (Names{"schema", "program", "run", "money", "currencies", "matches", "closed", "positions",
+                     "positionSums", "offsets", "chains", "days", "usage", "account", "analysis", "findings"}));
+    EXPECT_EQ(json["schema"], 1);
+    EXPECT_EQ(json["program"], "tradebill " TRADEBILL_VERSION);
 }
 
 TEST_F(JsonWriter, WritesEmptyStoresAsEmptyLists) {
@@ -60,7 +60,7 @@ TEST_F(JsonWriter, WritesEmptyStoresAsEmptyLists) {
     }
     EXPECT_EQ(json["money"]["Records"], Json::array());
     EXPECT_EQ(json["money"]["Count"], 0);
-    EXPECT_EQ(json["money"]["ChartSizes"], Json({0, 0, 0, 0, 0, 0, 0, 0}));
+    EXPECT_EQ(json["money"]["inner"]["ChartSizes"], Json({0, 0, 0, 0, 0, 0, 0, 0}));
 }
 
 TEST_F(JsonWriter, WritesTheAccountsMoney) {
@@ -70,37 +70,44 @@ TEST_F(JsonWriter, WritesTheAccountsMoney) {
     report.MoneyStore.TotalClosedPL = 4;
     report.MoneyStore.TotalPositionPL = 5;
     report.MoneyStore.TotalCashFlow = 6;
-    report.MoneyStore.FirstCashFlow = 7;
-    report.MoneyStore.Available = 8;
-    report.MoneyStore.MinEquity = 9;
-    report.MoneyStore.MaxEquity = 10;
-    report.MoneyStore.MinDayPL = 11;
-    report.MoneyStore.MaxDayPL = 12;
-    report.MoneyStore.FrozenB = 13;
-    report.MoneyStore.FrozenA = 14;
-    report.MoneyStore.HostPositionPL = 15;
-    report.MoneyStore.PositionMargin = 16;
-    report.MoneyStore.TotalFees = 18;
-    report.MoneyStore.TotalPremium = 19;
+    report.MoneyStore.Available = 7;
+    report.MoneyStore.FrozenB = 8;
+    report.MoneyStore.FrozenA = 9;
+    report.MoneyStore.PositionMargin = 10;
+    report.MoneyStore.TotalFees = 12;
+    report.MoneyStore.TotalPremium = 13;
     report.MoneyStore.StartDateText = "2024-01-02";
     report.MoneyStore.EndDateText = "2024-01-03";
-    report.MoneyStore.ChartSizes = {1, 2, 3, 4, 5, 6, 7, 8};
     const Json money = Written()["money"];
     EXPECT_EQ(KeysOf(money), kMoneyKeys);
-    for (std::size_t i = 0; i < 19; ++i) {
+    for (std::size_t i = 0; i < 13; ++i) {
         const int expected = kMoneyKeys[i] == "Count" ? 0 : static_cast<int>(i) + 1;
         EXPECT_EQ(money[kMoneyKeys[i]], expected) << kMoneyKeys[i];
     }
     EXPECT_EQ(money["StartDateText"], "2024-01-02");
     EXPECT_EQ(money["EndDateText"], "2024-01-03");
-    EXPECT_EQ(money["ChartSizes"], Json({1, 2, 3, 4, 5, 6, 7, 8}));
+}
+
+/// What neither page nor pictures show.
+TEST_F(JsonWriter, NamesInnerMoneyFiguresAsSuch) {
+    report.MoneyStore.FirstCashFlow = 1;
+    report.MoneyStore.MinEquity = 2;
+    report.MoneyStore.MaxEquity = 3;
+    report.MoneyStore.MinDayPL = 4;
+    report.MoneyStore.MaxDayPL = 5;
+    report.MoneyStore.HostPositionPL = 6;
+    report.MoneyStore.ChartSizes = {1, 2, 3, 4, 5, 6, 7, 8};
+    const Json inner = Written()["money"]["inner"];
+    EXPECT_EQ(KeysOf(inner), kInnerMoneyKeys);
+    for (std::size_t i = 0; i < 6; ++i) EXPECT_EQ(inner[kInnerMoneyKeys[i]], static_cast<int>(i) + 1);
+    EXPECT_EQ(inner["ChartSizes"], Json({1, 2, 3, 4, 5, 6, 7, 8}));
 }
 
 TEST_F(JsonWriter, WritesMoneyRecordsWithoutSpareFields) {
     const Names names = {
         "BILL_DATE",        "QCQY",  "CRJ",   "QMJC",     "KYZJ",          "PCYK",          "CCDSYK",
         "HOST_CURRENT",     "KHQY",  "SXF",   "BZJZY",    "HOST_FROZEN_A", "HOST_FROZEN_B", "HOST_POSITION_MARGIN",
-        "HOST_POSITION_PL", "XQSXF", "QLJSZ", "CURRENCY", "EXCHANGE_RATE"};
+        "HOST_POSITION_PL", "XQSXF", "QLJSZ", "CURRENCY", "values"};
     auto record = std::make_unique<MoneyRecord>(ClearedMoneyRecord());
     CopyField(record->BILL_DATE, "20240102");
     CopyField(record->SPARE_MONEY_1, "spare");
@@ -118,7 +125,46 @@ TEST_F(JsonWriter, WritesMoneyRecordsWithoutSpareFields) {
     EXPECT_EQ(written["QCQY"], "1.00");
     EXPECT_EQ(written["KHQY"], "2.00");
     EXPECT_EQ(written["SXF"], "");
-    EXPECT_EQ(written["EXCHANGE_RATE"], 7.5);
+    const Names values = {"QCQY",
+                          "CRJ",
+                          "QMJC",
+                          "KYZJ",
+                          "PCYK",
+                          "CCDSYK",
+                          "HOST_CURRENT",
+                          "KHQY",
+                          "SXF",
+                          "BZJZY",
+                          "HOST_FROZEN_A",
+                          "HOST_FROZEN_B",
+                          "HOST_POSITION_MARGIN",
+                          "HOST_POSITION_PL",
+                          "XQSXF",
+                          "QLJSZ",
+                          "EXCHANGE_RATE"};
+    EXPECT_EQ(KeysOf(written["values"]), values);
+    EXPECT_EQ(written["values"]["QCQY"], 1);
+    EXPECT_EQ(written["values"]["KHQY"], 2);
+    EXPECT_EQ(written["values"]["SXF"], Json());
+    EXPECT_EQ(written["values"]["EXCHANGE_RATE"], 7.5);
+}
+
+/// Both are there: as it is printed, and as a number that has lost nothing.
+TEST_F(JsonWriter, WritesAmountsAsPrintedAndAsNumbers) {
+    auto record = std::make_unique<MoneyRecord>(ClearedMoneyRecord());
+    CopyField(record->KHQY, "1,234.50");
+    CopyField(record->KYZJ, "-0.10");
+    CopyField(record->SXF, "12abc");
+    CopyField(record->CURRENCY, "7");
+    report.MoneyStore.Records.push_back(std::move(record));
+    const Json written = Written()["money"]["Records"][0];
+    EXPECT_EQ(written["KHQY"], "1,234.50");
+    EXPECT_EQ(written["values"]["KHQY"], 1234.5);
+    EXPECT_EQ(written["values"]["KYZJ"], -0.1);
+    EXPECT_EQ(written["SXF"], "12abc");
+    EXPECT_EQ(written["values"]["SXF"], Json());
+    EXPECT_FALSE(written["values"].contains("CURRENCY"));
+    EXPECT_NE(Text().find("\"KHQY\":1234.50,"), std::string::npos);
 }
 
 TEST_F(JsonWriter, WritesEachCurrencyWithItsStore) {
@@ -138,19 +184,24 @@ TEST_F(JsonWriter, WritesEachCurrencyWithItsStore) {
     EXPECT_EQ(currencies[1]["store"]["Records"].size(), 1U);
 }
 
-/// Fills each field of a record with its place in the record, and says which names are then expected in the JSON.
+/// Fills each field of a record with its place in the record, and says what is then expected in the JSON: the texts,
+/// and those numbers that are amounts.
 struct FieldOfRecord {
     const char* name;
     std::span<char> bytes;
 };
 
-Json Fill(const std::vector<FieldOfRecord>& fields) {
+Json Fill(const std::vector<FieldOfRecord>& fields, const Names& amounts) {
     Json expected = Json::object();
+    Json values = Json::object();
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        const std::string text = "f" + std::to_string(i);
+        const std::string text = std::to_string(i + 1);
         *std::ranges::copy(text, fields[i].bytes.begin()).out = '\0';
-        if (!std::string_view(fields[i].name).starts_with("SPARE_")) expected[fields[i].name] = text;
+        if (std::string_view(fields[i].name).starts_with("SPARE_")) continue;
+        expected[fields[i].name] = text;
+        if (std::ranges::count(amounts, fields[i].name) == 1) values[fields[i].name] = i + 1;
     }
+    expected["values"] = values;
     return expected;
 }
 
@@ -162,32 +213,55 @@ TEST_F(JsonWriter, WritesTrades) {
     const Json expected =
         Fill({FIELD(BILL_DATE), FIELD(MATCH_DATE), FIELD(EXCH_NAME), FIELD(CONTRACT), FIELD(DELIVERY), FIELD(HEDGE),
               FIELD(BID), FIELD(MATCH_PRICE), FIELD(MATCH_VOL), FIELD(TURNOVER), FIELD(OFFSET), FIELD(POUNDAGE),
-              FIELD(OFFSETPL), FIELD(MATCHNO), FIELD(ROYALTY), FIELD(CURRENCY)});
+              FIELD(OFFSETPL), FIELD(MATCHNO), FIELD(ROYALTY), FIELD(CURRENCY)},
+             {"MATCH_PRICE", "MATCH_VOL", "TURNOVER", "POUNDAGE", "OFFSETPL", "ROYALTY"});
     EXPECT_EQ(Written()["matches"], Json::array({expected}));
 }
 
 TEST_F(JsonWriter, WritesClosedPositions) {
     PingDetail& row = report.PingDetailStore.Add();
-    const Json expected = Fill({FIELD(BILL_DATE), FIELD(MATCH_DATE), FIELD(EXCH_NAME), FIELD(CONTRACT), FIELD(DELIVERY),
-                                FIELD(BID), FIELD(MATCH_PRICE), FIELD(MATCH_VOL), FIELD(OPEN_DATE), FIELD(OPEN_PRICE),
-                                FIELD(SETTLE_PRICE), FIELD(POUNDAGE), FIELD(HEDGE), FIELD(OFFSETPL), FIELD(CURRENCY)});
+    Json expected = Fill({FIELD(BILL_DATE), FIELD(MATCH_DATE), FIELD(EXCH_NAME), FIELD(CONTRACT), FIELD(DELIVERY),
+                          FIELD(BID), FIELD(MATCH_PRICE), FIELD(MATCH_VOL), FIELD(OPEN_DATE), FIELD(OPEN_PRICE),
+                          FIELD(SETTLE_PRICE), FIELD(POUNDAGE), FIELD(HEDGE), FIELD(OFFSETPL), FIELD(CURRENCY)},
+                         {"MATCH_PRICE", "MATCH_VOL", "OPEN_PRICE", "SETTLE_PRICE", "POUNDAGE", "OFFSETPL"});
+    const Json values = expected["values"];
+    expected.erase("values");
+    expected["side"] = Json();
+    expected["tradeSide"] = Json();
+    expected["values"] = values;
     EXPECT_EQ(Written()["closed"], Json::array({expected}));
+}
+
+/// BID is the side of the position, which readers turn where a statement prints that of the closing trade.
+TEST_F(JsonWriter, TellsBothSidesOfAClosedPosition) {
+    CopyField(report.PingDetailStore.Add().BID, Gbk("买"));
+    CopyField(report.PingDetailStore.Add().BID, Gbk(" 卖出"));
+    const Json closed = Written()["closed"];
+    EXPECT_EQ(closed[0]["BID"], "买");
+    EXPECT_EQ(closed[0]["side"], "long");
+    EXPECT_EQ(closed[0]["tradeSide"], "sell");
+    EXPECT_EQ(closed[1]["side"], "short");
+    EXPECT_EQ(closed[1]["tradeSide"], "buy");
 }
 
 TEST_F(JsonWriter, WritesOpenPositions) {
     OpiDetail& row = report.OpiDetailStore.Add();
-    const Json expected = Fill({FIELD(BILL_DATE), FIELD(EXCH_NAME), FIELD(CONTRACT), FIELD(DELIVERY), FIELD(OPEN_DATE),
-                                FIELD(HEDGE), FIELD(BID), FIELD(POSITION_VOL), FIELD(OPEN_PRICE), FIELD(YSETTLE_PRICE),
-                                FIELD(SETTLE_PRICE), FIELD(FLOATPL), FIELD(DSYK), FIELD(DEPOSIT), FIELD(CURRENCY)});
+    const Json expected =
+        Fill({FIELD(BILL_DATE), FIELD(EXCH_NAME), FIELD(CONTRACT), FIELD(DELIVERY), FIELD(OPEN_DATE), FIELD(HEDGE),
+              FIELD(BID), FIELD(POSITION_VOL), FIELD(OPEN_PRICE), FIELD(YSETTLE_PRICE), FIELD(SETTLE_PRICE),
+              FIELD(FLOATPL), FIELD(DSYK), FIELD(DEPOSIT), FIELD(CURRENCY)},
+             {"POSITION_VOL", "OPEN_PRICE", "YSETTLE_PRICE", "SETTLE_PRICE", "FLOATPL", "DSYK", "DEPOSIT"});
     EXPECT_EQ(Written()["positions"], Json::array({expected}));
 }
 
 TEST_F(JsonWriter, WritesPositionSumsWithoutSpareFields) {
     OpiSum& row = report.OpiSumStore.Add();
-    const Json expected = Fill({FIELD(BILL_DATE), FIELD(EXCH_NAME), FIELD(CONTRACT), FIELD(DELIVERY), FIELD(BID),
-                                FIELD(BID_POSITION_VOL), FIELD(SPARE_OPI_1), FIELD(ASK_POSITION_VOL),
-                                FIELD(SPARE_OPI_2), FIELD(POSITION_VOL), FIELD(POSITION_PRICE), FIELD(YSETTLE_PRICE),
-                                FIELD(SETTLE_PRICE), FIELD(DSYK), FIELD(DEPOSIT), FIELD(HEDGE)});
+    const Json expected = Fill(
+        {FIELD(BILL_DATE), FIELD(EXCH_NAME), FIELD(CONTRACT), FIELD(DELIVERY), FIELD(BID), FIELD(BID_POSITION_VOL),
+         FIELD(SPARE_OPI_1), FIELD(ASK_POSITION_VOL), FIELD(SPARE_OPI_2), FIELD(POSITION_VOL), FIELD(POSITION_PRICE),
+         FIELD(YSETTLE_PRICE), FIELD(SETTLE_PRICE), FIELD(DSYK), FIELD(DEPOSIT), FIELD(HEDGE)},
+        {"BID_POSITION_VOL", "ASK_POSITION_VOL", "POSITION_VOL", "POSITION_PRICE", "YSETTLE_PRICE", "SETTLE_PRICE",
+         "DSYK", "DEPOSIT"});
     EXPECT_EQ(Written()["positionSums"], Json::array({expected}));
 }
 
@@ -232,13 +306,14 @@ TEST_F(JsonWriter, WritesTalliesOfClosedPositions) {
     offset.SHORT_MAX_LOSS = -22.5;
     report.ReportDocument.Offsets.push_back(std::make_unique<ContractOffset>(offset));
     const Json expected = {
-        {"CONTRACT", "沪铜"},     {"DELIVERY", "2405"},   {"CURRENCY", "HKD"},      {"LONG_VOL", 1},
-        {"SHORT_VOL", 2},         {"LONG_PL", 3.5},       {"SHORT_PL", 4.5},        {"LONG_COUNT", 5},
-        {"SHORT_COUNT", 6},       {"LONG_WIN_COUNT", 7},  {"SHORT_WIN_COUNT", 8},   {"LONG_WIN_VOL", 9},
-        {"SHORT_WIN_VOL", 10},    {"LONG_WIN_PL", 11.5},  {"SHORT_WIN_PL", 12.5},   {"LONG_LOSE_COUNT", 13},
-        {"SHORT_LOSE_COUNT", 14}, {"LONG_LOSE_VOL", 15},  {"SHORT_LOSE_VOL", 16},   {"LONG_LOSE_PL", -17.5},
-        {"SHORT_LOSE_PL", -18.5}, {"LONG_MAX_WIN", 19.5}, {"LONG_MAX_LOSS", -20.5}, {"SHORT_MAX_WIN", 21.5},
-        {"SHORT_MAX_LOSS", -22.5}};
+        {"CONTRACT", "沪铜"},     {"DELIVERY", "2405"},      {"CURRENCY", "HKD"},
+        {"LONG_VOL", 1},          {"SHORT_VOL", 2},          {"LONG_COUNT", 5},
+        {"SHORT_COUNT", 6},       {"LONG_WIN_COUNT", 7},     {"SHORT_WIN_COUNT", 8},
+        {"LONG_WIN_VOL", 9},      {"SHORT_WIN_VOL", 10},     {"LONG_WIN_PL", 11.5},
+        {"SHORT_WIN_PL", 12.5},   {"LONG_LOSE_COUNT", 13},   {"SHORT_LOSE_COUNT", 14},
+        {"LONG_LOSE_VOL", 15},    {"SHORT_LOSE_VOL", 16},    {"LONG_LOSE_PL", -17.5},
+        {"SHORT_LOSE_PL", -18.5}, {"LONG_MAX_WIN", 19.5},    {"LONG_MAX_LOSS", -20.5},
+        {"SHORT_MAX_WIN", 21.5},  {"SHORT_MAX_LOSS", -22.5}, {"inner", {{"LONG_PL", 3.5}, {"SHORT_PL", 4.5}}}};
     EXPECT_EQ(Written()["offsets"], Json::array({expected}));
 }
 
@@ -271,8 +346,8 @@ TEST_F(JsonWriter, WritesDailyUsageWithItsPositions) {
     usage.AddRow("rb", {.day = "20240102", .side = Gbk("卖"), .lots = 4, .margin = 10, .isSummary = false});
     const Json position = {{"Product", "rb"},   {"Side", "卖"},   {"Lots", 4},        {"NetLots", 0.0},
                            {"Day", "20240102"}, {"Margin", 10.0}, {"UnitMargin", 2.5}};
-    const Json expected = {{"Day", "20240102"}, {"Margin", 1.5}, {"Equity", 3.0},
-                           {"HasFigures", 1},   {"Risk", 0.5},   {"Positions", Json::array({position})}};
+    const Json inner = {{"HasFigures", 1}, {"Positions", Json::array({position})}};
+    const Json expected = {{"Day", "20240102"}, {"Margin", 1.5}, {"Equity", 3.0}, {"Risk", 0.5}, {"inner", inner}};
     EXPECT_EQ(Written()["usage"], Json::array({expected}));
 }
 
@@ -300,10 +375,10 @@ TEST_F(JsonWriter, WritesAllAccountFigures) {
     report.AccountStatistics.MaxLoss = -12.5;
     report.AccountStatistics.MaxYield = 13.5;
     report.AccountStatistics.MaxRisk = 14.5;
-    const Json expected = {{"WinCount", 1},    {"LoseCount", 2},     {"FlatCount", 3},    {"InitialEquity", 4.5},
-                           {"MaxEquity", 5.5}, {"MinEquity", 6.5},   {"TotalPL", 7.5},    {"MaxDrawdown", 8.5},
-                           {"WinRate", 9.5},   {"ProfitRate", 10.5}, {"MaxProfit", 11.5}, {"MaxLoss", -12.5},
-                           {"MaxYield", 13.5}, {"MaxRisk", 14.5}};
+    const Json inner = {{"WinCount", 1},    {"LoseCount", 2},   {"FlatCount", 3}, {"InitialEquity", 4.5},
+                        {"MaxEquity", 5.5}, {"MinEquity", 6.5}, {"TotalPL", 7.5}};
+    const Json expected = {{"MaxDrawdown", 8.5}, {"WinRate", 9.5},   {"ProfitRate", 10.5}, {"MaxProfit", 11.5},
+                           {"MaxLoss", -12.5},   {"MaxYield", 13.5}, {"MaxRisk", 14.5},    {"inner", inner}};
     EXPECT_EQ(Written()["account"], expected);
 }
 
