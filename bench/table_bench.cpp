@@ -2,6 +2,7 @@
 #include <cstdio>
 #include <string>
 
+#include "analysis/analysis.h"
 #include "base/text.h"
 #include "export/csv_set.h"
 #include "export/sqlite_export.h"
@@ -44,7 +45,8 @@ void Show(const char* what, double seconds) {
 int Measure(const std::string& folder) {
     CReport report;
     FillTrades(report);
-    const ExportSource source{.report = report};
+    const Analysis analysis;
+    const ExportSource source{.report = report, .analysis = analysis};
     const AccountKey account{.user = "demo", .account = "90010002", .kind = "domestic"};
     const std::string database = folder + "/table_bench.db";
     bool isWritten = true;

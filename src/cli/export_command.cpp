@@ -9,11 +9,13 @@
 #include <string>
 #include <vector>
 
+#include "analysis/analysis.h"
 #include "cli/command_table.h"
 #include "cli/export_places.h"
 #include "cli/report_options.h"
 #include "cli/run_findings.h"
 #include "cli/shown_text.h"
+#include "cli/trading_days.h"
 #include "cli/usage_error.h"
 #include "cli/wait_option.h"
 #include "cli/watched_run.h"
@@ -110,6 +112,7 @@ CommandRun DeclareExport(CLI::App& app) {
                                                "SQLite database for all tables: this account's rows are replaced");
     sqlite->type_name("FILE");
     if (!HasSqlite()) sqlite->group("");  // not in the help
+    AddTradingDaysOption(app, command->tradingDays);
     AddWaitOption(app, command->wait);
     app.add_flag("--force", command->force, "Write the tables even without a single statement");
     app.add_flag("--strict", command->strict, "Exit with 3 if something is wrong or doubtful in the statements");
@@ -131,7 +134,8 @@ int RunExportCommand(const ExportCommand& command) {
         return FailWithoutStatement(*result, "nothing is written (--force writes tables all the same)");
     }
     const std::vector<Finding> findings = faults.Collect();
-    const ExportSource source{.report = report, .findings = findings};
+    const Analysis analysis = Analyse(report, {.tradingDays = command.tradingDays});
+    const ExportSource source{.report = report, .analysis = analysis, .findings = findings};
     const bool isDone = SaveTables(places, KeyOf(prepared.request), source, command.wait);
     if (isDone && !command.quiet) ShowSummary(places, source);
     ShowFindings(findings, command.options);

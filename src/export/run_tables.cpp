@@ -1,5 +1,6 @@
 #include "export/run_tables.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -9,6 +10,8 @@
 #include <variant>
 #include <vector>
 
+#include "analysis/analysis.h"
+#include "analysis/analysis_fields.h"
 #include "export/table.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
@@ -38,6 +41,32 @@ void WalkFiguresOf(const Owner& owner, const FigureField<Owner> (&fields)[N], co
     }
 }
 
+ExportCell ReasonOf(const Analysis& analysis, std::string_view path) {
+    const auto found = std::ranges::find(analysis.reasons, path, &NullReason::path);
+    return found == analysis.reasons.end() ? ExportCell() : ExportCell(Utf8Cell{found->reason});
+}
+
+/// A count is a number among others here.
+ExportCell NumberCell(const AnalysisValue& value) {
+    if (const auto* const count = std::get_if<std::int64_t>(&value)) return static_cast<double>(*count);
+    const auto* const number = std::get_if<double>(&value);
+    return number == nullptr ? ExportCell() : ExportCell(*number);
+}
+
+void WalkAnalysisFigures(const Analysis& analysis, CRowSink& sink) {
+    std::array<ExportCell, std::size(kFigureColumns)> cells;
+    const auto onObject = [&](std::string_view object, const auto& owner, const auto& fields) {
+        for (const auto& field : fields) {
+            const std::string name = std::string(object).append(".").append(field.name);
+            cells = {Utf8Cell{name}, NumberCell(field.value(owner)), ReasonOf(analysis, name)};
+            sink.OnRow(cells);
+        }
+    };
+    cells = {Utf8Cell{"tradingDays"}, static_cast<double>(analysis.tradingDays), {}};
+    sink.OnRow(cells);
+    VisitAnalysis(analysis, onObject, [](std::string_view, const auto&, const auto&) {});
+}
+
 }  // namespace
 
 void WalkUnits(const ExportSource& source, CRowSink& sink) {
@@ -53,6 +82,7 @@ void WalkUnits(const ExportSource& source, CRowSink& sink) {
 void WalkFigures(const ExportSource& source, CRowSink& sink) {
     WalkFiguresOf(source.report.MoneyStore, kMoneyFigures, "money.", sink);
     WalkFiguresOf(source.report.AccountStatistics, kAccountFigures, "account.", sink);
+    WalkAnalysisFigures(source.analysis, sink);
 }
 
 void WalkFindings(const ExportSource& source, CRowSink& sink) {

@@ -32,7 +32,8 @@ inline constexpr ExportColumn kFindingColumns[] = {
 // clang-format on
 
 void WalkUnits(const ExportSource& source, CRowSink& sink);
-/// Each figure under the path that leads to it in the JSON: "money.ClosingEquity". Figures that are texts have no row.
+/// Each figure under the path that leads to it in the JSON: "money.ClosingEquity", "ratios.sharpe", and why it is
+/// nothing. Figures that are texts have no row.
 void WalkFigures(const ExportSource& source, CRowSink& sink);
 void WalkFindings(const ExportSource& source, CRowSink& sink);
 

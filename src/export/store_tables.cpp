@@ -7,8 +7,14 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 
+#include "analysis/account_days.h"
+#include "analysis/analysis.h"
+#include "analysis/analysis_fields.h"
+#include "analysis/day_results.h"
 #include "base/number.h"
+#include "export/analysis_tables.h"
 #include "export/plain_decimal.h"
 #include "export/table.h"
 #include "report/currency_money_store.h"
@@ -46,10 +52,10 @@ void WalkStore(const CRowStore<Record>& store, const TextField<Record> (&fields)
 }
 
 constexpr std::size_t kMoneyTexts = std::size(kMoneyFields);
-using MoneyCells = std::array<ExportCell, kMoneyTexts + 1>;
+constexpr std::size_t kMoneyCells = kMoneyTexts + 1;
 
-void FillMoneyCells(const MoneyRecord& record, MoneyCells& cells) {
-    FillCells(record, kMoneyFields, kMoneyDayColumns, cells);
+void FillMoneyCells(const MoneyRecord& record, std::span<ExportCell, kMoneyCells> cells) {
+    FillCells(record, kMoneyFields, kCurrencyDayColumns, cells);
     cells[kMoneyTexts] = record.EXCHANGE_RATE;
 }
 
@@ -58,17 +64,33 @@ constexpr auto kCurrencyAt = static_cast<std::size_t>(
 
 }  // namespace
 
-void WalkMoneyDays(const ExportSource& source, CRowSink& sink) {
-    MoneyCells cells;
+void WalkDays(const ExportSource& source, CRowSink& sink) {
+    std::array<ExportCell, kDayColumns.size()> cells;
+    const auto money = std::span(cells).subspan<1, kMoneyCells>();
+    const auto results = std::span(cells).subspan<1 + kMoneyCells>();
+    std::unordered_set<const MoneyRecord*> ofDays;
+    std::size_t at = 0;
+    for (const AccountDay& day : AccountDaysOf(source.report)) {
+        const DayResult& result = source.analysis.days[at++];
+        cells.front() = DayCell{result.day};
+        FillMoneyCells(*day.record, money);
+        for (std::size_t i = 0; i < results.size(); ++i) {
+            results[i] = CellOf(kDayResultFields[i + 1].value(result), ColumnKind::Number);
+        }
+        sink.OnRow(cells);
+        ofDays.insert(day.record);
+    }
+    cells = {};
     for (const auto& record : source.report.MoneyStore.Records) {
-        FillMoneyCells(*record, cells);
+        if (ofDays.contains(record.get())) continue;
+        FillMoneyCells(*record, money);
         sink.OnRow(cells);
     }
 }
 
 void WalkCurrencyDays(const ExportSource& source, CRowSink& sink) {
     const CCurrencyMoneyStore& stores = source.report.CurrencyMoneyStore;
-    MoneyCells cells;
+    std::array<ExportCell, kMoneyCells> cells;
     for (const std::string& name : stores.Names) {
         for (const auto& record : stores.Find(name)->Records) {
             FillMoneyCells(*record, cells);

@@ -1,5 +1,5 @@
 // The tables of the stores: what statements say, a row each. An amount is the number that its text is, and nothing
-// where the text is no plain decimal.
+// where the text is no plain decimal. Days have their analysis beside it.
 #pragma once
 
 #include <algorithm>
@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "analysis/analysis_fields.h"
+#include "export/analysis_tables.h"
 #include "export/table.h"
 #include "report/record_fields.h"
 #include "report/records.h"
@@ -21,6 +23,20 @@ constexpr ExportColumn ColumnOf(const TextField<Record>& field) {
     return {.name = field.name,
             .kind = field.isAmount ? ColumnKind::Number : (isDay ? ColumnKind::Day : ColumnKind::Text),
             .isKey = field.name == "BILL_DATE"};
+}
+
+/// A day is looked for by itself: a record of the host's live figures has no other.
+template <std::size_t N>
+constexpr auto DayColumns(const std::array<ExportColumn, N>& record) {
+    constexpr auto& kResults = kAnalysisColumns<kDayResultFields>;
+    std::array<ExportColumn, N + kResults.size()> columns{};
+    columns.front() = kResults.front();
+    std::ranges::transform(record, columns.begin() + 1, [](ExportColumn column) {
+        column.isKey = false;
+        return column;
+    });
+    std::copy(kResults.begin() + 1, kResults.end(), columns.begin() + 1 + N);
+    return columns;
 }
 
 /// The columns of a record's fields, with `More` behind them.
@@ -44,14 +60,16 @@ constexpr auto CurrencyDayColumns() {
 
 }  // namespace store_tables
 
-inline constexpr auto kMoneyDayColumns = store_tables::ColumnsOf(kMoneyFields, store_tables::kRateColumn);
+inline constexpr auto kDayColumns =
+    store_tables::DayColumns(store_tables::ColumnsOf(kMoneyFields, store_tables::kRateColumn));
 inline constexpr auto kCurrencyDayColumns = store_tables::CurrencyDayColumns();
 inline constexpr auto kTradeColumns = store_tables::ColumnsOf(kMatchFields);
 inline constexpr auto kClosedColumns = store_tables::ColumnsOf(kPingFields);
 inline constexpr auto kPositionColumns = store_tables::ColumnsOf(kOpiDetailFields);
 inline constexpr auto kPositionSumColumns = store_tables::ColumnsOf(kOpiSumFields);
 
-void WalkMoneyDays(const ExportSource& source, CRowSink& sink);
+/// Oldest first; records that are no day of the analysis come behind the others, without one.
+void WalkDays(const ExportSource& source, CRowSink& sink);
 /// `CURRENCY` is the name of the store that a record is in.
 void WalkCurrencyDays(const ExportSource& source, CRowSink& sink);
 void WalkTrades(const ExportSource& source, CRowSink& sink);

@@ -13,6 +13,7 @@
 namespace tradebill {
 
 class CReport;
+struct Analysis;
 
 enum class ColumnKind {
     Text,
@@ -57,6 +58,7 @@ public:
 /// What tables are made of.
 struct ExportSource {
     const CReport& report;
+    const Analysis& analysis;  ///< of the report
     std::span<const Finding> findings = {};
 };
 

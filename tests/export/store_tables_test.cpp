@@ -38,8 +38,9 @@ TEST_F(StoreTables, HaveAllNamesOnceWhateverTheirCase) {
 }
 
 TEST_F(StoreTables, HaveNoRowsWithoutStatements) {
-    for (const char* const table : {"days", "currency_days", "trades", "closed", "positions", "position_sums"}) {
-        EXPECT_EQ(RowsOf(table, {"BILL_DATE"}), TextRows()) << table;
+    for (const ExportTable& table : Tables()) {
+        if (table.name == "figures") continue;
+        EXPECT_EQ(RowsOf(table.name, {table.columns.front().name}), TextRows()) << table.name;
     }
 }
 

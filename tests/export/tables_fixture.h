@@ -13,6 +13,7 @@
 #include <variant>
 #include <vector>
 
+#include "analysis/analysis.h"
 #include "export/row_values.h"
 #include "export/table.h"
 #include "export/table_list.h"
@@ -43,7 +44,10 @@ protected:
         return *found;
     }
 
-    [[nodiscard]] ExportSource Source() const { return {.report = report, .findings = findings}; }
+    [[nodiscard]] ExportSource Source() const {
+        analysis_ = Analyse(report);
+        return {.report = report, .analysis = analysis_, .findings = findings};
+    }
 
     /// The rows of a table, of these columns alone.
     [[nodiscard]] TextRows RowsOf(std::string_view name, const std::vector<std::string_view>& columns) const {
@@ -71,6 +75,9 @@ protected:
     }
 
     std::vector<Finding> findings;
+
+private:
+    mutable Analysis analysis_;
 };
 
 }  // namespace tradebill
