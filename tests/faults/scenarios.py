@@ -72,6 +72,8 @@ SCENARIOS = (
              before=(("check", *FUND_STATUS, *OTHER_DAYS, "--json", "findings.json"),), tells_on_stdout=True),
     Scenario("tables, CSV",          export("--csv", "tables")),
     Scenario("tables, database",     export("--sqlite", "tables.db")),
+    Scenario("CSV over older",       export("--csv", "tables"), before=(export("--csv", "tables", "--quiet", days=OTHER_DAYS),),
+             every=3),
     Scenario("tables over older",    export(*TABLES), before=(export(*TABLES, "--quiet", days=OTHER_DAYS),)),
     Scenario("foreign tables",       export(*TABLES, account=FOREIGN), "foreign",
              before=(export(*TABLES, "--quiet", days=OTHER_DAYS, account=FOREIGN),), every=5),
