@@ -6,11 +6,11 @@ set -euo pipefail
 build_packages=(
     g++ cmake ninja-build pkg-config
     libfreetype-dev libfontconfig-dev libpng-dev libturbojpeg0-dev
-    libcli11-dev nlohmann-json3-dev nettle-dev
+    libcli11-dev nlohmann-json3-dev nettle-dev libsqlite3-dev
     fonts-liberation fonts-arphic-uming fonts-wine
 )
 bench_packages=(libbenchmark-dev)
-test_packages=(libgtest-dev libgmock-dev "${bench_packages[@]}")
+test_packages=(libgtest-dev libgmock-dev sqlite3 "${bench_packages[@]}")
 test_packages+=(clang clang-format clang-tidy-19 libclang-rt-14-dev llvm python3-clang-14 valgrind git python3 python3-jsonschema python3-pandas fonts-wqy-zenhei chromium)
 test_packages+=(g++-mingw-w64-x86-64-posix googletest wine wine64 locales zip unzip)  # the Windows build
 command -v npm >/dev/null || test_packages+=(nodejs npm)  # another build of Node has its own npm, and no such package

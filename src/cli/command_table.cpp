@@ -8,6 +8,7 @@
 #include "cli/check_command.h"
 #include "cli/diff_command.h"
 #include "cli/explain_command.h"
+#include "cli/export_command.h"
 #include "cli/gallery_command.h"
 #include "cli/layouts_command.h"
 #include "cli/report_command.h"
@@ -26,6 +27,7 @@ constexpr Command kCommands[] = {
     {"",         "report",  "Read the statements of a range of days and write the page", DeclareReport},
     {"",         "check",   "Find what is wrong in the statements of a range of days",   DeclareCheck},
     {"",         "diff",    "Tell what differs between the JSON of two runs",            DeclareDiff},
+    {"",         "export",  "Write what a report reads and works out as tables",         DeclareExport},
     {"",         "chart",   "Paint one chart of an account at any size",                 DeclareChart},
     {"",         "reset",   "Write the page that stands for a report until it is there", DeclareReset},
     {"",         "explain", "Show what the readers see in one statement",                DeclareExplain},

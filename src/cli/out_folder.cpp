@@ -16,22 +16,25 @@ constexpr std::string_view kLongestName = "/Image_files/TradeStatistics.jpg.part
 
 }  // namespace
 
-std::string OutFolderOf(const std::optional<std::string>& folder) {
-    if (!folder) return {};
-    if (folder->empty()) throw CUsageError("--out: expected a folder, found \"\"");
-    if (folder->size() + kLongestName.size() > kLongestPath) {
-        throw CUsageError("--out: expected a path of at most " + std::to_string(kLongestPath - kLongestName.size()) +
-                          " bytes, found " + std::to_string(folder->size()));
+std::string FolderToWrite(const std::string& option, const std::string& given, std::string_view longestName) {
+    if (given.empty()) throw CUsageError(option + ": expected a folder, found \"\"");
+    if (given.size() + longestName.size() > kLongestPath) {
+        throw CUsageError(option + ": expected a path of at most " + std::to_string(kLongestPath - longestName.size()) +
+                          " bytes, found " + std::to_string(given.size()));
     }
-    std::string out = RootFolderAt(*folder);
-    if (IsPlainFile(out) || (IsOtherThanFile(out) && !IsFolder(out))) {
-        throw CUsageError("--out: expected a folder, found a file at \"" + *folder + "\"");
+    std::string folder = RootFolderAt(given);
+    if (IsPlainFile(folder) || (IsOtherThanFile(folder) && !IsFolder(folder))) {
+        throw CUsageError(option + ": expected a folder, found a file at \"" + given + "\"");
     }
-    if (!IsFolder(out) && !IsFolder(FolderOf(out))) {
-        throw CUsageError("--out: expected a folder, or one to make in a folder that is there, found \"" + *folder +
+    if (!IsFolder(folder) && !IsFolder(FolderOf(folder))) {
+        throw CUsageError(option + ": expected a folder, or one to make in a folder that is there, found \"" + given +
                           "\"");
     }
-    return out;
+    return folder;
+}
+
+std::string OutFolderOf(const std::optional<std::string>& folder) {
+    return folder ? FolderToWrite("--out", *folder, kLongestName) : std::string();
 }
 
 }  // namespace tradebill

@@ -25,15 +25,6 @@ std::string ShownPath(const std::string& path) {
     return Utf8Path(NativePath(path));
 }
 
-std::string UnreadText(const UnreadStatement& statement) {
-    const std::string path = ShownPath(statement.path);
-    if (statement.state == StatementState::NotAFile) return statement.day + ": " + path + " is not a file";
-    if (statement.state == StatementState::Missing) {
-        return WithReason(statement.day + ": can't write " + path + ", which counts as absent then", statement.reason);
-    }
-    return WithReason(statement.day + ": can't read " + path, statement.reason);
-}
-
 std::string PictureText(const PictureFailure& picture) {
     switch (picture.stage) {
         case PictureStage::Decoding:
@@ -76,11 +67,20 @@ std::string UnreadFileText(const UnreadFile& file) {
     return WithReason("can't read " + path, file.reason);
 }
 
+std::string UnreadStatementText(const UnreadStatement& statement) {
+    const std::string path = ShownPath(statement.path);
+    if (statement.state == StatementState::NotAFile) return statement.day + ": " + path + " is not a file";
+    if (statement.state == StatementState::Missing) {
+        return WithReason(statement.day + ": can't write " + path + ", which counts as absent then", statement.reason);
+    }
+    return WithReason(statement.day + ": can't read " + path, statement.reason);
+}
+
 std::vector<std::string> ProblemTexts(const RunProblems& problems) {
     std::vector<std::string> texts;
     if (!problems.names.empty()) texts.push_back(problems.names);
     std::ranges::transform(problems.inputs, std::back_inserter(texts), UnreadFileText);
-    std::ranges::transform(problems.statements, std::back_inserter(texts), UnreadText);
+    std::ranges::transform(problems.statements, std::back_inserter(texts), UnreadStatementText);
     std::ranges::transform(problems.folders, std::back_inserter(texts), FolderText);
     std::ranges::transform(problems.pictures, std::back_inserter(texts), PictureText);
     if (!problems.fonts.empty()) texts.push_back(problems.fonts);

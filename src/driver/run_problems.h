@@ -71,6 +71,9 @@ struct RunProblems {
 /// missing.
 [[nodiscard]] std::string UnreadFileText(const UnreadFile& file);
 
+/// "20240102: can't read D90010002.20240102o.txt: Permission denied".
+[[nodiscard]] std::string UnreadStatementText(const UnreadStatement& statement);
+
 /// One line for each problem but the error, in the order of the run. Paths as UTF-8.
 [[nodiscard]] std::vector<std::string> ProblemTexts(const RunProblems& problems);
 

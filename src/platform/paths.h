@@ -39,6 +39,9 @@ bool MakeFolders(const std::string& path);
 
 /// Puts a file in the place of another, which may be there. False if it stayed where it was.
 [[nodiscard]] bool MoveOver(const std::string& from, const std::string& to);
+/// Gives a file, or a link, a second name on the same volume, which must be free. False, with the system's reason, if
+/// it has none: some file systems know no such thing.
+[[nodiscard]] bool LinkFile(const std::string& from, const std::string& to);
 /// True if no file or link is there afterwards; else the system's reason is left behind.
 bool RemoveFile(const std::string& path);
 /// Removes an empty folder. True if none is there afterwards; else the system's reason is left behind.

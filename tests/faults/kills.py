@@ -26,11 +26,11 @@ from sandbox import Sandbox, Tools
 from scenarios import BILLS, FIRST_DAYS, OTHER_DAYS, SCENARIOS, report
 
 PAGE = BILLS + "/Image/TradeBill.html"
-DEAD_RUN = re.compile(r"(^|/)\.tradebill[^/]*(/|$)|\.part$")
+DEAD_RUN = re.compile(r"(^|/)\.tradebill[^/]*(/|$)|\.part$|\.older$")
 BY_NAME = {scenario.name: scenario for scenario in SCENARIOS}
-AT_RANDOM = ("report over older", "documents over older", "library over older", "reset over older")
+AT_RANDOM = ("report over older", "CSV over older", "documents over older", "library over older", "reset over older")
 # Those of few steps first, so that what they don't take is left to the others.
-AT_STEPS = ("chart, PNG", "check, JSON", "reset over older", "report over older", "documents over older", "report elsewhere",
+AT_STEPS = ("chart, PNG", "check, JSON", "CSV over older", "reset over older", "report over older", "documents over older", "report elsewhere",
             "report by template", "foreign report", "library over older", "report")
 
 

@@ -12,6 +12,7 @@ BILLS = "root/Users/demo/Data/Bill"
 STATEMENT = BILLS + "/D90010002.20240102o.txt"
 HOST = ("root", "demo", "90010002")
 NEXT_REPORT = "next report"     # what library_host looks for between two reports
+TABLES = ("--csv", "tables", "--sqlite", "tables.db", "--wait", "0")
 DOCUMENTS = ("--json", "report.json", "--standalone", "report.html")
 
 
@@ -36,6 +37,10 @@ def report(*options, days=FIRST_DAYS, account=FUND_STATUS):
 
 def older(*options, account=FUND_STATUS):
     return (report(*options, "--quiet", days=OTHER_DAYS, account=account),)
+
+
+def export(*options, days=FIRST_DAYS, account=FUND_STATUS):
+    return ("export", *account, *days, *options)
 
 
 # fmt: off
@@ -68,6 +73,13 @@ SCENARIOS = (
     Scenario("diff",                 ("diff", "one.json", "other.json"), before=(
                  report("--quiet", "--json", "one.json"), report("--quiet", "--json", "other.json", days=OTHER_DAYS)),
              tells_on_stdout=True),
+    Scenario("tables, CSV",          export("--csv", "tables")),
+    Scenario("tables, database",     export("--sqlite", "tables.db")),
+    Scenario("CSV over older",       export("--csv", "tables"), before=(export("--csv", "tables", "--quiet", days=OTHER_DAYS),),
+             every=3),
+    Scenario("tables over older",    export(*TABLES), before=(export(*TABLES, "--quiet", days=OTHER_DAYS),)),
+    Scenario("foreign tables",       export(*TABLES, account=FOREIGN), "foreign",
+             before=(export(*TABLES, "--quiet", days=OTHER_DAYS, account=FOREIGN),), every=5),
     Scenario("template check",       ("template", "check", "root/BillTemplate/songta.ini", "--against",
                                       BILLS + "/D90010011.20240102o.txt"), "template-pairs", tells_on_stdout=True),
     Scenario("layouts",              ("layouts",)),

@@ -36,6 +36,10 @@ def is_whole(path, content):
         return content.startswith(b"\xff\xd8") and content.endswith(b"\xff\xd9")
     if path.endswith(".png"):
         return content.startswith(b"\x89PNG") and content.endswith(b"IEND\xaeB`\x82")
+    if path.endswith(".csv"):
+        return content.startswith(b"\xef\xbb\xbf") and content.endswith(b"\r\n")
+    if path.endswith(".db"):
+        return content == b"" or content.startswith(b"SQLite format 3\0")
     return content.rstrip().endswith(b"</html>")
 
 
@@ -58,7 +62,7 @@ def state(path, tree, begin, clean):
     return "old" if path in begin and tree[path] == begin[path] else "other"
 
 
-OF_A_RUN = re.compile(r"(^|/)\.tradebill")
+OF_A_RUN = re.compile(r"(^|/)\.tradebill|\.db-journal$|\.older$")
 
 
 def leftovers(tree, begin, clean):
@@ -85,6 +89,9 @@ def torn(tree, case):
             return f"input {path} is {found}"
         if found == "other" and not is_whole(path, tree[path]):
             return f"{path} is cut: {len(tree[path])} bytes"
+    tables = {found for path, found in states.items() if path.endswith(".csv")}
+    if "old" in tables and tables & {"new", "other"}:
+        return "tables are of two sets"
     pages = {found for path, found in states.items() if is_page(path)} - {"same", "absent"}
     pictures = {found: path for path, found in states.items() if is_picture(path) and found not in ("same", "absent")}
     if pages & {"new", "other"} and "old" in pictures:
@@ -98,7 +105,7 @@ def names_of(path, tree):
     """What may stand for a file in a message: its name, its folder's, and for a folder what belongs into it."""
     if path in ("stdin", "stdout", "pipe"):
         return ["standard input" if path == "stdin" else "standard output"]
-    parts = [part for part in re.sub(r"\.part[^/]*$", "", path).split("/") if part and not part.startswith(".tradebill-")]
+    parts = [part for part in re.sub(r"\.part[^/]*$|\.older$|-journal$", "", path).split("/") if part and not part.startswith(".tradebill-")]
     inside = [name for name in tree if os.path.basename(os.path.dirname("box/" + name)) in parts[-1:]]
     pages = [name for name in tree if is_page(name)] if OF_A_RUN.search(path) else []
     return parts[-2:] + [os.path.basename(name) for name in inside + pages]

@@ -98,6 +98,10 @@ bool MoveOver(const std::string& from, const std::string& to) {
     return Uninterrupted([&] { return std::rename(from.c_str(), to.c_str()); }) == 0;
 }
 
+bool LinkFile(const std::string& from, const std::string& to) {
+    return Uninterrupted([&] { return ::link(from.c_str(), to.c_str()); }) == 0;
+}
+
 bool RemoveFile(const std::string& path) {
     return IsGone(Uninterrupted([&] { return ::unlink(path.c_str()); }));
 }

@@ -101,6 +101,10 @@ bool MoveOver(const std::string& from, const std::string& to) {
     return ::MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) != FALSE;
 }
 
+bool LinkFile(const std::string& from, const std::string& to) {
+    return ::CreateHardLinkA(to.c_str(), from.c_str(), nullptr) != FALSE;
+}
+
 bool RemoveFile(const std::string& path) {
     return ::DeleteFileA(path.c_str()) != FALSE || MeansMissing(::GetLastError());
 }

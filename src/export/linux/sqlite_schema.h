@@ -1,0 +1,32 @@
+// What tables a database of ours has, and whether a database is one.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "export/table.h"
+
+namespace tradebill {
+
+class CSqliteDatabase;
+
+/// The columns that stand before those of every table.
+inline constexpr std::string_view kAccountColumns[] = {"user", "account", "kind"};
+
+/// Why nothing of ours may be written to the database, in words; nothing if it may, as to an empty one.
+[[nodiscard]] std::optional<std::string> WhyRefused(CSqliteDatabase& database);
+
+/// Makes the tables, columns and indexes that are missing.
+///
+/// REQUIRES: a transaction is open, and WhyRefused has nothing to say.
+void PrepareTables(CSqliteDatabase& database);
+
+/// Deletes the rows that `condition` tells, in every table of ours, also in those that this program doesn't know.
+void DeleteRows(CSqliteDatabase& database, const std::string& user, const std::string& account,
+                const std::string& kind);
+
+/// "INSERT INTO ... VALUES (?, ...)", the account's columns first.
+[[nodiscard]] std::string InsertionInto(const ExportTable& table);
+
+}  // namespace tradebill

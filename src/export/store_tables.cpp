@@ -1,0 +1,119 @@
+#include "export/store_tables.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <iterator>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+
+#include "analysis/account_days.h"
+#include "analysis/analysis.h"
+#include "analysis/analysis_fields.h"
+#include "analysis/day_results.h"
+#include "base/number.h"
+#include "export/analysis_tables.h"
+#include "export/plain_decimal.h"
+#include "export/table.h"
+#include "report/currency_money_store.h"
+#include "report/money_record.h"
+#include "report/money_store.h"
+#include "report/record_fields.h"
+#include "report/report.h"
+#include "report/row_store.h"
+
+namespace tradebill {
+namespace {
+
+ExportCell CellOf(const ExportColumn& column, std::string_view text) {
+    if (column.kind == ColumnKind::Day) return DayCell{text};
+    if (column.kind == ColumnKind::Text) return GbkCell{text};
+    const CPlainDecimal amount(text);
+    return amount.IsNumber() ? ExportCell(ParseAmount(amount.View())) : ExportCell();
+}
+
+/// The cells of a record's fields, from the first column on.
+template <class Record, std::size_t N>
+void FillCells(const Record& record, const TextField<Record> (&fields)[N], std::span<const ExportColumn> columns,
+               std::span<ExportCell> cells) {
+    for (std::size_t i = 0; i < N; ++i) cells[i] = CellOf(columns[i], fields[i].Text(record));
+}
+
+template <class Record, std::size_t N>
+void WalkStore(const CRowStore<Record>& store, const TextField<Record> (&fields)[N],
+               const std::array<ExportColumn, N>& columns, CRowSink& sink) {
+    std::array<ExportCell, N> cells;
+    for (const Record& record : store.Rows) {
+        FillCells(record, fields, columns, cells);
+        sink.OnRow(cells);
+    }
+}
+
+constexpr std::size_t kMoneyTexts = std::size(kMoneyFields);
+constexpr std::size_t kMoneyCells = kMoneyTexts + 1;
+
+void FillMoneyCells(const MoneyRecord& record, std::span<ExportCell, kMoneyCells> cells) {
+    FillCells(record, kMoneyFields, kCurrencyDayColumns, cells);
+    cells[kMoneyTexts] = record.EXCHANGE_RATE;
+}
+
+constexpr auto kCurrencyAt = static_cast<std::size_t>(
+    std::ranges::find(kMoneyFields, std::string_view("CURRENCY"), &TextField<MoneyRecord>::name) - kMoneyFields);
+
+}  // namespace
+
+void WalkDays(const ExportSource& source, CRowSink& sink) {
+    std::array<ExportCell, kDayColumns.size()> cells;
+    const auto money = std::span(cells).subspan<1, kMoneyCells>();
+    const auto results = std::span(cells).subspan<1 + kMoneyCells>();
+    std::unordered_set<const MoneyRecord*> ofDays;
+    std::size_t at = 0;
+    for (const AccountDay& day : AccountDaysOf(source.report)) {
+        const DayResult& result = source.analysis.days[at++];
+        cells.front() = DayCell{result.day};
+        FillMoneyCells(*day.record, money);
+        for (std::size_t i = 0; i < results.size(); ++i) {
+            results[i] = CellOf(kDayResultFields[i + 1].value(result), ColumnKind::Number);
+        }
+        sink.OnRow(cells);
+        ofDays.insert(day.record);
+    }
+    cells = {};
+    for (const auto& record : source.report.MoneyStore.Records) {
+        if (ofDays.contains(record.get())) continue;
+        FillMoneyCells(*record, money);
+        sink.OnRow(cells);
+    }
+}
+
+void WalkCurrencyDays(const ExportSource& source, CRowSink& sink) {
+    const CCurrencyMoneyStore& stores = source.report.CurrencyMoneyStore;
+    std::array<ExportCell, kMoneyCells> cells;
+    for (const std::string& name : stores.Names) {
+        for (const auto& record : stores.Find(name)->Records) {
+            FillMoneyCells(*record, cells);
+            cells[kCurrencyAt] = GbkCell{name};
+            sink.OnRow(cells);
+        }
+    }
+}
+
+void WalkTrades(const ExportSource& source, CRowSink& sink) {
+    WalkStore(source.report.MatchStore, kMatchFields, kTradeColumns, sink);
+}
+
+void WalkClosed(const ExportSource& source, CRowSink& sink) {
+    WalkStore(source.report.PingDetailStore, kPingFields, kClosedColumns, sink);
+}
+
+void WalkPositions(const ExportSource& source, CRowSink& sink) {
+    WalkStore(source.report.OpiDetailStore, kOpiDetailFields, kPositionColumns, sink);
+}
+
+void WalkPositionSums(const ExportSource& source, CRowSink& sink) {
+    WalkStore(source.report.OpiSumStore, kOpiSumFields, kPositionSumColumns, sink);
+}
+
+}  // namespace tradebill

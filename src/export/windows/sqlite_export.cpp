@@ -1,0 +1,20 @@
+// Debian has no SQLite for the cross compiler.
+#include "export/sqlite_export.h"
+
+#include <string>
+
+namespace tradebill {
+
+bool HasSqlite() {
+    return false;
+}
+
+DatabaseResult LookAtDatabase(const std::string&) {
+    return {DatabaseEnd::Failed, "this program is built without SQLite"};
+}
+
+DatabaseResult SaveToDatabase(const std::string&, const AccountKey&, const ExportSource&, int) {
+    return {DatabaseEnd::Failed, "this program is built without SQLite"};
+}
+
+}  // namespace tradebill

@@ -1,0 +1,89 @@
+#include "export/store_tables.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <memory>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "base/text.h"
+#include "export/table_list.h"
+#include "export/tables_fixture.h"
+#include "report/money_store.h"
+#include "report/record_makers.h"
+#include "report/records.h"
+#include "support/gbk_text.h"
+
+namespace tradebill::store_tables_test {
+namespace {
+
+class StoreTables : public TablesFixture {};
+
+TEST_F(StoreTables, HaveAllNamesOnceWhateverTheirCase) {
+    // SQLite takes "lots" and "LOTS" for one.
+    std::set<std::string> tables;
+    for (const ExportTable& table : Tables()) {
+        EXPECT_TRUE(tables.emplace(table.name).second) << table.name;
+        std::set<std::string> columns{"user", "account", "kind"};
+        for (const ExportColumn& column : table.columns) {
+            std::string name(column.name);
+            std::ranges::transform(name, name.begin(), [](unsigned char byte) { return std::tolower(byte); });
+            EXPECT_TRUE(columns.insert(name).second) << table.name << "." << name;
+        }
+        EXPECT_TRUE(std::ranges::any_of(table.columns, &ExportColumn::isKey)) << table.name;
+    }
+}
+
+TEST_F(StoreTables, HaveNoRowsWithoutStatements) {
+    for (const ExportTable& table : Tables()) {
+        if (table.name == "figures") continue;
+        EXPECT_EQ(RowsOf(table.name, {table.columns.front().name}), TextRows()) << table.name;
+    }
+}
+
+TEST_F(StoreTables, HaveADayForEachMoneyRecord) {
+    report.MoneyStore.Add(CopyOf(Money("20240102", {{"QCQY", "1000.00"}, {"KHQY", "1,234.50"}, {"SXF", ""}}, 1.5)),
+                          MoneySource::Statement);
+    report.MoneyStore.Add(CopyOf(Money("20240103", {{"KHQY", "-12.345"}, {"SXF", "none"}})), MoneySource::Statement);
+    EXPECT_EQ(RowsOf("days", {"BILL_DATE", "QCQY", "KHQY", "SXF", "EXCHANGE_RATE"}),
+              (TextRows{{"2024-01-02", "1000.0", "1234.5", "-", "1.5"}, {"2024-01-03", "-", "-12.345", "-", "1.0"}}));
+}
+
+TEST_F(StoreTables, NameTheCurrencyOfADayByItsStore) {
+    const auto add = [&](const char* day, const char* equity, const char* currency) {
+        report.CurrencyMoneyStore.Add(CopyOf(Money(day, {{"KHQY", equity}})), currency, MoneySource::Statement);
+    };
+    add("20240102", "10", "USD");
+    add("20240102", "70", "HKD");
+    add("20240103", "11", "USD");
+    EXPECT_EQ(RowsOf("currency_days", {"CURRENCY", "BILL_DATE", "KHQY"}),
+              (TextRows{{"USD", "2024-01-02", "10.0"}, {"USD", "2024-01-03", "11.0"}, {"HKD", "2024-01-02", "70.0"}}));
+}
+
+TEST_F(StoreTables, HaveARowForEachTradeInTheOrderOfReading) {
+    MatchRecord& first = report.MatchStore.Add();
+    FillFields<MatchRecord>(
+        first, kMatchFields,
+        {{"BILL_DATE", "20240102"}, {"CONTRACT", Gbk("螺纹钢")}, {"MATCH_PRICE", "3820"}, {"MATCHNO", "00067777"}});
+    report.MatchStore.Add() = first;
+    EXPECT_EQ(
+        RowsOf("trades", {"BILL_DATE", "CONTRACT", "MATCH_PRICE", "MATCHNO"}),
+        (TextRows{{"2024-01-02", "螺纹钢", "3820.0", "00067777"}, {"2024-01-02", "螺纹钢", "3820.0", "00067777"}}));
+}
+
+TEST_F(StoreTables, HaveARowForEachPositionAndEachSum) {
+    report.PingDetailStore.Add() = Closed({{"BILL_DATE", "20240102"}, {"OPEN_DATE", "20231229"}, {"MATCH_VOL", "3"}});
+    report.OpiDetailStore.Add() = Open({{"BILL_DATE", "20240103"}, {"POSITION_VOL", "2"}, {"FLOATPL", "-20.00"}});
+    report.OpiSumStore.Add() = OpenSum({{"BILL_DATE", "20240104"}, {"DEPOSIT", "8825.60"}, {"BID", Gbk("买")}});
+    EXPECT_EQ(RowsOf("closed", {"BILL_DATE", "OPEN_DATE", "MATCH_VOL"}),
+              (TextRows{{"2024-01-02", "2023-12-29", "3.0"}}));
+    EXPECT_EQ(RowsOf("positions", {"BILL_DATE", "POSITION_VOL", "FLOATPL"}),
+              (TextRows{{"2024-01-03", "2.0", "-20.0"}}));
+    EXPECT_EQ(RowsOf("position_sums", {"BILL_DATE", "DEPOSIT", "BID"}), (TextRows{{"2024-01-04", "8825.6", "买"}}));
+}
+
+}  // namespace
+}  // namespace tradebill::store_tables_test
