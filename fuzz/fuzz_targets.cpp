@@ -10,6 +10,7 @@ namespace {
 
 // clang-format off
 constexpr FuzzTarget kTargets[] = {
+    {"anonymise",    FuzzAnonymise},
     {"chart",        FuzzChart},
     {"findings",     FuzzFindings},
     {"host",         FuzzHost},
