@@ -150,13 +150,12 @@ CAccountAnonymiser::Attempt CAccountAnonymiser::TryFactor(const CAmountFactor& f
         CSheetWatch watch(statements_[i].text);
         Read(statements_[i], watch);
         StatementSheet sheet = MakeSheet(statements_[i].text, watch);
+        auto figures =
+            IsForeign(request_) ? std::nullopt : FiguresOf(sheet, watch, FormatOf(request_.StatementFormat).equity);
         CTableAmounts tables(sheet, factor, units_);
         tables.Change();
-        if (IsForeign(request_)) {
-            money.ChangeForeign(CurrencyFiguresOf(sheet, watch), tables.Sums());
-        } else if (auto figures = FiguresOf(sheet, watch, FormatOf(request_.StatementFormat).equity)) {
-            money.ChangeDomestic(sheet, *std::move(figures), tables.Sums());
-        }
+        if (figures) money.ChangeDomestic(sheet, *std::move(figures), tables.Sums());
+        if (IsForeign(request_)) money.ChangeForeign(CurrencyFiguresOf(sheet, watch), tables.Sums());
         ChangeRest(sheet, factor);
         attempt.sameAmounts += SameAmountsOf(sheet);
         std::string copy;

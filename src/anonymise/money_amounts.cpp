@@ -77,6 +77,23 @@ void PlaceByFields(StatementSheet& sheet, MoneyFigures& figures) {
     }
 }
 
+/// The row that a cell stands in.
+SheetRow& RowOf(StatementSheet& sheet, const SheetCell& cell) {
+    const auto index = static_cast<std::size_t>(&cell - sheet.cells.data());
+    const auto behind = std::ranges::upper_bound(sheet.rows, index, {}, &SheetRow::firstCell);
+    return *(behind - 1);
+}
+
+/// The cell of a figure, unless a reader takes its row for one of a table.
+SheetCell* FigureCellAt(StatementSheet& sheet, std::string_view place) {
+    SheetCell* const cell = sheet.CellAt(static_cast<std::size_t>(place.data() - sheet.text.data()));
+    if (cell == nullptr || !cell->number) return nullptr;
+    SheetRow& row = RowOf(sheet, *cell);
+    if (row.watched != nullptr && row.watched->kind != SectionKind::Money) return nullptr;
+    row.isOfMoney = true;
+    return cell;
+}
+
 }  // namespace
 
 std::optional<MoneyFigures> FiguresOf(StatementSheet& sheet, const CSheetWatch& watch, EquityRule equity) {
@@ -88,8 +105,7 @@ std::optional<MoneyFigures> FiguresOf(StatementSheet& sheet, const CSheetWatch& 
     }
     for (std::size_t i = 0; i < places.size(); ++i) {
         if (places[i].empty()) continue;
-        SheetCell* const cell = sheet.CellAt(static_cast<std::size_t>(places[i].data() - sheet.text.data()));
-        if (cell != nullptr && cell->number) figures.cells[i].push_back(cell);
+        if (SheetCell* const cell = FigureCellAt(sheet, places[i])) figures.cells[i].push_back(cell);
     }
     CompleteFromRecord(*watch.Money(), equity, figures.money);
     PlaceByFields(sheet, figures);
@@ -174,7 +190,7 @@ public:
     /// Amounts of the money section that are a figure in other words.
     void StoreEqual(StatementSheet& sheet) {
         for (const SheetRow& row : sheet.rows) {
-            const bool isOfTable = row.isInTable && !row.IsOf(SectionKind::Money);
+            const bool isOfTable = row.isInTable && !row.isOfMoney && !row.IsOf(SectionKind::Money);
             for (std::size_t i = row.firstCell; i < row.firstCell + row.cells && !isOfTable; ++i) {
                 SheetCell& cell = sheet.cells[i];
                 if (cell.number && cell.meaning == Meaning::Ratio) ChangeRatio(cell);

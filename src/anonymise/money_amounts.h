@@ -32,7 +32,9 @@ struct MoneyFigures {
     }
 };
 
-/// Of a domestic statement; nothing if it has no money record.
+/// Of a domestic statement; nothing if it has no money record. Its rows are marked as those of money.
+///
+/// REQUIRES: the tables of `sheet` are changed after this, since those rows aren't theirs.
 [[nodiscard]] std::optional<MoneyFigures> FiguresOf(StatementSheet& sheet, const CSheetWatch& watch, EquityRule equity);
 
 /// Of a foreign one, a column for each currency; the base comes first.

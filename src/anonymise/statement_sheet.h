@@ -30,9 +30,10 @@ struct SheetCell {
 struct SheetRow {
     std::size_t firstCell;
     std::size_t cells;
-    std::size_t table;      ///< rows below one heading are a table
-    bool isTotal = false;   ///< of the rows above it
-    bool isInTable = true;  ///< not labels with values, and no free text
+    std::size_t table;       ///< rows below one heading are a table
+    bool isTotal = false;    ///< of the rows above it
+    bool isInTable = true;   ///< not labels with values, and no free text
+    bool isOfMoney = false;  ///< it holds figures of the money section
     const WatchedRow* watched = nullptr;
 
     [[nodiscard]] bool IsOf(SectionKind kind) const { return watched != nullptr && watched->kind == kind; }

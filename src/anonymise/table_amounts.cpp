@@ -92,7 +92,7 @@ void CTableAmounts::Change() {
 
 CTableAmounts::Turn CTableAmounts::TurnOf(const SheetRow& row) {
     if (row.IsOf(SectionKind::Open) || row.IsOf(SectionKind::Closed)) return Turn::Positions;
-    if (row.IsOf(SectionKind::Money)) return Turn::None;
+    if (row.isOfMoney || row.IsOf(SectionKind::Money)) return Turn::None;
     return row.IsOf(SectionKind::Trades) ? Turn::Trades : Turn::Others;
 }
 
@@ -324,7 +324,7 @@ std::vector<ColumnSum> CTableAmounts::Sums() const {
         if (cell.number->steps < 0) add(sum.losses, cell);
     };
     for (const TableRow& row : rows_) {
-        if (row.row->IsOf(SectionKind::Money)) continue;
+        if (TurnOf(*row.row) == Turn::None) continue;
         ForEachAmount(row, [&](const SheetCell& cell) {
             take(row, cell, {});
             if (!row.facts.currency.empty()) take(row, cell, row.facts.currency);
