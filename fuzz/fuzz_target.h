@@ -69,6 +69,7 @@ std::string WriteFuzzFile(std::string_view name, std::string_view bytes);
 [[nodiscard]] std::string BytesOfFile(const std::string& path);
 
 // One of each target's file.
+void FuzzAnonymise(std::string_view input);
 void FuzzReaders(std::string_view input);
 void FuzzTemplate(std::string_view input);
 void FuzzFindings(std::string_view input);

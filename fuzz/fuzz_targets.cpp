@@ -10,6 +10,7 @@ namespace {
 
 // clang-format off
 constexpr FuzzTarget kTargets[] = {
+    {"anonymise",    FuzzAnonymise},
     {"chart",        FuzzChart},
     {"diff",         FuzzDiff},
     {"findings",     FuzzFindings},

@@ -130,6 +130,7 @@ def statement_seeds(seeds):
         wild = [extreme(days[0], 0), extreme(days[1], 3), extreme(days[2], 5)]
         seeds["readers"].append(choice + b"\6" + wild[0])
         for account in (days, wild):
+            seeds["anonymise"].append(choice + bytes([number, number]) + NUL.join(account))
             seeds["findings"].append(choice + b"\1" + NUL.join(account))
             seeds["run"].append(choice + b"\3" + NUL.join(account[:2]))
         live = NUL.join(re.findall(rb"^\w+=(.*?)\r?$", read(sample / "live.ini"), re.M)[:18])
@@ -222,8 +223,9 @@ def dictionaries():
     numbers = {b"1e308", b"-1e-320", b".", b"e+", b"2147483647", b"-2147483648", b",", b"0x1p3", b"inf", b"nan", b"9999999999999"}
     chunks = {b"IHDR", b"IDAT", b"PLTE", b"tRNS", b"gAMA", b"sRGB", b"IEND", b"\x89PNG\r\n\x1a\n", b"\xff\xd8\xff", b"\xff\xc0"}
     doubles = {amount(number) for number in (1e300, -1e300, float("inf"), float("nan"), 0.0, 5e-324, 1e9)}
+    labels = {word.encode("gbk") for word in literals("anonymise", gbk)}
     return {
-        "readers": titles, "findings": titles, "run": titles, "run_pictures": titles, "template": titles | keys,
+        "anonymise": titles | labels, "readers": titles, "findings": titles, "run": titles, "run_pictures": titles, "template": titles | keys,
         "ini": ini, "request": ini | settings | fields, "host": {b"2024-01-02", b"3000-12-31", b"1970-1-1", b"\xff" * 4},
         "numbers": numbers | doubles, "text": tags | {b"|", b" ", b"\xa1\xa1", b"\x80", b"\xef\xbf\xbd"},
         "diff": {b'"schema":1', b'"analysis"', b'"matches"', b'"BILL_DATE"', b'"values"', b'"money"', b'"Records"', b"null"},

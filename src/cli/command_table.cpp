@@ -4,6 +4,7 @@
 #include <iterator>
 #include <span>
 
+#include "cli/anonymise_command.h"
 #include "cli/chart_command.h"
 #include "cli/check_command.h"
 #include "cli/diff_command.h"
@@ -24,16 +25,17 @@ constexpr CommandGroup kGroups[] = {
 };
 
 constexpr Command kCommands[] = {
-    {"",         "report",  "Read the statements of a range of days and write the page", DeclareReport},
-    {"",         "check",   "Find what is wrong in the statements of a range of days",   DeclareCheck},
-    {"",         "diff",    "Tell what differs between the JSON of two runs",            DeclareDiff},
-    {"",         "export",  "Write what a report reads and works out as tables",         DeclareExport},
-    {"",         "chart",   "Paint one chart of an account at any size",                 DeclareChart},
-    {"",         "reset",   "Write the page that stands for a report until it is there", DeclareReset},
-    {"",         "explain", "Show what the readers see in one statement",                DeclareExplain},
-    {"",         "layouts", "List the statement layouts that can be read",               DeclareLayouts},
-    {"template", "check",   "Find what a template says in vain",                         DeclareTemplateCheck},
-    {"",         "gallery", "Paint every kind of chart, with a page that shows them",    DeclareGallery},
+    {"",         "report",    "Read the statements of a range of days and write the page",     DeclareReport},
+    {"",         "check",     "Find what is wrong in the statements of a range of days",       DeclareCheck},
+    {"",         "diff",      "Tell what differs between the JSON of two runs",                DeclareDiff},
+    {"",         "export",    "Write what a report reads and works out as tables",             DeclareExport},
+    {"",         "chart",     "Paint one chart of an account at any size",                     DeclareChart},
+    {"",         "reset",     "Write the page that stands for a report until it is there",     DeclareReset},
+    {"",         "explain",   "Show what the readers see in one statement",                    DeclareExplain},
+    {"",         "layouts",   "List the statement layouts that can be read",                   DeclareLayouts},
+    {"template", "check",     "Find what a template says in vain",                             DeclareTemplateCheck},
+    {"",         "anonymise", "Copy statements for others to look at, without whose they are", DeclareAnonymise},
+    {"",         "gallery",   "Paint every kind of chart, with a page that shows them",        DeclareGallery},
 };
 // clang-format on
 

@@ -118,7 +118,7 @@ std::vector<std::string_view> ColumnsOf(std::string_view line) {
 
 class CFigureReader {
 public:
-    explicit CFigureReader(PrintedMoney& money) : money_(money) {}
+    CFigureReader(PrintedMoney& money, FigurePlaces* places) : money_(money), places_(places) {}
 
     [[nodiscard]] bool HasFigures() const { return hasFigures_; }
 
@@ -134,6 +134,7 @@ private:
         const auto figure = FigureOf(word);
         if (!amount || !figure) return;
         money_[*figure] = amount->steps;
+        if (places_ != nullptr) (*places_)[static_cast<std::size_t>(*figure)] = text;
         hasFigures_ = true;
     }
 
@@ -183,6 +184,7 @@ private:
     }
 
     PrintedMoney& money_;
+    FigurePlaces* places_;
     std::vector<std::string> heading_;
     std::string label_;
     bool hasFigures_ = false;
@@ -237,13 +239,13 @@ void Fill(std::span<const FieldFigure> fields, const MoneyRecord& record, Printe
 
 }  // namespace
 
-void ReadPrintedMoney(const MoneyBlock& block, PrintedMoney& money) {
+void ReadPrintedMoney(const MoneyBlock& block, PrintedMoney& money, FigurePlaces* places) {
     constexpr int kMostLines = 60;
     const std::string_view end = block.endRow.empty() ? block.titleRow : block.endRow;
     money.Row = LineOf(block.text, block.titleRow);
     std::string_view rest = block.text.substr(static_cast<std::size_t>(block.titleRow.data() - block.text.data()));
     static_cast<void>(TakeLine(rest));
-    CFigureReader reader(money);
+    CFigureReader reader(money, places);
     for (int line = 0; line < kMostLines && !rest.empty(); ++line) {
         const std::string_view row = Trim(TakeLine(rest));
         const bool isPastEnd = row.data() >= end.data();

@@ -3,6 +3,7 @@
 // own ways.
 #pragma once
 
+#include <array>
 #include <string_view>
 
 #include "report/money_record.h"
@@ -18,9 +19,13 @@ struct MoneyBlock {
     std::string_view endRow;    ///< the row that ends it; empty if no row does
 };
 
+/// Where each figure of a statement is printed, in its text; empty for those that aren't.
+using FigurePlaces = std::array<std::string_view, kPrintedFigures>;
+
 /// Takes the figures of `block` into `money`, by labels in front of them or by a heading above them. They may go on
 /// below the row that ends the section for its reader. What isn't known stays out. Sets Row to the title's line.
-void ReadPrintedMoney(const MoneyBlock& block, PrintedMoney& money);
+/// `places`, which may be null, gets the place of each.
+void ReadPrintedMoney(const MoneyBlock& block, PrintedMoney& money, FigurePlaces* places = nullptr);
 
 /// Fills what `money` lacks from `record`, for layouts whose labels only a template knows.
 void CompleteFromRecord(const MoneyRecord& record, EquityRule equity, PrintedMoney& money);

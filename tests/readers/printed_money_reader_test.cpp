@@ -67,6 +67,17 @@ TEST(PrintedMoneyReader, ReadsPairsOfLabelAndValue) {
     EXPECT_EQ(Cents(money, Deposits), std::nullopt);
 }
 
+TEST(PrintedMoneyReader, TellsWhereFiguresStand) {
+    const std::string text = Statement({"资金状况", "上日结存:  1000.00   当日结存: 1110.50", "-----", ""});
+    PrintedMoney money;
+    FigurePlaces places;
+    ReadPrintedMoney({text, std::string_view(text).substr(0, 8), {}}, money, &places);
+    const auto placeOf = [&](PrintedFigure figure) { return places[static_cast<std::size_t>(figure)]; };
+    EXPECT_EQ(placeOf(Opening), "1000.00");
+    EXPECT_EQ(placeOf(Closing).data(), text.data() + text.find("1110.50"));
+    EXPECT_TRUE(placeOf(Margin).empty());
+}
+
 TEST(PrintedMoneyReader, ReadsLabelsWithBlanksAndEnglish) {
     const PrintedMoney money =
         ReadBlock({"资金状况  币种：人民币  Account Summary", "-----",

@@ -1,0 +1,34 @@
+// The statements below a root folder, by user and account: found by their names, whatever their days.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace tradebill {
+
+/// Whose statements lie in one folder.
+struct AccountKey {
+    std::string user;     ///< folder below "Users"
+    std::string account;  ///< as in the files' names
+    bool isForeign = false;
+
+    auto operator<=>(const AccountKey&) const = default;
+};
+
+struct StatementPlace {
+    std::string day;  ///< yyyymmdd
+    std::string path;
+    std::string ending;  ///< of the name, behind the day
+};
+
+/// By day.
+using AccountFiles = std::map<AccountKey, std::vector<StatementPlace>>;
+
+/// All statements below `root`. Throws CUnreadableInput for a folder that can't be looked into.
+[[nodiscard]] AccountFiles FindAccountFiles(const std::string& root);
+
+/// The name of a statement file.
+[[nodiscard]] std::string StatementName(const AccountKey& account, const std::string& day, const std::string& ending);
+
+}  // namespace tradebill
