@@ -76,7 +76,7 @@ AccountFiles FindAccountFiles(const std::string& root) {
     return files;
 }
 
-std::string StatementName(const AccountKey& account, const std::string& day, const std::string& ending) {
+std::string StatementName(const FoundAccount& account, const std::string& day, const std::string& ending) {
     return std::string(account.isForeign ? kForeignStart : kStart) + account.account + "." + day + ending;
 }
 

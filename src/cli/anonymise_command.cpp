@@ -71,7 +71,7 @@ AccountFiles WantedFiles(const AnonymiseCommand& command, const std::string& roo
     AccountFiles files = FindAccountFiles(root);
     const bool isForeignAlone = command.kind && KindNumber(command.kind) == kForeignKind;
     std::erase_if(files, [&](const auto& entry) {
-        const AccountKey& key = entry.first;
+        const FoundAccount& key = entry.first;
         return !Matches(command.user, key.user) || !Matches(command.account, key.account) ||
                (command.kind && key.isForeign != isForeignAlone);
     });

@@ -71,7 +71,7 @@ RequestFile ReadRequestFile(const std::string& path) {
     return file;
 }
 
-std::string ChangedRequest(const RequestFile& file, const AccountKey& account, int shiftWeeks) {
+std::string ChangedRequest(const RequestFile& file, const FoundAccount& account, int shiftWeeks) {
     std::string text = "[REQUEST]\n";
     for (const CIniFile::Entry& entry : RequiredSection(file.ini, "REQUEST").entries) {
         std::string value = entry.value;

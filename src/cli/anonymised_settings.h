@@ -37,7 +37,7 @@ struct RequestFile {
 [[nodiscard]] RequestFile ReadRequestFile(const std::string& path);
 
 /// The same request of the copy: `account`, and dates that are moved.
-[[nodiscard]] std::string ChangedRequest(const RequestFile& file, const AccountKey& account, int shiftWeeks);
+[[nodiscard]] std::string ChangedRequest(const RequestFile& file, const FoundAccount& account, int shiftWeeks);
 
 /// A file of the copy.
 struct SideFile {
