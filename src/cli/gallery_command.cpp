@@ -14,7 +14,6 @@
 #include "cli/gallery_charts.h"
 #include "cli/output_file.h"
 #include "cli/shown_text.h"
-#include "cli/usage_error.h"
 #include "cli/watched_run.h"
 #include "paint/bitmap.h"
 #include "paint/canvas.h"
