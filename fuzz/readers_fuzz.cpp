@@ -34,6 +34,7 @@ void RequireLines(const SectionReport& section, int lines) {
 }
 
 void RequireLines(const CScanReport& seen) {
+    Require(seen.MoneyRecords() == 0 || seen.FoundSections() > 0, "money stands in a section");
     for (const ReaderPass& pass : seen.Passes()) {
         for (const SectionReport& section : pass.sections) RequireLines(section, seen.LineCount());
     }

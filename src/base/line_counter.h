@@ -8,6 +8,11 @@
 
 namespace tradebill {
 
+/// The line in which the byte at `at` stands; from 1.
+[[nodiscard]] inline int LineAt(std::string_view text, std::size_t at) {
+    return static_cast<int>(CountByte(text.substr(0, at), '\n')) + 1;
+}
+
 /// Where lines begin in a text that is looked at from top to bottom, mostly.
 class CLineCounter {
 public:

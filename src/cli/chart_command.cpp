@@ -179,8 +179,9 @@ int RunChartCommand(const ChartCommand& command) {
     const std::int32_t status = PaintAsHost({picture.Row(0), picture.Width(), picture.Height()},
                                             [&](ChartTarget* target) { Repaint(report, chart, target, &rect, size); });
     if (status != kChartDone) return Fail("the chart can't be painted at this size");
-    const int saved = SavePicture(encode(picture), output);
-    return saved == kExitDone && !result->problems.IsEmpty() ? kExitFailed : saved;
+    if (SavePicture(encode(picture), output) != kExitDone) return kExitFailed;
+    const int painted = FinishPainting();
+    return result->problems.IsEmpty() ? painted : kExitFailed;
 }
 
 }  // namespace tradebill

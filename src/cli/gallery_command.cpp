@@ -14,9 +14,7 @@
 #include "cli/gallery_charts.h"
 #include "cli/output_file.h"
 #include "cli/shown_text.h"
-#include "cli/usage_error.h"
 #include "cli/watched_run.h"
-#include "images/missing_fonts.h"
 #include "paint/bitmap.h"
 #include "paint/canvas.h"
 #include "paint/picture_file.h"
@@ -88,8 +86,7 @@ int RunGalleryCommand(const std::string& folder) {
     };
     if (!page.Save(writePage)) throw std::runtime_error("cannot write " + pagePath);
     std::cout << charts.size() << " charts: " << ShownText(NativePath(pagePath)) << "\n";
-    const std::string boxes = WhyTextsAreBoxes();
-    return boxes.empty() ? kExitDone : Fail(boxes);
+    return FinishPainting();
 }
 
 }  // namespace tradebill

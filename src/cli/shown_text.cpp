@@ -106,39 +106,35 @@ int CShownBuffer::sync() {
     return inner_.pubsync();
 }
 
-// What says that memory has run out goes this way too: a text of one character needs none.
 bool CShownBuffer::HandOn(std::string_view text) {
     while (!waiting_.empty() && !text.empty()) {
         waiting_ += text.front();
         text.remove_prefix(1);
         std::string_view begun = waiting_;
-        // What shows that it is none may be plain: that waits for nothing either.
-        if (!SendCharacters(begun) || !SendCharacters(begun)) return false;
+        if (!SendCharacters(begun)) return false;
         waiting_.erase(0, waiting_.size() - begun.size());
     }
-    while (!text.empty()) {
-        const std::size_t plain = static_cast<std::size_t>(std::ranges::find_if_not(text, IsSentAsItIs) - text.begin());
-        if (!Send(text.substr(0, plain))) return false;
-        text.remove_prefix(plain);
-        const std::size_t before = text.size();
-        if (!SendCharacters(text)) return false;
-        if (text.size() != before || text.empty()) continue;
-        waiting_ = text;
-        break;
-    }
+    if (!SendCharacters(text)) return false;
+    waiting_ += text;
     return true;
 }
 
-/// Sends characters that aren't plain, up to the next one that is or is cut, and takes them off `text`.
+/// Sends all characters up to one that is cut, and takes them off `text`. What says that memory has run out goes this
+/// way too: plain texts, and one of a single character, need none.
 bool CShownBuffer::SendCharacters(std::string_view& text) {
     while (!text.empty()) {
+        const auto plain = static_cast<std::size_t>(std::ranges::find_if_not(text, IsSentAsItIs) - text.begin());
+        if (plain > 0) {
+            if (!Send(text.substr(0, plain))) return false;
+            text.remove_prefix(plain);
+            continue;
+        }
         const Utf8Character character = FirstUtf8Character(text);
         if (character.isCut) return true;
         std::string shown;
         AppendCharacter(shown, text, character, LineEnds::Sent);
         if (!Send(shown)) return false;
         text.remove_prefix(character.size);
-        if (!text.empty() && IsSentAsItIs(text.front())) return true;
     }
     return true;
 }

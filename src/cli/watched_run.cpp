@@ -81,6 +81,11 @@ int Fail(const std::string& text) {
     return kExitFailed;
 }
 
+int FinishPainting() {
+    const std::string boxes = WhyTextsAreBoxes();
+    return boxes.empty() ? kExitDone : Fail(boxes);
+}
+
 std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prepared, bool quiet, RunFunction* run,
                                     RunOptions options) {
     options.access = StatementAccess::ReadAlone;
@@ -96,7 +101,6 @@ std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prep
     const auto fonts = paints ? FindFontsMeanwhile(prepared.request) : nullptr;
     RunResult result = RunWithProgress(report, prepared, quiet, run, options);
     if (paints) {
-        if (run != RunReport) result.problems.fonts = WhyTextsAreBoxes();
         for (const std::string& text : ProblemTexts(result.problems)) Fail(text);
     } else {
         for (const UnreadFile& file : result.problems.inputs) Fail(UnreadFileText(file));

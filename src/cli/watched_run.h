@@ -15,6 +15,9 @@ void Warn(const std::string& text);
 /// Says on stderr what failed. Returns kExitFailed.
 int Fail(const std::string& text);
 
+/// The exit code of a command whose pictures are painted: says what fonts keep from them.
+[[nodiscard]] int FinishPainting();
+
 /// RunReport, ReadAccount or ReadStatements.
 using RunFunction = RunResult(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
                               const RunOptions& options);

@@ -11,6 +11,7 @@
 
 #include "base/byte_mask.h"
 #include "base/gbk.h"
+#include "base/line_counter.h"
 #include "base/text.h"
 #include "base/word_bytes.h"
 
@@ -34,10 +35,6 @@ std::size_t FindAmongWide(std::string_view text, OnCharacter onCharacter) {
         }
     }
     return std::string_view::npos;
-}
-
-int RowAt(std::string_view text, std::size_t at) {
-    return static_cast<int>(CountByte(text.substr(0, at), '\n')) + 1;
 }
 
 /// Bytes of the UTF-8 character at `at`, of more than one byte; 0 if there is none.
@@ -118,11 +115,11 @@ std::optional<EncodingFault> FindEncodingFault(std::string_view bytes) {
         constexpr std::size_t kFirstCharacters = 64;
         const bool isWide = zero < kFirstCharacters && text.substr(zero + 2, 1) == std::string_view("\0", 1);
         if (isWide) return EncodingFault{"UTF-16 without a mark", true};
-        return EncodingFault{"a zero byte, at which reading ends", false, RowAt(text, zero)};
+        return EncodingFault{"a zero byte, at which reading ends", false, LineAt(text, zero)};
     }
     if (hasMark) return EncodingFault{"a UTF-8 mark at the start of GBK text", false, 1};
     if (const auto at = FirstStrangeByte(text)) {
-        return EncodingFault{"bytes that are no GBK characters", false, RowAt(text, *at)};
+        return EncodingFault{"bytes that are no GBK characters", false, LineAt(text, *at)};
     }
     return std::nullopt;
 }

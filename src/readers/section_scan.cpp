@@ -11,6 +11,7 @@
 
 #include "base/byte_mask.h"
 #include "base/gbk.h"
+#include "base/line_counter.h"
 #include "base/report_error.h"
 #include "base/text.h"
 #include "readers/scan_listener.h"
@@ -159,7 +160,7 @@ int CSectionScan::LineOf(std::int64_t row) const {
     if (rows_.Count() == 0) return 0;
     const std::int64_t nearest = std::clamp<std::int64_t>(row, 0, static_cast<std::int64_t>(rows_.Count()) - 1);
     const char* const at = rows_[static_cast<std::size_t>(nearest)].data();
-    return static_cast<int>(std::count(text_.data(), at, '\n')) + 1;
+    return LineAt(text_, static_cast<std::size_t>(at - text_.data()));
 }
 
 void CSectionScan::RethrowFrom(std::int64_t row, SectionKind kind) const {

@@ -42,6 +42,12 @@ protected:
     }
     ~RunFiles() override { OnSizes() = {}; }
 
+    /// What a run makes page and pictures with; their result is `made`.
+    CRunFiles FilesOfRun() {
+        report.Request = CopyRequest(request_);
+        return {report, PrepareBillFolders(report), made};
+    }
+
     /// All files below the page's folder.
     [[nodiscard]] std::map<std::string, std::string> Files() const {
         std::map<std::string, std::string> files;
@@ -71,6 +77,7 @@ protected:
     }
 
     CMessageWindow window_;
+    RunResult made;
 };
 
 TEST_F(RunFiles, LieAtTheirPlacesAloneInTheEnd) {
@@ -125,10 +132,8 @@ TEST_F(RunFiles, AreAllThereWhenAStopIsAcknowledged) {
 TEST_F(RunFiles, ShowAPageAsItIsAndGoOn) {
     MakeOlderReport();
     const std::string older = ReadFile(PageFile());
-    report.Request = CopyRequest(request_);
-    RunResult result;
     {
-        CRunFiles files(report, PrepareBillFolders(report), result);
+        CRunFiles files = FilesOfRun();
         const std::string work = files.WorkPage();
         EXPECT_NE(work, PageFile());
         std::ofstream(work) << "first";
@@ -142,32 +147,28 @@ TEST_F(RunFiles, ShowAPageAsItIsAndGoOn) {
         std::ofstream(work, std::ios::app) << " and third";
         files.Finish(std::nullopt);
     }
-    EXPECT_TRUE(result.pageWritten);
-    EXPECT_TRUE(result.problems.IsEmpty());
+    EXPECT_TRUE(made.pageWritten);
+    EXPECT_TRUE(made.problems.IsEmpty());
     EXPECT_EQ(ReadFile(PageFile()), "first and second and third");
     EXPECT_FALSE(fs::exists(Folder() + "/.tradebill.lock"));
 }
 
 TEST_F(RunFiles, KeepThePageThatWasShownIfALaterOneFails) {
-    report.Request = CopyRequest(request_);
-    RunResult result;
-    CRunFiles files(report, PrepareBillFolders(report), result);
+    CRunFiles files = FilesOfRun();
     std::ofstream(files.WorkPage()) << "first";
     files.ShowPage();
     std::ofstream(files.WorkPage(), std::ios::app) << " and ha";
     files.Finish("the disk is full");
-    EXPECT_FALSE(result.pageWritten);
-    ASSERT_TRUE(result.problems.page);
-    EXPECT_EQ(result.problems.page->reason, "the disk is full");
+    EXPECT_FALSE(made.pageWritten);
+    ASSERT_TRUE(made.problems.page);
+    EXPECT_EQ(made.problems.page->reason, "the disk is full");
     EXPECT_EQ(ReadFile(PageFile()), "first");
 }
 
 TEST_F(RunFiles, StayShownAsTheyAreWhileThePageCantBeCopied) {
     MakeOlderReport();
     const std::string older = ReadFile(PageFile());
-    report.Request = CopyRequest(request_);
-    RunResult result;
-    CRunFiles files(report, PrepareBillFolders(report), result);
+    CRunFiles files = FilesOfRun();
     const fs::path work = files.WorkPage();
     std::ofstream(work) << "first";
     fs::create_directory(work.parent_path() / kPageCopy);
@@ -175,7 +176,7 @@ TEST_F(RunFiles, StayShownAsTheyAreWhileThePageCantBeCopied) {
     EXPECT_EQ(ReadFile(PageFile()), older);
     fs::remove(work.parent_path() / kPageCopy);
     files.Finish(std::nullopt);
-    EXPECT_TRUE(result.pageWritten);
+    EXPECT_TRUE(made.pageWritten);
     EXPECT_EQ(ReadFile(PageFile()), "first");
 }
 

@@ -15,7 +15,7 @@ import sys
 # Source below src/, name in it, why it may stay.
 KEPT = [
     (r"paint/freetype/font_faces",
-     r".*\b(Library\(\)::library|HasFontconfig\(\)::started|OpenFaces\(\)::faces"
+     r".*\b(Library\(\)::library|NeedFontconfig\(\)::isStarted|OpenFaces\(\)::faces"
      r"|KnownFamilies\(\)::families|FontLock\(\)::lock)",
      "FreeType, fontconfig and the faces opened so far, behind one lock; nothing that came of a shortage"),
     (r"paint/freetype/font_memory", r".*\b(FontMemory\(\)::memory|ReserveOfFonts|IsShort)",

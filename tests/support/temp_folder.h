@@ -2,13 +2,14 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
 #include <string_view>
+
+#include "support/work_folder.h"
 
 namespace tradebill {
 
@@ -22,16 +23,7 @@ inline const std::string kOddName = "图 1";
 
 class CTempFolder {
 public:
-    CTempFolder() : path_((std::filesystem::temp_directory_path() / UniqueName()).generic_string()) {
-        std::filesystem::remove_all(path_);
-        std::filesystem::create_directories(path_);
-    }
-    ~CTempFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    CTempFolder(const CTempFolder&) = delete;
-    CTempFolder& operator=(const CTempFolder&) = delete;
+    CTempFolder() : folder_(std::filesystem::temp_directory_path(), NextName()) {}
 
     /// With forward slashes, which every system takes.
     [[nodiscard]] std::string Path(std::string_view name = {}) const {
@@ -47,12 +39,13 @@ public:
     }
 
 private:
-    static std::string UniqueName() {
+    static std::string NextName() {
         static int counter = 0;
-        return "tradebill-test-" + std::to_string(::getpid()) + "-" + std::to_string(++counter);
+        return "tradebill-test-" + std::to_string(++counter);
     }
 
-    std::string path_;
+    CWorkFolder folder_;
+    std::string path_ = folder_.Path().generic_string();
 };
 
 /// All bytes of a file; empty if it isn't there.

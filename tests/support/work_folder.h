@@ -1,4 +1,4 @@
-// A folder that is gone when its owner is, for programs without a test's frame; tests have temp_folder.h.
+// A folder that is gone when its owner is, for any program; tests have one that does more in temp_folder.h.
 #pragma once
 
 #include <unistd.h>
@@ -12,9 +12,10 @@ namespace tradebill {
 
 class CWorkFolder {
 public:
-    /// Makes the folder `name` of this process in `ground`.
+    /// Makes the folder `name` of this process in `ground`, an empty one.
     CWorkFolder(const std::filesystem::path& ground, std::string_view name)
         : path_(ground / (std::string(name) + "-" + std::to_string(::getpid()))) {
+        std::filesystem::remove_all(path_);
         std::filesystem::create_directories(path_);
     }
     ~CWorkFolder() {

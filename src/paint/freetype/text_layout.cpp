@@ -107,7 +107,7 @@ TextMetrics MetricsOf(const Font& font) {
 
 bool HasFontsFor(std::string_view text) {
     const CFontUse use;
-    CFontFamily& family = FamilyFor("Arial", true);
+    CFontFamily& family = FamilyFor("Arial", true);  // the banner's, whose faces are open in every run with pictures
     const std::string characters = Utf8Of(text);
     for (std::string_view rest = characters; !rest.empty();) {
         if (ChoiceWith(TakeCharacter(rest), family) == nullptr) return false;

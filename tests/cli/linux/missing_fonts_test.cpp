@@ -5,35 +5,19 @@
 #include <string>
 
 #include "cli/program_fixture.h"
+#include "support/font_settings.h"
 
 namespace tradebill::linux_missing_fonts_test {
 namespace {
 
-/// The fonts of one package, none of which has Chinese characters.
-constexpr const char* kLatinAlone = R"(<?xml version="1.0"?>
-<!DOCTYPE fontconfig SYSTEM "fonts.dtd">
-<fontconfig>
-  <dir>/usr/share/fonts/truetype/liberation</dir>
-</fontconfig>
-)";
-
-constexpr const char* kNone = R"(<?xml version="1.0"?>
-<!DOCTYPE fontconfig SYSTEM "fonts.dtd">
-<fontconfig>
-  <selectfont><rejectfont><glob>*</glob></rejectfont></selectfont>
-</fontconfig>
-)";
-
 constexpr const char* kBoxes =
     "tradebill: no installed font has Chinese characters: texts in pictures are boxes (README.md names the packages)\n";
 
+/// With the fonts of one package, none of which has Chinese characters.
 class MissingFonts : public Program {
 protected:
-    MissingFonts() { Set(kLatinAlone); }
-    void Set(const char* settings) const {
-        ::setenv("FONTCONFIG_FILE", folder_.Write("fonts.conf", settings).c_str(), 1);
-    }
-    ~MissingFonts() override { ::unsetenv("FONTCONFIG_FILE"); }
+    MissingFonts() { UseFontSettings(WriteFontSettings(folder_, FontFolder("/usr/share/fonts/truetype/liberation"))); }
+    ~MissingFonts() override { ::unsetenv(kFontSettingsVariable); }
 };
 
 TEST_F(MissingFonts, AreAFailureOfTheReport) {
@@ -44,7 +28,7 @@ TEST_F(MissingFonts, AreAFailureOfTheReport) {
 }
 
 TEST_F(MissingFonts, AreToldApartFromThoseWithoutChinese) {
-    Set(kNone);
+    UseFontSettings(WriteFontSettings(folder_, kNoFontAtAll));
     const Answer answer = Run(Report("--quiet"));
     EXPECT_EQ(answer.exit, 1);
     EXPECT_EQ(answer.err,

@@ -7,21 +7,16 @@
 #include <string>
 
 #include "paint/canvas.h"
+#include "support/font_settings.h"
 #include "support/gbk_text.h"
 #include "support/temp_folder.h"
 
 namespace tradebill::linux_few_fonts_test {
 namespace {
 
-/// fonts-liberation, fonts-arphic-uming and fonts-wine, and nothing else.
-constexpr const char* kThreePackages = R"(<?xml version="1.0"?>
-<!DOCTYPE fontconfig SYSTEM "fonts.dtd">
-<fontconfig>
-  <dir>/usr/share/fonts/truetype/liberation</dir>
-  <dir>/usr/share/fonts/truetype/arphic</dir>
-  <dir>/usr/share/wine/fonts</dir>
-</fontconfig>
-)";
+/// Those of fonts-liberation, fonts-arphic-uming and fonts-wine.
+constexpr const char* kFolders[] = {"/usr/share/fonts/truetype/liberation", "/usr/share/fonts/truetype/arphic",
+                                    "/usr/share/wine/fonts"};
 
 /// Whether two texts look the same in the banner's font.
 bool LookAlike(const std::string& one, const std::string& other) {
@@ -36,8 +31,8 @@ bool LookAlike(const std::string& one, const std::string& other) {
 }
 
 /// To be asked in a process that has painted no text yet: fonts are looked for once.
-int ExitOfBanner(const std::string& fontconfigFile) {
-    ::setenv("FONTCONFIG_FILE", fontconfigFile.c_str(), 1);
+int ExitOfBanner(const std::string& fontSettings) {
+    UseFontSettings(fontSettings);
     if (!HasFontsFor("0")) return 2;
     if (LookAlike(Gbk("账号:"), Gbk("合计:"))) return 3;  // both rows of boxes
     return LookAlike(Gbk("账号:\r\r") + "9001", Gbk("账号:  ") + "9001") ? 0 : 4;
@@ -46,7 +41,9 @@ int ExitOfBanner(const std::string& fontconfigFile) {
 TEST(FewFonts, ShowNoBoxesInTheBanner) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");  // which begins the process anew
     const CTempFolder folder;
-    const std::string file = folder.Write("fonts.conf", kThreePackages);
+    std::string folders;
+    for (const char* const fonts : kFolders) folders += FontFolder(fonts);
+    const std::string file = WriteFontSettings(folder, folders);
     EXPECT_EXIT(std::_Exit(ExitOfBanner(file)), testing::ExitedWithCode(0), "");
 }
 

@@ -15,6 +15,7 @@
 #include "paint/canvas.h"
 #include "paint/font.h"
 #include "paint/freetype/font_faces.h"
+#include "support/font_settings.h"
 #include "support/gbk_text.h"
 #include "support/temp_folder.h"
 
@@ -23,7 +24,6 @@ namespace {
 
 constexpr const char* kLatin = "liberation/LiberationSans-Bold.ttf";
 constexpr const char* kChinese = "arphic/uming.ttc";  // takes a second to be looked through
-constexpr const char* kNone = "<selectfont><rejectfont><glob>*</glob></rejectfont></selectfont>";
 
 std::string FontAt(const std::string& name) {
     return ReadFile("/usr/share/fonts/truetype/" + name);
@@ -88,10 +88,8 @@ protected:
         return Settings();
     }
     std::string Settings(const std::string& rules = {}) {
-        return folder_.Write("fonts.conf",
-                             "<?xml version=\"1.0\"?><!DOCTYPE fontconfig SYSTEM \"fonts.dtd\"><fontconfig><dir>" +
-                                 folder_.Path("fonts") + "</dir><cachedir>" + folder_.Path("cache") + "</cachedir>" +
-                                 rules + "</fontconfig>");
+        return WriteFontSettings(
+            folder_, FontFolder(folder_.Path("fonts")) + "<cachedir>" + folder_.Path("cache") + "</cachedir>" + rules);
     }
 
     CTempFolder folder_;
@@ -100,7 +98,7 @@ protected:
 
 template <class Question>
 [[noreturn]] void ExitWith(const std::string& settings, Question question) {
-    ::setenv("FONTCONFIG_FILE", settings.c_str(), 1);
+    UseFontSettings(settings);
     std::_Exit(question() ? 0 : 1);
 }
 
@@ -226,7 +224,7 @@ TEST_F(OddFonts, ThatLackACharacterShowItAsABox) {
 }
 
 TEST_F(OddFonts, WhereThereAreNoneShowTextsAsBoxes) {
-    EXPECT_EXIT(ExitWith(Settings(kNone),
+    EXPECT_EXIT(ExitWith(Settings(std::string(kNoFontAtAll)),
                          [] {
                              const Font font{.face = "Arial", .cellHeight = 20};
                              return !HasFontsFor("0") && MeasureText(font, "0").width == 10 && TextsLeaveMarks() &&
