@@ -20,7 +20,6 @@
 #include "cli/wait_option.h"
 #include "cli/watched_run.h"
 #include "driver/place_guard.h"
-#include "driver/report_request.h"
 #include "driver/report_run.h"
 #include "driver/run_problems.h"
 #include "export/csv_set.h"
@@ -31,17 +30,11 @@
 #include "findings/finding_table.h"
 #include "platform/paths.h"
 #include "platform/system_error.h"
+#include "report/account_key.h"
 #include "report/report.h"
-#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {
-
-AccountKey KeyOf(const GenerateBillRequest& request) {
-    return {.user = Utf8Path(request.UserFolder),
-            .account = Utf8Path(request.Account),
-            .kind = request.StatementKind == kForeignKind ? "foreign" : "domestic"};
-}
 
 /// False for what is told by this.
 bool FailToWrite(const std::string& path, const std::string& reason) {
@@ -136,7 +129,7 @@ int RunExportCommand(const ExportCommand& command) {
     const std::vector<Finding> findings = faults.Collect();
     const Analysis analysis = Analyse(report, {.tradingDays = command.tradingDays});
     const ExportSource source{.report = report, .analysis = analysis, .findings = findings};
-    const bool isDone = SaveTables(places, KeyOf(prepared.request), source, command.wait);
+    const bool isDone = SaveTables(places, AccountOf(prepared.request), source, command.wait);
     if (isDone && !command.quiet) ShowSummary(places, source);
     ShowFindings(findings, command.options);
     const bool isWhole = result->problems.IsEmpty() && faults.IsComplete();
