@@ -64,16 +64,17 @@ bool SaveCsv(const std::string& folder, const ExportSource& source, int wait) {
     return problems.IsEmpty() && isReleased;
 }
 
-bool SaveSqlite(const std::string& path, const AccountKey& account, const ExportSource& source, int wait) {
-    const DatabaseResult result = SaveToDatabase(path, account, source, wait);
+bool SaveSqlite(const DatabasePlace& place, const AccountKey& account, const ExportSource& source, int wait) {
+    const DatabaseResult result = SaveToDatabase(place.path, account, source, wait);
     if (result.end == DatabaseEnd::Done) return true;
-    return result.end == DatabaseEnd::Taken ? FailToWait(path, "another program") : FailToWrite(path, result.reason);
+    return result.end == DatabaseEnd::Taken ? FailToWait(place.given, "another program")
+                                            : FailToWrite(place.given, result.reason);
 }
 
 /// Whether all is there that was asked for; what isn't is told.
 bool SaveTables(const ExportPlaces& places, const AccountKey& account, const ExportSource& source, int wait) {
     const bool isCsvSaved = !places.csvFolder || SaveCsv(*places.csvFolder, source, wait);
-    const bool isSqliteSaved = !places.sqliteFile || SaveSqlite(*places.sqliteFile, account, source, wait);
+    const bool isSqliteSaved = !places.database || SaveSqlite(*places.database, account, source, wait);
     return isCsvSaved && isSqliteSaved;
 }
 
@@ -92,7 +93,7 @@ void ShowSummary(const ExportPlaces& places, const ExportSource& source) {
         std::cout << "  " << table.name << std::string(18 - table.name.size(), ' ') << count.rows << " rows\n";
     }
     if (places.csvFolder) std::cout << "  in " << ShownText(NativePath(*places.csvFolder)) << "\n";
-    if (places.sqliteFile) std::cout << "  in " << ShownText(NativePath(*places.sqliteFile)) << "\n";
+    if (places.database) std::cout << "  in " << ShownText(NativePath(places.database->given)) << "\n";
 }
 
 }  // namespace
