@@ -28,7 +28,7 @@ constexpr FieldNote kNotes[] = {
     {"", "DELIVERY",             "Delivery month, in layouts that print it apart"},
     {"", "HEDGE",                "Mark of speculation or hedge"},
     {"matches", "BID",           "Side of the trade"},
-    {"closed", "BID",            "Side of the position that was closed: 买 or 卖; where the statement prints the side of the closing trade, it is turned. In the foreign family it isn't turned: there it is the side of that trade"},
+    {"closed", "BID",            "Side of the position that was closed: 买 or 卖; where the statement prints the side of the closing trade, it is turned. In the foreign family, side of the closing trade"},
     {"positions", "BID",         "Side of the position"},
     {"positionSums", "BID",      "Side: 买 or 卖"},
     {"closed", "side",           "Side of the position that was closed, in both families; null where BID tells none"},
