@@ -61,7 +61,10 @@ bool PutBack(const CsvFile& file) {
 
 /// What may pass is tried twice.
 bool RemoveSurely(const std::string& path) {
-    return RemoveFile(path) || RemoveFile(path);
+    for (int tries = 0; tries < 2; ++tries) {
+        if (RemoveFile(path)) return true;
+    }
+    return false;
 }
 
 /// The set on its way to its places. Whatever isn't put there in full is taken back.
@@ -102,7 +105,7 @@ private:
         for (std::size_t i = 0; i < files_.size(); ++i) {
             ForgetSystemError();
             if (places.Put(files_[i].Part(), files_[i].path)) continue;
-            const CsvProblem failed = ProblemAt(files_[i].path);
+            CsvProblem failed = ProblemAt(files_[i].path);
             TakeBack(std::span(files_).first(i + 1));
             return failed;
         }
