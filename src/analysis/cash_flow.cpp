@@ -1,6 +1,5 @@
 #include "analysis/cash_flow.h"
 
-#include <cstdint>
 #include <optional>
 
 #include "analysis/account_days.h"

@@ -9,7 +9,6 @@
 
 #include "analysis/compensated_sum.h"
 #include "analysis/day_figures.h"
-#include "analysis/day_results.h"
 
 namespace tradebill {
 namespace {

@@ -1,6 +1,5 @@
 #include "analysis/position_rows.h"
 
-#include <cstdint>
 #include <optional>
 #include <string_view>
 

@@ -3,7 +3,6 @@
 #include <cmath>
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
 
 #include "analysis/account_days.h"

@@ -9,7 +9,6 @@
 #include "anonymise/cell_meaning.h"
 #include "anonymise/statement_sheet.h"
 #include "base/decimal.h"
-#include "base/text.h"
 #include "report/product_text.h"
 
 namespace tradebill {

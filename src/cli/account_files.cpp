@@ -61,12 +61,13 @@ AccountFiles FindAccountFiles(const std::string& root) {
     const std::string users = root + "/Users";
     if (!IsFolder(users)) return files;
     for (const std::string& user : SortedNamesIn(users)) {
-        const std::string bills = users + "/" + user + "/Data/Bill";
+        const std::string bills = std::string(users).append("/").append(user).append("/Data/Bill");
         if (!IsFolder(bills)) continue;
         for (const std::string& name : SortedNamesIn(bills)) {
-            auto parts = PartsOf(name);
+            const auto parts = PartsOf(name);
             if (!parts) continue;
-            files[{user, parts->account, parts->isForeign}].push_back({parts->day, bills + "/" + name, parts->ending});
+            files[{user, parts->account, parts->isForeign}].push_back(
+                {.day = parts->day, .path = std::string(bills).append("/").append(name), .ending = parts->ending});
         }
     }
     for (auto& [account, places] : files) {

@@ -1,6 +1,5 @@
 #include "cli/anonymised_folder.h"
 
-#include <cstddef>
 #include <stdexcept>
 #include <string>
 #include <string_view>

@@ -6,8 +6,6 @@
 #include <iostream>
 #include <memory>
 #include <string>
-#include <string_view>
-#include <utility>
 
 #include "cli/command_table.h"
 #include "cli/input_file.h"

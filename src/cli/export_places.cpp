@@ -15,7 +15,8 @@ namespace tradebill {
 namespace {
 
 DatabasePlace DatabaseAt(const std::string& given) {
-    if (!HasSqlite()) throw CUsageError("--sqlite: this program is built without SQLite; --csv has the same tables");
+    if (!HasSqlite())
+        throw CUsageError("--sqlite: this program is built without SQLite: expected --csv, which has the same tables");
     const auto target = FindOutputTarget(given);
     const bool isFile = given != kStandardStream && target && target->kind == OutputTarget::Kind::File;
     if (given.empty() || !isFile || IsFolder(target->path) || !IsFolder(FolderOf(target->path))) {

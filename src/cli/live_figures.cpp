@@ -12,6 +12,7 @@
 #include "cli/input_ini.h"
 #include "cli/usage_error.h"
 #include "driver/report_request.h"
+#include "export/file_digest.h"
 #include "report/money_record.h"
 #include "report/record_fields.h"
 #include "report/records.h"

@@ -7,6 +7,7 @@
 
 #include "analysis/analysis.h"
 #include "analysis/analysis_fields.h"
+#include "analysis/margin_results.h"
 #include "export/json_text.h"
 
 namespace tradebill {

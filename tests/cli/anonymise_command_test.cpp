@@ -289,7 +289,7 @@ TEST_F(AnonymiseCommand, RefusesWrongArguments) {
     EXPECT_TRUE(IsWrongUse(Run(start + Quoted(folder_.Path("full/file.txt"))), "--out"));
     EXPECT_TRUE(IsWrongUse(Run(start + Quoted(folder_.Path("none/copy"))), "--out"));
     EXPECT_TRUE(IsWrongUse(Run(start + Quoted(folder_.Path(std::string(210, 'x')))), "--out"));
-    EXPECT_TRUE(IsWrongUse(Run(start + "''"), "--out"));
+    EXPECT_TRUE(IsWrongUse(Run(start + Quoted("")), "--out"));
     EXPECT_TRUE(IsWrongUse(Run(start + Quoted(root)), "--out"));
     EXPECT_TRUE(IsWrongUse(Run(start + Quoted(root + "/copy")), "--out"));
     EXPECT_TRUE(IsWrongUse(Run(start + Quoted(root + "/Users/../copy")), "--out"));

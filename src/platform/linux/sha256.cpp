@@ -1,6 +1,5 @@
 #include "platform/sha256.h"
 
-#include <nettle/nettle-types.h>
 #include <nettle/sha2.h>
 
 #include <array>

@@ -30,7 +30,8 @@ TEST_F(ExportWithoutDatabase, SaysThatItHasNone) {
     const std::string file = folder_.Path("all.db");
     const std::string csv = folder_.Path("tables");
     const Answer answer = Export("--csv " + Quoted(csv) + " --sqlite " + Quoted(file));
-    EXPECT_TRUE(IsWrongUse(answer, "--sqlite: this program is built without SQLite; --csv has the same tables"));
+    EXPECT_TRUE(IsWrongUse(
+        answer, "--sqlite: this program is built without SQLite: expected --csv, which has the same tables"));
     EXPECT_FALSE(fs::exists(file));
     EXPECT_FALSE(fs::exists(csv));
 }
