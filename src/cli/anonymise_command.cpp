@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <iostream>
 #include <limits>
-#include <map>
 #include <memory>
 #include <optional>
 #include <random>
@@ -27,7 +26,6 @@
 #include "driver/report_request.h"
 #include "platform/paths.h"
 #include "platform/root_folder.h"
-#include "report/account_key.h"
 #include "report/request_copy.h"
 #include "report/statement_format.h"
 
@@ -70,13 +68,12 @@ bool Matches(const std::optional<std::string>& wanted, const std::string& name) 
 
 /// The accounts that were asked for.
 AccountFiles WantedFiles(const AnonymiseCommand& command, const std::string& root) {
-    AccountFiles files = FindAccountFiles(root);
+    AccountFiles files;
     const bool isForeignAlone = command.kind && KindNumber(command.kind) == kForeignKind;
-    std::erase_if(files, [&](const auto& entry) {
-        const AccountKey& key = entry.first;
-        return !Matches(command.user, key.user) || !Matches(command.account, key.account) ||
-               (command.kind && key.isForeign != isForeignAlone);
-    });
+    for (const auto& [key, places] : FindAccountFiles(root)) {
+        const bool isOfKind = !command.kind || key.isForeign == isForeignAlone;
+        if (isOfKind && Matches(command.user, key.user) && Matches(command.account, key.account)) files[key] = places;
+    }
     if (files.empty()) {
         throw CUsageError(
             "ROOT: expected statements such as Users/NAME/Data/Bill/D123.20240102o.txt, found none in \"" +
