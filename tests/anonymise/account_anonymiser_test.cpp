@@ -19,6 +19,7 @@ namespace {
 
 /// A statement of format 1: two trades, one of which closes a position, and one that stays open.
 std::string Day(std::string_view day, std::string_view opening, std::string_view closing) {
+    const std::string made = "                制表时间：" + std::string(day) + " 16:05:11";
     const std::string head = "日  期:" + std::string(day);
     const std::string first = "上日结存: " + std::string(opening) + "          当日结存:  " + std::string(closing);
     const std::string money = "手续费:      12.34          可用资金:  " + std::string(closing);
@@ -29,7 +30,7 @@ std::string Day(std::string_view day, std::string_view opening, std::string_view
     return Statement(
         {"            云母山期货有限公司（示例）",
          "                交易结算单（盯市）",
-         "",
+         made,
          "客户号: 90010002          客户名称: 李小龙",
          head,
          "",
@@ -181,6 +182,7 @@ TEST(AccountAnonymiser, MovesDaysByWeeks) {
     EXPECT_EQ(copies[0].from, "20240103");
     EXPECT_EQ(copies[0].day, "20240117");
     EXPECT_NE(copies[0].text.find(Gbk("日  期:20240117")), std::string::npos);
+    EXPECT_NE(copies[0].text.find(Gbk("制表时间：20240117 16:05:11")), std::string::npos);
     EXPECT_EQ(copies[0].text.find("20240103"), std::string::npos);
     EXPECT_EQ(RowWith(copies[0].text, "20240117", 2)[7], "20240116");  // opened on 2 January
 }
