@@ -187,6 +187,12 @@ TEST(AccountAnonymiser, MovesDaysByWeeks) {
     EXPECT_EQ(RowWith(copies[0].text, "20240117", 2)[7], "20240116");  // opened on 2 January
 }
 
+/// `text` without its first line that begins, behind blanks, with `start`.
+std::string Without(std::string text, std::string_view start) {
+    const std::size_t at = text.find(Gbk(start));
+    return text.erase(at, text.find('\n', at) + 1 - at);
+}
+
 TEST(AccountAnonymiser, LeavesOutWhatItCannotRead) {
     struct Damage {
         std::string text;
@@ -198,6 +204,7 @@ TEST(AccountAnonymiser, LeavesOutWhatItCannotRead) {
         {" \r\n", "holds nothing"},
         {"hello, world\r\n", "nothing in it is recognised"},
         {whole.substr(0, whole.find(Gbk("平仓明细")) + 30), "begins and doesn't end"},
+        {Without(whole, "共 2条"), "its section of trades begins and doesn't end"},  // rows of the next are trades then
         {whole + "\xFF\xFF", "isn't plain GBK text"},
         {whole + std::string(1, '\0'), "a zero byte"},
     };
