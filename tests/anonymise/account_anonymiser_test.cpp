@@ -177,6 +177,23 @@ TEST(AccountAnonymiser, MakesTheSameOfTheSameSeed) {
     EXPECT_NE(Anonymised(5)[1].text, Anonymised(6)[1].text);
 }
 
+TEST(AccountAnonymiser, KeepsARepeatedFileRepeated) {
+    CAccountAnonymiser anonymiser(Request(), {}, {.seed = 1, .shiftWeeks = 1}, "71234567");
+    const std::string text = Day("20240104", "508211.86", "515599.52");
+    anonymiser.Add({"20240102", text});
+    anonymiser.Add({"20240103", Day("20240103", "500824.20", "508211.86")});
+    anonymiser.Add({"20240104", text});
+    anonymiser.Add({"20240105", text});
+    anonymiser.Add({"20240108", Day("20240108", "515599.52", "522987.18")});
+    const auto copies = anonymiser.Make().statements;
+    ASSERT_EQ(copies.size(), 5u);
+    EXPECT_EQ(copies[3].day, "20240112");
+    EXPECT_EQ(copies[0].text, copies[2].text);
+    EXPECT_EQ(copies[3].text, copies[2].text);
+    EXPECT_EQ(Behind(copies[2].text, "上日结存:"), Behind(copies[1].text, "当日结存:"));
+    EXPECT_EQ(Behind(copies[4].text, "上日结存:"), Behind(copies[2].text, "当日结存:"));
+}
+
 TEST(AccountAnonymiser, MovesDaysByWeeks) {
     const auto copies = Anonymised(1, 2);
     EXPECT_EQ(copies[0].from, "20240103");
