@@ -28,8 +28,8 @@ struct FieldReason {
 // Fields with one reason only, whatever they are a field of.
 constexpr FieldReason kReasons[] = {
     {"equity",           "the record states no equity, or no rate above 0"},
-    {"cashFlow",         "no cash flow is stated, and no identity of the balance tells it"},
-    {"margin",           "no margin is stated"},
+    {"cashFlow",         "no cash flow is stated, or no rate above 0, and no identity of the balance tells it"},
+    {"margin",           "no margin is stated, or no rate above 0"},
     {"moneyIndex",       "an equity, or a cash flow up to this day, isn't known"},
     {"peak",             "the starting balance is the peak"},
     {"recovery",         "it lasts"},

@@ -15,6 +15,16 @@
 namespace tradebill {
 namespace {
 
+std::int64_t LotsOf(const OpiDetail& row) {
+    return IntegerIn(row.POSITION_VOL);
+}
+
+/// Layouts whose rows show both sides keep the lots of each by its name.
+std::int64_t LotsOf(const OpiSum& row) {
+    if (!FieldText(row.POSITION_VOL).empty()) return IntegerIn(row.POSITION_VOL);
+    return IntegerIn(FieldText(row.BID) == "买"_gbk ? row.BID_POSITION_VOL : row.ASK_POSITION_VOL);
+}
+
 /// What rows of both tables state alike.
 template <class Row>
 std::optional<PositionLine> SharedLineOf(const Row& row) {
@@ -25,7 +35,7 @@ std::optional<PositionLine> SharedLineOf(const Row& row) {
     line.contract = FieldText(row.CONTRACT);
     line.delivery = FieldText(row.DELIVERY);
     line.bid = FieldText(row.BID);
-    line.lots = IntegerIn(row.POSITION_VOL);
+    line.lots = LotsOf(row);
     line.margin = StatedAmount(row.DEPOSIT);
     return line;
 }

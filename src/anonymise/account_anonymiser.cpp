@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -50,6 +51,13 @@ std::size_t SameAmountsOf(const StatementSheet& sheet) {
         const bool isAmount = cell.number && (IsMoney(cell.meaning) || cell.meaning == Meaning::Price);
         return isAmount && cell.number->steps != 0 && cell.Now() == cell.number->steps;
     }));
+}
+
+std::size_t CountOf(std::string_view word, std::string_view text) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(word); at != std::string_view::npos; at = text.find(word, at + word.size()))
+        ++count;
+    return count;
 }
 
 void Replace(std::string& text, const SheetCell& cell, std::string_view instead) {
@@ -143,10 +151,28 @@ bool CAccountAnonymiser::Write(const StatementSheet& sheet, std::string& text) {
     return true;
 }
 
+/// A file that stands for other days, too, stays the same file: its copy is that of the day that it names most.
+std::vector<std::size_t> CAccountAnonymiser::OriginsOfFiles() const {
+    std::vector<std::size_t> origins(statements_.size());
+    std::unordered_map<std::string_view, std::size_t> byText;
+    for (std::size_t i = 0; i < statements_.size(); ++i) {
+        const std::string& text = statements_[i].text;
+        const auto [same, isNew] = byText.try_emplace(text, i);
+        if (isNew) continue;
+        const std::string& before = statements_[same->second].day;
+        if (CountOf(statements_[i].day, text) > CountOf(before, text)) same->second = i;
+    }
+    for (std::size_t i = 0; i < statements_.size(); ++i) origins[i] = byText.at(statements_[i].text);
+    return origins;
+}
+
 CAccountAnonymiser::Attempt CAccountAnonymiser::TryFactor(const CAmountFactor& factor) {
     Attempt attempt;
     CMoneyAmounts money(factor, Identity());
+    const std::vector<std::size_t> origins = OriginsOfFiles();
+    attempt.copies.resize(statements_.size());
     for (std::size_t i = 0; i < statements_.size(); ++i) {
+        if (origins[i] != i) continue;
         CSheetWatch watch(statements_[i].text);
         Read(statements_[i], watch);
         StatementSheet sheet = MakeSheet(statements_[i].text, watch);
@@ -164,7 +190,10 @@ CAccountAnonymiser::Attempt CAccountAnonymiser::TryFactor(const CAmountFactor& f
             break;
         }
         names_.Hide(copy, watch, identities_);
-        attempt.copies.push_back(std::move(copy));
+        attempt.copies[i] = std::move(copy);
+    }
+    for (std::size_t i = 0; i < statements_.size(); ++i) {
+        if (origins[i] != i) attempt.copies[i] = attempt.copies[origins[i]];
     }
     return attempt;
 }

@@ -81,6 +81,7 @@ private:
     [[nodiscard]] std::optional<std::string> WhyLeftOut(const DayStatement& statement);
     void Read(const DayStatement& statement, CSheetWatch& watch) const;
     void Learn(const DayStatement& statement, const CSheetWatch& watch);
+    [[nodiscard]] std::vector<std::size_t> OriginsOfFiles() const;
     [[nodiscard]] Attempt TryFactor(const CAmountFactor& factor);
     [[nodiscard]] Attempt MakeCopies();
     [[nodiscard]] bool Write(const StatementSheet& sheet, std::string& text);

@@ -57,12 +57,24 @@ void CSheetWatch::AddCell(std::string_view part, std::string_view field) {
     cells_.push_back({static_cast<std::size_t>(part.data() - text_.data()), part.size(), field});
 }
 
+/// A section that is searched for behind the one before isn't found if that one has taken its title for a row.
+bool CSheetWatch::IsOfNextSection(const WatchedRow& row) const {
+    if (row.kind == SectionKind::Money || row.title == 0) return false;
+    const auto isBetween = [&](std::size_t title) { return row.title < title && title < row.at; };
+    if (std::ranges::any_of(titles_, isBetween)) return true;
+    const std::string_view line = text_.substr(row.at, text_.find('\n', row.at) - row.at);
+    const auto isInLine = [&](const std::string& title) { return Contains(line, title); };
+    return row.fate == RowFate::TooShort && std::ranges::any_of(lostTitles_, isInLine);
+}
+
 void CSheetWatch::Finish() {
     // The first that tells of a place stays.
     std::ranges::stable_sort(cells_, {}, &WatchedCell::at);
     const auto isSame = [](const WatchedCell& one, const WatchedCell& other) { return one.at == other.at; };
     cells_.erase(std::unique(cells_.begin(), cells_.end(), isSame), cells_.end());
     std::ranges::stable_sort(rows_, {}, &WatchedRow::at);
+    const auto run = std::ranges::find_if(rows_, [this](const WatchedRow& row) { return IsOfNextSection(row); });
+    if (run != rows_.end() && !cut_) cut_ = run->kind;
 }
 
 void CSheetWatch::OnTemplate(const TemplateSeen& seen) {
@@ -75,6 +87,8 @@ void CSheetWatch::OnReader(std::string_view layout) {
     cells_.clear();
     rows_.clear();
     blocks_.clear();
+    titles_.clear();
+    lostTitles_.clear();
     money_.reset();
     moneyTitle_ = moneyEnd_ = {};
     cut_.reset();
@@ -89,6 +103,9 @@ void CSheetWatch::OnDate(std::string_view dateWord, std::string_view date) {
 
 void CSheetWatch::OnSection(const SectionSeen& seen) {
     kind_ = seen.kind;
+    title_ = IsInText(seen.titleRow) ? static_cast<std::size_t>(seen.titleRow.data() - text_.data()) : 0;
+    if (title_ > 0) titles_.push_back(title_);
+    if (seen.titleRow.empty() && !seen.titleWord.empty()) lostTitles_.emplace_back(seen.titleWord);
     columns_.clear();
     next_ = {};
     isBlockOpen_ = false;
@@ -118,6 +135,7 @@ void CSheetWatch::OnRow(std::string_view row, Row columns, const RowVerdict& ver
         next_.at = static_cast<std::size_t>(row.data() - text_.data());
         next_.kind = kind_;
         next_.fate = verdict.fate;
+        next_.title = title_;
         rows_.push_back(next_);
     }
     next_ = {};

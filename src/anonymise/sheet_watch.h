@@ -25,6 +25,7 @@ struct WatchedRow {
     std::size_t at;  ///< of its first byte that isn't blank
     SectionKind kind;
     RowFate fate;
+    std::size_t title = 0;  ///< where the title of its section stands; 0 without one
     bool isOption = false;  ///< a trade of one
     bool isBuy = false;     ///< a trade that buys
 };
@@ -56,7 +57,7 @@ public:
 
     /// Whether anything was recognised.
     [[nodiscard]] bool HasFound() const { return hasFound_; }
-    /// The section that begins and doesn't end; nothing if there is none.
+    /// The section that begins and doesn't end, or ends behind the title of another; nothing if there is none.
     [[nodiscard]] const std::optional<SectionKind>& CutSection() const { return cut_; }
     /// What the reader made of the statement, amounts and names aside: two statements of one shape have the same.
     [[nodiscard]] const std::string& Shape() const { return shape_; }
@@ -79,12 +80,15 @@ public:
 private:
     [[nodiscard]] bool IsInText(std::string_view part) const;
     void AddCell(std::string_view part, std::string_view field);
+    [[nodiscard]] bool IsOfNextSection(const WatchedRow& row) const;
     void TakeTrade(const MatchRecord& trade);
 
     std::string_view text_;
     std::vector<WatchedCell> cells_;
     std::vector<WatchedRow> rows_;
     std::vector<CurrencyBlock> blocks_;
+    std::vector<std::size_t> titles_;      // where those of sections stand
+    std::vector<std::string> lostTitles_;  // those that weren't found
     std::optional<MoneyRecord> money_;
     std::string_view moneyTitle_;
     std::string_view moneyEnd_;
@@ -94,6 +98,7 @@ private:
 
     // Of the section and row at hand.
     SectionKind kind_ = SectionKind::Money;
+    std::size_t title_ = 0;
     std::vector<ColumnSeen> columns_;
     WatchedRow next_{};
     CurrencyBlock::Value lastValue_{};

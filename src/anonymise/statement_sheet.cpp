@@ -261,8 +261,11 @@ private:
 
     /// Makes up what a cell means. False if it is none of a meaning as a whole.
     [[nodiscard]] bool Settle(SheetCell& cell, std::string_view part) const {
-        const bool isDate = DateLengthAt(part) == part.size();
+        const std::size_t date = DateLengthAt(part);
+        const bool isDate = date == part.size();
         if (isTotal_ && !cell.number) return false;
+        // A time may have its day in front: "制表时间：20240103".
+        if (cell.meaning == Meaning::Keep && cell.field.empty() && date > 0) return false;
         if (cell.number) {
             const bool isDecimal = cell.number->printedPlaces > 0 || cell.number->hasMarks;
             const bool isTold = !cell.field.empty();

@@ -1,6 +1,7 @@
 #include "export/row_values.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstddef>
 #include <functional>
@@ -41,8 +42,10 @@ bool AreDigits(std::string_view text) {
     return std::ranges::all_of(text, IsDigit);
 }
 
-int NumberOf(std::string_view twoDigits) {
-    return (twoDigits[0] - '0') * 10 + (twoDigits[1] - '0');
+unsigned NumberOf(std::string_view digits) {
+    unsigned number = 0;
+    for (const char digit : digits) number = number * 10 + static_cast<unsigned>(digit - '0');
+    return number;
 }
 
 struct DayParts {
@@ -60,9 +63,8 @@ DayParts PartsOf(std::string_view text) {
 
 bool IsDay(const DayParts& parts) {
     if (parts.year.empty() || !AreDigits(parts.year) || !AreDigits(parts.month) || !AreDigits(parts.day)) return false;
-    const int month = NumberOf(parts.month);
-    const int day = NumberOf(parts.day);
-    return month >= 1 && month <= 12 && day >= 1 && day <= 31;
+    const std::chrono::year year(static_cast<int>(NumberOf(parts.year)));
+    return (year / std::chrono::month(NumberOf(parts.month)) / std::chrono::day(NumberOf(parts.day))).ok();
 }
 
 /// `text` with U+FFFD for each byte of it that belongs to no character.

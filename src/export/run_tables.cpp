@@ -35,7 +35,7 @@ void WalkFiguresOf(const Owner& owner, const FigureField<Owner> (&fields)[N], co
     for (const auto& field : fields) {
         const FigureValue figure = field.value(owner);
         if (std::holds_alternative<std::string_view>(figure)) continue;
-        const std::string name = path + std::string(field.name);
+        const std::string name = path + (field.isInner ? "inner." : "") + std::string(field.name);
         cells = {Utf8Cell{name}, NumberCell(figure), {}};
         sink.OnRow(cells);
     }

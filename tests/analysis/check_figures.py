@@ -361,6 +361,8 @@ def concentration(rows, products, contracts):
 def summary_rows(frames):
     """With "shared" for rows of both sides, whose margin counts on the buy side alone."""
     sums = frames["position_sums"].copy()
+    lots = sums["BID_POSITION_VOL"].where(sums["BID"] == "买", sums["ASK_POSITION_VOL"])  # in layouts of both sides
+    sums["POSITION_VOL"] = sums["POSITION_VOL"].where(sums["POSITION_VOL"] != 0, lots)
     fields = ["BILL_DATE", "EXCH_NAME", "CONTRACT", "DELIVERY", "YSETTLE_PRICE", "SETTLE_PRICE", "DSYK", "DEPOSIT", "HEDGE"]
     fields = [field for field in fields if field in sums]
     before = sums.shift(1)
@@ -496,8 +498,8 @@ COLUMNS = {
                "OPEN_DATE", "OPEN_PRICE", "OFFSETPL", "CURRENCY"],
     "positions": ["BILL_DATE", "CONTRACT", "DELIVERY", "OPEN_DATE", "BID", "POSITION_VOL", "FLOATPL", "DEPOSIT",
                   "CURRENCY"],
-    "position_sums": ["BILL_DATE", "EXCH_NAME", "CONTRACT", "DELIVERY", "BID", "POSITION_VOL", "YSETTLE_PRICE",
-                      "SETTLE_PRICE", "DSYK", "DEPOSIT", "HEDGE"],
+    "position_sums": ["BILL_DATE", "EXCH_NAME", "CONTRACT", "DELIVERY", "BID", "BID_POSITION_VOL", "ASK_POSITION_VOL",
+                      "POSITION_VOL", "YSETTLE_PRICE", "SETTLE_PRICE", "DSYK", "DEPOSIT", "HEDGE"],
     "units": ["product", "unit"],
 }
 
@@ -515,7 +517,7 @@ def frame_of(table, columns):
             frame[column] = pd.to_datetime(frame[column], format="%Y-%m-%d")
         elif column not in TEXTS:
             frame[column] = frame[column].map(lambda text: float(text) if text else float("nan")).astype(float)
-    for column in ("MATCH_VOL", "POSITION_VOL"):
+    for column in ("MATCH_VOL", "POSITION_VOL", "BID_POSITION_VOL", "ASK_POSITION_VOL"):
         if column in frame:
             frame[column] = frame[column].fillna(0).astype(int)
     return frame

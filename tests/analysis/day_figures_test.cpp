@@ -145,7 +145,7 @@ TEST_F(DayFigure, AnUnknownCashFlowIsNullInAllThatFollowsFromIt) {
     AddDay("20240104", "1210.00");
     EXPECT_EQ(Of(&DayResult::pl), (List{100, std::nullopt, 110}));
     EXPECT_EQ(Of(&DayResult::moneyIndex), (List{1100, std::nullopt, std::nullopt}));
-    EXPECT_EQ(Reasons("pl")[1], "no cash flow is stated, and no identity of the balance tells it");
+    EXPECT_EQ(Reasons("pl")[1], "no cash flow is stated, or no rate above 0, and no identity of the balance tells it");
 }
 
 TEST_F(DayFigure, AnOpeningThatIsntStatedLeavesTheFirstDayWithoutResult) {
@@ -180,7 +180,7 @@ TEST_F(DayFigure, UseOfMarginIsNullWhereEquityIsntAboveNothing) {
     AddRecord(Money("20240105", {{"KHQY", "40"}, {"CRJ", "0"}}));
     EXPECT_EQ(Of(&DayResult::marginUse), (List{std::nullopt, std::nullopt, 1.25, std::nullopt}));
     EXPECT_EQ(Reasons("marginUse"), (std::vector<std::string>{"the equity isn't above 0", "the equity isn't above 0",
-                                                              "", "no margin is stated"}));
+                                                              "", "no margin is stated, or no rate above 0"}));
 }
 
 TEST_F(DayFigure, UseOfMarginIsByTheStatedMarginAlsoWhereMarginsAreOffset) {

@@ -172,6 +172,18 @@ TEST_F(Margin, OpenPositionsAreThoseOfTheSummaryWithoutOthers) {
     EXPECT_EQ(open[2].margin, 30);
 }
 
+TEST_F(Margin, OpenPositionsHaveTheLotsOfTheirSideWhereRowsShowBoth) {
+    const auto add = [&](std::string_view side, std::string_view field, std::string_view lots) {
+        report.OpiSumStore.Add() = OpenSum({{"BILL_DATE", "20240105"}, {"BID", Gbk(side)}, {field, lots}});
+    };
+    add("买", "BID_POSITION_VOL", "9");
+    add("卖", "ASK_POSITION_VOL", "4");
+    const auto open = Analysed().open;
+    ASSERT_EQ(open.size(), 2U);
+    EXPECT_EQ(open[0].lots, 9);
+    EXPECT_EQ(open[1].lots, 4);
+}
+
 TEST_F(Margin, OpenPositionsOfForeignAccountsHaveTheirCurrency) {
     report.Request.StatementKind = kForeignKind;
     AddOpen("20240105", "S2403", "买", "4", "20240105", "", "-1850.00");

@@ -19,6 +19,7 @@ namespace {
 
 /// A statement of format 1: two trades, one of which closes a position, and one that stays open.
 std::string Day(std::string_view day, std::string_view opening, std::string_view closing) {
+    const std::string made = "                制表时间：" + std::string(day) + " 16:05:11";
     const std::string head = "日  期:" + std::string(day);
     const std::string first = "上日结存: " + std::string(opening) + "          当日结存:  " + std::string(closing);
     const std::string money = "手续费:      12.34          可用资金:  " + std::string(closing);
@@ -29,7 +30,7 @@ std::string Day(std::string_view day, std::string_view opening, std::string_view
     return Statement(
         {"            云母山期货有限公司（示例）",
          "                交易结算单（盯市）",
-         "",
+         made,
          "客户号: 90010002          客户名称: 李小龙",
          head,
          "",
@@ -176,13 +177,37 @@ TEST(AccountAnonymiser, MakesTheSameOfTheSameSeed) {
     EXPECT_NE(Anonymised(5)[1].text, Anonymised(6)[1].text);
 }
 
+TEST(AccountAnonymiser, KeepsARepeatedFileRepeated) {
+    CAccountAnonymiser anonymiser(Request(), {}, {.seed = 1, .shiftWeeks = 1}, "71234567");
+    const std::string text = Day("20240104", "508211.86", "515599.52");
+    anonymiser.Add({"20240102", text});
+    anonymiser.Add({"20240103", Day("20240103", "500824.20", "508211.86")});
+    anonymiser.Add({"20240104", text});
+    anonymiser.Add({"20240105", text});
+    anonymiser.Add({"20240108", Day("20240108", "515599.52", "522987.18")});
+    const auto copies = anonymiser.Make().statements;
+    ASSERT_EQ(copies.size(), 5u);
+    EXPECT_EQ(copies[3].day, "20240112");
+    EXPECT_EQ(copies[0].text, copies[2].text);
+    EXPECT_EQ(copies[3].text, copies[2].text);
+    EXPECT_EQ(Behind(copies[2].text, "上日结存:"), Behind(copies[1].text, "当日结存:"));
+    EXPECT_EQ(Behind(copies[4].text, "上日结存:"), Behind(copies[2].text, "当日结存:"));
+}
+
 TEST(AccountAnonymiser, MovesDaysByWeeks) {
     const auto copies = Anonymised(1, 2);
     EXPECT_EQ(copies[0].from, "20240103");
     EXPECT_EQ(copies[0].day, "20240117");
     EXPECT_NE(copies[0].text.find(Gbk("日  期:20240117")), std::string::npos);
+    EXPECT_NE(copies[0].text.find(Gbk("制表时间：20240117 16:05:11")), std::string::npos);
     EXPECT_EQ(copies[0].text.find("20240103"), std::string::npos);
     EXPECT_EQ(RowWith(copies[0].text, "20240117", 2)[7], "20240116");  // opened on 2 January
+}
+
+/// `text` without its first line that begins, behind blanks, with `start`.
+std::string Without(std::string text, std::string_view start) {
+    const std::size_t at = text.find(Gbk(start));
+    return text.erase(at, text.find('\n', at) + 1 - at);
 }
 
 TEST(AccountAnonymiser, LeavesOutWhatItCannotRead) {
@@ -196,6 +221,7 @@ TEST(AccountAnonymiser, LeavesOutWhatItCannotRead) {
         {" \r\n", "holds nothing"},
         {"hello, world\r\n", "nothing in it is recognised"},
         {whole.substr(0, whole.find(Gbk("平仓明细")) + 30), "begins and doesn't end"},
+        {Without(whole, "共 2条"), "its section of trades begins and doesn't end"},  // rows of the next are trades then
         {whole + "\xFF\xFF", "isn't plain GBK text"},
         {whole + std::string(1, '\0'), "a zero byte"},
     };

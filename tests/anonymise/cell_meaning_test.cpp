@@ -23,7 +23,7 @@ TEST(CellMeaning, IsToldByHeadings) {
         {"手续费", Money},      {"手数", Lots},         {"成交额", Turnover},         {"成交价", Price},
         {"原成交号", Identity}, {"成交日期", Date},     {"持仓盯市盈亏", ProfitLoss}, {"昨结算", Price},
         {"手 续 费", Money},    {"交易编码", Identity}, {"期权市值", Money},          {"Trans.No.", Identity},
-        {"投保", Unknown}};
+        {"投保", Unknown},      {"说明", Name},         {"备注 Note", Name},          {"手续费说明", Money}};
     for (const Row& row : kRows) EXPECT_EQ(MeaningOfHeading(Gbk(row.word)), row.meaning) << row.word;
 }
 
@@ -33,6 +33,8 @@ TEST(CellMeaning, IsToldByLabels) {
                              {"客户", Identity},
                              {"客户代码", Identity},
                              {"联系电话", Name},
+                             {"经办人", Name},
+                             {"客户签字", Name},
                              {"客户权益", Money},
                              {"日期 Date", Date},
                              {"币种", Currency}};

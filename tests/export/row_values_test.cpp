@@ -60,11 +60,12 @@ TEST_F(RowValues, GivesNothingForEmptyTexts) {
 TEST_F(RowValues, GivesDaysWithDashes) {
     EXPECT_EQ(TextOf(DayCell{"20240131"}), "2024-01-31");
     EXPECT_EQ(TextOf(DayCell{"2024-12-01"}), "2024-12-01");
+    EXPECT_EQ(TextOf(DayCell{"20240229"}), "2024-02-29");
 }
 
 TEST_F(RowValues, GivesNothingForWhatIsNoDay) {
-    for (const char* const text : {"20241301", "20240001", "20240132", "20240100", "2024011", "202401311", "2024/01/31",
-                                   "2024-1-31", "abcdefgh", "2024013x", "--"}) {
+    for (const char* const text : {"20241301", "20240001", "20240132", "20240100", "20240230", "2023-02-29", "2024011",
+                                   "202401311", "2024/01/31", "2024-1-31", "abcdefgh", "2024013x", "--"}) {
         EXPECT_EQ(TextOf(DayCell{text}), "nothing") << text;
     }
 }

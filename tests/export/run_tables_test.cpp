@@ -43,7 +43,7 @@ TEST_F(RunTables, TellFiguresByTheirPaths) {
     report.AccountStatistics.WinCount = 3;
     const TextRows rows = RowsOf("figures", {"name", "value", "reason"});
     EXPECT_NE(std::ranges::find(rows, std::vector<std::string>{"money.ClosingEquity", "-12.5", "-"}), rows.end());
-    EXPECT_NE(std::ranges::find(rows, std::vector<std::string>{"account.WinCount", "3.0", "-"}), rows.end());
+    EXPECT_NE(std::ranges::find(rows, std::vector<std::string>{"account.inner.WinCount", "3.0", "-"}), rows.end());
 }
 
 TEST_F(RunTables, TellWhatWasFound) {

@@ -19,6 +19,7 @@
 #include "export/table_list.h"
 #include "platform/file.h"
 #include "platform/paths.h"
+#include "platform/system_error.h"
 #include "report/account_key.h"
 
 namespace tradebill {
@@ -109,6 +110,8 @@ public:
         RemoveFile(path_ + "-journal");
         RemoveFile(path_);
     }
+    /// Whether there was none, and there is none yet.
+    [[nodiscard]] bool IsMissing() const { return isNew_ && !StampOf(path_); }
     /// Another program is at work on it.
     void LeaveIt() { isNew_ = false; }
     CEmptyRemoval(const CEmptyRemoval&) = delete;
@@ -118,6 +121,14 @@ private:
     const std::string& path_;
     bool isNew_;
 };
+
+/// Why no file can be made there; empty if one can, which is there then. SQLite itself goes on to look for a file to
+/// read, and only tells that there is none.
+std::string WhyNotMade(const std::string& path) {
+    ForgetSystemError();
+    const CFile file(path, FileMode::Create);
+    return file.IsOpen() ? std::string() : SystemErrorText(LastSystemError());
+}
 
 /// A transaction whose end failed may have left its journal: whoever opens the database next takes its way back.
 void TakeWayBack(const std::string& path) {
@@ -153,6 +164,9 @@ DatabaseResult SaveToDatabase(const std::string& path, const AccountKey& account
         return Replace(database, account, source);
     });
     if (result.end == DatabaseEnd::Failed) TakeWayBack(path);
+    if (result.end == DatabaseEnd::Failed && removal.IsMissing()) {
+        if (std::string reason = WhyNotMade(path); !reason.empty()) result.reason = std::move(reason);
+    }
     if (result.end == DatabaseEnd::Taken) removal.LeaveIt();
     return result;
 }

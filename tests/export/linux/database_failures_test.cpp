@@ -16,6 +16,7 @@
 #include "export/linux/database_fixture.h"
 #include "export/linux/database_reader.h"
 #include "export/sqlite_export.h"
+#include "support/bound_user.h"
 #include "support/file_size_limit.h"
 #include "support/temp_folder.h"
 
@@ -104,7 +105,19 @@ TEST_F(DatabaseFailures, SayThatTheFolderIsGone) {
     path_ = folder_.Path("missing/out.db");
     const DatabaseResult result = Save();
     EXPECT_EQ(result.end, DatabaseEnd::Failed);
-    EXPECT_EQ(result.reason, "unable to open database file (No such file or directory)");
+    EXPECT_EQ(result.reason, "No such file or directory");
+}
+
+TEST_F(DatabaseFailures, SayThatNoFileMayBeMadeInTheFolder) {
+    std::filesystem::create_directory(folder_.Path("locked"));
+    std::filesystem::permissions(folder_.Path(), std::filesystem::perms(0755));
+    std::filesystem::permissions(folder_.Path("locked"), std::filesystem::perms(0555));
+    path_ = folder_.Path("locked/out.db");
+    const CBoundUser user;
+    ASSERT_TRUE(user.IsBound());
+    const DatabaseResult result = Save();
+    EXPECT_EQ(result.end, DatabaseEnd::Failed);
+    EXPECT_EQ(result.reason, "Permission denied");
 }
 
 TEST_F(DatabaseFailures, LeaveItAsBeforeOrWholeWheneverTheProgramIsKilled) {
