@@ -5,7 +5,8 @@ Usage: kills.py BUILD SAMPLES [--random ROUNDS] [--steps ROUNDS] [--reads SECOND
 
 Whatever the moment, page, pictures and documents are whole, each of the older run or of the new one, and no picture of the older
 run is under the new page. New pictures under the older page are counted: they are right between the first rename of a run and its
-last, which the kills at steps see to. A database is sound, and has the rows of the older run or of the new one. The next run makes everything as if nobody had been killed, and leaves nothing else.
+last, which the kills at steps see to. A database is sound, and has the rows of the older run or of the new one. The next run makes
+everything as if nobody had been killed, and leaves nothing else.
 """
 
 import argparse
