@@ -21,7 +21,6 @@
 #include "analysis/stated_amount.h"
 #include "analysis/trade_tally.h"
 #include "base/day_number.h"
-#include "base/gbk.h"
 #include "base/number.h"
 #include "base/text.h"
 #include "base/text_hash.h"
@@ -89,19 +88,17 @@ public:
         const auto closed = ClosedFiguresOf(row, report_);
         if (!closed) return;
         GroupedRow grouped = Begin(row);
-        grouped.side = closed->isLong ? "long" : "short";
+        grouped.side = ClosedSidesOf(row, false).position;
         grouped.row.lots = closed->lots;
         grouped.row.pl = closed->pl;
         grouped.row.turnover = static_cast<double>(closed->lots) * closed->closePrice * closed->unit;
         Add(grouped, row);
     }
 
-    /// Its side is that of the closing trade, and its P/L can't be worked out: opening prices and units are missing.
+    /// Its P/L can't be worked out: opening prices and units are missing.
     void AddForeign(const PingDetail& row) {
         GroupedRow grouped = Begin(row);
-        const std::string_view bid = FieldText(row.BID);
-        if (Contains(bid, "卖"_gbk)) grouped.side = "long";
-        if (Contains(bid, "买"_gbk)) grouped.side = "short";
+        grouped.side = ClosedSidesOf(row, true).position;
         grouped.row.lots = IntegerIn(row.MATCH_VOL);
         grouped.row.pl = grouped.row.statedPl.value_or(0);
         Add(grouped, row);

@@ -12,6 +12,7 @@
 #include "cli/input_file.h"
 #include "platform/paths.h"
 #include "platform/system_error.h"
+#include "report/account_key.h"
 
 namespace tradebill {
 namespace {
@@ -76,7 +77,7 @@ AccountFiles FindAccountFiles(const std::string& root) {
     return files;
 }
 
-std::string StatementName(const FoundAccount& account, const std::string& day, const std::string& ending) {
+std::string StatementName(const AccountKey& account, const std::string& day, const std::string& ending) {
     return std::string(account.isForeign ? kForeignStart : kStart) + account.account + "." + day + ending;
 }
 

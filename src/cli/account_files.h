@@ -5,16 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "report/account_key.h"
+
 namespace tradebill {
-
-/// Whose statements lie in one folder.
-struct FoundAccount {
-    std::string user;     ///< folder below "Users"
-    std::string account;  ///< as in the files' names
-    bool isForeign = false;
-
-    auto operator<=>(const FoundAccount&) const = default;
-};
 
 struct StatementPlace {
     std::string day;  ///< yyyymmdd
@@ -23,12 +16,12 @@ struct StatementPlace {
 };
 
 /// By day.
-using AccountFiles = std::map<FoundAccount, std::vector<StatementPlace>>;
+using AccountFiles = std::map<AccountKey, std::vector<StatementPlace>>;
 
 /// All statements below `root`. Throws CUnreadableInput for a folder that can't be looked into.
 [[nodiscard]] AccountFiles FindAccountFiles(const std::string& root);
 
 /// The name of a statement file.
-[[nodiscard]] std::string StatementName(const FoundAccount& account, const std::string& day, const std::string& ending);
+[[nodiscard]] std::string StatementName(const AccountKey& account, const std::string& day, const std::string& ending);
 
 }  // namespace tradebill

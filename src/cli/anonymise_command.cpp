@@ -27,6 +27,7 @@
 #include "driver/report_request.h"
 #include "platform/paths.h"
 #include "platform/root_folder.h"
+#include "report/account_key.h"
 #include "report/request_copy.h"
 
 namespace tradebill {
@@ -71,7 +72,7 @@ AccountFiles WantedFiles(const AnonymiseCommand& command, const std::string& roo
     AccountFiles files = FindAccountFiles(root);
     const bool isForeignAlone = command.kind && KindNumber(command.kind) == kForeignKind;
     std::erase_if(files, [&](const auto& entry) {
-        const FoundAccount& key = entry.first;
+        const AccountKey& key = entry.first;
         return !Matches(command.user, key.user) || !Matches(command.account, key.account) ||
                (command.kind && key.isForeign != isForeignAlone);
     });

@@ -22,6 +22,7 @@
 #include "driver/report_request.h"
 #include "platform/file.h"
 #include "readers/statement_limit.h"
+#include "report/account_key.h"
 #include "report/request_copy.h"
 
 namespace tradebill {
@@ -40,7 +41,7 @@ bool CAnonymiseRun::CopyAll(const AccountFiles& files) {
     }
     for (const auto& [account, places] : files) {
         const auto user = std::distance(users.begin(), users.find(account.user)) + 1;
-        const FoundAccount copy{"user" + std::to_string(user), accounts_.Of(account.account), account.isForeign};
+        const AccountKey copy{"user" + std::to_string(user), accounts_.Of(account.account), account.isForeign};
         CopyAccount(account, copy, places);
     }
     return isWhole_;
@@ -88,7 +89,7 @@ std::int32_t CAnonymiseRun::FormatOfAll(const FoundStatements& statements) const
     throw *why;
 }
 
-GenerateBillRequest CAnonymiseRun::RequestOf(const FoundAccount& account) const {
+GenerateBillRequest CAnonymiseRun::RequestOf(const AccountKey& account) const {
     GenerateBillRequest request = ClearedRequest();
     CopyField(request.UserFolder, account.user);
     CopyField(request.Account, account.account);
@@ -97,7 +98,7 @@ GenerateBillRequest CAnonymiseRun::RequestOf(const FoundAccount& account) const 
     return request;
 }
 
-void CAnonymiseRun::CopyAccount(const FoundAccount& account, const FoundAccount& copy,
+void CAnonymiseRun::CopyAccount(const AccountKey& account, const AccountKey& copy,
                                 const std::vector<StatementPlace>& places) {
     GenerateBillRequest request = RequestOf(account);
     if (FieldText(request.Account) != account.account) {
@@ -120,7 +121,7 @@ void CAnonymiseRun::CopyAccount(const FoundAccount& account, const FoundAccount&
     WriteCopies(copy, anonymiser.Make(), statements);
 }
 
-void CAnonymiseRun::WriteCopies(const FoundAccount& copy, const AnonymisedAccount& made,
+void CAnonymiseRun::WriteCopies(const AccountKey& copy, const AnonymisedAccount& made,
                                 const FoundStatements& statements) {
     const auto placeOf = [&](const std::string& day) -> const StatementPlace& {
         return std::ranges::find(statements, day, [](const FoundStatement& one) { return one.place.day; })->place;

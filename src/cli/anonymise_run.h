@@ -14,6 +14,7 @@
 #include "cli/anonymised_folder.h"
 #include "cli/anonymised_settings.h"
 #include "driver/report_request.h"
+#include "report/account_key.h"
 
 namespace tradebill {
 
@@ -29,7 +30,7 @@ public:
     [[nodiscard]] std::size_t Statements() const { return statements_; }
     [[nodiscard]] std::size_t Accounts() const { return copied_; }
     /// The first that was copied, as it is in the copy.
-    [[nodiscard]] const std::optional<FoundAccount>& FirstAccount() const { return first_; }
+    [[nodiscard]] const std::optional<AccountKey>& FirstAccount() const { return first_; }
 
 private:
     /// A statement's file and its bytes.
@@ -42,15 +43,15 @@ private:
     void LeaveOut(const std::string& path, const std::string& reason);
     [[nodiscard]] FoundStatements ReadAll(const std::vector<StatementPlace>& places);
     [[nodiscard]] std::int32_t FormatOfAll(const FoundStatements& statements) const;
-    [[nodiscard]] GenerateBillRequest RequestOf(const FoundAccount& account) const;
-    void CopyAccount(const FoundAccount& account, const FoundAccount& copy, const std::vector<StatementPlace>& places);
-    void WriteCopies(const FoundAccount& copy, const AnonymisedAccount& made, const FoundStatements& statements);
+    [[nodiscard]] GenerateBillRequest RequestOf(const AccountKey& account) const;
+    void CopyAccount(const AccountKey& account, const AccountKey& copy, const std::vector<StatementPlace>& places);
+    void WriteCopies(const AccountKey& copy, const AnonymisedAccount& made, const FoundStatements& statements);
 
     const AnonymiseCommand& command_;
     const CopySettings& settings_;
     CAnonymisedFolder& folder_;
     CIdentityMap accounts_;
-    std::optional<FoundAccount> first_;
+    std::optional<AccountKey> first_;
     std::size_t statements_ = 0;
     std::size_t copied_ = 0;
     bool isWhole_ = true;

@@ -15,6 +15,7 @@
 #include "cli/usage_error.h"
 #include "driver/request_names.h"
 #include "platform/paths.h"
+#include "report/account_key.h"
 
 namespace tradebill {
 namespace {
@@ -71,7 +72,7 @@ RequestFile ReadRequestFile(const std::string& path) {
     return file;
 }
 
-std::string ChangedRequest(const RequestFile& file, const FoundAccount& account, int shiftWeeks) {
+std::string ChangedRequest(const RequestFile& file, const AccountKey& account, int shiftWeeks) {
     std::string text = "[REQUEST]\n";
     for (const CIniFile::Entry& entry : RequiredSection(file.ini, "REQUEST").entries) {
         std::string value = entry.value;

@@ -9,6 +9,7 @@
 #include "cli/account_files.h"
 #include "cli/input_ini.h"
 #include "readers/statement_limit.h"
+#include "report/account_key.h"
 
 namespace tradebill {
 
@@ -37,7 +38,7 @@ struct RequestFile {
 [[nodiscard]] RequestFile ReadRequestFile(const std::string& path);
 
 /// The same request of the copy: `account`, and dates that are moved.
-[[nodiscard]] std::string ChangedRequest(const RequestFile& file, const FoundAccount& account, int shiftWeeks);
+[[nodiscard]] std::string ChangedRequest(const RequestFile& file, const AccountKey& account, int shiftWeeks);
 
 /// A file of the copy.
 struct SideFile {

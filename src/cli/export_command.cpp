@@ -20,7 +20,6 @@
 #include "cli/wait_option.h"
 #include "cli/watched_run.h"
 #include "driver/place_guard.h"
-#include "driver/report_request.h"
 #include "driver/report_run.h"
 #include "driver/run_problems.h"
 #include "export/csv_set.h"
@@ -31,17 +30,11 @@
 #include "findings/finding_table.h"
 #include "platform/paths.h"
 #include "platform/system_error.h"
+#include "report/account_key.h"
 #include "report/report.h"
-#include "report/request_copy.h"
 
 namespace tradebill {
 namespace {
-
-AccountKey KeyOf(const GenerateBillRequest& request) {
-    return {.user = Utf8Path(request.UserFolder),
-            .account = Utf8Path(request.Account),
-            .kind = request.StatementKind == kForeignKind ? "foreign" : "domestic"};
-}
 
 /// False for what is told by this.
 bool FailToWrite(const std::string& path, const std::string& reason) {
@@ -71,16 +64,17 @@ bool SaveCsv(const std::string& folder, const ExportSource& source, int wait) {
     return problems.IsEmpty() && isReleased;
 }
 
-bool SaveSqlite(const std::string& path, const AccountKey& account, const ExportSource& source, int wait) {
-    const DatabaseResult result = SaveToDatabase(path, account, source, wait);
+bool SaveSqlite(const DatabasePlace& place, const AccountKey& account, const ExportSource& source, int wait) {
+    const DatabaseResult result = SaveToDatabase(place.path, account, source, wait);
     if (result.end == DatabaseEnd::Done) return true;
-    return result.end == DatabaseEnd::Taken ? FailToWait(path, "another program") : FailToWrite(path, result.reason);
+    return result.end == DatabaseEnd::Taken ? FailToWait(place.given, "another program")
+                                            : FailToWrite(place.given, result.reason);
 }
 
 /// Whether all is there that was asked for; what isn't is told.
 bool SaveTables(const ExportPlaces& places, const AccountKey& account, const ExportSource& source, int wait) {
     const bool isCsvSaved = !places.csvFolder || SaveCsv(*places.csvFolder, source, wait);
-    const bool isSqliteSaved = !places.sqliteFile || SaveSqlite(*places.sqliteFile, account, source, wait);
+    const bool isSqliteSaved = !places.database || SaveSqlite(*places.database, account, source, wait);
     return isCsvSaved && isSqliteSaved;
 }
 
@@ -99,7 +93,7 @@ void ShowSummary(const ExportPlaces& places, const ExportSource& source) {
         std::cout << "  " << table.name << std::string(18 - table.name.size(), ' ') << count.rows << " rows\n";
     }
     if (places.csvFolder) std::cout << "  in " << ShownText(NativePath(*places.csvFolder)) << "\n";
-    if (places.sqliteFile) std::cout << "  in " << ShownText(NativePath(*places.sqliteFile)) << "\n";
+    if (places.database) std::cout << "  in " << ShownText(NativePath(places.database->given)) << "\n";
 }
 
 }  // namespace
@@ -136,7 +130,7 @@ int RunExportCommand(const ExportCommand& command) {
     const std::vector<Finding> findings = faults.Collect();
     const Analysis analysis = Analyse(report, {.tradingDays = command.tradingDays});
     const ExportSource source{.report = report, .analysis = analysis, .findings = findings};
-    const bool isDone = SaveTables(places, KeyOf(prepared.request), source, command.wait);
+    const bool isDone = SaveTables(places, AccountOf(prepared.request), source, command.wait);
     if (isDone && !command.quiet) ShowSummary(places, source);
     ShowFindings(findings, command.options);
     const bool isWhole = result->problems.IsEmpty() && faults.IsComplete();

@@ -14,25 +14,26 @@
 namespace tradebill {
 namespace {
 
-std::string DatabaseAt(const std::string& given) {
+DatabasePlace DatabaseAt(const std::string& given) {
     if (!HasSqlite()) throw CUsageError("--sqlite: this program is built without SQLite; --csv has the same tables");
     const auto target = FindOutputTarget(given);
     const bool isFile = given != kStandardStream && target && target->kind == OutputTarget::Kind::File;
     if (given.empty() || !isFile || IsFolder(target->path) || !IsFolder(FolderOf(target->path))) {
         throw CUsageError("--sqlite: expected a file in a folder that is there, found \"" + given + "\"");
     }
-    std::string path = AbsolutePath(target->path);
+    const std::string path = AbsolutePath(target->path);
     const DatabaseResult look = LookAtDatabase(path);
     if (look.end == DatabaseEnd::Refused) {
         throw CUsageError("--sqlite: expected a database of tradebill, or a new file, found \"" + given +
                           "\": " + look.reason);
     }
-    return path;
+    return {.given = given, .path = path};
 }
 
 /// The database may lie among the tables, but not in the place of one.
 bool IsInPlaceOfTable(const ExportPlaces& places) {
-    return IsCsvName(FileNameOf(*places.sqliteFile)) && IsSameFile(FolderOf(*places.sqliteFile), *places.csvFolder);
+    const std::string& database = places.database->path;
+    return IsCsvName(FileNameOf(database)) && IsSameFile(FolderOf(database), *places.csvFolder);
 }
 
 }  // namespace
@@ -45,7 +46,7 @@ ExportPlaces FindExportPlaces(const std::optional<std::string>& csvFolder,
     }
     ExportPlaces places;
     if (csvFolder) places.csvFolder = FolderToWrite("--csv", *csvFolder, kLongestCsvName);
-    if (sqliteFile) places.sqliteFile = DatabaseAt(*sqliteFile);
+    if (sqliteFile) places.database = DatabaseAt(*sqliteFile);
     if (csvFolder && sqliteFile && IsInPlaceOfTable(places)) {
         throw CUsageError("--sqlite: expected another place than that of a table of --csv, found \"" + *sqliteFile +
                           "\"");

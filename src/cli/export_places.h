@@ -6,9 +6,14 @@
 
 namespace tradebill {
 
+struct DatabasePlace {
+    std::string given;  ///< as the user calls it
+    std::string path;   ///< absolute, the place where all links end
+};
+
 struct ExportPlaces {
-    std::optional<std::string> csvFolder;   ///< without separators at its end
-    std::optional<std::string> sqliteFile;  ///< absolute, the place where all links end
+    std::optional<std::string> csvFolder;  ///< without separators at its end
+    std::optional<DatabasePlace> database;
 };
 
 /// Of the values of --csv and --sqlite. Throws CUsageError unless there is one of them, and each is a place where

@@ -18,6 +18,7 @@
 #include "readers/layout_marks.h"
 #include "readers/layout_table.h"
 #include "readers/statement_limit.h"
+#include "report/account_key.h"
 #include "report/report.h"
 #include "report/request_copy.h"
 #include "report/statement_format.h"
@@ -32,9 +33,9 @@ std::string KnownFormats() {
 }  // namespace
 
 std::int32_t KindNumber(const std::optional<std::string>& kind) {
-    const std::string text = kind.value_or("domestic");
-    if (text == "domestic") return 1;
-    if (text == "foreign") return kForeignKind;
+    const std::string text = kind.value_or(std::string(KindName(false)));
+    if (text == KindName(false)) return 1;
+    if (text == KindName(true)) return kForeignKind;
     throw CUsageError("--kind: expected domestic or foreign, found \"" + text + "\"");
 }
 

@@ -9,6 +9,7 @@
 #include "cli/usage_error.h"
 #include "platform/text_encoding.h"
 #include "readers/layout_table.h"
+#include "report/account_key.h"
 
 namespace tradebill {
 namespace {
@@ -44,7 +45,7 @@ std::string_view PremiumText(PremiumRule rule) {
 void PrintLayouts() {
     Print({"format", "kind", "layout and sample", "options", "mark in the text"});
     for (const Layout& layout : Layouts()) {
-        Print({layout.isForeign ? "-" : std::to_string(layout.format), layout.isForeign ? "foreign" : "domestic",
+        Print({layout.isForeign ? "-" : std::to_string(layout.format), std::string(KindName(layout.isForeign)),
                std::string(layout.name), std::string(PremiumText(layout.premium)), GbkToUtf8(layout.marks.mark)});
     }
     Print({"any", "domestic", "template-pairs", "any", "whatever the template names (money as labels and values)"});

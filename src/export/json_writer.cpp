@@ -8,8 +8,6 @@
 #include <string_view>
 #include <variant>
 
-#include "base/gbk.h"
-#include "base/text.h"
 #include "export/analysis_json.h"
 #include "export/findings_json.h"
 #include "export/json_text.h"
@@ -17,6 +15,7 @@
 #include "export/run_json.h"
 #include "report/account_statistics.h"
 #include "report/chain_table.h"
+#include "report/closed_rows.h"
 #include "report/currency_money_store.h"
 #include "report/day_usage.h"
 #include "report/figure_fields.h"
@@ -81,19 +80,6 @@ void OpenInnerFigures(CJsonText& json, const Owner& owner, const FigureField<Own
     WriteFiguresThat(json, owner, fields, true);
 }
 
-/// The side of a closed position, and that of the trade that closed it; empty if the row names none.
-struct ClosedSides {
-    std::string_view position = {};
-    std::string_view trade = {};
-};
-
-/// Of `side`, which is the position's: readers turn it where a statement prints the trade's.
-ClosedSides SidesOf(std::string_view side) {
-    if (Contains(side, "买"_gbk)) return {.position = "long", .trade = "sell"};
-    if (Contains(side, "卖"_gbk)) return {.position = "short", .trade = "buy"};
-    return {};
-}
-
 void WriteTextOrNull(CJsonText& json, std::string_view name, std::string_view text) {
     json.Name(name);
     if (text.empty()) {
@@ -119,12 +105,14 @@ void WriteMembers(CJsonText& json, const MatchRecord& record) {
     WriteRecord(json, record, kMatchFields);
 }
 
-void WriteMembers(CJsonText& json, const PingDetail& record) {
+void WriteClosedRow(CJsonText& json, const PingDetail& record, bool isForeign) {
+    json.OpenObject();
     WriteTexts(json, record, kPingFields);
-    const ClosedSides sides = SidesOf(FieldText(record.BID));
+    const ClosedSides sides = ClosedSidesOf(record, isForeign);
     WriteTextOrNull(json, "side", sides.position);
     WriteTextOrNull(json, "tradeSide", sides.trade);
     OpenValues(json, record, kPingFields);
+    json.CloseObject();
     json.CloseObject();
 }
 
@@ -220,6 +208,16 @@ void WriteLines(CJsonText& json, std::string_view name, const Elements& elements
     json.CloseList();
 }
 
+void WriteClosedRows(CJsonText& json, const CReport& report) {
+    NameMember(json, "closed");
+    json.OpenList();
+    for (const PingDetail& row : report.ClosedStore().Rows) {
+        json.Space('\n');
+        WriteClosedRow(json, row, report.IsForeign());
+    }
+    json.CloseList();
+}
+
 void WriteCurrencies(CJsonText& json, const CCurrencyMoneyStore& stores) {
     NameMember(json, "currencies");
     json.OpenList();
@@ -250,7 +248,7 @@ void WriteJson(const CReport& report, const JsonParts& parts, std::ostream& out)
     WriteObject(json, report.MoneyStore);
     WriteCurrencies(json, report.CurrencyMoneyStore);
     WriteLines(json, "matches", report.MatchStore.Rows);
-    WriteLines(json, "closed", report.PingDetailStore.Rows);
+    WriteClosedRows(json, report);
     WriteLines(json, "positions", report.OpiDetailStore.Rows);
     WriteLines(json, "positionSums", report.OpiSumStore.Rows);
     WriteLines(json, "offsets", report.ReportDocument.Offsets);

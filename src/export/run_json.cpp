@@ -12,6 +12,7 @@
 #include "export/json_text.h"
 #include "platform/local_time.h"
 #include "platform/paths.h"
+#include "report/account_key.h"
 #include "report/product_source.h"
 #include "report/product_unit.h"
 #include "report/report.h"
@@ -115,9 +116,10 @@ void WritePage(CJsonText& json, const RunFacts& run) {
 
 void WriteRun(CJsonText& json, const CReport& report, const RunFacts& run) {
     json.OpenObject();
-    WriteUtf8(json, "user", Utf8Path(std::string(FieldText(report.Request.UserFolder))));
-    WriteUtf8(json, "account", Utf8Path(std::string(FieldText(report.Request.Account))));
-    WriteUtf8(json, "kind", report.IsForeign() ? "foreign" : "domestic");
+    const AccountKey account = AccountOf(report.Request);
+    WriteUtf8(json, "user", account.user);
+    WriteUtf8(json, "account", account.account);
+    WriteUtf8(json, "kind", KindName(account.isForeign));
     WriteUtf8OrNull(json, "template", Utf8Path(std::string(FieldText(report.Request.TemplateName))));
     json.Name("marginOffset");
     json.Truth(!report.IsForeign() && report.Request.MarginOffsetFlag == 1);

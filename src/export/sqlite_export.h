@@ -4,18 +4,12 @@
 #include <string>
 
 #include "export/table.h"
+#include "report/account_key.h"
 
 namespace tradebill {
 
 /// Whether the program was built with SQLite.
 [[nodiscard]] bool HasSqlite();
-
-/// Whose rows are whose. UTF-8.
-struct AccountKey {
-    std::string user;
-    std::string account;
-    std::string kind;  ///< "domestic" or "foreign"
-};
 
 enum class DatabaseEnd {
     Done,
@@ -42,7 +36,7 @@ struct DatabaseResult {
 /// Tables and columns that another program of the same schema has made stay; its rows of this account go, wherever
 /// they are.
 ///
-/// REQUIRES: HasSqlite(), and `path` is absolute.
+/// REQUIRES: HasSqlite(), `path` is absolute, and `account` is in UTF-8.
 [[nodiscard]] DatabaseResult SaveToDatabase(const std::string& path, const AccountKey& account,
                                             const ExportSource& source, int wait);
 

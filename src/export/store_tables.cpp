@@ -17,10 +17,12 @@
 #include "export/analysis_tables.h"
 #include "export/plain_decimal.h"
 #include "export/table.h"
+#include "report/closed_rows.h"
 #include "report/currency_money_store.h"
 #include "report/money_record.h"
 #include "report/money_store.h"
 #include "report/record_fields.h"
+#include "report/records.h"
 #include "report/report.h"
 #include "report/row_store.h"
 
@@ -50,6 +52,8 @@ void WalkStore(const CRowStore<Record>& store, const TextField<Record> (&fields)
         sink.OnRow(cells);
     }
 }
+
+constexpr std::size_t kPingTexts = std::size(kPingFields);
 
 constexpr std::size_t kMoneyTexts = std::size(kMoneyFields);
 constexpr std::size_t kMoneyCells = kMoneyTexts + 1;
@@ -105,7 +109,14 @@ void WalkTrades(const ExportSource& source, CRowSink& sink) {
 }
 
 void WalkClosed(const ExportSource& source, CRowSink& sink) {
-    WalkStore(source.report.PingDetailStore, kPingFields, kClosedColumns, sink);
+    std::array<ExportCell, kClosedColumns.size()> cells;
+    for (const PingDetail& row : source.report.ClosedStore().Rows) {
+        FillCells(row, kPingFields, kClosedColumns, cells);
+        const ClosedSides sides = ClosedSidesOf(row, source.report.IsForeign());
+        cells[kPingTexts] = Utf8Cell{sides.position};
+        cells[kPingTexts + 1] = Utf8Cell{sides.trade};
+        sink.OnRow(cells);
+    }
 }
 
 void WalkPositions(const ExportSource& source, CRowSink& sink) {

@@ -49,6 +49,8 @@ constexpr std::array<ExportColumn, N + More> ColumnsOf(const TextField<Record> (
     return columns;
 }
 
+constexpr std::array<ExportColumn, 2> kClosedSideColumns{{{"side"}, {"tradeSide"}}};
+
 constexpr std::array<ExportColumn, 1> kRateColumn{{{"EXCHANGE_RATE", ColumnKind::Number}}};
 
 /// A day of a currency is looked for by both.
@@ -64,7 +66,7 @@ inline constexpr auto kDayColumns =
     store_tables::DayColumns(store_tables::ColumnsOf(kMoneyFields, store_tables::kRateColumn));
 inline constexpr auto kCurrencyDayColumns = store_tables::CurrencyDayColumns();
 inline constexpr auto kTradeColumns = store_tables::ColumnsOf(kMatchFields);
-inline constexpr auto kClosedColumns = store_tables::ColumnsOf(kPingFields);
+inline constexpr auto kClosedColumns = store_tables::ColumnsOf(kPingFields, store_tables::kClosedSideColumns);
 inline constexpr auto kPositionColumns = store_tables::ColumnsOf(kOpiDetailFields);
 inline constexpr auto kPositionSumColumns = store_tables::ColumnsOf(kOpiSumFields);
 
@@ -73,6 +75,7 @@ void WalkDays(const ExportSource& source, CRowSink& sink);
 /// `CURRENCY` is the name of the store that a record is in.
 void WalkCurrencyDays(const ExportSource& source, CRowSink& sink);
 void WalkTrades(const ExportSource& source, CRowSink& sink);
+/// Of the account's family.
 void WalkClosed(const ExportSource& source, CRowSink& sink);
 void WalkPositions(const ExportSource& source, CRowSink& sink);
 void WalkPositionSums(const ExportSource& source, CRowSink& sink);

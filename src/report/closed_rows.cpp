@@ -99,7 +99,16 @@ private:
     std::size_t size_ = 0;
 };
 
+constexpr ClosedSides kLongClosed{.position = "long", .trade = "sell"};
+constexpr ClosedSides kShortClosed{.position = "short", .trade = "buy"};
+
 }  // namespace
+
+ClosedSides ClosedSidesOf(const PingDetail& row, bool isForeign) {
+    const OffsetSide* const named = ClosedSideOf(row);
+    if (named == nullptr) return {};
+    return (named == &kLongSide) != isForeign ? kLongClosed : kShortClosed;
+}
 
 std::optional<ClosedFigures> ClosedFiguresOf(const PingDetail& row, const CReport& report) {
     const int32_t unit = AskUnitOf(row, report.Format(), report);

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string_view>
 
 #include "report/records.h"
 
@@ -22,6 +23,15 @@ struct ClosedFigures {
 
 /// Nothing for a row without a side. Asks the report's products for the unit, whatever the row says.
 [[nodiscard]] std::optional<ClosedFigures> ClosedFiguresOf(const PingDetail& row, const CReport& report);
+
+/// Of a closed position: empty where its row names none.
+struct ClosedSides {
+    std::string_view position = {};  ///< "long" or "short"
+    std::string_view trade = {};     ///< that of the trade that closed it: "buy" or "sell"
+};
+
+/// A row of the domestic family names the position's side, one of the foreign family the trade's.
+[[nodiscard]] ClosedSides ClosedSidesOf(const PingDetail& row, bool isForeign);
 
 /// Folds a row of the domestic family into its contract's tally: its P/L is computed from prices, lots and the
 /// contract's unit, which is asked for, not taken from the statement. Counts it in AccountStatistics.

@@ -55,6 +55,11 @@ public:
 
     [[nodiscard]] bool IsForeign() const { return Request.StatementKind == kForeignKind; }
 
+    /// The closed positions of the account's family.
+    [[nodiscard]] const CPingDetailStore& ClosedStore() const {
+        return IsForeign() ? ForeignClosedStore : PingDetailStore;
+    }
+
     [[nodiscard]] const StatementFormat& Format() const { return FormatOf(Request.StatementFormat); }
 
     /// A measure of 96 dots per inch in pixels at the request's resolution.

@@ -14,6 +14,7 @@
 
 #include "base/text.h"
 #include "report/records.h"
+#include "report/request_copy.h"
 #include "support/gbk_text.h"
 #include "support/report_json.h"
 #include "support/store_fixture.h"
@@ -240,6 +241,27 @@ TEST_F(JsonWriter, TellsBothSidesOfAClosedPosition) {
     EXPECT_EQ(closed[0]["BID"], "买");
     EXPECT_EQ(closed[0]["side"], "long");
     EXPECT_EQ(closed[0]["tradeSide"], "sell");
+    EXPECT_EQ(closed[1]["side"], "short");
+    EXPECT_EQ(closed[1]["tradeSide"], "buy");
+}
+
+/// Those of the foreign family have a store of their own, and BID is the closing trade's side.
+TEST_F(JsonWriter, WritesClosedPositionsOfAForeignAccount) {
+    report.Request.StatementKind = kForeignKind;
+    PingDetail& row = report.ForeignClosedStore.Add();
+    CopyField(row.CONTRACT, "NK2403");
+    CopyField(row.BID, Gbk("卖"));
+    CopyField(row.OFFSETPL, "-510000.00");
+    CopyField(row.CURRENCY, "JPY");
+    CopyField(report.ForeignClosedStore.Add().BID, Gbk("买"));
+    const Json closed = Written()["closed"];
+    ASSERT_EQ(closed.size(), 2U);
+    EXPECT_EQ(closed[0]["CONTRACT"], "NK2403");
+    EXPECT_EQ(closed[0]["CURRENCY"], "JPY");
+    EXPECT_EQ(closed[0]["BID"], "卖");
+    EXPECT_EQ(closed[0]["side"], "long");
+    EXPECT_EQ(closed[0]["tradeSide"], "sell");
+    EXPECT_EQ(closed[0]["values"]["OFFSETPL"], -510000.0);
     EXPECT_EQ(closed[1]["side"], "short");
     EXPECT_EQ(closed[1]["tradeSide"], "buy");
 }

@@ -15,6 +15,7 @@
 #include "report/money_store.h"
 #include "report/record_makers.h"
 #include "report/records.h"
+#include "report/request_copy.h"
 #include "support/gbk_text.h"
 
 namespace tradebill::store_tables_test {
@@ -83,6 +84,30 @@ TEST_F(StoreTables, HaveARowForEachPositionAndEachSum) {
     EXPECT_EQ(RowsOf("positions", {"BILL_DATE", "POSITION_VOL", "FLOATPL"}),
               (TextRows{{"2024-01-03", "2.0", "-20.0"}}));
     EXPECT_EQ(RowsOf("position_sums", {"BILL_DATE", "DEPOSIT", "BID"}), (TextRows{{"2024-01-04", "8825.6", "买"}}));
+}
+
+// The foreign family's rows are in a store of their own, and name the closing trade's side.
+TEST_F(StoreTables, HaveARowForEachClosedPositionOfAForeignAccount) {
+    report.Request.StatementKind = kForeignKind;
+    report.ForeignClosedStore.Add() = Closed({{"BILL_DATE", "20240102"},
+                                              {"CONTRACT", "NK2403"},
+                                              {"BID", Gbk("卖")},
+                                              {"MATCH_VOL", "3"},
+                                              {"OFFSETPL", "-510000.00"},
+                                              {"CURRENCY", "JPY"}});
+    report.ForeignClosedStore.Add() = Closed({{"BILL_DATE", "20240103"}, {"CONTRACT", "S2403"}, {"BID", Gbk("买")}});
+    report.ForeignClosedStore.Add() = Closed({{"BILL_DATE", "20240104"}, {"CONTRACT", "MHI2403"}});
+    EXPECT_EQ(RowsOf("closed", {"BILL_DATE", "CONTRACT", "BID", "side", "tradeSide", "MATCH_VOL", "OFFSETPL",
+                                "CURRENCY", "OPEN_PRICE"}),
+              (TextRows{{"2024-01-02", "NK2403", "卖", "long", "sell", "3.0", "-510000.0", "JPY", "-"},
+                        {"2024-01-03", "S2403", "买", "short", "buy", "-", "-", "-", "-"},
+                        {"2024-01-04", "MHI2403", "-", "-", "-", "-", "-", "-", "-"}}));
+}
+
+TEST_F(StoreTables, TellBothSidesOfAClosedPosition) {
+    report.PingDetailStore.Add() = Closed({{"BID", Gbk("买")}});
+    report.PingDetailStore.Add() = Closed({{"BID", Gbk(" 卖出")}});
+    EXPECT_EQ(RowsOf("closed", {"side", "tradeSide"}), (TextRows{{"long", "sell"}, {"short", "buy"}}));
 }
 
 }  // namespace

@@ -18,6 +18,7 @@
 #include "export/table_list.h"
 #include "platform/file.h"
 #include "platform/paths.h"
+#include "report/account_key.h"
 
 namespace tradebill {
 namespace {
@@ -25,12 +26,10 @@ namespace {
 /// Puts rows of a table into a database.
 class CTableInsertion final : public CRowSink {
 public:
-    /// REQUIRES: both outlive this.
+    /// REQUIRES: all of them outlive this.
     CTableInsertion(CSqliteDatabase& database, const ExportTable& table, const AccountKey& account)
         : statement_(database, InsertionInto(table)) {
-        statement_.Bind(1, account.user);
-        statement_.Bind(2, account.account);
-        statement_.Bind(3, account.kind);
+        BindAccount(statement_, account);
     }
 
     void OnRow(std::span<const ExportCell> cells) override {
@@ -87,7 +86,7 @@ DatabaseResult Replace(CSqliteDatabase& database, const AccountKey& account, con
     database.Run("BEGIN EXCLUSIVE");
     if (auto reason = WhyRefused(database)) return {DatabaseEnd::Refused, *std::move(reason)};
     PrepareTables(database);
-    DeleteRows(database, account.user, account.account, account.kind);
+    DeleteRows(database, account);
     for (const ExportTable& table : Tables()) {
         CTableInsertion insertion(database, table, account);
         table.walk(source, insertion);

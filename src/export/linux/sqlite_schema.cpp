@@ -9,6 +9,7 @@
 #include "export/linux/sqlite_database.h"
 #include "export/table.h"
 #include "export/table_list.h"
+#include "report/account_key.h"
 
 namespace tradebill {
 namespace {
@@ -131,14 +132,17 @@ void PrepareTables(CSqliteDatabase& database) {
     }
 }
 
-void DeleteRows(CSqliteDatabase& database, const std::string& user, const std::string& account,
-                const std::string& kind) {
+void BindAccount(CSqliteStatement& statement, const AccountKey& account) {
+    statement.Bind(1, account.user);
+    statement.Bind(2, account.account);
+    statement.Bind(3, KindName(account.isForeign));
+}
+
+void DeleteRows(CSqliteDatabase& database, const AccountKey& account) {
     for (const std::string& table : OwnTables(database)) {
         CSqliteStatement statement(
             database, "DELETE FROM " + Name(table) + R"( WHERE "user" = ? AND "account" = ? AND "kind" = ?)");
-        statement.Bind(1, user);
-        statement.Bind(2, account);
-        statement.Bind(3, kind);
+        BindAccount(statement, account);
         statement.Step();
     }
 }

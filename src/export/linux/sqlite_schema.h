@@ -10,6 +10,8 @@
 namespace tradebill {
 
 class CSqliteDatabase;
+class CSqliteStatement;
+struct AccountKey;
 
 /// The columns that stand before those of every table.
 inline constexpr std::string_view kAccountColumns[] = {"user", "account", "kind"};
@@ -22,9 +24,13 @@ inline constexpr std::string_view kAccountColumns[] = {"user", "account", "kind"
 /// REQUIRES: a transaction is open, and WhyRefused has nothing to say.
 void PrepareTables(CSqliteDatabase& database);
 
-/// Deletes the rows that `condition` tells, in every table of ours, also in those that this program doesn't know.
-void DeleteRows(CSqliteDatabase& database, const std::string& user, const std::string& account,
-                const std::string& kind);
+/// Deletes an account's rows in every table of ours, also in those that this program doesn't know.
+void DeleteRows(CSqliteDatabase& database, const AccountKey& account);
+
+/// Fills the first parameters of `statement`, which stand for the account's columns.
+///
+/// REQUIRES: `account` stays until the statement has run.
+void BindAccount(CSqliteStatement& statement, const AccountKey& account);
 
 /// "INSERT INTO ... VALUES (?, ...)", the account's columns first.
 [[nodiscard]] std::string InsertionInto(const ExportTable& table);

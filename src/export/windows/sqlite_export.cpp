@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "report/account_key.h"
+
 namespace tradebill {
 
 bool HasSqlite() {

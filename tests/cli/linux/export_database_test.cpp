@@ -87,6 +87,33 @@ TEST_F(ExportDatabase, SaysWhoIsInTheWay) {
         << answer.err;
 }
 
+TEST_F(ExportDatabase, IsNamedAsTheUserNamesIt) {
+    fs::create_directory(folder_.Path("below"));
+    path_ = folder_.Path("below/all.db");
+    const std::string call = "cd " + Quoted(folder_.Path()) + " && " + Quoted(TRADEBILL_PROGRAM) + " export --root " +
+                             Quoted(root_) + " --request " + Quoted(sample_ + "/request.ini") +
+                             " --sqlite below/../below/all.db --wait 0 >out 2>err";
+    ASSERT_EQ(RunShell(call), 0);
+    EXPECT_NE(ReadFile(folder_.Path("out")).find("  in below/../below/all.db\n"), std::string::npos);
+    const CDatabaseReader other(path_);
+    other.Run("BEGIN IMMEDIATE");
+    EXPECT_EQ(RunShell(call), 1);
+    EXPECT_TRUE(ReadFile(folder_.Path("err")).starts_with("tradebill: can't write below/../below/all.db: another"))
+        << ReadFile(folder_.Path("err"));
+    other.Run("ROLLBACK");
+    std::ofstream(path_, std::ios::trunc) << "my notes";
+    EXPECT_EQ(RunShell(call), 2);
+    EXPECT_NE(ReadFile(folder_.Path("err")).find("found \"below/../below/all.db\": it is no SQLite database"),
+              std::string::npos)
+        << ReadFile(folder_.Path("err"));
+}
+
+TEST_F(ExportDatabase, IsTheTwinOfTheFoldersOption) {
+    const std::string help = Run("export --help").out;
+    EXPECT_NE(help.find("--csv"), std::string::npos) << help;
+    EXPECT_NE(help.find("--sqlite"), std::string::npos) << help;
+}
+
 TEST_F(ExportDatabase, FollowsALink) {
     const std::string link = folder_.Path("link.db");
     fs::create_symlink(path_, link);

@@ -19,12 +19,18 @@ protected:
     /// seconds first.
     [[nodiscard]] std::map<std::string, std::string> CallsOfCommands() const {
         const std::string bad = folder_.Write("bad.ini", "[DEALFIELD]\nMONEY_MODE=9\n");
+        const std::string run = Quoted(folder_.Write("run.json", R"({"schema": 1, "money": {"ClosingEquity": 1}})"));
         return {{"layouts", "layouts"},
                 {"report", Report()},
                 {"check", "check " + Request()},
+                {"diff", "diff " + run + " " + run},
+                {"export", "export --csv " + Quoted(folder_.Path("tables")) + " " + Request()},
                 {"explain", "explain " + Quoted(Statement()) + " --format 1"},
-                {"template check", "template check " + Quoted(bad)}};
+                {"template check", "template check " + Quoted(bad)},
+                {"anonymise", "anonymise " + Quoted(root_) + " --out " + Quoted(folder_.Path(NextCopy()))}};
     }
+    /// A folder's name that no call has had: a copy needs a new place.
+    [[nodiscard]] std::string NextCopy() const { return "copy" + std::to_string(++copies_); }
     [[nodiscard]] std::vector<std::string> PrintingCalls() const {
         std::vector<std::string> calls = {"--help", "--version", "template --help", "check --codes",
                                           "explain " + Quoted(Statement()) + " --format 1 --json"};
@@ -38,6 +44,9 @@ protected:
         return "--root " + Quoted(root_) + " --request " + Quoted(sample_ + "/request.ini");
     }
     [[nodiscard]] std::string Statement() const { return root_ + "/Users/demo/Data/Bill/D90010002.20240104o.txt"; }
+
+private:
+    mutable int copies_ = 0;
 };
 
 TEST_F(StandardOutput, IsMissedByEveryCommandIfItIsFull) {

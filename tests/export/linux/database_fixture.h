@@ -21,7 +21,7 @@ namespace tradebill {
 class DatabaseFixture : public TablesFixture {
 protected:
     DatabaseResult Save(const std::string& account = "1", int wait = 0) const {
-        return SaveToDatabase(path_, {.user = "demo", .account = account, .kind = "domestic"}, Source(), wait);
+        return SaveToDatabase(path_, {.user = "demo", .account = account}, Source(), wait);
     }
     void AddTrade(std::string_view contract, std::string_view day = "20240102") {
         FillFields<MatchRecord>(report.MatchStore.Add(), kMatchFields,

@@ -57,12 +57,12 @@ TEST_F(SqliteExport, ReplacesTheRowsOfOneAccountAlone) {
 
 TEST_F(SqliteExport, TakesUserAccountAndKindForTheAccount) {
     AddTrade("a");
-    const auto save = [&](const char* user, const char* kind) {
-        return SaveToDatabase(path_, {.user = user, .account = "1", .kind = kind}, Source(), 0).end;
+    const auto save = [&](const char* user, bool isForeign) {
+        return SaveToDatabase(path_, {.user = user, .account = "1", .isForeign = isForeign}, Source(), 0).end;
     };
-    ASSERT_EQ(save("one", "domestic"), DatabaseEnd::Done);
-    ASSERT_EQ(save("two", "domestic"), DatabaseEnd::Done);
-    ASSERT_EQ(save("one", "foreign"), DatabaseEnd::Done);
+    ASSERT_EQ(save("one", false), DatabaseEnd::Done);
+    ASSERT_EQ(save("two", false), DatabaseEnd::Done);
+    ASSERT_EQ(save("one", true), DatabaseEnd::Done);
     EXPECT_EQ(Read("SELECT user, kind FROM trades ORDER BY user, kind"), "one|domestic|one|foreign|two|domestic|");
 }
 
