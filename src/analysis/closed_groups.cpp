@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
@@ -112,10 +111,10 @@ public:
                                      .months = by_.months.Finish(),
                                      .concentration = {}};
         for (const auto& [currency, rows] : rows_) {
-            const auto share = [&currency = currency](const std::vector<ClosedGroup>& groups) {
+            const auto share = [&wanted = currency](const std::vector<ClosedGroup>& groups) {
                 CConcentration shares;
                 for (const ClosedGroup& group : groups) {
-                    if (group.currency == currency) shares.Add(group.pl);
+                    if (group.currency == wanted) shares.Add(group.pl);
                 }
                 return shares.Share();
             };

@@ -1,6 +1,7 @@
 #include "anonymise/cell_meaning.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 #include <span>
 #include <string>

@@ -331,6 +331,7 @@ std::vector<ColumnSum> CTableAmounts::Sums() const {
         });
     }
     std::vector<ColumnSum> list;
+    list.reserve(sums.size());
     for (auto& [key, sum] : sums) list.push_back(std::move(sum));
     return list;
 }

@@ -5,11 +5,11 @@
 #include <cstdint>
 #include <iostream>
 #include <limits>
+#include <map>
 #include <memory>
 #include <optional>
 #include <random>
 #include <string>
-#include <utility>
 
 #include "anonymise/account_anonymiser.h"
 #include "base/number.h"
@@ -29,6 +29,7 @@
 #include "platform/root_folder.h"
 #include "report/account_key.h"
 #include "report/request_copy.h"
+#include "report/statement_format.h"
 
 namespace tradebill {
 namespace {

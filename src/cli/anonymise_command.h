@@ -29,6 +29,6 @@ struct AnonymiseCommand {
 
 /// Returns 0 if all statements have a copy, 1 if some have none, which are told, or if the writing failed, and then
 /// nothing of the copy is left. Throws CUsageError before anything is done.
-[[nodiscard]] int RunAnonymiseCommand(const AnonymiseCommand& command);
+[[nodiscard]] int RunAnonymiseCommand(const AnonymiseCommand& given);
 
 }  // namespace tradebill

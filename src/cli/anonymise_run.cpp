@@ -1,7 +1,6 @@
 #include "cli/anonymise_run.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <cstdint>
 #include <iterator>
 #include <optional>
@@ -86,7 +85,7 @@ std::int32_t CAnonymiseRun::FormatOfAll(const FoundStatements& statements) const
             if (!why) why = error;
         }
     }
-    throw *why;
+    throw CUsageError(*why);
 }
 
 GenerateBillRequest CAnonymiseRun::RequestOf(const AccountKey& account) const {

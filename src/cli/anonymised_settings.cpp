@@ -1,5 +1,6 @@
 #include "cli/anonymised_settings.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -7,7 +8,6 @@
 #include "anonymise/day_shift.h"
 #include "base/ini_file.h"
 #include "base/text.h"
-#include "cli/account_files.h"
 #include "cli/anonymise_command.h"
 #include "cli/anonymised_folder.h"
 #include "cli/input_file.h"

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "anonymise/account_anonymiser.h"
-#include "cli/account_files.h"
 #include "cli/input_ini.h"
 #include "readers/statement_limit.h"
 #include "report/account_key.h"

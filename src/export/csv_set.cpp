@@ -64,7 +64,10 @@ bool PutBack(const CsvFile& file) {
 
 /// What may pass is tried twice.
 bool RemoveSurely(const std::string& path) {
-    return RemoveFile(path) || RemoveFile(path);
+    for (int tries = 0; tries < 2; ++tries) {
+        if (RemoveFile(path)) return true;
+    }
+    return false;
 }
 
 /// The set on its way to its places. Whatever isn't put there in full is taken back.

@@ -36,6 +36,13 @@ TEST_F(ExportDatabase, HasSeveralAccountsInOneFile) {
     EXPECT_EQ(Read("SELECT user, account, kind, count(*) FROM trades GROUP BY 1, 2, 3"),
               "demo|60010001|foreign|136|demo|90010002|domestic|191|");
     EXPECT_EQ(Read("SELECT count(*) FROM currency_days"), "125|");
+    // What the statements' rows of closing trades, 71 of them, add up to; 38 of these sell.
+    EXPECT_EQ(Read("SELECT CURRENCY, count(*), sum(OFFSETPL), sum(side = 'long'), sum(tradeSide = 'sell') FROM closed "
+                   "WHERE kind = 'foreign' GROUP BY CURRENCY"),
+              "EUR|11|-7127.5|9|9|HKD|23|31400.0|9|9|JPY|7|1400000.0|6|6|USD|30|9702.5|14|14|");
+    EXPECT_EQ(
+        Read("SELECT currency, sum(count), sum(statedPl) FROM contracts WHERE kind = 'foreign' GROUP BY currency"),
+        "EUR|11|-7127.5|HKD|23|31400.0|JPY|7|1400000.0|USD|30|9702.5|");
 }
 
 TEST_F(ExportDatabase, ReplacesDaysOutsideOfTheNewRange) {
