@@ -42,6 +42,8 @@ class Judging(unittest.TestCase):
     def test_a_failure_is_told_with_the_file(self):
         self.assertEqual(judged({PICTURE: None}), verdict.TOLD)
         self.assertEqual(judged({PICTURE: None}, said="something failed"), verdict.UNNAMED)
+        above = Ending(1, b"", TELLS, BEGIN, [Call("newfstatat", "/dev/shm", "", False, 1)])
+        self.assertEqual(verdict.judge(above, verdict.Case(INPUTS, BEGIN, CLEAN)).word, verdict.TOLD)
         self.assertEqual(judged({PICTURE: None}, said=""), verdict.SILENT)
 
     def test_all_of_the_older_run_or_of_the_new_one(self):

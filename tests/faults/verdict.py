@@ -121,7 +121,8 @@ def names_of(path, tree):
     if path in ("stdin", "stdout", "pipe"):
         return ["standard input" if path == "stdin" else "standard output"]
     parts = [part for part in re.sub(r"\.part[^/]*$|\.older$|-journal$", "", path).split("/") if part and not part.startswith(".tradebill-")]
-    inside = [name for name in tree if os.path.basename(os.path.dirname("box/" + name)) in parts[-1:]]
+    is_above = path.startswith("/") and "box" not in parts      # of a file's own folder, which a message leaves out
+    inside = [name for name in tree if is_above or os.path.basename(os.path.dirname("box/" + name)) in parts[-1:]]
     pages = [name for name in tree if is_page(name)] if OF_A_RUN.search(path) else []
     return parts[-2:] + [os.path.basename(name) for name in inside + pages]
 
