@@ -1,6 +1,7 @@
 // Some days of one account, any bytes each, changed so that nobody is known by them: what has a copy has one of the
-// same lines and columns.
+// same lines and columns, of which as many records are read, and which doesn't name the account.
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -11,6 +12,7 @@
 #include "base/text.h"
 #include "fuzz_statement.h"
 #include "fuzz_target.h"
+#include "report/report.h"
 #include "report/request_copy.h"
 
 namespace tradebill {
@@ -39,6 +41,36 @@ bool HasSameLines(std::string_view one, std::string_view other) {
            });
 }
 
+bool IsOfWord(char byte) {
+    const char lower = static_cast<char>(byte | 0x20);
+    return IsDigit(byte) || (lower >= 'a' && lower <= 'z') || (byte & '\x80') != 0;
+}
+
+/// Whether the number of the account stands for itself where it stood in the original.
+bool NamesAccount(std::string_view original, std::string_view copy) {
+    for (std::size_t at = original.find(kAccount); at != std::string_view::npos; at = original.find(kAccount, at + 1)) {
+        const std::size_t end = at + kAccount.size();
+        const bool isWord =
+            (at == 0 || !IsOfWord(original[at - 1])) && (end == original.size() || !IsOfWord(original[end]));
+        if (isWord && copy.substr(at, kAccount.size()) == kAccount) return true;
+    }
+    return false;
+}
+
+void RequireSameShape(const StatementChoice& choice, const AnonymisedStatement& copy, std::string_view original) {
+    CFuzzReport one(choice, false);
+    CFuzzReport other(choice, false);
+    Require(ReadStatement(one.Get(), copy.from, original, nullptr, nullptr) ==
+                ReadStatement(other.Get(), copy.day, copy.text, nullptr, nullptr),
+            "a copy is read as its original is");
+    const auto sizes = [](const CReport& report) {
+        return std::array{report.MatchStore.Rows.size(),     report.PingDetailStore.Rows.size(),
+                          report.OpiDetailStore.Rows.size(), report.OpiSumStore.Rows.size(),
+                          report.MoneyStore.Records.size(),  report.CurrencyMoneyStore.Names.size()};
+    };
+    Require(sizes(one.Get()) == sizes(other.Get()), "a copy has as many records as its original");
+}
+
 }  // namespace
 
 void FuzzAnonymise(std::string_view bytes) {
@@ -55,6 +87,8 @@ void FuzzAnonymise(std::string_view bytes) {
         const auto original = std::ranges::find(statements, copy.from, &DayStatement::day);
         Require(original != statements.end(), "copies are those of statements");
         Require(HasSameLines(original->text, copy.text), "copies keep lines and columns");
+        Require(!NamesAccount(original->text, copy.text), "no copy names the account");
+        RequireSameShape(choice, copy, original->text);
     }
     const AnonymisedAccount again = Anonymise(choice, settings, statements);
     Require(std::ranges::equal(made.statements, again.statements, {}, &AnonymisedStatement::text,

@@ -80,6 +80,7 @@ void FuzzHost(std::string_view input);
 void FuzzNumbers(std::string_view input);
 void FuzzText(std::string_view input);
 void FuzzJson(std::string_view input);
+void FuzzTables(std::string_view input);
 void FuzzPage(std::string_view input);
 void FuzzPicture(std::string_view input);
 void FuzzChart(std::string_view input);

@@ -24,6 +24,7 @@ constexpr FuzzTarget kTargets[] = {
     {"request",      FuzzRequest},
     {"run",          FuzzRun},
     {"run_pictures", FuzzRunWithPictures},
+    {"tables",       FuzzTables},
     {"template",     FuzzTemplate},
     {"text",         FuzzText},
 };

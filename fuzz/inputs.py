@@ -166,10 +166,15 @@ def small_seeds(seeds):
     hostile = [b"\xc2\xf2<", b"a\"b", b"c\\d", b"\x1b\n", b"\x81", b"\xff\xff", b"plain"]
     for number in (0.005, -1234.565, 1e300, float("inf"), float("nan"), 5e-324):
         seeds["numbers"].append(b"\4" + amount(number) + numbers)
+        seeds["tables"].append(b"\3" + amount(number) + b"\2" + b"20240102\0" + b"\4" + struct.pack(">ii", 7, -96))
         seeds["json"].append(amount(number) + b"\1\1" + NUL.join(hostile[i % len(hostile)] + str(i).encode() for i in range(90)))
     record = b'{"schema":1,"%s":[{"BILL_DATE":"20240102","CONTRACT":"%s","POUNDAGE":"%s","values":{"POUNDAGE":1.50}}],"money":{"Records":[]}}'
     for name, contract, fee in ((b"matches", b"cu2403", b"1.50"), (b"closed", b"cu2404", b"2"), (b"days", b"", b"")):
         seeds["diff"].append(record % (b"matches", b"cu2403", b"1.5") + NUL + record % (name, contract, fee))
+    cells = hostile + [b"=1+1", b"'a", b"\xef\xbc\x9d1", b"a,b;c", b"\r\n", b"\t", b"\"\"", b"@", b""]
+    for kind in range(2):
+        seeds["tables"].append(b"".join(bytes([kind]) + cell + NUL for cell in cells))
+    seeds["tables"].append(b"".join(b"\2" + day + NUL for day in (b"2024-01-02", b"20241301", b"2024-1-2", b"20240132")) + b"\5\5")
     for day in statements_of(SAMPLES / "bilingual"):
         seeds["text"].append(b"||\0" + day[:1200])
         seeds["text"].append(b" \xd3\xc3\0" + day[-400:])
@@ -227,8 +232,9 @@ def dictionaries():
     return {
         "anonymise": titles | labels, "readers": titles, "findings": titles, "run": titles, "run_pictures": titles, "template": titles | keys,
         "ini": ini, "request": ini | settings | fields, "host": {b"2024-01-02", b"3000-12-31", b"1970-1-1", b"\xff" * 4},
-        "numbers": numbers | doubles, "text": tags | {b"|", b" ", b"\xa1\xa1", b"\x80", b"\xef\xbf\xbd"},
+        "numbers": numbers | doubles | {b"1,234.50"}, "text": tags | {b"|", b" ", b"\xa1\xa1", b"\x80", b"\xef\xbf\xbd"},
         "diff": {b'"schema":1', b'"analysis"', b'"matches"', b'"BILL_DATE"', b'"values"', b'"money"', b'"Records"', b"null"},
+        "tables": doubles | {b"\"", b",", b"=", b"'", b"\r\n", b"\t", b"\x80", b"\xef\xbc\x9d", b"2024-01-02", b"20240102", b"-"},
         "json": doubles | {b"\"", b"\\", b"\x1f", b"\x80", b"\xff"}, "page": tags, "picture": chunks, "chart": doubles,
     }
 

@@ -1,4 +1,5 @@
 // Any texts as numbers and any numbers as texts, against the C library in the "C" locale.
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -13,6 +14,8 @@
 #include "base/decimal.h"
 #include "base/number.h"
 #include "base/text.h"
+#include "export/plain_decimal.h"
+#include "fuzz_statement.h"
 #include "fuzz_target.h"
 
 namespace tradebill {
@@ -95,6 +98,31 @@ void RequireDecimal(std::string_view text) {
     }
 }
 
+/// Digits with a sign and a point, as they are written without marks: the number that must come of them.
+bool IsPlain(std::string_view text) {
+    if (!text.empty() && (text.front() == '-' || text.front() == '+')) text.remove_prefix(1);
+    const std::size_t digits = static_cast<std::size_t>(std::ranges::count_if(text, IsDigit));
+    const std::size_t points = static_cast<std::size_t>(std::ranges::count(text, '.'));
+    return digits > 0 && points <= 1 && digits + points == text.size();
+}
+
+void RequirePlainDecimal(std::string_view text) {
+    constexpr std::size_t kLongest = 40;
+    text = Trim(text);
+    const CPlainDecimal plain(text);
+    Require(plain.IsNumber() || !IsPlain(text) || text.size() > kLongest, "what is plain already is a number");
+    if (!plain.IsNumber()) return;
+    std::string digits(text);
+    std::erase(digits, ',');
+    const std::string written(plain.View());
+    Require(IsPlain(digits) && IsPlain(written), "a number is digits alone, but for marks of thousands");
+    Require(std::strtod(written.c_str(), nullptr) == std::strtod(digits.c_str(), nullptr),
+            "it is the number of its digits");
+    Require(written.size() > kLongest || CPlainDecimal(written).View() == written,
+            "a plain number is written as it is");
+    RequireJson(written);
+}
+
 void RequireDay(std::string_view text) {
     for (const CalendarDay& day : {ParseDashedDay(text), ParsePackedDay(text)}) {
         const auto midnight = TryMidnightOf(day);
@@ -117,6 +145,7 @@ void FuzzNumbers(std::string_view bytes) {
         RequireAmount(text);
         RequireInteger(text);
         RequireDecimal(text);
+        RequirePlainDecimal(text);
         RequireDay(text);
         RequireText(ParseAmount(text), decimals);
     }

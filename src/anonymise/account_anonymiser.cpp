@@ -22,6 +22,7 @@
 #include "base/text.h"
 #include "driver/report_request.h"
 #include "findings/statement_texts.h"
+#include "platform/file.h"
 #include "readers/scan_listener.h"
 #include "readers/statement_loader.h"
 #include "report/money_identity.h"
@@ -91,6 +92,9 @@ void CAccountAnonymiser::Read(const DayStatement& statement, CSheetWatch& watch)
     report.TemplatePath = templatePath_;
     CStatementLoader loader(report, StatementAccess::ReadAlone);
     loader.Read(statement.day, statement.text, &watch);
+    if (const auto& lost = loader.TemplateProblem()) throw CLostTemplate(lost->path, lost->reason);
+    const bool needsTemplate = !templatePath_.empty() && !IsForeign(request_);
+    if (needsTemplate && !StampOf(templatePath_)) throw CLostTemplate(templatePath_);
     watch.Finish();
 }
 

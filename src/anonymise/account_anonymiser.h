@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -55,6 +56,15 @@ struct AnonymisedAccount {
     std::vector<LeftOutStatement> leftOut;
 };
 
+/// The template that statements are read by went away, or can't be read; what() is a part of a sentence that names it.
+class CLostTemplate : public std::runtime_error {
+public:
+    explicit CLostTemplate(const std::string& path, const std::string& reason = {})
+        : std::runtime_error("can't read " + path + (reason.empty() ? "" : ": " + reason)) {}
+};
+
+/// Without their template statements would be read as others than they are, so nothing is copied then: Add and Make
+/// throw CLostTemplate.
 class CAccountAnonymiser {
 public:
     /// The request says how statements are read; `templatePath` is that of its template, or empty. Its account becomes

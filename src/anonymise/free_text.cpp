@@ -90,7 +90,8 @@ void Mask(std::string& text, std::string_view before, std::size_t at, std::size_
     std::ranges::copy(masked, text.begin() + static_cast<std::ptrdiff_t>(at));
 }
 
-/// Calls `onLine(at, size)` for each line of `text` that is no row of a table.
+/// Calls `onLine(at, size)` for each line of `text` that is no row of a table, or one that nobody reads: a section that
+/// isn't ended takes in whatever stands behind it.
 template <class OnLine>
 void ForEachFreeLine(std::string_view text, const std::vector<WatchedRow>& rows, OnLine onLine) {
     std::string_view rest = text;
@@ -98,7 +99,8 @@ void ForEachFreeLine(std::string_view text, const std::vector<WatchedRow>& rows,
         const std::string_view line = TakeLine(rest);
         const auto at = static_cast<std::size_t>(line.data() - text.data());
         const auto row = std::ranges::lower_bound(rows, at, {}, &WatchedRow::at);
-        const bool isRow = row != rows.end() && row->at < at + line.size() && row->kind != SectionKind::Money;
+        const bool isRow = row != rows.end() && row->at < at + line.size() && row->kind != SectionKind::Money &&
+                           row->fate != RowFate::TooShort;
         if (!isRow) onLine(at, line.size());
     }
 }

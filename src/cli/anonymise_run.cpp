@@ -116,8 +116,12 @@ void CAnonymiseRun::CopyAccount(const AccountKey& account, const AccountKey& cop
     }
     CAccountAnonymiser anonymiser(request, settings_.TemplatePath(command_.templateName), settings_.anonymise,
                                   copy.account);
-    for (const FoundStatement& statement : statements) anonymiser.Add({statement.place.day, statement.text});
-    WriteCopies(copy, anonymiser.Make(), statements);
+    try {
+        for (const FoundStatement& statement : statements) anonymiser.Add({statement.place.day, statement.text});
+        WriteCopies(copy, anonymiser.Make(), statements);
+    } catch (const CLostTemplate& lost) {
+        LeaveOut("account " + account.account + " of " + account.user, lost.what());
+    }
 }
 
 void CAnonymiseRun::WriteCopies(const AccountKey& copy, const AnonymisedAccount& made,

@@ -14,6 +14,7 @@
 #include "cli/input_ini.h"
 #include "cli/usage_error.h"
 #include "driver/request_names.h"
+#include "platform/file.h"
 #include "platform/paths.h"
 #include "report/account_key.h"
 
@@ -52,7 +53,10 @@ std::string WithChangeDay(std::string bytes, int weeks) {
 
 void AddIfThere(const std::string& root, const std::string& name, SideFiles& files) {
     const std::string path = root + "/" + name;
-    if (IsPlainFile(path)) files.push_back({name, WithoutComments(InputFileText(path, "a chain file"))});
+    CFileBuffer buffer;
+    const FileContent content = ReadWholeFile(path, buffer);
+    if (content.state == FileState::Unreadable) throw CUnreadableInput(path, content.reason);
+    if (content.state == FileState::Read) files.push_back({name, WithoutComments(content.bytes)});
 }
 
 }  // namespace

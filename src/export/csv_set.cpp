@@ -21,17 +21,20 @@ namespace {
 
 constexpr std::string_view kEnding = ".csv";
 
-/// A file of the set, and the names beside it under which it is made and the one of before waits.
+/// A file of the set, and the names beside it under which it is made and the one of before waits. All are put together
+/// at the start: they are cleared up where there is no memory for a name any more.
 struct CsvFile {
     explicit CsvFile(const std::string& folder, std::string_view table)
-        : path(folder + "/" + std::string(table) + std::string(kEnding)) {}
-
-    [[nodiscard]] std::string Part() const { return path + ".part"; }
-    [[nodiscard]] std::string Older() const { return path + ".older"; }
+        : path(folder + "/" + std::string(table) + std::string(kEnding)),
+          part(path + ".part"),
+          older(path + ".older") {}
 
     std::string path;
+    std::string part;
+    std::string older;
     bool hasOlder = false;
-    bool isLost = false;  ///< the one of before could not get back to its place
+    bool isOnItsWay = false;  ///< begun to be put into its place, as long as not all of the set are there
+    bool isLost = false;      ///< the one of before could not get back to its place
 };
 
 CsvProblem ProblemAt(const std::string& path) {
@@ -39,7 +42,7 @@ CsvProblem ProblemAt(const std::string& path) {
 }
 
 bool WritePart(const CsvFile& file, const ExportTable& table, const ExportSource& source) {
-    CFile part(file.Part(), FileMode::Create);
+    CFile part(file.part, FileMode::Create);
     if (!part.IsOpen()) return false;
     CCsvText text(table.columns, [&](std::string_view piece) { return part.Write(piece); });
     table.walk(source, text);
@@ -49,14 +52,14 @@ bool WritePart(const CsvFile& file, const ExportTable& table, const ExportSource
 /// Leaves the file where it is, and gives it the second name.
 bool KeepOlder(CsvFile& file) {
     if (!IsPlainFile(file.path) && !IsLink(file.path)) return true;
-    file.hasOlder = LinkFile(file.path, file.Older()) || CopyOver(file.path, file.Older());
+    file.hasOlder = LinkFile(file.path, file.older) || CopyOver(file.path, file.older);
     return file.hasOlder;
 }
 
 /// Puts a file of before back into its place. False if it stays beside it.
 bool PutBack(const CsvFile& file) {
-    if (IsSameFile(file.Older(), file.path)) return true;
-    return MoveOver(file.Older(), file.path) || CopyOver(file.Older(), file.path);
+    if (IsSameFile(file.older, file.path)) return true;
+    return MoveOver(file.older, file.path) || CopyOver(file.older, file.path);
 }
 
 /// What may pass is tried twice.
@@ -74,7 +77,10 @@ public:
         for (const ExportTable& table : tables) files_.emplace_back(folder, table.name);
         RemoveBeside();
     }
-    ~CCsvSet() { RemoveBeside(); }
+    ~CCsvSet() {
+        TakeBack();
+        ForEachBeside([](const std::string& path) { RemoveSurely(path); });
+    }
     CCsvSet(const CCsvSet&) = delete;
     CCsvSet& operator=(const CCsvSet&) = delete;
 
@@ -82,6 +88,7 @@ public:
         CsvProblems problems;
         problems.unwritten = WriteAll(source);
         if (!problems.unwritten) problems.unwritten = PutAll();
+        TakeBack();
         problems.leftover = RemoveBeside();
         return problems;
     }
@@ -102,18 +109,20 @@ private:
 
     std::optional<CsvProblem> PutAll() {
         CFilePlaces places;
-        for (std::size_t i = 0; i < files_.size(); ++i) {
+        for (CsvFile& file : files_) {
             ForgetSystemError();
-            if (places.Put(files_[i].Part(), files_[i].path)) continue;
-            CsvProblem failed = ProblemAt(files_[i].path);
-            TakeBack(std::span(files_).first(i + 1));
-            return failed;
+            file.isOnItsWay = true;
+            if (!places.Put(file.part, file.path)) return ProblemAt(file.path);
         }
+        for (CsvFile& file : files_) file.isOnItsWay = false;
         return std::nullopt;
     }
 
-    static void TakeBack(std::span<CsvFile> files) {
-        for (CsvFile& file : files) {
+    /// Whatever was to be put, unless all was. It needs no memory but for what can only be copied back.
+    void TakeBack() {
+        for (CsvFile& file : files_) {
+            if (!file.isOnItsWay) continue;
+            file.isOnItsWay = false;
             if (file.hasOlder) {
                 file.isLost = !PutBack(file);
             } else {
@@ -125,15 +134,19 @@ private:
     /// The first of those that can't be removed.
     std::optional<CsvProblem> RemoveBeside() {
         std::optional<CsvProblem> left;
-        const auto remove = [&](const std::string& path) {
+        ForEachBeside([&](const std::string& path) {
             ForgetSystemError();
             if (!RemoveSurely(path) && !left) left = ProblemAt(path);
-        };
-        for (const CsvFile& file : files_) {
-            remove(file.Part());
-            if (!file.isLost) remove(file.Older());
-        }
+        });
         return left;
+    }
+
+    template <class Action>
+    void ForEachBeside(const Action& action) {
+        for (const CsvFile& file : files_) {
+            action(file.part);
+            if (!file.isLost) action(file.older);
+        }
     }
 
     std::span<const ExportTable> tables_;

@@ -87,6 +87,17 @@ TEST_F(CashFlow, IsUnknownWithoutPrintedFigures) {
     EXPECT_EQ(Flows(), (List{std::nullopt}));
 }
 
+TEST_F(CashFlow, IsUnknownWithoutABalanceOrADay) {
+    AddUnkept("20240102", 1095);
+    AddUnkept("20240103", 1095);
+    AddUnkept("20240104", 1095);
+    AddUnkept("20240105", 1095);
+    report.PrintedMoney[0][Opening].reset();
+    report.PrintedMoney[1][Closing].reset();
+    report.PrintedMoney[2].Day = "no day";
+    EXPECT_EQ(Flows(), (List{std::nullopt, std::nullopt, std::nullopt, 100}));
+}
+
 TEST_F(CashFlow, OfALiveRecordIsItsOwnAndDoesntStandForTheLayouts) {
     AddUnkept("20240102", 1095);
     AddRecord(Money("20240103", {{"KHQY", "1"}, {"CRJ", "7"}, {"HOST_POSITION_MARGIN", "0"}}));

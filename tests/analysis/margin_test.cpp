@@ -119,6 +119,24 @@ TEST_F(Margin, OfARowThatHoldsBothSidesCountsOnce) {
     EXPECT_EQ(margins[0].mean, 95);  // (70 + 120) / 2
 }
 
+TEST_F(Margin, OfRowsThatDifferInAnythingCountsBoth) {
+    for (const char* const field : {"", "EXCH_NAME", "DELIVERY", "YSETTLE_PRICE", "SETTLE_PRICE", "DEPOSIT", "HEDGE"}) {
+        report.Clear();
+        AddSum("20240102", "rb2405", "买", "3", "70.00");
+        const std::string other = *field == '\0' ? "HEDGE" : field;
+        report.OpiSumStore.Add() = OpenSum({{"BILL_DATE", "20240102"},
+                                            {"CONTRACT", "rb2405"},
+                                            {"BID", Gbk("卖")},
+                                            {"POSITION_VOL", "3"},
+                                            {"DSYK", "1.00"},
+                                            {"DEPOSIT", "70.00"},
+                                            {other, *field == '\0' ? "" : "70.000"}});
+        const auto margins = Analysed().margin.products;
+        ASSERT_EQ(margins.size(), 1U) << field;
+        EXPECT_EQ(margins[0].max, *field == '\0' ? 70 : 140) << field;
+    }
+}
+
 TEST_F(Margin, OpenPositionsAreThoseOfTheLastStatement) {
     AddUse("20240105", "1000", "300");
     AddUse("20240108", "1000", "300");

@@ -37,6 +37,10 @@ TEST(InternalRate, IsNothingWithoutAChangeOfSign) {
     EXPECT_FALSE(InternalRateOf({}));
 }
 
+TEST(InternalRate, OfWhatIsPaidBackIsThatOfALoan) {
+    EXPECT_NEAR(*InternalRateOf(Payments{{0, 100}, {365, -110}}), 0.1, 1e-12);
+}
+
 TEST(InternalRate, HasAFactorFromAMillionthToAMillion) {
     EXPECT_NEAR(*InternalRateOf(Payments{{0, -1}, {365, 999999}}) / 999998, 1, 1e-12);
     EXPECT_FALSE(InternalRateOf(Payments{{0, -1}, {365, 1000001}}));
@@ -92,6 +96,12 @@ TEST_F(MoneyWeighted, NeedsAllPayments) {
     AddDay("20240102", "1000", "0", "1000");
     AddDay("20240103", "1000", "x");
     AddDay("20241231", "1100");
+    EXPECT_EQ(Of().reason, "an equity or a cash flow isn't known");
+}
+
+TEST_F(MoneyWeighted, NeedsAClosingEquity) {
+    AddDay("20240102", "1000", "0", "1000");
+    AddDay("20241231", "1,100.00");
     EXPECT_EQ(Of().reason, "an equity or a cash flow isn't known");
 }
 

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +14,7 @@
 #include "base/text.h"
 #include "report/request_copy.h"
 #include "support/gbk_text.h"
+#include "support/temp_folder.h"
 
 namespace tradebill::account_anonymiser_test {
 namespace {
@@ -129,6 +131,19 @@ TEST(AccountAnonymiser, HidesAccountNameBrokerAndTradeNumbers) {
     }
 }
 
+/// The first statement breaks off within a table, whose end is then that of the second one's.
+TEST(AccountAnonymiser, HidesThemInATableThatGoesOnIntoAnotherStatement) {
+    const std::string whole = Day("20240103", "500824.20", "508211.86");
+    const std::string broken = whole.substr(0, whole.find(Gbk("共 2条"))) + whole;
+    CAccountAnonymiser anonymiser(Request(), {}, {.seed = 1}, "71234567");
+    anonymiser.Add({"20240103", broken});
+    const AnonymisedAccount made = anonymiser.Make();
+    ASSERT_EQ(made.statements.size(), 1u);
+    for (const std::string_view word : {"90010002", "李小龙", "云母山"}) {
+        EXPECT_EQ(made.statements[0].text.find(Gbk(word)), std::string::npos) << word;
+    }
+}
+
 TEST(AccountAnonymiser, KeepsContractsLotsAndDays) {
     const auto copies = Anonymised();
     const auto trade = RowWith(copies[0].text, "20240103");
@@ -208,6 +223,22 @@ TEST(AccountAnonymiser, MovesDaysByWeeks) {
 std::string Without(std::string text, std::string_view start) {
     const std::size_t at = text.find(Gbk(start));
     return text.erase(at, text.find('\n', at) + 1 - at);
+}
+
+TEST(AccountAnonymiser, CopiesNothingWithoutItsTemplate) {
+    CTempFolder folder;
+    const std::string path = folder.Write("broker.ini", "[BILLFORMAT]\nBILLFORMAT_NEWDATE=20300101\n");
+    const DayStatement day{"20240103", Day("20240103", "500824.20", "508211.86")};
+    CAccountAnonymiser anonymiser(Request(), path, {.seed = 1}, "71234567");
+    anonymiser.Add(day);
+    std::filesystem::remove(path);
+    EXPECT_THROW(anonymiser.Add(day), CLostTemplate);
+    EXPECT_THROW(static_cast<void>(anonymiser.Make()), CLostTemplate);
+    std::filesystem::create_directory(path);
+    EXPECT_THROW(anonymiser.Add(day), CLostTemplate);
+    GenerateBillRequest foreign = Request();
+    foreign.StatementKind = kForeignKind;
+    EXPECT_NO_THROW(CAccountAnonymiser(foreign, path, {.seed = 1}, "71234567").Add(day)) << "it isn't asked";
 }
 
 TEST(AccountAnonymiser, LeavesOutWhatItCannotRead) {

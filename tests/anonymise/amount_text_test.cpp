@@ -39,6 +39,8 @@ TEST(AmountText, ScalesToThePlacesOfTheAmount) {
     EXPECT_EQ(half.OfAmount(-10000, 0), 0);        // -1 / 2 rounds to -1, which it was
     EXPECT_EQ(half.OfAmount(0, 2), 0);
     EXPECT_EQ(half.OfRest(100, 2), 100);  // a cent left over may stay
+    EXPECT_EQ(half.OfRest(1, 4), 1);      // half a step, away from 0
+    EXPECT_EQ(half.OfRest(-1, 4), -1);
 }
 
 TEST(AmountText, LeavesNoAmountAsItWas) {
@@ -54,6 +56,14 @@ TEST(AmountText, KeepsPricesAboveNothing) {
     EXPECT_EQ(small.OfPrice(10000, 0), 20000);  // 1: neither 0 nor 1
     EXPECT_EQ(small.OfPrice(5000, 1), 2000);    // 0.5 x 0.3 = 0.15
     EXPECT_EQ(small.OfPrice(0, 1), 0);
+    EXPECT_EQ(small.OfPrice(-10000, 0), -20000);
+    EXPECT_EQ(CAmountFactor(10000).OfPrice(20000, 0), 10000);  // 2 x 0.01 would be 0
+}
+
+TEST(AmountText, HasNoUnitBelowTheFourthPlace) {
+    EXPECT_EQ(UnitOf(0), 10000);
+    EXPECT_EQ(UnitOf(4), 1);
+    EXPECT_EQ(UnitOf(6), 1);
 }
 
 TEST(AmountText, HoldsTheLargestNumbers) {
@@ -82,6 +92,11 @@ TEST(AmountText, PutsNumbersIntoTheirWidth) {
         {"a  9.00", 3, 4, "-10.00", nullptr},             // but for the last
         {"|  9.00|", 3, 4, "-10.00", "|-10.00|"},         // which a bar makes needless
         {"| 9.00|", 2, 4, "-10.00", nullptr},
+        {"123.45 x", 0, 6, "61.73", " 61.73 x"},  // at the start and at the end of all
+        {"|123.45", 1, 6, "61.73", "| 61.73"},
+        {"  9.00", 2, 4, "-10.00", "-10.00"},
+        {" 9.00", 1, 4, "-10.00", nullptr},
+        {"\n  9.00", 3, 4, "-10.00", "\n-10.00"},  // the line's start parts it from what is before
     };
     for (const Put& row : kCases) {
         std::string text = row.text;

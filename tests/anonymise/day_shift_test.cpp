@@ -30,6 +30,7 @@ TEST(DayShift, MovesByWeeks) {
     EXPECT_EQ(ShiftedDate("20240102", 0), "20240102");
     EXPECT_EQ(ShiftedDay("20240102", 52), "20241231");
     EXPECT_FALSE(ShiftedDay("00068138", 1));
+    EXPECT_FALSE(ShiftedDay("2024-01-02", 1)) << "a date, but not as files are named by";
 }
 
 TEST(DayShift, KeepsTheBytesWhereADateGrows) {

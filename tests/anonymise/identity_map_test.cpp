@@ -28,6 +28,24 @@ TEST(IdentityMap, KeepsLengthAndKinds) {
     EXPECT_TRUE(std::isdigit(static_cast<unsigned char>(code[5])));
 }
 
+TEST(IdentityMap, KeepsSignsAndChineseCharactersAndChangesZerosAlone) {
+    CIdentityMap map(7);
+    EXPECT_EQ(map.Of("a~{")[1], '~');
+    EXPECT_EQ(map.Of("a~{")[2], '{');
+    EXPECT_TRUE(map.Of(Gbk("客1")).starts_with(Gbk("客")));
+    EXPECT_EQ(map.Of("000").size(), 3u);
+    EXPECT_NE(map.Of("000"), "000");
+}
+
+TEST(IdentityMap, TellsWhatCanBeChanged) {
+    for (const std::string& text : {std::string("A"), std::string("z"), std::string("0"), Gbk("客户 1")}) {
+        EXPECT_TRUE(HasLettersOrDigits(text)) << text;
+    }
+    for (const std::string& text : {std::string(), std::string("-~ [{@"), Gbk("客户")}) {
+        EXPECT_FALSE(HasLettersOrDigits(text)) << text;
+    }
+}
+
 TEST(IdentityMap, MapsAlikeWhateverTheOrder) {
     CIdentityMap one(7);
     CIdentityMap other(7);
@@ -66,6 +84,7 @@ TEST(IdentityMap, MasksNames) {
     EXPECT_EQ(MaskedText(Gbk("示例客户甲")), Gbk("某某某某某"));
     EXPECT_EQ(MaskedText(Gbk("某甲")), Gbk("甲某"));
     EXPECT_EQ(MaskedText(Gbk("Li, 12（示例）")), Gbk("Xx, 00（某某）"));
+    EXPECT_EQ(MaskedText("\x81\x40~"), Gbk("某~")) << "a character from before the signs";
 }
 
 }  // namespace

@@ -98,6 +98,45 @@ TEST(ReportDiff, KnowsOtherElementsByTheirPlaces) {
               (Lines{"matches: 1 | 2", "x[1]: 2 | 5", "x[2]: 3 | -"}));
 }
 
+TEST(ReportDiff, TellsOfListsOfAnotherLengthAndKind) {
+    EXPECT_EQ(Differences(R"("x":[1,2,3])", R"("x":[1])"), (Lines{"x[1]: 2 | -", "x[2]: 3 | -"}));
+    EXPECT_EQ(Differences(R"("x":[1])", R"("x":[1,2])"), (Lines{"x[1]: - | 2"}));
+    EXPECT_EQ(Differences(R"("x":[1])", R"("x":{"1":1})"), (Lines{"x: [...] | {...}"}));
+    EXPECT_EQ(Differences(R"("x":[1])", R"("x":7)"), (Lines{"x: [...] | 7"}));
+}
+
+/// What another program made of the numbers of a record.
+TEST(ReportDiff, TellsOfNumbersThatAreNone) {
+    const auto record = [](const std::string& values) {
+        return R"("money":{"Records":[{"BILL_DATE":"20240102")" + values + "}]}";
+    };
+    const std::string whole = R"(,"values":{"KHQY":1})";
+    const std::string place = "money.Records[20240102].values";
+    EXPECT_EQ(Differences(record(whole), record("")), (Lines{place + ": {...} | -"}));
+    EXPECT_EQ(Differences(record(""), record(whole)), (Lines{place + ": - | {...}"}));
+    EXPECT_EQ(Differences(record(whole), record(R"(,"values":7)")), (Lines{place + ": {...} | 7"}));
+    EXPECT_EQ(Differences(record(R"(,"values":null)"), record(whole)), (Lines{place + ": null | {...}"}));
+    EXPECT_EQ(Differences(record(whole), record(R"(,"values":{"KHQY":2})")), (Lines{place + ".KHQY: 1 | 2"}));
+}
+
+/// Keys that are numbers or nothing, and rows that one side alone has, in their order.
+TEST(ReportDiff, OrdersRowsByWhateverNamesThem) {
+    const auto days = [](const char* list) { return std::string(R"("analysis":{"days":[)") + list + "]}"; };
+    EXPECT_EQ(Differences(days(R"({"day":1,"pl":1},{"day":3,"pl":1})"), days(R"({"day":2,"pl":1})")),
+              (Lines{"analysis.days[1]: {...} | -", "analysis.days[2]: - | {...}", "analysis.days[3]: {...} | -"}));
+    EXPECT_EQ(Differences(days(R"({"day":null,"pl":1})"), days(R"({"day":null,"pl":2})")),
+              (Lines{"analysis.days.pl: 1 | 2"}));
+}
+
+TEST(ReportDiff, KnowsAllListsOfRecords) {
+    for (const std::string name : {"matches", "closed", "positions", "positionSums"}) {
+        const auto list = [&](const char* lots) {
+            return "\"" + name + R"(":[{"BILL_DATE":"20240102","CONTRACT":"i","POSITION_VOL":")" + lots + "\"}]";
+        };
+        EXPECT_EQ(Differences(list("1"), list("2")), (Lines{name + "[20240102 i].POSITION_VOL: \"1\" | \"2\""}));
+    }
+}
+
 TEST(ReportDiff, TellsBlocksInTheOrderOfTheJson) {
     EXPECT_EQ(Differences(R"("findings":1,"analysis":1,"run":1,"program":"a","another":1)",
                           R"("findings":2,"analysis":2,"run":2,"program":"b","another":2)"),

@@ -21,19 +21,26 @@ import sys
 import tempfile
 import time
 
+import databases
 import seeds
+import verdict
 
 HANG_SECONDS = 120
 WAYS = ("", ",on")      # once, and for ever
 GOOD = ("same", "told")
-DAYS = ("--from", "2024-01-02", "--to", "2024-01-04")
+LACKING = b"something may be missing"   # said of outputs that are whole, but lack what there was no memory for
 COMMON = ("layouts",)   # what all commands do before they begin is tried with these alone
 
 
-def account(sample):
-    return ("--root", f"{sample}/root", "--request", f"{sample}/request.ini", *DAYS)
+def account(sample, to="2024-01-04"):
+    return ("--root", f"{sample}/root", "--request", f"{sample}/request.ini", "--from", "2024-01-02", "--to", to)
 
 
+def export(sample, *places):
+    return ("export", *account(sample), *places)
+
+
+TABLES = ("--csv", "tables", "--sqlite", "tables.db", "--quiet")   # the summary has the folder's path
 # Name, sample, arguments of the program.
 COMMANDS = (
     ("report", "client-bill", ("report", *account("client-bill"), "--out", ".")),
@@ -41,6 +48,16 @@ COMMANDS = (
                                  "--standalone", "r.html")),
     ("foreign report", "foreign", ("report", *account("foreign"), "--out", ".", "--json", "-")),
     ("report by template", "template-pairs", ("report", *account("template-pairs"), "--out", ".")),
+    ("tables", "fund-status", export("fund-status", *TABLES)),
+    ("tables over older", "fund-class", export("fund-class", *TABLES, "--trading-days", "100")),
+    ("foreign tables", "foreign", export("foreign", *TABLES)),
+    ("diff", "client-bill", ("diff", "one.json", "other.json", "--all")),
+    ("anonymise", "client-bill", ("anonymise", "client-bill/root", "--out", "copy", "--request", "client-bill/request.ini",
+                                  "--seed", "1")),
+    ("anonymise by template", "template-pairs", ("anonymise", "template-pairs/root", "--out", "copy", "--request",
+                                                 "template-pairs/request.ini", "--seed", "1")),
+    ("foreign anonymise", "foreign", ("anonymise", "foreign/root", "--out", "copy", "--request", "foreign/request.ini",
+                                      "--seed", "1")),
     ("check", "tabulated", ("check", *account("tabulated"), "--json", "c.json")),
     ("chart", "client-bill", ("chart", "equity", *account("client-bill"), "-o", "c.png")),
     ("explain", "tabulated", ("explain", "STATEMENT")),
@@ -52,31 +69,48 @@ COMMANDS = (
     ("help", "tabulated", ("report", "--help")),
     ("gallery", "tabulated", ("gallery", "charts")),
 )
+# What the program has made before, without any failure.
+BEFORE = {
+    "tables over older": (export("fund-class", *TABLES),),
+    "diff": tuple(("report", *account("client-bill", to), "--out", "pages", "--json", name)
+                  for name, to in (("one.json", "2024-01-04"), ("other.json", "2024-01-03"))),
+}
 SLOW = {"gallery": 1999}  # a run of seconds: one failure in so many is made
 # Name, sample, layout number, kind.
 MODULE_RUNS = (("module", "client-bill", "2", "1"), ("foreign module", "foreign", "0", "2"))
 
 
 class Scenario:
-    """A command, or two runs of the module, in a folder that holds what it reads."""
+    """A command, or two runs of the module, in a folder that holds what it reads and what was made `before`."""
 
-    def __init__(self, name, sample, command):
-        self.name, self.sample, self.command = name, sample, command
+    def __init__(self, name, sample, command, before=()):
+        self.name, self.sample, self.command, self.before = name, sample, command, before
         self.is_module = False
+        self.beginning = {}
+
+    def begin(self, samples, folder):
+        """Puts into `folder` what there is before the command: the bytes of all files by their paths."""
+        if not self.beginning:
+            shutil.copytree(samples / self.sample, folder / self.sample, ignore=without_later_days)
+            for command in self.before:
+                subprocess.run(command, cwd=folder, capture_output=True, stdin=subprocess.DEVNULL, check=True)
+            self.beginning = files_in(folder)
+            return
+        for path, content in self.beginning.items():
+            (folder / path).parent.mkdir(parents=True, exist_ok=True)
+            (folder / path).write_bytes(content)
 
     def run(self, samples, environment):
-        """Exit code (None: it hung), both outputs, and all files that weren't there before."""
+        """Exit code (None: it hung), both outputs, and all files that are new or others than before."""
         with tempfile.TemporaryDirectory(prefix="allocations-") as name:
             folder = pathlib.Path(name)
-            shutil.copytree(samples / self.sample, folder / self.sample, ignore=without_later_days)
-            before = {path for path in folder.rglob("*")}
+            self.begin(samples, folder)
             try:
                 ended = subprocess.run(["env", *environment, *self.arguments(folder)], cwd=folder, timeout=HANG_SECONDS,
                                        capture_output=True, stdin=subprocess.DEVNULL, check=False)
             except subprocess.TimeoutExpired:
                 return None, b"", b"", {}
-            made = {str(path.relative_to(folder)): path.read_bytes()
-                    for path in folder.rglob("*") if path.is_file() and path not in before}
+            made = {path: content for path, content in files_in(folder).items() if self.beginning.get(path) != content}
             return ended.returncode, ended.stdout, ended.stderr, made
 
     def arguments(self, folder):
@@ -90,14 +124,29 @@ class Scenario:
             return "hung"
         if exit_code < 0 or exit_code >= 128:
             return "crashed"
-        if any(name.endswith(".part") for name in made):
+        if any(name.endswith(".part") or verdict.OF_A_RUN.search(name) for name in made):
             return "left half a file"
         if self.is_module:
             return judge_module(clean, ended)
-        if ended[:2] + ended[3:] == clean[:2] + clean[3:]:
+        if ended[:2] == clean[:2] and databases.with_rows(made) == databases.with_rows(clean[3]):
             return "same"
+        if LACKING not in err and are_torn(self.beginning, clean[3], made):
+            return "tore the tables"
         told = err.strip() or b"out of memory" in out
         return "told" if exit_code not in (0, clean[0]) and told else "silent"
+
+
+def files_in(folder):
+    return {str(path.relative_to(folder)): path.read_bytes() for path in folder.rglob("*") if path.is_file()}
+
+
+def are_torn(beginning, clean, made):
+    """Whether CSV files are neither all of before nor all of the new run, or a database has rows of neither."""
+    csv = {path: content for path, content in made.items() if path.endswith(".csv")}
+    if csv and csv != {path: content for path, content in clean.items() if path.endswith(".csv")}:
+        return True
+    return any(not verdict.is_alike(path, made, clean) and not (path in beginning and verdict.is_alike(path, made, beginning))
+               for path in made if databases.is_database(path))
 
 
 def without_later_days(_folder, names):
@@ -130,7 +179,8 @@ def account_number(samples, sample):
 
 def scenarios(build, samples):
     for name, sample, arguments in COMMANDS:
-        yield Scenario(name, sample, [str(build / "bin" / "tradebill"), *arguments])
+        program = str(build / "bin" / "tradebill")
+        yield Scenario(name, sample, [program, *arguments], [(program, *before) for before in BEFORE.get(name, ())])
     for name, sample, layout, kind in MODULE_RUNS:
         scenario = Scenario(name, sample, [str(build / "bin" / "module_host"), str(build / "lib" / "libtradebill.so"),
                                            f"./././././{sample}/root", account_number(samples, sample), "2024-1-2", "2024-1-3",
@@ -186,14 +236,14 @@ def try_all(jobs, clean, options, shim):
         return job, scenario.judge(clean[scenario.name], ended)
 
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        for (scenario, number, way), verdict in pool.map(attempt, jobs):
-            if verdict is None:
+        for (scenario, number, way), outcome in pool.map(attempt, jobs):
+            if outcome is None:
                 continue
-            table[scenario.name][verdict] += 1
-            if verdict not in GOOD:
-                faults.append(f"{scenario.name}: {verdict} (TRADEBILL_FAIL_ALLOCATION={number}{way})")
+            table[scenario.name][outcome] += 1
+            if outcome not in GOOD:
+                faults.append(f"{scenario.name}: {outcome} (TRADEBILL_FAIL_ALLOCATION={number}{way})")
     for name in sorted(table):
-        print(f"{name:20}", ", ".join(f"{count} {verdict}" for verdict, count in sorted(table[name].items())))
+        print(f"{name:21}", ", ".join(f"{count} {outcome}" for outcome, count in sorted(table[name].items())))
     print("\n".join(faults) or "none silent, none crashed, none hung, nothing left")
     return 1 if faults or not table else 0
 

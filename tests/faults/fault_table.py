@@ -50,6 +50,8 @@ KINDS = (
     ("picture", r"/Image_files/|\.(png|jpe?g)(\.|$)"),
     ("standalone page", r"\.html"),
     ("JSON", r"\.json"),
+    ("table", r"\.csv"),
+    ("database", r"\.db"),
     ("template", r"/BillTemplate(/|$)"),
     ("statement", r"/Bill/D[^/]*\.txt$"),
     ("settings", r"\.ini$"),

@@ -6,11 +6,13 @@ Usage: judging_test.py BUILD
 
 import dataclasses
 import pathlib
+import sqlite3
 import subprocess
 import sys
 import tempfile
 import unittest
 
+import databases
 import fault_table
 import verdict
 from sandbox import Call, Ending, read_calls
@@ -40,6 +42,8 @@ class Judging(unittest.TestCase):
     def test_a_failure_is_told_with_the_file(self):
         self.assertEqual(judged({PICTURE: None}), verdict.TOLD)
         self.assertEqual(judged({PICTURE: None}, said="something failed"), verdict.UNNAMED)
+        above = Ending(1, b"", TELLS, BEGIN, [Call("newfstatat", "/dev/shm", "", False, 1)])
+        self.assertEqual(verdict.judge(above, verdict.Case(INPUTS, BEGIN, CLEAN)).word, verdict.TOLD)
         self.assertEqual(judged({PICTURE: None}, said=""), verdict.SILENT)
 
     def test_all_of_the_older_run_or_of_the_new_one(self):
@@ -74,6 +78,58 @@ class Judging(unittest.TestCase):
         self.assertEqual(judged({}, -11), verdict.CRASH)
         self.assertEqual(judged({}, 134), verdict.CRASH)
         self.assertEqual(judged({}, None), verdict.HANG)
+
+
+def database(*rows, order="ASC"):
+    """Bytes of a database with a row for each number; another order makes other bytes of the same rows."""
+    made = sqlite3.connect(":memory:")
+    made.execute("CREATE TABLE days (day INTEGER)")
+    made.executemany("INSERT INTO days VALUES (?)", [(row,) for row in (rows if order == "ASC" else rows[::-1])])
+    made.commit()
+    return made.serialize()
+
+
+class JudgingDatabases(unittest.TestCase):
+    OLD, NEW = database(1, 2), database(3, 4)
+
+    def judged(self, content, exit_code=1, begin=None, **others):
+        begin = INPUTS | {"tables.db": self.OLD} if begin is None else begin
+        clean = Ending(0, b"", "", INPUTS | {"tables.db": self.NEW}, [])
+        ending = Ending(exit_code, b"", "can't write tables.db", INPUTS | {"tables.db": content, **others}, [])
+        return verdict.judge(ending, verdict.Case(INPUTS, begin, clean)).word
+
+    def test_rows_count_and_not_their_bytes(self):
+        self.assertNotEqual(self.NEW, database(3, 4, order="DESC"))
+        self.assertEqual(self.judged(database(3, 4, order="DESC")), verdict.TOLD)
+        self.assertEqual(self.judged(database(1, 2, order="DESC")), verdict.TOLD)
+        self.assertEqual(self.judged(self.OLD, 0), verdict.SILENT)
+
+    def test_rows_of_both_runs_are_torn(self):
+        self.assertEqual(self.judged(database(1, 4)), verdict.TORN)
+        self.assertEqual(self.judged(b""), verdict.TORN)
+
+    def test_what_is_cut_is_torn(self):
+        self.assertEqual(self.judged(self.NEW[:-100]), verdict.TORN)
+        self.assertEqual(self.judged(self.NEW[:100] + bytes(len(self.NEW) - 100)), verdict.TORN)
+
+    def test_a_new_one_may_be_empty(self):
+        self.assertEqual(self.judged(b"", begin=INPUTS), verdict.TOLD)
+
+    def test_a_journal_is_rolled_back(self):
+        with tempfile.TemporaryDirectory() as folder:
+            path = pathlib.Path(folder, "tables.db")
+            path.write_bytes(database(*range(2000)))
+            half_way = sqlite3.connect(path)
+            half_way.execute("PRAGMA cache_size = 1")
+            half_way.execute("UPDATE days SET day = -day")
+            tree = {"tables.db": path.read_bytes(), "tables.db-journal": pathlib.Path(str(path) + databases.JOURNAL).read_bytes()}
+            half_way.close()
+        self.assertNotEqual(databases.rows_of(tree["tables.db"]), databases.rows_of(database(*range(2000))))
+        self.assertEqual(databases.rows_at("tables.db", tree), databases.rows_of(database(*range(2000))))
+
+    def test_a_statement_that_is_not_there_may_be_told_in_other_words(self):
+        self.assertEqual(databases.without_findings((("days", "1"), ("findings", "gap"))), [("days", "1")])
+        self.assertFalse(databases.are_of_one_run("tables.db", {"tables.db": self.OLD}, {"tables.db": self.NEW}))
 
 
 class Injecting(unittest.TestCase):

@@ -5,7 +5,8 @@ Usage: kills.py BUILD SAMPLES [--random ROUNDS] [--steps ROUNDS] [--reads SECOND
 
 Whatever the moment, page, pictures and documents are whole, each of the older run or of the new one, and no picture of the older
 run is under the new page. New pictures under the older page are counted: they are right between the first rename of a run and its
-last, which the kills at steps see to. The next run makes everything as if nobody had been killed, and leaves nothing else.
+last, which the kills at steps see to. A database is sound, and has the rows of the older run or of the new one. The next run makes
+everything as if nobody had been killed, and leaves nothing else.
 """
 
 import argparse
@@ -20,18 +21,20 @@ import sys
 import tempfile
 import time
 
+import databases
 import seeds
 import verdict
 from sandbox import Sandbox, Tools
 from scenarios import BILLS, FIRST_DAYS, OTHER_DAYS, SCENARIOS, report
 
 PAGE = BILLS + "/Image/TradeBill.html"
-DEAD_RUN = re.compile(r"(^|/)\.tradebill[^/]*(/|$)|\.part$|\.older$")
+DEAD_RUN = re.compile(r"(^|/)\.tradebill[^/]*(/|$)|\.part$|\.older$|\.db-journal$")
 BY_NAME = {scenario.name: scenario for scenario in SCENARIOS}
-AT_RANDOM = ("report over older", "CSV over older", "documents over older", "library over older", "reset over older")
+DATABASES = ("tables, database", "second account in a database", "one account of two replaced")
+AT_RANDOM = ("report over older", "CSV over older", *DATABASES, "documents over older", "library over older", "reset over older")
 # Those of few steps first, so that what they don't take is left to the others.
-AT_STEPS = ("chart, PNG", "check, JSON", "CSV over older", "reset over older", "report over older", "documents over older", "report elsewhere",
-            "report by template", "foreign report", "library over older", "report")
+AT_STEPS = ("chart, PNG", "check, JSON", *DATABASES, "CSV over older", "reset over older", "report over older",
+            "documents over older", "report elsewhere", "report by template", "foreign report", "library over older", "report")
 
 
 def outputs(tree):
@@ -59,9 +62,12 @@ class Killed:
 
     def after(self):
         """What the kill left: "old", "new", "pictures ahead", or what is wrong with it."""
-        tree, begin, clean = outputs(self.sandbox.tree()), self.sandbox.begin, outputs(self.clean.tree)
-        states = {path: verdict.state(path, tree, begin, clean) for path in begin.keys() | clean.keys() | tree.keys()}
+        tree, begin, clean = self.sandbox.tree(), self.sandbox.begin, outputs(self.clean.tree)
+        paths = begin.keys() | clean.keys() | outputs(tree).keys()
+        states = {path: verdict.state(path, tree, begin, clean) for path in paths}
         for path, found in states.items():
+            if found == "other" and path not in begin and databases.is_database(path) and databases.is_empty(path, tree):
+                continue
             if found == "other" or (found == "absent" and path in begin and path in clean):
                 return f"{path} is {found}"
         changed = {path: found for path, found in states.items() if found in ("old", "new")}
@@ -77,8 +83,8 @@ class Killed:
         """Runs once more, unharmed; says what isn't as if nobody had been killed."""
         if self.start().wait() != 0:
             return "the next run fails"
-        tree = self.sandbox.tree()
-        return "" if tree == self.clean.tree else f"the next run leaves {sorted(tree.items() ^ self.clean.tree.items())[0][0]}"
+        tree, clean = databases.with_rows(self.sandbox.tree()), databases.with_rows(self.clean.tree)
+        return "" if tree == clean else f"the next run leaves {sorted(tree.items() ^ clean.items())[0][0]}"
 
 
 class Report:

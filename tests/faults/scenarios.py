@@ -14,6 +14,8 @@ HOST = ("root", "demo", "90010002")
 NEXT_REPORT = "next report"     # what library_host looks for between two reports
 TABLES = ("--csv", "tables", "--sqlite", "tables.db", "--wait", "0")
 DOCUMENTS = ("--json", "report.json", "--standalone", "report.html")
+COPY = ("anonymise", "root", "--out", "copy", "--request", "request.ini", "--seed", "1")
+COPIED = ("--root", "copy", "--request", "copy/request.ini", "--units", "copy/units.ini")
 
 
 @dataclasses.dataclass(frozen=True)
@@ -43,12 +45,17 @@ def export(*options, days=FIRST_DAYS, account=FUND_STATUS):
     return ("export", *account, *days, *options)
 
 
+# Of the same statements, under another user's name.
+WITH_ANOTHER = ((*COPY, "--units", "units.ini"), ("export", *COPIED, *OTHER_DAYS, "--sqlite", "tables.db", "--quiet"))
+
+
 # fmt: off
 SCENARIOS = (
     Scenario("report",               report()),
     Scenario("report over older",    report(), before=older()),
     Scenario("documents",            report(*DOCUMENTS)),
     Scenario("documents over older", report(*DOCUMENTS), before=older(*DOCUMENTS)),
+    Scenario("JSON of a short year", report("--json", "report.json", "--trading-days", "100"), before=older("--json", "report.json")),
     Scenario("report elsewhere",     report("--out", "out"), before=older("--out", "out")),
     Scenario("report, strict",       report("--strict"), before=older()),
     Scenario("margin offset",        report("--margin-offset"), before=older()),
@@ -73,19 +80,23 @@ SCENARIOS = (
     Scenario("diff",                 ("diff", "one.json", "other.json"), before=(
                  report("--quiet", "--json", "one.json"), report("--quiet", "--json", "other.json", days=OTHER_DAYS)),
              tells_on_stdout=True),
+    Scenario("diff of equals",       ("diff", "one.json", "other.json"), before=(
+                 report("--quiet", "--json", "one.json"), report("--quiet", "--json", "other.json")), tells_on_stdout=True),
     Scenario("tables, CSV",          export("--csv", "tables")),
     Scenario("tables, database",     export("--sqlite", "tables.db")),
     Scenario("CSV over older",       export("--csv", "tables"), before=(export("--csv", "tables", "--quiet", days=OTHER_DAYS),),
              every=3),
     Scenario("tables over older",    export(*TABLES), before=(export(*TABLES, "--quiet", days=OTHER_DAYS),)),
+    Scenario("second account in a database", export("--sqlite", "tables.db"), before=WITH_ANOTHER),
+    Scenario("one account of two replaced", export("--sqlite", "tables.db"), before=(
+                 *WITH_ANOTHER, export("--sqlite", "tables.db", "--quiet", days=OTHER_DAYS))),
     Scenario("foreign tables",       export(*TABLES, account=FOREIGN), "foreign",
              before=(export(*TABLES, "--quiet", days=OTHER_DAYS, account=FOREIGN),), every=5),
     Scenario("template check",       ("template", "check", "root/BillTemplate/songta.ini", "--against",
                                       BILLS + "/D90010011.20240102o.txt"), "template-pairs", tells_on_stdout=True),
-    Scenario("anonymise",            ("anonymise", "root", "--out", "copy", "--request", "request.ini", "--units", "units.ini",
-                                      "--seed", "1"), tells_on_stdout=True, every=7),
-    Scenario("anonymise by template", ("anonymise", "root", "--out", "copy", "--request", "request.ini", "--seed", "1"),
-             "template-pairs", tells_on_stdout=True, every=7),
+    Scenario("anonymise",            (*COPY, "--units", "units.ini"), tells_on_stdout=True, every=7),
+    Scenario("anonymise by template", COPY, "template-pairs", tells_on_stdout=True, every=7),
+    Scenario("foreign anonymise",    COPY, "foreign", tells_on_stdout=True, every=7),
     Scenario("layouts",              ("layouts",)),
     Scenario("reset",                ("reset", "TradeBill.html")),
     Scenario("reset over older",     ("reset", "--finished", BILLS + "/Image/TradeBill.html"), before=older()),

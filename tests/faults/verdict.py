@@ -5,6 +5,8 @@ import json
 import os
 import re
 
+import databases
+
 SAME, TOLD, AHEAD, LEFT = "same", "told", "told, pictures ahead", "left to the next run"
 UNNAMED = "told, unnamed"
 SILENT, SPOILED, TORN, LEFTOVER = "silent", "spoiled", "torn", "leftover"
@@ -38,8 +40,6 @@ def is_whole(path, content):
         return content.startswith(b"\x89PNG") and content.endswith(b"IEND\xaeB`\x82")
     if path.endswith(".csv"):
         return content.startswith(b"\xef\xbb\xbf") and content.endswith(b"\r\n")
-    if path.endswith(".db"):
-        return content == b"" or content.startswith(b"SQLite format 3\0")
     return content.rstrip().endswith(b"</html>")
 
 
@@ -52,14 +52,24 @@ def is_picture(path):
 
 
 def state(path, tree, begin, clean):
-    """What became of one path: absent, same (nothing was to change), old, new or other."""
+    """What became of one path: absent, same (nothing was to change), old, new or other. A sound database has a run's rows."""
     if path not in tree:
         return "absent"
     if path in begin and path in clean and begin[path] == clean[path] == tree[path]:
         return "same"
-    if path in clean and tree[path] == clean[path]:
+    if path in clean and is_alike(path, tree, clean):
         return "new"
-    return "old" if path in begin and tree[path] == begin[path] else "other"
+    return "old" if path in begin and is_alike(path, tree, begin) else "other"
+
+
+def is_alike(path, tree, other):
+    """Whether a file is that of another tree; of a database the rows count."""
+    if tree[path] == other[path]:
+        return True
+    if not databases.is_database(path) or None in (tree[path], other[path]):
+        return False
+    rows = databases.rows_at(path, tree)
+    return rows is not None and rows == databases.rows_at(path, other)
 
 
 OF_A_RUN = re.compile(r"(^|/)\.tradebill|\.db-journal$|\.older$")
@@ -80,14 +90,19 @@ class Case:
     tells_on_stdout: bool = False
 
 
-def torn(tree, case):
-    """Why an output is torn, or an empty text; "ahead" if it is only that new pictures lie under the old page."""
+def torn(tree, case, alternatives=(), left=frozenset()):
+    """Why an output is torn, or an empty text; "ahead" if it is only that new pictures lie under the old page. What is `left` to the
+    next run is no output."""
     begin, clean = case.begin, case.clean.tree
-    states = {path: state(path, tree, begin, clean) for path in begin.keys() | clean.keys() | tree.keys()}
+    states = {path: state(path, tree, begin, clean) for path in (begin.keys() | clean.keys() | tree.keys()) - left}
     for path, found in sorted(states.items()):
         if path in case.inputs and not (found == "same" or clean.get(path) != begin[path]):
             return f"input {path} is {found}"
-        if found == "other" and not is_whole(path, tree[path]):
+        if found == "other" and databases.is_database(path):
+            is_new = path not in begin and databases.is_empty(path, tree)
+            if not is_new and not any(databases.are_of_one_run(path, tree, other) for other in alternatives):
+                return f"{path} has rows of neither run"
+        elif found == "other" and not is_whole(path, tree[path]):
             return f"{path} is cut: {len(tree[path])} bytes"
     tables = {found for path, found in states.items() if path.endswith(".csv")}
     if "old" in tables and tables & {"new", "other"}:
@@ -106,7 +121,8 @@ def names_of(path, tree):
     if path in ("stdin", "stdout", "pipe"):
         return ["standard input" if path == "stdin" else "standard output"]
     parts = [part for part in re.sub(r"\.part[^/]*$|\.older$|-journal$", "", path).split("/") if part and not part.startswith(".tradebill-")]
-    inside = [name for name in tree if os.path.basename(os.path.dirname("box/" + name)) in parts[-1:]]
+    is_above = path.startswith("/") and "box" not in parts      # of a file's own folder, which a message leaves out
+    inside = [name for name in tree if is_above or os.path.basename(os.path.dirname("box/" + name)) in parts[-1:]]
     pages = [name for name in tree if is_page(name)] if OF_A_RUN.search(path) else []
     return parts[-2:] + [os.path.basename(name) for name in inside + pages]
 
@@ -121,16 +137,16 @@ def alternatives_agree(tree, alternatives):
     return any(all(other.get(path) == content for path, content in tree.items()) for other in alternatives)
 
 
-def judge(ending, case, alternatives=()):
-    """`alternatives` are trees of runs to which the file was missing."""
+def judge(ending, case, alternatives=(), left=frozenset()):
+    """`alternatives` are trees of runs to which the file was missing; `left` is what may stay for the next run."""
     if ending.exit is None:
         return Verdict(HANG)
     if ending.exit < 0 or ending.exit >= 128:
         return Verdict(CRASH, f"signal {abs(ending.exit)}: {ending.err[-200:]}")
-    remains = leftovers(ending.tree, case.begin, case.clean.tree)
+    remains = [path for path in leftovers(ending.tree, case.begin, case.clean.tree) if path not in left]
     if remains:
         return Verdict(LEFTOVER, " ".join(remains[:3]))
-    why = torn(ending.tree, case)
+    why = torn(ending.tree, case, alternatives, left)
     if why and why != "ahead" and not alternatives_agree(ending.tree, alternatives):
         return Verdict(TORN, why)
     if ending.exit == case.clean.exit and ending.tree == case.clean.tree and ending.out == case.clean.out:
@@ -154,9 +170,10 @@ def judge_words(ending, case, ahead):
 def left_to_the_next(ending, case, run_again):
     """For what fails for ever and so keeps a run from removing what it has for itself: right if that is told and the next run
     removes it. None if it isn't."""
-    tree = {path: content for path, content in ending.tree.items() if not OF_A_RUN.search(path)}
-    word = judge(dataclasses.replace(ending, tree=tree), case)
-    return Verdict(LEFT, word.why) if word.word in (TOLD, AHEAD) and run_again().tree == case.clean.tree else None
+    word = judge(ending, case, left={path for path in ending.tree if OF_A_RUN.search(path)})
+    if word.word not in (TOLD, AHEAD) or databases.with_rows(run_again().tree) != databases.with_rows(case.clean.tree):
+        return None
+    return Verdict(LEFT, word.why)
 
 
 def difference(ending, clean):

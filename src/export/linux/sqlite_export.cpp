@@ -102,12 +102,13 @@ DatabaseResult Replace(CSqliteDatabase& database, const AccountKey& account, con
 /// that has it open by then finds that it is gone.
 class CEmptyRemoval {
 public:
-    explicit CEmptyRemoval(const std::string& path) : path_(path), isNew_(!StampOf(path)) {}
+    explicit CEmptyRemoval(const std::string& path)
+        : path_(path), journal_(path + "-journal"), isNew_(!StampOf(path)) {}
     ~CEmptyRemoval() {
         if (!isNew_) return;
         const auto stamp = StampOf(path_);
         if (!stamp || stamp->size != 0) return;
-        RemoveFile(path_ + "-journal");
+        RemoveFile(journal_);
         RemoveFile(path_);
     }
     /// Whether there was none, and there is none yet.
@@ -119,6 +120,7 @@ public:
 
 private:
     const std::string& path_;
+    std::string journal_;  // put together before memory can be short
     bool isNew_;
 };
 
