@@ -13,6 +13,7 @@
 #include "base/gbk.h"
 #include "base/line_counter.h"
 #include "base/text.h"
+#include "base/utf8.h"
 #include "base/word_bytes.h"
 
 namespace tradebill {
@@ -37,42 +38,32 @@ std::size_t FindAmongWide(std::string_view text, OnCharacter onCharacter) {
     return std::string_view::npos;
 }
 
-/// Bytes of the UTF-8 character at `at`, of more than one byte; 0 if there is none.
-std::size_t Utf8Length(std::string_view text, std::size_t at) {
-    const auto lead = static_cast<unsigned char>(text[at]);
-    const std::size_t length = lead >= 0xF0 && lead < 0xF8 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC2 ? 2 : 0;
-    if (length == 0 || lead >= 0xF8 || at + length > text.size()) return 0;
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((static_cast<unsigned char>(text[at + i]) & 0xC0) != 0x80) return 0;
-    }
-    return length;
-}
-
 /// Chinese text of GBK is as good as never sound UTF-8. A character that the end of the file cuts doesn't count.
 bool ReadsAsUtf8(std::string_view text) {
     constexpr std::size_t kLongest = 4;
     bool hasCharacters = false;
-    const std::size_t strange = FindAmongWide(text, [&](std::size_t at) {
-        const std::size_t length = Utf8Length(text, at);
-        hasCharacters |= length > 0;
-        return length;
+    const std::size_t strange = FindAmongWide(text, [&](std::size_t at) -> std::size_t {
+        const Utf8Character character = FirstUtf8Character(text.substr(at));
+        if (!character.point) return 0;
+        hasCharacters = true;
+        return character.size;
     });
     return hasCharacters && (strange == std::string_view::npos || strange + kLongest > text.size());
 }
 
+/// Half a character at the very end is a cut file's.
 bool IsGbkPair(std::string_view text, std::size_t at) {
-    if (at + 1 >= text.size()) return false;
+    if (at + 1 >= text.size()) return true;
     const auto lead = static_cast<unsigned char>(text[at]);
     const auto trail = static_cast<unsigned char>(text[at + 1]);
     return lead >= 0x81 && lead <= 0xFE && trail >= 0x40 && trail <= 0xFE && trail != 0x7F;
 }
 
-/// Where the first byte stands that belongs to no character of GBK. Half a character at the very end is a cut file's.
+/// Where the first byte stands that belongs to no character of GBK.
 std::optional<std::size_t> FirstStrangeByte(std::string_view text) {
     constexpr std::size_t kPair = 2;
     const std::size_t strange = FindAmongWide(text, [&](std::size_t at) { return IsGbkPair(text, at) ? kPair : 0; });
-    const bool isCut = strange + 1 == text.size();
-    return strange == std::string_view::npos || isCut ? std::nullopt : std::optional(strange);
+    return strange == std::string_view::npos ? std::nullopt : std::optional(strange);
 }
 
 std::string_view Head(std::string_view text) {

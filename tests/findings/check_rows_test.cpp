@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "findings/account_check.h"
@@ -128,6 +129,19 @@ TEST_F(CheckRowsTest, ARowWithoutARecordIsShiftedFromHalfTheUsualColumnsOn) {
         EXPECT_EQ(Check(), FindingKeys{KeyOf(row.code, "20240102")}) << row.columns;
     }
     EXPECT_EQ(findings_[0].text, "The row has another number of columns than its section, and made no record.");
+}
+
+TEST_F(CheckRowsTest, TheUsualColumnsAreThoseOfMostRowsWhereTheirHeadingHasFewer) {
+    Trades(1).runs = {{.rows = {5}, .columnsBeyond = 2, .columns = 14}};  // below a heading of 12
+    for (const auto& [columns, code] : {std::pair(6, "row-skipped"), std::pair(7, "shifted")}) {
+        Trades(0).faults = {{.kind = RowFault::Kind::NoRecord,
+                             .row = 8,
+                             .columns = columns,
+                             .columnsBeyond = columns - 12,
+                             .expected = "",
+                             .found = ""}};
+        EXPECT_EQ(Check(), FindingKeys{KeyOf(code, "20240102")}) << columns;
+    }
 }
 
 TEST_F(CheckRowsTest, ATextInTheShapeOfItsSectionIsShifted) {

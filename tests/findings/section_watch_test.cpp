@@ -117,6 +117,15 @@ TEST_F(SectionWatch, DataHasThreeNumbersAndTheColumnsThatTheLayoutNeeds) {
     EXPECT_EQ(Faults(), Lines{5});
 }
 
+TEST_F(SectionWatch, BarsAtTheEndsOfARowBelongToNoColumnWhereTheLayoutStripsThem) {
+    for (const bool strips : {true, false}) {
+        Begin({"title", "a b c d", "|rb 1 2 3|", "end"}, 1, 4);
+        seen_.stripsBars = strips;
+        watch_.Begin(seen_, text_, RecordLife::Stays);
+        EXPECT_EQ(Faults(), strips ? Lines{3} : Lines{}) << strips;  // "3|" is no number
+    }
+}
+
 TEST_F(SectionWatch, NothingIsLostOfMoneyAndOfSectionsThatArentFound) {
     Begin({"title", "rb 1 2 3", "end"}, 1, 3, SectionKind::Money);
     EXPECT_EQ(Faults(), Lines{});

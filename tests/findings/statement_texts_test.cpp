@@ -49,6 +49,12 @@ TEST(Encoding, IsUtf16ByItsMarkOrItsZeroBytes) {
     EXPECT_EQ(FindEncodingFault("line\nabc\0 rest"s)->row, 2);
 }
 
+TEST(Encoding, IsUtf16WithoutAMarkIfAZeroByteIsAmongTheFirstCharacters) {
+    EXPECT_EQ(FaultOf(std::string(63, 'a') + "\0b\0"s), "UTF-16 without a mark");
+    EXPECT_EQ(FaultOf(std::string(64, 'a') + "\0b\0"s), "a zero byte, at which reading ends");
+    EXPECT_EQ(FaultOf(std::string(63, 'a') + "\0bc"s), "a zero byte, at which reading ends");
+}
+
 TEST(Encoding, TellsTheLineOfTheFirstStrangeByte) {
     const auto fault = FindEncodingFault(Gbk("资金\r\n") + "ab\xFF\r\n" + Gbk("状况"));
     ASSERT_TRUE(fault);
@@ -128,6 +134,10 @@ TEST(Encoding, IsUtf8WithCharactersOfEachLength) {
     EXPECT_EQ(FaultOf("\xF0\x9F\x98\x80 5"), "UTF-8");
     EXPECT_EQ(FaultOf("\xF8\x88\x80\x80\x80 5"), "bytes that are no GBK characters");
     EXPECT_EQ(FaultOf("\xC1\x81 5 6"), "");  // GBK: the shorter form of UTF-8 is a byte more
+    EXPECT_EQ(FaultOf("\xF4\x8F\xBF\xBF 5"), "UTF-8");
+    EXPECT_NE(FaultOf("\xF4\x90\x80\x80 5"), "UTF-8");  // beyond the last character
+    EXPECT_NE(FaultOf("\xED\xA0\x80 5 6"), "UTF-8");    // half of a pair
+    EXPECT_NE(FaultOf("\xE0\x80\x80 5 6"), "UTF-8");    // a longer form than there need be
 }
 
 TEST(Encoding, IsGbkUpToItsFirstAndLastBytes) {

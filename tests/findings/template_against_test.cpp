@@ -91,6 +91,18 @@ TEST(TemplateAgainst, NamesAColumnThatNoRowHas) {
     EXPECT_EQ(Against(lines, kStatement).size(), 2U);
 }
 
+TEST(TemplateAgainst, NamesAColumnOfLotsThatNoRowHas) {
+    const auto against = [](const char* key) {
+        return Against({"[DEALFIELD]", "MONEY_MODE=9", "OPI_SUM=1", "[OPI_SUM]", "START_FLAG=汇总", "START_OFFSET=1",
+                        "END_FLAG=完", "END_OFFSET=0", "DELIMITER=|", "BID_POSITION_VOL=1", key},
+                       {"汇总", "0|1|2|3|4|5|6|7|8|9|10|11", "完"});
+    };
+    EXPECT_EQ(against("ASK_POSITION_VOL=11"), Texts{});
+    EXPECT_EQ(against("ASK_POSITION_VOL=12"),
+              (Texts{"11 E ASK_POSITION_VOL=12: no row of [OPI_SUM] has this column, the longest has 12 columns, "
+                     "counted from 0"}));
+}
+
 TEST(TemplateAgainst, LooksOnlyAtKeysThatAreRead) {
     auto lines = TemplateLines();
     for (const char* line : {"MATCHNO=99", "TYPO=99", "TURNOVER=-1", "START_OFFSET=99"}) lines.emplace_back(line);
@@ -109,6 +121,17 @@ TEST(TemplateAgainst, NamesALabelThatIsntMet) {
               (Texts{"8 E SXF_NAME: no row of [MONEY_RECORD] has the label \"手续费：\""}));
 }
 
+TEST(TemplateAgainst, LooksForAsMuchOfALabelAsIsRead) {
+    const std::string most(31, 'a');
+    EXPECT_EQ(AgainstWith(8, "SXF_NAME=" + most + "b"),
+              (Texts{"8 E SXF_NAME: no row of [MONEY_RECORD] has the label \"" + most + "\""}));
+    auto statement = kStatement;
+    statement[4] = most + "|1.00";
+    auto lines = TemplateLines();
+    lines[7] = "SXF_NAME=" + most + "b";
+    EXPECT_EQ(Against(lines, statement), Texts{});
+}
+
 TEST(TemplateAgainst, NamesASectionThatIsntFound) {
     EXPECT_EQ(AgainstWith(4, "START_FLAG=资产"),
               (Texts{"4 E [MONEY_RECORD]: no row of the statement contains START_FLAG, \"资产\""}));
@@ -123,6 +146,11 @@ TEST(TemplateAgainst, NamesADelimiterThatCutsNothing) {
     EXPECT_EQ(AgainstWith(14, "DELIMITER=;"),
               (Texts{"14 E [MATCH_RECORD]: none of its rows has the 11 columns that it takes, the longest has 1: is "
                      "DELIMITER right?"}));
+    auto statement = kStatement;
+    statement[8] = "0;1;2;3;4;5;6;7;8;9";  // one row is read, and another is short
+    EXPECT_EQ(Against(TemplateLines(), statement),
+              (Texts{"18 E OFFSETPL=11: no row of [MATCH_RECORD] has this column, the longest has 11 columns, counted "
+                     "from 0"}));
 }
 
 TEST(TemplateAgainst, NamesTheRowOfAnError) {

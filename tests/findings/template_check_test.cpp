@@ -153,6 +153,8 @@ TEST(TemplateCheck, RefusesATemplateOfNothingThatKeepsFixedReadersAway) {
         EXPECT_NE(findings[0].text.find("keeps fixed readers from reading"), std::string::npos);
     }
     EXPECT_TRUE(Check({"[DEALFIELD]", "BILLFORMAT_NEWDATE=20240119", "MONEY_MODE_NEW=5"})[0].isError);
+    EXPECT_TRUE(Check({"[DEALFIELD]", "BILLFORMAT_NEWDATE=20240119", "MONEY_MODE=5", "MONEY_MODE_NEW=0"})[0].isError);
+    EXPECT_FALSE(Check({"[DEALFIELD]", "BILLFORMAT_NEWDATE=20240119", "MONEY_MODE=0", "MONEY_MODE_NEW=0"})[0].isError);
 }
 
 TEST(TemplateCheck, AsksWhereTheRowOfMoneyIs) {
@@ -165,6 +167,7 @@ TEST(TemplateCheck, AsksWhereTheRowOfMoneyIs) {
         return all;
     };
     EXPECT_EQ(texts({"START_FLAG=资金", "START_OFFSET=3", "DELIMITER=|"}), "");
+    EXPECT_EQ(texts({"START_FLAG=资金", "START_OFFSET=0", "DELIMITER=|"}), "");  // the title's own row
     EXPECT_EQ(texts({"START_FLAG=资金", "DELIMITER=|"}),
               "E [MONEY_RECORD] lacks START_OFFSET: it would be read from the row above its title\n");
     EXPECT_EQ(texts({"START_OFFSET=3", "DELIMITER=|"}),
@@ -267,6 +270,12 @@ TEST(TemplateCheck, NamesNoLineForASectionThatIsntThere) {
     ASSERT_NE(found, findings.end());
     EXPECT_EQ(found->line, 0);
     EXPECT_TRUE(found->isError);
+    const auto money = Check({"[DEALFIELD]", "MONEY_MODE=1"});
+    const auto lacking =
+        std::ranges::find(money, "[MONEY_RECORD] lacks DELIMITER: its row is one column and never makes a record",
+                          &TemplateFinding::text);
+    ASSERT_NE(lacking, money.end());
+    EXPECT_EQ(lacking->line, 0);
 }
 
 }  // namespace

@@ -21,13 +21,14 @@ namespace {
 class PageGathering : public PageFixture {
 protected:
     /// Adds a row of one cell to both pages.
-    void AddRow(const std::string& cell) {
+    void AddRow(const std::string& cell) { AddRow(cell, gathered_, told_); }
+    static void AddRow(const std::string& cell, CHtmlBuilder& gathered, CHtmlBuilder& told) {
         CRowBlock rows;
         const std::string opening = CellOpening("c");
         const OpenedCell cells[] = {{cell, opening}};
         rows.AddRow(cells, "band");
-        gathered_.AddRows(rows);
-        told_.AddText(rows.View());
+        gathered.AddRows(rows);
+        told.AddText(rows.View());
     }
     template <class Operation>
     void Both(Operation operation) {
@@ -79,6 +80,14 @@ TEST_F(PageGathering, KeepsToTheFullPassOfStylesThatItShortens) {
         Close();
     }
     EXPECT_TRUE(IsAsTold());
+}
+
+TEST_F(PageGathering, TakesStylesThatAClosingChanges) {
+    const CPageGathering gathering(gathered_);
+    Both([](CHtmlBuilder& page) { page.AddStyle({.className = "a\nb"}); });
+    Close();
+    SettleAndCompare();
+    EXPECT_NE(Bytes().find(".a\r\nb"), std::string::npos);
 }
 
 TEST_F(PageGathering, EndsWithTheOutermostOne) {
@@ -139,6 +148,19 @@ TEST_F(PageGathering, KeepsToTheFullPassOfTextsThatItChanges) {
         Close();
         SettleAndCompare();
     }
+}
+
+// Half a line end stands before rows, and what looks like its other half behind them.
+TEST_F(PageGathering, LooksAtTextsBehindRowsAsBehindTheirLineEnd) {
+    const CPageGathering gathering(gathered_);
+    Close();
+    Add("a\r");
+    AddRow("1");
+    Add("\nb");
+    Close();
+    AddRow("2");
+    Close();
+    SettleAndCompare();
 }
 
 TEST_F(PageGathering, LeavesLongPagesWithoutAClosingAsTheyAre) {
@@ -215,13 +237,14 @@ TEST_F(PageGathering, IsAsToldAfterAnyOperations) {
         for (int step = 0; step < 40 && !HasFailure(); ++step) {
             const std::string text = kTexts[random() % (isOdd ? kTexts.size() : 2)];
             const std::string big = random() % 12 == 0 ? std::string(random() % 70000, 'b') + "\r\n" : "";
-            const auto operation = random() % 10;
+            const auto operation = random() % 11;
             for (CHtmlBuilder* const page : {&told, &gathered}) {
                 if (operation < 3) page->ClosePage();
                 if (operation == 3) page->AddStyle({.className = "s"});
-                if (operation > 3) page->AddText(big + text);
+                if (operation > 3 && operation < 10) page->AddText(big + text);
                 if (operation == 9) page->Settle();
             }
+            if (operation == 10) AddRow(text, gathered, told);
             if (operation == 9) {
                 ASSERT_TRUE(IsAsTold()) << step;
             }

@@ -55,6 +55,15 @@ TEST(GapSide, OnlyLooksAtTheGapBeforeTheFifthColumn) {
     EXPECT_EQ(ClassifySideByGap("c0 c1 c2 c3          c4 c5 c6", " "), GapSide::Sell);
 }
 
+// A long column may begin as it goes on, as far as to its third byte.
+TEST(GapSide, MeasuresBehindALongColumnThatNearlyStandsBeforeIt) {
+    const std::string tail(64, 'c');
+    const std::string fourth = "aab" + tail;
+    const std::string before = "aabab" + tail;
+    EXPECT_EQ(ClassifySideByGap("c0 c1 " + before + " " + fourth + " 9 5 6", " "), GapSide::Buy);
+    EXPECT_EQ(ClassifySideByGap("c0 c1 " + before + " " + fourth + std::string(7, ' ') + "9 5 6", " "), GapSide::Sell);
+}
+
 // What the fourth column says may stand in an earlier column already, and the gap is measured from there.
 TEST(GapSide, MeasuresFromTheFirstOccurrenceOfTheFourthColumn) {
     EXPECT_EQ(ClassifySideByGap("20240102 IF2401 CFFEX 0            4 3500.00 1.50", " "), GapSide::Buy);

@@ -221,6 +221,22 @@ TEST_F(ScanListener, HearsOfTheNewDescription) {
                                       "money 20240105/v3", "template read/new"}));
 }
 
+TEST_F(ScanListener, HearsWhichRowsOfASummaryHaveLots) {
+    const CScanLog heard =
+        ListenBy(TableTemplate("OPI_SUM", "BID_POSITION_VOL=1\r\nASK_POSITION_VOL=2\r\n"),
+                 {"单", "明细", "-", "c|1|0|3|4|5|6|7|8|9|10|11", "c|0|0|3|4|5|6|7|8|9|10|11", "共"});
+    EXPECT_EQ(heard.Events("row"),
+              (Events{"c|1|0|3|4|5|6|7|8|9|10|11/read/12", "c|0|0|3|4|5|6|7|8|9|10|11/no lots/12"}));
+}
+
+TEST_F(ScanListener, HearsWhichLabelsOfAForeignAccountAreMet) {
+    report.Request.StatementKind = kForeignKind;
+    const CScanLog heard = Listen(1, {"资金汇总 Summary", "货币 Base USD", "手续费 Commission 1.0",
+                                      "当前权益 Client Equity 6.1", "追加保证金 Margin Call 0"});
+    // The equity is also the closing balance, where no other row states one.
+    EXPECT_EQ(heard.Events("met"), (Events{"手续费", "当前权益", "当前权益"}));
+}
+
 TEST_F(ScanListener, HearsOfWhatWasReadBeforeAnError) {
     BeginWith(1, TableTemplate("PING_DETAIL", "MATCH_DATE=0\r\n"));
     CScanRecorder heard;

@@ -1,0 +1,133 @@
+// What is kept of a statement whatever reads it: a template, one that hands it on, or the reader of foreign accounts.
+#include "findings/statement_watch.h"
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/text.h"
+#include "driver/bill_folders.h"
+#include "findings/account_check.h"
+#include "findings/finding.h"
+#include "findings/section_facts.h"
+#include "readers/statement_loader.h"
+#include "report/printed_money.h"
+#include "report/report.h"
+#include "report/request_copy.h"
+#include "support/gbk_text.h"
+#include "support/temp_folder.h"
+
+namespace tradebill::statement_watch_test {
+namespace {
+
+using Lines = std::initializer_list<std::string_view>;
+
+/// A run whose template, if it is given one, is a file of its root.
+class CWatchedRun {
+public:
+    explicit CWatchedRun(AskedLayout asked, std::string_view content = "") {
+        report_.Request = ClearedRequest();
+        report_.Request.StatementFormat = asked.format;
+        report_.Request.StatementKind = asked.isForeign ? kForeignKind : 1;
+        CopyField(report_.Request.Account, "90010002");
+        if (!content.empty()) {
+            folder_.Write("BillTemplate/broker.ini", Gbk(content));
+            report_.RootFolder = folder_.Path();
+            CopyField(report_.Request.TemplateName, "broker");
+            report_.TemplatePath = TemplatePath(report_);
+        }
+        loader_ = std::make_unique<CStatementLoader>(report_);
+    }
+    const StatementFacts& Read(const std::string& day, Lines lines) {
+        const std::string text = Statement(lines);
+        StatementFile file{.state = StatementState::Read};
+        file.bytes = file.text = text;
+        watch_.OnStatement(day, "Bill/D90010002." + day + "o.txt", file);
+        loader_->Read(day, text, &watch_);
+        watch_.OnStatementEnd();
+        return watch_.Statements().back();
+    }
+    [[nodiscard]] const CReport& Report() const { return report_; }
+
+private:
+    CTempFolder folder_;
+    CReport report_;
+    CStatementWatch watch_{report_};
+    std::unique_ptr<CStatementLoader> loader_;
+};
+
+std::vector<SectionKind> KindsOf(const StatementFacts& facts) {
+    std::vector<SectionKind> kinds;
+    for (const SectionFacts& section : facts.sections) kinds.push_back(section.kind);
+    return kinds;
+}
+
+std::vector<FindingCode> CodesOf(const StatementFacts& facts) {
+    std::vector<FindingCode> codes;
+    for (const Finding& finding : facts.findings) codes.push_back(finding.code);
+    return codes;
+}
+
+using Kinds = std::vector<SectionKind>;
+using Codes = std::vector<FindingCode>;
+
+const std::string kTradesTemplate =
+    "[DEALFIELD]\r\nMONEY_MODE=9\r\nMATCH_RECORD=1\r\n[MATCH_RECORD]\r\nSTART_FLAG=成交记录\r\nSTART_OFFSET=2\r\n"
+    "END_FLAG=共\r\nEND_OFFSET=0\r\nDELIMITER=;\r\nCONTRACT=2\r\n";
+constexpr std::string_view kBySemicolons = "0;1;2;3;4;5;6;7;8;9;10";
+constexpr std::string_view kByBlanks = "20240105 SHFE cu 2405 buy open 1 2 3 4 5 spec";
+
+TEST(StatementWatch, ForgetsWhatATemplateReadThatHandsTheStatementOn) {
+    CWatchedRun declining({1}, "[DEALFIELD]\r\nMONEY_MODE=9\r\nPING_DETAIL=1\r\nMATCH_RECORD=1\r\n" +
+                                   kTradesTemplate.substr(kTradesTemplate.find("[MATCH_RECORD]")));
+    const Lines statement{"日  期:20240105", "成交记录", "-", "-", kByBlanks, "共 1条"};
+    const StatementFacts& facts = declining.Read("20240105", statement);
+    EXPECT_EQ(facts.layout, "fund-status");
+    EXPECT_EQ(KindsOf(facts), (Kinds{SectionKind::Money, SectionKind::Trades, SectionKind::Closed, SectionKind::Open,
+                                     SectionKind::Summary}));
+    EXPECT_TRUE(facts.sections[1].faults.empty());
+    // By the template the row has one column.
+    CWatchedRun run({1}, kTradesTemplate);
+    const StatementFacts& read = run.Read("20240105", statement);
+    EXPECT_EQ(KindsOf(read), Kinds{SectionKind::Trades});
+    EXPECT_EQ(read.sections[0].faults.size(), 1U);
+}
+
+TEST(StatementWatch, TakesAStatementThatATemplateReadsForItsLayoutWithoutADate) {
+    CWatchedRun run({1}, kTradesTemplate);
+    const StatementFacts& facts = run.Read("20240105", {"成交记录", "-", kBySemicolons, "共 1条"});
+    EXPECT_FALSE(facts.statesDay);
+    EXPECT_EQ(CodesOf(facts), Codes{});
+    EXPECT_TRUE(facts.isUsable);
+}
+
+TEST(StatementWatch, TellsADateThatIsntThere) {
+    CWatchedRun run({1});
+    const StatementFacts& facts = run.Read("20240105", {"日  期:", "成交记录", "-", "-", kByBlanks, "共 1条"});
+    ASSERT_EQ(CodesOf(facts), Codes{FindingCode::WrongDay});
+    EXPECT_EQ(facts.findings[0].expected, "20240105");
+    EXPECT_EQ(facts.findings[0].found, "");
+    EXPECT_EQ(facts.findings[0].text, "No date stands behind \"日  期:\", by which the layout files the statement.");
+}
+
+TEST(StatementWatch, KeepsTheMoneyOfEachCurrency) {
+    CWatchedRun run({1, true});
+    run.Read("20240105", {"资金汇总 Summary", "货币 Base USD HKD", "期初资金 Balance b/f 1.1 1.2",
+                          "当前权益 Client Equity 6.1 6.2", "追加保证金 Margin Call 0 0"});
+    const auto& printed = run.Report().PrintedMoney;
+    ASSERT_EQ(printed.size(), 2U);
+    EXPECT_EQ(printed[0].Currency, "USD");
+    EXPECT_TRUE(printed[0].IsBase);
+    EXPECT_EQ(printed[0].Day, "20240105");
+    EXPECT_EQ(printed[0][PrintedFigure::Opening], 11000);
+    EXPECT_EQ(printed[1].Currency, "HKD");
+    EXPECT_FALSE(printed[1].IsBase);
+    EXPECT_EQ(printed[1][PrintedFigure::Equity], 62000);
+}
+
+}  // namespace
+}  // namespace tradebill::statement_watch_test
