@@ -16,8 +16,6 @@
 namespace tradebill {
 namespace {
 
-enum class LineEnds { Shown, Sent };
-
 /// Marks that show what follows them from right to left, or end that.
 bool IsDirection(char32_t point) {
     return (point >= 0x202A && point <= 0x202E) || (point >= 0x2066 && point <= 0x2069);
@@ -57,14 +55,13 @@ std::string Escape(char32_t point) {
 }
 
 /// Appends the first character of `text` as it is shown.
-void AppendCharacter(std::string& shown, std::string_view text, const Utf8Character& character, LineEnds lineEnds) {
+void AppendCharacter(std::string& shown, std::string_view text, const Utf8Character& character) {
     if (!character.point) {
         shown += ByteText(text.front()).data();
         return;
     }
     const char32_t point = *character.point;
-    const bool isSent = lineEnds == LineEnds::Sent && (point == '\n' || point == '\t');
-    if (!isSent && (IsControl(point) || IsDirection(point))) {
+    if (IsControl(point) || IsDirection(point)) {
         shown += Escape(point);
     } else {
         shown += text.substr(0, character.size);
@@ -78,7 +75,7 @@ std::string ShownText(std::string_view text) {
     shown.reserve(text.size());
     while (!text.empty()) {
         const Utf8Character character = FirstUtf8Character(text);
-        AppendCharacter(shown, text, character, LineEnds::Shown);
+        AppendCharacter(shown, text, character);
         text.remove_prefix(character.size);
     }
     return shown;
@@ -132,7 +129,7 @@ bool CShownBuffer::SendCharacters(std::string_view& text) {
         const Utf8Character character = FirstUtf8Character(text);
         if (character.isCut) return true;
         std::string shown;
-        AppendCharacter(shown, text, character, LineEnds::Sent);
+        AppendCharacter(shown, text, character);
         if (!Send(shown)) return false;
         text.remove_prefix(character.size);
     }

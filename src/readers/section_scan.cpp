@@ -31,7 +31,7 @@ const char* EndOf(std::string_view row) {
 
 /// Lines, corners and crossings of boxes stand side by side in GBK.
 bool IsLineOfBox(std::string_view character) {
-    return character >= "\xA9\xA4" && character <= "\xA9\xEF" && character.size() == 2;
+    return character >= "\xA9\xA4" && character <= "\xA9\xEF";
 }
 
 /// The ASCII characters of which rules are made: rules are long, and every section has some.

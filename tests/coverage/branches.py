@@ -8,7 +8,7 @@ none, and so has the way past all cases of a switch: of enumerations each value 
 
 LEFT_OUT.txt names the branches that no test takes, and why: FILE | TEXT | REASON in each line, where TEXT stands in the line of
 the condition. Ends with 1 below 98 % of all rooms together or of one room but platform/, where a branch isn't taken and isn't
-named, and where one is named and taken.
+named, and where one is named and taken. What only a sample of failing calls takes, or doesn't, has a REASON with AT_TIMES before it.
 """
 import collections
 import json
@@ -19,6 +19,7 @@ sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), os.p
 import kept_list
 
 LEAST = 0.98
+AT_TIMES = "at times: "
 ROOM_OF_THE_SYSTEM = "platform"
 
 
@@ -100,7 +101,7 @@ def main():
     print(f"{'src':<12}{totals.total():>9}{taken.total():>8}{totals.total() - taken.total():>6}{100 * share:>8.2f}")
     if missing:
         print("\nneither taken nor left out with a reason:", *missing, sep="\n  ")
-    stale = [" | ".join(entry) for entry in left_out if entry not in used]
+    stale = [" | ".join(entry) for entry in left_out if entry not in used and not entry[2].startswith(AT_TIMES)]
     if stale:
         print("\nleft out, but taken or gone:", *stale, sep="\n  ")
     sys.exit(1 if failed or missing or stale else 0)

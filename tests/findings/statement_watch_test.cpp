@@ -105,6 +105,28 @@ TEST(StatementWatch, TakesAStatementThatATemplateReadsForItsLayoutWithoutADate) 
     EXPECT_TRUE(facts.isUsable);
 }
 
+TEST(StatementWatch, TakesMoneyThatATemplateCountsFromTheTop) {
+    CWatchedRun run({1},
+                    "[DEALFIELD]\r\nMONEY_MODE=1\r\n[MONEY_RECORD]\r\nSTART_OFFSET=1\r\nDELIMITER=|\r\n"
+                    "KHQY_NAME=3\r\n");
+    const StatementFacts& facts = run.Read("20240105", {"head", "0|1|2|3.50|4|5|6|7|8"});
+    EXPECT_EQ(CodesOf(facts), Codes{});
+    EXPECT_TRUE(facts.isUsable);
+    ASSERT_EQ(run.Report().PrintedMoney.size(), 1U);
+    EXPECT_EQ(run.Report().PrintedMoney[0][PrintedFigure::Equity], 35000);
+}
+
+// A reader that passes over days it knows sees nothing of a statement but its date.
+TEST(StatementWatch, DoesntTakeAStatementOfAnotherLayoutForOneOfAKnownDay) {
+    CWatchedRun run({3});
+    const StatementFacts& first =
+        run.Read("20240105", {"制表时间：20240105", "资金状况", "|1|", "客户权益：5.00", "="});
+    EXPECT_EQ(first.layout, "tabulated");
+    const StatementFacts& second = run.Read("20240108", {"制表时间：20240105", "资金类别", "客户权益: 5.00", "-"});
+    ASSERT_EQ(CodesOf(second), Codes{FindingCode::Unrecognised});
+    EXPECT_EQ(second.findings[0].found, "--format 0");
+}
+
 TEST(StatementWatch, TellsADateThatIsntThere) {
     CWatchedRun run({1});
     const StatementFacts& facts = run.Read("20240105", {"日  期:", "成交记录", "-", "-", kByBlanks, "共 1条"});

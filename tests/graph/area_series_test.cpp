@@ -79,6 +79,15 @@ TEST_F(AreaSeries, LeavesAGapForAMissingValue) {
     EXPECT_EQ(canvas_.LinesOf(kBlue), (Lines{{{54, 156}, {304, 140}, kBlue}, {{304, 140}, {554, 156}, kBlue}}));
 }
 
+TEST_F(AreaSeries, HasNoBandWhereTheUpperGroupHasAGap) {
+    AddGroups({10, 40});
+    AddGroups({20, -1});
+    AddGroups({30, 60});
+    Draw();
+    EXPECT_EQ(canvas_.polygons, (Polygons{{{{54, 204}, {429, 188}, {429, 220}, {54, 220}}, std::nullopt, kUnder},
+                                          {{{429, 188}, {804, 172}, {804, 220}, {429, 220}}, std::nullopt, kUnder}}));
+}
+
 TEST_F(AreaSeries, HasItsTicksAndLabelsOverTheSpareRow) {
     graph_.baseRow = 1;  // 12 rows of 15
     AddGroups({10});

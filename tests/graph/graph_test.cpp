@@ -45,6 +45,12 @@ TEST(GraphModel, BeginsAsALineChartOfTenTicks) {
     }
 }
 
+TEST(GraphModel, IsBlackWhereAGroupHasNoColor) {
+    const CGraph graph(0);
+    EXPECT_EQ(graph.GroupColor(-1), 0U);
+    EXPECT_EQ(graph.GroupColor(0), 0U);
+}
+
 TEST(GraphModel, FindsTheFirstValueOfAGroup) {
     CGraphSeries series;
     series.seriesLabel = "01-02";

@@ -208,6 +208,16 @@ TEST_F(PageGathering, FailsIfTheFileIsTakenAway) {
     EXPECT_EQ(std::filesystem::exists(path_), !isTaken);  // never made anew
 }
 
+TEST_F(PageGathering, LeavesAPageToItsOldWayThatSomebodyElseHasAddedTo) {
+    Close();
+    for (const std::string& path : {path_, toldPath_}) std::ofstream(path, std::ios::app | std::ios::binary) << "more";
+    const CPageGathering gathering(gathered_);
+    AddRow("1");
+    Close();
+    SettleAndCompare();
+    EXPECT_NE(Bytes().find("more"), std::string::npos);
+}
+
 TEST_F(PageGathering, FailsIfTheFileIsReplaced) {
     Close();
     bool isReplaced = false;

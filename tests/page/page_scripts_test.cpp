@@ -9,6 +9,7 @@
 #include "page/html_builder.h"
 #include "page/page_fixture.h"
 #include "page/page_scripts.h"
+#include "page/standalone_page.h"
 
 namespace tradebill::page_scripts_test {
 namespace {
@@ -281,6 +282,11 @@ TEST_F(PageScripts, NamePicturesBySlashes) {
     std::string scripts = Scripts(kDomesticSummary);
     ReplaceAll(scripts, "Image_files/", "a/b/");
     EXPECT_EQ(WrittenPage(), kHeadBefore + Styles() + "</head>\r\n" + scripts);
+}
+
+TEST_F(PageScripts, FoldNothingByNamesOfOthers) {
+    EXPECT_EQ(FindFoldScript(report, "print"), nullptr);
+    EXPECT_EQ(CStandaloneForm().FoldAttribute(report, "print"), "");
 }
 
 TEST_F(PageScripts, AreLeftOutOfAPageThatIsGone) {

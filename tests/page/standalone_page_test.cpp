@@ -71,6 +71,7 @@ protected:
 TEST_F(StandalonePage, IsUtf8AndSaysSo) {
     EXPECT_EQ(Body([](CHtmlBuilder& page) { page.AddText(Gbk("买\r\n")); }), "买\r\n");
     EXPECT_EQ(Body([](CHtmlBuilder&) {}), "");
+    EXPECT_EQ(Body([](CHtmlBuilder& page) { page.AddText(""); }), "");
 }
 
 TEST_F(StandalonePage, HasItsStylesInTheHead) {

@@ -93,6 +93,14 @@ TEST_F(ChainTableTest, NamesChainsWithThreeDigitsOrMore) {
     EXPECT_EQ(Bases(), (Texts{"d", "e"}));
 }
 
+TEST_F(ChainTableTest, PassesOverNamesWithMoreThanTheirNumber) {
+    Load(
+        "[CHAINNUM]\r\nNum=2\r\n[CHAIN001x]\r\nItemBase=a\r\n"
+        "[CHAIN002]\r\nItemBase=b\r\nNum=1\r\nItem01x=c\r\n");
+    EXPECT_EQ(Bases(), Texts{"b"});
+    EXPECT_EQ(ItemsOf("b"), Texts{""});
+}
+
 TEST_F(ChainTableTest, NamesItemsWithTwoDigitsOrMore) {
     std::string items = "Item1=x\nItem001=y\n";
     for (int k = 1; k <= 100; ++k) items += "Item" + std::string(k < 10 ? "0" : "") + std::to_string(k) + "=z\n";

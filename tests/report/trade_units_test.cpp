@@ -127,6 +127,14 @@ TEST_F(TradeUnits, ArentKnownWhereTradesContradictEachOther) {
 }
 
 // 5 for 50 is 10 to the last digit, 5 for 55 is 11: rounding would allow either, but both can't be.
+// 100 lots at 10 name a unit of 10. A price of 5 may be 4.5 to 5.5: 125 for 2 lots are units of 12 and 13.
+TEST_F(TradeUnits, ArentKnownWhereATradeLeavesTheNamedOneOut) {
+    Feed("rb2405", "10.00", "100", "10000.00");
+    EXPECT_EQ(UnitOf("rb"), 10);
+    Feed("rb2405", "5", "2", "125");
+    EXPECT_EQ(UnitOf("rb"), 0);
+}
+
 TEST_F(TradeUnits, ArentKnownWhereTwoTradesNameTwo) {
     Feed("p2405", "5", "1", "50.00");
     Feed("p2405", "5", "1", "55.00");
@@ -193,6 +201,8 @@ TEST_F(TradeUnits, PassOverFiguresBeyondTheirArithmetic) {
     EXPECT_EQ(UnitBy("1", "1", "99999999999999"), 0);
     EXPECT_EQ(UnitBy("99999999999999", "99999999999999", "99999999999999"), 0);
     EXPECT_EQ(UnitBy("0.000000000001", "1", "99999999999999"), 0);
+    EXPECT_EQ(UnitBy("99999999999999", "1", "0.000000000001"), 0);
+    EXPECT_EQ(UnitBy("90000000000000", "1", "90000000000.00000"), 0);  // 9 * 10^18 are twice as much in halves
     EXPECT_EQ(UnitBy("1", "1", "2147483647"), 2147483647);
     EXPECT_EQ(UnitBy("1", "1", "2147483648"), 0);
 }
