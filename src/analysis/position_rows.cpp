@@ -7,23 +7,13 @@
 #include "analysis/stated_amount.h"
 #include "base/day_number.h"
 #include "base/gbk.h"
-#include "base/number.h"
 #include "base/text.h"
+#include "report/position_lots.h"
 #include "report/records.h"
 #include "report/report.h"
 
 namespace tradebill {
 namespace {
-
-std::int64_t LotsOf(const OpiDetail& row) {
-    return IntegerIn(row.POSITION_VOL);
-}
-
-/// Layouts whose rows show both sides keep the lots of each by its name.
-std::int64_t LotsOf(const OpiSum& row) {
-    if (!FieldText(row.POSITION_VOL).empty()) return IntegerIn(row.POSITION_VOL);
-    return IntegerIn(FieldText(row.BID) == "买"_gbk ? row.BID_POSITION_VOL : row.ASK_POSITION_VOL);
-}
 
 /// What rows of both tables state alike.
 template <class Row>

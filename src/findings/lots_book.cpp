@@ -11,6 +11,7 @@
 #include "base/gbk.h"
 #include "base/number.h"
 #include "base/text.h"
+#include "report/position_lots.h"
 #include "report/product_text.h"
 #include "report/records.h"
 
@@ -90,11 +91,11 @@ void CLotsBook::AddLots(std::string_view contract, std::string_view delivery, st
 }
 
 void CLotsBook::AddOpen(const OpiDetail& row) {
-    AddLots(FieldText(row.CONTRACT), FieldText(row.DELIVERY), FieldText(row.BID), IntegerIn(row.POSITION_VOL));
+    AddLots(FieldText(row.CONTRACT), FieldText(row.DELIVERY), FieldText(row.BID), LotsOf(row));
 }
 
 void CLotsBook::AddOpen(const OpiSum& row) {
-    AddLots(FieldText(row.CONTRACT), FieldText(row.DELIVERY), FieldText(row.BID), IntegerIn(row.POSITION_VOL));
+    AddLots(FieldText(row.CONTRACT), FieldText(row.DELIVERY), FieldText(row.BID), LotsOf(row));
 }
 
 bool CLotsBook::ExpectsLots() const {
