@@ -171,7 +171,8 @@ def check_stores(differences, book, found):
         for position, (row, got) in enumerate(zip(book.stores[store], found[store])):
             check_record(differences, f"{store}[{position}] {row['BILL_DATE']} {row['CONTRACT']}", row, got)
             if store == "closed":
-                sides = {"买": ("long", "sell"), "卖": ("short", "buy")}[row["BID"].strip()[0]]
+                closed_by_buying = (row["BID"].strip()[0] == "买") == bool(book.currencies)
+                sides = ("short", "buy") if closed_by_buying else ("long", "sell")
                 differences.compare(f"closed[{position}] sides", sides, (got["side"], got["tradeSide"]))
     differences.compare("chains count", book.chains, len(found["chains"]))
     check_money(differences, "money", book.money, found["money"])

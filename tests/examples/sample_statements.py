@@ -327,6 +327,8 @@ class ForeignStatement:
         return next(record for name, record in self.currency_records().items() if name.endswith("*"))
 
     def records(self, store):
+        if store == "closed":
+            return self.closed_records()
         found = []
         for row in self.tables[{"matches": "成交", "positions": "持仓"}[store]] if store in FOREIGN_COLUMNS else []:
             side, held = self.side_and_lots(row)
@@ -334,10 +336,23 @@ class ForeignStatement:
                           "BID": side, "MATCH_VOL" if store == "matches" else "POSITION_VOL": str(held)})
         return found
 
-    def closings(self, _units):
+    def closed_pairs(self):
         """A closed position is two rows, opened and closed; the second one shows the P/L."""
         for opened, closed in zip(self.tables["平仓"][::2], self.tables["平仓"][1::2]):
-            held = self.side_and_lots(closed)[1]
             agree("closed pair", (opened["方式"], opened["合约"], self.side_and_lots(opened)[1], closed["方式"]),
-                  ("开仓", closed["合约"], held, "平仓"))
-            yield closed["合约"], "", "买", held, number(closed["平仓盈亏"])
+                  ("开仓", closed["合约"], self.side_and_lots(closed)[1], "平仓"))
+            yield opened, closed
+
+    def closed_records(self):
+        """The side is the closing trade's."""
+        found = []
+        for opened, closed in self.closed_pairs():
+            side, held = self.side_and_lots(closed)
+            found.append({"MATCH_DATE": closed["成交日期"], "OPEN_DATE": opened["成交日期"], "CONTRACT": closed["合约"],
+                          "BID": side, "MATCH_VOL": str(held), "MATCH_PRICE": closed["价格"],
+                          "OFFSETPL": closed["平仓盈亏"], "CURRENCY": closed["币种"]})
+        return found
+
+    def closings(self, _units):
+        for _, closed in self.closed_pairs():
+            yield closed["合约"], "", "买", self.side_and_lots(closed)[1], number(closed["平仓盈亏"])
