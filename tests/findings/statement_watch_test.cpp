@@ -79,7 +79,7 @@ const std::string kTradesTemplate =
     "[DEALFIELD]\r\nMONEY_MODE=9\r\nMATCH_RECORD=1\r\n[MATCH_RECORD]\r\nSTART_FLAG=成交记录\r\nSTART_OFFSET=2\r\n"
     "END_FLAG=共\r\nEND_OFFSET=0\r\nDELIMITER=;\r\nCONTRACT=2\r\n";
 constexpr std::string_view kBySemicolons = "0;1;2;3;4;5;6;7;8;9;10";
-constexpr std::string_view kByBlanks = "20240105 SHFE cu 2405 buy open 1 2 3 4 5 spec";
+constexpr std::string_view kByBlanks = "20240105 SHFE cu 2405 buy open 1 2 3 4 5 6";
 
 TEST(StatementWatch, ForgetsWhatATemplateReadThatHandsTheStatementOn) {
     CWatchedRun declining({1}, "[DEALFIELD]\r\nMONEY_MODE=9\r\nPING_DETAIL=1\r\nMATCH_RECORD=1\r\n" +
