@@ -15,10 +15,11 @@
 namespace tradebill {
 
 enum class FileMode {
-    Read,    ///< the file must be there; read only
-    Create,  ///< makes the file or empties it; write only
-    Append,  ///< the file must be there; what is written goes to its end
-    Update,  ///< the file must be there; read and write anywhere
+    Read,       ///< the file must be there; read only
+    Create,     ///< makes the file or empties it; write only
+    CreateNew,  ///< nothing must be there; makes the file; write only
+    Append,     ///< the file must be there; what is written goes to its end
+    Update,     ///< the file must be there; read and write anywhere
 };
 
 /// Memory for one file after the other. It grows with the largest of them, and isn't cleared in between.

@@ -49,6 +49,16 @@ TEST_F(File, RefusesToWriteWhereItOnlyReads) {
     EXPECT_EQ(ReadFile(path), "text");
 }
 
+TEST_F(File, CreatesANewFileWhereThereIsNone) {
+    const std::string path = folder_.Path("a.txt");
+    EXPECT_TRUE(CFile(path, FileMode::CreateNew).Write("a text"));
+    EXPECT_FALSE(CFile(path, FileMode::CreateNew).IsOpen());
+    EXPECT_TRUE(MeansThere(LastSystemError()));
+    EXPECT_EQ(ReadFile(path), "a text");
+    EXPECT_FALSE(CFile(folder_.Path("missing/a.txt"), FileMode::CreateNew).IsOpen());
+    EXPECT_FALSE(MeansThere(LastSystemError()));
+}
+
 TEST_F(File, CreatesOrEmptiesAFile) {
     const std::string path = folder_.Path("a.txt");
     EXPECT_TRUE(CFile(path, FileMode::Create).Write("a long text"));

@@ -124,12 +124,12 @@ private:
     bool isNew_;
 };
 
-/// Why no file can be made there; empty if one can, which is there then. SQLite itself goes on to look for a file to
-/// read, and only tells that there is none.
+/// Why no file can be made there; empty if one can, which is there then, or if there is one that couldn't be looked at.
+/// SQLite itself goes on to look for a file to read, and only tells that there is none.
 std::string WhyNotMade(const std::string& path) {
     ForgetSystemError();
-    const CFile file(path, FileMode::Create);
-    return file.IsOpen() ? std::string() : SystemErrorText(LastSystemError());
+    const CFile file(path, FileMode::CreateNew);
+    return file.IsOpen() || MeansThere(LastSystemError()) ? std::string() : SystemErrorText(LastSystemError());
 }
 
 /// A transaction whose end failed may have left its journal: whoever opens the database next takes its way back.

@@ -24,6 +24,8 @@ int FlagsOf(FileMode mode) {
             return O_RDONLY;
         case FileMode::Create:
             return O_WRONLY | O_CREAT | O_TRUNC;
+        case FileMode::CreateNew:
+            return O_WRONLY | O_CREAT | O_EXCL;
         case FileMode::Append:
             return O_WRONLY | O_APPEND;
         case FileMode::Update:

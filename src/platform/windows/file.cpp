@@ -22,6 +22,8 @@ OpenWay WayOf(FileMode mode) {
             return {GENERIC_READ, OPEN_EXISTING};
         case FileMode::Create:
             return {GENERIC_WRITE, CREATE_ALWAYS};
+        case FileMode::CreateNew:
+            return {GENERIC_WRITE, CREATE_NEW};
         case FileMode::Append:
             return {FILE_APPEND_DATA, OPEN_EXISTING};
         case FileMode::Update:
