@@ -35,6 +35,7 @@ struct DayFile {
 struct AskedLayout {
     int format = 1;
     bool isForeign = false;
+    std::string templatePath = {};
 };
 
 inline AskedLayout AskedFor(MadeLayout layout) {
@@ -45,11 +46,12 @@ inline AskedLayout AskedFor(MadeLayout layout) {
 /// A run over files that lie in memory.
 class CCheckedRun {
 public:
-    CCheckedRun(const std::vector<DayFile>& files, AskedLayout asked, std::string_view account = "90010002") {
+    CCheckedRun(const std::vector<DayFile>& files, const AskedLayout& asked, std::string_view account = "90010002") {
         report.Request = ClearedRequest();
         report.Request.StatementFormat = asked.format;
         report.Request.StatementKind = asked.isForeign ? kForeignKind : 1;
         CopyField(report.Request.Account, account);
+        report.TemplatePath = asked.templatePath;
         CStatementLoader loader(report);
         for (const DayFile& file : files) {
             const std::string_view bytes = file.bytes;

@@ -4,60 +4,32 @@
 #include <gtest/gtest.h>
 
 #include <initializer_list>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "base/text.h"
-#include "driver/bill_folders.h"
 #include "findings/account_check.h"
 #include "findings/finding.h"
 #include "findings/section_facts.h"
-#include "readers/statement_loader.h"
 #include "report/printed_money.h"
-#include "report/report.h"
-#include "report/request_copy.h"
 #include "support/gbk_text.h"
 #include "support/temp_folder.h"
 
 namespace tradebill::statement_watch_test {
 namespace {
 
-using Lines = std::initializer_list<std::string_view>;
+DayFile File(const std::string& day, std::initializer_list<std::string_view> lines) {
+    return {day, Statement(lines)};
+}
 
-/// A run whose template, if it is given one, is a file of its root.
-class CWatchedRun {
+/// A template as a file, for as long as this lives.
+class CTemplateFile {
 public:
-    explicit CWatchedRun(AskedLayout asked, std::string_view content = "") {
-        report_.Request = ClearedRequest();
-        report_.Request.StatementFormat = asked.format;
-        report_.Request.StatementKind = asked.isForeign ? kForeignKind : 1;
-        CopyField(report_.Request.Account, "90010002");
-        if (!content.empty()) {
-            folder_.Write("BillTemplate/broker.ini", Gbk(content));
-            report_.RootFolder = folder_.Path();
-            CopyField(report_.Request.TemplateName, "broker");
-            report_.TemplatePath = TemplatePath(report_);
-        }
-        loader_ = std::make_unique<CStatementLoader>(report_);
-    }
-    const StatementFacts& Read(const std::string& day, Lines lines) {
-        const std::string text = Statement(lines);
-        StatementFile file{.state = StatementState::Read};
-        file.bytes = file.text = text;
-        watch_.OnStatement(day, "Bill/D90010002." + day + "o.txt", file);
-        loader_->Read(day, text, &watch_);
-        watch_.OnStatementEnd();
-        return watch_.Statements().back();
-    }
-    [[nodiscard]] const CReport& Report() const { return report_; }
+    explicit CTemplateFile(std::string_view content) { folder_.Write("broker.ini", Gbk(content)); }
+    [[nodiscard]] AskedLayout Asked() const { return {.templatePath = folder_.Path("broker.ini")}; }
 
 private:
     CTempFolder folder_;
-    CReport report_;
-    CStatementWatch watch_{report_};
-    std::unique_ptr<CStatementLoader> loader_;
 };
 
 std::vector<SectionKind> KindsOf(const StatementFacts& facts) {
@@ -82,47 +54,50 @@ constexpr std::string_view kBySemicolons = "0;1;2;3;4;5;6;7;8;9;10";
 constexpr std::string_view kByBlanks = "20240105 SHFE cu 2405 buy open 1 2 3 4 5 6";
 
 TEST(StatementWatch, ForgetsWhatATemplateReadThatHandsTheStatementOn) {
-    CWatchedRun declining({1}, "[DEALFIELD]\r\nMONEY_MODE=9\r\nPING_DETAIL=1\r\nMATCH_RECORD=1\r\n" +
-                                   kTradesTemplate.substr(kTradesTemplate.find("[MATCH_RECORD]")));
-    const Lines statement{"日  期:20240105", "成交记录", "-", "-", kByBlanks, "共 1条"};
-    const StatementFacts& facts = declining.Read("20240105", statement);
+    const CTemplateFile declining("[DEALFIELD]\r\nMONEY_MODE=9\r\nPING_DETAIL=1\r\nMATCH_RECORD=1\r\n" +
+                                  kTradesTemplate.substr(kTradesTemplate.find("[MATCH_RECORD]")));
+    const std::vector files{File("20240105", {"日  期:20240105", "成交记录", "-", "-", kByBlanks, "共 1条"})};
+    const CCheckedRun handedOn(files, declining.Asked());
+    const StatementFacts& facts = handedOn.watch.Statements().back();
     EXPECT_EQ(facts.layout, "fund-status");
     EXPECT_EQ(KindsOf(facts), (Kinds{SectionKind::Money, SectionKind::Trades, SectionKind::Closed, SectionKind::Open,
                                      SectionKind::Summary}));
     EXPECT_TRUE(facts.sections[1].faults.empty());
     // By the template the row has one column.
-    CWatchedRun run({1}, kTradesTemplate);
-    const StatementFacts& read = run.Read("20240105", statement);
+    const CTemplateFile reading(kTradesTemplate);
+    const CCheckedRun run(files, reading.Asked());
+    const StatementFacts& read = run.watch.Statements().back();
     EXPECT_EQ(KindsOf(read), Kinds{SectionKind::Trades});
     EXPECT_EQ(read.sections[0].faults.size(), 1U);
 }
 
 TEST(StatementWatch, TakesAStatementThatATemplateReadsForItsLayoutWithoutADate) {
-    CWatchedRun run({1}, kTradesTemplate);
-    const StatementFacts& facts = run.Read("20240105", {"成交记录", "-", kBySemicolons, "共 1条"});
+    const CTemplateFile reading(kTradesTemplate);
+    const CCheckedRun run({File("20240105", {"成交记录", "-", kBySemicolons, "共 1条"})}, reading.Asked());
+    const StatementFacts& facts = run.watch.Statements().back();
     EXPECT_FALSE(facts.statesDay);
     EXPECT_EQ(CodesOf(facts), Codes{});
     EXPECT_TRUE(facts.isUsable);
 }
 
 TEST(StatementWatch, TakesMoneyThatATemplateCountsFromTheTop) {
-    CWatchedRun run({1},
-                    "[DEALFIELD]\r\nMONEY_MODE=1\r\n[MONEY_RECORD]\r\nSTART_OFFSET=1\r\nDELIMITER=|\r\n"
-                    "KHQY_NAME=3\r\n");
-    const StatementFacts& facts = run.Read("20240105", {"head", "0|1|2|3.50|4|5|6|7|8"});
+    const CTemplateFile counting(
+        "[DEALFIELD]\r\nMONEY_MODE=1\r\n[MONEY_RECORD]\r\nSTART_OFFSET=1\r\nDELIMITER=|\r\nKHQY_NAME=3\r\n");
+    const CCheckedRun run({File("20240105", {"head", "0|1|2|3.50|4|5|6|7|8"})}, counting.Asked());
+    const StatementFacts& facts = run.watch.Statements().back();
     EXPECT_EQ(CodesOf(facts), Codes{});
     EXPECT_TRUE(facts.isUsable);
-    ASSERT_EQ(run.Report().PrintedMoney.size(), 1U);
-    EXPECT_EQ(run.Report().PrintedMoney[0][PrintedFigure::Equity], 35000);
+    ASSERT_EQ(run.report.PrintedMoney.size(), 1U);
+    EXPECT_EQ(run.report.PrintedMoney[0][PrintedFigure::Equity], 35000);
 }
 
 // A reader that passes over days it knows sees nothing of a statement but its date.
 TEST(StatementWatch, DoesntTakeAStatementOfAnotherLayoutForOneOfAKnownDay) {
-    CWatchedRun run({3});
-    const StatementFacts& first =
-        run.Read("20240105", {"制表时间：20240105", "资金状况", "|1|", "客户权益：5.00", "="});
-    EXPECT_EQ(first.layout, "tabulated");
-    const StatementFacts& second = run.Read("20240108", {"制表时间：20240105", "资金类别", "客户权益: 5.00", "-"});
+    const CCheckedRun run({File("20240105", {"制表时间：20240105", "资金状况", "|1|", "客户权益：5.00", "="}),
+                           File("20240108", {"制表时间：20240105", "资金类别", "客户权益: 5.00", "-"})},
+                          {3});
+    EXPECT_EQ(run.watch.Statements().front().layout, "tabulated");
+    const StatementFacts& second = run.watch.Statements().back();
     ASSERT_EQ(CodesOf(second), Codes{FindingCode::Unrecognised});
     EXPECT_EQ(second.findings[0].found, "--format 0");
 }
@@ -139,8 +114,8 @@ TEST(StatementWatch, CountsPositionsOfASummaryWhereThereAreNoOthers) {
 }
 
 TEST(StatementWatch, TellsADateThatIsntThere) {
-    CWatchedRun run({1});
-    const StatementFacts& facts = run.Read("20240105", {"日  期:", "成交记录", "-", "-", kByBlanks, "共 1条"});
+    const CCheckedRun run({File("20240105", {"日  期:", "成交记录", "-", "-", kByBlanks, "共 1条"})}, {1});
+    const StatementFacts& facts = run.watch.Statements().back();
     ASSERT_EQ(CodesOf(facts), Codes{FindingCode::WrongDay});
     EXPECT_EQ(facts.findings[0].expected, "20240105");
     EXPECT_EQ(facts.findings[0].found, "");
@@ -148,10 +123,10 @@ TEST(StatementWatch, TellsADateThatIsntThere) {
 }
 
 TEST(StatementWatch, KeepsTheMoneyOfEachCurrency) {
-    CWatchedRun run({1, true});
-    run.Read("20240105", {"资金汇总 Summary", "货币 Base USD HKD", "期初资金 Balance b/f 1.1 1.2",
-                          "当前权益 Client Equity 6.1 6.2", "追加保证金 Margin Call 0 0"});
-    const auto& printed = run.Report().PrintedMoney;
+    const CCheckedRun run({File("20240105", {"资金汇总 Summary", "货币 Base USD HKD", "期初资金 Balance b/f 1.1 1.2",
+                                             "当前权益 Client Equity 6.1 6.2", "追加保证金 Margin Call 0 0"})},
+                          {1, true});
+    const auto& printed = run.report.PrintedMoney;
     ASSERT_EQ(printed.size(), 2U);
     EXPECT_EQ(printed[0].Currency, "USD");
     EXPECT_TRUE(printed[0].IsBase);

@@ -55,7 +55,7 @@ TEST(GapSide, OnlyLooksAtTheGapBeforeTheFifthColumn) {
     EXPECT_EQ(ClassifySideByGap("c0 c1 c2 c3          c4 c5 c6", " "), GapSide::Sell);
 }
 
-// A long column may begin as it goes on, as far as to its third byte.
+// The column before begins as the fourth does and breaks off: the search goes on from there without losing a byte.
 TEST(GapSide, MeasuresBehindALongColumnThatNearlyStandsBeforeIt) {
     const std::string tail(64, 'c');
     const std::string fourth = "aab" + tail;

@@ -126,7 +126,6 @@ TEST_F(TradeUnits, ArentKnownWhereTradesContradictEachOther) {
     EXPECT_EQ(contradiction->contract, "rb2405");
 }
 
-// 5 for 50 is 10 to the last digit, 5 for 55 is 11: rounding would allow either, but both can't be.
 // 100 lots at 10 name a unit of 10. A price of 5 may be 4.5 to 5.5: 125 for 2 lots are units of 12 and 13.
 TEST_F(TradeUnits, ArentKnownWhereATradeLeavesTheNamedOneOut) {
     Feed("rb2405", "10.00", "100", "10000.00");
@@ -135,6 +134,7 @@ TEST_F(TradeUnits, ArentKnownWhereATradeLeavesTheNamedOneOut) {
     EXPECT_EQ(UnitOf("rb"), 0);
 }
 
+// 5 for 50 is 10 to the last digit, 5 for 55 is 11: rounding would allow either, but both can't be.
 TEST_F(TradeUnits, ArentKnownWhereTwoTradesNameTwo) {
     Feed("p2405", "5", "1", "50.00");
     Feed("p2405", "5", "1", "55.00");
