@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -163,13 +164,13 @@ TEST(ReportFigures, RefusesWhatIsNoReport) {
     EXPECT_EQ(WhyRefused(R"({"schema":1})"), "");
 }
 
-/// However deep it goes, what compares goes no deeper.
+// However deep it goes, what compares goes no deeper.
 TEST(ReportFigures, RefusesWhatLiesTooDeep) {
-    const auto nested = [](int depth) {
+    const auto nested = [](std::size_t depth) {
         return R"({"schema":1,"x":)" + std::string(depth, '[') + std::string(depth, ']') + "}";
     };
     EXPECT_EQ(WhyRefused(nested(15)), "");
-    for (const int depth : {17, 1'000'000}) {
+    for (const std::size_t depth : {17, 1'000'000}) {
         EXPECT_EQ(WhyRefused(nested(depth)), "values lie deeper in each other than in any report") << depth;
     }
 }

@@ -103,10 +103,10 @@ private:
         const std::string count = std::to_string(rows.size()) + "条";
         Cells totals(columns.size());
         for (std::size_t i = 0; i < columns.size(); ++i) {
-            if (columns[i].sum == MadeColumn::NoSum) continue;
+            if (columns[i].sum == ColumnSum::None) continue;
             std::int64_t sum = 0;
             for (const Cells& row : rows) sum += Hundredths(row[i]);
-            totals[i] = columns[i].sum == MadeColumn::Lots ? std::to_string(sum / 100) : MoneyText(sum);
+            totals[i] = columns[i].sum == ColumnSum::Lots ? std::to_string(sum / 100) : MoneyText(sum);
         }
         totals[0] = layout_ == MadeLayout::ClientBill  ? "合计"
                     : layout_ == MadeLayout::Bilingual ? "共" + count
@@ -299,13 +299,13 @@ private:
                                         {"开仓日期", 9},
                                         {"买卖", 5},
                                         {"投保", 5},
-                                        {"持仓量", 7, MadeColumn::Lots},
+                                        {"持仓量", 7, ColumnSum::Lots},
                                         {"开仓价", 9},
                                         {"昨结算", 9},
                                         {"结算价", 9},
-                                        {"浮动盈亏", 14, MadeColumn::Money},
-                                        {"盯市盈亏", 14, MadeColumn::Money},
-                                        {"保证金", 14, MadeColumn::Money}};
+                                        {"浮动盈亏", 14, ColumnSum::Money},
+                                        {"盯市盈亏", 14, ColumnSum::Money},
+                                        {"保证金", 14, ColumnSum::Money}};
         PrintTable(SectionKind::Open, "持仓明细", columns, rows);
     }
 
