@@ -170,7 +170,7 @@ TEST(ReportFigures, RefusesWhatLiesTooDeep) {
         return R"({"schema":1,"x":)" + std::string(depth, '[') + std::string(depth, ']') + "}";
     };
     EXPECT_EQ(WhyRefused(nested(15)), "");
-    for (const std::size_t depth : {17, 1'000'000}) {
+    for (const std::size_t depth : {17U, 1'000'000U}) {
         EXPECT_EQ(WhyRefused(nested(depth)), "values lie deeper in each other than in any report") << depth;
     }
 }

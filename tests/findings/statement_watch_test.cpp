@@ -107,10 +107,11 @@ TEST(StatementWatch, CountsPositionsOfASummaryWhereThereAreNoOthers) {
         "[DEALFIELD]\r\nMONEY_MODE=9\r\nOPI_SUM=1\r\n[OPI_SUM]\r\nSTART_FLAG=持仓汇总\r\nSTART_OFFSET=1\r\n"
         "END_FLAG=共\r\nEND_OFFSET=0\r\nDELIMITER=|\r\nCONTRACT=0\r\nBID_POSITION_VOL=1\r\nASK_POSITION_VOL=2\r\n";
     const auto rowsOf = [](const char* lots) { return "cu2405|" + std::string(lots) + "|0|3|4|5|6|7|8|9|10|11"; };
-    CWatchedRun run({1}, content);
-    run.Read("20240105", {"持仓汇总", rowsOf("2"), "共 1条"});
-    const StatementFacts& next = run.Read("20240108", {"持仓汇总", rowsOf("5"), "共 1条"});
-    EXPECT_FALSE(next.lots.empty()) << "3 lots came from nowhere";
+    const CTemplateFile summing(content);
+    const CCheckedRun run(
+        {File("20240105", {"持仓汇总", rowsOf("2"), "共 1条"}), File("20240108", {"持仓汇总", rowsOf("5"), "共 1条"})},
+        summing.Asked());
+    EXPECT_FALSE(run.watch.Statements().back().lots.empty()) << "3 lots came from nowhere";
 }
 
 TEST(StatementWatch, TellsADateThatIsntThere) {
