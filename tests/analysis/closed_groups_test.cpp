@@ -191,7 +191,7 @@ TEST_F(ClosedGroups, PayFeesForClosingAndOpening) {
                .openDay = "20240103",
                .openPrice = "1",
                .closePrice = "1"});
-    const ClosedGroup& both = Analysed().products[0];
+    const ClosedGroup both = Analysed().products[0];
     EXPECT_EQ(both.fees, 16);  // 2 x (3 + 2) + 1 x (3 + 3)
     EXPECT_EQ(both.lotsWithoutFees, 0);
 }
@@ -205,7 +205,7 @@ TEST_F(ClosedGroups, CountLotsWhoseFeesArentAllKnown) {
                .openDay = "20231229",
                .openPrice = "1",
                .closePrice = "1"});
-    const ClosedGroup& half = Analysed().products[0];
+    const ClosedGroup half = Analysed().products[0];
     EXPECT_EQ(half.fees, 6);  // of the closing alone
     EXPECT_EQ(half.lotsWithoutFees, 2);
 }
