@@ -318,12 +318,6 @@ private:
     const std::vector<ColumnSum>& sums_;
 };
 
-/// Opens with what the statement before closed with.
-void CMoneyAmounts::Handover(CChange& change, std::optional<std::int64_t> closedBefore,
-                             std::optional<std::int64_t> closedAfter) {
-    if (closedBefore && closedAfter) closed_[change.before.Currency] = {*closedBefore, *closedAfter};
-}
-
 void CMoneyAmounts::ChangeDomestic(StatementSheet& sheet, MoneyFigures figures, const std::vector<ColumnSum>& sums) {
     CChange change(factor_, figures, sums);
     const auto last = closed_.find(change.before.Currency);
@@ -343,7 +337,8 @@ void CMoneyAmounts::ChangeDomestic(StatementSheet& sheet, MoneyFigures figures, 
     change.Follow(Available, AvailableBy(available, change.before), AvailableBy(available, change.after));
     change.Store();
     change.StoreEqual(sheet);
-    Handover(change, change.before[Closing], change.after[Closing]);
+    if (change.before[Closing])
+        closed_[change.before.Currency] = {change.before.Amount(Closing), change.after.Amount(Closing)};
 }
 
 void CMoneyAmounts::ChangeForeign(std::vector<MoneyFigures> figures, const std::vector<ColumnSum>& sums) {
@@ -370,8 +365,10 @@ void CMoneyAmounts::ChangeForeign(std::vector<MoneyFigures> figures, const std::
         change.Follow(Available, available(change.before), available(change.after));
         change.Store();
         if (!change.before[Equity]) continue;
-        Handover(change, WrappingDifference(*change.before[Equity], change.before.Amount(FloatingPL)),
-                 WrappingDifference(*change.after[Equity], change.after.Amount(FloatingPL)));
+        const auto closing = [](const PrintedMoney& money) {
+            return WrappingDifference(money.Amount(Equity), money.Amount(FloatingPL));
+        };
+        closed_[change.before.Currency] = {closing(change.before), closing(change.after)};
     }
 }
 

@@ -57,8 +57,6 @@ public:
 private:
     class CChange;
 
-    void Handover(CChange& change, std::optional<std::int64_t> closedBefore, std::optional<std::int64_t> closedAfter);
-
     const CAmountFactor& factor_;
     MoneyIdentity identity_;
     std::map<std::string, ChangedSum> closed_;  ///< by currency: what the last statement closed with

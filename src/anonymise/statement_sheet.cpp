@@ -46,9 +46,11 @@ std::optional<Colon> FindColon(std::string_view text, std::size_t from) {
 }
 
 /// A delivery month of three or four digits: 2405, 405.
+///
+/// REQUIRES: `text` is no longer.
 bool IsMonth(std::string_view text) {
-    constexpr std::size_t kMost = 4;
-    if (text.size() < kMost - 1 || text.size() > kMost || !std::ranges::all_of(text, IsDigit)) return false;
+    constexpr std::size_t kLeast = 3;
+    if (text.size() < kLeast || !std::ranges::all_of(text, IsDigit)) return false;
     const std::string_view month = text.substr(text.size() - 2);
     return month >= "01" && month <= "12";
 }
@@ -219,7 +221,7 @@ private:
         if (!FindColon(segment, from)) return from;
         const std::string_view rest = TrimLeft(segment.substr(from));
         const std::size_t word = std::min(rest.find(' '), rest.size());
-        if (word == 0 || word == rest.size() || FindColon(rest.substr(0, word), 0)) return from;
+        if (word == rest.size() || FindColon(rest.substr(0, word), 0)) return from;
         TakeValue(rest.substr(0, word));
         return static_cast<std::size_t>(rest.data() - segment.data()) + word;
     }

@@ -134,8 +134,8 @@ void CTableAmounts::ChangeTurnover(TableRow& row) {
         if (price->number->steps == 0) continue;
         if (best == nullptr) best = price;
         if (!cost || *cost == 0 || turnover->number->steps % *cost != 0) continue;
-        const auto lotCost = ProductOf(price->Now(), row.facts.lots);
-        if (lotCost) exact = ProductOf(*lotCost, turnover->number->steps / *cost);
+        const std::int64_t lotCost = price->Now() * row.facts.lots;  // no more than the cost, or two units of each lot
+        exact = ProductOf(lotCost, turnover->number->steps / *cost);
         break;
     }
     const int places = turnover->number->places;
@@ -143,9 +143,9 @@ void CTableAmounts::ChangeTurnover(TableRow& row) {
         turnover->changed = RoundedTo(*exact, places);
     } else if (best != nullptr) {
         const long double share = static_cast<long double>(best->Now()) / static_cast<long double>(best->number->steps);
-        constexpr long double kMost = 1e18L;
+        // Twice what can be printed at most: a price of one unit may become two.
         const long double scaled = share * static_cast<long double>(turnover->number->steps);
-        if (std::fabs(scaled) < kMost) turnover->changed = RoundedTo(std::llroundl(scaled), places);
+        turnover->changed = RoundedTo(std::llroundl(scaled), places);
     }
     if (!turnover->changed) return;
     ForEachAmount(row, [&](SheetCell& cell) {

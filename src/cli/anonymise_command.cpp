@@ -165,8 +165,8 @@ int RunAnonymiseCommand(const AnonymiseCommand& given) {
     const bool isWhole = run.CopyAll(files);
     if (run.Statements() == 0) return Fail("no statement could be copied, and nothing was written");
     WriteSideFiles(sides, folder);
-    if (requestFile && run.FirstAccount()) {
-        folder.Write("request.ini", ChangedRequest(*requestFile, *run.FirstAccount(), settings.anonymise.shiftWeeks));
+    if (requestFile) {
+        folder.Write("request.ini", ChangedRequest(*requestFile, run.FirstAccount(), settings.anonymise.shiftWeeks));
     }
     folder.Keep();
     PrintSummary(run, folder, command, settings.anonymise.seed);

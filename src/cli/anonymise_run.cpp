@@ -136,8 +136,8 @@ void CAnonymiseRun::WriteCopies(const AccountKey& copy, const AnonymisedAccount&
         ++statements_;
     }
     if (made.statements.empty()) return;
+    if (copied_ == 0) first_ = copy;
     ++copied_;
-    if (!first_) first_ = copy;
 }
 
 }  // namespace tradebill

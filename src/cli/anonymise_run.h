@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,7 +29,9 @@ public:
     [[nodiscard]] std::size_t Statements() const { return statements_; }
     [[nodiscard]] std::size_t Accounts() const { return copied_; }
     /// The first that was copied, as it is in the copy.
-    [[nodiscard]] const std::optional<AccountKey>& FirstAccount() const { return first_; }
+    ///
+    /// REQUIRES: a statement was.
+    [[nodiscard]] const AccountKey& FirstAccount() const { return first_; }
 
 private:
     /// A statement's file and its bytes.
@@ -51,7 +52,7 @@ private:
     const CopySettings& settings_;
     CAnonymisedFolder& folder_;
     CIdentityMap accounts_;
-    std::optional<AccountKey> first_;
+    AccountKey first_;
     std::size_t statements_ = 0;
     std::size_t copied_ = 0;
     bool isWhole_ = true;

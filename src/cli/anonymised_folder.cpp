@@ -43,7 +43,9 @@ CAnonymisedFolder::CAnonymisedFolder(const std::string& out, const std::string& 
     if (LiesIn(out_, root)) throw CUsageError("--out: expected a folder outside of ROOT, found \"" + out + "\"");
     if (IsFolder(out_)) {
         const auto names = NamesIn(out_);
-        if (!names || !names->empty()) {
+        if (!names)
+            throw CUsageError("--out: expected an empty folder, found \"" + out + "\", which can't be looked into");
+        if (!names->empty()) {
             throw CUsageError("--out: expected an empty folder or a new one, found \"" + out + "\", which isn't empty");
         }
     } else if (IsPlainFile(out_) || IsOtherThanFile(out_)) {

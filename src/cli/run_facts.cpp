@@ -58,7 +58,7 @@ RunFacts FactsOf(const CReport& report, const PreparedRequest& prepared, const R
     RunFacts facts{
         .days = result.days, .statements = log.Statements(), .inputs = prepared.inputs, .page = std::nullopt};
     const auto add = [&](const char* kind, const std::string& path, bool mayLack) {
-        if (path.empty() || IsTold(path, result.problems)) return;
+        if (IsTold(path, result.problems)) return;
         if (const auto digest = DigestOrReason(path, mayLack, unread)) facts.inputs.push_back({kind, *digest});
     };
     const bool usedTemplate =

@@ -53,6 +53,12 @@ TEST_F(Diff, PrintsEachDifferenceAndTheirNumber) {
               "x: 1 -> 2\ny: only in " + command_.left + "\nz: only in " + command_.right + "\n3 differences\n");
 }
 
+TEST_F(Diff, CountsOneDifferenceAsOne) {
+    command_.left = Put("a.json", R"(,"x":1)");
+    command_.right = Put("b.json", R"(,"x":2)");
+    EXPECT_EQ(Run().out, "x: 1 -> 2\n1 difference\n");
+}
+
 TEST_F(Diff, PrintsTwentyOfABlockUnlessAllAreWanted) {
     for (const int count : {20, 21}) {
         std::string rows;

@@ -100,6 +100,7 @@ TEST_F(ExportProgram, TellsAStatementThatIsNoFile) {
 }
 
 TEST_F(ExportProgram, ShowsFindingsAndMindsThemIfStrict) {
+    EXPECT_EQ(Run(ToCsv("--strict")).exit, 0) << "there are none";
     const std::string statement = root_ + "/Users/demo/Data/Bill/D90010002.20240103o.txt";
     std::ofstream(statement, std::ios::binary | std::ios::trunc) << ReadFile(statement).substr(0, 1500);
     const Answer answer = Run(ToCsv());

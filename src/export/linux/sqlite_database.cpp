@@ -41,7 +41,7 @@ CSqliteDatabase::CSqliteDatabase(const std::string& path, DatabaseOpening openin
 }
 
 void CSqliteDatabase::Check(int result) const {
-    if (result != SQLITE_OK && result != SQLITE_ROW && result != SQLITE_DONE) Throw(result, handle_.get());
+    if (result != SQLITE_OK && result != SQLITE_DONE) Throw(result, handle_.get());
 }
 
 void CSqliteDatabase::Run(const std::string& sql) {

@@ -56,6 +56,16 @@ TEST_F(StandardInput, IsOfTodayUnlessADayIsSaid) {
     EXPECT_EQ(nlohmann::json::parse(json.out).at("day_from"), "today");
 }
 
+TEST_F(StandardInput, IsOneSideOfADifference) {
+    folder_.Write("b.json", R"({"schema":1})");
+    const Answer left = RunOn(R"({"schema":1,"x":1})", "diff - b.json");
+    EXPECT_EQ(left.exit, 3) << left.err;
+    EXPECT_EQ(left.out, "x: only in standard input\n1 difference\n");
+    const Answer right = RunOn(R"({"schema":1,"x":1})", "diff b.json -");
+    EXPECT_EQ(right.exit, 3) << right.err;
+    EXPECT_EQ(right.out, left.out);
+}
+
 TEST_F(StandardInput, IsNoLargerThanAStatementMayBe) {
     const std::string text = ReadFile(StatementFile());
     const std::string explain = "explain - --format 1 --day 20240104 --max-statement ";

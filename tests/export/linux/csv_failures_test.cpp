@@ -11,6 +11,7 @@
 #include "report/record_fields.h"
 #include "report/record_makers.h"
 #include "report/records.h"
+#include "support/bound_user.h"
 #include "support/file_size_limit.h"
 #include "support/temp_folder.h"
 
@@ -47,6 +48,46 @@ TEST_F(CsvFailures, LeaveTheOlderSetWholeOnAFullDisk) {
     EXPECT_EQ(unwritten->path, folder_.Path("trades.csv"));
     EXPECT_EQ(unwritten->reason, "File too large");
     EXPECT_EQ(Found(), before);
+}
+
+/// What lies in the place of the name that the older file waits under stays, and so does the older file.
+TEST_F(CsvFailures, NameAFileThatCannotBeKept) {
+    ASSERT_TRUE(SaveCsvSet(folder_.Path(), Source()).IsEmpty());
+    folder_.Write("days.csv.older/notes.txt", "mine");
+    const std::string before = ReadFile(folder_.Path("days.csv"));
+    AddTrades(1);
+    const CsvProblems problems = SaveCsvSet(folder_.Path(), Source());
+    ASSERT_TRUE(problems.unwritten);
+    EXPECT_EQ(problems.unwritten->path, folder_.Path("days.csv"));
+    ASSERT_TRUE(problems.leftover);
+    EXPECT_EQ(problems.leftover->path, folder_.Path("days.csv.older"));
+    EXPECT_EQ(ReadFile(folder_.Path("days.csv")), before);
+    EXPECT_EQ(ReadFile(folder_.Path("days.csv.older/notes.txt")), "mine");
+}
+
+/// Where everybody may make files and nobody replace those of others.
+TEST_F(CsvFailures, TakeBackWhatStandsBesideAFileOfAnother) {
+    ASSERT_TRUE(SaveCsvSet(folder_.Path(), Source()).IsEmpty());
+    const std::string before = ReadFile(folder_.Path("trades.csv"));
+    for (const auto& [name, content] : Found()) {
+        if (name != "trades.csv") fs::remove(folder_.Path(name));
+    }
+    fs::permissions(folder_.Path(), fs::perms::all | fs::perms::sticky_bit);
+    fs::permissions(folder_.Path("trades.csv"), fs::perms(0666));  // which lets it be linked
+    AddTrades(1);
+    CsvProblems problems;
+    {
+        const CBoundUser user;
+        ASSERT_TRUE(user.IsBound());
+        problems = SaveCsvSet(folder_.Path(), Source());
+    }
+    ASSERT_TRUE(problems.unwritten);
+    EXPECT_EQ(problems.unwritten->path, folder_.Path("trades.csv"));
+    EXPECT_EQ(problems.unwritten->reason, "Operation not permitted");
+    EXPECT_EQ(ReadFile(folder_.Path("trades.csv")), before);
+    const auto found = Found();
+    EXPECT_FALSE(found.contains("days.csv"));
+    EXPECT_FALSE(found.contains("trades.csv.part"));
 }
 
 TEST_F(CsvFailures, KeepTheRightsOfTheOlderFiles) {

@@ -36,6 +36,26 @@ TEST_F(SqliteExport, TellsItsProgramAndSchema) {
     EXPECT_EQ(Names(), (std::vector<std::string>{"out.db"}));
 }
 
+TEST_F(SqliteExport, LeavesDatabasesOfOthers) {
+    for (const char* const made : {"CREATE TABLE notes (text)", "CREATE TABLE meta (value)", "CREATE TABLE meta (name)",
+                                   "CREATE TABLE meta (name, value)"}) {
+        fs::remove(path_);
+        folder_.Write("out.db", "");
+        CDatabaseReader(path_).Run(made);
+        const DatabaseResult result = Save();
+        EXPECT_EQ(result.end, DatabaseEnd::Refused) << made;
+        EXPECT_EQ(result.reason, "it is a database of something else") << made;
+    }
+}
+
+TEST_F(SqliteExport, LeavesADatabaseThatTellsNoSchema) {
+    ASSERT_EQ(Save().end, DatabaseEnd::Done);
+    CDatabaseReader(path_).Run("DELETE FROM meta WHERE name = 'schema'");
+    const DatabaseResult result = Save();
+    EXPECT_EQ(result.end, DatabaseEnd::Refused);
+    EXPECT_EQ(result.reason, "its tables are of schema none, this program writes schema 1: export into a new file");
+}
+
 TEST_F(SqliteExport, HasEveryTableWithAnIndexByAccount) {
     ASSERT_EQ(Save().end, DatabaseEnd::Done);
     for (const ExportTable& table : Tables()) {

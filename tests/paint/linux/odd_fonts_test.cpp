@@ -99,7 +99,7 @@ protected:
 template <class Question>
 [[noreturn]] void ExitWith(const std::string& settings, Question question) {
     UseFontSettings(settings);
-    std::_Exit(question() ? 0 : 1);
+    std::exit(question() ? 0 : 1);
 }
 
 /// Any text leaves a mark: what it looks like is the font's concern.

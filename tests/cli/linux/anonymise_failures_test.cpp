@@ -1,0 +1,60 @@
+// What a copy can't be made from, or can't be put into.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <string>
+
+#include "cli/anonymise_command.h"
+#include "cli/anonymised_folder.h"
+#include "cli/cli_fixture.h"
+#include "cli/input_file.h"
+#include "support/bound_user.h"
+#include "support/failing_file.h"
+#include "support/temp_folder.h"
+
+namespace tradebill::linux_anonymise_failures_test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class AnonymiseFailures : public CliFixture {
+protected:
+    [[nodiscard]] std::string RefusalOf(const std::string& out) const {
+        return UsageErrorOf([&] { const CAnonymisedFolder folder(out, root_.Path()); });
+    }
+
+    CTempFolder folder_;
+};
+
+TEST_F(AnonymiseFailures, AreChainsThatCannotBeRead) {
+    PutStatement("20240102", "1500.25");
+    PutFailingFile(root_.Path("sys/chain.ini"));
+    AnonymiseCommand command;
+    command.root = root_.Path();
+    command.out = folder_.Path("copy");
+    command.format = "1";
+    EXPECT_THROW(static_cast<void>(RunAnonymiseCommand(command)), CUnreadableInput);
+    EXPECT_FALSE(fs::exists(command.out));
+}
+
+TEST_F(AnonymiseFailures, AreFoldersThatNobodyMayLookInto) {
+    const std::string out = folder_.Path("copy");
+    fs::create_directory(out);
+    fs::permissions(out, fs::perms::owner_exec, fs::perm_options::replace);
+    const CBoundUser user;
+    ASSERT_TRUE(user.IsBound());
+    const std::string refusal = RefusalOf(out);
+    EXPECT_TRUE(IsClearLine(refusal, "--out")) << refusal;
+    EXPECT_NE(refusal.find("can't be looked into"), std::string::npos) << refusal;
+}
+
+TEST_F(AnonymiseFailures, ArePlacesOfPipes) {
+    const std::string out = folder_.Path("pipe");
+    ASSERT_EQ(::mkfifo(out.c_str(), 0600), 0);
+    const std::string refusal = RefusalOf(out);
+    EXPECT_TRUE(IsClearLine(refusal, "--out: expected a folder, found a file")) << refusal;
+}
+
+}  // namespace
+}  // namespace tradebill::linux_anonymise_failures_test
