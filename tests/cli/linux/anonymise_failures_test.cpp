@@ -78,7 +78,9 @@ TEST_F(AnonymiseFailures, LeaveNothingOnAFullDisk) {
 }
 
 TEST_F(AnonymiseFailures, AreFoldersThatCannotBeMade) {
-    const std::string out = folder_.Path("copy");
+    fs::create_directory(folder_.Path("locked"));
+    fs::permissions(folder_.Path("locked"), fs::perms(0555));
+    const std::string out = folder_.Path("locked/copy");
     CAnonymisedFolder folder(out, root_.Path());
     const CBoundUser user;
     ASSERT_TRUE(user.IsBound());
