@@ -41,6 +41,18 @@ TEST_F(Drawdowns, GoFromPeakToValleyToRecovery) {
     EXPECT_EQ(Found().timeUnderWater, 0.5);  // 3 to 5 January, of six days
 }
 
+/// A deposit that isn't known goes on to be missing in the money that has come from results.
+TEST_F(Drawdowns, HaveNoMoneyBehindACashFlowThatIsUnknown) {
+    AddDay("20240102", "1000", "0", "1000");
+    AddDay("20240103", "900");
+    AddDay("20240104", "1500", "x");
+    AddDay("20240105", "1200");
+    ASSERT_EQ(Spans(), (List{"02 05 -"}));
+    const Drawdown drawdown = Found().drawdowns[0];
+    EXPECT_NEAR(drawdown.depth, 0.28, 1e-14);  // 0.9 of the peak, and 1200 of 1500 of that
+    EXPECT_EQ(drawdown.money, std::nullopt);
+}
+
 TEST_F(Drawdowns, TakeTheStartingBalanceForAPeak) {
     AddIndexes({0.9, 0.8, 1.0});
     ASSERT_EQ(Spans(), (List{"- 03 04"}));

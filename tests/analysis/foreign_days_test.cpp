@@ -58,6 +58,12 @@ TEST_F(ForeignDays, DontCountTheFirstWhereAPositionSaysThatItWasOpenBefore) {
     EXPECT_FALSE(CountsFirst());
 }
 
+TEST_F(ForeignDays, DontCountTheFirstWhereAPositionSaysNothingOfItsOpening) {
+    AddTraded("买", "2");
+    AddOpenLots("买", "2", "--");
+    EXPECT_FALSE(CountsFirst());
+}
+
 TEST_F(ForeignDays, DontCountTheFirstWhereAClosedRowSaysThatItWasOpenBefore) {
     AddClosedOf("20231229");
     EXPECT_FALSE(CountsFirst());

@@ -97,6 +97,17 @@ TEST_F(Margin, OfAProductHasNoUseWithoutEquity) {
     EXPECT_EQ(ReasonOf(analysis, "margin.products[0].maxUse"), "no day of it has an equity above 0");
 }
 
+TEST_F(Margin, OfAForeignProductHasNoUse) {
+    report.Request.StatementKind = kForeignKind;
+    AddUse("20240102", "1000", "400");
+    AddOpen("20240102", "S2403", "买", "1", "20240102", "100.00");
+    const Analysis analysis = Analysed();
+    ASSERT_EQ(analysis.margin.products.size(), 1U);
+    EXPECT_EQ(analysis.margin.products[0].maxUse, std::nullopt);
+    EXPECT_EQ(ReasonOf(analysis, "margin.products[0].maxUse"),
+              "margin of a foreign account is in its own currency, equity in the base currency");
+}
+
 TEST_F(Margin, IsThatOfTheSummaryWhereDetailsStateNone) {
     AddOpen("20240102", "rb2405", "买", "1", "20240102", "");
     AddSum("20240102", "rb2405", "买", "1", "70.00");

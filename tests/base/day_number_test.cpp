@@ -31,8 +31,9 @@ TEST(DayNumber, TakesTheFormsOfStatements) {
 }
 
 TEST(DayNumber, IsNothingForWhatIsNoDay) {
-    for (const char* const day : {"", "--", "20230229", "20241301", "20240100", "2024010", "202401055", "24-01-05",
-                                  "2024-01", "2024-01-05x", "2024-01/05", "2024-001-05", "yyyymmdd", "-2024-1-5"}) {
+    for (const char* const day :
+         {"", "--", "20230229", "20241301", "20240100", "2024010", "202401055", "24-01-05", "2024-01", "2024-01-05x",
+          "2024--05", "2024-01-", "2024-01/05", "2024-001-05", "yyyymmdd", "-2024-1-5"}) {
         EXPECT_EQ(DayNumberOf(day), std::nullopt) << day;
     }
 }

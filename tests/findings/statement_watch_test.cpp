@@ -91,12 +91,27 @@ TEST(StatementWatch, TakesMoneyThatATemplateCountsFromTheTop) {
     EXPECT_EQ(run.report.PrintedMoney[0][PrintedFigure::Equity], 35000);
 }
 
+/// A statement of 5 January that has the marks of its layout, and money.
+DayFile TabulatedFile(const std::string& day) {
+    return File(day, {"结算单", "制表时间：20240105", "资金状况", "=========", "期初结存： 5.00 期末结存： 5.00",
+                      "客户权益： 5.00 可用资金： 5.00", "", "成交记录", "---------", "|1|"});
+}
+
+TEST(StatementWatch, TakesAStatementOfAKnownDayForItsLayout) {
+    const CCheckedRun run({TabulatedFile("20240105"), TabulatedFile("20240108")}, {3});
+    ASSERT_EQ(run.report.PrintedMoney.size(), 1U) << "the second is passed over";
+    const StatementFacts& second = run.watch.Statements().back();
+    EXPECT_TRUE(second.isUsable);
+    EXPECT_EQ(CodesOf(second), Codes{FindingCode::WrongDay});
+}
+
 // A reader that passes over days it knows sees nothing of a statement but its date.
 TEST(StatementWatch, DoesntTakeAStatementOfAnotherLayoutForOneOfAKnownDay) {
-    const CCheckedRun run({File("20240105", {"制表时间：20240105", "资金状况", "|1|", "客户权益：5.00", "="}),
-                           File("20240108", {"制表时间：20240105", "资金类别", "客户权益: 5.00", "-"})},
+    const CCheckedRun run({TabulatedFile("20240105"),
+                           File("20240108", {"结算单", "制表时间：20240105", "资金类别", "客户权益: 5.00", "-"})},
                           {3});
     EXPECT_EQ(run.watch.Statements().front().layout, "tabulated");
+    ASSERT_EQ(run.report.PrintedMoney.size(), 1U) << "the day is known";
     const StatementFacts& second = run.watch.Statements().back();
     ASSERT_EQ(CodesOf(second), Codes{FindingCode::Unrecognised});
     EXPECT_EQ(second.findings[0].found, "--format 0");

@@ -47,6 +47,13 @@ protected:
     CTradeUnits units_;
 };
 
+/// In millionths, which the price is printed in, twice the turnover is counted with.
+TEST_F(TradeUnits, AreNothingWhereATurnoverIsBeyondAllNumbers) {
+    EXPECT_EQ(UnitBy("1.000001", "109500000", "1095001095000"), 10000);
+    EXPECT_EQ(UnitBy("1.000001", "219000000", "2190002190000"), 0);
+    EXPECT_EQ(UnitBy("1.000001", "999999999", "9999999999999"), 0);
+}
+
 TEST_F(TradeUnits, AreTurnoverByPriceAndLots) {
     EXPECT_EQ(UnitBy("3952", "1", "39520.00"), 10);
     EXPECT_EQ(UnitBy("68780", "3", "1031700.00"), 5);

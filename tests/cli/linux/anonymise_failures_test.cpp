@@ -3,7 +3,9 @@
 #include <sys/stat.h>
 
 #include <filesystem>
+#include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "cli/anonymise_command.h"
 #include "cli/anonymised_folder.h"
@@ -11,6 +13,7 @@
 #include "cli/input_file.h"
 #include "support/bound_user.h"
 #include "support/failing_file.h"
+#include "support/file_size_limit.h"
 #include "support/temp_folder.h"
 
 namespace tradebill::linux_anonymise_failures_test {
@@ -36,6 +39,53 @@ TEST_F(AnonymiseFailures, AreChainsThatCannotBeRead) {
     command.format = "1";
     EXPECT_THROW(static_cast<void>(RunAnonymiseCommand(command)), CUnreadableInput);
     EXPECT_FALSE(fs::exists(command.out));
+}
+
+TEST_F(AnonymiseFailures, AreStatementsThatCannotBeRead) {
+    PutFailingFile(root_.Path("Users/demo/Data/Bill/D90010002.20240102o.txt"));
+    AnonymiseCommand command;
+    command.root = root_.Path();
+    command.out = folder_.Path("copy");
+    command.format = "1";
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(RunAnonymiseCommand(command), 1);
+    const std::string told = testing::internal::GetCapturedStderr();
+    EXPECT_NE(told.find("D90010002.20240102o.txt: it can't be read: " + kFailingReason + "\n"), std::string::npos)
+        << told;
+    EXPECT_FALSE(fs::exists(command.out));
+}
+
+std::string FailureOf(CAnonymisedFolder& folder, const std::string& name, std::string_view bytes) {
+    try {
+        folder.Write(name, bytes);
+    } catch (const std::runtime_error& error) {
+        return error.what();
+    }
+    return {};
+}
+
+TEST_F(AnonymiseFailures, LeaveNothingOnAFullDisk) {
+    const std::string out = folder_.Path("copy");
+    {
+        CAnonymisedFolder folder(out, root_.Path());
+        const CFileSizeLimit limit(100);
+        EXPECT_EQ(FailureOf(folder, "Users/one.txt", std::string(100, 'x')), "");
+        EXPECT_EQ(FailureOf(folder, "Users/two.txt", std::string(101, 'x')),
+                  "can't write " + out + "/Users/two.txt: File too large; nothing of the copy is left");
+        EXPECT_TRUE(fs::exists(out + "/Users/one.txt"));
+    }
+    EXPECT_FALSE(fs::exists(out));
+}
+
+TEST_F(AnonymiseFailures, AreFoldersThatCannotBeMade) {
+    fs::create_directory(folder_.Path("locked"));
+    fs::permissions(folder_.Path("locked"), fs::perms(0555));
+    const std::string out = folder_.Path("locked/copy");
+    CAnonymisedFolder folder(out, root_.Path());
+    const CBoundUser user;
+    ASSERT_TRUE(user.IsBound());
+    EXPECT_EQ(FailureOf(folder, "Users/one.txt", "x"),
+              "can't write " + out + ": Permission denied; nothing of the copy is left");
 }
 
 TEST_F(AnonymiseFailures, AreFoldersThatNobodyMayLookInto) {

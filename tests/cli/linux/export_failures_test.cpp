@@ -37,6 +37,7 @@ protected:
         answer.err = testing::internal::GetCapturedStderr();
         return answer;
     }
+    static void Lock(const std::string& folder) { fs::permissions(folder, fs::perms(0555)); }
     [[nodiscard]] static std::string RefusalOf(const std::string& database) {
         return UsageErrorOf([&] { static_cast<void>(FindExportPlaces({}, database)); });
     }
@@ -45,14 +46,16 @@ protected:
 };
 
 TEST_F(ExportFailures, NameAFolderThatCannotBeMade) {
+    Lock(csv_);
     const CBoundUser user;
     ASSERT_TRUE(user.IsBound());
-    const Answer answer = Run(root_.Path("new"));
+    const Answer answer = Run(csv_ + "/new");
     EXPECT_EQ(answer.exit, 1);
-    EXPECT_TRUE(Says(answer.err, "can't write " + root_.Path("new") + ": Permission denied\n")) << answer.err;
+    EXPECT_TRUE(Says(answer.err, "can't write " + csv_ + "/new: Permission denied\n")) << answer.err;
 }
 
 TEST_F(ExportFailures, NameAFolderThatNobodyMayWriteInto) {
+    Lock(csv_);
     const CBoundUser user;
     ASSERT_TRUE(user.IsBound());
     const Answer answer = Run(csv_);

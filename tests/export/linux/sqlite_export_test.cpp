@@ -50,6 +50,8 @@ TEST_F(SqliteExport, LeavesDatabasesOfOthers) {
 
 TEST_F(SqliteExport, LeavesADatabaseThatTellsNoSchema) {
     ASSERT_EQ(Save().end, DatabaseEnd::Done);
+    CDatabaseReader(path_).Run("UPDATE meta SET value = NULL WHERE name = 'schema'");
+    EXPECT_EQ(Save().end, DatabaseEnd::Refused);
     CDatabaseReader(path_).Run("DELETE FROM meta WHERE name = 'schema'");
     const DatabaseResult result = Save();
     EXPECT_EQ(result.end, DatabaseEnd::Refused);
