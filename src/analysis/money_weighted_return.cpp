@@ -1,32 +1,38 @@
 #include "analysis/money_weighted_return.h"
 
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <optional>
 #include <span>
 #include <vector>
 
-#include "analysis/compensated_sum.h"
 #include "analysis/day_figures.h"
+#include "analysis/exact_power.h"
 
 namespace tradebill {
 namespace {
 
-constexpr double kYear = 365;  // days
+constexpr std::int64_t kYear = 365;   // days
+constexpr double kLeastStep = 1e-21;  // of a day's rate
 constexpr double kLargestFactor = 1e6;
 constexpr std::int64_t kLeastDays = 30;
 
-/// Worth of all payments at a rate whose factor has this logarithm: on the first day, or on the last for factors below
-/// 1, so that no payment outgrows its amount. Its sign is the same on any day.
-double WorthAt(std::span<const Payment> payments, double logFactor) {
-    const std::int64_t reference = logFactor >= 0 ? payments.front().day : payments.back().day;
-    CCompensatedSum worth;
-    for (const Payment& payment : payments) {
-        const double years = static_cast<double>(reference - payment.day) / kYear;
-        worth.Add(payment.amount * std::exp(logFactor * years));
+/// Worth of all payments where each day bears `daily`: on the first day, or on the last if it is below 0, so that no
+/// payment outgrows its amount. Its sign is the same on any day.
+double WorthAt(std::span<const Payment> payments, double daily) {
+    const Precise factor = PreciseSum({1, 0}, daily);
+    const bool toFirst = daily >= 0;
+    const Precise perDay = toFirst ? PreciseInverse(factor) : factor;
+    Precise worth;
+    const std::size_t count = payments.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::size_t at = toFirst ? count - 1 - i : i;
+        const std::size_t before = toFirst ? at + 1 : at - 1;
+        const std::int64_t days = i == 0 ? 0 : std::abs(payments[at].day - payments[before].day);
+        worth = PreciseSum(PreciseProduct(worth, PrecisePower(perDay, days)), payments[at].amount);
     }
-    return worth.Total();
+    return worth.high;
 }
 
 /// What goes in before the first day's end. Nothing if it isn't known.
@@ -52,22 +58,28 @@ std::optional<std::vector<Payment>> PaymentsOf(const DayFigures& figures) {
     return payments;
 }
 
+double YearlyRate(double daily) {
+    const Precise factor = PrecisePower(PreciseSum({1, 0}, daily), kYear);
+    return (factor.high - 1) + factor.low;
+}
+
 }  // namespace
 
 std::optional<double> InternalRateOf(std::span<const Payment> payments) {
     if (payments.empty()) return std::nullopt;
-    double high = std::log(kLargestFactor);
-    double low = -high;
+    double low = RootLessOne(1 / kLargestFactor, kYear);
+    double high = RootLessOne(kLargestFactor, kYear);
     const double atLow = WorthAt(payments, low);
     const double atHigh = WorthAt(payments, high);
     if (!(atLow < 0 && atHigh > 0) && !(atLow > 0 && atHigh < 0)) return std::nullopt;
-    for (;;) {
+    while (high - low > kLeastStep) {
         const double middle = low + (high - low) / 2;
-        if (middle <= low || middle >= high) return std::expm1(middle);
+        if (middle <= low || middle >= high) break;
         const double worth = WorthAt(payments, middle);
-        if (worth == 0) return std::expm1(middle);
+        if (worth == 0) return YearlyRate(middle);
         ((worth > 0) == (atLow > 0) ? low : high) = middle;
     }
+    return YearlyRate(low);
 }
 
 MoneyWeightedReturn MoneyWeightedReturnOf(const DayFigures& figures) {

@@ -2,19 +2,23 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <optional>
 #include <span>
 
 #include "analysis/compensated_sum.h"
 #include "analysis/day_results.h"
+#include "analysis/exact_power.h"
 
 namespace tradebill {
 namespace {
 
 std::optional<double> AnnualReturnOf(const RatioSources& sources) {
     if (sources.returns.empty()) return std::nullopt;
-    const double years = static_cast<double>(sources.returns.size()) / static_cast<double>(sources.tradingDays);
-    const double annual = std::pow(sources.lastIndex, 1 / years) - 1;
+    if (sources.lastIndex <= 0) return -1;
+    const double daily = RootLessOne(sources.lastIndex, static_cast<std::int64_t>(sources.returns.size()));
+    const Precise yearly = PrecisePower(PreciseSum({1, 0}, daily), sources.tradingDays);
+    const double annual = (yearly.high - 1) + yearly.low;
     return std::isfinite(annual) ? std::optional(annual) : std::nullopt;
 }
 
