@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "analysis/cash_kinds.h"
 #include "analysis/closed_groups.h"
 #include "analysis/day_figures.h"
 #include "analysis/distribution.h"
@@ -64,6 +65,7 @@ Analysis Analyse(const CReport& report, const AnalysisOptions& options) {
     TakeClosed(ClosedGroupsOf(report, trades, products), analysis);
     analysis.margin = MarginOf(report, figures, products);
     analysis.open = OpenPositionsOf(report, figures);
+    analysis.cashKinds = CashKindsOf(report);
     analysis.days = std::move(figures.results);
     analysis.reasons = NullReasonsOf(analysis, causes);
     return analysis;

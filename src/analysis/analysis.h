@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "analysis/cash_kinds.h"
 #include "analysis/closed_results.h"
 #include "analysis/day_results.h"
 #include "analysis/margin_results.h"
@@ -52,6 +53,7 @@ struct Analysis {
 
     MarginResult margin;
     std::vector<OpenPosition> open;
+    std::vector<CashKind> cashKinds;
 
     std::vector<NullReason> reasons;  ///< one for each null, in the order of the figures
 };

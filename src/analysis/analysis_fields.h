@@ -15,6 +15,7 @@
 #include <variant>
 
 #include "analysis/analysis.h"
+#include "analysis/cash_kinds.h"
 #include "analysis/closed_results.h"
 #include "analysis/day_results.h"
 #include "analysis/margin_results.h"
@@ -226,6 +227,13 @@ inline constexpr AnalysisField<OpenPosition> kOpenPositionFields[] = {
     analysis_fields::Of<&OpenPosition::floatPl>("floatPl"),
     analysis_fields::Of<&OpenPosition::margin>("margin"),
 };
+
+inline constexpr AnalysisField<CashKind> kCashKindFields[] = {
+    analysis_fields::Of<&CashKind::type>("CASH_TYPE"),
+    analysis_fields::Of<&CashKind::count>("count"),
+    analysis_fields::Of<&CashKind::cashIn>("cashIn"),
+    analysis_fields::Of<&CashKind::cashOut>("cashOut"),
+};
 // clang-format on
 
 namespace analysis_fields {
@@ -281,6 +289,7 @@ void VisitAnalysis(const Analysis& analysis, OnObject onObject, OnList onList) {
     object("margin", analysis.margin, kMarginFields);
     list("margin.products", analysis.margin.products, kProductMarginFields);
     list("open", analysis.open, kOpenPositionFields);
+    list("cashKinds", analysis.cashKinds, kCashKindFields);
 }
 
 }  // namespace tradebill

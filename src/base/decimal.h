@@ -31,6 +31,11 @@ struct Decimal {
     return static_cast<std::int64_t>(static_cast<std::uint64_t>(left) + static_cast<std::uint64_t>(right));
 }
 
+/// A difference that wraps, as WrappingSum does.
+[[nodiscard]] constexpr std::int64_t WrappingDifference(std::int64_t left, std::int64_t right) {
+    return static_cast<std::int64_t>(static_cast<std::uint64_t>(left) - static_cast<std::uint64_t>(right));
+}
+
 /// How far two amounts lie apart.
 [[nodiscard]] constexpr std::uint64_t DistanceOf(std::int64_t one, std::int64_t other) {
     const auto left = static_cast<std::uint64_t>(one);

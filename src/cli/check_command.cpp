@@ -52,9 +52,10 @@ int RunCheckCommand(const CheckCommand& command) {
     const PreparedRequest prepared = PrepareRequest(command.options);
     CReport report;
     CRunFindings faults(report, prepared);
+    faults.ReadSideRows();
     const auto result = RunWatched(report, prepared, command.quiet, ReadStatements, {.listener = faults.Listener()});
     if (!result) return kExitFailed;
-    const std::vector<Finding> findings = faults.Collect();
+    const std::vector<Finding> findings = faults.Collect(*result);
     if (result->statementsRead == 0 && result->problems.statements.empty()) {
         return FailWithoutStatement(*result, "there is nothing to check");
     }

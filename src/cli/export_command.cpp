@@ -120,6 +120,7 @@ int RunExportCommand(const ExportCommand& command) {
     RequireTemplate(prepared);
     CReport report;
     CRunFindings faults(report, prepared);
+    faults.ReadSideRows();
     const RunOptions options{.listener = faults.Listener(), .needsStatement = !command.force};
     const auto result = RunWatched(report, prepared, command.quiet, ReadStatements, options);
     if (!result) return kExitFailed;
@@ -127,7 +128,7 @@ int RunExportCommand(const ExportCommand& command) {
     if (result->end == RunEnd::NothingRead) {
         return FailWithoutStatement(*result, "nothing is written (--force writes tables all the same)");
     }
-    const std::vector<Finding> findings = faults.Collect();
+    const std::vector<Finding> findings = faults.Collect(*result);
     const Analysis analysis = Analyse(report, {.tradingDays = command.tradingDays});
     const ExportSource source{.report = report, .analysis = analysis, .findings = findings};
     const bool isDone = SaveTables(places, AccountOf(prepared.request), source, command.wait);

@@ -12,6 +12,7 @@
 #include "export/file_digest.h"
 #include "export/run_json.h"
 #include "platform/file.h"
+#include "platform/paths.h"
 #include "platform/system_error.h"
 #include "readers/scan_listener.h"
 #include "readers/statement_loader.h"
@@ -58,13 +59,20 @@ RunFacts FactsOf(const CReport& report, const PreparedRequest& prepared, const R
     RunFacts facts{
         .days = result.days, .statements = log.Statements(), .inputs = prepared.inputs, .page = std::nullopt};
     const auto add = [&](const char* kind, const std::string& path, bool mayLack) {
-        if (IsTold(path, result.problems)) return;
-        if (const auto digest = DigestOrReason(path, mayLack, unread)) facts.inputs.push_back({kind, *digest});
+        if (IsTold(path, result.problems)) return false;
+        const auto digest = DigestOrReason(path, mayLack, unread);
+        if (digest) facts.inputs.push_back({kind, *digest});
+        return digest.has_value();
     };
     const bool usedTemplate =
         std::ranges::find(facts.statements, kTemplateLayout, &StatementRead::layout) != facts.statements.end();
     add("chains", result.chainPath, report.ChainTable.Chains.empty());
-    if (!report.IsForeign()) add("template", report.TemplatePath, !usedTemplate);
+    const bool isCarried = !report.CarriedTemplate.empty();
+    const bool hasFile = !report.IsForeign() && add("template", report.TemplatePath, !usedTemplate || isCarried);
+    if (usedTemplate && isCarried && !hasFile) {
+        facts.inputs.push_back(
+            {"carriedTemplate", DigestOfBytes(FileNameOf(report.TemplatePath), report.CarriedTemplate)});
+    }
     if (result.pageWritten) facts.page = DigestOrReason(result.pagePath, false, unread);
     return facts;
 }

@@ -13,6 +13,7 @@
 #include "cli/findings_text.h"
 #include "cli/report_options.h"
 #include "cli/shown_text.h"
+#include "driver/report_run.h"
 #include "findings/account_findings.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
@@ -38,6 +39,7 @@ constexpr OptionName kOptions[] = {
     {"--account",       &ReportOptions::account},
     {"--from",          &ReportOptions::from},
     {"--to",            &ReportOptions::to},
+    {"--today",         &ReportOptions::today},
     {"--format",        &ReportOptions::format},
     {"--kind",          &ReportOptions::kind},
     {"--template",      &ReportOptions::templateName},
@@ -99,11 +101,11 @@ CRunFindings::CRunFindings(CReport& report, const PreparedRequest& prepared)
     if (prepared.products->GoesByFile()) watch_.TallyUnits();
 }
 
-std::vector<Finding> CRunFindings::Collect() {
+std::vector<Finding> CRunFindings::Collect(const RunResult& result) {
     std::vector<Finding> findings = FindingsOf(report_, watch_);
     isComplete_ = CheckRequestTemplate(report_, findings);
     TellDoubtfulUnits(DoubtfulUnits(prepared_.products->UsedUnits(), watch_.Units()), findings);
-    if (prepared_.lacksLiveFigures) findings.push_back(LiveFinding());
+    if (result.hasLiveRecord && !prepared_.present.hasLiveFigures) findings.push_back(LiveFinding());
     SortFindings(findings);
     return findings;
 }

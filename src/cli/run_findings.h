@@ -13,6 +13,7 @@
 namespace tradebill {
 
 class CReport;
+struct RunResult;
 
 /// Listens to a run of the program and gives what is wrong with it.
 class CRunFindings {
@@ -20,12 +21,13 @@ public:
     /// REQUIRES: both outlive this, and `report` is the one of the run.
     CRunFindings(CReport& report, const PreparedRequest& prepared);
 
+    /// Has the tables beside the page's own read as well, for exports and for who asks for all findings.
+    void ReadSideRows() { watch_.ReadSideRows(); }
+
     [[nodiscard]] CStatementListener* Listener() { return &watch_; }
 
-    /// All findings, the worst first.
-    ///
-    /// REQUIRES: the run is over.
-    [[nodiscard]] std::vector<Finding> Collect();
+    /// All findings, the worst first. `result` is what the run gave.
+    [[nodiscard]] std::vector<Finding> Collect(const RunResult& result);
 
     /// Whether all that Collect looks at could be read.
     [[nodiscard]] bool IsComplete() const { return isComplete_; }

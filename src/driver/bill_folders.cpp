@@ -8,12 +8,15 @@
 
 #include "base/day.h"
 #include "base/text.h"
+#include "driver/present_day.h"
 #include "driver/report_request.h"
 #include "driver/run_problems.h"
 #include "platform/paths.h"
 #include "platform/system_error.h"
+#include "report/account_key.h"
 #include "report/report.h"
 #include "report/report_document.h"
+#include "report/statement_name.h"
 
 namespace tradebill {
 namespace {
@@ -74,9 +77,17 @@ BillFolders PrepareBillFolders(CReport& report, const std::string& outFolder) {
 }
 
 std::string StatementPath(const CReport& report, const CalendarDay& day, bool isToday) {
-    const std::string path = DataFolder(report) + "/Bill/" + (report.IsForeign() ? "DWP" : "D") +
-                             report.Request.Account + "." + DayText(day) + (isToday ? ".txt" : "o.txt");
+    const AccountKey account{
+        .user = {}, .account = std::string(FieldText(report.Request.Account)), .isForeign = report.IsForeign()};
+    const std::string path = DataFolder(report) + "/Bill/" +
+                             StatementName(account, DayText(day), isToday ? kPresentEnding : kFinishedEnding);
     return path.substr(0, kLongestPath);
+}
+
+std::vector<std::string> StatementPaths(const CReport& report, const CalendarDay& day, const PresentDay& present) {
+    if (day != present.day) return {StatementPath(report, day, false)};
+    if (!present.mayBeFinished) return {StatementPath(report, day, true)};
+    return {StatementPath(report, day, false), StatementPath(report, day, true)};
 }
 
 std::string ChainPath(const CReport& report) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/day.h"
+#include "driver/present_day.h"
 #include "driver/report_request.h"
 #include "driver/run_problems.h"
 
@@ -31,6 +32,10 @@ BillFolders PrepareBillFolders(CReport& report, const std::string& outFolder = {
 
 /// The statement file of `day`. That of a finished day ends in "o".
 [[nodiscard]] std::string StatementPath(const CReport& report, const CalendarDay& day, bool isToday);
+
+/// Where the statement of `day` may lie: the first that is there is the day's.
+[[nodiscard]] std::vector<std::string> StatementPaths(const CReport& report, const CalendarDay& day,
+                                                      const PresentDay& present);
 
 /// The chain file of the request's kind.
 [[nodiscard]] std::string ChainPath(const CReport& report);

@@ -63,33 +63,39 @@ std::optional<RunError> ErrorOf(Work work) {
     return std::nullopt;
 }
 
-/// The statement of one day.
-struct DayFile {
+/// Where the statement of one day may lie.
+struct DayFiles {
     std::string day;
-    std::string path;
+    std::vector<std::string> paths;
 };
 
-/// Returns false if an error ends the run.
-bool ReadDay(CStatementLoader& loader, const DayFile& file, RunResult& result, CStatementListener* listener) {
-    StatementFile found;
-    auto error = ErrorOf([&] { found = loader.Load(file.day, file.path, listener); });
-    if (error) {
-        error->day = file.day;
-        error->path = file.path;
-        result.problems.error = std::move(error);
-        return false;
+enum class DayEnd { Read, NotRead, Failed };
+
+/// Reads the first of the files that is there. An error ends the run.
+DayEnd ReadDay(CStatementLoader& loader, const DayFiles& files, RunResult& result, CStatementListener* listener) {
+    for (const std::string& path : files.paths) {
+        StatementFile found;
+        auto error = ErrorOf([&] { found = loader.Load(files.day, path, listener); });
+        if (error) {
+            error->day = files.day;
+            error->path = path;
+            result.problems.error = std::move(error);
+            return DayEnd::Failed;
+        }
+        if (found.state == StatementState::Read) {
+            ++result.statementsRead;
+            return DayEnd::Read;
+        }
+        if (found.state != StatementState::Missing || !found.reason.empty()) {
+            result.problems.statements.push_back({files.day, path, found.state, std::move(found.reason)});
+            return DayEnd::NotRead;
+        }
     }
-    if (found.state == StatementState::Read) {
-        ++result.statementsRead;
-    } else if (found.state != StatementState::Missing || !found.reason.empty()) {
-        result.problems.statements.push_back({file.day, file.path, found.state, std::move(found.reason)});
-    }
-    return true;
+    return DayEnd::NotRead;
 }
 
 /// Reads the statements of all days, up to where the run ends.
-RunEnd ReadDays(CReport& report, const CalendarDay& today, RunResult& result, CRunWatcher* watcher,
-                const RunOptions& options) {
+RunEnd ReadDays(CReport& report, RunResult& result, CRunWatcher* watcher, const RunOptions& options) {
     CStatementLoader loader(report, options.access, options.statementLimit);
     const int days = CountDays(report.ReportDays);
     const bool sawAll = WalkDays(report.ReportDays, [&](const CalendarDay& day) {
@@ -97,8 +103,10 @@ RunEnd ReadDays(CReport& report, const CalendarDay& today, RunResult& result, CR
         const std::string dayText = DayText(day);
         ++result.days;
         if (watcher != nullptr) watcher->OnDay(result.days, std::max(days, result.days), dayText);
-        const std::string path = StatementPath(report, day, day == today);
-        return ReadDay(loader, {dayText, path}, result, options.listener);
+        const DayFiles files{dayText, StatementPaths(report, day, options.present)};
+        const DayEnd end = ReadDay(loader, files, result, options.listener);
+        if (end == DayEnd::Read && day == options.present.day) result.readPresentDay = true;
+        return end != DayEnd::Failed;
     });
     if (loader.TemplateProblem()) result.problems.inputs.push_back(*loader.TemplateProblem());
     if (sawAll) return RunEnd::Finished;
@@ -131,7 +139,7 @@ void FinishStatistics(CReport& report) {
 }
 
 /// Returns false if the names in `request` end the run before it reads anything.
-bool Begin(CReport& report, const GenerateBillRequest& request, RunResult& result) {
+bool Begin(CReport& report, const GenerateBillRequest& request, const RunOptions& options, RunResult& result) {
     report.Clear();
     result.problems.names = WhyNamesFail(request);
     if (!result.problems.names.empty()) {
@@ -144,6 +152,7 @@ bool Begin(CReport& report, const GenerateBillRequest& request, RunResult& resul
     if (auto unread = report.ChainTable.Load(result.chainPath)) result.problems.inputs.push_back(*std::move(unread));
     report.Request = CopyRequest(request);
     report.TemplatePath = TemplatePath(report);
+    report.CarriedTemplate = options.carriedTemplate;
     const std::time_t now = PresentTime();
     report.ReportDocument.WorkFolder.clear();
     report.ReportDays = {now, now};  // which is what a refused date leaves behind
@@ -155,13 +164,14 @@ bool Begin(CReport& report, const GenerateBillRequest& request, RunResult& resul
 
 /// From the first statement to the statistics, unless the run ends before.
 void ReadAndCompute(CReport& report, RunResult& result, CRunWatcher* watcher, const RunOptions& options) {
-    const CalendarDay today = LocalDayOf(PresentTime());
-    result.end = ReadDays(report, today, result, watcher, options);
+    result.end = ReadDays(report, result, watcher, options);
     if (result.end == RunEnd::Finished && options.needsStatement && result.statementsRead == 0) {
         result.end = RunEnd::NothingRead;
     }
     if (result.end != RunEnd::Finished) return;
-    if (LocalDayOf(report.ReportDays.last) == today) MergeLiveFigures(report);
+    const bool endsWithIt = LocalDayOf(report.ReportDays.last) == options.present.day;
+    result.hasLiveRecord = endsWithIt && (options.present.hasLiveFigures || !result.readPresentDay);
+    if (result.hasLiveRecord) MergeLiveFigures(report);
     if (watcher != nullptr) watcher->OnStage("statistics");
     FinishStatistics(report);
 }
@@ -242,7 +252,7 @@ void MakePageAndPictures(CReport& report, const BillFolders& folders, CRunWatche
 
 void MakeReport(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher, const RunOptions& options,
                 RunResult& result) {
-    if (!Begin(report, request, result)) return;
+    if (!Begin(report, request, options, result)) return;
     BillFolders folders;
     if (!options.needsStatement)
         folders = PrepareFolders(report, options, result);  // hosts find them from the first day on
@@ -273,7 +283,7 @@ RunResult ResultOf(const CReport& report, Work work) {
 RunResult ReadAccount(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
                       const RunOptions& options) {
     return ResultOf(report, [&](RunResult& result) {
-        if (!Begin(report, request, result)) return;
+        if (!Begin(report, request, options, result)) return;
         ReadAndCompute(report, result, watcher, options);
         report.MoneyStore.ChartSizes = MeasureCharts(report);
     });
@@ -282,7 +292,7 @@ RunResult ReadAccount(CReport& report, const GenerateBillRequest& request, CRunW
 RunResult ReadStatements(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
                          const RunOptions& options) {
     return ResultOf(report, [&](RunResult& result) {
-        if (!Begin(report, request, result)) return;
+        if (!Begin(report, request, options, result)) return;
         ReadAndCompute(report, result, watcher, options);
     });
 }

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "driver/present_day.h"
 #include "driver/report_request.h"
 #include "driver/run_problems.h"
 #include "readers/statement_limit.h"
@@ -38,6 +39,8 @@ struct RunResult {
     bool pageWritten = false;
     std::string pagePath;
     std::string chainPath;           ///< where the chain file was looked for; empty if the run didn't come so far
+    bool readPresentDay = false;     ///< the statement of the present day was read
+    bool hasLiveRecord = false;      ///< live figures, which may be empty, are the last record
     std::vector<ProductUnit> units;  ///< that the products' source says were asked for
     RunProblems problems;
 };
@@ -58,6 +61,8 @@ struct RunOptions {
     StatementLimit statementLimit = {};
     std::string outFolder = {};   ///< where page and pictures go, made if missing; empty: beside the statements
     bool needsStatement = false;  ///< nothing at all is written, and no folder made, unless a statement was read
+    PresentDay present = {};
+    std::string_view carriedTemplate = {};  ///< text in place of a template that isn't there; outlives the report
     /// Seconds to wait for another program that writes the same page; nothing: it isn't looked for.
     std::optional<int> wait = {};
 };

@@ -7,9 +7,8 @@
 #include "driver/bill_folders.h"
 #include "driver/report_days.h"
 #include "driver/report_request.h"
-#include "platform/local_time.h"
+#include "driver/report_run.h"
 #include "readers/scan_listener.h"
-#include "readers/statement_limit.h"
 #include "readers/statement_loader.h"
 #include "report/records.h"
 #include "report/report.h"
@@ -20,15 +19,16 @@ namespace tradebill {
 namespace {
 
 /// `scratch` gets the days' money records, by which later statements of a known day are passed over.
-void ReadTrades(CReport& scratch, const StatementLimit& limit, TradeTally& tally) {
-    CStatementLoader loader(scratch, StatementAccess::ReadAlone, limit);
+void ReadTrades(CReport& scratch, const RunOptions& options, TradeTally& tally) {
+    CStatementLoader loader(scratch, StatementAccess::ReadAlone, options.statementLimit);
     loader.WantOnlyRows(SectionKind::Trades);
-    const CalendarDay today = LocalDayOf(PresentTime());
     WalkDays(scratch.ReportDays, [&](const CalendarDay& day) {
-        const std::string path = StatementPath(scratch, day, day == today);
-        const StatementFile file = loader.Load(DayText(day), path);
-        const bool isRead = file.state == StatementState::Read || file.state == StatementState::Missing;
-        if (!isRead) tally.unread.push_back({path, file.state, file.reason});
+        for (const std::string& path : StatementPaths(scratch, day, options.present)) {
+            const StatementFile file = loader.Load(DayText(day), path);
+            if (file.state == StatementState::Missing) continue;
+            if (file.state != StatementState::Read) tally.unread.push_back({path, file.state, file.reason});
+            break;
+        }
         for (const MatchRecord& trade : scratch.MatchStore.Rows) tally.units.Feed(trade);
         scratch.MatchStore.Clear();
         return true;
@@ -38,16 +38,17 @@ void ReadTrades(CReport& scratch, const StatementLimit& limit, TradeTally& tally
 
 }  // namespace
 
-TradeTally TallyTrades(const GenerateBillRequest& request, const std::string& rootFolder, const StatementLimit& limit) {
+TradeTally TallyTrades(const GenerateBillRequest& request, const std::string& rootFolder, const RunOptions& options) {
     TradeTally tally;
     CReport scratch;
     scratch.Request = CopyRequest(request);
     if (scratch.IsForeign()) return tally;
     scratch.RootFolder = rootFolder;
     scratch.TemplatePath = TemplatePath(scratch);
+    scratch.CarriedTemplate = options.carriedTemplate;
     try {
         scratch.ReportDays = ReportDaysOf(scratch.Request);
-        ReadTrades(scratch, limit, tally);
+        ReadTrades(scratch, options, tally);
     } catch (const CReportError&) {
         return tally;
     }

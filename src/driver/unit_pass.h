@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "driver/report_request.h"
+#include "driver/report_run.h"
 #include "platform/file.h"
-#include "readers/statement_limit.h"
 #include "report/trade_units.h"
 
 namespace tradebill {
@@ -18,10 +18,10 @@ struct TradeTally {
     std::vector<UnreadFile> unread;  ///< statements and template that are there; their trades aren't in the tally
 };
 
-/// Tallies the trades of all statements that a run of `request` reads below `rootFolder`, by the same readers, from
-/// files that are opened for reading alone. Nothing of it for the foreign family, whose reports ask for no unit.
-/// Nobody is told: an error, which the run meets itself, ends it with what was tallied by then.
+/// Tallies the trades of all statements that a run of `request` with `options` reads below `rootFolder`, by the same
+/// readers, from files that are opened for reading alone. Nothing of it for the foreign family, whose reports ask for
+/// no unit. Nobody is told: an error, which the run meets itself, ends it with what was tallied by then.
 [[nodiscard]] TradeTally TallyTrades(const GenerateBillRequest& request, const std::string& rootFolder,
-                                     const StatementLimit& limit = {});
+                                     const RunOptions& options = {});
 
 }  // namespace tradebill

@@ -56,9 +56,9 @@ bool KeepOlder(CsvFile& file) {
     return file.hasOlder;
 }
 
-/// Puts a file of before back into its place. False if it stays beside it.
+/// Puts a file of before back into its place, which it may not have left. False if it stays beside it.
 bool PutBack(const CsvFile& file) {
-    if (IsSameFile(file.older, file.path)) return true;
+    if (IsSameFile(file.older, file.path) || HoldSameBytes(file.older, file.path)) return true;
     return MoveOver(file.older, file.path) || CopyOver(file.older, file.path);
 }
 

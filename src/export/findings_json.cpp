@@ -13,34 +13,23 @@
 namespace tradebill {
 namespace {
 
-void WriteText(CJsonText& json, std::string_view name, std::string_view text) {
-    json.Name(name);
-    json.Utf8Text(text);
-}
-
-void WriteTextOrNull(CJsonText& json, std::string_view name, std::string_view text) {
-    if (!text.empty()) return WriteText(json, name, text);
-    json.Name(name);
-    json.Null();
-}
-
 void WriteFinding(CJsonText& json, const Finding& finding) {
     json.Space('\n');
     json.OpenObject();
-    WriteText(json, "code", KindOf(finding.code).name);
-    WriteText(json, "severity", SeverityName(finding.severity));
-    WriteTextOrNull(json, "day", finding.day);
-    WriteTextOrNull(json, "file", finding.file);
+    json.NamedText("code", KindOf(finding.code).name);
+    json.NamedText("severity", SeverityName(finding.severity));
+    json.NamedTextOrNull("day", finding.day);
+    json.NamedTextOrNull("file", finding.file);
     json.Name("row");
     if (finding.row) {
         json.Number(std::int32_t{*finding.row});
     } else {
         json.Null();
     }
-    WriteTextOrNull(json, "section", finding.section ? SectionName(*finding.section) : std::string_view());
-    WriteText(json, "expected", finding.expected);
-    WriteText(json, "found", finding.found);
-    WriteText(json, "text", SentencesOf(finding));
+    json.NamedTextOrNull("section", finding.section ? SectionName(*finding.section) : std::string_view());
+    json.NamedText("expected", finding.expected);
+    json.NamedText("found", finding.found);
+    json.NamedText("text", SentencesOf(finding));
     json.CloseObject();
 }
 

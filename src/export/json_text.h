@@ -34,6 +34,17 @@ public:
     void Text(std::string_view gbk);
     /// A text that is UTF-8 already; what is no UTF-8 in it becomes U+FFFD.
     void Utf8Text(std::string_view utf8);
+    /// A name and a text that is UTF-8.
+    void NamedText(std::string_view name, std::string_view utf8) {
+        Name(name);
+        Utf8Text(utf8);
+    }
+    /// Null for an empty text.
+    void NamedTextOrNull(std::string_view name, std::string_view utf8) {
+        if (!utf8.empty()) return NamedText(name, utf8);
+        Name(name);
+        Null();
+    }
     void Null();
     void Truth(bool value);
     void Number(std::int32_t number) { Number(std::int64_t{number}); }

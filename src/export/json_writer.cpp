@@ -24,6 +24,7 @@
 #include "report/record_fields.h"
 #include "report/records.h"
 #include "report/report.h"
+#include "report/side_records.h"
 #include "report/trade_statistics.h"
 
 namespace tradebill {
@@ -35,8 +36,9 @@ void WriteFigure(CJsonText& json, const FigureValue& figure) {
     json.Number(std::get<double>(figure));
 }
 
-template <class Record, std::size_t N>
-void WriteTexts(CJsonText& json, const Record& record, const TextField<Record> (&fields)[N]) {
+/// `Field` is a TextField or a SideField.
+template <class Record, class Field, std::size_t N>
+void WriteTexts(CJsonText& json, const Record& record, const Field (&fields)[N]) {
     for (const auto& field : fields) {
         json.Name(field.name);
         json.Text(field.Text(record));
@@ -44,8 +46,8 @@ void WriteTexts(CJsonText& json, const Record& record, const TextField<Record> (
 }
 
 /// The amounts among the fields, as numbers. The object is left open.
-template <class Record, std::size_t N>
-void OpenValues(CJsonText& json, const Record& record, const TextField<Record> (&fields)[N]) {
+template <class Record, class Field, std::size_t N>
+void OpenValues(CJsonText& json, const Record& record, const Field (&fields)[N]) {
     json.Name("values");
     json.OpenObject();
     for (const auto& field : fields) {
@@ -55,8 +57,8 @@ void OpenValues(CJsonText& json, const Record& record, const TextField<Record> (
     }
 }
 
-template <class Record, std::size_t N>
-void WriteRecord(CJsonText& json, const Record& record, const TextField<Record> (&fields)[N]) {
+template <class Record, class Field, std::size_t N>
+void WriteRecord(CJsonText& json, const Record& record, const Field (&fields)[N]) {
     WriteTexts(json, record, fields);
     OpenValues(json, record, fields);
     json.CloseObject();
@@ -122,6 +124,18 @@ void WriteMembers(CJsonText& json, const OpiDetail& record) {
 
 void WriteMembers(CJsonText& json, const OpiSum& record) {
     WriteRecord(json, record, kOpiSumFields);
+}
+
+void WriteMembers(CJsonText& json, const CashRecord& record) {
+    WriteRecord(json, record, kCashFields);
+}
+
+void WriteMembers(CJsonText& json, const ExerciseRecord& record) {
+    WriteRecord(json, record, kExerciseFields);
+}
+
+void WriteMembers(CJsonText& json, const DeliveryRecord& record) {
+    WriteRecord(json, record, kDeliveryFields);
 }
 
 void WriteMembers(CJsonText& json, const ContractOffset& offset) {
@@ -251,6 +265,9 @@ void WriteJson(const CReport& report, const JsonParts& parts, std::ostream& out)
     WriteClosedRows(json, report);
     WriteLines(json, "positions", report.OpiDetailStore.Rows);
     WriteLines(json, "positionSums", report.OpiSumStore.Rows);
+    WriteLines(json, "cash", report.SideRecords.Cash);
+    WriteLines(json, "exercises", report.SideRecords.Exercises);
+    WriteLines(json, "deliveries", report.SideRecords.Deliveries);
     WriteLines(json, "offsets", report.ReportDocument.Offsets);
     WriteLines(json, "chains", report.ChainTable.Chains);
     WriteLines(json, "days", report.TradeStatistics.DayFigures.Days);

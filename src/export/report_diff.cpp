@@ -25,9 +25,10 @@ using Rows = std::vector<KeyedRow>;
 constexpr const char* kValues = "values";
 
 // Names that aren't here come behind those that are.
-constexpr std::string_view kBlocks[] = {"schema", "program",   "run",          "money",   "currencies", "matches",
-                                        "closed", "positions", "positionSums", "offsets", "chains",     "days",
-                                        "usage",  "account",   "analysis",     "findings"};
+constexpr std::string_view kBlocks[] = {"schema",    "program",    "run",       "money",        "currencies",
+                                        "matches",   "closed",     "positions", "positionSums", "cash",
+                                        "exercises", "deliveries", "offsets",   "chains",       "days",
+                                        "usage",     "account",    "analysis",  "findings"};
 
 std::string ShortJson(const Json& value) {
     if (value.is_object()) return "{...}";

@@ -38,6 +38,9 @@ constexpr ListKey kListKeys[] = {
     {"closed",                   {"BILL_DATE", "CONTRACT", "DELIVERY", "BID", "OPEN_DATE", "HEDGE"}},
     {"positions",                {"BILL_DATE", "CONTRACT", "DELIVERY", "BID", "OPEN_DATE", "HEDGE"}},
     {"positionSums",             {"BILL_DATE", "CONTRACT", "DELIVERY", "BID", "HEDGE"}},
+    {"cash",                     {"BILL_DATE", "CASH_DATE", "CASH_TYPE", "NOTE"}},
+    {"exercises",                {"BILL_DATE", "EXERCISE_DATE", "CONTRACT", "BID", "HEDGE"}},
+    {"deliveries",               {"BILL_DATE", "DELIVERY_DATE", "CONTRACT", "BID", "HEDGE"}},
     {"offsets",                  {"CONTRACT", "DELIVERY", "CURRENCY"}},
     {"chains",                   {"ItemBase"}},
     {"days",                     {"Day"}},
@@ -56,6 +59,7 @@ constexpr ListKey kListKeys[] = {
     {"analysis.concentration",   {"currency"}},
     {"analysis.margin.products", {"product", "currency"}},
     {"analysis.open",            {"contract", "side", "currency", "openDay"}},
+    {"analysis.cashKinds",       {"CASH_TYPE"}},
     {"findings",                 {"code", "day", "file", "row", "section"}},
 };
 // clang-format on
@@ -84,9 +88,12 @@ std::string KeyOf(std::span<const char* const> fields, const Json& row) {
     return key;
 }
 
-/// The lists that may hold millions of rows, which aren't kept as trees.
+/// May hold millions of rows, which aren't kept as trees.
+constexpr std::string_view kRowLists[] = {"matches", "closed",    "positions", "positionSums",
+                                          "cash",    "exercises", "deliveries"};
+
 bool HoldsRecords(const std::string& name) {
-    return name == "matches" || name == "closed" || name == "positions" || name == "positionSums";
+    return std::ranges::find(kRowLists, name) != std::end(kRowLists);
 }
 
 /// Hears of each value as it is parsed; true keeps it.

@@ -20,26 +20,15 @@
 namespace tradebill {
 namespace {
 
-void WriteUtf8(CJsonText& json, std::string_view name, std::string_view utf8) {
-    json.Name(name);
-    json.Utf8Text(utf8);
-}
-
-void WriteUtf8OrNull(CJsonText& json, std::string_view name, std::string_view utf8) {
-    if (!utf8.empty()) return WriteUtf8(json, name, utf8);
-    json.Name(name);
-    json.Null();
-}
-
 void WriteNumber(CJsonText& json, std::string_view name, std::int64_t number) {
     json.Name(name);
     json.Number(number);
 }
 
 void WriteDigest(CJsonText& json, const FileDigest& digest) {
-    WriteUtf8(json, "file", digest.file);
+    json.NamedText("file", digest.file);
     WriteNumber(json, "size", static_cast<std::int64_t>(digest.size));
-    WriteUtf8(json, "sha256", digest.sha256);
+    json.NamedText("sha256", digest.sha256);
 }
 
 std::string DayOf(std::time_t time) {
@@ -49,8 +38,8 @@ std::string DayOf(std::time_t time) {
 void WriteDays(CJsonText& json, const CReport& report, const RunFacts& run) {
     json.Name("days");
     json.OpenObject();
-    WriteUtf8(json, "from", DayOf(report.ReportDays.first));
-    WriteUtf8(json, "to", DayOf(report.ReportDays.last));
+    json.NamedText("from", DayOf(report.ReportDays.first));
+    json.NamedText("to", DayOf(report.ReportDays.last));
     WriteNumber(json, "walked", run.days);
     WriteNumber(json, "read", static_cast<std::int64_t>(run.statements.size()));
     json.CloseObject();
@@ -62,14 +51,14 @@ void WriteStatements(CJsonText& json, const CReport& report, const RunFacts& run
     for (const StatementRead& statement : run.statements) {
         json.Space('\n');
         json.OpenObject();
-        WriteUtf8(json, "day", statement.day);
+        json.NamedText("day", statement.day);
         json.Name("format");
         if (report.IsForeign()) {
             json.Null();  // the foreign family has one layout and no number
         } else {
             json.Number(report.Request.StatementFormat);
         }
-        WriteUtf8OrNull(json, "layout", statement.layout);
+        json.NamedTextOrNull("layout", statement.layout);
         WriteDigest(json, statement.file);
         json.CloseObject();
     }
@@ -82,7 +71,7 @@ void WriteInputs(CJsonText& json, const RunFacts& run) {
     for (const InputRead& input : run.inputs) {
         json.Space('\n');
         json.OpenObject();
-        WriteUtf8(json, "kind", input.kind);
+        json.NamedText("kind", input.kind);
         WriteDigest(json, input.file);
         json.CloseObject();
     }
@@ -98,7 +87,7 @@ void WriteUnits(CJsonText& json, const CProductSource* products) {
         json.Text(used.product);
         json.Name("unit");
         json.Number(used.unit);
-        WriteUtf8(json, "source", UnitSourceName(used.source));
+        json.NamedText("source", UnitSourceName(used.source));
         json.CloseObject();
     }
     json.CloseList();
@@ -117,10 +106,10 @@ void WritePage(CJsonText& json, const RunFacts& run) {
 void WriteRun(CJsonText& json, const CReport& report, const RunFacts& run) {
     json.OpenObject();
     const AccountKey account = AccountOf(report.Request);
-    WriteUtf8(json, "user", account.user);
-    WriteUtf8(json, "account", account.account);
-    WriteUtf8(json, "kind", KindName(account.isForeign));
-    WriteUtf8OrNull(json, "template", Utf8Path(std::string(FieldText(report.Request.TemplateName))));
+    json.NamedText("user", account.user);
+    json.NamedText("account", account.account);
+    json.NamedText("kind", KindName(account.isForeign));
+    json.NamedTextOrNull("template", Utf8Path(std::string(FieldText(report.Request.TemplateName))));
     json.Name("marginOffset");
     json.Truth(!report.IsForeign() && report.Request.MarginOffsetFlag == 1);
     WriteNumber(json, "dpi", report.Request.Dpi);

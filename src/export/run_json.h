@@ -22,8 +22,8 @@ struct StatementRead {
 
 /// Another file that decided what the report says.
 struct InputRead {
-    std::string
-        kind;  ///< "request", "units", "carriedUnits" (the program's own), "products", "live", "chains" or "template"
+    std::string kind;  ///< "request", "units", "carriedUnits" (the program's own), "products", "live", "chains",
+                       ///< "template" or "carriedTemplate"
     FileDigest file;
 };
 

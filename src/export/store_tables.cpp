@@ -24,7 +24,7 @@
 #include "report/record_fields.h"
 #include "report/records.h"
 #include "report/report.h"
-#include "report/row_store.h"
+#include "report/side_records.h"
 
 namespace tradebill {
 namespace {
@@ -37,17 +37,16 @@ ExportCell CellOf(const ExportColumn& column, std::string_view text) {
 }
 
 /// The cells of a record's fields, from the first column on.
-template <class Record, std::size_t N>
-void FillCells(const Record& record, const TextField<Record> (&fields)[N], std::span<const ExportColumn> columns,
+template <class Record, class Field, std::size_t N>
+void FillCells(const Record& record, const Field (&fields)[N], std::span<const ExportColumn> columns,
                std::span<ExportCell> cells) {
     for (std::size_t i = 0; i < N; ++i) cells[i] = CellOf(columns[i], fields[i].Text(record));
 }
 
-template <class Record, std::size_t N>
-void WalkStore(const CRowStore<Record>& store, const TextField<Record> (&fields)[N],
-               const std::array<ExportColumn, N>& columns, CRowSink& sink) {
+template <class Rows, class Field, std::size_t N>
+void WalkRows(const Rows& rows, const Field (&fields)[N], const std::array<ExportColumn, N>& columns, CRowSink& sink) {
     std::array<ExportCell, N> cells;
-    for (const Record& record : store.Rows) {
+    for (const auto& record : rows) {
         FillCells(record, fields, columns, cells);
         sink.OnRow(cells);
     }
@@ -105,7 +104,7 @@ void WalkCurrencyDays(const ExportSource& source, CRowSink& sink) {
 }
 
 void WalkTrades(const ExportSource& source, CRowSink& sink) {
-    WalkStore(source.report.MatchStore, kMatchFields, kTradeColumns, sink);
+    WalkRows(source.report.MatchStore.Rows, kMatchFields, kTradeColumns, sink);
 }
 
 void WalkClosed(const ExportSource& source, CRowSink& sink) {
@@ -120,11 +119,23 @@ void WalkClosed(const ExportSource& source, CRowSink& sink) {
 }
 
 void WalkPositions(const ExportSource& source, CRowSink& sink) {
-    WalkStore(source.report.OpiDetailStore, kOpiDetailFields, kPositionColumns, sink);
+    WalkRows(source.report.OpiDetailStore.Rows, kOpiDetailFields, kPositionColumns, sink);
 }
 
 void WalkPositionSums(const ExportSource& source, CRowSink& sink) {
-    WalkStore(source.report.OpiSumStore, kOpiSumFields, kPositionSumColumns, sink);
+    WalkRows(source.report.OpiSumStore.Rows, kOpiSumFields, kPositionSumColumns, sink);
+}
+
+void WalkCash(const ExportSource& source, CRowSink& sink) {
+    WalkRows(source.report.SideRecords.Cash, kCashFields, kCashColumns, sink);
+}
+
+void WalkExercises(const ExportSource& source, CRowSink& sink) {
+    WalkRows(source.report.SideRecords.Exercises, kExerciseFields, kExerciseColumns, sink);
+}
+
+void WalkDeliveries(const ExportSource& source, CRowSink& sink) {
+    WalkRows(source.report.SideRecords.Deliveries, kDeliveryFields, kDeliveryColumns, sink);
 }
 
 }  // namespace tradebill

@@ -12,13 +12,15 @@
 #include "export/table.h"
 #include "report/record_fields.h"
 #include "report/records.h"
+#include "report/side_records.h"
 
 namespace tradebill {
 
 namespace store_tables {
 
-template <class Record>
-constexpr ExportColumn ColumnOf(const TextField<Record>& field) {
+/// `Field` is a TextField or a SideField.
+template <class Field>
+constexpr ExportColumn ColumnOf(const Field& field) {
     const bool isDay = field.name.ends_with("_DATE");
     return {.name = field.name,
             .kind = field.isAmount ? ColumnKind::Number : (isDay ? ColumnKind::Day : ColumnKind::Text),
@@ -40,11 +42,11 @@ constexpr auto DayColumns(const std::array<ExportColumn, N>& record) {
 }
 
 /// The columns of a record's fields, with `More` behind them.
-template <std::size_t More = 0, class Record, std::size_t N>
-constexpr std::array<ExportColumn, N + More> ColumnsOf(const TextField<Record> (&fields)[N],
+template <std::size_t More = 0, class Field, std::size_t N>
+constexpr std::array<ExportColumn, N + More> ColumnsOf(const Field (&fields)[N],
                                                        const std::array<ExportColumn, More>& more = {}) {
     std::array<ExportColumn, N + More> columns{};
-    std::ranges::transform(fields, columns.begin(), ColumnOf<Record>);
+    std::ranges::transform(fields, columns.begin(), ColumnOf<Field>);
     std::ranges::copy(more, columns.begin() + N);
     return columns;
 }
@@ -69,6 +71,9 @@ inline constexpr auto kTradeColumns = store_tables::ColumnsOf(kMatchFields);
 inline constexpr auto kClosedColumns = store_tables::ColumnsOf(kPingFields, store_tables::kClosedSideColumns);
 inline constexpr auto kPositionColumns = store_tables::ColumnsOf(kOpiDetailFields);
 inline constexpr auto kPositionSumColumns = store_tables::ColumnsOf(kOpiSumFields);
+inline constexpr auto kCashColumns = store_tables::ColumnsOf(kCashFields);
+inline constexpr auto kExerciseColumns = store_tables::ColumnsOf(kExerciseFields);
+inline constexpr auto kDeliveryColumns = store_tables::ColumnsOf(kDeliveryFields);
 
 /// Oldest first; records that are no day of the analysis come behind the others, without one.
 void WalkDays(const ExportSource& source, CRowSink& sink);
@@ -79,5 +84,8 @@ void WalkTrades(const ExportSource& source, CRowSink& sink);
 void WalkClosed(const ExportSource& source, CRowSink& sink);
 void WalkPositions(const ExportSource& source, CRowSink& sink);
 void WalkPositionSums(const ExportSource& source, CRowSink& sink);
+void WalkCash(const ExportSource& source, CRowSink& sink);
+void WalkExercises(const ExportSource& source, CRowSink& sink);
+void WalkDeliveries(const ExportSource& source, CRowSink& sink);
 
 }  // namespace tradebill

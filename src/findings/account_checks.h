@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "findings/finding.h"
+#include "findings/section_facts.h"
 #include "findings/statement_facts.h"
+#include "readers/scan_listener.h"
 #include "report/printed_money.h"
 
 namespace tradebill {
@@ -25,6 +27,13 @@ using StatementList = std::vector<StatementFacts>;
 [[nodiscard]] const PrintedMoney* FindMoney(const CReport& report, const StatementFacts& statement,
                                             std::string_view currency);
 
+/// A row that is wrong by itself. `isShifted` tells it from one that is no row of its section at all.
+[[nodiscard]] Finding FindingOfRow(const StatementFacts& statement, SectionKind section, const RowFault& fault,
+                                   bool isShifted);
+
+/// Adds one for each row of totals of `section` that doesn't agree with the rows above it.
+void TellTotals(const StatementFacts& statement, const SectionFacts& section, std::vector<Finding>& findings);
+
 /// Rows that are shifted or made no record, and totals.
 void CheckRows(const StatementList& statements, std::vector<Finding>& findings);
 
@@ -33,6 +42,9 @@ void CheckSections(const CReport& report, const StatementList& statements, std::
 
 /// The account's balance and its available funds, day by day.
 void CheckMoney(const CReport& report, const StatementList& statements, std::vector<Finding>& findings);
+
+/// The tables beside the page's own: rows that can't be read, totals, and the money figures that they add up to.
+void CheckSideTables(const CReport& report, const StatementList& statements, std::vector<Finding>& findings);
 
 /// Days against the days before them: missing ones, balances, open lots, and statements that came twice.
 ///

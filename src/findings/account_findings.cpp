@@ -47,6 +47,7 @@ std::vector<Finding> FindingsOf(const CReport& report, const CStatementWatch& wa
     CheckRows(watch.Statements(), findings);
     CheckSections(report, watch.Statements(), findings);
     CheckMoney(report, watch.Statements(), findings);
+    CheckSideTables(report, watch.Statements(), findings);
     CheckDays(report, watch.Statements(), findings);
     SortFindings(findings);
     return findings;

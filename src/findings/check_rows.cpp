@@ -80,12 +80,8 @@ private:
 
     void TellFault(const RowFault& fault) {
         const bool isShifted = IsShifted(fault);
-        Finding& finding = Add(isShifted ? FindingCode::Shifted : FindingCode::RowSkipped, fault.row);
-        finding.expected = fault.expected;
-        finding.found = fault.found;
-        finding.text = fault.kind == RowFault::Kind::NoAmount ? "A text stands where the layout has an amount."
-                       : isShifted ? "The row has another number of columns than its section, and made no record."
-                                   : "The row made no record, and is no rule, heading or total.";
+        rows_.push_back(fault.row);
+        findings_.push_back(FindingOfRow(statement_, section_.kind, fault, isShifted));
     }
 
     void TellRun(const RowRun& run) {
@@ -105,6 +101,20 @@ private:
     std::vector<int> rows_;  // that are told
 };
 
+}  // namespace
+
+Finding FindingOfRow(const StatementFacts& statement, SectionKind section, const RowFault& fault, bool isShifted) {
+    Finding finding = FindingAbout(statement, isShifted ? FindingCode::Shifted : FindingCode::RowSkipped);
+    finding.row = fault.row;
+    finding.section = section;
+    finding.expected = fault.expected;
+    finding.found = fault.found;
+    finding.text = fault.kind == RowFault::Kind::NoAmount ? "A text stands where the layout has an amount."
+                   : isShifted ? "The row has another number of columns than its section, and made no record."
+                               : "The row made no record, and is no rule, heading or total.";
+    return finding;
+}
+
 void TellTotals(const StatementFacts& statement, const SectionFacts& section, std::vector<Finding>& findings) {
     for (const TotalFault& fault : section.totals) {
         if (fault.isWithinRounding) continue;
@@ -117,8 +127,6 @@ void TellTotals(const StatementFacts& statement, const SectionFacts& section, st
         findings.push_back(std::move(finding));
     }
 }
-
-}  // namespace
 
 void CheckRows(const StatementList& statements, std::vector<Finding>& findings) {
     const CUsualShapes shapes(statements);

@@ -59,6 +59,9 @@ std::optional<std::string_view> ReasonFor(const CReport& report, const Statement
             if (statement.expectsLots) return "there were open lots, and no trade closed them";
             break;
         case SectionKind::Money:
+        case SectionKind::Cash:
+        case SectionKind::Exercises:
+        case SectionKind::Deliveries:
             break;
     }
     return std::nullopt;

@@ -30,6 +30,8 @@ enum class FindingCode {
     Totals,
     Identity,
     Available,
+    MoneyRows,
+    Currency,
     Continuity,
     Gap,
     Lots,
@@ -39,6 +41,7 @@ enum class FindingCode {
     Unit,
     Template,
     Live,
+    Opening,
 };
 
 /// One thing that was found. All texts are UTF-8.

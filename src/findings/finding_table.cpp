@@ -54,6 +54,12 @@ constexpr FindingKind kKinds[] = {
     {Available,      "available",       Error,
      "The available funds aren't equity less margin.",
      "Compare the money figures with the broker's."},
+    {MoneyRows,      "money-rows",      Warning,
+     "The rows of deposits and withdrawals, of exercises or of deliveries don't add up to what the money figures say.",
+     "Compare both with the broker's: rows are missing or changed, or the money figure is."},
+    {Currency,       "currency",        Warning,
+     "A statement has money figures of a second currency. The report is made of the first section's alone.",
+     "Take the balances of the other currency from the statement; trades and positions of both are in the report."},
     {Continuity,     "continuity",      Error,
      "A day doesn't open with the balance that the day before closed with.",
      "Compare both statements with the broker's: one of them is wrong or of another account."},
@@ -81,6 +87,9 @@ constexpr FindingKind kKinds[] = {
     {Live,           "live",            Warning,
      "The report ends today without live figures: its last record is empty.",
      "Give the figures with --live, or end the report yesterday."},
+    {Opening,        "opening",         Warning,
+     "A row of an imported workbook names the trade that opened it, and no imported statement has that trade: its opening date is --.",
+     "Import the day of that trade, and then this workbook again with --force."},
 };
 // clang-format on
 
@@ -88,7 +97,7 @@ consteval bool StandsInOrder() {
     for (std::size_t i = 0; i < std::size(kKinds); ++i) {
         if (kKinds[i].code != static_cast<FindingCode>(i)) return false;
     }
-    return std::size(kKinds) == static_cast<std::size_t>(Live) + 1;
+    return std::size(kKinds) == static_cast<std::size_t>(Opening) + 1;
 }
 static_assert(StandsInOrder());
 

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/ini_file.h"
 #include "base/text.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
@@ -28,7 +29,10 @@ bool CheckRequestTemplate(const CReport& report, std::vector<Finding>& findings)
     if (report.IsForeign() || FieldText(report.Request.TemplateName).empty()) return true;
     Finding about = FindingOfRun(FindingCode::Template);
     about.file = FileNameOf(report.TemplatePath);
-    const IniFileContent content = LoadIniFile(report.TemplatePath);
+    IniFileContent content = LoadIniFile(report.TemplatePath);
+    if (content.state == FileState::Missing && !report.CarriedTemplate.empty()) {
+        content = {.state = FileState::Read, .file = CIniFile::Parse(report.CarriedTemplate)};
+    }
     if (content.state != FileState::Read) {
         const bool isThere = content.state == FileState::Unreadable;
         about.expected = isThere ? "a template that can be read" : "a template file";

@@ -10,6 +10,7 @@
 #include "findings/finding.h"
 #include "findings/lots_book.h"
 #include "findings/section_facts.h"
+#include "findings/side_table_watch.h"
 #include "readers/scan_listener.h"
 #include "readers/statement_loader.h"
 
@@ -32,6 +33,7 @@ struct StatementFacts {
 
     std::string layout;  ///< of the reader
     std::vector<SectionFacts> sections;
+    std::vector<SideTableFacts> sideTables;  ///< none in runs that don't ask for them
     bool isCutOff = false;
     bool endsInLine = false;  ///< no line end behind the last row
     int lastRow = 0;          ///< that isn't blank

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -95,6 +96,38 @@ bool IsOfAccount(char byte) {
            byte == '_' || byte == '*';
 }
 
+constexpr std::size_t kLongestDate = 32;
+
+bool BeginsWithDay(std::string_view behind) {
+    constexpr std::size_t kDayLength = 8;
+    return PackedDate(behind.substr(0, kLongestDate)).size() == kDayLength;
+}
+
+/// Whether what follows `byte` begins a cell.
+bool BeginsCell(char byte) {
+    return IsWhiteSpace(byte) || byte == '|';
+}
+
+/// The first label, by its words and then by its place, that has a colon and of which isWanted(before, behind) says so.
+template <class IsWanted>
+std::optional<StatedLabel> FindLabel(std::string_view text, std::span<const std::string_view> words,
+                                     IsWanted isWanted) {
+    for (const std::string_view word : words) {
+        for (std::size_t from = 0; from < text.size();) {
+            const std::size_t found = FindText(text.substr(from), word);
+            if (found == std::string_view::npos) break;
+            const std::size_t at = from + found;
+            from = at + word.size();
+            const auto behind = BehindLabel(text, from);
+            if (!behind || !isWanted(text.substr(0, at), *behind)) continue;
+            std::size_t begin = at;
+            while (begin > 0 && !BeginsCell(text[begin - 1])) --begin;
+            return StatedLabel{text.substr(begin, from - begin), *behind};
+        }
+    }
+    return std::nullopt;
+}
+
 }  // namespace
 
 std::optional<EncodingFault> FindEncodingFault(std::string_view bytes) {
@@ -115,40 +148,50 @@ std::optional<EncodingFault> FindEncodingFault(std::string_view bytes) {
     return std::nullopt;
 }
 
-std::optional<std::string> PrintedAccount(std::string_view text) {
+std::optional<StatedLabel> FindAccountLabel(std::string_view text) {
     constexpr std::string_view kWords[] = {"客户号"_gbk,   "客户代码"_gbk, "客户账号"_gbk, "客户编号"_gbk,
                                            "资金账号"_gbk, "资金帐号"_gbk, "客户"_gbk};
-    const std::string_view head = Head(text);
-    for (const std::string_view word : kWords) {
-        for (std::size_t at = FindText(head, word); at != std::string_view::npos;) {
-            if (const auto behind = BehindLabel(head, at + word.size())) {
-                std::size_t length = 0;
-                while (length < behind->size() && IsOfAccount((*behind)[length])) ++length;
-                const std::string_view account = behind->substr(0, length);
-                const bool isNumber = std::ranges::any_of(account, IsDigit);  // not a name
-                if (isNumber && account.find('*') == std::string_view::npos) return std::string(account);
-            }
-            const std::size_t next = FindText(head.substr(at + word.size()), word);
-            at = next == std::string_view::npos ? next : at + word.size() + next;
-        }
-    }
-    return std::nullopt;
+    return FindLabel(text, kWords, [](std::string_view, std::string_view behind) {
+        const std::string_view account = AccountAt(behind);
+        const bool isNumber = std::ranges::any_of(account, IsDigit);  // not a name
+        return isNumber && account.find('*') == std::string_view::npos;
+    });
+}
+
+std::optional<StatedLabel> FindDayLabel(std::string_view text) {
+    constexpr std::string_view kWords[] = {"日期"_gbk, "日  期"_gbk, "日 期"_gbk, "结算日"_gbk, "交易日"_gbk};
+    return FindLabel(text, kWords, [](std::string_view before, std::string_view behind) {
+        return !IsOfAnotherDate(before) && BeginsWithDay(behind);
+    });
+}
+
+std::optional<StatedLabel> FindMakingDayLabel(std::string_view text) {
+    constexpr std::string_view kWords[] = {"制表时间"_gbk, "制表日期"_gbk};
+    return FindLabel(text, kWords, [](std::string_view, std::string_view behind) { return BeginsWithDay(behind); });
+}
+
+std::optional<std::string_view> BehindLabelOf(std::string_view text, std::string_view label) {
+    const std::string_view words[] = {label};
+    const auto found = FindLabel(text, words, [](std::string_view before, std::string_view) {
+        return before.empty() || BeginsCell(before.back());
+    });
+    return found ? std::optional(found->behind) : std::nullopt;
+}
+
+std::string_view AccountAt(std::string_view behind) {
+    std::size_t length = 0;
+    while (length < behind.size() && IsOfAccount(behind[length])) ++length;
+    return behind.substr(0, length);
+}
+
+std::optional<std::string> PrintedAccount(std::string_view text) {
+    const auto found = FindAccountLabel(Head(text));
+    return found ? std::optional<std::string>(AccountAt(found->behind)) : std::nullopt;
 }
 
 std::optional<std::string> PrintedDay(std::string_view text) {
-    constexpr std::string_view kWords[] = {"日期"_gbk, "日  期"_gbk, "日 期"_gbk, "结算日"_gbk, "交易日"_gbk};
-    constexpr std::size_t kDayLength = 8;
-    constexpr std::size_t kLongestDate = 32;
-    const std::string_view head = Head(text);
-    for (const std::string_view word : kWords) {
-        for (std::size_t at = head.find(word); at != std::string_view::npos; at = head.find(word, at + 1)) {
-            if (IsOfAnotherDate(head.substr(0, at))) continue;
-            const auto behind = BehindLabel(head, at + word.size());
-            std::string day = behind ? PackedDate(behind->substr(0, kLongestDate)) : std::string();
-            if (day.size() == kDayLength) return day;
-        }
-    }
-    return std::nullopt;
+    const auto found = FindDayLabel(Head(text));
+    return found ? std::optional(PackedDate(found->behind.substr(0, kLongestDate))) : std::nullopt;
 }
 
 std::string PackedDate(std::string_view text) {

@@ -18,6 +18,28 @@ struct EncodingFault {
 /// Nothing for GBK text. `bytes` are all of the file.
 [[nodiscard]] std::optional<EncodingFault> FindEncodingFault(std::string_view bytes);
 
+/// A label that a text holds, and what stands behind its colon.
+struct StatedLabel {
+    std::string_view label;   ///< its words of Chinese, with what stands before them without a blank
+    std::string_view behind;  ///< up to the end of the text
+};
+
+/// The label of the first account in `text` that can be compared: one with a digit, and without asterisks. Of several
+/// labels the one that names accounts most surely.
+[[nodiscard]] std::optional<StatedLabel> FindAccountLabel(std::string_view text);
+
+/// The label of the first day in `text`. The day on which a statement was made isn't its day.
+[[nodiscard]] std::optional<StatedLabel> FindDayLabel(std::string_view text);
+
+/// The label of the day on which a statement was made, which is its day where it states no other.
+[[nodiscard]] std::optional<StatedLabel> FindMakingDayLabel(std::string_view text);
+
+/// What stands in `text` behind `label` and its colon, where the label begins a cell; nothing if it isn't there.
+[[nodiscard]] std::optional<std::string_view> BehindLabelOf(std::string_view text, std::string_view label);
+
+/// The account at the start of a text behind a label: letters, digits, "-", "_" and "*".
+[[nodiscard]] std::string_view AccountAt(std::string_view behind);
+
 /// The account that the head of `text` states; nothing if it states none that can be compared.
 [[nodiscard]] std::optional<std::string> PrintedAccount(std::string_view text);
 

@@ -18,9 +18,11 @@
 #include "findings/account_checks.h"
 #include "findings/finding.h"
 #include "findings/layout_hint.h"
+#include "findings/other_currencies.h"
 #include "findings/record_amounts.h"
 #include "findings/section_facts.h"
 #include "findings/section_watch.h"
+#include "findings/side_table_watch.h"
 #include "findings/statement_facts.h"
 #include "findings/statement_texts.h"
 #include "platform/paths.h"
@@ -29,6 +31,7 @@
 #include "readers/layout_table.h"
 #include "readers/printed_money_reader.h"
 #include "readers/scan_listener.h"
+#include "readers/side_table_reader.h"
 #include "readers/statement_loader.h"
 #include "report/money_record.h"
 #include "report/printed_money.h"
@@ -48,11 +51,17 @@ std::int64_t TurnoverOf(const MatchRecord& trade) {
     return Contains(FieldText(trade.BID), "买"_gbk) ? -amount : amount;
 }
 
-/// The layouts that `text` may be of, as options: "--format 2 or --format 201".
-std::string FittingOptions(std::string_view text, const CReport& report) {
+bool IsOfRequest(const Layout& layout, const CReport& report) {
+    return layout.isForeign == report.IsForeign() &&
+           (layout.isForeign || layout.format == report.Request.StatementFormat);
+}
+
+/// The layouts that `text` may be of but for the one it was read by, as options: "--format 2 or --format 201".
+std::string OtherOptions(std::string_view text, const CReport& report) {
     const bool hasTemplate = !FieldText(report.Request.TemplateName).empty();
     std::string options;
     for (const Layout* const layout : FittingLayouts(text)) {
+        if (IsOfRequest(*layout, report)) continue;
         options.append(options.empty() ? "" : " or ").append(OptionFor(*layout, hasTemplate));
     }
     return options;
@@ -226,14 +235,49 @@ void CStatementWatch::TakeMoney() {
     Facts().moneyCount = 1;
 }
 
+void CStatementWatch::LookForOtherCurrencies() {
+    if (report_.IsForeign() || moneySeen_.titleRow.empty()) return;
+    for (const std::string_view row : TitlesOfOtherCurrencies(text_, moneySeen_.titleRow, moneySeen_.titleWord)) {
+        Tell(FindingCode::Currency, GbkToUtf8(CurrencyOfTitle(moneySeen_.titleRow)), GbkToUtf8(CurrencyOfTitle(row)),
+             "The money of another currency isn't in the report.", lines_.LineOf(row), SectionKind::Money);
+    }
+}
+
+/// Once for a statement, whatever readers have read it; one that is passed over adds no row to those of its day.
+void CStatementWatch::TakeSideRows() {
+    if (!readsSideRows_ || report_.IsForeign() || IsPassedOver()) return;
+    CSideTableWatch watch(Facts().day, lines_, report_.SideRecords);
+    ReadSideTables(text_, watch);
+    Facts().sideTables = watch.TakeTables();
+    LookForCutTable();
+}
+
+/// A file that ends behind a row of such a table, whose other tables end in totals.
+void CStatementWatch::LookForCutTable() {
+    if (Facts().isCutOff || Facts().sideTables.empty()) return;
+    const SideTableFacts& last = Facts().sideTables.back();
+    if (last.section.hasEnd || last.lastRow != Facts().lastRow) return;
+    const auto hasTotal = [](const SectionFacts& section) { return section.totalRow > 0; };
+    const bool printsTotals = std::ranges::any_of(Facts().sections, hasTotal) ||
+                              std::ranges::any_of(Facts().sideTables, hasTotal, &SideTableFacts::section);
+    if (!printsTotals) return;
+    Facts().isCutOff = true;
+    Tell(FindingCode::CutOff, "the end of the section", "the end of the file",
+         "The section begins at line " + std::to_string(last.section.titleRow) + " and doesn't end.",
+         last.section.titleRow, last.section.kind);
+}
+
+bool CStatementWatch::IsPassedOver() const {
+    return hasReader_ ? !hasLookedForSections_ : template_ == TemplateSeen::Outcome::KnownDay;
+}
+
 /// Whether the file is of the layout that reads it. `explain` speaks of the same marks.
 bool CStatementWatch::IsRecognised() {
     const bool byTemplate = template_ == TemplateSeen::Outcome::Read || template_ == TemplateSeen::Outcome::KnownDay;
-    const bool passedOver = hasReader_ ? !hasLookedForSections_ : template_ == TemplateSeen::Outcome::KnownDay;
     const bool isOfOther = !byTemplate && !BearsMarksOf(text_, report_.Request.StatementFormat, report_.IsForeign()) &&
                            !MarkedLayouts(text_).empty();
     // Readers that find no date in any statement take all of them for the same day.
-    if (passedOver) return Facts().statesDay && !isOfOther;
+    if (IsPassedOver()) return Facts().statesDay && !isOfOther;
     const bool foundSection = std::ranges::any_of(Facts().sections, &SectionFacts::IsFound);
     return (foundSection || Facts().hasMoney) && !isOfOther;
 }
@@ -280,19 +324,29 @@ void CStatementWatch::LookForCut() {
          Facts().lastRow);
 }
 
+void CStatementWatch::TellUnrecognised() {
+    const std::string options = OtherOptions(text_, report_);
+    const bool bearsOwn = BearsMarksOf(text_, report_.Request.StatementFormat, report_.IsForeign());
+    Facts().findings.clear();
+    std::string wanted =
+        report_.IsForeign() ? "--kind foreign" : "--format " + std::to_string(report_.Request.StatementFormat);
+    if (!options.empty()) {
+        Tell(FindingCode::Unrecognised, std::move(wanted), options, "This looks like " + options + ".");
+    } else if (bearsOwn) {
+        Tell(FindingCode::Unrecognised, std::move(wanted), "its marks, but none of its sections",
+             "This is a variant of the layout that its reader doesn't know: it needs --template.");
+    } else {
+        Tell(FindingCode::Unrecognised, std::move(wanted), "no layout's marks",
+             "No layout's mark stands in the statement: one that only a template describes needs --template.");
+    }
+}
+
 void CStatementWatch::OnStatementEnd() {
     EndSection();
     Facts().isEnded = true;
     if (!Facts().isUsable) return;
     if (!IsRecognised()) {
-        const std::string options = FittingOptions(text_, report_);
-        Facts().findings.clear();
-        Tell(FindingCode::Unrecognised,
-             report_.IsForeign() ? "--kind foreign" : "--format " + std::to_string(report_.Request.StatementFormat),
-             options.empty() ? "no layout's marks" : options,
-             options.empty()
-                 ? "No layout's mark stands in the statement: one that only a template describes needs --template."
-                 : "This looks like " + options + ".");
+        TellUnrecognised();
         Facts().isUsable = false;
         report_.PrintedMoney.resize(Facts().firstMoney);
         Facts().moneyCount = 0;
@@ -302,6 +356,8 @@ void CStatementWatch::OnStatementEnd() {
     LookAtOrigin();
     LookForCut();
     TakeMoney();
+    LookForOtherCurrencies();
+    TakeSideRows();
     Facts().expectsLots = lots_.ExpectsLots();
     Facts().lots = lots_.EndDay();
 }

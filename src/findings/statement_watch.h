@@ -23,13 +23,16 @@ class CReport;
 
 class CStatementWatch final : public CStatementListener {
 public:
-    /// The printed money figures of each statement go to `report`, which is otherwise only looked at.
+    /// The printed money figures of each statement go to `report`, and the rows of ReadSideRows; it is otherwise only
+    /// looked at.
     ///
     /// REQUIRES: `report` is the one that is read into, and outlives this.
     explicit CStatementWatch(CReport& report) : report_(report) {}
 
     /// Tallies what the trades say of contract units, too.
     void TallyUnits() { talliesUnits_ = true; }
+    /// Reads the tables beside the page's own as well: their rows go to the report's SideRecords.
+    void ReadSideRows() { readsSideRows_ = true; }
     [[nodiscard]] const CTradeUnits& Units() const { return units_; }
 
     /// Of all days that have a file, in the order of reading.
@@ -55,8 +58,14 @@ private:
     void EndSection();
     void TakeTrade(const MatchRecord& row);
     void TakeMoney();
+    void LookForOtherCurrencies();
+    void TakeSideRows();
+    void LookForCutTable();
     void LookForCut();
+    /// Whether a statement of its date has been read before, and this one wasn't.
+    [[nodiscard]] bool IsPassedOver() const;
     [[nodiscard]] bool IsRecognised();
+    void TellUnrecognised();
     void Tell(FindingCode code, std::string expected, std::string found, std::string text, std::optional<int> row = {},
               std::optional<SectionKind> section = {});
 
@@ -65,6 +74,7 @@ private:
     CLotsBook lots_;
     CTradeUnits units_;
     bool talliesUnits_ = false;
+    bool readsSideRows_ = false;
 
     // Of the statement at hand.
     std::string_view text_;

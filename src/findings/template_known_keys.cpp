@@ -17,6 +17,7 @@ namespace {
 // clang-format off
 constexpr KnownKey kCommonKeys[] = {
     {"BILLFORMAT_NEWDATE", KeyUse::Text},
+    {"FORMAT",             KeyUse::Integer},
     {"DATE_FORMAT",        KeyUse::Text},
     {"DATE_FORMAT_NEW",    KeyUse::Text},
     {"MONEY_MODE",         KeyUse::Integer},
@@ -40,12 +41,22 @@ constexpr KnownKey kFrameKeys[] = {
 constexpr KnownKey kLabelledMoneyKeys[] = {
     {"RJ_NAME",      KeyUse::Text},
     {"CJ_NAME",      KeyUse::Text},
+    {"QLSR_NAME",    KeyUse::Text},
+    {"QLZC_NAME",    KeyUse::Text},
+    {"LABEL_END",    KeyUse::Text},
+    {"ROWS_FROM",    KeyUse::Integer},
+    {"ROWS_TO",      KeyUse::Integer},
     {"START_OFFSET", KeyUse::NotUsed},
     {"END_OFFSET",   KeyUse::NotUsed},
 };
 constexpr KnownKey kMoneyRowOtherKeys[] = {
     {"RJ_NAME",     KeyUse::Column},
     {"CJ_NAME",     KeyUse::Column},
+    {"QLSR_NAME",   KeyUse::NotUsed},
+    {"QLZC_NAME",   KeyUse::NotUsed},
+    {"LABEL_END",   KeyUse::NotUsed},
+    {"ROWS_FROM",   KeyUse::NotUsed},
+    {"ROWS_TO",     KeyUse::NotUsed},
     {"XQSXF_NAME",  KeyUse::NotUsed},
     {"QLJSZ_NAME",  KeyUse::NotUsed},
     {"CCDSYK_NAME", KeyUse::NotUsed},
@@ -118,6 +129,10 @@ Found FindColumnKey(SectionKind kind, bool moneyInOneRow, std::string_view key) 
         case SectionKind::Summary:
             return FirstOf({FindIn(kSummaryOtherKeys, key), FindColumn(kSummarySharedKeys, key),
                             FindColumn(kSummaryBuyKeys, key), FindColumn(kSummarySellKeys, key)});
+        case SectionKind::Cash:
+        case SectionKind::Exercises:
+        case SectionKind::Deliveries:
+            break;
     }
     return std::nullopt;
 }

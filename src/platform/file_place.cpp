@@ -1,6 +1,7 @@
 #include "platform/file_place.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -32,6 +33,25 @@ bool CopyOver(const std::string& from, const std::string& to) {
     if (!source.IsOpen()) return false;
     CFile copy(to, FileMode::Create);
     return copy.IsOpen() && CopyBytes(source, copy) && copy.Close();
+}
+
+bool HoldSameBytes(const std::string& one, const std::string& other) {
+    const CFile left(one, FileMode::Read);
+    const CFile right(other, FileMode::Read);
+    if (!left.IsOpen() || !right.IsOpen()) return false;
+    const auto size = left.Size();
+    if (!size || right.Size() != size) return false;
+    std::array<char, 4096> leftBlock;
+    std::array<char, 4096> rightBlock;
+    for (std::uint64_t at = 0; at < *size;) {
+        const std::size_t wanted = static_cast<std::size_t>(std::min<std::uint64_t>(leftBlock.size(), *size - at));
+        if (left.ReadAt(at, leftBlock.data(), wanted) != wanted) return false;
+        if (right.ReadAt(at, rightBlock.data(), wanted) != wanted) return false;
+        if (!std::equal(leftBlock.begin(), leftBlock.begin() + static_cast<std::ptrdiff_t>(wanted), rightBlock.begin()))
+            return false;
+        at += wanted;
+    }
+    return true;
 }
 
 }  // namespace tradebill

@@ -42,4 +42,8 @@ private:
 /// hold them all then.
 [[nodiscard]] bool CopyOver(const std::string& from, const std::string& to);
 
+/// Whether both files are there and hold the same bytes. It takes no memory of the heap, so that it can be asked where
+/// there is none. False where one of them can't be read.
+[[nodiscard]] bool HoldSameBytes(const std::string& one, const std::string& other);
+
 }  // namespace tradebill

@@ -13,6 +13,7 @@
 #include "base/decimal.h"
 #include "base/gbk.h"
 #include "base/text.h"
+#include "readers/heading_words.h"
 #include "readers/section_scan.h"
 #include "report/money_record.h"
 #include "report/printed_money.h"
@@ -75,16 +76,6 @@ std::optional<PrintedFigure> FigureOf(std::string_view word) {
     return found != std::end(kWords) ? std::optional(found->figure) : std::nullopt;
 }
 
-/// A character of the Chinese script, not one of the rows of punctuation, digits and letters of full width.
-bool IsHanzi(std::string_view character) {
-    constexpr unsigned char kFirstSign = 0xA1;
-    constexpr unsigned char kLastSign = 0xA9;
-    if (character.size() != 2) return false;
-    const auto lead = static_cast<unsigned char>(character[0]);
-    const auto trail = static_cast<unsigned char>(character[1]);
-    return !(lead >= kFirstSign && lead <= kLastSign && trail >= kFirstSign);
-}
-
 bool StartsNumber(std::string_view text) {
     if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
     return !text.empty() && IsDigit(text.front());
@@ -92,16 +83,6 @@ bool StartsNumber(std::string_view text) {
 
 bool IsBetweenWords(char byte) {
     return byte == ' ' || byte == '|' || byte == ':' || byte == '\t';
-}
-
-std::string HanziOf(std::string_view text) {
-    std::string word;
-    while (!text.empty()) {
-        const std::string_view character = text.substr(0, GbkCharacterLength(text));
-        if (IsHanzi(character)) word += character;
-        text.remove_prefix(character.size());
-    }
-    return word;
 }
 
 /// Blanks and bars part columns, whatever the reader of the layout cuts at.

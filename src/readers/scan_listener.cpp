@@ -7,7 +7,8 @@
 namespace tradebill {
 
 std::string_view SectionName(SectionKind kind) {
-    constexpr std::array<std::string_view, 5> kNames = {"money", "trades", "closed", "open", "summary"};
+    constexpr std::array<std::string_view, 8> kNames = {"money",   "trades", "closed",    "open",
+                                                        "summary", "cash",   "exercises", "deliveries"};
     return kNames[static_cast<std::size_t>(kind)];
 }
 

@@ -12,9 +12,10 @@
 
 namespace tradebill {
 
-enum class SectionKind { Money, Trades, Closed, Open, Summary };
+/// The last three are tables that the page has no place for (side_table_reader.h): layouts have no such section.
+enum class SectionKind { Money, Trades, Closed, Open, Summary, Cash, Exercises, Deliveries };
 
-/// In English, one word: "money", "trades", "closed", "open" or "summary".
+/// In English, one word: "money", "trades", "closed", "open", "summary", "cash", "exercises" or "deliveries".
 [[nodiscard]] std::string_view SectionName(SectionKind kind);
 
 /// What became of a data row.

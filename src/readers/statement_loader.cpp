@@ -41,7 +41,7 @@ StatementFile ReadFile(const std::string& path, StatementAccess access, CFileBuf
 }  // namespace
 
 CStatementLoader::CStatementLoader(CReport& report, StatementAccess access, const StatementLimit& limit)
-    : report_(report), template_(report.TemplatePath), access_(access), limit_(limit) {}
+    : report_(report), template_(report.TemplatePath, report.CarriedTemplate), access_(access), limit_(limit) {}
 
 void CStatementLoader::Read(std::string_view day, std::string_view text, CScanListener* listener) {
     StatementText statement{.day = day, .text = text, .listener = listener, .onlyRows = onlyRows_};

@@ -132,6 +132,12 @@ private:
         const bool isRead = scheme.moneyMode == kMoneyLabelled || scheme.moneyMode == kMoneyInOneRow;
         scheme.money = Frame("MONEY_RECORD", isRead, "  ");
         const CKeys keys(file_, scheme.money.name);
+        const TemplateLabels usual;
+        scheme.labels = {.firstRow = keys.Integer("ROWS_FROM", usual.firstRow),
+                         .endOffset = keys.Integer("ROWS_TO", usual.endOffset),
+                         .labelEnd = keys.Text("LABEL_END"),
+                         .premiumReceived = keys.Text("QLSR_NAME"),
+                         .premiumPaid = keys.Text("QLZC_NAME")};
         scheme.moneyLabels = LabelsOf(keys);
         scheme.depositsLabel = keys.Text("RJ_NAME");
         scheme.withdrawalsLabel = keys.Text("CJ_NAME");
@@ -179,6 +185,9 @@ std::string_view TemplateSection::MissingKey() const {
 const TemplateSection& TemplateScheme::Section(SectionKind kind) const {
     switch (kind) {
         case SectionKind::Money:
+        case SectionKind::Cash:
+        case SectionKind::Exercises:
+        case SectionKind::Deliveries:
             break;
         case SectionKind::Trades:
             return trades.section;
@@ -208,13 +217,20 @@ bool CStatementTemplate::HoldsNewScheme(std::string_view day) const {
     }
 }
 
+const CStatementTemplate* CTemplateFile::Carried() {
+    if (carried_.empty()) return nullptr;
+    if (parsedCarried_ == nullptr) parsedCarried_ = std::make_unique<CStatementTemplate>(CIniFile::Parse(carried_));
+    return parsedCarried_.get();
+}
+
 const CStatementTemplate* CTemplateFile::Present() {
-    if (path_.empty()) return nullptr;
+    if (path_.empty()) return Carried();
     const auto stamp = StampOf(path_);
     if (parsed_ != nullptr && stamp && stamp_ == stamp) return parsed_.get();
     IniFileContent content = LoadIniFile(path_);  // what has no stamp too: it tells why
     if (content.state != FileState::Read) {
-        if (content.state != FileState::Missing) problem_ = {path_, content.state, std::move(content.reason)};
+        if (content.state == FileState::Missing) return Carried();
+        problem_ = {path_, content.state, std::move(content.reason)};
         return nullptr;
     }
     parsed_ = std::make_unique<CStatementTemplate>(std::move(content.file));

@@ -50,11 +50,21 @@ struct TemplateSide {
 
 enum TemplateMoneyMode : std::int32_t { kMoneyLabelled = 0, kMoneyInOneRow = 1 };
 
+/// How the money section of mode 0 is cut, beside its frame.
+struct TemplateLabels {
+    std::int32_t firstRow = 2;       ///< begins this many rows below the title
+    std::int32_t endOffset = 0;      ///< ends this many rows above the terminator
+    std::string_view labelEnd = {};  ///< parts label and value of one column; empty: each is a column
+    std::string_view premiumReceived = {};
+    std::string_view premiumPaid = {};
+};
+
 /// One of the two descriptions in a template.
 struct TemplateScheme {
     std::string_view dateWord;
     std::int32_t moneyMode = kMoneyLabelled;
     TemplateSection money;
+    TemplateLabels labels;
     std::vector<MoneyLabel> moneyLabels;  ///< of mode 0
     std::string_view depositsLabel;
     std::string_view withdrawalsLabel;
@@ -99,8 +109,10 @@ private:
 /// The template of a run, which may be written while statements are read.
 class CTemplateFile {
 public:
-    /// Of the file `path`, which needn't be there; an empty path is none.
-    explicit CTemplateFile(std::string path) : path_(std::move(path)) {}
+    /// Of the file `path`, which needn't be there; an empty path is none. `carried` is the text of the template where
+    /// there is no file, and outlives this; empty: there is none then.
+    explicit CTemplateFile(std::string path, std::string_view carried = {})
+        : path_(std::move(path)), carried_(carried) {}
 
     /// The template, or null if there is none. Parsed when first asked for, and again when the file changed; valid
     /// until the next call.
@@ -110,7 +122,11 @@ public:
     [[nodiscard]] const std::optional<UnreadFile>& Problem() const { return problem_; }
 
 private:
+    [[nodiscard]] const CStatementTemplate* Carried();
+
     std::string path_;
+    std::string_view carried_;
+    std::unique_ptr<CStatementTemplate> parsedCarried_;
     std::optional<FileStamp> stamp_;  ///< of what was parsed, if it could be told
     std::optional<UnreadFile> problem_;
     std::unique_ptr<CStatementTemplate> parsed_;

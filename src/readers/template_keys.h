@@ -13,6 +13,8 @@ namespace tradebill {
 
 inline constexpr std::string_view kTemplateCommonSection = "DEALFIELD";
 inline constexpr std::string_view kTemplateChangeDate = "BILLFORMAT_NEWDATE";
+inline constexpr std::string_view kTemplateFormat =
+    "FORMAT";                                            ///< of statements that the program reads without --format
 inline constexpr std::size_t kLongestTemplateText = 31;  ///< bytes that count of a text
 
 /// A column key and its field.

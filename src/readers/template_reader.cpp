@@ -1,6 +1,7 @@
 #include "readers/template_reader.h"
 
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <utility>
@@ -52,6 +53,55 @@ bool StatesLabel(Row row, std::string_view label) {
     return false;
 }
 
+/// Cuts columns that hold a label and its value in two.
+class CLabelCutter {
+public:
+    explicit CLabelCutter(std::string_view labelEnd) : labelEnd_(labelEnd) {}
+
+    /// Valid until the next call, and as long as `row`.
+    [[nodiscard]] Row Cut(Row row) {
+        if (labelEnd_.empty()) return row;
+        columns_.clear();
+        for (const std::string_view column : row) {
+            const std::size_t end = FindText(column, labelEnd_);
+            columns_.push_back(Trim(column.substr(0, end)));
+            if (end == std::string_view::npos) continue;
+            std::string_view value = Trim(column.substr(end + labelEnd_.size()));
+            while (value.starts_with(labelEnd_)) value = Trim(value.substr(labelEnd_.size()));
+            columns_.push_back(value);
+        }
+        return columns_;
+    }
+
+private:
+    std::string_view labelEnd_;
+    std::vector<std::string_view> columns_;
+};
+
+/// Option premium whose two directions have labels of their own.
+class CTemplatePremium {
+public:
+    CTemplatePremium(const TemplateLabels& labels, CScanListener* listener) {
+        if (!labels.premiumReceived.empty()) received_.emplace(LabelMatch::Equals, labels.premiumReceived, listener);
+        if (!labels.premiumPaid.empty()) paid_.emplace(LabelMatch::Equals, labels.premiumPaid, listener);
+    }
+
+    void ReadRow(Row row) {
+        if (received_) received_->ReadRow(row);
+        if (paid_) paid_->ReadRow(row);
+    }
+    /// A premium that the section states itself stays.
+    void Complete(MoneyRecord& record) const {
+        if ((!received_ && !paid_) || !FieldText(record.QLJSZ).empty()) return;
+        const double net = (received_ ? received_->Amount() : 0) - (paid_ ? paid_->Amount() : 0);
+        CopyField(record.QLJSZ, CNumberText(net).View());
+    }
+
+private:
+    std::optional<CLabelledAmount> received_;
+    std::optional<CLabelledAmount> paid_;
+};
+
 /// Reads one statement by one scheme, section by section.
 class CTemplateReader {
 public:
@@ -96,17 +146,21 @@ void CTemplateReader::ReadMoneyInOneRow() {
 
 void CTemplateReader::ReadLabelledMoney() {
     SectionLayout layout = LayoutOf(scheme_.money, SectionKind::Money, 2, 0);
-    layout.firstRow = 2;
-    layout.endOffset = 0;
+    layout.firstRow = scheme_.labels.firstRow;
+    layout.endOffset = scheme_.labels.endOffset;
     const auto rows = scan_.Find(layout);
     if (!rows) return;
     TellLabels(scheme_.moneyLabels, scan_.Listener());
+    CTemplatePremium premium(scheme_.labels, scan_.Listener());
+    CLabelCutter cutter(scheme_.labels.labelEnd);
     auto record = MakeCleared<MoneyRecord>();
     CopyField(record->BILL_DATE, day_);
     bool statesDeposits = false;
     bool statesWithdrawals = false;
-    scan_.ReadRows(layout, *rows, [&](Row row) {
+    scan_.ReadRows(layout, *rows, [&](Row columns) {
+        const Row row = cutter.Cut(columns);
         ReadMoneyRow(row, scheme_.moneyLabels, *record, scan_.Listener());
+        premium.ReadRow(row);
         statesDeposits |= StatesLabel(row, scheme_.depositsLabel);
         statesWithdrawals |= StatesLabel(row, scheme_.withdrawalsLabel);
     });
@@ -118,6 +172,7 @@ void CTemplateReader::ReadLabelledMoney() {
     if ((deposits > 0 || withdrawals > 0) && FieldText(record->CRJ).empty()) {
         CopyField(record->CRJ, CNumberText(deposits - withdrawals).View());
     }
+    premium.Complete(*record);
     sink_.Add(std::move(record));
 }
 

@@ -26,6 +26,7 @@ void CReport::Clear() {
     TradeStatistics.Clear();
     ChainTable.Clear();
     PrintedMoney.clear();
+    SideRecords = {};
     MoneyIdentity = {};
 }
 

@@ -22,6 +22,7 @@
 #include "report/report_document.h"
 #include "report/request_copy.h"
 #include "report/row_store.h"
+#include "report/side_records.h"
 #include "report/statement_format.h"
 #include "report/trade_statistics.h"
 
@@ -33,9 +34,10 @@ public:
     // What the run is asked.
     GenerateBillRequest Request = ClearedRequest();  ///< a copy (CopyRequest)
     ReportRange ReportDays;
-    std::string RootFolder;           ///< holds "Users", "sys" and "BillTemplate"; no separator at the end
-    std::string TemplatePath;         ///< of the statement template, which needn't be there; empty: none is looked for
-    std::int32_t ScreenWidth = 1920;  ///< pixels; value labels of charts keep a distance that follows it
+    std::string RootFolder;    ///< holds "Users", "sys" and "BillTemplate"; no separator at the end
+    std::string TemplatePath;  ///< of the statement template, which needn't be there; empty: none is looked for
+    std::string_view CarriedTemplate = {};  ///< INI text in place of a template that isn't there; outlives the report
+    std::int32_t ScreenWidth = 1920;        ///< pixels; value labels of charts keep a distance that follows it
     const CProductSource* Products = nullptr;  ///< not owned; null: every unit is 1, names have no codes
 
     // What the run keeps.
@@ -52,6 +54,7 @@ public:
     CAccountStatistics AccountStatistics;
     PrintedMoneyList PrintedMoney;           ///< empty in runs that don't ask for it
     tradebill::MoneyIdentity MoneyIdentity;  ///< likewise
+    tradebill::SideRecords SideRecords;      ///< likewise; a foreign account has none
 
     [[nodiscard]] bool IsForeign() const { return Request.StatementKind == kForeignKind; }
 

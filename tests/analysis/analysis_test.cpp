@@ -91,7 +91,7 @@ TEST(AnalysisFields, NameEachListAndFieldOnce) {
         for (const auto& field : fields) EXPECT_TRUE(names.emplace(field.name).second) << name << "." << field.name;
     };
     VisitAnalysis(Analysis(), check, check);
-    EXPECT_EQ(lists.size(), 17U);
+    EXPECT_EQ(lists.size(), 18U);
 }
 
 TEST(AnalysisFields, GiveTheFirstFieldOfAGroupTheNameOfItsKind) {

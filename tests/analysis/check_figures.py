@@ -23,7 +23,8 @@ SAME_INDEX = 1e-12
 FLAT_DAY = 0.00005
 AGREEMENT = 1e-9
 NOTHING = 1e-7  # of money: what sums that come to nothing are rounded by
-TEXTS = {"day", "CONTRACT", "DELIVERY", "EXCH_NAME", "BID", "CURRENCY", "HEDGE", "OFFSET", "MATCHNO", "product"}
+TEXTS = {"day", "CONTRACT", "DELIVERY", "EXCH_NAME", "BID", "CURRENCY", "HEDGE", "OFFSET", "MATCHNO", "product",
+         "CASH_TYPE"}
 DAYS = {"BILL_DATE", "MATCH_DATE", "OPEN_DATE"}
 
 
@@ -421,8 +422,16 @@ def open_positions(days, frames, options):
     return found
 
 
+def cash_kinds(frames):
+    """Deposits and withdrawals by their kinds, in the order in which these come up; no amount counts as 0."""
+    kinds = frames["cash"].fillna({"CASH_IN": 0, "CASH_OUT": 0}).groupby("CASH_TYPE", sort=False)
+    return [{"CASH_TYPE": kind, "count": len(rows), "cashIn": total(rows["CASH_IN"]), "cashOut": total(rows["CASH_OUT"])}
+            for kind, rows in kinds]
+
+
 def figures_of(frames, options):
-    """All figures, by the names of the JSON, from the frames days, trades, closed, positions, position_sums and units."""
+    """All figures, by the names of the JSON, from the frames days, trades, closed, positions, position_sums,
+    cash and units."""
     days = account_days(frames, options)
     results, opening = day_results(days, frames, options)
     days.attrs["leavesOutFloating"] = bool(len(days)) and options["foreign"] and held_before(frames, days.iloc[0])
@@ -440,6 +449,7 @@ def figures_of(frames, options):
                        "moneyWeightedReturn": money_weighted(results, days, opening)},
             **by_kind, "concentration": concentration(rows, by_kind["products"], by_kind["contracts"]),
             "margin": {**use, "products": by_product}, "open": open_positions(days, frames, options),
+            "cashKinds": cash_kinds(frames),
             "tradingDays": options["tradingDays"]}
 
 
@@ -465,7 +475,7 @@ def differences(found, expected, path=""):
 
 
 MONEY = {"equity", "cashFlow", "margin", "pl", "moneyIndex", "fees", "turnover", "money", "statedPl", "averageWin",
-         "averageLoss", "expectancy", "largestWin", "largestLoss", "mean", "max", "floatPl"}
+         "averageLoss", "expectancy", "largestWin", "largestLoss", "mean", "max", "floatPl", "cashIn", "cashOut"}
 
 
 def null_paths(figures, path=""):
@@ -500,6 +510,7 @@ COLUMNS = {
                   "CURRENCY"],
     "position_sums": ["BILL_DATE", "EXCH_NAME", "CONTRACT", "DELIVERY", "BID", "BID_POSITION_VOL", "ASK_POSITION_VOL",
                       "POSITION_VOL", "YSETTLE_PRICE", "SETTLE_PRICE", "DSYK", "DEPOSIT", "HEDGE"],
+    "cash": ["CASH_TYPE", "CASH_IN", "CASH_OUT"],
     "units": ["product", "unit"],
 }
 

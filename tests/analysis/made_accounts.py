@@ -44,7 +44,7 @@ class Fundament:
         self.equity = 100_000_00 + self.draw(100_000_00)
         self.day = datetime.date(2023, 11, 1) + datetime.timedelta(self.draw(60))
         self.days = []
-        self.printed = {"trades": 0, "closed": 0, "positions": 0}
+        self.printed = {"trades": 0, "closed": 0, "positions": 0, "cash": 0}
 
     def draw(self, below):
         return self.random.randrange(below)
@@ -164,7 +164,21 @@ class Bilingual(Fundament):
                 *self.bars("持仓明细 Positions Detail", 13, [
                     (row["exchange"], "某", row["contract"], row["openDay"], "投", "买" if row["isBuy"] else "卖",
                      row["lots"], row["price"], "0.00", "0.00", row["floating"], "0.00", row["margin"])
-                    for row in self.rows("positions", 5)])]
+                    for row in self.rows("positions", 5)]),
+                *self.cash()]
+
+    def cash(self):
+        """Deposits and withdrawals of all kinds, on some days; their columns in any order."""
+        if not self.happens(30):
+            return []
+        rows = [{"发生日期": f"{self.day:%Y%m%d}", "出入金类型": self.one_of(("银期转账", "手续费返还", "利息")),
+                 "入金": self.or_nothing(5, self.amount(0, 9_000_00)), "出金": self.amount(0, 9_000_00),
+                 "说明": self.one_of(("", "某"))} for _ in range(1 + self.draw(4))]
+        self.printed["cash"] += len(rows)
+        columns = self.random.sample(list(rows[0]), len(rows[0]))
+        total = ["共", str(len(rows)), "条"] + ["|"] * len(columns)
+        return table("出入金明细 Deposit/Withdrawal", ["|" + "|".join(columns) + "|", RULE],
+                     ["|" + "|".join(row[column] for column in columns) + "|" for row in rows], "|" + "".join(total))
 
     @staticmethod
     def pair(label, value, other, second):

@@ -111,7 +111,7 @@ std::string DifferenceOf(const Result& alone, const Result& together) {
 std::vector<Job> JobsOf(const fs::path& samples) {
     std::vector<fs::path> folders;
     for (const auto& entry : fs::directory_iterator(samples)) {
-        if (entry.is_directory()) folders.push_back(entry.path());
+        if (fs::exists(entry.path() / "request.ini")) folders.push_back(entry.path());  // an account in its place
     }
     std::ranges::sort(folders);
     std::vector<Job> jobs;

@@ -46,7 +46,7 @@ TEST(AnalysisJson, HasItsBlocksInTheirOrder) {
     const Json json = Written(analysis);
     EXPECT_EQ(KeysOf(json), (Names{"tradingDays", "days", "drawdowns", "months", "years", "weekdays", "streaks",
                                    "distribution", "ratios", "products", "contracts", "sides", "exchanges",
-                                   "closedMonths", "concentration", "margin", "open", "reasons"}));
+                                   "closedMonths", "concentration", "margin", "open", "cashKinds", "reasons"}));
     EXPECT_EQ(json["tradingDays"], 250);
     EXPECT_EQ(json["days"], Json::array());
     EXPECT_EQ(json["margin"]["products"], Json::array());

@@ -217,6 +217,20 @@ TEST_F(JsonTree, IsWrittenForAnyContent) {
     const std::string closed = Lines("closed", AddRows(report.PingDetailStore, 300, kPingFields));
     const std::string positions = Lines("positions", AddRows(report.OpiDetailStore, 300, kOpiDetailFields));
     const std::string sums = Lines("positionSums", AddRows(report.OpiSumStore, 300, kOpiSumFields));
+    const Json note = {{"BILL_DATE", "20240102"},
+                       {"CASH_DATE", ""},
+                       {"CASH_TYPE", "转账"},
+                       {"CASH_IN", "1,000.5"},
+                       {"CASH_OUT", "五"},
+                       {"NOTE", "\"\xEF\xBF\xBD"},
+                       {"values", {{"CASH_IN", 1000.5}, {"CASH_OUT", nullptr}}}};
+    report.SideRecords.Cash.push_back({.BILL_DATE = "20240102",
+                                       .CASH_TYPE = Gbk("转账"),
+                                       .CASH_IN = "1,000.5",
+                                       .CASH_OUT = Gbk("五"),
+                                       .NOTE = "\"\xFF"});
+    const std::string side =
+        Lines("cash", Json::array({note})) + Lines("exercises", Json::array()) + Lines("deliveries", Json::array());
     const std::string offsets = Lines("offsets", AddOffsets(30));
     const std::string usage = Lines("usage", AddUsages(40));
     Json currencies = Json::array();
@@ -225,7 +239,7 @@ TEST_F(JsonTree, IsWrittenForAnyContent) {
     }
     const Json chains = {{{"ItemBase", "cu"}, {"Items", {"al", "锌", "", "\"\xEF\xBF\xBD"}}}};
     const std::string expected = Dumped(MoneyTree(report.MoneyStore)) + ",\n\"currencies\": " + Dumped(currencies) +
-                                 matches + closed + positions + sums + offsets + Lines("chains", chains) +
+                                 matches + closed + positions + sums + side + offsets + Lines("chains", chains) +
                                  Lines("days", Json::array()) + usage +
                                  ",\n\"account\": " + FigureTree(report.AccountStatistics, kAccountFigures).dump();
 
@@ -240,8 +254,8 @@ TEST_F(JsonTree, IsWrittenForAnyContent) {
 
 TEST_F(JsonTree, IsWrittenForNothing) {
     std::string expected = Dumped(MoneyTree(report.MoneyStore));
-    for (const char* const list :
-         {"currencies", "matches", "closed", "positions", "positionSums", "offsets", "chains", "days", "usage"}) {
+    for (const char* const list : {"currencies", "matches", "closed", "positions", "positionSums", "cash", "exercises",
+                                   "deliveries", "offsets", "chains", "days", "usage"}) {
         expected += ",\n\"" + std::string(list) + "\": []";
     }
     expected += ",\n\"account\": " + FigureTree(report.AccountStatistics, kAccountFigures).dump();

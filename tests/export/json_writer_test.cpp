@@ -46,17 +46,17 @@ protected:
 
 TEST_F(JsonWriter, WritesOneObjectBehindItsSchema) {
     const Json json = Written();
-    EXPECT_EQ(KeysOf(json),
-              (Names{"schema", "program", "run", "money", "currencies", "matches", "closed", "positions",
-                     "positionSums", "offsets", "chains", "days", "usage", "account", "analysis", "findings"}));
+    EXPECT_EQ(KeysOf(json), (Names{"schema", "program", "run", "money", "currencies", "matches", "closed", "positions",
+                                   "positionSums", "cash", "exercises", "deliveries", "offsets", "chains", "days",
+                                   "usage", "account", "analysis", "findings"}));
     EXPECT_EQ(json["schema"], 1);
     EXPECT_EQ(json["program"], "tradebill " TRADEBILL_VERSION);
 }
 
 TEST_F(JsonWriter, WritesEmptyStoresAsEmptyLists) {
     const Json json = Written();
-    for (const char* const list :
-         {"currencies", "matches", "closed", "positions", "positionSums", "offsets", "chains", "days", "usage"}) {
+    for (const char* const list : {"currencies", "matches", "closed", "positions", "positionSums", "cash", "exercises",
+                                   "deliveries", "offsets", "chains", "days", "usage"}) {
         EXPECT_EQ(json[list], Json::array()) << list;
     }
     EXPECT_EQ(json["money"]["Records"], Json::array());

@@ -17,6 +17,7 @@ import tempfile
 # Tables that are lists of the JSON, by the path to each.
 LISTS = {
     "trades": "matches", "closed": "closed", "positions": "positions", "position_sums": "positionSums",
+    "cash": "cash", "exercises": "exercises", "deliveries": "deliveries", "cash_kinds": "analysis.cashKinds",
     "contracts": "analysis.contracts", "products": "analysis.products", "sides": "analysis.sides",
     "exchanges": "analysis.exchanges", "closed_months": "analysis.closedMonths", "months": "analysis.months",
     "years": "analysis.years", "weekdays": "analysis.weekdays", "drawdowns": "analysis.drawdowns",

@@ -130,7 +130,7 @@ TEST(ReportDiff, OrdersRowsByWhateverNamesThem) {
 }
 
 TEST(ReportDiff, KnowsAllListsOfRecords) {
-    for (const std::string name : {"matches", "closed", "positions", "positionSums"}) {
+    for (const std::string name : {"matches", "closed", "positions", "positionSums", "exercises", "deliveries"}) {
         const auto list = [&](const char* lots) {
             return "\"" + name + R"(":[{"BILL_DATE":"20240102","CONTRACT":"i","POSITION_VOL":")" + lots + "\"}]";
         };

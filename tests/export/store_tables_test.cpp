@@ -86,6 +86,23 @@ TEST_F(StoreTables, HaveARowForEachPositionAndEachSum) {
     EXPECT_EQ(RowsOf("position_sums", {"BILL_DATE", "DEPOSIT", "BID"}), (TextRows{{"2024-01-04", "8825.6", "买"}}));
 }
 
+TEST_F(StoreTables, HaveARowForEachDepositExerciseAndDelivery) {
+    SideRecords& side = report.SideRecords;
+    side.Cash.push_back({.BILL_DATE = "20240102",
+                         .CASH_DATE = "20240101",
+                         .CASH_TYPE = Gbk("银期转账"),
+                         .CASH_IN = "1,000.00",
+                         .CASH_OUT = "--"});
+    side.Exercises.push_back({.BILL_DATE = "20240103", .CONTRACT = "i2405-C-800", .EXERCISE_PL = "-20.50"});
+    side.Deliveries.push_back({.BILL_DATE = "20240104", .CONTRACT = "2405", .DELIVERED_VOL = "3"});
+    EXPECT_EQ(RowsOf("cash", {"BILL_DATE", "CASH_DATE", "CASH_TYPE", "CASH_IN", "CASH_OUT", "NOTE"}),
+              (TextRows{{"2024-01-02", "2024-01-01", "银期转账", "1000.0", "-", "-"}}));
+    EXPECT_EQ(RowsOf("exercises", {"BILL_DATE", "EXERCISE_DATE", "CONTRACT", "EXERCISE_PL", "EXERCISE_FEE"}),
+              (TextRows{{"2024-01-03", "-", "i2405-C-800", "-20.5", "-"}}));
+    EXPECT_EQ(RowsOf("deliveries", {"BILL_DATE", "CONTRACT", "DELIVERED_VOL", "DELIVERY_PL"}),
+              (TextRows{{"2024-01-04", "2405", "3.0", "-"}}));
+}
+
 // The foreign family's rows are in a store of their own, and name the closing trade's side.
 TEST_F(StoreTables, HaveARowForEachClosedPositionOfAForeignAccount) {
     report.Request.StatementKind = kForeignKind;

@@ -52,6 +52,7 @@ public:
         report.Request.StatementKind = asked.isForeign ? kForeignKind : 1;
         CopyField(report.Request.Account, account);
         report.TemplatePath = asked.templatePath;
+        watch.ReadSideRows();
         CStatementLoader loader(report);
         for (const DayFile& file : files) {
             const std::string_view bytes = file.bytes;

@@ -23,12 +23,11 @@ Finding FindingOf(FindingCode code, Severity severity, std::string day = {}, int
 TEST(FindingTable, KeepsTheNamesThatDocumentsAndProgramsKnow) {
     std::vector<std::string_view> names;
     for (const FindingKind& kind : FindingKinds()) names.push_back(kind.name);
-    EXPECT_EQ(
-        names,
-        (std::vector<std::string_view>{
-            "unreadable",  "empty",         "not-a-file", "encoding", "unrecognised", "cut-off",    "section-missing",
-            "row-skipped", "shifted",       "totals",     "identity", "available",    "continuity", "gap",
-            "lots",        "wrong-account", "wrong-day",  "repeated", "unit",         "template",   "live"}));
+    EXPECT_EQ(names, (std::vector<std::string_view>{
+                         "unreadable",      "empty",       "not-a-file", "encoding", "unrecognised", "cut-off",
+                         "section-missing", "row-skipped", "shifted",    "totals",   "identity",     "available",
+                         "money-rows",      "currency",    "continuity", "gap",      "lots",         "wrong-account",
+                         "wrong-day",       "repeated",    "unit",       "template", "live",         "opening"}));
 }
 
 TEST(FindingTable, SaysOfEachCodeWhatItMeansAndWhatToDo) {
@@ -66,6 +65,9 @@ TEST(FindingTable, NamesSeveritiesAndSections) {
     EXPECT_EQ(SectionName(SectionKind::Closed), "closed");
     EXPECT_EQ(SectionName(SectionKind::Open), "open");
     EXPECT_EQ(SectionName(SectionKind::Summary), "summary");
+    EXPECT_EQ(SectionName(SectionKind::Cash), "cash");
+    EXPECT_EQ(SectionName(SectionKind::Exercises), "exercises");
+    EXPECT_EQ(SectionName(SectionKind::Deliveries), "deliveries");
 }
 
 TEST(SortFindings, PutsTheWorstFirstThenByCodeDayAndRow) {

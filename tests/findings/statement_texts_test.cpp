@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/text_encoding.h"
 #include "support/gbk_text.h"
 
 namespace tradebill::statement_texts_test {
@@ -171,6 +172,33 @@ TEST(PrintedDay, NeedsAColonBehindItsLabel) {
 TEST(Encoding, IsUtf8WhereTheFileEndsInACharacterOfFourBytes) {
     EXPECT_EQ(FaultOf("资金\xF0\x9F\x98"), "UTF-8");
     EXPECT_EQ(FaultOf("资金\xF0\x9F\x98 567"), "bytes that are no GBK characters");
+}
+
+std::string LabelOf(const std::optional<StatedLabel>& label) {
+    return label ? GbkToUtf8(label->label) + " > " + GbkToUtf8(label->behind.substr(0, 8)) : "";
+}
+
+TEST(StatedLabel, HasWhatStandsBeforeItsWordsWithoutABlank) {
+    EXPECT_EQ(LabelOf(FindAccountLabel(Gbk("客户号 Client ID：  90010009  客户名称：周"))), "客户号 > 90010009");
+    EXPECT_EQ(LabelOf(FindDayLabel(Gbk("  到期日期: 20240301"))), "到期日期 > 20240301");
+    EXPECT_EQ(LabelOf(FindDayLabel(Gbk("|日  期:20240301"))), "日  期 > 20240301");
+    EXPECT_EQ(LabelOf(FindDayLabel(Gbk("制表日期: 20240301"))), "");
+    EXPECT_EQ(LabelOf(FindMakingDayLabel(Gbk("客户号：1 制表时间：20240301"))), "制表时间 > 20240301");
+    EXPECT_EQ(LabelOf(FindMakingDayLabel(Gbk("制表时间：周三"))), "");
+    EXPECT_EQ(LabelOf(FindAccountLabel(Gbk("客户号: 90****09"))), "");
+}
+
+TEST(StatedLabel, BeginsACellWhereItIsLookedForByItsWords) {
+    EXPECT_EQ(BehindLabelOf(Gbk("到期日期: 1 日期: 2"), Gbk("日期")), "2");
+    EXPECT_EQ(BehindLabelOf(Gbk("日期 Date：3"), Gbk("日期")), "3");
+    EXPECT_EQ(BehindLabelOf(Gbk("|日期:4"), Gbk("日期")), "4");
+    EXPECT_EQ(BehindLabelOf(Gbk("到期日期: 1"), Gbk("日期")), std::nullopt);
+    EXPECT_EQ(BehindLabelOf(Gbk("日期 20240101"), Gbk("日期")), std::nullopt);
+}
+
+TEST(StatedLabel, IsFollowedByAnAccountAsFarAsItGoes) {
+    EXPECT_EQ(AccountAt("90-1_a*/x"), "90-1_a*");
+    EXPECT_EQ(AccountAt(" 1"), "");
 }
 
 }  // namespace

@@ -66,6 +66,26 @@ TEST(TemplateCheck, FindsNothingInASoundTemplate) {
     for (const TemplateFinding& finding : Check(SoundLines())) ADD_FAILURE() << finding.line << ": " << finding.text;
 }
 
+TEST(TemplateCheck, KnowsTheKeysOfFormatAndOfLabelsWithinColumns) {
+    const auto texts = [](const std::string& inCommon, const std::string& inMoney) {
+        std::string all;
+        for (const TemplateFinding& finding : Check({"[DEALFIELD]", inCommon, "MATCH_RECORD=0", "[MONEY_RECORD]",
+                                                     "START_FLAG=资金", "END_FLAG=成交", "DELIMITER=SPACE", inMoney})) {
+            all += std::to_string(finding.line) + (finding.isError ? " E " : " W ") + finding.text + "\n";
+        }
+        return all;
+    };
+    for (const char* const key : {"LABEL_END=：", "ROWS_FROM=1", "ROWS_TO=-1", "QLSR_NAME=收入", "QLZC_NAME=支出"}) {
+        EXPECT_EQ(texts("FORMAT=3", key), "") << key;
+        EXPECT_EQ(
+            texts("FORMAT=3", std::string("X") + key),
+            "8 E unknown key X" + std::string(key).substr(0, std::string(key).find('=')) + " in [MONEY_RECORD]\n");
+    }
+    EXPECT_EQ(texts("FORMATS=3", "ROWS_TO=0"), "2 E unknown key FORMATS in [DEALFIELD]\n");
+    EXPECT_EQ(texts("FORMAT=3", "ROWS_FROM=two"),
+              "8 E ROWS_FROM: expected a whole number, found \"two\", which is read as 0\n");
+}
+
 struct Fault {
     std::size_t line;
     const char* replacement;

@@ -70,5 +70,18 @@ TEST_F(FilePlace, CanGetACopy) {
     EXPECT_FALSE(CopyOver(source, folder_.Path("missing/copy")));
 }
 
+TEST_F(FilePlace, HoldsTheSameBytesOrNot) {
+    const std::string blocks(9000, 'x');
+    const std::string one = folder_.Write("one", blocks);
+    EXPECT_TRUE(HoldSameBytes(one, one));
+    EXPECT_TRUE(HoldSameBytes(one, folder_.Write("same", blocks)));
+    EXPECT_TRUE(HoldSameBytes(folder_.Write("empty", ""), folder_.Write("other empty", "")));
+    EXPECT_FALSE(HoldSameBytes(one, folder_.Write("shorter", blocks.substr(1))));
+    EXPECT_FALSE(HoldSameBytes(one, folder_.Write("first", "y" + blocks.substr(1))));
+    EXPECT_FALSE(HoldSameBytes(one, folder_.Write("last", blocks.substr(1) + "y")));
+    EXPECT_FALSE(HoldSameBytes(one, folder_.Path("missing")));
+    EXPECT_FALSE(HoldSameBytes(folder_.Path("missing"), one));
+}
+
 }  // namespace
 }  // namespace tradebill::file_place_test

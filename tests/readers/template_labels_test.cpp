@@ -184,5 +184,36 @@ TEST_F(TemplateLabels, FeedTheDaysFigures) {
     EXPECT_EQ(report.MoneyStore.TotalClosedPL, 1.5);
 }
 
+TEST_F(TemplateLabels, EndWithinTheColumnOfTheirValues) {
+    const std::string keys =
+        Ini({"LABEL_END=：", "KHQY_NAME=权 益", "SXF_NAME=手续费", "QMJC_NAME=期末", "CRJ_NAME=出入金"});
+    EXPECT_EQ(MoneyOf(keys, {"权 益：1.00|手续费： 2.00", "期末：：3.00|说明|出入金：", "其他：权 益"}),
+              Record({{"KHQY", "1.00"}, {"SXF", "2.00"}, {"QMJC", "3.00"}}));
+    EXPECT_EQ(MoneyOf(Ini({"KHQY_NAME=权益"}), {"权益：1.00|权益|2.00"}), Record({{"KHQY", "2.00"}}))
+        << "only where the template says so";
+}
+
+TEST_F(TemplateLabels, StandInTheRowsThatTheTemplateCounts) {
+    const auto read = [this](std::string_view keys) {
+        BeginWith(1, MoneyTemplate(std::string(keys) + Ini({"KHQY_NAME=权益", "QCQY_NAME=期初", "SXF_NAME=手续费"})));
+        EXPECT_TRUE(Read({"结算单", "资金", "期初|1|", "权益|2|", "合计|手续费|3|"}));
+        return Money();
+    };
+    EXPECT_EQ(read(""), Record({{"KHQY", "2"}}));
+    EXPECT_EQ(read("ROWS_FROM=1\r\n"), Record({{"QCQY", "1"}, {"KHQY", "2"}}));
+    EXPECT_EQ(read("ROWS_TO=-1\r\n"), Record({{"KHQY", "2"}, {"SXF", "3"}}));
+    EXPECT_EQ(read("ROWS_FROM=1\r\nROWS_TO=1\r\n"), Record({{"QCQY", "1"}}));
+}
+
+TEST_F(TemplateLabels, MayStatePremiumReceivedAndPaidApart) {
+    const std::string both = Ini({"QLSR_NAME=收入", "QLZC_NAME=支出"});
+    EXPECT_EQ(MoneyOf(both, {"收入|30.50|支出|10.25"}), Record({{"QLJSZ", "20.25"}}));
+    EXPECT_EQ(MoneyOf(both, {"支出|10.25"}), Record({{"QLJSZ", "-10.25"}}));
+    EXPECT_EQ(MoneyOf(Ini({"QLSR_NAME=收入"}), {"收入|30.50|支出|10.25"}), Record({{"QLJSZ", "30.50"}}));
+    EXPECT_EQ(MoneyOf(both + Ini({"QLJSZ_NAME=收支"}), {"收入|30.50|支出|10.25|收支|7.00"}),
+              Record({{"QLJSZ", "7.00"}}))
+        << "a premium that is stated stays";
+}
+
 }  // namespace
 }  // namespace tradebill::template_labels_test

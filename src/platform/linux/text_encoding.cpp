@@ -59,8 +59,10 @@ private:
 
 /// Converts as much as it can, takes it off `text`, and returns it.
 std::string ConvertRun(iconv_t converter, std::string_view& text) {
+    // The library decodes some 2,000 characters at a time, and those that don't fit again with the next piece.
+    constexpr std::size_t kPiece = 8192;
     std::string result;
-    std::array<char, 256> buffer;
+    std::array<char, kPiece> buffer;
     for (;;) {
         char* in = const_cast<char*>(text.data());  // iconv doesn't write to it
         std::size_t inLeft = text.size();

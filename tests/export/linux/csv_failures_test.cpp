@@ -92,6 +92,10 @@ TEST_F(CsvFailures, TakeBackWhatStandsBesideAFileOfAnother) {
         EXPECT_EQ(ReadFile(folder_.Path("trades.csv")), before);
         EXPECT_FALSE(Found().contains("days.csv"));
         EXPECT_FALSE(Found().contains("trades.csv.part"));
+        // A second name of a file of another can't be removed where its first can't.
+        const bool isLinked = rights == fs::perms(0666);
+        EXPECT_EQ(Found().contains("trades.csv.older"), isLinked);
+        EXPECT_EQ(problems.leftover.has_value(), isLinked);
     }
 }
 

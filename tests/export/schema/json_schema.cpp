@@ -20,6 +20,7 @@
 #include "report/figure_fields.h"
 #include "report/product_unit.h"
 #include "report/record_fields.h"
+#include "report/side_records.h"
 
 namespace tradebill {
 namespace {
@@ -96,6 +97,18 @@ Json WithValues(Json properties, Json values) {
 template <class Record>
 Json RecordSchema(std::string_view object) {
     return WithValues(TextsOf<Record>(object), ValuesOf<Record>());
+}
+
+/// Of a row that is kept beside the page's own.
+template <class Record, std::size_t N>
+Json SideSchema(std::string_view object, const SideField<Record> (&fields)[N]) {
+    Json properties = Json::object();
+    Json values = Json::object();
+    for (const SideField<Record>& field : fields) {
+        properties[std::string(field.name)] = Described(Type("string"), NoteOf(object, field.name));
+        if (field.isAmount) values[std::string(field.name)] = Reference("value");
+    }
+    return WithValues(std::move(properties), std::move(values));
 }
 
 Json MoneyRecordSchema() {
@@ -296,7 +309,8 @@ Json AnalysisSchema() {
 Json FindingSchema() {
     std::vector<std::string> sections;
     for (const SectionKind kind :
-         {SectionKind::Money, SectionKind::Trades, SectionKind::Closed, SectionKind::Open, SectionKind::Summary}) {
+         {SectionKind::Money, SectionKind::Trades, SectionKind::Closed, SectionKind::Open, SectionKind::Summary,
+          SectionKind::Cash, SectionKind::Exercises, SectionKind::Deliveries}) {
         sections.emplace_back(SectionName(kind));
     }
     std::vector<std::string> severities;
@@ -332,6 +346,9 @@ Json Schema() {
         {"closed", Described(ListOf(ClosedSchema()), "Closed positions")},
         {"positions", Described(ListOf(RecordSchema<OpiDetail>("positions")), "Open positions, lot by lot")},
         {"positionSums", Described(ListOf(RecordSchema<OpiSum>("positionSums")), "Summary of open positions, by side")},
+        {"cash", Described(ListOf(SideSchema("cash", kCashFields)), "Deposits and withdrawals, by their kinds")},
+        {"exercises", Described(ListOf(SideSchema("exercises", kExerciseFields)), "Exercises of options")},
+        {"deliveries", Described(ListOf(SideSchema("deliveries", kDeliveryFields)), "Deliveries")},
         {"offsets", Described(ListOf(OffsetSchema()), "Closed positions of each contract, added up")},
         {"chains", Described(ListOf(ChainSchema()), "Products that share margin")},
         {"days", Described(ListOf(Object(FiguresOf("days", kDayFigures, false))), "What the page's charts show")},
