@@ -67,10 +67,10 @@ void Replace(std::string& text, const SheetCell& cell, std::string_view instead)
 
 }  // namespace
 
-CAccountAnonymiser::CAccountAnonymiser(const GenerateBillRequest& request, std::string templatePath,
+CAccountAnonymiser::CAccountAnonymiser(const GenerateBillRequest& request, TemplateSource source,
                                        const AnonymiseSettings& settings, std::string_view account)
     : request_(CopyRequest(request)),
-      templatePath_(std::move(templatePath)),
+      template_(std::move(source)),
       settings_(settings),
       identities_(CDice(settings.seed, FieldText(request.Account)).Next()) {
     const std::string_view before = FieldText(request_.Account);
@@ -89,12 +89,13 @@ void CAccountAnonymiser::Add(DayStatement statement) {
 void CAccountAnonymiser::Read(const DayStatement& statement, CSheetWatch& watch) const {
     CReport report;  // of this statement alone: others of its day don't hide it
     report.Request = request_;
-    report.TemplatePath = templatePath_;
+    report.TemplatePath = template_.path;
+    report.CarriedTemplate = template_.carried;
     CStatementLoader loader(report, StatementAccess::ReadAlone);
     loader.Read(statement.day, statement.text, &watch);
     if (const auto& lost = loader.TemplateProblem()) throw CLostTemplate(lost->path, lost->reason);
-    const bool needsTemplate = !templatePath_.empty() && !IsForeign(request_);
-    if (needsTemplate && !StampOf(templatePath_)) throw CLostTemplate(templatePath_);
+    const bool needsFile = !template_.path.empty() && template_.carried.empty() && !IsForeign(request_);
+    if (needsFile && !StampOf(template_.path)) throw CLostTemplate(template_.path);
     watch.Finish();
 }
 

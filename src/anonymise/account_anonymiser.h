@@ -63,13 +63,19 @@ public:
         : std::runtime_error("can't read " + path + (reason.empty() ? "" : ": " + reason)) {}
 };
 
+/// The template that statements are read by.
+struct TemplateSource {
+    std::string path = {};          ///< empty: none is looked for
+    std::string_view carried = {};  ///< INI text where no file is there; empty: there must be one
+};
+
 /// Without their template statements would be read as others than they are, so nothing is copied then: Add and Make
 /// throw CLostTemplate.
 class CAccountAnonymiser {
 public:
-    /// The request says how statements are read; `templatePath` is that of its template, or empty. Its account becomes
+    /// The request says how statements are read, and `source` by which template. Its account becomes
     /// `account` in the copy.
-    CAccountAnonymiser(const GenerateBillRequest& request, std::string templatePath, const AnonymiseSettings& settings,
+    CAccountAnonymiser(const GenerateBillRequest& request, TemplateSource source, const AnonymiseSettings& settings,
                        std::string_view account);
 
     /// Takes a statement, all bytes of its file. One that can't be read as a whole is left out.
@@ -100,7 +106,7 @@ private:
     void ShiftDates(const DayStatement& statement, std::string& copy);
 
     GenerateBillRequest request_;
-    std::string templatePath_;
+    TemplateSource template_;
     AnonymiseSettings settings_;
     std::vector<DayStatement> statements_;
     std::vector<LeftOutStatement> leftOut_;

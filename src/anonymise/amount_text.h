@@ -33,11 +33,6 @@ struct PrintedNumber {
     return unit;
 }
 
-/// A difference that wraps, as WrappingSum does.
-[[nodiscard]] constexpr std::int64_t WrappingDifference(std::int64_t left, std::int64_t right) {
-    return static_cast<std::int64_t>(static_cast<std::uint64_t>(left) - static_cast<std::uint64_t>(right));
-}
-
 /// To the nearest of the last place, halves away from 0. What is beyond all that can be printed is held to it.
 [[nodiscard]] std::int64_t RoundedTo(std::int64_t steps, int places);
 

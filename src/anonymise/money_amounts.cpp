@@ -209,6 +209,7 @@ private:
         const std::int64_t amount = *before[figure];
         if (amount == 0) return 0;
         if (const auto difference = ChangedDifference(figure)) return *difference;
+        if (const auto flow = figure == CashFlow ? FindFlow(amount) : std::nullopt) return *flow;
         if (const auto sum = FindSum(figure, amount)) return RoundedTo(*sum, PlacesOf(figure));
         return factor_.OfAmount(amount, PlacesOf(figure));
     }
@@ -272,6 +273,22 @@ private:
         return std::nullopt;
     }
 
+    /// Deposits less withdrawals are those of the table of both, where a statement prints it: one that no reader reads.
+    [[nodiscard]] std::optional<std::int64_t> FindFlow(std::int64_t amount) const {
+        const auto isCash = [](const ColumnSum& sum) {
+            return sum.watched == nullptr && sum.meaning == Meaning::Money && sum.currency.empty();
+        };
+        for (const ColumnSum& in : sums_) {
+            if (!isCash(in)) continue;
+            for (const ColumnSum& out : sums_) {
+                const bool isPair = &in != &out && isCash(out) && in.table == out.table;
+                if (isPair && WrappingDifference(in.sum.before, out.sum.before) == amount)
+                    return WrappingDifference(in.sum.after, out.sum.after);
+            }
+        }
+        return std::nullopt;
+    }
+
     /// The day's P/L is that of closed and open positions together.
     [[nodiscard]] std::optional<std::int64_t> FindPair(std::int64_t amount) const {
         for (const ColumnSum& one : sums_) {
@@ -318,14 +335,18 @@ private:
     const std::vector<ColumnSum>& sums_;
 };
 
-void CMoneyAmounts::ChangeDomestic(StatementSheet& sheet, MoneyFigures figures, const std::vector<ColumnSum>& sums) {
-    CChange change(factor_, figures, sums);
+void CMoneyAmounts::ChangeOpening(CChange& change) const {
     const auto last = closed_.find(change.before.Currency);
     if (last != closed_.end()) {
         change.Follow(Opening, last->second.before, last->second.after);
     } else {
         change.Scale(Opening);
     }
+}
+
+void CMoneyAmounts::ChangeDomestic(StatementSheet& sheet, MoneyFigures figures, const std::vector<ColumnSum>& sums) {
+    CChange change(factor_, figures, sums);
+    ChangeOpening(change);
     change.ChangeDayFigures();
     change.after.OptionTurnover = OptionTurnoverOf(sheet).after;
     const BalanceForm form = identity_.Balance.value_or(UsualBalanceForm(change.before));
@@ -345,12 +366,7 @@ void CMoneyAmounts::ChangeForeign(std::vector<MoneyFigures> figures, const std::
     const std::vector<ColumnSum> none;  // add up to the base: its rates aren't known
     for (MoneyFigures& column : figures) {
         CChange change(factor_, column, column.money.IsBase ? none : sums);
-        const auto last = closed_.find(change.before.Currency);
-        if (last != closed_.end()) {
-            change.Follow(Opening, last->second.before, last->second.after);
-        } else {
-            change.Scale(Opening);
-        }
+        ChangeOpening(change);
         change.ChangeDayFigures();
         const auto balance = [](const PrintedMoney& money) {
             std::int64_t sum = money.Amount(Opening);

@@ -57,6 +57,9 @@ public:
 private:
     class CChange;
 
+    /// Opens with what the last statement closed with.
+    void ChangeOpening(CChange& change) const;
+
     const CAmountFactor& factor_;
     MoneyIdentity identity_;
     std::map<std::string, ChangedSum> closed_;  ///< by currency: what the last statement closed with

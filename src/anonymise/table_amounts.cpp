@@ -315,6 +315,7 @@ std::vector<ColumnSum> CTableAmounts::Sums() const {
         const auto [entry, isNew] = sums.try_emplace(Key{row.row->table, cell.place, currency});
         ColumnSum& sum = entry->second;
         if (isNew) {
+            sum.table = row.row->table;
             sum.meaning = cell.meaning;
             sum.watched = row.row->watched;
             sum.currency = currency;

@@ -23,6 +23,7 @@ struct ChangedSum {
 
 /// What the rows of a column add up to.
 struct ColumnSum {
+    std::size_t table = 0;
     Meaning meaning = Meaning::Money;
     const WatchedRow* watched = nullptr;  ///< of the first row, or null
     std::string currency = {};            ///< of the rows that were added up; empty: all

@@ -1,74 +1,47 @@
 #include "cli/account_files.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
-#include "base/text.h"
 #include "cli/input_file.h"
 #include "platform/paths.h"
 #include "platform/system_error.h"
-#include "report/account_key.h"
+#include "report/statement_name.h"
 
 namespace tradebill {
 namespace {
 
-constexpr std::string_view kForeignStart = "DWP";
-constexpr std::string_view kStart = "D";
-// That of a finished day first: the other is of the same day while it lasts.
-constexpr std::string_view kEndings[] = {"o.txt", ".txt"};
-
-struct FileParts {
-    std::string account;
-    bool isForeign;
-    std::string day;
-    std::string ending;
-};
-
-std::optional<FileParts> PartsOf(std::string_view name) {
-    constexpr std::size_t kDayLength = 8;
-    const bool isForeign = name.starts_with(kForeignStart);
-    if (!isForeign && !name.starts_with(kStart)) return std::nullopt;
-    name.remove_prefix(isForeign ? kForeignStart.size() : kStart.size());
-    for (const std::string_view ending : kEndings) {
-        if (!name.ends_with(ending)) continue;
-        const std::string_view stem = name.substr(0, name.size() - ending.size());
-        if (stem.size() < kDayLength + 2) continue;
-        const std::string_view day = stem.substr(stem.size() - kDayLength);
-        const std::string_view account = stem.substr(0, stem.size() - kDayLength);
-        if (!std::ranges::all_of(day, IsDigit) || !account.ends_with('.')) continue;
-        return FileParts{std::string(account.substr(0, account.size() - 1)), isForeign, std::string(day),
-                         std::string(ending)};
+/// In order. Nothing lies in a folder that isn't there.
+std::vector<std::string> NamesBelow(const std::string& folder) {
+    ForgetSystemError();
+    if (auto names = NamesIn(folder)) {
+        std::ranges::sort(*names);
+        return *std::move(names);
     }
-    return std::nullopt;
+    const std::string reason = SystemErrorText(LastSystemError());
+    if (!MayBeFolder(folder)) return {};
+    throw CUnreadableInput(folder, reason);
 }
 
-std::vector<std::string> SortedNamesIn(const std::string& folder) {
-    auto names = NamesIn(folder);
-    if (!names) throw CUnreadableInput(folder, SystemErrorText(LastSystemError()));
-    std::ranges::sort(*names);
-    return *std::move(names);
+void AddStatementsOf(const std::string& user, const std::string& bills, AccountFiles& files) {
+    for (const std::string& name : NamesBelow(bills)) {
+        const auto parts = PartsOfStatementName(name);
+        if (!parts) continue;
+        files[{user, parts->account, parts->isForeign}].push_back(
+            {.day = parts->day, .path = std::string(bills).append("/").append(name), .ending = parts->ending});
+    }
 }
 
 }  // namespace
 
-AccountFiles FindAccountFiles(const std::string& root) {
+AccountFiles FindAccountFiles(const std::string& root, const std::optional<std::string>& onlyUser) {
     AccountFiles files;
-    const std::string users = root + "/Users";
-    if (!IsFolder(users)) return files;
-    for (const std::string& user : SortedNamesIn(users)) {
-        const std::string bills = std::string(users).append("/").append(user).append("/Data/Bill");
-        if (!IsFolder(bills)) continue;
-        for (const std::string& name : SortedNamesIn(bills)) {
-            const auto parts = PartsOf(name);
-            if (!parts) continue;
-            files[{user, parts->account, parts->isForeign}].push_back(
-                {.day = parts->day, .path = std::string(bills).append("/").append(name), .ending = parts->ending});
-        }
+    const std::string users = root + "/Users/";
+    for (const std::string& user : onlyUser ? std::vector{*onlyUser} : NamesBelow(root + "/Users")) {
+        if (MayBeFolder(users + user)) AddStatementsOf(user, users + user + "/Data/Bill", files);
     }
     for (auto& [account, places] : files) {
         std::ranges::sort(places, [](const StatementPlace& left, const StatementPlace& right) {
@@ -76,10 +49,6 @@ AccountFiles FindAccountFiles(const std::string& root) {
         });
     }
     return files;
-}
-
-std::string StatementName(const AccountKey& account, const std::string& day, const std::string& ending) {
-    return std::string(account.isForeign ? kForeignStart : kStart) + account.account + "." + day + ending;
 }
 
 }  // namespace tradebill

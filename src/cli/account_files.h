@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,10 +19,8 @@ struct StatementPlace {
 /// By day.
 using AccountFiles = std::map<AccountKey, std::vector<StatementPlace>>;
 
-/// All statements below `root`. Throws CUnreadableInput for a folder that can't be looked into.
-[[nodiscard]] AccountFiles FindAccountFiles(const std::string& root);
-
-/// The name of a statement file.
-[[nodiscard]] std::string StatementName(const AccountKey& account, const std::string& day, const std::string& ending);
+/// The statements below `root`, of all users or of one. Throws CUnreadableInput for a folder that is there and can't be
+/// looked into.
+[[nodiscard]] AccountFiles FindAccountFiles(const std::string& root, const std::optional<std::string>& onlyUser = {});
 
 }  // namespace tradebill

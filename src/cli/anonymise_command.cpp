@@ -91,7 +91,7 @@ void CheckReading(const AnonymiseCommand& command) {
                           std::to_string(sizeof GenerateBillRequest::TemplateName - 1) + " bytes, found " +
                           std::to_string(command.templateName->size()));
     }
-    if (command.format && *command.format != kAutoFormat) static_cast<void>(FormatNumber(command.format, hasTemplate));
+    if (command.format && *command.format != kAutoFormat) static_cast<void>(FormatNumber(*command.format, hasTemplate));
 }
 
 /// With what its request file says where the command line doesn't.

@@ -1,7 +1,6 @@
 #include "cli/anonymise_run.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <iterator>
 #include <optional>
 #include <set>
@@ -15,6 +14,7 @@
 #include "cli/account_files.h"
 #include "cli/anonymised_folder.h"
 #include "cli/anonymised_settings.h"
+#include "cli/carried_templates.h"
 #include "cli/format_choice.h"
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"
@@ -23,6 +23,7 @@
 #include "readers/statement_limit.h"
 #include "report/account_key.h"
 #include "report/request_copy.h"
+#include "report/statement_name.h"
 
 namespace tradebill {
 
@@ -73,14 +74,18 @@ CAnonymiseRun::FoundStatements CAnonymiseRun::ReadAll(const std::vector<Statemen
     return found;
 }
 
-/// By the marks of the first statement that has some, unless it was told.
-std::int32_t CAnonymiseRun::FormatOfAll(const FoundStatements& statements) const {
+/// By the first statement that tells, unless it was told.
+PickedFormat CAnonymiseRun::FormatOfAll(const FoundStatements& statements) const {
     const bool hasTemplate = command_.templateName && !command_.templateName->empty();
-    if (command_.format && *command_.format != kAutoFormat) return FormatNumber(command_.format, hasTemplate);
+    if (command_.format && *command_.format != kAutoFormat)
+        return {.format = FormatNumber(*command_.format, hasTemplate)};
     std::optional<CUsageError> why;
     for (const FoundStatement& statement : statements) {
         try {
-            return FormatByMarks(statement.text, statement.place.path);
+            return FormatOfText(statement.text, {.day = statement.place.day,
+                                                 .file = statement.place.path,
+                                                 .rootFolder = settings_.root,
+                                                 .hasTemplate = hasTemplate});
         } catch (const CUsageError& error) {
             if (!why) why = error;
         }
@@ -106,16 +111,21 @@ void CAnonymiseRun::CopyAccount(const AccountKey& account, const AccountKey& cop
     }
     const FoundStatements statements = ReadAll(places);
     if (statements.empty()) return;
+    TemplateSource source{.path = settings_.TemplatePath(command_.templateName)};
     if (!account.isForeign) {
         try {
-            request.StatementFormat = FormatOfAll(statements);
+            const PickedFormat picked = FormatOfAll(statements);
+            request.StatementFormat = picked.format;
+            if (!picked.templateName.empty()) {
+                CopyField(request.TemplateName, picked.templateName);
+                source = {settings_.TemplatePath(picked.templateName), CarriedTemplateText(picked.templateName)};
+            }
         } catch (const CUsageError& error) {
             LeaveOut("account " + account.account + " of " + account.user, error.what());
             return;
         }
     }
-    CAccountAnonymiser anonymiser(request, settings_.TemplatePath(command_.templateName), settings_.anonymise,
-                                  copy.account);
+    CAccountAnonymiser anonymiser(request, std::move(source), settings_.anonymise, copy.account);
     try {
         for (const FoundStatement& statement : statements) anonymiser.Add({statement.place.day, statement.text});
         WriteCopies(copy, anonymiser.Make(), statements);

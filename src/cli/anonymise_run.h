@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -12,6 +11,7 @@
 #include "cli/anonymise_command.h"
 #include "cli/anonymised_folder.h"
 #include "cli/anonymised_settings.h"
+#include "cli/format_choice.h"
 #include "driver/report_request.h"
 #include "report/account_key.h"
 
@@ -43,7 +43,7 @@ private:
 
     void LeaveOut(const std::string& path, const std::string& reason);
     [[nodiscard]] FoundStatements ReadAll(const std::vector<StatementPlace>& places);
-    [[nodiscard]] std::int32_t FormatOfAll(const FoundStatements& statements) const;
+    [[nodiscard]] PickedFormat FormatOfAll(const FoundStatements& statements) const;
     [[nodiscard]] GenerateBillRequest RequestOf(const AccountKey& account) const;
     void CopyAccount(const AccountKey& account, const AccountKey& copy, const std::vector<StatementPlace>& places);
     void WriteCopies(const AccountKey& copy, const AnonymisedAccount& made, const FoundStatements& statements);

@@ -10,6 +10,7 @@
 #include "base/text.h"
 #include "cli/anonymise_command.h"
 #include "cli/anonymised_folder.h"
+#include "cli/carried_templates.h"
 #include "cli/input_file.h"
 #include "cli/input_ini.h"
 #include "cli/usage_error.h"
@@ -101,6 +102,10 @@ SideFiles ReadSideFiles(const AnonymiseCommand& command, const CopySettings& set
     if (!name.empty()) {
         const std::string bytes = WithoutComments(InputFileText(settings.TemplatePath(name), "a template file"));
         files.push_back({"BillTemplate/" + name + ".ini", WithChangeDay(bytes, settings.anonymise.shiftWeeks)});
+    }
+    if (name.empty()) {  // that of a root wins over the program's own
+        for (const CarriedTemplate& carried : CarriedTemplates())
+            AddIfThere(settings.root, "BillTemplate/" + std::string(carried.name) + ".ini", files);
     }
     if (command.unitFile)
         files.push_back({"units.ini", WithoutComments(InputFileText(*command.unitFile, "a file of units"))});

@@ -11,6 +11,7 @@
 #include "cli/explain_command.h"
 #include "cli/export_command.h"
 #include "cli/gallery_command.h"
+#include "cli/import_command.h"
 #include "cli/layouts_command.h"
 #include "cli/report_command.h"
 #include "cli/reset_command.h"
@@ -25,6 +26,7 @@ constexpr CommandGroup kGroups[] = {
 };
 
 constexpr Command kCommands[] = {
+    {"",         "import",    "Bring statements of any name and encoding to their places",     DeclareImport},
     {"",         "report",    "Read the statements of a range of days and write the page",     DeclareReport},
     {"",         "check",     "Find what is wrong in the statements of a range of days",       DeclareCheck},
     {"",         "diff",      "Tell what differs between the JSON of two runs",                DeclareDiff},

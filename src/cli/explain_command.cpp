@@ -32,15 +32,6 @@
 namespace tradebill {
 namespace {
 
-/// A report ends a statement at its first zero byte, wherever it comes from.
-std::string ReadText(const std::string& path, const StatementLimit& limit) {
-    const bool isStream = path == kStandardStream;
-    if (!isStream) RequireStatementWithin(path, limit);
-    const std::string text = isStream ? StandardInputText() : InputFileText(path, "a statement file");
-    if (isStream) RequireWithin(text.size(), kStandardInputName, limit);
-    return text.substr(0, text.find('\0'));
-}
-
 /// With the statement named as messages do.
 ExplainCommand WithName(ExplainCommand command) {
     if (command.statementFile == kStandardStream) command.statementFile = kStandardInputName;
@@ -74,6 +65,7 @@ LayoutHint HintFrom(std::string_view text, const CReport& report, const CScanRep
     }
     if (hint.bearsOwnMark) return hint;
     for (const Layout* const layout : FittingLayouts(text)) {
+        if (IsAtHand(*layout, report)) continue;
         hint.looksLike.push_back(OptionFor(*layout, !report.TemplatePath.empty()));
     }
     return hint;
@@ -85,7 +77,7 @@ std::int32_t FormatFor(const ExplainCommand& command, std::string_view text, Exp
         explanation.format = "format " + std::to_string(format) + ", by the marks in the text";
         return format;
     }
-    const std::int32_t format = FormatNumber(command.format, command.templateFile.has_value());
+    const std::int32_t format = FormatNumber(*command.format, command.templateFile.has_value());
     explanation.format = "format " + std::to_string(format);
     return format;
 }
@@ -108,6 +100,14 @@ int ExitCodeOf(const CScanReport& report, const Explanation& explanation) {
 
 }  // namespace
 
+std::string StatementTextAt(const std::string& path, const StatementLimit& limit) {
+    const bool isStream = path == kStandardStream;
+    if (!isStream) RequireStatementWithin(path, limit);
+    const std::string text = isStream ? StandardInputText() : InputFileText(path, "a statement file");
+    if (isStream) RequireWithin(text.size(), kStandardInputName, limit);
+    return text.substr(0, text.find('\0'));
+}
+
 CommandRun DeclareExplain(CLI::App& app) {
     const auto explain = std::make_shared<ExplainCommand>();
     app.add_option("FILE", explain->statementFile, "The statement; - for standard input")->required()->type_name("");
@@ -127,7 +127,7 @@ int RunExplainCommand(const ExplainCommand& given) {
     const ExplainCommand command = WithName(given);
     auto [day, daySource] = DayOfStatement(command.day, command.statementFile);
     Explanation explanation{.file = command.statementFile, .day = std::move(day), .daySource = std::move(daySource)};
-    const std::string text = ReadText(given.statementFile, StatementLimitOf(given.maxStatement));
+    const std::string text = StatementTextAt(given.statementFile, StatementLimitOf(given.maxStatement));
     CReport report;
     PrepareReading(command, text, explanation, report);
 

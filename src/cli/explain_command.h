@@ -7,6 +7,7 @@
 
 #include "cli/command_table.h"
 #include "cli/scan_report.h"
+#include "readers/statement_limit.h"
 
 namespace tradebill {
 
@@ -19,6 +20,10 @@ struct ExplainCommand {
     std::optional<std::string> maxStatement = {};
     bool asJson = false;
 };
+
+/// The bytes of a statement up to the first zero byte, where a report ends it too; "-": of standard input. Throws
+/// CUsageError, CUnreadableInput for a file that can't be read, and std::runtime_error for one that is too large.
+[[nodiscard]] std::string StatementTextAt(const std::string& path, const StatementLimit& limit);
 
 [[nodiscard]] CommandRun DeclareExplain(CLI::App& app);
 

@@ -8,13 +8,14 @@
 
 #include "base/day.h"
 #include "base/number.h"
+#include "cli/layout_readings.h"
 #include "cli/usage_error.h"
 #include "driver/bill_folders.h"
+#include "driver/present_day.h"
 #include "driver/report_days.h"
 #include "driver/report_request.h"
 #include "driver/run_problems.h"
 #include "platform/file.h"
-#include "platform/local_time.h"
 #include "readers/layout_marks.h"
 #include "readers/layout_table.h"
 #include "readers/statement_limit.h"
@@ -30,6 +31,12 @@ std::string KnownFormats() {
     return FormatNumbers() + " or auto";
 }
 
+FileContent ReadStatementFile(const std::string& path, const StatementLimit& limit, CFileBuffer& buffer) {
+    auto tooLarge = WhyTooLarge(path, limit);
+    if (tooLarge) return {.state = FileState::Unreadable, .reason = *std::move(tooLarge)};
+    return ReadWholeFile(path, buffer);
+}
+
 }  // namespace
 
 std::int32_t KindNumber(const std::optional<std::string>& kind) {
@@ -39,15 +46,11 @@ std::int32_t KindNumber(const std::optional<std::string>& kind) {
     throw CUsageError("--kind: expected domestic or foreign, found \"" + text + "\"");
 }
 
-std::int32_t FormatNumber(const std::optional<std::string>& format, bool hasTemplate) {
-    if (!format || format->empty()) {
-        throw CUsageError("--format is missing: expected " + KnownFormats() +
-                          ", the broker's layout (tradebill layouts lists them)");
-    }
-    const auto number = WholeNumber(*format);
+std::int32_t FormatNumber(const std::string& format, bool hasTemplate) {
+    const auto number = WholeNumber(format);
     if (!number || (!IsKnownFormat(*number) && !hasTemplate)) {
         throw CUsageError("--format: expected " + KnownFormats() +
-                          ", or another number together with --template, found \"" + *format + "\"");
+                          ", or another number together with --template, found \"" + format + "\"");
     }
     return *number;
 }
@@ -70,32 +73,40 @@ std::int32_t FormatByMarks(std::string_view text, const std::string& file) {
     throw CUsageError("--format auto: " + file + " may be of several layouts: expected one of " + formats);
 }
 
-PickedFormat PickFormat(const GenerateBillRequest& request, const std::string& rootFolder,
-                        const StatementLimit& limit) {
+/// A template of the root with the same name wins over the program's.
+PickedFormat FormatOfText(std::string_view text, const TextOrigin& origin) {
+    if (!origin.hasTemplate) {
+        if (const auto reading = ReadByFittingTemplate(origin.rootFolder, text, origin.day))
+            return {reading->format, reading->name, origin.file, std::string(reading->templateName)};
+    }
+    const std::int32_t format = FormatByMarks(text, origin.file);
+    return {format, std::string(FindLayout(format, text)->name), origin.file};
+}
+
+PickedFormat PickFormat(const GenerateBillRequest& request, const std::string& rootFolder, const StatementLimit& limit,
+                        const PresentDay& present) {
     CReport report;
     report.Request = CopyRequest(request);
     report.RootFolder = rootFolder;
-    const CalendarDay today = LocalDayOf(PresentTime());
     std::optional<PickedFormat> picked;
     RunProblems problems;
     CFileBuffer buffer;
     WalkDays(ReportDaysOf(report.Request), [&](const CalendarDay& day) {
-        const std::string path = StatementPath(report, day, day == today);
-        if (auto tooLarge = WhyTooLarge(path, limit)) {
-            problems.statements.push_back({DayText(day), path, FileState::Unreadable, *std::move(tooLarge)});
-            return true;
-        }
-        const FileContent file = ReadWholeFile(path, buffer);
-        if (file.state != FileState::Read) {
-            if (file.state != FileState::Missing) {
-                problems.statements.push_back({DayText(day), path, file.state, file.reason});
+        for (const std::string& path : StatementPaths(report, day, present)) {
+            const FileContent file = ReadStatementFile(path, limit, buffer);
+            if (file.state == FileState::Missing) continue;
+            if (file.state == FileState::Read) {
+                const std::string_view text = file.bytes.substr(0, file.bytes.find('\0'));
+                picked = FormatOfText(text, {.day = DayText(day),
+                                             .file = path,
+                                             .rootFolder = rootFolder,
+                                             .hasTemplate = request.TemplateName[0] != '\0'});
+                return false;
             }
-            return true;
+            problems.statements.push_back({DayText(day), path, file.state, file.reason});
+            break;
         }
-        const std::string_view text = file.bytes.substr(0, file.bytes.find('\0'));
-        const std::int32_t format = FormatByMarks(text, path);
-        picked = {format, std::string(FindLayout(format, text)->name), path};
-        return false;
+        return true;
     });
     if (picked) return *picked;
     if (!problems.IsEmpty()) throw CNothingReadable("--format auto: " + ProblemTexts(problems).front());

@@ -14,6 +14,7 @@
 #include "analysis/analysis.h"
 #include "base/number.h"
 #include "cli/command_table.h"
+#include "cli/imported_report.h"
 #include "cli/out_folder.h"
 #include "cli/output_file.h"
 #include "cli/page_relay.h"
@@ -31,6 +32,7 @@
 #include "driver/run_problems.h"
 #include "export/json_writer.h"
 #include "export/run_json.h"
+#include "findings/account_findings.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
 #include "page/standalone_page.h"
@@ -162,6 +164,11 @@ bool OpenPage(const ReportOutputs& outputs, const RunResult& result) {
 
 CommandRun DeclareReport(CLI::App& app) {
     const auto command = std::make_shared<ReportCommand>();
+    app.add_option(
+           "FILE", command->files,
+           "Statements of any name, and folders of them, to import into a root below --out; none: the report is "
+           "of those below --root")
+        ->type_name("");
     DeclareReportOptions(app, command->options);
     app.add_option("--json", command->jsonFile,
                    "Write everything that was read and worked out as JSON; - for standard output")
@@ -180,7 +187,10 @@ CommandRun DeclareReport(CLI::App& app) {
     return [command] { return RunReportCommand(*command); };
 }
 
-int RunReportCommand(const ReportCommand& command) {
+namespace {
+
+/// A report of what is below the root already. `imported`: what was found as it came there.
+int RunReportOfRoot(const ReportCommand& command, std::span<const Finding> imported) {
     ReportOutputs outputs{.json = FindOutput("--json", command.jsonFile),
                           .standalone = FindOutput("--standalone", command.standaloneFile)};
     CheckOutputs({outputs.json, outputs.standalone});
@@ -192,6 +202,7 @@ int RunReportCommand(const ReportCommand& command) {
     outputs.isPageOfBefore = IsPageOfBefore(outputs.json, page) || IsPageOfBefore(outputs.standalone, page);
     CReport report;
     CRunFindings faults(report, prepared);
+    if (outputs.json || command.strict) faults.ReadSideRows();
     CStatementLog log(*faults.Listener());
     options.listener = outputs.json ? &log : faults.Listener();
     const MadeReport made = outputs.standalone
@@ -203,7 +214,9 @@ int RunReportCommand(const ReportCommand& command) {
         return FailWithoutStatement(*made.result, "nothing is written (--force writes a page all the same)");
     }
     if (made.result->end == RunEnd::PlaceTaken) return Fail("--wait SECONDS waits longer for the other run");
-    const std::vector<Finding> findings = faults.Collect();
+    std::vector<Finding> findings = faults.Collect(*made.result);
+    findings.insert(findings.end(), imported.begin(), imported.end());
+    SortFindings(findings);
     bool isDone = FinishOutputs(outputs, {report, prepared, made, log, findings, command.tradingDays});
     if (isDone && !command.quiet) ShowSummary(report, *made.result, SummaryStream({outputs.json, outputs.standalone}));
     ShowFindings(findings, command.options);
@@ -211,6 +224,15 @@ int RunReportCommand(const ReportCommand& command) {
     const bool isWhole = made.result->problems.IsEmpty() && faults.IsComplete();
     if (!isDone || !isWhole || made.result->statementsRead == 0) return kExitFailed;
     return command.strict && HasWarnings(findings) ? kExitFindings : kExitDone;
+}
+
+}  // namespace
+
+int RunReportCommand(const ReportCommand& command) {
+    if (command.files.empty()) return RunReportOfRoot(command, {});
+    const ImportedReport imported = ImportForReport(command);
+    const int exit = RunReportOfRoot(imported.command, imported.findings);
+    return exit == kExitDone && !imported.isWhole ? kExitFindings : exit;
 }
 
 }  // namespace tradebill

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "analysis/analysis.h"
 #include "cli/command_table.h"
@@ -13,6 +14,7 @@
 namespace tradebill {
 
 struct ReportCommand {
+    std::vector<std::string> files;  ///< statements to import first, and folders of them; none: they are below the root
     ReportOptions options;
     std::optional<std::string> jsonFile;        ///< where everything that the run left in memory goes
     std::optional<std::string> standaloneFile;  ///< the page with its pictures inside

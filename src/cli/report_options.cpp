@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <iterator>
@@ -16,14 +17,17 @@
 #include "base/number.h"
 #include "base/report_error.h"
 #include "base/text.h"
+#include "cli/carried_templates.h"
 #include "cli/format_choice.h"
 #include "cli/input_file.h"
 #include "cli/input_ini.h"
 #include "cli/live_figures.h"
 #include "cli/product_tables.h"
 #include "cli/statement_size.h"
+#include "cli/untold_options.h"
 #include "cli/usage_error.h"
 #include "driver/bill_folders.h"
+#include "driver/present_day.h"
 #include "driver/request_names.h"
 #include "export/run_json.h"
 #include "platform/file.h"
@@ -38,6 +42,7 @@ namespace tradebill {
 namespace {
 
 constexpr const char* kNoUnits = "none";
+constexpr const char* kToday = "today";
 
 using Setting = std::optional<std::string> ReportOptions::*;
 
@@ -126,31 +131,47 @@ CalendarDay DayOf(const std::string& text, const char* option) {
     }
 }
 
-void SetDates(const ReportOptions& options, PreparedRequest& prepared) {
-    const std::string from = options.from.value_or("");
-    const std::string to = options.to.value_or("");
-    SetText(prepared.request.StartDate, from, "--from");
-    SetText(prepared.request.EndDate, to, "--to");
-    CalendarDay last = LocalDayOf(PresentTime());
-    const CalendarDay today = last;
-    if (from.empty() != to.empty()) {
-        throw CUsageError(std::string(from.empty() ? "--from" : "--to") +
-                          " is missing: expected both days of the report, or none for today alone");
-    }
-    if (!from.empty()) last = DayOf(from, "--from");
-    const CalendarDay first = last;
-    if (!to.empty()) last = DayOf(to, "--to");
-    if (!from.empty() && first > last) {
-        throw CUsageError("--from: expected a day that isn't behind --to, \"" + to + "\", found \"" + from + "\"");
-    }
-    prepared.lacksLiveFigures = last == today && !options.liveFile;
+PresentDay PresentDayOf(const ReportOptions& options) {
+    PresentDay present{.mayBeFinished = true, .hasLiveFigures = options.liveFile.has_value()};
+    if (options.today) present.day = DayOf(*options.today, "--today");
+    return present;
 }
 
-/// Root and user folder must be there, and no path may be longer than the module reads.
-void CheckFolders(const std::string& root, const GenerateBillRequest& request) {
-    if (!IsFolder(root)) {
-        throw CUsageError("--root: expected a folder, found none at \"" + root + "\"");
+/// REQUIRES: both days are there.
+void SetDates(const ReportOptions& options, PreparedRequest& prepared) {
+    const auto textOf = [&](const std::string& given) {
+        return given == kToday ? DashedDayText(prepared.present.day) : given;
+    };
+    const std::string from = textOf(*options.from);
+    const std::string to = textOf(*options.to);
+    SetText(prepared.request.StartDate, from, "--from");
+    SetText(prepared.request.EndDate, to, "--to");
+    const CalendarDay last = DayOf(to, "--to");
+    if (DayOf(from, "--from") > last) {
+        throw CUsageError("--from: expected a day that isn't behind --to, \"" + to + "\", found \"" + from + "\"");
     }
+    if (options.liveFile && last != prepared.present.day) {
+        prepared.warnings.push_back("--live isn't used: the report ends on " + DashedDayText(last) + ", not today");
+    }
+}
+
+/// Gives the request what is told of the account.
+void SetAccount(const ReportOptions& options, GenerateBillRequest& request) {
+    const auto set = [](auto& field, const std::optional<std::string>& name, const char* option) {
+        if (!name) return;
+        if (name->empty()) throw CUsageError(std::string(option) + ": expected a name, found \"\"");
+        SetName(field, *name, option);
+    };
+    set(request.UserFolder, options.user, "--user");
+    set(request.Account, options.account, "--account");
+}
+
+void CheckRoot(const std::string& root) {
+    if (!IsFolder(root)) throw CUsageError("--root: expected a folder, found none at \"" + root + "\"");
+}
+
+/// The user folder must be there, and no path may be longer than the module reads.
+void CheckFolders(const std::string& root, const GenerateBillRequest& request) {
     const std::string user = root + "/Users/" + request.UserFolder;
     if (!IsFolder(user)) {
         throw CUsageError("--user: expected the folder \"" + user + "\"");
@@ -182,13 +203,27 @@ void LoadTables(const ReportOptions& options, PreparedRequest& prepared) {
     if (options.liveFile) prepared.inputs.push_back({"live", UseLiveFile(*options.liveFile, prepared.request)});
 }
 
+/// The format that the request's template names for itself.
+std::optional<std::int32_t> FormatByTemplate(const PreparedRequest& prepared) {
+    if (prepared.request.TemplateName[0] == '\0') return std::nullopt;
+    CReport report;
+    report.RootFolder = prepared.rootFolder;
+    report.Request = CopyRequest(prepared.request);
+    return FormatOfTemplate(TemplatePath(report), prepared.carriedTemplate);
+}
+
 /// Returns whether the format is left to the marks in a statement. Foreign statements have one layout and need none.
-bool SetFormat(const ReportOptions& options, GenerateBillRequest& request) {
+bool SetFormat(const ReportOptions& options, PreparedRequest& prepared) {
+    GenerateBillRequest& request = prepared.request;
     const bool isForeign = request.StatementKind == kForeignKind;
-    if (options.format == kAutoFormat) return !isForeign;
-    if (isForeign && !options.format) return false;
-    request.StatementFormat = FormatNumber(options.format, request.TemplateName[0] != '\0');
-    return false;
+    const bool isTold = options.format && options.format != kAutoFormat;
+    if (isTold) {
+        request.StatementFormat = FormatNumber(*options.format, request.TemplateName[0] != '\0');
+        return false;
+    }
+    const auto byTemplate = isForeign ? std::nullopt : FormatByTemplate(prepared);
+    if (byTemplate) request.StatementFormat = *byTemplate;
+    return !isForeign && !byTemplate;
 }
 
 /// Foreign statements are read by their one layout.
@@ -199,23 +234,35 @@ void WarnOfUnusedTemplate(PreparedRequest& prepared) {
 }
 
 void SetFormatByMarks(PreparedRequest& prepared) {
-    const PickedFormat picked = PickFormat(prepared.request, prepared.rootFolder, prepared.statementLimit);
+    const PickedFormat picked =
+        PickFormat(prepared.request, prepared.rootFolder, prepared.statementLimit, prepared.present);
     prepared.request.StatementFormat = picked.format;
-    prepared.notes.push_back("reading format " + std::to_string(picked.format) + " (" + picked.layout +
-                             "), by the marks in " + picked.file);
+    if (!picked.templateName.empty()) {
+        SetName(prepared.request.TemplateName, picked.templateName, "--template");
+        prepared.carriedTemplate = CarriedTemplateText(picked.templateName);
+    }
+    prepared.notes.push_back("reading format " + std::to_string(picked.format) + " (" + picked.layout + "), by " +
+                             (picked.templateName.empty() ? "the marks in " : "what it reads of ") + picked.file);
 }
 
 }  // namespace
 
 void DeclareReportOptions(CLI::App& command, ReportOptions& options) {
     command.add_option("--root", options.root, "Root folder: holds Users, sys and BillTemplate")->type_name("DIR");
-    command.add_option("--user", options.user, "Folder of the user below Users")->type_name("NAME");
-    command.add_option("--account", options.account, "Account number, as in the statements' file names")
-        ->type_name("NO");
-    command.add_option("--from", options.from, "First day, year-month-day (default: today alone)")->type_name("DATE");
-    command.add_option("--to", options.to, "Last day")->type_name("DATE");
+    command.add_option("--user", options.user, "Folder of the user below Users (default: the only one)")
+        ->type_name("NAME");
     command
-        .add_option("--format", options.format, "Layout of the broker's statements: " + FormatNumbers() + " or auto")
+        .add_option("--account", options.account,
+                    "Account number, as in the statements' file names (default: the only one)")
+        ->type_name("NO");
+    command.add_option("--from", options.from, "First day, year-month-day or today (default: of the first statement)")
+        ->type_name("DATE");
+    command.add_option("--to", options.to, "Last day (default: of the last statement)")->type_name("DATE");
+    command.add_option("--today", options.today, "The day that counts as today (default: by the clock)")
+        ->type_name("DATE");
+    command
+        .add_option("--format", options.format,
+                    "Layout of the broker's statements: " + FormatNumbers() + " or auto (default)")
         ->type_name("N");
     command.add_option("--kind", options.kind, "Statement family: domestic (default) or foreign")->type_name("KIND");
     command.add_option("--template", options.templateName, "Statement template below BillTemplate, without .ini")
@@ -243,22 +290,26 @@ void DeclareReportOptions(CLI::App& command, ReportOptions& options) {
 
 PreparedRequest PrepareRequest(const ReportOptions& given) {
     PreparedRequest prepared;
-    const ReportOptions options = WithRequestFile(given, prepared.inputs);
+    ReportOptions options = WithRequestFile(given, prepared.inputs);
     GenerateBillRequest& request = prepared.request;
     const std::string root = Required(options.root, "--root", "the folder that holds Users, sys and BillTemplate");
-    SetName(request.UserFolder, Required(options.user, "--user", "the user's folder below Users"), "--user");
-    SetName(request.Account, Required(options.account, "--account", "the account's number"), "--account");
+    CheckRoot(root);
+    prepared.rootFolder = RootFolderAt(root);
+    SetAccount(options, request);
+    prepared.present = PresentDayOf(options);
+    FindUntold(options, prepared.present);
+    SetAccount(options, request);
     SetName(request.TemplateName, options.templateName.value_or(""), "--template");
     request.StatementKind = KindNumber(options.kind);
     WarnOfUnusedTemplate(prepared);
-    const bool byMarks = SetFormat(options, request);
+    if (request.StatementKind != kForeignKind) prepared.carriedTemplate = CarriedTemplateText(request.TemplateName);
+    const bool byMarks = SetFormat(options, prepared);
     request.Dpi = NumberOf(options.dpi.value_or("0"), "--dpi", 0, 1200);
     request.MarginOffsetFlag = OffsetsMargins(options) ? 1 : 0;
     prepared.statementLimit = StatementLimitOf(options.maxStatement);
     SetDates(options, prepared);
     CheckFolders(root, request);
     LoadTables(options, prepared);
-    prepared.rootFolder = RootFolderAt(root);
     if (byMarks) SetFormatByMarks(prepared);
     return prepared;
 }
@@ -272,6 +323,7 @@ void RequireTemplate(const PreparedRequest& prepared) {
     CFileBuffer buffer;
     const FileContent content = ReadWholeFile(path, buffer);
     if (content.state == FileState::Read) return;
+    if (content.state == FileState::Missing && !prepared.carriedTemplate.empty()) return;
     if (content.state == FileState::Unreadable) throw CUnreadableInput(path, content.reason);
     throw CUsageError("--template: expected the file \"" + path + "\"");
 }

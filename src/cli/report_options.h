@@ -4,9 +4,11 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "cli/product_tables.h"
+#include "driver/present_day.h"
 #include "driver/report_request.h"
 #include "export/run_json.h"
 #include "readers/statement_limit.h"
@@ -25,6 +27,7 @@ struct ReportOptions {
     std::optional<std::string> account;
     std::optional<std::string> from;
     std::optional<std::string> to;
+    std::optional<std::string> today;  ///< the day that counts as the present one
     std::optional<std::string> format;
     std::optional<std::string> kind;
     std::optional<std::string> templateName;
@@ -49,11 +52,13 @@ struct PreparedRequest {
     std::vector<InputRead> inputs;                                                  ///< the files that it is made of
     std::vector<std::string> warnings;
     std::vector<std::string> notes;  ///< what was chosen for the user
-    bool lacksLiveFigures = false;   ///< the report ends today, and has no live figures
+    PresentDay present = {};
+    std::string_view carriedTemplate = {};  ///< text of the request's template, unless the root has one of its name
 };
 
-/// Checks everything and fills a request. What the command line doesn't say is taken from the request file. Throws
-/// CUsageError.
+/// Checks everything and fills a request. What the command line doesn't say is taken from the request file, and what
+/// that doesn't say either is found: the only account below the root, the first and last day of its statements, and the
+/// format by their marks. Throws CUsageError, where there are several with a list of them, and CUnreadableInput.
 [[nodiscard]] PreparedRequest PrepareRequest(const ReportOptions& given);
 
 /// Throws CUsageError if the request goes by a template that isn't there, and CUnreadableInput if it can't be read.

@@ -30,7 +30,7 @@ void AddSample(const TemplateCheckCommand& command, const CIniFile& file, std::v
     const std::string& path = *command.statementFile;
     const std::string day = DayOfStatement(command.day, path).day;
     std::optional<std::int32_t> format;
-    if (command.format) format = FormatNumber(command.format, true);
+    if (command.format) format = FormatNumber(*command.format, true);
     RequireStatementWithin(path, StatementLimitOf(command.maxStatement));
     std::string text = InputFileText(path, "a statement file");
     text.resize(std::min(text.size(), text.find('\0')));

@@ -62,7 +62,7 @@ RunResult RunWithProgress(CReport& report, const PreparedRequest& prepared, bool
     TradeTally tally;
     if (prepared.products->WantsTrades()) {
         if (progress) progress->OnStage("contract units");
-        tally = TallyTrades(prepared.request, prepared.rootFolder, prepared.statementLimit);
+        tally = TallyTrades(prepared.request, prepared.rootFolder, options);
         prepared.products->UseTrades(std::move(tally.units));
     }
     RunResult result = run(report, prepared.request, progress.get(), options);
@@ -90,6 +90,8 @@ std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prep
                                     RunOptions options) {
     options.access = StatementAccess::ReadAlone;
     options.statementLimit = prepared.statementLimit;
+    options.present = prepared.present;
+    options.carriedTemplate = prepared.carriedTemplate;
     report.RootFolder = prepared.rootFolder;
     report.ScreenWidth = DisplayWidth();
     report.Products = prepared.products.get();

@@ -187,6 +187,62 @@ TEST(AccountAnonymiser, KeepsTheBalanceAndHandsItOver) {
     EXPECT_EQ(Behind(copies[0].text, "当日结存:"), Behind(copies[1].text, "上日结存:"));
 }
 
+/// Tables that no layout has, with what leads to a person in them.
+constexpr std::string_view kSideTables =
+    "出入金明细 Deposit/Withdrawal\r\n"
+    "|发生日期|出入金类型|     入金|    出金|说明                    |\r\n"
+    "|20240103|银期转账  | 50000.01|    0.00|李小龙工行6222021234567 |\r\n"
+    "|20240103|银期转账  |     0.00|20000.03|                        |\r\n"
+    "|共   2条|          | 50000.01|20000.03|                        |\r\n"
+    "\r\n"
+    "行权明细 Exercise Statement\r\n"
+    "|成交日期|投资单元|交易编码|合约      |行权数量|行权盈亏|行权手续费|资金账号|\r\n"
+    "|20240103|UNIT7788|CODE9911|m2405-C-30|       3| 1500.00|      6.00|90010002|\r\n"
+    "|共   1条|        |        |          |       3| 1500.00|      6.00|        |\r\n";
+
+/// What `check` looks at: the cash flow, and the rows and totals beside the page's own.
+struct SideAmounts {
+    std::int64_t flow;
+    std::vector<std::string> rows;
+    std::vector<std::string> totals;
+};
+
+SideAmounts SideAmountsOf(const std::string& text) {
+    const auto amounts = [&](std::string_view start) {
+        std::vector<std::string> cells;
+        for (int number = 0;; ++number) {
+            const std::vector<std::string> row = RowWith(text, start, number);
+            if (row.empty()) return cells;
+            for (const std::string& cell : row) {
+                std::vector<std::string_view> parts;
+                SplitText(cell, "|", parts);
+                cells.insert(cells.end(), parts.begin(), parts.end());
+            }
+        }
+    };
+    return {Behind(text, "出入金:"), amounts("|2024010"), amounts("|共")};
+}
+
+TEST(AccountAnonymiser, ChangesTheTablesThatNoLayoutHas) {
+    std::string day = Day("20240103", "500824.20", "538211.84");
+    const std::string flow = Gbk("出入金:      0.00");
+    day.replace(day.find(flow), flow.size(), Gbk("出入金:  29999.98"));
+    CAccountAnonymiser anonymiser(Request(), {}, {.seed = 1}, "71234567");
+    anonymiser.Add({"20240103", day + Gbk(kSideTables)});
+    const AnonymisedAccount made = anonymiser.Make();
+    ASSERT_EQ(made.statements.size(), 1U);
+    const std::string& text = made.statements.front().text;
+    for (const std::string_view gone :
+         {"李小龙", "工行", "6222021234567", "UNIT7788", "CODE9911", "90010002", "50000.01"}) {
+        EXPECT_EQ(text.find(Gbk(gone)), std::string::npos) << gone;
+    }
+    const SideAmounts side = SideAmountsOf(text);
+    ASSERT_GE(side.rows.size(), 15U);
+    ASSERT_GE(side.totals.size(), 3U);
+    EXPECT_EQ(side.flow, Steps(side.totals[2]) - Steps(side.totals[3]));
+    EXPECT_NE(text.find(Gbk("|m2405-C-30|       3|")), std::string::npos);
+}
+
 TEST(AccountAnonymiser, MakesTheSameOfTheSameSeed) {
     EXPECT_EQ(Anonymised(5)[1].text, Anonymised(5)[1].text);
     EXPECT_NE(Anonymised(5)[1].text, Anonymised(6)[1].text);
@@ -229,7 +285,7 @@ TEST(AccountAnonymiser, CopiesNothingWithoutItsTemplate) {
     CTempFolder folder;
     const std::string path = folder.Write("broker.ini", "[BILLFORMAT]\nBILLFORMAT_NEWDATE=20300101\n");
     const DayStatement day{"20240103", Day("20240103", "500824.20", "508211.86")};
-    CAccountAnonymiser anonymiser(Request(), path, {.seed = 1}, "71234567");
+    CAccountAnonymiser anonymiser(Request(), {.path = path}, {.seed = 1}, "71234567");
     anonymiser.Add(day);
     std::filesystem::remove(path);
     EXPECT_THROW(anonymiser.Add(day), CLostTemplate);
@@ -238,7 +294,7 @@ TEST(AccountAnonymiser, CopiesNothingWithoutItsTemplate) {
     EXPECT_THROW(anonymiser.Add(day), CLostTemplate);
     GenerateBillRequest foreign = Request();
     foreign.StatementKind = kForeignKind;
-    EXPECT_NO_THROW(CAccountAnonymiser(foreign, path, {.seed = 1}, "71234567").Add(day)) << "it isn't asked";
+    EXPECT_NO_THROW(CAccountAnonymiser(foreign, {.path = path}, {.seed = 1}, "71234567").Add(day)) << "it isn't asked";
 }
 
 TEST(AccountAnonymiser, LeavesOutWhatItCannotRead) {

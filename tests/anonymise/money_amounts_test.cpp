@@ -103,6 +103,21 @@ TEST(MoneyAmounts, LeavesCellsThatAreChangedAlreadyOrOfNoFigure) {
     EXPECT_EQ(hand.Becomes(0, 2), "1.50");
 }
 
+// The sums of both columns have their rounding: a half of the flow itself would be 1.50. Another table's column comes
+// to the same by chance.
+TEST(MoneyAmounts, TakeTheCashFlowFromTheTableOfDepositsAndWithdrawals) {
+    CHandSheet hand({{{{"3.00", Meaning::Money}}, kLabels}});
+    MoneyFigures figures;
+    figures.money[CashFlow] = 30000;
+    figures.CellsOf(CashFlow) = {&hand.Cell(0, 0)};
+    const ColumnSum profit{.table = 1, .meaning = Meaning::ProfitLoss, .sum = {30000, 99900}};
+    const ColumnSum in{.table = 2, .sum = {50100, 25100}};
+    const ColumnSum elsewhere{.table = 3, .sum = {20100, 77700}};
+    const ColumnSum out{.table = 2, .sum = {20100, 10000}};
+    Change(hand, std::move(figures), {profit, in, elsewhere, out});
+    EXPECT_EQ(hand.Becomes(0, 0), "1.51");
+}
+
 /// An opening of 100.00, deposits and withdrawals that no label tells apart, and what it closes with.
 struct Flow {
     const char* in;

@@ -62,10 +62,5 @@ TEST_F(AccountFilesBelow, AreNoneWithoutTheirFolders) {
     EXPECT_EQ(Found(), "b 7 D: 20240102o.txt; ");
 }
 
-TEST_F(AccountFilesBelow, AreNamedAsTheyAreFound) {
-    EXPECT_EQ(StatementName({"a", "7", false}, "20240102", "o.txt"), "D7.20240102o.txt");
-    EXPECT_EQ(StatementName({"a", "7", true}, "20240102", ".txt"), "DWP7.20240102.txt");
-}
-
 }  // namespace
 }  // namespace tradebill::account_files_test

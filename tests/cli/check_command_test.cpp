@@ -80,9 +80,9 @@ TEST_F(CheckProgram, FindsNothingInAnySample) {
 }
 
 TEST_F(CheckProgram, FindsNothingInStatementsAsCountersPrintThemToday) {
-    for (const std::string form : {"classic", "classic-trade-type"}) {
+    for (const std::string form : {"classic", "classic-trade-type", "classic-cash"}) {
         fs::create_directories(folder_.Path(form + "/Users/demo/Data/Bill"));
-        fs::copy(std::string(TRADEBILL_TESTS) + "/findings/field/" + form, folder_.Path(form + "/Users/demo/Data/Bill"),
+        fs::copy(std::string(TRADEBILL_SAMPLES) + "/field/" + form, folder_.Path(form + "/Users/demo/Data/Bill"),
                  fs::copy_options::recursive);
         const Answer answer = Run("check --root " + Quoted(folder_.Path(form)) +
                                   " --user demo --account 103988 --from 2021-09-15 --to 2021-09-15 --format 3");
@@ -183,7 +183,7 @@ TEST_F(CheckProgram, EndsWellWithNotesAlone) {
 
 TEST_F(CheckProgram, RefusesWhatItCantDoBeforeAnythingElse) {
     EXPECT_EQ(Run(Check("--json " + Quoted(folder_.Path("no/such/folder.json")))).exit, 2);
-    EXPECT_EQ(Run("check --root " + Quoted(root_)).exit, 2);
+    EXPECT_EQ(Run("check --user demo").exit, 2);
     EXPECT_EQ(Run(Check("--standalone x.html")).exit, 2);
 }
 

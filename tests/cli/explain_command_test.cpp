@@ -178,7 +178,7 @@ TEST_F(ExplainCommandRun, RefusesWrongUse) {
             EXPECT_NE(std::string_view(error.what()).find(phrase), std::string_view::npos) << error.what();
         }
     };
-    refuses([](ExplainCommand& command) { command.format = ""; }, "--format is missing");
+    refuses([](ExplainCommand& command) { command.format = ""; }, "--format: expected 0, 1, 2, 3, 6, 201 or auto");
     refuses([](ExplainCommand& command) { command.format = "5"; }, "--format: expected 0, 1, 2, 3, 6, 201 or auto");
     refuses([](ExplainCommand& command) { command.format = "one"; }, "--format: expected");
     refuses([](ExplainCommand& command) { command.kind = "both"; }, "--kind: expected");

@@ -97,14 +97,14 @@ TEST_F(FormatPick, TakesTheLastDayOfTheRangeAndNoneBehindIt) {
     EXPECT_NE(PrepareRequest(options_).notes.at(0).find("20240105o"), std::string::npos);
 }
 
-TEST_F(FormatPick, TakesTodaysStatementWithoutDates) {
-    options_.from = {};
-    options_.to = {};
-    const std::string today = DayText(LocalDayOf(PresentTime()));
-    Put(today + "o", {"资金类别"});  // as if the day had ended
+TEST_F(FormatPick, TakesTodaysStatementUnderEitherName) {
+    options_.from = options_.to = "today";
+    options_.today = "2024-2-1";
     EXPECT_NE(Refusal().find("no statement was found"), std::string::npos) << Refusal();
-    Put(today, {"资金状况"});
+    Put("20240201", {"资金状况"});
     EXPECT_EQ(PrepareRequest(options_).request.StatementFormat, 1);
+    Put("20240201o", {"资金类别"});
+    EXPECT_EQ(PrepareRequest(options_).request.StatementFormat, 0) << "the finished one is the day's";
 }
 
 TEST_F(FormatPick, TakesTheStatementsOfThisAccountAlone) {

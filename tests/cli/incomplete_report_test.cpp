@@ -188,8 +188,8 @@ TEST_F(IncompleteReport, OfSlipsInTheOptionsLeavesTheGoodPage) {
         EXPECT_TRUE(GoodPageStays());
     };
     slip([](ReportOptions& options) { std::swap(options.from, options.to); });
-    slip([](ReportOptions& options) { options.from.reset(); });
-    slip([](ReportOptions& options) { options.to.reset(); });
+    slip([](ReportOptions& options) { options.from = ""; });
+    slip([](ReportOptions& options) { options.account = ""; });
     slip([](ReportOptions& options) { options.templateName = "nope"; });
     options_ = good;
     EXPECT_EQ(Run().exit, 0);

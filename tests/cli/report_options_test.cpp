@@ -93,7 +93,6 @@ TEST_F(Options, AreRefusedInOneLineThatNamesThem) {
         {[](auto& o) { o.root = ""; }, "--root"},
         {[&](auto& o) { o.root = root_.Path("missing"); }, "--root"},
         {[&](auto& o) { o.root = root_.Write("file", ""); }, "--root"},
-        {[](auto& o) { o.user.reset(); }, "--user"},
         {[](auto& o) { o.user = ""; }, "--user"},
         {[](auto& o) { o.user = "nobody"; }, "--user"},
         {[](auto& o) { o.user = "../Users/demo"; }, "--user"},
@@ -102,14 +101,12 @@ TEST_F(Options, AreRefusedInOneLineThatNamesThem) {
         {[](auto& o) { o.user = ".."; }, "--user"},
         {[](auto& o) { o.user = "."; }, "--user"},
         {[&](auto& o) { o.user = long128; }, "--user"},
-        {[](auto& o) { o.account.reset(); }, "--account"},
         {[](auto& o) { o.account = ""; }, "--account"},
         {[](auto& o) { o.account = "12345678901234567"; }, "--account"},
         {[](auto& o) { o.account = "1/2"; }, "--account"},
         {[](auto& o) { o.account = "1\\2"; }, "--account"},
         {[](auto& o) { o.templateName = "12345678901"; }, "--template"},
         {[](auto& o) { o.templateName = "../songta"; }, "--template"},
-        {[](auto& o) { o.format.reset(); }, "--format"},
         {[](auto& o) { o.format = ""; }, "--format"},
         {[](auto& o) { o.format = "7"; }, "--format"},
         {[](auto& o) { o.format = "-1"; }, "--format"},
@@ -128,6 +125,7 @@ TEST_F(Options, AreRefusedInOneLineThatNamesThem) {
         {[](auto& o) { o.from = "1969-12-30"; }, "--from"},
         {[](auto& o) { o.from = "2024-1-2" + std::string(56, ' '); }, "--from"},
         {[](auto& o) { o.to = "tomorrow"; }, "--to"},
+        {[](auto& o) { o.today = "noon"; }, "--today"},
         {[](auto& o) { o.to = "3001-1-2"; }, "--to"},
         {[&](auto& o) { o.unitFile = root_.Path("missing.ini"); }, "missing.ini"},
         {[&](auto& o) { o.productFile = root_.Path("missing.ini"); }, "missing.ini"},
@@ -203,16 +201,6 @@ TEST_F(Options, PassDatesOnAsTheyWereGiven) {
     }
 }
 
-TEST_F(Options, WithoutDatesMeanTodayAlone) {
-    options_.from.reset();
-    options_.to.reset();
-    options_.liveFile = root_.Write("live.ini", "[BASE]\n");
-    const PreparedRequest prepared = PrepareRequest(options_);
-    EXPECT_EQ(FieldText(prepared.request.StartDate), "");
-    EXPECT_EQ(FieldText(prepared.request.EndDate), "");
-    EXPECT_TRUE(prepared.warnings.empty());
-}
-
 TEST_F(Options, RefuseAStartAfterTheEnd) {
     UseDates("2024-1-3", "2024-1-2");
     EXPECT_PRED2(IsClearLine, Refusal(), "--from");
@@ -222,22 +210,17 @@ TEST_F(Options, RefuseAStartAfterTheEnd) {
     EXPECT_PRED2(IsClearLine, Refusal(), "--from");
 }
 
-TEST_F(Options, RefuseOneDateAlone) {
-    options_.to.reset();
-    EXPECT_PRED2(IsClearLine, Refusal(), "--to");
+TEST_F(Options, RefuseAnEmptyDate) {
     options_.to = "";
     EXPECT_PRED2(IsClearLine, Refusal(), "--to");
-    options_.to = options_.from;
-    options_.from.reset();
+    UseDates("", "2024-1-3");
     EXPECT_PRED2(IsClearLine, Refusal(), "--from");
 }
 
-TEST_F(Options, RefuseOneDateAloneOfARequestFileToo) {
+TEST_F(Options, TakeOneDateFromARequestFileAndTheOtherFromTheCommandLine) {
     options_.from.reset();
-    options_.to.reset();
     options_.requestFile = root_.Write("request.ini", "[REQUEST]\nfrom=2024-1-2\n");
-    EXPECT_PRED2(IsClearLine, Refusal(), "--to");
-    options_.to = "2024-1-3";  // the command line has the other one
+    options_.to = "2024-1-3";
     EXPECT_EQ(Refusal(), "");
     options_.to = "2024-1-1";
     EXPECT_PRED2(IsClearLine, Refusal(), "--from");
@@ -265,20 +248,119 @@ TEST_F(Options, WarnOfATemplateForForeignStatementsWhichTakeNone) {
     EXPECT_TRUE(Warnings().empty());
 }
 
-TEST_F(Options, TellAReportThatEndsTodayWithoutLiveFigures) {
-    const auto lacksFigures = [this] { return PrepareRequest(options_).lacksLiveFigures; };
-    UseDates("2024-1-2", today_);
-    EXPECT_TRUE(lacksFigures());
-    EXPECT_TRUE(Warnings().empty());
-    options_.from.reset();
-    options_.to.reset();
-    EXPECT_TRUE(lacksFigures());
-    UseDates("2024-1-2", today_);
+TEST_F(Options, WarnOfLiveFiguresForAReportThatEndsBeforeToday) {
     options_.liveFile = root_.Write("live.ini", "[BASE]\n");
-    EXPECT_FALSE(lacksFigures());
-    UseDates("2024-1-2", "2024-1-3");
+    EXPECT_TRUE(WarnsOnlyOf("--live isn't used: the report ends on 2024-01-03"));
+    UseDates("2024-1-2", today_);
+    EXPECT_TRUE(Warnings().empty());
+    EXPECT_TRUE(PrepareRequest(options_).present.hasLiveFigures);
     options_.liveFile.reset();
-    EXPECT_FALSE(lacksFigures());
+    EXPECT_FALSE(PrepareRequest(options_).present.hasLiveFigures);
+}
+
+TEST_F(Options, TakeADayForToday) {
+    options_.today = "2024-2-1";
+    UseDates("2024-1-2", "today");
+    const PreparedRequest prepared = PrepareRequest(options_);
+    EXPECT_EQ(prepared.present.day, (CalendarDay{2024, 2, 1}));
+    EXPECT_EQ(FieldText(prepared.request.EndDate), "2024-02-01");
+    options_.today.reset();
+    UseDates("today", "today");
+    EXPECT_EQ(FieldText(PrepareRequest(options_).request.StartDate), today_);
+    EXPECT_EQ(FieldText(PrepareRequest(options_).request.EndDate), today_);
+}
+
+class UntoldOptions : public Options {
+protected:
+    UntoldOptions() {
+        options_ = {};
+        options_.root = root_.Path();
+    }
+    /// User, account, kind and days of the request.
+    [[nodiscard]] std::string Found() const {
+        const GenerateBillRequest request = PrepareRequest(options_).request;
+        std::string text;
+        for (const std::string_view field :
+             {FieldText(request.UserFolder), FieldText(request.Account), FieldText(request.StartDate)}) {
+            text.append(field).append(" ");
+        }
+        return text.append(FieldText(request.EndDate)) + (request.StatementKind == 2 ? " foreign" : "");
+    }
+    void PutForeign(const std::string& user) const {
+        root_.Write("Users/" + user + "/Data/Bill/DWP7.20240105o.txt", "");
+    }
+};
+
+TEST_F(UntoldOptions, AreThoseOfTheOnlyAccount) {
+    EXPECT_PRED2(IsClearLine, Refusal(), "--user");
+    PutStatement("20240102", "1.00");
+    PutStatement("20240105", "1.00");
+    EXPECT_EQ(Found(), "demo 90010002 2024-01-02 2024-01-05");
+    EXPECT_EQ(PrepareRequest(options_).request.StatementFormat, 1);
+    options_.from = "2024-1-3";
+    EXPECT_EQ(Found(), "demo 90010002 2024-1-3 2024-01-05");
+    options_.from.reset();
+    options_.to = "2024-1-4";
+    EXPECT_EQ(Found(), "demo 90010002 2024-01-02 2024-1-4");
+}
+
+TEST_F(UntoldOptions, RecogniseTheForeignFamily) {
+    PutForeign("demo");
+    EXPECT_EQ(Found(), "demo 7 2024-01-05 2024-01-05 foreign");
+    root_.Write("Users/demo/Data/Bill/D7.20240104o.txt", ReadFile(root_.Write("text", Statement({"资金状况"}))));
+    options_.user = "demo";
+    options_.account = "7";
+    options_.format = "1";
+    EXPECT_EQ(Found(), "demo 7 2024-01-04 2024-01-04") << "who names an account means the domestic one";
+    options_.kind = "foreign";
+    EXPECT_EQ(Found(), "demo 7 2024-01-05 2024-01-05 foreign");
+}
+
+TEST_F(UntoldOptions, ListTheAccountsToChooseFrom) {
+    PutStatement("20240102", "1.00");
+    PutForeign("demo");
+    PutForeign("other");
+    EXPECT_PRED2(IsClearLine, Refusal(),
+                 "--user demo --account 7 --kind foreign, --user demo --account 90010002, --user other --account 7 "
+                 "--kind foreign");
+    options_.user = "demo";
+    EXPECT_PRED2(IsClearLine, Refusal(), "--user demo --account 7 --kind foreign, --user demo --account 90010002");
+    options_.account = "90010002";
+    EXPECT_EQ(Found(), "demo 90010002 2024-01-02 2024-01-02");
+    options_.user.reset();
+    options_.account = "7";
+    EXPECT_PRED2(IsClearLine, Refusal(), "--user is missing");
+}
+
+TEST_F(UntoldOptions, NameTheOneThatTellsTheAccountsApart) {
+    PutStatement("20240102", "1.00");
+    root_.Write("Users/demo/Data/Bill/D90010003.20240102o.txt", "");
+    EXPECT_PRED2(IsClearLine, Refusal(), "--account is missing");
+    PutForeign("demo");
+    root_.Write("Users/demo/Data/Bill/D7.20240104o.txt", "");
+    options_.account = "7";
+    EXPECT_PRED2(IsClearLine, Refusal(), "--kind is missing");
+    options_.account.reset();
+    PutForeign("other");
+    EXPECT_PRED2(IsClearLine, Refusal(), "--user is missing");
+}
+
+TEST_F(UntoldOptions, ListNoMoreThanAreReadAtAGlance) {
+    for (int account = 0; account < 25; ++account) {
+        root_.Write("Users/demo/Data/Bill/D" + std::to_string(100 + account) + ".20240102o.txt", "");
+    }
+    const std::string refusal = Refusal();
+    EXPECT_NE(refusal.find("--account 119 and 5 more"), std::string::npos) << refusal;
+}
+
+// What has no statement at all is told by the run, which reads none.
+TEST_F(UntoldOptions, AreOfTodayForAnAccountWithoutStatements) {
+    options_.user = "demo";
+    options_.account = "1";
+    options_.format = "1";
+    EXPECT_EQ(Found(), "demo 1 " + today_ + " " + today_);
+    options_.to = "2024-1-4";
+    EXPECT_EQ(Found(), "demo 1 2024-1-4 2024-1-4");
 }
 
 TEST_F(Options, BringTheTablesOfAHost) {

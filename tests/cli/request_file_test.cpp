@@ -74,7 +74,7 @@ TEST_F(RequestFile, CanBeOverruledByTheMarginOption) {
 TEST_F(RequestFile, MayLeaveKeysEmptyOrOut) {
     Use("[REQUEST]\nuser=demo\naccount=1\nfrom=\nto=\nformat=1\ntemplate=\nkind=\ndpi=\nmargin_offset=\n");
     const GenerateBillRequest request = Prepared();
-    EXPECT_EQ(FieldText(request.StartDate), "");
+    EXPECT_EQ(FieldText(request.StartDate), DashedDayText(LocalDayOf(PresentTime()))) << "there is no statement";
     EXPECT_EQ(FieldText(request.TemplateName), "");
     EXPECT_EQ(request.StatementKind, 1);
     EXPECT_EQ(request.Dpi, 0);

@@ -24,6 +24,7 @@ protected:
                 {"report", Report()},
                 {"check", "check " + Request()},
                 {"diff", "diff " + run + " " + run},
+                {"import", "import " + Quoted(Statement()) + " --root " + Quoted(folder_.Path("new")) + " --user me"},
                 {"export", "export --csv " + Quoted(folder_.Path("tables")) + " " + Request()},
                 {"explain", "explain " + Quoted(Statement()) + " --format 1"},
                 {"template check", "template check " + Quoted(bad)},

@@ -1,0 +1,126 @@
+#include "cli/layout_readings.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "base/report_error.h"
+#include "base/text.h"
+#include "cli/carried_templates.h"
+#include "cli/input_file.h"
+#include "cli/scan_report.h"
+#include "driver/bill_folders.h"
+#include "readers/layout_marks.h"
+#include "readers/layout_table.h"
+#include "readers/statement_loader.h"
+#include "report/report.h"
+#include "report/request_copy.h"
+
+namespace tradebill {
+namespace {
+
+/// The layout at hand may be another one of the same format than `tried`.
+std::string NameOf(const CScanReport& seen, const Layout& tried) {
+    for (const Layout& layout : Layouts()) {
+        if (layout.isForeign == tried.isForeign && layout.format == tried.format && seen.IsReadAs(layout.name)) {
+            return std::string(layout.name);
+        }
+    }
+    return std::string(tried.name);
+}
+
+/// Counts what the last reader saw.
+void Count(const CScanReport& seen, LayoutReading& reading) {
+    reading.sections = seen.FoundSections();
+    reading.hasMoney = seen.MoneyRecords() > 0;
+    reading.isDeclined = !seen.IsReadByTemplate();
+    if (seen.Passes().empty()) return;
+    for (const SectionReport& section : seen.Passes().back().sections) {
+        reading.rows += section.rowsRead;
+        reading.records += section.records;
+    }
+}
+
+/// Reads `text` into `report`, as its request says. Throws CUnreadableInput for a template that can't be read: `text`
+/// would be read as another one without it.
+void ReadInto(CReport& report, CScanReport& seen, std::string_view text, const std::string& day,
+              LayoutReading& reading) {
+    CStatementLoader loader(report);
+    try {
+        loader.Read(day, text, &seen);
+    } catch (const CReportError&) {
+        reading.isStopped = true;
+    }
+    if (loader.TemplateProblem())
+        throw CUnreadableInput(loader.TemplateProblem()->path, loader.TemplateProblem()->reason);
+    seen.Finish();
+    Count(seen, reading);
+}
+
+}  // namespace
+
+LayoutReading ReadByLayout(const Layout& layout, std::string_view text, const std::string& day) {
+    CReport report;
+    report.Request = ClearedRequest();
+    report.Request.StatementFormat = layout.format;
+    report.Request.StatementKind = layout.isForeign ? kForeignKind : 1;
+    CScanReport seen(text);
+    LayoutReading reading{.name = {}, .format = layout.format, .isForeign = layout.isForeign};
+    ReadInto(report, seen, text, day, reading);
+    reading.name = NameOf(seen, layout);
+    reading.hasMarks = BearsMarksOf(text, layout.format, layout.isForeign);
+    return reading;
+}
+
+LayoutReading ReadByCarried(const CarriedTemplate& carried, const std::string& rootFolder, std::string_view text,
+                            const std::string& day) {
+    CReport report;
+    report.Request = ClearedRequest();
+    report.RootFolder = rootFolder;
+    CopyField(report.Request.TemplateName, carried.name);
+    report.TemplatePath = rootFolder.empty() ? std::string() : TemplatePath(report);
+    report.CarriedTemplate = carried.text;
+    report.Request.StatementFormat = FormatOfTemplate(report.TemplatePath, carried.text).value_or(0);
+    CScanReport seen(text);
+    LayoutReading reading{.name = "template " + std::string(carried.name),
+                          .templateName = carried.name,
+                          .format = report.Request.StatementFormat};
+    ReadInto(report, seen, text, day, reading);
+    return reading;
+}
+
+std::optional<LayoutReading> ReadByFittingTemplate(const std::string& rootFolder, std::string_view text,
+                                                   const std::string& day) {
+    const auto isReadBy = [&](const Layout* layout) { return ReadByLayout(*layout, text, day).sections > 0; };
+    if (std::ranges::any_of(LikelyLayouts(text), isReadBy)) return std::nullopt;
+    for (const CarriedTemplate& carried : CarriedTemplates()) {
+        LayoutReading reading = ReadByCarried(carried, rootFolder, text, day);
+        if (reading.IsReport()) return reading;
+    }
+    return std::nullopt;
+}
+
+std::vector<LayoutReading> ReadByEachLayout(std::string_view text, const std::string& day) {
+    std::vector<LayoutReading> readings;
+    std::set<std::pair<bool, std::int32_t>> tried;
+    for (const Layout& layout : Layouts()) {
+        if (tried.emplace(layout.isForeign, layout.isForeign ? 0 : layout.format).second) {
+            readings.push_back(ReadByLayout(layout, text, day));
+        }
+    }
+    for (const CarriedTemplate& carried : CarriedTemplates()) {
+        LayoutReading reading = ReadByCarried(carried, {}, text, day);
+        if (reading.isDeclined) {
+            reading = {.name = reading.name, .templateName = reading.templateName, .format = reading.format};
+        }
+        readings.push_back(std::move(reading));
+    }
+    return readings;
+}
+
+}  // namespace tradebill
