@@ -46,7 +46,7 @@ std::vector<std::filesystem::path> StatementsIn(const std::filesystem::path& roo
 std::vector<std::string> SampleNames(const std::string& samples) {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(samples)) {
-        if (entry.is_directory()) names.push_back(entry.path().filename().string());
+        if (std::filesystem::exists(entry.path() / "request.ini")) names.push_back(entry.path().filename().string());
     }
     std::ranges::sort(names);
     return names;

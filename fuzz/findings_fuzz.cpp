@@ -50,6 +50,7 @@ std::vector<Finding> Find(const Account& account) {
     CReport& report = made.Get();
     CStatementWatch watch(report);
     watch.TallyUnits();
+    watch.ReadSideRows();
     for (std::size_t i = 0; i < kDays; ++i) {
         const std::string day = std::to_string(kFirstDay + i);
         const std::string_view text = account.texts[i % account.texts.size()];

@@ -74,6 +74,8 @@ void FuzzReaders(std::string_view input);
 void FuzzTemplate(std::string_view input);
 void FuzzFindings(std::string_view input);
 void FuzzDiff(std::string_view input);
+void FuzzIntake(std::string_view input);
+void FuzzWorkbook(std::string_view input);
 void FuzzIni(std::string_view input);
 void FuzzRequest(std::string_view input);
 void FuzzHost(std::string_view input);

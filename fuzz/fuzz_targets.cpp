@@ -16,6 +16,7 @@ constexpr FuzzTarget kTargets[] = {
     {"findings",     FuzzFindings},
     {"host",         FuzzHost},
     {"ini",          FuzzIni},
+    {"intake",       FuzzIntake},
     {"json",         FuzzJson},
     {"numbers",      FuzzNumbers},
     {"page",         FuzzPage},
@@ -27,6 +28,7 @@ constexpr FuzzTarget kTargets[] = {
     {"tables",       FuzzTables},
     {"template",     FuzzTemplate},
     {"text",         FuzzText},
+    {"workbook",     FuzzWorkbook},
 };
 // clang-format on
 

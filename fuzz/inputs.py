@@ -133,6 +133,9 @@ def statement_seeds(seeds):
             seeds["anonymise"].append(choice + bytes([number, number]) + NUL.join(account))
             seeds["findings"].append(choice + b"\1" + NUL.join(account))
             seeds["run"].append(choice + b"\3" + NUL.join(account[:2]))
+        name = sorted((sample / "root/Users").glob("*/Data/Bill/D*.txt"))[0].name.encode()
+        for form in range(4):
+            seeds["intake"].append(bytes([form]) + name + NUL + NUL + (days[0] + days[1] if form % 2 else days[2]))
         live = NUL.join(re.findall(rb"^\w+=(.*?)\r?$", read(sample / "live.ini"), re.M)[:18])
         chain = head(read(sample / "root/sys/chain.ini"), 8)
         seeds["run"].append(choice + b"\x0f" + chain + NUL + live + NUL + amount(1.0) + days[0])
@@ -195,12 +198,46 @@ def small_seeds(seeds):
                 seeds["chart"].append(chart(kind, settings, first))
 
 
+# A small day: label and value of the first sheet, and the other sheets by rows, headings first.
+DAY_FIGURES = """资金账户 9001 交易日期 20240102 上日结存 1000.00 当日存取合计 -- 当日盈亏 10.00 当日手续费 1.00 当日结存 1009.00 客户权益 1009.00
+    保证金占用 100.00 可用资金 909.00 风险度 9.91% 当日总权利金 0.00""".split()
+DAY_SHEETS = {
+    "成交明细": ["合约 成交序号 买/卖 投机/套保 成交价 手数 成交额 开/平 手续费 平仓盈亏", "lc2402 0071 买 投机 #97000 2 194000.00 开 1.00 --", "合计"],
+    "平仓明细": ["合约 成交序号 买/卖 成交价 开仓价 手数 昨结算价 平仓盈亏 原成交序号", "lc2402 0072 卖 97005 97000 2 97000 10.00 0071", "合计"],
+    "持仓明细": ["合约 成交序号 买持仓 买入价 卖持仓 卖出价 昨结算价 今结算价 持仓盈亏", "i2405 0073 -- -- 5 1000.0 1000 1000 0.00", "合计"],
+    "期权成交明细": ["品种合约 流水号 买/卖 权利金单价 成交量 权利金 手续费", "SR405C6300 0074 卖 75 3 2250 1", "合计"],
+    "期权持仓汇总": ["品种合约 期权类型 买持仓 买均价 卖持仓 卖均价 昨结算价 今结算价 交易保证金", "SR405C6300 看涨 3 75 1 76 70 74 50", "合计"],
+}
+
+
+def workbook_seeds(seeds):
+    def cell(row, column, text):
+        return bytes([row, column]) + text.encode() + NUL
+
+    def xml(rows):
+        def value(text):
+            return f"<c><v>{text[1:]}</v></c>" if text.startswith("#") else f'<c t="inlineStr"><is><t>{text}</t></is></c>'
+        return ("<w>" + "".join("<row>" + "".join(map(value, row)) + "</row>" for row in rows) + "</w>").encode()
+
+    figures = [DAY_FIGURES[i:i + 2] for i in range(0, len(DAY_FIGURES), 2)]
+    cells = b"".join(cell(i, 0, label) + cell(i, 2, value) for i, (label, value) in enumerate(figures))
+    for sheet, rows in DAY_SHEETS.items():
+        cells += b"\xff" + sheet.encode() + NUL
+        cells += b"".join(cell(9 + i, j, text) for i, row in enumerate(rows) for j, text in enumerate(row.split()))
+    seeds["workbook"].append(b"\2" + cells)
+    positions = [row.split() for row in DAY_SHEETS["持仓明细"]]
+    shared = '<sst><si><t>买</t></si><si><r><t>开</t></r><r><t> 仓</t></r></si></sst>'.encode()
+    seeds["workbook"].append(b"\1" + NUL.join([shared, xml(figures), xml(positions)]))
+    seeds["workbook"].append(b"\1" + NUL.join([shared, xml(figures), b'<w><row r="3"><c r="B3" t="s"><v>1</v></c><c><f>1</f><v>2</v></c></row></w>']))
+
+
 def write_seeds(folder):
     targets = re.findall(r'\{"(\w+)", +Fuzz', (HERE / "fuzz_targets.cpp").read_text())
     seeds = {target: [] for target in targets}
     statement_seeds(seeds)
     file_seeds(seeds)
     small_seeds(seeds)
+    workbook_seeds(seeds)
     for target, inputs in seeds.items():
         (folder / target).mkdir(parents=True, exist_ok=True)
         for i, data in enumerate(sorted(set(inputs))):
@@ -229,12 +266,16 @@ def dictionaries():
     chunks = {b"IHDR", b"IDAT", b"PLTE", b"tRNS", b"gAMA", b"sRGB", b"IEND", b"\x89PNG\r\n\x1a\n", b"\xff\xd8\xff", b"\xff\xc0"}
     doubles = {amount(number) for number in (1e300, -1e300, float("inf"), float("nan"), 0.0, 5e-324, 1e9)}
     labels = {word.encode("gbk") for word in literals("anonymise", gbk)}
+    heads = {word.encode("gbk") for folder in ("findings", "intake") for word in literals(folder, gbk)}
     return {
         "anonymise": titles | labels, "readers": titles, "findings": titles, "run": titles, "run_pictures": titles, "template": titles | keys,
         "ini": ini, "request": ini | settings | fields, "host": {b"2024-01-02", b"3000-12-31", b"1970-1-1", b"\xff" * 4},
+        "intake": titles | heads | {b"\r", b"20240102-20240131", b"\xef\xbb\xbf", b"\xff\xfe", b"\xfe\xff", b"\x81\x30\x81\x30"},
         "numbers": numbers | doubles | {b"1,234.50"}, "text": tags | {b"|", b" ", b"\xa1\xa1", b"\x80", b"\xef\xbf\xbd"},
         "diff": {b'"schema":1', b'"analysis"', b'"matches"', b'"BILL_DATE"', b'"values"', b'"money"', b'"Records"', b"null"},
         "tables": doubles | {b"\"", b",", b"=", b"'", b"\r\n", b"\t", b"\x80", b"\xef\xbc\x9d", b"2024-01-02", b"20240102", b"-"},
+        "workbook": {word.encode() for row in DAY_SHEETS.values() for word in row[0].split()} | {word.encode() for word in DAY_FIGURES}
+        | {b"--", b"\xff", b'<row r="', b"<c>", b"</row>", b't="s"', b"<v>", b"<f>", b"&amp;", b"\x09\x08\x10\x00", b"\x06\x00"},
         "json": doubles | {b"\"", b"\\", b"\x1f", b"\x80", b"\xff"}, "page": tags, "picture": chunks, "chart": doubles,
     }
 

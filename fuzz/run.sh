@@ -28,8 +28,9 @@ fi
 [ "$runs" -eq 0 ] || limit=(-runs=$(((runs + jobs - 1) / jobs)))
 program=$build/bin/tradebill_fuzz work=$build/fuzzing
 # Longer inputs take their time and reach nothing else.
-declare -A longest=([anonymise]=6144 [chart]=768 [diff]=2048 [findings]=8192 [host]=2048 [ini]=2048 [json]=2048 [numbers]=512 [page]=1024
-    [picture]=1024 [readers]=4096 [request]=3072 [run]=6144 [run_pictures]=6144 [tables]=1024 [template]=6144 [text]=1024)
+declare -A longest=([anonymise]=6144 [chart]=768 [diff]=2048 [findings]=8192 [host]=2048 [ini]=2048 [intake]=6144 [json]=2048 [numbers]=512 [page]=1024
+    [picture]=1024 [readers]=4096 [request]=3072 [run]=6144 [run_pictures]=6144 [tables]=1024 [template]=6144 [text]=1024
+    [workbook]=8192)
 [ ${#targets[@]} -gt 0 ] || mapfile -t targets < <(printf '%s\n' "${!longest[@]}" | sort)
 
 # What a process leaves that crashes goes with this folder. Files in memory where the system has such.

@@ -8,16 +8,19 @@
 #include <string_view>
 
 #include "analysis/analysis.h"
+#include "base/line_counter.h"
 #include "base/report_error.h"
 #include "base/text.h"
 #include "base/utf8.h"
 #include "export/json_writer.h"
 #include "export/run_json.h"
+#include "findings/side_table_watch.h"
 #include "fuzz_statement.h"
 #include "fuzz_target.h"
 #include "page/html_builder.h"
 #include "page/page_sections.h"
 #include "page/standalone_page.h"
+#include "readers/side_table_reader.h"
 #include "report/money_record.h"
 #include "report/record_fields.h"
 #include "report/records.h"
@@ -57,6 +60,15 @@ void ReadDays(CReport& report, CFuzzInput& input) {
 }
 
 /// Returns whether no error ended the page.
+/// The tables beside the page's own, whatever their days: out of all texts at once.
+void ReadSideRows(CReport& report, std::string_view text) {
+    CLineCounter lines;
+    lines.Begin(text);
+    const std::string day = std::to_string(kFirstDay);
+    CSideTableWatch watch(day, lines, report.SideRecords);
+    ReadSideTables(text, watch);
+}
+
 bool MakePage(const CReport& report, const std::string& path, std::ostream& oneFile) {
     CStandalonePage copy(oneFile);
     CHtmlBuilder page(path, &copy);
@@ -117,6 +129,7 @@ void FuzzRun(std::string_view bytes) {
     if ((settings & 8) != 0) ReadChains(report, input.Text());
     if ((settings & 4) != 0) TakeLiveFigures(report, input);
     ReadDays(report, input);
+    ReadSideRows(report, bytes);
     FinishFuzzReport(report);
     RequirePage(report, bytes.find('<') != std::string_view::npos, (settings & 16) != 0);
     std::ostringstream json;

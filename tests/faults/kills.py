@@ -31,9 +31,9 @@ PAGE = BILLS + "/Image/TradeBill.html"
 DEAD_RUN = re.compile(r"(^|/)\.tradebill[^/]*(/|$)|\.part$|\.older$|\.db-journal$")
 BY_NAME = {scenario.name: scenario for scenario in SCENARIOS}
 DATABASES = ("tables, database", "second account in a database", "one account of two replaced")
-AT_RANDOM = ("report over older", "CSV over older", *DATABASES, "documents over older", "library over older", "reset over older")
+AT_RANDOM = ("report over older", "import over older", "CSV over older", *DATABASES, "documents over older", "library over older", "reset over older")
 # Those of few steps first, so that what they don't take is left to the others.
-AT_STEPS = ("chart, PNG", "check, JSON", *DATABASES, "CSV over older", "reset over older", "report over older",
+AT_STEPS = ("chart, PNG", "check, JSON", "import of workbooks", "import over older", "report of files over older", *DATABASES, "CSV over older", "reset over older", "report over older",
             "documents over older", "report elsewhere", "report by template", "foreign report", "library over older", "report")
 
 

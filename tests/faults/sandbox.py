@@ -107,13 +107,13 @@ class Sandbox:
         """Makes a box of the sample's first days alone."""
         shutil.rmtree(self.box, ignore_errors=True)
         sample = self.tools.samples / scenario.sample
-        shutil.copytree(sample, self.box, ignore=lambda folder, names: [n for n in names if self._is_later(n)])
+        shutil.copytree(sample, self.box, ignore=lambda folder, names: [n for n in names if self._is_later(folder, n)])
         shutil.rmtree(self.box / "root/Users/demo/Data/Bill/Image", ignore_errors=True)
         self.inputs = self.tree()
 
     @staticmethod
-    def _is_later(name):
-        return name.endswith("o.txt") and not any(f".{day}o" in name for day in FIRST_DAYS)
+    def _is_later(folder, name):
+        return folder.endswith("/Bill") and name.endswith("o.txt") and not any(f".{day}o" in name for day in FIRST_DAYS)
 
     def tree(self):
         """Bytes of all files below the box by their path, and None for each folder."""

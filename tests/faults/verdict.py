@@ -40,6 +40,8 @@ def is_whole(path, content):
         return content.startswith(b"\x89PNG") and content.endswith(b"IEND\xaeB`\x82")
     if path.endswith(".csv"):
         return content.startswith(b"\xef\xbb\xbf") and content.endswith(b"\r\n")
+    if path.endswith("o.txt"):      # a statement may be another one: what isn't known of an earlier day is left open in it
+        return content.endswith(b"\r\n")
     return content.rstrip().endswith(b"</html>")
 
 
@@ -118,8 +120,8 @@ def torn(tree, case, alternatives=(), left=frozenset()):
 
 def names_of(path, tree):
     """What may stand for a file in a message: its name, its folder's, and for a folder what belongs into it."""
-    if path in ("stdin", "stdout", "pipe"):
-        return ["standard input" if path == "stdin" else "standard output"]
+    if path in ("stdin", "stdout", "pipe"):     # by a pipe comes what a process of its own makes of a workbook, too
+        return ["standard input"] if path == "stdin" else ["standard output", *([".xls"] if path == "pipe" else [])]
     parts = [part for part in re.sub(r"\.part[^/]*$|\.older$|-journal$", "", path).split("/") if part and not part.startswith(".tradebill-")]
     is_above = path.startswith("/") and "box" not in parts      # of a file's own folder, which a message leaves out
     inside = [name for name in tree if is_above or os.path.basename(os.path.dirname("box/" + name)) in parts[-1:]]
