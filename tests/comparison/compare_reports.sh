@@ -59,6 +59,7 @@ compare_apart() {
 }
 
 for sample in "$source"/samples/*/; do
+    [ -e "$sample/request.ini" ] || continue
     compare_apart "$(basename "$sample")" ""
 done
 # At other resolutions of the screen too.

@@ -38,6 +38,7 @@ lib/TradeBill.def
 lib/TradeBill.lib
 share/tradebill/units.ini
 FILES
+    git -C "$source" ls-files templates | sed 's|^|share/tradebill/|'
     git -C "$source" ls-files examples/windows_host samples
 } | sed "s|^|$name/|" | LC_ALL=C sort >expected
 unzip -Z1 "$zip" >listed
