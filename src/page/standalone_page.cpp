@@ -1,13 +1,12 @@
 #include "page/standalone_page.h"
 
 #include <algorithm>
-#include <cstddef>
-#include <cstdint>
 #include <ios>
 #include <ostream>
 #include <string>
 #include <string_view>
 
+#include "base/base64.h"
 #include "images/picture_names.h"
 #include "page/page_closing.h"
 #include "page/page_scripts.h"
@@ -20,20 +19,6 @@
 
 namespace tradebill {
 namespace {
-
-std::string Base64(std::string_view bytes) {
-    constexpr std::string_view kDigits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::string text;
-    text.reserve((bytes.size() + 2) / 3 * 4);
-    for (std::size_t at = 0; at < bytes.size(); at += 3) {
-        const std::string_view group = bytes.substr(at, 3);
-        std::uint32_t bits = 0;
-        for (std::size_t i = 0; i < 3; ++i)
-            bits = bits << 8 | (i < group.size() ? static_cast<unsigned char>(group[i]) : 0u);
-        for (std::size_t i = 0; i < 4; ++i) text += i <= group.size() ? kDigits[bits >> (18 - 6 * i) & 0x3F] : '=';
-    }
-    return text;
-}
 
 /// One that couldn't be saved is missed, and told, where it was to be saved.
 bool IsSaved(const CReportDocument& document, std::string_view picture) {
