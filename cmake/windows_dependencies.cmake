@@ -15,6 +15,9 @@ add_library(nlohmann_json::nlohmann_json INTERFACE IMPORTED GLOBAL)
 set_target_properties(CLI11::CLI11 nlohmann_json::nlohmann_json PROPERTIES
     INTERFACE_INCLUDE_DIRECTORIES ${HEADER_LIBRARIES})
 
+set(ZLIB_USE_STATIC_LIBS ON)  # no library of another name has to be where the program is
+find_package(ZLIB REQUIRED)
+
 if(TRADEBILL_TESTS)
     set(BUILD_GMOCK ON)
     set(INSTALL_GTEST OFF)

@@ -5,7 +5,7 @@ set -euo pipefail
 
 build_packages=(
     g++ cmake ninja-build pkg-config
-    libfreetype-dev libfontconfig-dev libpng-dev libturbojpeg0-dev
+    libfreetype-dev libfontconfig-dev libpng-dev libturbojpeg0-dev zlib1g-dev
     libcli11-dev nlohmann-json3-dev nettle-dev libsqlite3-dev
     libfreexl-dev libzip-dev libpugixml-dev
     fonts-liberation fonts-arphic-uming fonts-wine
@@ -14,7 +14,7 @@ bench_packages=(libbenchmark-dev)
 test_packages=(libgtest-dev libgmock-dev sqlite3 "${bench_packages[@]}")
 test_packages+=(clang clang-format clang-tidy-19 libclang-rt-14-dev llvm python3-clang-14 valgrind git fonts-wqy-zenhei chromium)
 test_packages+=(python3 python3-jsonschema python3-pandas python3-xlwt)
-test_packages+=(g++-mingw-w64-x86-64-posix googletest wine wine64 locales zip unzip)  # the Windows build
+test_packages+=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev googletest wine wine64 locales zip unzip)  # the Windows build
 command -v npm >/dev/null || test_packages+=(nodejs npm)  # another build of Node has its own npm, and no such package
 
 wanted=("${build_packages[@]}")
