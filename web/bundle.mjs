@@ -1,0 +1,81 @@
+// Makes the second page but for its data: styles, script and licences in one file, and the policy that lets them run.
+//
+// Usage: node bundle.mjs MODULES OUT
+// MODULES is the folder node_modules that `npm ci` made; OUT is written whole or not at all.
+import { createHash } from "node:crypto";
+import { readFileSync, readdirSync, renameSync, writeFileSync } from "node:fs";
+import { createRequire } from "node:module";
+import { dirname, join, resolve } from "node:path";
+import { fileURLToPath } from "node:url";
+import { deflateSync } from "node:zlib";
+
+const [, , modules, out] = process.argv;
+if (out === undefined) throw new Error("usage: node bundle.mjs MODULES OUT");
+const here = dirname(fileURLToPath(import.meta.url));
+const { build } = createRequire(join(resolve(modules), "index.js"))("esbuild");
+
+/// The libraries that the bundle holds, by their folders in MODULES.
+function librariesOf(metafile) {
+    const names = Object.keys(metafile.inputs).map((path) => /node_modules\/((?:@[^/]+\/)?[^/]+)\//.exec(path)?.[1]);
+    return [...new Set(names.filter((name) => name !== undefined))].sort();
+}
+
+/// The files of a library's own folder and of its folder of licences.
+function filesBelow(folder) {
+    const namesIn = (path) => readdirSync(join(folder, path), { withFileTypes: true });
+    const licences = namesIn(".").filter((entry) => entry.isDirectory() && /^licen[sc]es?$/i.test(entry.name));
+    const files = (path) => namesIn(path).filter((entry) => entry.isFile()).map((entry) => join(path, entry.name));
+    return [...files("."), ...licences.flatMap(({ name }) => files(name))];
+}
+
+/// Name, version, and the texts that must go along with each library.
+function licenceOf(name) {
+    const folder = join(modules, name);
+    const { version, license } = JSON.parse(readFileSync(join(folder, "package.json"), "utf8"));
+    const texts = filesBelow(folder).filter((file) => /(^|\/)(licen[sc]e|notice)[^/]*$/i.test(file));
+    if (texts.length === 0) throw new Error(`${name} comes without its licence`);
+    const bodies = texts.sort().map((file) => readFileSync(join(folder, file), "utf8").trim());
+    return [`${name} ${version} (${license})`, ...bodies].join("\n\n");
+}
+
+async function bundled(entry, more = {}) {
+    return build({
+        entryPoints: [join(here, "src", entry)],
+        absWorkingDir: here,
+        bundle: true,
+        minify: true,
+        legalComments: "none",
+        charset: "utf8",
+        target: "es2022",
+        write: false,
+        outdir: "out",
+        nodePaths: [resolve(modules)],
+        logLevel: "warning",
+        ...more,
+    });
+}
+
+const hashOf = (script) => `'sha256-${createHash("sha256").update(script).digest("base64")}'`;
+const escaped = (text) => text.replaceAll("&", "&amp;").replaceAll("<", "&lt;");
+
+const viewer = await bundled("main.ts", { metafile: true, format: "iife" });
+const starter = (await bundled("starter.ts", { format: "iife" })).outputFiles[0].text.trim();
+const styles = (await bundled("style/page.css")).outputFiles[0].text.trim();
+const script = viewer.outputFiles[0].text;
+const parts = {
+    policy: [
+        "default-src 'none'",
+        `script-src ${hashOf(starter)} ${hashOf(script)}`,
+        "style-src 'unsafe-inline'",
+        "img-src data: blob:",
+        "base-uri 'none'",
+        "form-action 'none'",
+    ].join("; "),
+    styles,
+    licences: escaped(librariesOf(viewer.metafile).map(licenceOf).join("\n\n" + "=".repeat(72) + "\n\n")),
+    viewer: deflateSync(script, { level: 9 }).toString("base64"),
+    starter,
+};
+const page = readFileSync(join(here, "src/page.html"), "utf8").replace(/\{\{(\w+)\}\}/g, (_, name) => parts[name]);
+writeFileSync(`${out}.part`, page);
+renameSync(`${out}.part`, out);

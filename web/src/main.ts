@@ -1,0 +1,24 @@
+// Opens the page: reads what it holds of the accounts, and shows the first.
+import { readAccounts } from "./data/account.ts";
+import { wholeOf } from "./figures/range.ts";
+import { h } from "./page/dom.ts";
+import { showPage } from "./page/page.ts";
+import { State } from "./page/state.ts";
+import { View } from "./page/view.ts";
+import { textOf } from "./text/texts.ts";
+
+async function start(): Promise<void> {
+    const { program, accounts } = await readAccounts();
+    const state = new State(accounts, program);
+    await state.account.open();
+    state.range = wholeOf(state.account.days);
+    await showPage(new View(state));
+}
+
+function tellDamage(error: unknown): void {
+    const why = error instanceof Error ? error.message : String(error);
+    const lines = (["zh", "en"] as const).map((language) => h("p", { role: "alert" }, textOf(language, "damaged", { why })));
+    document.body.prepend(...lines);
+}
+
+void start().catch(tellDamage);

@@ -1,0 +1,117 @@
+// The page: its head with what can be chosen, its sections, and its foot.
+import { currenciesSection } from "../sections/currencies.ts";
+import { calendarSection } from "../sections/calendar.ts";
+import { courseSection } from "../sections/course.ts";
+import { drawdownsSection } from "../sections/drawdowns.ts";
+import { findingsSection } from "../sections/findings.ts";
+import { marginSection } from "../sections/margin.ts";
+import { openSection } from "../sections/open.ts";
+import { overviewSection } from "../sections/overview.ts";
+import { periodsSection } from "../sections/periods.ts";
+import { productsSection } from "../sections/products.ts";
+import type { Section } from "../sections/section.ts";
+import { tablesSection } from "../sections/tables.ts";
+import { fill, h } from "./dom.ts";
+import { installMeaningTip } from "./meaning_tip.ts";
+import { listenToKeys, showRangeBar } from "./range_bar.ts";
+import type { Change } from "./state.ts";
+import type { View } from "./view.ts";
+
+const kAll: ReadonlySet<Change> = new Set(["account", "range", "filter", "look"]);
+
+function accountChoice(view: View): HTMLElement {
+    const { accounts, account } = view.state;
+    const name = h("b", { class: "account-name" }, view.accountName());
+    if (accounts.length === 1) return h("span", {}, `${view.text("account")} `, name);
+    const choose = (event: Event): void => void view.state.choose(accounts[Number((event.target as HTMLSelectElement).value)]);
+    const options = accounts.map((each, at) => h("option", { value: at, selected: each === account }, view.accountName(each)));
+    return h("label", {}, `${view.text("account")} `, h("select", { change: choose }, ...options));
+}
+
+function settings(view: View): HTMLElement {
+    const { state } = view;
+    const button = (text: string, isPressed: boolean | null, click: () => void): HTMLElement =>
+        h("button", { type: "button", "aria-pressed": isPressed === null ? null : String(isPressed), click }, text);
+    return h(
+        "div",
+        { class: "settings", role: "group", "aria-label": view.text("settings") },
+        button(view.text("language"), null, () => state.setLook({ language: state.language === "zh" ? "en" : "zh" })),
+        button(view.text(state.isRedGain ? "colours" : "coloursSwapped"), null, () => state.setLook({ isRedGain: !state.isRedGain })),
+        button(view.text(state.hidesAmounts ? "showAmounts" : "hideAmounts"), state.hidesAmounts, () => state.setLook({ hidesAmounts: !state.hidesAmounts })),
+        button(view.text("print"), null, () => print()),
+    );
+}
+
+function showHead(head: HTMLElement, view: View, sections: readonly Section[]): void {
+    const links = sections.filter((section) => section.isThere(view)).map((section) => h("a", { href: `#${section.id}` }, view.text(section.title)));
+    fill(
+        head,
+        h("div", { class: "head-line" }, h("h1", {}, view.text("title")), accountChoice(view), settings(view)),
+        h("nav", { "aria-label": view.text("sections") }, ...links),
+    );
+}
+
+function listenToPrint(view: View): void {
+    const fit = (): void => view.state.repaint();
+    addEventListener("beforeprint", () => {
+        document.documentElement.classList.add("printing");
+        fit();
+    });
+    addEventListener("afterprint", () => {
+        document.documentElement.classList.remove("printing");
+        fit();
+    });
+    matchMedia("(prefers-color-scheme: dark)").addEventListener("change", fit);
+}
+
+export async function showPage(view: View): Promise<void> {
+    const { state } = view;
+    const head = h("header", {});
+    const bar = h("div", { class: "range-bar", role: "group" });
+    const foot = h("footer", {});
+    const sections = [
+        overviewSection(),
+        findingsSection(),
+        courseSection(),
+        periodsSection(),
+        calendarSection(),
+        drawdownsSection(),
+        productsSection(),
+        marginSection(),
+        openSection(),
+        currenciesSection(),
+        tablesSection(),
+    ];
+    const skip = h("a", { class: "skip", href: "#overview" });
+    const main = h("main", {}, ...sections.map((section) => section.element));
+    document.querySelector("main.waiting")!.replaceWith(skip, head, bar, main, foot); // beside the blocks of data
+    installMeaningTip();
+
+    const show = (changes: ReadonlySet<Change>): void => {
+        document.documentElement.lang = state.language === "zh" ? "zh-CN" : "en";
+        document.documentElement.dataset.gain = state.isRedGain ? "red" : "green";
+        document.title = `${view.accountName()} · ${view.text("title")}`;
+        skip.textContent = view.text("skip");
+        if (changes.has("account") || changes.has("look")) {
+            showHead(head, view, sections);
+            fill(foot, h("p", {}, view.text("madeBy", { program: state.program })), licences(view));
+        }
+        bar.setAttribute("aria-label", view.text("range"));
+        showRangeBar(bar, view);
+        for (const section of sections) {
+            section.element.hidden = !section.isThere(view);
+            section.element.querySelector("h2")!.textContent = view.text(section.title);
+            if (!section.element.hidden) void section.show(view, changes);
+        }
+    };
+    state.listen(show);
+    listenToKeys(view);
+    listenToPrint(view);
+    show(kAll);
+}
+
+/** The texts of the licences stand in the page, in a block of their own. */
+function licences(view: View): HTMLElement {
+    const text = document.getElementById("licences")?.textContent ?? "";
+    return h("details", {}, h("summary", {}, view.text("licences")), h("pre", { tabindex: 0 }, text.trim()));
+}

@@ -1,0 +1,84 @@
+// The columns of large tables: which are shown, and how.
+import type { ColumnDefinition } from "tabulator-tables";
+import type { Column, Table } from "../data/table.ts";
+import { dayText, kNothing, percent, plain } from "../page/format.ts";
+import type { View } from "../page/view.ts";
+import { numberFits, textFits } from "./conditions.ts";
+
+/** Money that tells how large an account is. Prices don't. */
+const kMoney: ReadonlySet<string> = new Set([
+    ...["TURNOVER", "turnover", "POUNDAGE", "OFFSETPL", "ROYALTY", "FLOATPL", "DSYK", "DEPOSIT", "pl", "fees", "equity", "cashFlow"],
+    ...["margin", "CASH_IN", "CASH_OUT", "EXERCISE_AMOUNT", "EXERCISE_PL", "EXERCISE_FEE", "DELIVERY_AMOUNT", "DELIVERY_FEE"],
+    ...["DELIVERY_PL", "moneyIndex", "QCQY", "CRJ", "QMJC", "KYZJ", "PCYK", "CCDSYK", "KHQY", "SXF", "BZJZY", "XQSXF", "QLJSZ"],
+    ...["HOST_CURRENT", "HOST_FROZEN_A", "HOST_FROZEN_B", "HOST_POSITION_MARGIN", "HOST_POSITION_PL"],
+]);
+const kSizes: ReadonlySet<string> = new Set([
+    ...["MATCH_VOL", "POSITION_VOL", "BID_POSITION_VOL", "ASK_POSITION_VOL", "lots"],
+    ...["EXERCISE_VOL", "DELIVERED_VOL", "RESIDUAL_VOL"],
+]);
+const kToned: ReadonlySet<string> = new Set(["pl", "OFFSETPL", "FLOATPL", "DSYK", "EXERCISE_PL", "DELIVERY_PL", "return"]);
+const kRates: ReadonlySet<string> = new Set(["return", "marginUse"]);
+const kGroupable: ReadonlySet<string> = new Set([
+    ...["BILL_DATE", "EXCH_NAME", "product", "contract", "CONTRACT", "BID", "side", "OFFSET", "HEDGE", "CURRENCY", "CASH_TYPE"],
+    ...["OPEN_DATE", "account"],
+]);
+/** The day table's records beside the analysis's figures of the same day, and what other columns say better. */
+const kLeftOut: ReadonlySet<string> = new Set([
+    ...["tradeSide", "productName", "moneyIndex", "HOST_CURRENT", "HOST_FROZEN_A", "HOST_FROZEN_B", "HOST_POSITION_MARGIN"],
+    ...["HOST_POSITION_PL", "XQSXF"],
+]);
+
+export function isGroupable(name: string): boolean {
+    return kGroupable.has(name);
+}
+
+/** Those that say something, in the order of the table. */
+export function shownColumns(table: Table): Column[] {
+    const replaced = table.has("contract") ? ["CONTRACT", "DELIVERY"] : table.has("day") ? ["BILL_DATE"] : [];
+    return table.columns.filter(
+        (column) => !kLeftOut.has(column.name) && !replaced.includes(column.name) && table.isFilled(column),
+    );
+}
+
+export function cellText(view: View, column: Column, value: unknown): string {
+    if (value === null || value === undefined || value === "") return kNothing;
+    if ("values" in column) {
+        const number = value as number;
+        if (kMoney.has(column.name)) return view.money(number);
+        if (kSizes.has(column.name)) return view.size(number);
+        return kRates.has(column.name) ? percent(number) : plain(number);
+    }
+    const text = String(value);
+    return column.kind === "day" ? dayText(text) : view.cellText(text);
+}
+
+export function definitionOf(view: View, column: Column): ColumnDefinition {
+    const isNumber = "values" in column;
+    const title = view.columnLabel(column.name);
+    const meaning = view.columnMeaning(column.name);
+    const isHidden = view.state.hidesAmounts && (kMoney.has(column.name) || kSizes.has(column.name));
+    return {
+        title,
+        field: column.name,
+        hozAlign: isNumber ? "right" : "left",
+        headerHozAlign: isNumber ? "right" : "left",
+        headerTooltip: meaning === "" ? false : meaning,
+        sorter: isNumber ? "number" : "string",
+        sorterParams: { alignEmptyValues: "bottom" } as never,
+        minWidth: isNumber ? 100 : 88,
+        formatter: (cell) => {
+            const value: unknown = cell.getValue();
+            if (kToned.has(column.name)) cell.getElement().classList.add(view.toneOf(value as number | null));
+            const text = document.createElement("span");
+            text.textContent = cellText(view, column, value);
+            return text;
+        },
+        headerFilter: isHidden ? undefined : "input",
+        headerFilterPlaceholder: view.text(isNumber ? "numberFilterHint" : "filterHint"),
+        headerFilterParams: { elementAttributes: { "aria-label": view.text("filterColumn", { name: title }) } } as never,
+        headerFilterFunc: (condition: string, value: unknown) =>
+            isNumber
+                ? numberFits(condition, value as number | null)
+                : textFits(condition, value as string | null, cellText(view, column, value)),
+    };
+}
