@@ -3,44 +3,24 @@
 #include <algorithm>
 #include <cstddef>
 #include <map>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <tuple>
 #include <utility>
 #include <vector>
 
-#include "analysis/account_days.h"
 #include "analysis/closed_results.h"
+#include "analysis/closed_row.h"
 #include "analysis/closed_tally.h"
 #include "analysis/concentration.h"
 #include "analysis/group_key.h"
-#include "analysis/periods.h"
 #include "analysis/product_names.h"
-#include "analysis/stated_amount.h"
-#include "analysis/trade_tally.h"
-#include "base/day_number.h"
-#include "base/number.h"
-#include "base/text.h"
 #include "base/text_hash.h"
-#include "report/closed_rows.h"
-#include "report/product_text.h"
 #include "report/records.h"
 #include "report/report.h"
 
 namespace tradebill {
 namespace {
-
-/// A closed row, and all that it is grouped by.
-struct GroupedRow {
-    ClosedRow row;
-    std::string_view currency;
-    const ProductName& product;
-    std::string contract;
-    std::string_view side;  ///< empty for a foreign row that doesn't tell
-    std::string_view exchange;
-    std::string month;  ///< empty for a row without a day
-};
 
 /// Groups of one kind.
 class CGroups {
@@ -80,27 +60,13 @@ private:
 
 class CClosedWalk {
 public:
-    CClosedWalk(const CReport& report, const CTradeTally& trades, CProductNames& products)
-        : report_(report), trades_(trades), products_(products) {}
-
-    void AddDomestic(const PingDetail& row) {
-        const auto closed = ClosedFiguresOf(row, report_);
-        if (!closed) return;
-        GroupedRow grouped = Begin(row);
-        grouped.side = ClosedSidesOf(row, false).position;
-        grouped.row.lots = closed->lots;
-        grouped.row.pl = closed->pl;
-        grouped.row.turnover = static_cast<double>(closed->lots) * closed->closePrice * closed->unit;
-        Add(grouped, row);
-    }
-
-    /// Its P/L can't be worked out: opening prices and units are missing.
-    void AddForeign(const PingDetail& row) {
-        GroupedRow grouped = Begin(row);
-        grouped.side = ClosedSidesOf(row, true).position;
-        grouped.row.lots = IntegerIn(row.MATCH_VOL);
-        grouped.row.pl = grouped.row.statedPl.value_or(0);
-        Add(grouped, row);
+    void Add(const GroupedRow& grouped) {
+        by_.products.Add(grouped.row, grouped.currency, grouped.product.key, grouped.product.name);
+        by_.contracts.Add(grouped.row, grouped.currency, grouped.contract);
+        by_.sides.Add(grouped.row, grouped.currency, grouped.side);
+        by_.exchanges.Add(grouped.row, grouped.currency, grouped.exchange);
+        if (!grouped.month.empty()) by_.months.Add(grouped.row, grouped.currency, grouped.month);
+        rows_[std::string(grouped.currency)].Add(grouped.row.pl);
     }
 
     [[nodiscard]] ClosedFiguresByGroup Finish() {
@@ -125,49 +91,6 @@ public:
     }
 
 private:
-    /// All that both families state alike.
-    [[nodiscard]] GroupedRow Begin(const PingDetail& row) {
-        const std::string_view contract = FieldText(row.CONTRACT);
-        const std::string_view delivery = FieldText(row.DELIVERY);
-        GroupedRow grouped{.row = {},
-                           .currency = CurrencyOf(row, report_),
-                           .product = products_.Of(contract, delivery),
-                           .contract = ContractKey(contract, delivery, report_.Format().namesDeliveryApart),
-                           .side = {},
-                           .exchange = TrimBlanks(FieldText(row.EXCH_NAME)),
-                           .month = {}};
-        grouped.row.statedPl = StatedAmount(row.OFFSETPL);
-        if (grouped.exchange.empty()) grouped.exchange = trades_.ExchangeOf(grouped.contract);
-        return grouped;
-    }
-
-    /// REQUIRES: the row's lots are set.
-    void TakeDays(const PingDetail& row, GroupedRow& grouped) const {
-        const auto closed = RowDayOf(FieldText(row.BILL_DATE), FieldText(row.MATCH_DATE));
-        const auto opened = DayNumberOf(FieldText(row.OPEN_DATE));
-        if (closed) grouped.month = NumberedDay(*closed).substr(0, kMonthLength);
-        if (closed && opened) grouped.row.holdingDays = *closed - *opened;
-        double perLot = 0;
-        int known = 0;
-        for (const auto& day : {closed, opened}) {
-            const auto fee = day ? trades_.FeePerLot(grouped.currency, grouped.product.key, *day) : std::nullopt;
-            perLot += fee.value_or(0);
-            known += fee ? 1 : 0;
-        }
-        if (known > 0) grouped.row.fees = perLot * static_cast<double>(grouped.row.lots);
-        grouped.row.lacksFees = known < 2;
-    }
-
-    void Add(GroupedRow& grouped, const PingDetail& row) {
-        TakeDays(row, grouped);
-        by_.products.Add(grouped.row, grouped.currency, grouped.product.key, grouped.product.name);
-        by_.contracts.Add(grouped.row, grouped.currency, grouped.contract);
-        by_.sides.Add(grouped.row, grouped.currency, grouped.side);
-        by_.exchanges.Add(grouped.row, grouped.currency, grouped.exchange);
-        if (!grouped.month.empty()) by_.months.Add(grouped.row, grouped.currency, grouped.month);
-        rows_[std::string(grouped.currency)].Add(grouped.row.pl);
-    }
-
     struct Kinds {
         CGroups products;
         CGroups contracts;
@@ -176,9 +99,6 @@ private:
         CGroups months;
     };
 
-    const CReport& report_;
-    const CTradeTally& trades_;
-    CProductNames& products_;
     Kinds by_;
     std::map<std::string, CConcentration> rows_;  // by currencies
 };
@@ -186,9 +106,12 @@ private:
 }  // namespace
 
 ClosedFiguresByGroup ClosedGroupsOf(const CReport& report, const CTradeTally& trades, CProductNames& products) {
-    CClosedWalk walk(report, trades, products);
-    for (const PingDetail& row : report.PingDetailStore.Rows) walk.AddDomestic(row);
-    for (const PingDetail& row : report.ForeignClosedStore.Rows) walk.AddForeign(row);
+    const CClosedRows rows(report, trades, products);
+    CClosedWalk walk;
+    for (const PingDetail& row : report.PingDetailStore.Rows) {
+        if (const auto grouped = rows.OfDomestic(row)) walk.Add(*grouped);
+    }
+    for (const PingDetail& row : report.ForeignClosedStore.Rows) walk.Add(rows.OfForeign(row));
     return walk.Finish();
 }
 
