@@ -217,6 +217,14 @@ inline constexpr AnalysisField<ProductMargin> kProductMarginFields[] = {
     analysis_fields::Of<&ProductMargin::maxUse>("maxUse"),
 };
 
+inline constexpr AnalysisField<ProductMarginDay> kProductMarginDayFields[] = {
+    analysis_fields::DayOf<&ProductMarginDay::day>("day"),
+    analysis_fields::Of<&ProductMarginDay::product>("product"),
+    analysis_fields::Of<&ProductMarginDay::name>("name"),
+    analysis_fields::Of<&ProductMarginDay::currency>("currency"),
+    analysis_fields::Of<&ProductMarginDay::margin>("margin"),
+};
+
 inline constexpr AnalysisField<OpenPosition> kOpenPositionFields[] = {
     analysis_fields::Of<&OpenPosition::contract>("contract"),
     analysis_fields::Of<&OpenPosition::side>("side"),

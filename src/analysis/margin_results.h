@@ -30,6 +30,18 @@ struct ProductMargin {
     std::optional<double> maxUse;
 };
 
+/// Margin of one product's open positions on one day that has some.
+struct ProductMarginDay {
+    std::string day;
+    /// As ClosedGroup names products.
+    std::string product;
+    std::string name;
+    /// Of a foreign account, as printed; else empty.
+    std::string currency;
+    /// Above 0.
+    double margin = 0;
+};
+
 /// Use of margin by days (DayResult::marginUse).
 struct MarginResult {
     /// Null if no day has a use.
@@ -41,6 +53,8 @@ struct MarginResult {
     std::int64_t above100 = 0;
     /// Largest max first.
     std::vector<ProductMargin> products;
+    /// In the order of the products, each with its days, oldest first.
+    std::vector<ProductMarginDay> productDays;
 };
 
 /// One row of open positions (of their summary, where statements have no others) of the last statement, in its order.

@@ -33,20 +33,39 @@ public:
 
     void Add(std::int64_t day, double margin) { days_[day].Add(margin); }
 
-    [[nodiscard]] ProductMargin Finish(const Equities& equities) {
+    /// The figures over the days.
+    void Finish(const Equities& equities) {
         CCompensatedSum sum;
-        for (const auto& [day, amount] : days_) {
-            const double margin = amount.Total();
-            if (!(margin > 0)) continue;
+        ForEachDay([&](std::int64_t day, double margin) {
             ++product_.days;
             sum.Add(margin);
             TakeHighest(day, margin, equities);
-        }
+        });
         if (product_.days > 0) product_.mean = sum.Total() / static_cast<double>(product_.days);
-        return std::move(product_);
+    }
+
+    /// REQUIRES: Finish was called.
+    [[nodiscard]] const ProductMargin& Figures() const { return product_; }
+
+    void AddDays(std::vector<ProductMarginDay>& days) const {
+        ForEachDay([&](std::int64_t day, double margin) {
+            days.push_back({.day = NumberedDay(day),
+                            .product = product_.product,
+                            .name = product_.name,
+                            .currency = product_.currency,
+                            .margin = margin});
+        });
     }
 
 private:
+    /// Of those that have margin.
+    template <class OnDay>
+    void ForEachDay(OnDay onDay) const {
+        for (const auto& [day, amount] : days_) {
+            if (const double margin = amount.Total(); margin > 0) onDay(day, margin);
+        }
+    }
+
     void TakeHighest(std::int64_t day, double margin, const Equities& equities) {
         if (margin > product_.max) {
             product_.max = margin;
@@ -80,15 +99,15 @@ public:
         margins_[found->second].Add(line.day, *line.margin);
     }
 
-    /// Those that have margin, the largest first.
-    [[nodiscard]] std::vector<ProductMargin> Finish(const Equities& equities) {
-        std::vector<ProductMargin> finished;
-        for (CProductDays& days : margins_) {
-            ProductMargin margin = days.Finish(equities);
-            if (margin.days > 0) finished.push_back(std::move(margin));
+    /// Those that have margin, the largest first, and their days.
+    void Finish(const Equities& equities, MarginResult& margin) {
+        for (CProductDays& days : margins_) days.Finish(equities);
+        std::erase_if(margins_, [](const CProductDays& days) { return days.Figures().days == 0; });
+        std::ranges::stable_sort(margins_, std::greater{}, [](const CProductDays& days) { return days.Figures().max; });
+        for (const CProductDays& days : margins_) {
+            margin.products.push_back(days.Figures());
+            days.AddDays(margin.productDays);
         }
-        std::ranges::stable_sort(finished, std::greater{}, &ProductMargin::max);
-        return finished;
     }
 
 private:
@@ -135,7 +154,7 @@ MarginResult MarginOf(const CReport& report, const DayFigures& days, CProductNam
     ForEachSummaryLine(report, [&](const PositionLine& line) {
         if (!detailedDays.contains(line.day)) walk.Add(line);
     });
-    margin.products = walk.Finish(report.IsForeign() ? Equities() : EquitiesOf(days));
+    walk.Finish(report.IsForeign() ? Equities() : EquitiesOf(days), margin);
     return margin;
 }
 

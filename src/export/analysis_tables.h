@@ -50,6 +50,10 @@ inline const std::vector<ProductMargin>& ProductMargins(const Analysis& analysis
     return analysis.margin.products;
 }
 
+inline const std::vector<ProductMarginDay>& ProductMarginDays(const Analysis& analysis) {
+    return analysis.margin.productDays;
+}
+
 }  // namespace analysis_tables
 
 template <const auto& Fields>

@@ -51,7 +51,18 @@ constexpr std::array<ExportColumn, N + More> ColumnsOf(const Field (&fields)[N],
     return columns;
 }
 
-constexpr std::array<ExportColumn, 2> kClosedSideColumns{{{"side"}, {"tradeSide"}}};
+/// What a row is counted under: the product's code or printed name, that name if it isn't the code, and the contract
+/// with its month.
+constexpr std::array<ExportColumn, 3> kProductColumns{{{"product"}, {"productName"}, {"fullContract"}}};
+
+constexpr std::array<ExportColumn, 8> kClosedMoreColumns{{{"side"},
+                                                          {"tradeSide"},
+                                                          kProductColumns[0],
+                                                          kProductColumns[1],
+                                                          kProductColumns[2],
+                                                          {"pl", ColumnKind::Number},
+                                                          {"holdingDays", ColumnKind::Count},
+                                                          {"fees", ColumnKind::Number}}};
 
 constexpr std::array<ExportColumn, 1> kRateColumn{{{"EXCHANGE_RATE", ColumnKind::Number}}};
 
@@ -67,10 +78,10 @@ constexpr auto CurrencyDayColumns() {
 inline constexpr auto kDayColumns =
     store_tables::DayColumns(store_tables::ColumnsOf(kMoneyFields, store_tables::kRateColumn));
 inline constexpr auto kCurrencyDayColumns = store_tables::CurrencyDayColumns();
-inline constexpr auto kTradeColumns = store_tables::ColumnsOf(kMatchFields);
-inline constexpr auto kClosedColumns = store_tables::ColumnsOf(kPingFields, store_tables::kClosedSideColumns);
-inline constexpr auto kPositionColumns = store_tables::ColumnsOf(kOpiDetailFields);
-inline constexpr auto kPositionSumColumns = store_tables::ColumnsOf(kOpiSumFields);
+inline constexpr auto kTradeColumns = store_tables::ColumnsOf(kMatchFields, store_tables::kProductColumns);
+inline constexpr auto kClosedColumns = store_tables::ColumnsOf(kPingFields, store_tables::kClosedMoreColumns);
+inline constexpr auto kPositionColumns = store_tables::ColumnsOf(kOpiDetailFields, store_tables::kProductColumns);
+inline constexpr auto kPositionSumColumns = store_tables::ColumnsOf(kOpiSumFields, store_tables::kProductColumns);
 inline constexpr auto kCashColumns = store_tables::ColumnsOf(kCashFields);
 inline constexpr auto kExerciseColumns = store_tables::ColumnsOf(kExerciseFields);
 inline constexpr auto kDeliveryColumns = store_tables::ColumnsOf(kDeliveryFields);

@@ -33,6 +33,7 @@ constexpr ExportTable kTables[] = {
     {"weekdays",      kAnalysisColumns<kWeekdayFields>,       true,  WalkAnalysis<kWeekdayFields, &Analysis::weekdays>},
     {"drawdowns",     kAnalysisColumns<kDrawdownFields>,      false, WalkAnalysis<kDrawdownFields, &Analysis::drawdowns>},
     {"margin",        kAnalysisColumns<kProductMarginFields>, false, WalkAnalysis<kProductMarginFields, analysis_tables::ProductMargins>},
+    {"margin_days",   kAnalysisColumns<kProductMarginDayFields>, false, WalkAnalysis<kProductMarginDayFields, analysis_tables::ProductMarginDays>},
     {"open",          kAnalysisColumns<kOpenPositionFields>,  false, WalkAnalysis<kOpenPositionFields, &Analysis::open>},
     {"concentration", kAnalysisColumns<kConcentrationFields>, false, WalkAnalysis<kConcentrationFields, &Analysis::concentration>},
     {"cash_kinds",    kAnalysisColumns<kCashKindFields>,      false, WalkAnalysis<kCashKindFields, &Analysis::cashKinds>},

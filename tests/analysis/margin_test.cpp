@@ -74,7 +74,8 @@ TEST_F(Margin, OfAProductIsThatOfBothItsSidesDayByDay) {
     AddOpen("20240103", "m2405", "买", "1", "20240102", "50.00");
     AddOpen("20240103", "m2405-C-3200", "买", "1", "20240102", "50.00");
     AddOpen("20240104", "cu2405", "买", "1", "20240104", "0.00");
-    const auto margins = Analysed().margin.products;
+    const MarginResult result = Analysed().margin;
+    const auto& margins = result.products;
     ASSERT_EQ(margins.size(), 2U);  // copper ties up nothing
     EXPECT_EQ(margins[0].product, "rb");
     EXPECT_EQ(margins[0].days, 2);
@@ -86,6 +87,12 @@ TEST_F(Margin, OfAProductIsThatOfBothItsSidesDayByDay) {
     EXPECT_EQ(margins[1].max, 100);
     EXPECT_EQ(margins[1].maxDay, "20240102");  // the first of two
     EXPECT_EQ(margins[1].maxUse, 0.25);
+    std::vector<std::string> days;
+    for (const ProductMarginDay& day : result.productDays) {
+        days.push_back(day.day + " " + day.product + " " + std::to_string(static_cast<int>(day.margin)));
+    }
+    EXPECT_EQ(days,
+              (std::vector<std::string>{"20240102 rb 300", "20240103 rb 200", "20240102 m 100", "20240103 m 100"}));
 }
 
 TEST_F(Margin, OfAProductHasNoUseWithoutEquity) {

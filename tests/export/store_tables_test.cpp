@@ -8,11 +8,14 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "analysis/analysed_account.h"
 #include "base/text.h"
 #include "export/table_list.h"
 #include "export/tables_fixture.h"
 #include "report/money_store.h"
+#include "report/record_fields.h"
 #include "report/record_makers.h"
 #include "report/records.h"
 #include "report/request_copy.h"
@@ -84,6 +87,45 @@ TEST_F(StoreTables, HaveARowForEachPositionAndEachSum) {
     EXPECT_EQ(RowsOf("positions", {"BILL_DATE", "POSITION_VOL", "FLOATPL"}),
               (TextRows{{"2024-01-03", "2.0", "-20.0"}}));
     EXPECT_EQ(RowsOf("position_sums", {"BILL_DATE", "DEPOSIT", "BID"}), (TextRows{{"2024-01-04", "8825.6", "买"}}));
+}
+
+// One row of rebar at 10 a point: 2 lots bought at 4000 on the 2nd and sold at 4010 on the 5th. The product's fees
+// are 3.00 for 3 lots on the 2nd and 8.00 for 2 lots on the 5th: 1 + 4 a lot.
+TEST_F(StoreTables, SayWhatAClosedPositionCameTo) {
+    CListedProducts products;
+    products.units = {{"rb2405", 10}};
+    products.codes = {{"rb", "RB"}};
+    report.Products = &products;
+    report.Request.StatementFormat = 2;
+    const auto trade = [&](const char* day, const char* contract, const char* lots, const char* fee) {
+        FillFields<MatchRecord>(report.MatchStore.Add(), kMatchFields,
+                                {{"BILL_DATE", day}, {"CONTRACT", contract}, {"MATCH_VOL", lots}, {"POUNDAGE", fee}});
+    };
+    trade("20240102", "rb2405", "2", "2.00");
+    trade("20240102", "rb2410", "1", "1.00");
+    trade("20240105", "rb2405", "2", "8.00");
+    report.PingDetailStore.Add() = Closed({{"BILL_DATE", "20240105"},
+                                           {"CONTRACT", "rb2405"},
+                                           {"BID", Gbk("买")},
+                                           {"MATCH_VOL", "2"},
+                                           {"OPEN_DATE", "20240102"},
+                                           {"OPEN_PRICE", "4000"},
+                                           {"MATCH_PRICE", "4010"}});
+    report.PingDetailStore.Add() = Closed({{"BILL_DATE", "20240105"}, {"CONTRACT", "rb2410"}, {"MATCH_VOL", "1"}});
+    EXPECT_EQ(
+        RowsOf("closed", {"product", "productName", "fullContract", "side", "pl", "holdingDays", "fees"}),
+        (TextRows{{"RB", "rb", "rb2405", "long", "200.0", "3", "10.0"}, {"RB", "rb", "rb2410", "-", "-", "-", "-"}}));
+}
+
+TEST_F(StoreTables, SayUnderWhatTradesAndPositionsAreCounted) {
+    report.Request.StatementFormat = 1;  // product and month stand apart
+    FillFields<MatchRecord>(report.MatchStore.Add(), kMatchFields, {{"CONTRACT", "m"}, {"DELIVERY", "2405"}});
+    report.OpiDetailStore.Add() = Open({{"CONTRACT", "m2405-C-3200"}});
+    report.OpiSumStore.Add() = OpenSum({{"CONTRACT", Gbk("豆粕")}, {"DELIVERY", "2405"}});
+    const std::vector<std::string_view> columns{"product", "productName", "fullContract"};
+    EXPECT_EQ(RowsOf("trades", columns), (TextRows{{"m", "-", "m2405"}}));
+    EXPECT_EQ(RowsOf("positions", columns), (TextRows{{"m", "-", "m2405-C-3200"}}));
+    EXPECT_EQ(RowsOf("position_sums", columns), (TextRows{{"豆粕", "-", "豆粕2405"}}));
 }
 
 TEST_F(StoreTables, HaveARowForEachDepositExerciseAndDelivery) {
