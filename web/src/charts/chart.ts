@@ -59,6 +59,7 @@ export class Chart {
     }
 
     show(option: Option, label: string): void {
+        this.fit();
         this.element.setAttribute("aria-label", label);
         this.library.setOption({ animation: false, ...option }, { notMerge: true });
     }

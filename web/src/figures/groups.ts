@@ -40,7 +40,7 @@ export class ClosedRows {
     constructor(table: Table) {
         this.rows = table.rows;
         this.days = table.texts("BILL_DATE");
-        this.keys = { product: table.texts("product"), contract: table.texts("contract"), side: table.texts("side") };
+        this.keys = { product: table.texts("product"), contract: table.texts("fullContract"), side: table.texts("side") };
         this.names = table.texts("productName");
         this.currencies = table.texts("CURRENCY");
         this.lots = table.numbers("MATCH_VOL");

@@ -55,11 +55,11 @@ function flowsOf(view: View, course: Numbers, palette: Palette): object[] {
 }
 
 const kGrids = [
-    { top: 24, height: 210 },
-    { top: 262, height: 70 },
-    { top: 360, height: 70 },
+    { top: 26, height: 210 },
+    { top: 276, height: 70 },
+    { top: 386, height: 70 },
 ];
-const kHeight = 500;
+const kHeight = 530;
 
 function axisText(view: View): (value: number) => string {
     const { course } = view.state;
@@ -169,7 +169,7 @@ function optionOf(view: View, palette: Palette, width: number): Option {
 /** Where the names of the three charts stand. */
 function captions(view: View): HTMLElement {
     const names = [view.text(view.state.course === "pl" ? "cumulativePl" : view.state.course), view.text("drawdown"), view.text("marginUse")];
-    return h("div", { class: "captions", "aria-hidden": "true" }, ...names.map((name, at) => h("span", { style: `top: ${kGrids[at].top - 22}px` }, name)));
+    return h("div", { class: "captions", "aria-hidden": "true" }, ...names.map((name, at) => h("span", { style: `top: ${kGrids[at].top - 27}px` }, name)));
 }
 
 function labelOf(view: View): string {
@@ -216,7 +216,6 @@ export function courseSection(): Section {
                 const next = captions(view);
                 names.replaceWith(next);
                 names = next;
-                chart.fit();
                 chart.show(optionOf(view, palette, chart.element.clientWidth), labelOf(view));
                 chart.library.dispatchAction({ type: "takeGlobalCursor", key: "dataZoomSelect", dataZoomSelectActive: true });
             } else if (changes.has("range")) {

@@ -46,23 +46,25 @@ function choose(view: View, drawdown: Drawdown): void {
 export function drawdownsSection(): Section {
     const hint = h("p", { class: "hint" });
     const holder = tableHolder();
-    const more = h("div", {});
-    let showsAll = false;
     const draw = async (view: View): Promise<void> => {
         const { account, range } = view.state;
         const all = isWhole(range, account.days) ? ownDrawdowns(await account.table("drawdowns")) : drawdownsOf(account.days, range);
         fill(hint, all.length === 0 ? view.text("noRows") : view.text("drawdownsHint"));
         holder.hidden = all.length === 0;
         holder.setAttribute("aria-label", view.text("drawdowns"));
-        const rows = showsAll ? all : all.slice(0, kShownAtOnce);
-        showSmallTable(holder, { label: view.text("drawdowns"), columns: columnsOf(view), rows, onRow: (drawdown) => choose(view, drawdown) });
-        const isMore = all.length > rows.length;
-        fill(more, isMore ? h("button", { type: "button", click: () => ((showsAll = true), void draw(view)) }, `${view.text("showAll")} (${all.length})`) : null);
+        showSmallTable(holder, {
+            label: view.text("drawdowns"),
+            columns: columnsOf(view),
+            rows: all,
+            onRow: (drawdown) => choose(view, drawdown),
+            most: kShownAtOnce,
+            moreText: view.text("showAll"),
+        });
     };
     return {
         id: "drawdowns",
         title: "drawdowns",
-        element: frameOf("drawdowns", hint, holder, more),
+        element: frameOf("drawdowns", hint, holder),
         isThere: (view) => view.state.account.days.count > 0,
         show: (view, changes) => (changes.has("filter") && changes.size === 1 ? undefined : draw(view)),
     };

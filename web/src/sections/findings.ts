@@ -3,7 +3,7 @@ import type { Row } from "../data/table.ts";
 import { dayText } from "../page/format.ts";
 import { fill, h } from "../page/dom.ts";
 import type { View } from "../page/view.ts";
-import { kFindings } from "../text/findings.ts";
+import { kFindings, phraseOf } from "../text/findings.ts";
 import { pick } from "../text/texts.ts";
 import { frameOf, type Section } from "./section.ts";
 
@@ -17,8 +17,9 @@ function details(view: View, row: Row): string {
     if (view.state.hidesAmounts) return "";
     const parts = [textIn(row, "file"), textIn(row, "row") === "" ? "" : `:${textIn(row, "row")}`];
     const place = parts.join("");
-    const expected = textIn(row, "expected");
-    const found = textIn(row, "found");
+    const inLanguage = (text: string): string => (view.state.language === "zh" ? phraseOf(text) : text);
+    const expected = inLanguage(textIn(row, "expected"));
+    const found = inLanguage(textIn(row, "found"));
     const both = expected === "" ? "" : `${view.text("expected")} ${expected} · ${view.text("found")} ${found}`;
     return [place, textIn(row, "section"), both].filter((part) => part !== "").join(" · ");
 }

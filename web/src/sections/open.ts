@@ -39,7 +39,7 @@ export function openSection(): Section {
             if (!changes.has("account") && !changes.has("look")) return;
             const rows = (await view.state.account.table("open")).rowsOf();
             holder.setAttribute("aria-label", view.text("open"));
-            showSmallTable(holder, { label: view.text("open"), columns: columnsOf(view), rows });
+            showSmallTable(holder, { label: view.text("open"), columns: columnsOf(view), rows, most: 15, moreText: view.text("showAll") });
         },
     };
 }

@@ -48,6 +48,7 @@ export function productsSection(): Section {
     const chart = new Chart(200);
     const holder = tableHolder();
     let kind: GroupKind = "product";
+    let currency = "";
     let bars: Group[] = [];
     let isListening = false;
     const rowsOf = new WeakMap<object, ClosedRows>();
@@ -86,7 +87,7 @@ export function productsSection(): Section {
                 },
                 yAxis: {
                     type: "category",
-                    data: bars.map((group) => (group.currency === "" ? nameOf(view, group) : `${nameOf(view, group)} ${group.currency}`)),
+                    data: bars.map((group) => nameOf(view, group)),
                     axisLabel: { color: palette.ink, interval: 0 },
                     axisTick: { show: false },
                     axisLine: { lineStyle: { color: palette.line } },
@@ -117,17 +118,32 @@ export function productsSection(): Section {
         const { days } = account.days;
         const groups = days.length === 0 ? [] : groupsOf(closed, kind, days[range.from], days[range.to]);
         const all: [GroupKind, string][] = [["product", view.text("byProduct")], ["contract", view.text("byContract")], ["side", view.text("bySide")]];
-        fill(kinds, choice(view.text("products"), all, kind, (chosen) => ((kind = chosen), void draw(view))));
+        const currencies = [...new Set(groups.map((group) => group.currency))];
+        if (!currencies.includes(currency)) currency = currencies[0] ?? "";
+        const ofCurrency = choice(
+            view.text("currencyPick"),
+            currencies.map((each): [string, string] => [each, each]),
+            currency,
+            (chosen) => ((currency = chosen), void draw(view)),
+        );
+        fill(
+            kinds,
+            choice(view.text("products"), all, kind, (chosen) => ((kind = chosen), void draw(view))),
+            " ",
+            currencies.length > 1 ? ofCurrency : null,
+        );
         fill(hint, groups.length === 0 ? view.text("noRows") : view.text("productsHint"));
         chart.element.hidden = holder.hidden = groups.length === 0;
         if (groups.length === 0) return;
         holder.setAttribute("aria-label", view.text("products"));
-        showBars(view, groups);
+        showBars(view, groups.filter((group) => group.currency === currency));
         showSmallTable(holder, {
             label: view.text("products"),
             columns: columnsOf(view, account.isForeign),
             rows: groups,
             onRow: (group) => choose(view, group),
+            most: 15,
+            moreText: view.text("showAll"),
             isChosen: (group) => filter?.kind === kind && filter.key === group.key && filter.currency === group.currency,
         });
     };

@@ -16,6 +16,9 @@ export interface SmallTable<Item> {
     rows: readonly Item[];
     onRow?: (item: Item) => void;
     isChosen?: (item: Item) => boolean;
+    /** Of more rows than `most` those are shown first, with a button named `moreText` for the others. */
+    most?: number;
+    moreText?: string;
 }
 
 interface Sorting {
@@ -65,14 +68,18 @@ export function showSmallTable<Item>(holder: HTMLElement, table: SmallTable<Item
             },
             ...table.columns.map((column, at) => cell(item, column, at)),
         );
+    const rows = sorted(table, sorting);
+    const { most = rows.length, moreText = "" } = table;
+    const showAll = (): void => showSmallTable(holder, { ...table, most: rows.length }, sorting);
     fill(
         holder,
         h(
             "table",
             { class: "small", "aria-label": table.label },
             h("thead", {}, h("tr", {}, ...table.columns.map(heading))),
-            h("tbody", {}, ...sorted(table, sorting).map(row)),
+            h("tbody", {}, ...rows.slice(0, most).map(row)),
         ),
+        rows.length > most ? h("button", { type: "button", class: "more", click: showAll }, `${moreText} (${rows.length})`) : null,
     );
 }
 

@@ -11,8 +11,9 @@ type Tab = (typeof kTabs)[number];
 
 /** Whether a row of `table` is of the chosen product, contract or side; tables that don't know it keep all rows. */
 function matchOf(table: Table, filter: Filter | null): (row: number) => boolean {
-    if (filter === null || !table.has(filter.kind)) return () => true;
-    const keys = table.texts(filter.kind);
+    const column = filter?.kind === "contract" ? "fullContract" : filter?.kind;
+    if (filter === null || column === undefined || !table.has(column)) return () => true;
+    const keys = table.texts(column);
     const currencies = filter.currency === "" ? null : table.texts("CURRENCY");
     return (row) => keys[row] === filter.key && (currencies === null || currencies[row] === filter.currency);
 }

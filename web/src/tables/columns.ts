@@ -19,7 +19,7 @@ const kSizes: ReadonlySet<string> = new Set([
 const kToned: ReadonlySet<string> = new Set(["pl", "OFFSETPL", "FLOATPL", "DSYK", "EXERCISE_PL", "DELIVERY_PL", "return"]);
 const kRates: ReadonlySet<string> = new Set(["return", "marginUse"]);
 const kGroupable: ReadonlySet<string> = new Set([
-    ...["BILL_DATE", "EXCH_NAME", "product", "contract", "CONTRACT", "BID", "side", "OFFSET", "HEDGE", "CURRENCY", "CASH_TYPE"],
+    ...["BILL_DATE", "EXCH_NAME", "product", "fullContract", "CONTRACT", "BID", "side", "OFFSET", "HEDGE", "CURRENCY", "CASH_TYPE"],
     ...["OPEN_DATE", "account"],
 ]);
 /** The day table's records beside the analysis's figures of the same day, and what other columns say better. */
@@ -32,12 +32,16 @@ export function isGroupable(name: string): boolean {
     return kGroupable.has(name);
 }
 
-/** Those that say something, in the order of the table. */
+const kFirst = ["day", "BILL_DATE", "account", "product", "fullContract", "side", "BID", "pl"];
+
+/** Those that say something: what a row is about first, then the others in the order of the table. */
 export function shownColumns(table: Table): Column[] {
-    const replaced = table.has("contract") ? ["CONTRACT", "DELIVERY"] : table.has("day") ? ["BILL_DATE"] : [];
-    return table.columns.filter(
+    const replaced = table.has("fullContract") ? ["CONTRACT", "DELIVERY"] : table.has("day") ? ["BILL_DATE"] : [];
+    const shown = table.columns.filter(
         (column) => !kLeftOut.has(column.name) && !replaced.includes(column.name) && table.isFilled(column),
     );
+    const placeOf = ({ name }: Column): number => (kFirst.includes(name) ? kFirst.indexOf(name) : kFirst.length);
+    return shown.sort((left, right) => placeOf(left) - placeOf(right));
 }
 
 export function cellText(view: View, column: Column, value: unknown): string {

@@ -32,3 +32,36 @@ export const kFindings: Record<string, FindingText> = {
     live: { what: ["报告截止今天但没有实时数据", "The report ends today without live figures"], todo: ["用 --live 给出，或截止昨天", "Give the figures with --live, or end the report yesterday"] },
     opening: { what: ["找不到开仓的那笔成交", "The trade that opened a row isn't among the statements"], todo: ["导入那一天，再用 --force 导入本日", "Import the day of that trade, and then this one again with --force"] },
 };
+
+/** What findings say they expected and found, as far as it is words. */
+const kPhrases: readonly [pattern: RegExp, zh: string][] = [
+    [/^none$/, "无"],
+    [/^nothing$/, "无"],
+    [/^a statement$/, "一份结算单"],
+    [/^(\d+) statements$/, "$1 份结算单"],
+    [/^a statement of its own$/, "自己的结算单"],
+    [/^a statement that can be read$/, "可读的结算单"],
+    [/^(-?[\d.,]+) lots?$/, "$1 手"],
+    [/^(-?[\d.,]+) rows?$/, "$1 行"],
+    [/^(-?[\d.,]+) columns?$/, "$1 列"],
+    [/^(-?[\d.,]+) amounts?$/, "$1 个金额"],
+    [/^(-?[\d.,]+) bytes?$/, "$1 字节"],
+    [/^an amount for (.*)$/, "$1 的金额"],
+    [/^the end of the file$/, "文件结束"],
+    [/^live figures$/, "实时数据"],
+    [/^its unit$/, "合约乘数"],
+    [/^its title alone$/, "只有标题"],
+    [/^a whole last row, and the sections behind it$/, "完整的最后一行和其后各段"],
+    [/^a template that can be read$/, "可读的模板"],
+    [/^a template file$/, "模板文件"],
+    [/^a heading that names columns$/, "写明各列的表头"],
+    [/^a file$/, "文件"],
+    [/^a folder, a pipe or a device$/, "文件夹、管道或设备"],
+    [/^GBK text$/, "GBK 文本"],
+];
+
+/** A phrase of a finding in Chinese; what isn't known stays as it is. */
+export function phraseOf(text: string): string {
+    const known = kPhrases.find(([pattern]) => pattern.test(text));
+    return known === undefined ? text : text.replace(known[0], known[1]);
+}

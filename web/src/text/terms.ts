@@ -78,6 +78,7 @@ export const kColumns: Record<string, Term> = {
     EXCH_NAME: kExchange,
     CONTRACT: kContract,
     contract: kContract,
+    fullContract: kContract,
     PRODUCT: kProduct,
     product: kProduct,
     productName: { label: ["品种名", "Product name"] },
