@@ -51,17 +51,72 @@ function showHead(head: HTMLElement, view: View, sections: readonly Section[]): 
     );
 }
 
-function listenToPrint(view: View): void {
-    const fit = (): void => view.state.repaint();
+/** Lets the browser paint and answer; in a page that nobody sees, which isn't painted, for a moment only. */
+function breath(): Promise<void> {
+    return new Promise((resolve) => {
+        const late = setTimeout(resolve, 100);
+        requestAnimationFrame(() => setTimeout(() => (clearTimeout(late), resolve())));
+    });
+}
+
+/** Shows sections anew one after the other, those above first, so that what is looked at is there before the rest. */
+class Shower {
+    readonly #view: View;
+    readonly #due: Map<Section, Set<Change>>;
+    #isAtWork = false;
+
+    constructor(view: View, sections: readonly Section[]) {
+        this.#view = view;
+        this.#due = new Map(sections.map((section) => [section, new Set<Change>()]));
+    }
+
+    add(changes: ReadonlySet<Change>): void {
+        for (const due of this.#due.values()) for (const change of changes) due.add(change);
+        if (!this.#isAtWork) void this.#work();
+    }
+
+    /** Without letting anything happen in between, as printing wants it. */
+    showAll(): void {
+        for (const section of this.#due.keys()) void this.#show(section, kAll);
+    }
+
+    async #work(): Promise<void> {
+        this.#isAtWork = true;
+        for (;;) {
+            const next = [...this.#due].find(([, due]) => due.size > 0);
+            if (next === undefined) break;
+            const [section, due] = next;
+            this.#due.set(section, new Set());
+            await this.#show(section, due);
+            if (section.id === "course" || section.element.getBoundingClientRect().top > innerHeight) await breath();
+        }
+        this.#isAtWork = false;
+    }
+
+    async #show(section: Section, changes: ReadonlySet<Change>): Promise<void> {
+        const view = this.#view;
+        section.element.hidden = !section.isThere(view);
+        section.element.querySelector("h2")!.textContent = view.text(section.title);
+        if (section.element.hidden) return;
+        try {
+            await section.show(view, changes);
+        } catch (error) {
+            const why = error instanceof Error ? error.message : String(error);
+            section.element.append(h("p", { role: "alert" }, view.text("damaged", { why })));
+        }
+    }
+}
+
+function listenToPrint(view: View, shower: Shower): void {
     addEventListener("beforeprint", () => {
         document.documentElement.classList.add("printing");
-        fit();
+        shower.showAll();
     });
     addEventListener("afterprint", () => {
         document.documentElement.classList.remove("printing");
-        fit();
+        shower.showAll();
     });
-    matchMedia("(prefers-color-scheme: dark)").addEventListener("change", fit);
+    matchMedia("(prefers-color-scheme: dark)").addEventListener("change", () => view.state.repaint());
 }
 
 export async function showPage(view: View): Promise<void> {
@@ -83,10 +138,12 @@ export async function showPage(view: View): Promise<void> {
         tablesSection(),
     ];
     const skip = h("a", { class: "skip", href: "#overview" });
+    for (const section of sections) section.element.hidden = true; // until it is shown
     const main = h("main", {}, ...sections.map((section) => section.element));
     document.querySelector("main.waiting")!.replaceWith(skip, head, bar, main, foot); // beside the blocks of data
     installMeaningTip();
 
+    const shower = new Shower(view, sections);
     const show = (changes: ReadonlySet<Change>): void => {
         document.documentElement.lang = state.language === "zh" ? "zh-CN" : "en";
         document.documentElement.dataset.gain = state.isRedGain ? "red" : "green";
@@ -98,15 +155,11 @@ export async function showPage(view: View): Promise<void> {
         }
         bar.setAttribute("aria-label", view.text("range"));
         showRangeBar(bar, view);
-        for (const section of sections) {
-            section.element.hidden = !section.isThere(view);
-            section.element.querySelector("h2")!.textContent = view.text(section.title);
-            if (!section.element.hidden) void section.show(view, changes);
-        }
+        shower.add(changes);
     };
     state.listen(show);
     listenToKeys(view);
-    listenToPrint(view);
+    listenToPrint(view, shower);
     show(kAll);
 }
 
