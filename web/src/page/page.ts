@@ -100,6 +100,7 @@ class Shower {
         if (section.element.hidden) return;
         try {
             await section.show(view, changes);
+            performance.mark(section.id); // for whoever measures
         } catch (error) {
             const why = error instanceof Error ? error.message : String(error);
             section.element.append(h("p", { role: "alert" }, view.text("damaged", { why })));
