@@ -140,8 +140,8 @@ export async function showPage(view: View): Promise<void> {
     ];
     const skip = h("a", { class: "skip", href: "#overview" });
     for (const section of sections) section.element.hidden = true; // until it is shown
-    const main = h("main", {}, ...sections.map((section) => section.element));
-    document.querySelector("main.waiting")!.replaceWith(skip, head, bar, main, foot); // beside the blocks of data
+    const main = h("main", {}, bar, ...sections.map((section) => section.element));
+    document.querySelector("main.waiting")!.replaceWith(skip, head, main, foot); // beside the blocks of data
     installMeaningTip();
 
     const shower = new Shower(view, sections);

@@ -25,7 +25,7 @@ function cellOf(view: View, period: Period | undefined, kind: Kind, largest: num
 export function periodsSection(): Section {
     const kinds = h("div", {});
     const table = h("table", { class: "months" });
-    const scroller = h("div", { class: "scroller", tabindex: 0, role: "region" }, table);
+    const scroller = h("div", { class: "scroller", tabindex: 0, role: "group" }, table);
     let kind: Kind = "return";
     const draw = (view: View): void => {
         const { account, range } = view.state;

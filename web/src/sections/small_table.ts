@@ -85,6 +85,6 @@ export function showSmallTable<Item>(holder: HTMLElement, table: SmallTable<Item
 
 /** A place for a small table, which scrolls sideways where it is wider. */
 export function tableHolder(): HTMLElement {
-    return h("div", { class: "scroller", tabindex: 0, role: "region" });
+    return h("div", { class: "scroller", tabindex: 0, role: "group" });
 }
 

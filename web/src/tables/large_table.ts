@@ -85,8 +85,18 @@ export class LargeTable {
             groupStartOpen: false,
             renderVerticalBuffer: 600,
         });
+        this.#library.on("tableBuilt", () => this.#nameParts(place));
         this.#library.on("dataFiltered", (_filters, shown) => this.#showCount(shown.length));
         this.#showCount(rows.length);
+    }
+
+    /** The part that scrolls takes the keys, so it is the one that holds the rows; readers hear how many there are. */
+    #nameParts(grid: HTMLElement): void {
+        grid.removeAttribute("aria-owns");
+        grid.setAttribute("aria-label", this.#view.text("tables"));
+        grid.setAttribute("aria-rowcount", String(this.#table.rows + 1));
+        grid.querySelector(".tabulator-tableholder")?.setAttribute("role", "rowgroup");
+        grid.querySelector(".tabulator-table")?.setAttribute("role", "presentation");
     }
 
     #groupHeader(value: unknown, count: number, field: string): HTMLElement {
