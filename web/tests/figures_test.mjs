@@ -1,15 +1,17 @@
 // What the viewer works out for a chosen range: over the whole report it must be what the analysis has, and for parts of it
 // what small accounts come to by hand.
 //
-// Usage: node figures_test.mjs MODULES PAGE...
+// Usage: node figures_test.mjs MODULES PROGRAM SAMPLES OUTPUT
 import assert from "node:assert/strict";
-import { basename } from "node:path";
+import { execFileSync } from "node:child_process";
+import { existsSync, mkdirSync, readdirSync } from "node:fs";
+import { join } from "node:path";
 import { test } from "node:test";
 
 import { blocksOf } from "./explored_page.mjs";
 import { viewerModules } from "./viewer_modules.mjs";
 
-const [, , modules, ...pages] = process.argv;
+const [, , modules, program, samples, output] = process.argv;
 const { ClosedRows, Days, Table, drawdownsOf, figuresOf, groupsOf, periodsOf, sumOf, wholeOf } = await viewerModules(modules, [
     "data/days.ts",
     "data/table.ts",
@@ -61,14 +63,19 @@ function checkGroups(account, kind, table) {
     for (const group of found) assertFigures(group, byKey.get(`${group.currency} ${group.key}`), groupNames, `${kind} ${group.key}`);
 }
 
-assert.ok(pages.length > 0, "no page to check");
-for (const page of pages) {
+mkdirSync(output, { recursive: true });
+const accounts = readdirSync(samples).filter((name) => existsSync(join(samples, name, "request.ini")));
+assert.ok(accounts.length > 5, "hardly an account to check");
+for (const sample of accounts) {
+    const page = join(output, `${sample}.html`);
+    const folder = join(samples, sample);
+    execFileSync(program, ["explore", "--root", join(folder, "root"), "--request", join(folder, "request.ini"), "--quiet", "-o", page]);
     const blocks = blocksOf(page);
     for (const [index, head] of blocks.get("head").accounts.entries()) {
         const account = new Account(blocks, index);
         const { days } = account;
         const range = wholeOf(days);
-        const name = `${basename(page)} ${head.name}`;
+        const name = `${sample} ${head.account}`;
 
         test(`${name}: the head of the whole report`, () => {
             if (days.count === 0) return assert.equal(account.table("months").rows, 0);

@@ -1,13 +1,15 @@
 // How figures look, what is looked for above columns, what is copied, and whether both languages are complete.
 //
-// Usage: node texts_test.mjs MODULES PROGRAM
+// Usage: node texts_test.mjs MODULES PROGRAM VIEWER DOCS, where VIEWER is the page without data
 import assert from "node:assert/strict";
 import { execFileSync } from "node:child_process";
+import { readFileSync } from "node:fs";
+import { join } from "node:path";
 import { test } from "node:test";
 
 import { viewerModules } from "./viewer_modules.mjs";
 
-const [, , modules, program] = process.argv;
+const [, , modules, program, page, documents] = process.argv;
 const viewer = await viewerModules(modules, [
     "page/format.ts",
     "tables/conditions.ts",
@@ -81,4 +83,13 @@ test("every text has Chinese and English", () => {
         assert.doesNotMatch(en, /[\u4e00-\u9fff]/);
         assert.notEqual(en.trim(), "");
     }
+});
+
+test("the libraries are those that are told, with their licences", () => {
+    const licences = /<script type="text\/plain" id="licences">([^]*?)<\/script>/.exec(readFileSync(page, "utf8"))[1];
+    const inPage = [...licences.matchAll(/^([\w@/.-]+) ([\d.]+) \(([^)]+)\)$/gm)].map(([, name, version]) => `${name} ${version}`);
+    const told = readFileSync(join(documents, "viewer-licences.md"), "utf8");
+    const rows = [...told.matchAll(/^\| ([\w@/.-]+) \| ([\d.]+) \|/gm)].map(([, name, version]) => `${name} ${version}`);
+    assert.deepEqual([...inPage].sort(), [...rows].sort());
+    for (const words of ["Apache License", "Permission is hereby granted", "Redistribution and use"]) assert.ok(licences.includes(words), words);
 });
