@@ -42,6 +42,21 @@ void CPageRelay::ClosePage() {
     HandOn([this] { sink_.ClosePage(); });
 }
 
+void CPageRelay::BeginRows(const PageRows& table) {
+    HandOn([this, copy = table, lineClass = std::string(table.lineClass)]() mutable {
+        copy.lineClass = lineClass;
+        sink_.BeginRows(copy);
+    });
+}
+
+void CPageRelay::BeginDay(std::string_view day) {
+    HandOn([this, copy = std::string(day)] { sink_.BeginDay(copy); });
+}
+
+void CPageRelay::EndRows() {
+    HandOn([this] { sink_.EndRows(); });
+}
+
 void CPageRelay::Finish() {
     End();
     if (thrown_ != nullptr) std::rethrow_exception(thrown_);

@@ -27,6 +27,9 @@ public:
     void AddStyle(std::string_view block) override;
     void AddText(std::string_view text) override;
     void ClosePage() override;
+    void BeginRows(const PageRows& table) override;
+    void BeginDay(std::string_view day) override;
+    void EndRows() override;
 
     /// Waits until all is handed on. Throws what the sink has thrown, after which nothing more went to it. Nothing may
     /// follow.

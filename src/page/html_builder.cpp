@@ -96,6 +96,18 @@ void CHtmlBuilder::AddRows(const CRowBlock& rows) {
     }
 }
 
+void CHtmlBuilder::BeginRows(const PageRows& table) {
+    if (copy_ != nullptr) copy_->BeginRows(table);
+}
+
+void CHtmlBuilder::BeginDay(std::string_view day) {
+    if (copy_ != nullptr) copy_->BeginDay(day);
+}
+
+void CHtmlBuilder::EndRows() {
+    if (copy_ != nullptr) copy_->EndRows();
+}
+
 void CHtmlBuilder::AddStyle(const Style& style) {
     const std::string block = StyleBlock(style);
     file_.InsertInHead(block);

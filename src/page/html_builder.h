@@ -69,6 +69,10 @@ public:
     ///
     /// REQUIRES: `rows` notes markup if the page has a copy.
     void AddRows(const CRowBlock& rows);
+    /// For the page's copy, behind what was added before: what CPageSink's functions of these names say.
+    void BeginRows(const PageRows& table);
+    void BeginDay(std::string_view day);
+    void EndRows();
     /// Whether the page goes elsewhere too.
     [[nodiscard]] bool HasCopy() const { return copy_ != nullptr; }
 

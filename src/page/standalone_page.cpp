@@ -10,6 +10,7 @@
 #include "images/picture_names.h"
 #include "page/page_closing.h"
 #include "page/page_scripts.h"
+#include "page/page_sink.h"
 #include "page/page_text.h"
 #include "page/standalone_script.h"
 #include "platform/file.h"
@@ -33,6 +34,10 @@ std::string PolicyLine() {
         "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; img-src data:; script-src '",
         StandaloneScriptHash(), "'; style-src 'unsafe-inline'; base-uri 'none'; form-action 'none'\">\r\n");
 }
+
+/// The page keeps its width: a phone begins at its own scale, from which readers move and zoom.
+constexpr std::string_view kViewportLine =
+    "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\r\n";
 
 void Write(std::ostream& out, std::string_view utf8) {
     out.write(utf8.data(), static_cast<std::streamsize>(utf8.size()));
@@ -95,14 +100,32 @@ void CStandalonePage::AddStyle(std::string_view block) {
 void CStandalonePage::AddText(std::string_view text) {
     if (text.empty()) return;
     endsInLine_ = text.back() != '\n';
-    if (hasStarted_) {
+    if (isInRows_) {
+        rows_.Add(GbkToUtf8(text));
+    } else if (hasStarted_) {
         Write(out_, GbkToUtf8(text));
     } else {
         unstarted_ += text;
     }
 }
 
+void CStandalonePage::BeginRows(const PageRows& table) {
+    StartBody();
+    rows_.Begin(table);
+    isInRows_ = true;
+}
+
+void CStandalonePage::BeginDay(std::string_view day) {
+    if (isInRows_) rows_.BeginGroup(GbkToUtf8(day));
+}
+
+void CStandalonePage::EndRows() {
+    if (isInRows_) rows_.End();
+    isInRows_ = false;
+}
+
 void CStandalonePage::ClosePage() {
+    EndRows();
     if (endsInLine_) AddText(kPageLineEnd);
     StartBody();
 }
@@ -112,7 +135,7 @@ void CStandalonePage::Finish() {
     Write(out_, kPageEnd);
 }
 
-/// Styles come before the first closing: what is kept until then is small.
+/// Styles come before the first closing and the first rows: what is kept until then is small.
 void CStandalonePage::StartBody() {
     if (hasStarted_) return;
     hasStarted_ = true;
@@ -120,10 +143,11 @@ void CStandalonePage::StartBody() {
     constexpr std::string_view kHeadEndLine = "</head>\r\n";
     std::string_view title = kPageHeadLines.substr(kHeadStart.size());
     title.remove_suffix(kHeadEndLine.size());
-    Write(out_, "<html>\r\n");
+    Write(out_, "<html>\r\n");  // as the page has it: behind a doctype rows would be 28 pixels high instead of 23
     Write(out_, kHeadStart);
     Write(out_, "<meta charset=\"utf-8\">\r\n");
     Write(out_, PolicyLine());
+    Write(out_, kViewportLine);
     Write(out_, GbkToUtf8(title));
     Write(out_, GbkToUtf8(styles_));
     Write(out_, kHeadEndLine);

@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "page/packed_rows.h"
 #include "page/page_form.h"
 #include "page/page_sink.h"
 #include "platform/file.h"
@@ -52,15 +53,19 @@ private:
     CHeldPictures pictures_;
 };
 
+/// Rows of a table stand in it packed if they are many, by days where the table has them (packed_rows.h).
 class CStandalonePage final : public CPageSink {
 public:
     /// Writes to `out`, which must outlive it and tells whether all of it could be written.
-    explicit CStandalonePage(std::ostream& out) : out_(out) {}
+    explicit CStandalonePage(std::ostream& out) : out_(out), rows_(out) {}
 
     [[nodiscard]] const CPageForm& Form() const override { return form_; }
     void AddStyle(std::string_view block) override;
     void AddText(std::string_view text) override;
     void ClosePage() override;
+    void BeginRows(const PageRows& table) override;
+    void BeginDay(std::string_view day) override;
+    void EndRows() override;
 
     /// Writes what ends the page. Nothing may follow.
     void Finish();
@@ -75,6 +80,8 @@ private:
     CStandaloneForm form_;
     std::string styles_;
     std::string unstarted_;  // the body before the head is complete
+    CPackedRows rows_;
+    bool isInRows_ = false;
     bool hasStarted_ = false;
     bool endsInLine_ = false;
 };

@@ -50,10 +50,15 @@ CTableWriter::CTableWriter(CHtmlBuilder& page, const CReport& report, const Tabl
     AppendSizedRow(top, titles, widths, {});
     rows_.AddLines(top);
     AddDashRow({});
+    if (!page_.HasCopy()) return;
+    HandOver();
+    isInRows_ = true;
+    page_.BeginRows({.columns = headings.size(), .lineClass = section.sums.normal});
 }
 
 CTableWriter::~CTableWriter() {
     try {
+        EndRows();
         HandOver();
     } catch (const std::bad_alloc&) {
         rows_.Clear();  // only the error that is leaving the section finds rows here, and it is told in their place
@@ -62,6 +67,12 @@ CTableWriter::~CTableWriter() {
 
 bool CTableWriter::StopRequested() {
     return AcknowledgeStop(report_.Request.StopEvent, report_.Request.AckEvent, [this] { Flush(); });
+}
+
+void CTableWriter::BeginDay(std::string_view day) {
+    if (!page_.HasCopy()) return;
+    HandOver();
+    page_.BeginDay(day);
 }
 
 void CTableWriter::AddRow(std::span<const OpenedCell> cells, std::string_view rowClass) {
@@ -83,7 +94,15 @@ void CTableWriter::HandOver() {
     rows_.Clear();
 }
 
+void CTableWriter::EndRows() {
+    if (!isInRows_) return;
+    HandOver();
+    isInRows_ = false;
+    page_.EndRows();
+}
+
 void CTableWriter::CloseTable() {
+    EndRows();
     rows_.AddLines(kTableEnd);
     HandOver();
     page_.AddHeading(1, "", "");

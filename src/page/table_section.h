@@ -82,6 +82,8 @@ public:
     /// Looks at the host's stop event; true if the section must end at once.
     [[nodiscard]] bool StopRequested();
 
+    /// What follows is of `day`: the page's copy may treat days apart.
+    void BeginDay(std::string_view day);
     void AddRow(std::span<const OpenedCell> cells, std::string_view rowClass);
     /// The dashes under the header, in the section's plain class.
     void AddDashRow(std::string_view rowClass);
@@ -96,12 +98,14 @@ public:
 
 private:
     void HandOver();
+    void EndRows();
 
     CHtmlBuilder& page_;
     CPageGathering gathering_;
     const CReport& report_;
     std::string dashes_;  // the cells of a dash row
     CRowBlock rows_;
+    bool isInRows_ = false;  // of the page's copy
 };
 
 /// Writes `rows` in groups of one BILL_DATE, each group in one band, with a subtotal behind it. `Table` is a
@@ -123,6 +127,7 @@ bool WriteDayGroups(Table& table, const Rows& rows, Layout& layout) {
             if (counter > 0) layout.WriteSubtotal(table, BandClass(counter));
             layout.ResetSums();
             day = FieldText(row.BILL_DATE);
+            table.BeginDay(day);
             ++counter;
         }
         layout.WriteRecord(table, row, BandClass(counter));

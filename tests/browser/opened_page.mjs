@@ -38,9 +38,11 @@ export class OpenedPage {
         });
     }
 
-    static async open(browser, path, scale = 1) {
+    /// `begin`: runs in the page before its own script.
+    static async open(browser, path, scale = 1, { begin = () => {}, ...options } = {}) {
         const viewport = { width: 860 * scale, height: 900 * scale };
-        const opened = new OpenedPage(await browser.newPage({ viewport }));
+        const opened = new OpenedPage(await browser.newPage({ viewport, ...options }));
+        await opened.#page.addInitScript(begin);
         opened.#page.setDefaultTimeout(120_000);
         await opened.#page.goto(pathToFileURL(path).href);
         return opened;
@@ -163,6 +165,75 @@ export class OpenedPage {
             const rowsOf = (table) => [...table.rows].map((row) => [...row.cells].map(textOf));
             return Object.fromEntries([...document.querySelectorAll("table")].map((table) => [table.id, rowsOf(table)]));
         });
+    }
+
+    /// The same of a standalone page with all that it has folded. What a line unfolds is folded again before the next one:
+    /// the positions of a year take gigabytes.
+    unfoldedCells() {
+        return this.#page.evaluate(async () => {
+            const isPacked = (body) => body?.matches("[data-packed]");
+            const bodiesFrom = (body) => (isPacked(body) ? [body, ...bodiesFrom(body.nextElementSibling)] : []);
+            const filled = async (bodies) => {
+                while (bodies.some(({ rows }) => rows.length === 0)) await new Promise((done) => setTimeout(done));
+            };
+            const textOf = ({ innerHTML, firstElementChild: span, childElementCount }) =>
+                childElementCount === 1 && span.childElementCount === 0 ? span.textContent : innerHTML;
+            const rowsOf = (bodies) => bodies.flatMap(({ rows }) => [...rows].map((row) => [...row.cells].map(textOf)));
+            const rowsBehind = async (body) => {
+                const bodies = bodiesFrom(body.nextElementSibling);
+                const line = body.querySelector("[data-unfolds]");
+                line?.click();
+                await filled(bodies);
+                const rows = rowsOf(bodies);
+                line?.click();
+                return rows;
+            };
+            document.body.style.display = "none"; // nothing has to be laid out
+            for (const button of document.querySelectorAll('img[data-parts][src*="BillExpand"]')) button.click();
+            const tables = {};
+            for (const table of document.querySelectorAll("table")) {
+                tables[table.id] = [];
+                for (const body of table.tBodies) {
+                    if (isPacked(body)) continue;
+                    const isOfPage = !body.matches("[data-unpackable], :has([data-unfolds])");
+                    tables[table.id].push(...(isOfPage ? rowsOf([body]) : await rowsBehind(body)));
+                }
+            }
+            document.body.style.display = "";
+            return tables;
+        });
+    }
+
+    /// The texts of the lines that unfold something, and of all else in tables that is no row of the page, as far as they
+    /// show.
+    addedLines() {
+        return this.#page.locator("td[colspan]:visible").allInnerTexts();
+    }
+
+    waitForLine(text) {
+        return this.#page.locator("td[colspan]:visible", { hasText: text }).waitFor();
+    }
+
+    sourceOf(buttonId) {
+        return this.#page.locator(`#${buttonId}`).evaluate((button) => button.src);
+    }
+
+    /// How many rows the table shows.
+    shownRows(tableId) {
+        return this.#page.locator(`#${tableId} tr:visible`).count();
+    }
+
+    /// Clicks the line of that name, or with `key` presses it there.
+    async unfoldLine(tableId, name, key) {
+        const line = this.#page.locator(`#${tableId} [data-unfolds]`, { hasText: name });
+        await (key ? line.press(key) : line.click());
+    }
+
+    /// Waits until the table shows so many rows.
+    waitForRows(tableId, count) {
+        const haveCome = ([id, wanted]) =>
+            [...document.getElementById(id).rows].filter((row) => row.getClientRects().length > 0).length === wanted;
+        return this.#page.waitForFunction(haveCome, [tableId, count]);
     }
 
     /// The names of all elements, each once, in the order of the alphabet.

@@ -2,14 +2,14 @@
 // Usage: node standalone_test.mjs PROGRAM SAMPLES OUTPUT, in a folder with playwright-core; leaves screenshots in OUTPUT.
 import assert from "node:assert/strict";
 import { execFileSync } from "node:child_process";
-import { existsSync, mkdirSync, readFileSync, writeFileSync } from "node:fs";
+import { existsSync, mkdirSync, readFileSync, statSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
 import { after, before, describe, it } from "node:test";
 import { pathToFileURL } from "node:url";
 
 import { hostileName, renameSample, spoilSample } from "./hostile_accounts.mjs";
 import { OpenedPage, startBrowser } from "./opened_page.mjs";
-import { folderForm, makeReport, reports, standaloneForm } from "./reports.mjs";
+import { folderForm, makeReport, reports, standaloneForm, year } from "./reports.mjs";
 
 const [program, samples, output] = process.argv.slice(2);
 const roots = join(output, "standalone");
@@ -22,8 +22,8 @@ before(async () => {
 after(() => browser?.close());
 
 /// Opens `path` for the time of `use`.
-async function withPage(path, use) {
-    const page = await OpenedPage.open(browser, path);
+async function withPage(path, use, options = {}) {
+    const page = await OpenedPage.open(browser, path, 1, options);
     try {
         return await use(page);
     } finally {
@@ -172,7 +172,7 @@ describe("the standalone page of a hostile account", () => {
             allColumns(told).forEach((column) => known.add(column));
             assert.ok(Object.values(told).flat(2).filter(isMarkup).length > 100);
             await withPage(standalone, async (page) => {
-                assert.deepEqual(await page.cells(), told);
+                assert.deepEqual(await page.unfoldedCells(), told);
                 assert.deepEqual(await page.elementNames(), innocentElements);
                 await page.clickAll();
                 assert.equal(await page.ran(), undefined);
@@ -210,12 +210,118 @@ describe("a standalone page of hostile names", () => {
                 assert.deepEqual(await page.elementNames(), innocentElements);
                 assert.equal(await page.ran(), undefined);
                 assertQuiet(page, standalone);
-                return page.cells();
+                return page.unfoldedCells();
             });
             assert.ok(Object.values(innocent).flat().length > 100); // the statements were found by those names
             assert.ok(!readFileSync(standalone, "utf8").includes(hostileName.slice(0, 8)));
         });
     }
+});
+
+describe("the standalone page of a year", () => {
+    const path = standaloneForm.page(join(roots, "roots", "year-standalone"));
+    const inFolder = folderForm.page(join(roots, "roots", "year-standalone"));
+    const folded = year.family.sections.slice(1);
+    const foldedParts = folded.flatMap(({ parts }) => parts);
+    const needsMore = "此处折叠的内容需要能运行脚本的新版浏览器和完整的文件才能展开。 / " +
+        "To unfold what is folded here takes a newer browser that runs scripts, and an undamaged file.";
+    const firstDay = "20240102";
+    let page;
+    let told;
+    before(async () => {
+        makeReport(program, samples, roots, year, standaloneForm);
+        told = rawCells(inFolder);
+        page = await OpenedPage.open(browser, path);
+    });
+    after(() => page?.close());
+
+    const assertFolded = async (sections, button) => {
+        for (const section of sections) {
+            const held = new RegExp(`name=${button}`);
+            assert.match(await page.sourceOf(section.button), held, section.name);
+        }
+    };
+
+    it("is no larger than a mail takes", () => assert.ok(statSync(path).size <= 2_500_000, `${statSync(path).size} bytes`));
+
+    it("opens with its many rows folded and the account unfolded", async () => {
+        assert.deepEqual(await page.shownOf(foldedParts), []);
+        await assertFolded(folded, "BillExpand.png");
+        await assertFolded(year.family.sections.slice(0, 1), "BillShrink.png");
+        assert.deepEqual(await page.shownOf(year.family.sections[0].parts), year.family.sections[0].parts);
+        await page.shootWhole(join(output, "year-folded.png"));
+    });
+
+    it("has a line for each day of positions and trades", async () => {
+        await page.clickTitle("期末持仓");
+        await page.clickTitle("成交明细");
+        const lines = (await page.addedLines()).map((line) => line.trim());
+        assert.ok(!lines.includes(needsMore));
+        const days = (id, column) =>
+            [...new Set(told[id].map((cells) => cells[column]).filter((cell) => /^\d{8}$/.test(cell)))].sort();
+        const dates = lines.map((line) => line.replace(/^\u25b8 /, ""));
+        const positionDays = dates.slice(0, dates.indexOf(firstDay, 1));
+        assert.ok(positionDays.length > 200 && positionDays[0] === firstDay);
+        assert.deepEqual([...positionDays].sort(), positionDays);
+        for (const day of positionDays) assert.ok(days("tabPositions", 3).includes(day), day);
+        await page.shoot(join(output, "year-days.png"), "期末持仓");
+    });
+
+    it("shows a day's rows at a click on its line, and takes them away at the next", async () => {
+        const closed = await page.shownRows("tabPositions");
+        const dayRows = told.tabPositions.findIndex(([first]) => first === "小计"); // the heading's two are before it, dashes behind
+        await page.unfoldLine("tabPositions", firstDay);
+        await page.waitForRows("tabPositions", closed + dayRows);
+        assert.ok((await page.addedLines()).includes(`\u25be ${firstDay}`));
+        await page.shoot(join(output, "year-first-day.png"), "期末持仓");
+        await page.unfoldLine("tabPositions", firstDay);
+        await page.waitForRows("tabPositions", closed);
+        for (const [key, rows] of [["Enter", closed + dayRows], [" ", closed]]) {
+            await page.unfoldLine("tabPositions", firstDay, key);
+            await page.waitForRows("tabPositions", rows);
+        }
+    });
+
+    it("shows every cell that the page in its folder has", async () => {
+        const cells = await page.unfoldedCells();
+        assert.deepEqual(Object.keys(cells), Object.keys(told));
+        for (const [id, rows] of Object.entries(told)) {
+            assert.equal(cells[id].length, rows.length, id);
+            const differing = rows.findIndex((row, i) => row.join("\t") !== cells[id][i].join("\t"));
+            assert.equal(differing, -1, `${id}: ${cells[id][differing]} for ${rows[differing]}`);
+        }
+        assertQuiet(page, path);
+    });
+
+    it("gives its tables the width of the page", async () => {
+        for (const width of await page.tableWidths()) assert.equal(width, 825);
+        await page.shoot(join(output, "year-offset.png"), "平仓记录");
+    });
+
+    const assertTellsWhatItNeeds = (options) =>
+        withPage(
+            path,
+            async (old) => {
+                assert.deepEqual(await old.shownOf(foldedParts), foldedParts);
+                const lines = await old.addedLines();
+                assert.equal(lines.filter((line) => line === needsMore).length, folded.length);
+            },
+            options,
+        );
+    it("says what it needs in a browser that unpacks nothing", () =>
+        assertTellsWhatItNeeds({ begin: () => delete window.DecompressionStream }));
+    it("says what it needs where no script runs", () => assertTellsWhatItNeeds({ javaScriptEnabled: false }));
+
+    it("says so where it is damaged", async () => {
+        const damaged = join(roots, "damaged.html");
+        const block = /(?<=<script type="application\/octet-stream">).{100}/g;
+        writeFileSync(damaged, readFileSync(path, "utf8").replace(block, "A".repeat(100)));
+        await withPage(damaged, async (broken) => {
+            await broken.clickTitle("期末持仓");
+            await broken.unfoldLine("tabPositions", firstDay);
+            await broken.waitForLine(needsMore);
+        });
+    });
 });
 
 describe("the policy of the standalone page", () => {

@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <thread>
 
 #include "page/page_form.h"
@@ -21,6 +22,11 @@ public:
         Note(std::string(text));
     }
     void ClosePage() override { Note("close"); }
+    void BeginRows(const PageRows& table) override {
+        Note("rows of " + std::to_string(table.columns) + " " + std::string(table.lineClass));
+    }
+    void BeginDay(std::string_view day) override { Note("day " + std::string(day)); }
+    void EndRows() override { Note("end"); }
 
     std::string notes;
     std::thread::id thread;
@@ -48,6 +54,22 @@ TEST(PageRelay, HandsEverythingOnInItsOrder) {
     relay.Finish();
     EXPECT_EQ(notes.notes, expected);
     EXPECT_NE(notes.thread, std::this_thread::get_id());
+}
+
+TEST(PageRelay, HandsOnWhatIsKnownOfRows) {
+    CNotes notes;
+    CPageRelay relay(notes);
+    {
+        const std::string lineClass = "a class that is gone when it is handed on";
+        const std::string day = "a day that is gone when it is handed on";
+        relay.BeginRows({.columns = 9, .lineClass = lineClass});
+        relay.BeginDay(day);
+    }
+    relay.EndRows();
+    relay.Finish();
+    EXPECT_EQ(
+        notes.notes,
+        "rows of 9 a class that is gone when it is handed on\nday a day that is gone when it is handed on\nend\n");
 }
 
 TEST(PageRelay, TellsAtTheEndWhatTheSinkHasThrown) {

@@ -24,6 +24,7 @@
 #include "report/record_fields.h"
 #include "report/records.h"
 #include "report/statement_format.h"
+#include "support/unfolded_rows.h"
 
 namespace tradebill::standalone_page_test {
 namespace {
@@ -32,6 +33,7 @@ const std::string kPolicy =
     "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; img-src data:; script-src '" +
     std::string(StandaloneScriptHash()) + "'; style-src 'unsafe-inline'; base-uri 'none'; form-action 'none'\">\r\n";
 const std::string kBefore = "<html>\r\n<head>\r\n<meta charset=\"utf-8\">\r\n" + kPolicy +
+                            "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\r\n"
                             "<title> 交易及账单报告 </title>\r\n</head>\r\n<body>\r\n";
 const std::string kBehind = "</body>\r\n</html>\r\n";
 
@@ -289,6 +291,68 @@ TEST_F(StandalonePage, EscapesEveryFieldOfEveryFormat) {
             EXPECT_EQ(CountOf(whole, "<i>"), 0u) << kind << " " << format.number;
         }
     }
+}
+
+/// The rows of the page's own file behind the heading of the table, and those of `body`, unfolded.
+void ExpectSameRows(const std::string& page, const std::string& body) {
+    const auto rowsOf = [](const std::string& text) {
+        const std::size_t begin = text.find("<table ");
+        return text.substr(begin, text.find("</table>") - begin);
+    };
+    EXPECT_EQ(rowsOf(body), rowsOf(page));
+}
+
+// A lot takes some 3 kB, so that these three days are too much to stand as they are.
+TEST_F(StandalonePage, FoldsManyPositionsByDays) {
+    for (const char* const day : {"20240102", "20240103", "20240104"}) {
+        for (int i = 0; i < 100; ++i) {
+            AddLot(report, {{"BILL_DATE", day}, {"CONTRACT", "<铜"}, {"POSITION_VOL", "3"}, {"BID", "买"}});
+        }
+    }
+    report.Request.StatementFormat = 1;
+    ASSERT_TRUE(report.Format().namesDeliveryApart);
+    const std::string body = Body([this](CHtmlBuilder& page) { AddPositionSection(page, report); });
+    const UnfoldedRows unfolded = Unfold(body);
+    EXPECT_EQ(unfolded.lines, (std::vector<std::string>{"▸ 20240102", "▸ 20240103", "▸ 20240104"}));
+    EXPECT_EQ(unfolded.order, (std::vector<std::string>{"note", "line", "rows", "line", "rows", "line", "rows"}));
+    EXPECT_EQ(CountOf(body, "colspan=\"9\""), 4u);  // the table's columns
+    std::string told = Page();
+    for (std::size_t at = told.find("<铜"); at != std::string::npos; at = told.find("<铜")) told.replace(at, 1, "&lt;");
+    ExpectSameRows(told, unfolded.plain);
+    for (const std::string& day : unfolded.pieces) {  // two rows and a dash row a lot, and two rows of the sums
+        EXPECT_EQ(CountOf(day, "<tr class='"), 302u);
+        EXPECT_EQ(CountOf(day, "小计"), 1u);
+    }
+}
+
+TEST_F(StandalonePage, FoldsManyClosedPositionsAtOnce) {
+    for (int i = 0; i < 300; ++i) AddClosed(report, {{"BILL_DATE", "20240102"}, {"CONTRACT", "铜"}});
+    const std::string body = Body([this](CHtmlBuilder& page) { AddOffsetSection(page, report); });
+    const UnfoldedRows unfolded = Unfold(body);
+    EXPECT_EQ(unfolded.order, (std::vector<std::string>{"note", "rows"}));
+    EXPECT_GT(body.find("id = \"offsetFigure\""), body.find("</script></tbody>\r\n</table>"));
+    ExpectSameRows(Page(), unfolded.plain);
+}
+
+TEST_F(StandalonePage, LeavesFewRowsAsTheyAre) {
+    for (int i = 0; i < 10; ++i) AddClosed(report, {{"BILL_DATE", "20240102"}, {"CONTRACT", "铜"}});
+    const std::string body = Body([this](CHtmlBuilder& page) { AddOffsetSection(page, report); });
+    EXPECT_EQ(CountOf(body, "<tbody"), 0u);
+    EXPECT_EQ(CountOf(body, "<script"), 0u);
+    ExpectSameRows(Page(), body);
+}
+
+TEST_F(StandalonePage, EndsRowsWhereTheirTableEndsEarly) {
+    std::ostringstream out;
+    CStandalonePage page(out);
+    page.BeginRows({.columns = 2, .lineClass = "sum"});
+    page.AddText("<tr></tr>\r\n");
+    page.ClosePage();
+    page.AddText("behind");
+    page.EndRows();
+    page.BeginDay("20240102");
+    page.Finish();
+    EXPECT_EQ(out.str(), kBefore + "<tr></tr>\r\nbehind\r\n" + kBehind);
 }
 
 TEST_F(StandalonePage, GetsThePageEvenIfItsOwnFileCantBeMade) {
