@@ -10,12 +10,12 @@ build_packages=(
     libfreexl-dev libzip-dev libpugixml-dev
     fonts-liberation fonts-arphic-uming fonts-wine
 )
+command -v npm >/dev/null || build_packages+=(nodejs npm)  # another build of Node has its own npm, and no such package
 bench_packages=(libbenchmark-dev)
 test_packages=(libgtest-dev libgmock-dev sqlite3 "${bench_packages[@]}")
 test_packages+=(clang clang-format clang-tidy-19 libclang-rt-14-dev llvm python3-clang-14 valgrind git fonts-wqy-zenhei chromium)
 test_packages+=(python3 python3-jsonschema python3-pandas python3-xlwt)
 test_packages+=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev googletest wine wine64 locales zip unzip)  # the Windows build
-command -v npm >/dev/null || test_packages+=(nodejs npm)  # another build of Node has its own npm, and no such package
 
 wanted=("${build_packages[@]}")
 [ "${1:-}" = bench ] && wanted+=("${bench_packages[@]}")

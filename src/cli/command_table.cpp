@@ -9,6 +9,7 @@
 #include "cli/check_command.h"
 #include "cli/diff_command.h"
 #include "cli/explain_command.h"
+#include "cli/explore_command.h"
 #include "cli/export_command.h"
 #include "cli/gallery_command.h"
 #include "cli/import_command.h"
@@ -31,6 +32,7 @@ constexpr Command kCommands[] = {
     {"",         "check",     "Find what is wrong in the statements of a range of days",       DeclareCheck},
     {"",         "diff",      "Tell what differs between the JSON of two runs",                DeclareDiff},
     {"",         "export",    "Write what a report reads and works out as tables",             DeclareExport},
+    {"",         "explore",   "Write one page on which a browser shows and sorts all of it",   DeclareExplore},
     {"",         "chart",     "Paint one chart of an account at any size",                     DeclareChart},
     {"",         "reset",     "Write the page that stands for a report until it is there",     DeclareReset},
     {"",         "explain",   "Show what the readers see in one statement",                    DeclareExplain},

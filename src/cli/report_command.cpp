@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <ostream>
@@ -14,6 +15,8 @@
 #include "analysis/analysis.h"
 #include "base/number.h"
 #include "cli/command_table.h"
+#include "cli/explore_command.h"
+#include "cli/file_address.h"
 #include "cli/imported_report.h"
 #include "cli/out_folder.h"
 #include "cli/output_file.h"
@@ -30,8 +33,11 @@
 #include "driver/report_counts.h"
 #include "driver/report_run.h"
 #include "driver/run_problems.h"
+#include "explore/explore_page.h"
+#include "explore/viewer_template.h"
 #include "export/json_writer.h"
 #include "export/run_json.h"
+#include "export/table.h"
 #include "findings/account_findings.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
@@ -60,7 +66,16 @@ std::string DaysWithoutText(const RunResult& result) {
            (unread == 0 ? "" : ", " + std::to_string(unread) + " unreadable");
 }
 
-void ShowSummary(const CReport& report, const RunResult& result, std::ostream& out) {
+/// Where a report goes beside its page.
+struct ReportOutputs {
+    std::optional<COutputFile> json;
+    std::optional<COutputFile> standalone;
+    std::optional<COutputFile> explore;
+    bool isPageOfBefore = false;  ///< standard output, to which one of them goes, is the file that the page replaces
+};
+
+void ShowSummary(const CReport& report, const RunResult& result, const ReportOutputs& outputs) {
+    std::ostream& out = SummaryStream({outputs.json, outputs.standalone, outputs.explore});
     const CMoneyStore& money = report.MoneyStore;
     out << "Report from " << money.StartDateText << " to " << money.EndDateText << "\n"
         << "  statements read   " << result.statementsRead << " (" << DaysWithoutText(result) << ")\n"
@@ -68,15 +83,11 @@ void ShowSummary(const CReport& report, const RunResult& result, std::ostream& o
         << CountClosedRows(report) << " closed, " << report.OpiDetailStore.Count() << " positions, "
         << report.OpiSumStore.Count() << " position sums" << CurrencyText(report) << "\n"
         << "  closing equity    " << CNumberText(money.ClosingEquity).View() << "\n"
-        << "  page              " << ShownText(NativePath(result.pagePath)) << "\n";
+        << "  page              " << FileAddressOf(result.pagePath) << "\n";
+    if (outputs.standalone) out << "  standalone        " << PageOutputText(*outputs.standalone) << "\n";
+    if (outputs.explore) out << "  explore           " << PageOutputText(*outputs.explore) << "\n";
+    if (outputs.json) out << "  JSON              " << ShownText(NativePath(outputs.json->Name())) << "\n";
 }
-
-/// Where a report goes beside its page.
-struct ReportOutputs {
-    std::optional<COutputFile> json;
-    std::optional<COutputFile> standalone;
-    bool isPageOfBefore = false;  ///< standard output, to which one of them goes, is the file that the page replaces
-};
 
 /// Seen before the run: behind it no path leads to the file of before any more.
 bool IsPageOfBefore(const std::optional<COutputFile>& output, const std::string& page) {
@@ -123,29 +134,46 @@ struct FinishedRun {
     std::int64_t tradingDays;
 };
 
-bool SaveJson(const ReportOutputs& outputs, const FinishedRun& run, const RunFacts& facts) {
-    if (IsOnPage(*outputs.json, outputs, run.made.result->pagePath)) return false;
-    const Analysis analysis = Analyse(run.report, {.tradingDays = run.tradingDays});
-    return outputs.json->Save([&](std::ostream& out) {
-        WriteJson(run.report, {.run = facts, .analysis = analysis, .findings = run.findings}, out);
-        return true;
-    });
+/// Whether it is there; if it isn't, that is told.
+bool SaveData(const COutputFile& output, const ReportOutputs& outputs, const FinishedRun& run,
+              const std::function<bool(std::ostream&)>& write) {
+    if (!IsOnPage(output, outputs, run.made.result->pagePath) && output.Save(write)) return true;
+    Fail("can't write " + output.Name());
+    return false;
 }
 
-/// Whether it is there; if it isn't, that is told.
-bool FinishJson(const ReportOutputs& outputs, const FinishedRun& run) {
+/// JSON and second page, both of one analysis.
+bool SaveAllData(const ReportOutputs& outputs, const FinishedRun& run, const RunFacts& facts) {
+    const Analysis analysis = Analyse(run.report, {.tradingDays = run.tradingDays});
+    const auto writeJson = [&](std::ostream& out) {
+        WriteJson(run.report, {.run = facts, .analysis = analysis, .findings = run.findings}, out);
+        return true;
+    };
+    const ExportSource source{.report = run.report, .analysis = analysis, .findings = run.findings};
+    const auto writePage = [&](std::ostream& out) {
+        return WriteExplorePage(ViewerTemplate(), {.source = source, .run = facts}, out);
+    };
+    const bool isJsonSaved = !outputs.json || SaveData(*outputs.json, outputs, run, writeJson);
+    const bool isPageSaved = !outputs.explore || SaveData(*outputs.explore, outputs, run, writePage);
+    return isJsonSaved && isPageSaved;
+}
+
+/// Whether they are there; what isn't is told.
+bool FinishData(const ReportOutputs& outputs, const FinishedRun& run) {
     std::vector<UnreadFile> unread;
     const RunFacts facts = FactsOf(run.report, run.prepared, *run.made.result, run.log, unread);
+    if (unread.empty()) return SaveAllData(outputs, run, facts);
     for (const UnreadFile& file : unread) Fail(UnreadFileText(file));
-    if (unread.empty() && SaveJson(outputs, run, facts)) return true;
-    Fail("can't write " + outputs.json->Name());
+    for (const auto* const output : {&outputs.json, &outputs.explore}) {
+        if (*output) Fail("can't write " + (*output)->Name());
+    }
     return false;
 }
 
 /// Whether all that was asked for is there; what isn't is told.
 bool FinishOutputs(const ReportOutputs& outputs, const FinishedRun& run) {
     const MadeReport& made = run.made;
-    if (outputs.json && !FinishJson(outputs, run)) return false;
+    if ((outputs.json || outputs.explore) && !FinishData(outputs, run)) return false;
     if (!made.result->pageWritten) return false;
     if (made.isFileSaved) return true;
     Fail("can't write " + outputs.standalone->Name() + (made.whyNotSaved.empty() ? "" : ": " + made.whyNotSaved));
@@ -176,6 +204,9 @@ CommandRun DeclareReport(CLI::App& app) {
     app.add_option("--standalone", command->standaloneFile,
                    "Write the page and its pictures as one file too; - for standard output")
         ->type_name("FILE");
+    app.add_option("--explore", command->exploreFile,
+                   "Write a page on which a browser shows and sorts everything too; - for standard output")
+        ->type_name("FILE");
     app.add_option("--out", command->outFolder, "Folder for page and pictures (default: beside the statements)")
         ->type_name("DIR");
     AddTradingDaysOption(app, command->tradingDays);
@@ -191,20 +222,24 @@ namespace {
 
 /// A report of what is below the root already. `imported`: what was found as it came there.
 int RunReportOfRoot(const ReportCommand& command, std::span<const Finding> imported) {
+    if (command.exploreFile) RequireViewer("--explore");
     ReportOutputs outputs{.json = FindOutput("--json", command.jsonFile),
-                          .standalone = FindOutput("--standalone", command.standaloneFile)};
-    CheckOutputs({outputs.json, outputs.standalone});
+                          .standalone = FindOutput("--standalone", command.standaloneFile),
+                          .explore = FindOutput("--explore", command.exploreFile)};
+    CheckOutputs({outputs.json, outputs.standalone, outputs.explore});
     RunOptions options{
         .outFolder = OutFolderOf(command.outFolder), .needsStatement = !command.force, .wait = command.wait};
     const PreparedRequest prepared = PrepareRequest(command.options);
     RequireTemplate(prepared);
     const std::string page = FuturePagePath(prepared.rootFolder, prepared.request, options.outFolder);
-    outputs.isPageOfBefore = IsPageOfBefore(outputs.json, page) || IsPageOfBefore(outputs.standalone, page);
+    outputs.isPageOfBefore = IsPageOfBefore(outputs.json, page) || IsPageOfBefore(outputs.standalone, page) ||
+                             IsPageOfBefore(outputs.explore, page);
     CReport report;
     CRunFindings faults(report, prepared);
-    if (outputs.json || command.strict) faults.ReadSideRows();
+    const bool hasData = outputs.json || outputs.explore;
+    if (hasData || command.strict) faults.ReadSideRows();
     CStatementLog log(*faults.Listener());
-    options.listener = outputs.json ? &log : faults.Listener();
+    options.listener = hasData ? &log : faults.Listener();
     const MadeReport made = outputs.standalone
                                 ? MakeReportAndFile(report, prepared, command.quiet, options, outputs)
                                 : MadeReport{.result = RunWatched(report, prepared, command.quiet, RunReport, options),
@@ -218,7 +253,7 @@ int RunReportOfRoot(const ReportCommand& command, std::span<const Finding> impor
     findings.insert(findings.end(), imported.begin(), imported.end());
     SortFindings(findings);
     bool isDone = FinishOutputs(outputs, {report, prepared, made, log, findings, command.tradingDays});
-    if (isDone && !command.quiet) ShowSummary(report, *made.result, SummaryStream({outputs.json, outputs.standalone}));
+    if (isDone && !command.quiet) ShowSummary(report, *made.result, outputs);
     ShowFindings(findings, command.options);
     if (isDone && command.opensPage) isDone = OpenPage(outputs, *made.result);
     const bool isWhole = made.result->problems.IsEmpty() && faults.IsComplete();

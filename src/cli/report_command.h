@@ -18,6 +18,7 @@ struct ReportCommand {
     ReportOptions options;
     std::optional<std::string> jsonFile;        ///< where everything that the run left in memory goes
     std::optional<std::string> standaloneFile;  ///< the page with its pictures inside
+    std::optional<std::string> exploreFile;     ///< the second page
     std::optional<std::string> outFolder;       ///< for page and pictures; nothing: beside the statements
     bool opensPage = false;
     std::int64_t tradingDays = kUsualTradingDays;  ///< of a year

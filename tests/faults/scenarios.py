@@ -82,6 +82,9 @@ SCENARIOS = (
              tells_on_stdout=True),
     Scenario("diff of equals",       ("diff", "one.json", "other.json"), before=(
                  report("--quiet", "--json", "one.json"), report("--quiet", "--json", "other.json")), tells_on_stdout=True),
+    Scenario("second page",          report("--explore", "explored.html"), before=older("--explore", "explored.html")),
+    Scenario("second page alone",    ("explore", *FUND_STATUS, *FIRST_DAYS, "-o", "explored.html"), before=(
+                 ("explore", *FUND_STATUS, *OTHER_DAYS, "-o", "explored.html", "--quiet"),)),
     Scenario("tables, CSV",          export("--csv", "tables")),
     Scenario("tables, database",     export("--sqlite", "tables.db")),
     Scenario("CSV over older",       export("--csv", "tables"), before=(export("--csv", "tables", "--quiet", days=OTHER_DAYS),),

@@ -26,6 +26,7 @@ protected:
                 {"diff", "diff " + run + " " + run},
                 {"import", "import " + Quoted(Statement()) + " --root " + Quoted(folder_.Path("new")) + " --user me"},
                 {"export", "export --csv " + Quoted(folder_.Path("tables")) + " " + Request()},
+                {"explore", "explore -o " + Quoted(folder_.Path("explored.html")) + " " + Request()},
                 {"explain", "explain " + Quoted(Statement()) + " --format 1"},
                 {"template check", "template check " + Quoted(bad)},
                 {"anonymise", "anonymise " + Quoted(root_) + " --out " + Quoted(folder_.Path(NextCopy()))}};
@@ -65,8 +66,8 @@ TEST_F(StandardOutput, IsMissedByEveryCommandIfItIsClosed) {
 }
 
 TEST_F(StandardOutput, IsMissedWhereAnOptionNamesItToo) {
-    for (const std::string& call : {Report("--json -"), Report("--standalone -"), "check --json - " + Request(),
-                                    "chart equity -o - " + Request()}) {
+    for (const std::string& call : {Report("--json -"), Report("--standalone -"), Report("--explore -"),
+                                    "check --json - " + Request(), "chart equity -o - " + Request()}) {
         EXPECT_EQ(RunTo(">/dev/full", call), 1) << call;
         EXPECT_TRUE(Says(Messages(), "tradebill: can't write standard output\n")) << call << Messages();
     }

@@ -1,0 +1,36 @@
+// The command `explore`: reads an account and writes the page on which a browser shows and sorts what was read.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "analysis/analysis.h"
+#include "cli/command_table.h"
+#include "cli/output_file.h"
+#include "cli/report_options.h"
+
+namespace tradebill {
+
+struct ExploreCommand {
+    ReportOptions options;
+    std::optional<std::string> outputFile;
+    std::int64_t tradingDays = kUsualTradingDays;  ///< of a year
+    bool force = false;                            ///< write a page even without a single statement
+    bool strict = false;                           ///< findings above a note make the exit code 3
+    bool quiet = false;                            ///< no progress line and no summary; warnings are shown all the same
+};
+
+/// Throws CUsageError where the program was built without the viewer.
+void RequireViewer(const std::string& asked);
+
+/// A page's line of a summary: its address, or its name if it is no file.
+[[nodiscard]] std::string PageOutputText(const COutputFile& output);
+
+[[nodiscard]] CommandRun DeclareExplore(CLI::App& app);
+
+/// Reads the statements and writes the page. Returns the program's exit code; throws CUsageError before anything is
+/// done.
+[[nodiscard]] int RunExploreCommand(const ExploreCommand& command);
+
+}  // namespace tradebill
