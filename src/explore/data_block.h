@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "base/base64.h"
-#include "platform/deflate.h"
+#include "base/deflate.h"
 
 namespace tradebill {
 

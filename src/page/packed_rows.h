@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "base/base64.h"
+#include "base/deflate.h"
 #include "page/page_sink.h"
-#include "platform/deflate.h"
 
 namespace tradebill {
 

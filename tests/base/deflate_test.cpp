@@ -1,5 +1,5 @@
 // Packed bytes are unpacked by zlib's own inflate.
-#include "platform/deflate.h"
+#include "base/deflate.h"
 
 #include <gtest/gtest.h>
 #include <zlib.h>

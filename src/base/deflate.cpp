@@ -1,4 +1,4 @@
-#include "platform/deflate.h"
+#include "base/deflate.h"
 
 #include <zlib.h>
 
