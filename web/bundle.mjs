@@ -34,7 +34,7 @@ function licenceOf(name) {
     const { version, license } = JSON.parse(readFileSync(join(folder, "package.json"), "utf8"));
     const texts = filesBelow(folder).filter((file) => /(^|\/)(licen[sc]e|notice)[^/]*$/i.test(file));
     if (texts.length === 0) throw new Error(`${name} comes without its licence`);
-    const bodies = texts.sort().map((file) => readFileSync(join(folder, file), "utf8").trim());
+    const bodies = texts.sort().map((file) => readFileSync(join(folder, file), "utf8").replaceAll("\r\n", "\n").trim());
     return [`${name} ${version} (${license})`, ...bodies].join("\n\n");
 }
 

@@ -6,6 +6,7 @@
 #include <optional>
 #include <ostream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "analysis/analysis.h"
@@ -44,8 +45,8 @@ bool SavePage(const COutputFile& output, const ExploredAccount& account, const s
 
 }  // namespace
 
-void RequireViewer(const std::string& asked) {
-    if (ViewerTemplate().empty()) throw CUsageError(asked + ": this program was built without the viewer");
+void RequireViewer(std::string_view viewer, const std::string& asked) {
+    if (viewer.empty()) throw CUsageError(asked + ": this program was built without the viewer");
 }
 
 std::string PageOutputText(const COutputFile& output) {
@@ -66,7 +67,7 @@ CommandRun DeclareExplore(CLI::App& app) {
 }
 
 int RunExploreCommand(const ExploreCommand& command) {
-    RequireViewer("explore");
+    RequireViewer(ViewerTemplate(), "explore");
     const std::optional<COutputFile> output = FindOutput("--output", command.outputFile);
     if (!output) throw CUsageError("--output is missing: expected a file");
     const PreparedRequest prepared = PrepareRequest(command.options);

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "analysis/analysis.h"
 #include "cli/command_table.h"
@@ -21,8 +22,8 @@ struct ExploreCommand {
     bool quiet = false;                            ///< no progress line and no summary; warnings are shown all the same
 };
 
-/// Throws CUsageError where the program was built without the viewer.
-void RequireViewer(const std::string& asked);
+/// Throws CUsageError, which names what was `asked`, where the program was built without the viewer: it is empty then.
+void RequireViewer(std::string_view viewer, const std::string& asked);
 
 /// A page's line of a summary: its address, or its name if it is no file.
 [[nodiscard]] std::string PageOutputText(const COutputFile& output);

@@ -222,7 +222,7 @@ namespace {
 
 /// A report of what is below the root already. `imported`: what was found as it came there.
 int RunReportOfRoot(const ReportCommand& command, std::span<const Finding> imported) {
-    if (command.exploreFile) RequireViewer("--explore");
+    if (command.exploreFile) RequireViewer(ViewerTemplate(), "--explore");
     ReportOutputs outputs{.json = FindOutput("--json", command.jsonFile),
                           .standalone = FindOutput("--standalone", command.standaloneFile),
                           .explore = FindOutput("--explore", command.exploreFile)};

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "cli/program_fixture.h"
+#include "cli/usage_error.h"
 #include "explore/page_blocks.h"
-#include "explore/viewer_template.h"
 #include "support/shell.h"
 #include "support/temp_folder.h"
 
@@ -22,9 +22,6 @@ using Json = nlohmann::json;
 
 class ExploreProgram : public Program {
 protected:
-    void SetUp() override {
-        if (ViewerTemplate().empty()) GTEST_SKIP() << "built without the viewer";
-    }
     [[nodiscard]] std::string Explore(const std::string& more) const {
         return "explore --root " + Quoted(root_) + " --request " + Quoted(sample_ + "/request.ini") + " " + more;
     }
@@ -66,6 +63,10 @@ TEST_F(ExploreProgram, WritesTheSameTablesAsTheJson) {
     ASSERT_EQ(trades["rows"], 191);
     for (const Json& column : trades["columns"]) {
         const std::string name = column["name"];
+        if (!json["matches"][0].contains(name)) {  // under what a row is counted, which the JSON doesn't say of rows
+            EXPECT_TRUE(name == "product" || name == "productName" || name == "fullContract") << name;
+            continue;
+        }
         for (std::size_t row = 0; row < 191; ++row) {
             EXPECT_EQ(CellOf(column, row), CellOf(json["matches"][row], column, name)) << name << row;
         }
@@ -101,7 +102,7 @@ TEST_F(ExploreProgram, WritesTheSameBytesToStandardOutput) {
     ASSERT_EQ(Run(ToFile()).exit, 0);
     const Answer answer = Run(Explore("-o - --quiet"));
     EXPECT_EQ(answer.exit, 0) << answer.err;
-    EXPECT_EQ(answer.out, ReadFile(file_));
+    EXPECT_TRUE(answer.out == ReadFile(file_));  // of half a megabyte
 }
 
 TEST_F(ExploreProgram, AsksForAFile) {
@@ -142,11 +143,13 @@ TEST_F(ExploreProgram, NamesPagesByTheirAddresses) {
 }
 
 TEST(ExploreCommand, NeedsTheViewer) {
-    if (!ViewerTemplate().empty()) GTEST_SKIP() << "the viewer is there";
-    const CTempFolder folder;
-    const Answer answer = RunProgram(folder, "explore -o " + Quoted(folder.Path("a.html")));
-    EXPECT_EQ(answer.exit, 2);
-    EXPECT_NE(answer.err.find("built without the viewer"), std::string::npos) << answer.err;
+    EXPECT_NO_THROW(RequireViewer("<html>", "explore"));
+    try {
+        RequireViewer("", "--explore");
+        FAIL() << "a program without the viewer takes --explore";
+    } catch (const CUsageError& error) {
+        EXPECT_STREQ(error.what(), "--explore: this program was built without the viewer");
+    }
 }
 
 }  // namespace
