@@ -38,14 +38,10 @@ export class ExploredPage {
         return this.context.close();
     }
 
-    /// Waits until all sections are shown: each says so by a mark, and the last of them none is above.
+    /// Waits until all sections are shown. A range is handed on with the next frame.
     async settle() {
-        await this.page.waitForFunction(() => {
-            const shown = new Set(performance.getEntriesByType("mark").map(({ name }) => name));
-            const sections = [...document.querySelectorAll("main > section:not([hidden])")];
-            return sections.length > 1 && sections.every(({ id }) => shown.has(id));
-        });
-        await this.page.waitForTimeout(150); // a range is handed on with the next frame
+        await this.page.waitForTimeout(100);
+        await this.page.waitForSelector("main[aria-busy=false]");
     }
 
     /// The reader's own requests: the page, and what it holds itself.
@@ -80,7 +76,7 @@ export class ExploredPage {
 
     async press(text) {
         await this.page.getByRole("button", { name: text, exact: true }).first().click();
-        await this.page.waitForTimeout(400);
+        await this.settle();
     }
 
     rangeLine() {

@@ -81,7 +81,7 @@ class Shower {
     }
 
     async #work(): Promise<void> {
-        this.#isAtWork = true;
+        this.#setBusy(true);
         for (;;) {
             const next = [...this.#due].find(([, due]) => due.size > 0);
             if (next === undefined) break;
@@ -90,7 +90,12 @@ class Shower {
             await this.#show(section, due);
             if (section.id === "course" || section.element.getBoundingClientRect().top > innerHeight) await breath();
         }
-        this.#isAtWork = false;
+        this.#setBusy(false);
+    }
+
+    #setBusy(isBusy: boolean): void {
+        this.#isAtWork = isBusy;
+        document.querySelector("main")?.setAttribute("aria-busy", String(isBusy));
     }
 
     async #show(section: Section, changes: ReadonlySet<Change>): Promise<void> {
