@@ -1,5 +1,6 @@
 #include "base/deflate.h"
 
+#include <zconf.h>
 #include <zlib.h>
 
 #include <algorithm>

@@ -78,7 +78,10 @@ std::int64_t CTableColumns::CodeOf(Column& column, ColumnKind kind, std::string_
     const auto code = static_cast<std::int64_t>(column.codes.size());
     column.codes.emplace(text, code);
     std::string shown(text);
-    if (kind == ColumnKind::Day) std::erase(shown, '-');
+    if (kind == ColumnKind::Day) {
+        const auto dashes = std::ranges::remove(shown, '-');
+        shown.erase(dashes.begin(), dashes.end());
+    }
     if (code != 0) column.texts += ',';
     column.texts += QuotedText(shown);
     return code;
