@@ -54,7 +54,7 @@ export function showRangeBar(bar: HTMLElement, view: View): void {
         bar,
         button(view.text("wholeRange"), () => view.state.setRange(0, days.count - 1)),
         button(view.text("thisYear"), () => chooseLastYear(view)),
-        ...kMonths.map((n) => button(view.text("lastMonths", { n }), () => chooseMonths(view, n))),
+        ...kMonths.map((n) => button(n === 1 ? view.text("lastMonth") : view.text("lastMonths", { n }), () => chooseMonths(view, n))),
         dayField(view, "rangeFrom"),
         dayField(view, "rangeTo"),
     );

@@ -2,6 +2,7 @@
 import { Chart, tip } from "../charts/chart.ts";
 import { paletteOf } from "../charts/palette.ts";
 import { dayText, percent } from "../page/format.ts";
+import { h } from "../page/dom.ts";
 import type { View } from "../page/view.ts";
 import { frameOf, type Section } from "./section.ts";
 
@@ -13,7 +14,8 @@ function isoOf(day: string): string {
 }
 
 export function calendarSection(): Section {
-    const chart = new Chart(kYearHeight);
+    const chart = new Chart(kYearHeight, "chart calendar");
+    const scroller = h("div", { class: "scroller", tabindex: 0, role: "group" }, chart.element);
     let isListening = false;
     const draw = (view: View): void => {
         const { account, range } = view.state;
@@ -23,6 +25,7 @@ export function calendarSection(): Section {
         const years = [...new Set(shown.map(({ day }) => day.slice(0, 4)))];
         const largest = Math.max(1e-9, ...shown.map(({ pl }) => Math.abs(pl ?? 0)));
         chart.setHeight(years.length * kYearHeight);
+        scroller.setAttribute("aria-label", view.text("calendar"));
         const names = view.state.language === "zh" ? "ZH" : "EN";
         chart.show(
             {
@@ -70,7 +73,7 @@ export function calendarSection(): Section {
     return {
         id: "calendar",
         title: "calendar",
-        element: frameOf("calendar", chart.element),
+        element: frameOf("calendar", scroller),
         isThere: (view) => view.state.account.days.pl.some((pl) => pl !== null),
         show(view) {
             if (!isListening) {

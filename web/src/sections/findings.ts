@@ -9,7 +9,7 @@ import { frameOf, type Section } from "./section.ts";
 
 type Severity = "error" | "warning" | "note";
 const kSeverities: readonly Severity[] = ["error", "warning", "note"];
-const kShownAtOnce = 5;
+const kShownAtOnce = 5; // of errors and warnings; notes are shown when they are asked for
 
 const textIn = (row: Row, name: string): string => String(row[name] ?? "");
 
@@ -61,12 +61,14 @@ export function findingsSection(): Section {
             fill(summary, rows.length === 0 ? view.text("noFindings") : view.text("findingsCount", { e, w, n }));
             const draw = (): void => {
                 const sorted = kSeverities.flatMap((severity) => rows.filter((row) => row.severity === severity));
-                fill(list, ...sorted.slice(0, showsAll ? undefined : kShownAtOnce).map((row) => itemOf(view, row)));
-                const isMore = !showsAll && rows.length > kShownAtOnce;
+                const grave = sorted.filter((row) => row.severity !== "note");
+                const shown = showsAll ? sorted : grave.slice(0, kShownAtOnce);
+                fill(list, ...shown.map((row) => itemOf(view, row)));
+                list.hidden = shown.length === 0;
+                const isMore = shown.length < rows.length;
                 const button = h("button", { type: "button", click: () => ((showsAll = true), draw()) }, `${view.text("showAll")} (${rows.length})`);
                 fill(more, isMore ? button : null);
             };
-            list.hidden = rows.length === 0;
             draw();
         },
     };

@@ -22,3 +22,13 @@ export function save(name: string, text: string): void {
     link.click();
     setTimeout(() => URL.revokeObjectURL(link.href), 60_000);
 }
+
+/** Whether the clipboard took it: some browsers ask, or don't let a file from disk. */
+export async function copyText(text: string): Promise<boolean> {
+    try {
+        await navigator.clipboard.writeText(text);
+        return true;
+    } catch {
+        return false;
+    }
+}

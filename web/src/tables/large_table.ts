@@ -16,7 +16,7 @@ import { fill, h } from "../page/dom.ts";
 import { plain } from "../page/format.ts";
 import type { View } from "../page/view.ts";
 import { cellText, definitionOf, isGroupable, shownColumns } from "./columns.ts";
-import { linesOf, save } from "./csv.ts";
+import { copyText, linesOf, save } from "./csv.ts";
 
 Tabulator.registerModule([
     EditModule,
@@ -125,8 +125,8 @@ export class LargeTable {
 
     async #copy(): Promise<void> {
         const { text, count } = this.#lines("\t");
-        await navigator.clipboard.writeText(text);
-        fill(this.#count, this.#view.text("copied", { n: plain(count) }));
+        const isCopied = await copyText(text);
+        fill(this.#count, isCopied ? this.#view.text("copied", { n: plain(count) }) : this.#view.text("notCopied"));
     }
 
     #groupChoice(): HTMLSelectElement {
