@@ -1,6 +1,5 @@
 #include "explore/table_columns.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstddef>
@@ -77,10 +76,9 @@ std::int64_t CTableColumns::CodeOf(Column& column, ColumnKind kind, std::string_
     if (known != column.codes.end()) return known->second;
     const auto code = static_cast<std::int64_t>(column.codes.size());
     column.codes.emplace(text, code);
-    std::string shown(text);
-    if (kind == ColumnKind::Day) {
-        const auto dashes = std::ranges::remove(shown, '-');
-        shown.erase(dashes.begin(), dashes.end());
+    std::string shown;
+    for (const char byte : text) {
+        if (kind != ColumnKind::Day || byte != '-') shown += byte;
     }
     if (code != 0) column.texts += ',';
     column.texts += QuotedText(shown);

@@ -2,12 +2,13 @@
 #include "base/deflate.h"
 
 #include <gtest/gtest.h>
-#include <zlib.h>
 
 #include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
+
+#include "support/packed_text.h"
 
 namespace tradebill::deflate_test {
 namespace {
@@ -18,16 +19,6 @@ std::string Packed(std::string_view bytes, std::size_t piece, int level = CDefla
     for (; !bytes.empty(); bytes.remove_prefix(std::min(piece, bytes.size()))) deflater.Add(bytes.substr(0, piece));
     deflater.Finish();
     return packed;
-}
-
-std::string Unpacked(const std::string& packed, std::size_t size) {
-    std::string bytes(size + 1, '\0');
-    uLongf length = bytes.size();
-    EXPECT_EQ(::uncompress(reinterpret_cast<Bytef*>(bytes.data()), &length,
-                           reinterpret_cast<const Bytef*>(packed.data()), packed.size()),
-              Z_OK);
-    bytes.resize(length);
-    return bytes;
 }
 
 /// Bytes that hardly pack.
@@ -41,8 +32,8 @@ std::string Noise(std::size_t size) {
 TEST(Deflate, GivesBackWhatWasPacked) {
     const std::string noise = Noise(300'000);  // more than fills the packer's own room several times
     for (const std::string& bytes : {std::string(), std::string("a"), std::string(300'000, 'a'), noise}) {
-        EXPECT_EQ(Unpacked(Packed(bytes, 1'000), bytes.size()), bytes);
-        EXPECT_EQ(Unpacked(Packed(bytes, bytes.size() + 1, 9), bytes.size()), bytes);
+        EXPECT_EQ(Inflated(Packed(bytes, 1'000)), bytes);
+        EXPECT_EQ(Inflated(Packed(bytes, bytes.size() + 1, 9)), bytes);
     }
 }
 
@@ -65,7 +56,7 @@ TEST(Deflate, BeginsAnewWhenFinished) {
     deflater.Add("one");
     deflater.Finish();
     EXPECT_EQ(packed, first);
-    EXPECT_EQ(Unpacked(packed, 3), "one");
+    EXPECT_EQ(Inflated(packed), "one");
 }
 
 }  // namespace

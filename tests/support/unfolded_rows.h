@@ -2,43 +2,15 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <zlib.h>
 
 #include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "support/packed_text.h"
+
 namespace tradebill {
-
-inline std::string BytesOfBase64(std::string_view text) {
-    constexpr std::string_view kDigits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::string bytes;
-    unsigned bits = 0;
-    int count = 0;
-    for (const char digit : text) {
-        if (digit == '=') break;
-        const std::size_t value = kDigits.find(digit);
-        EXPECT_NE(value, std::string_view::npos) << digit;
-        bits = bits << 6 | static_cast<unsigned>(value);
-        count += 6;
-        if (count < 8) continue;
-        count -= 8;
-        bytes += static_cast<char>(bits >> count & 0xFF);
-    }
-    return bytes;
-}
-
-inline std::string Inflated(const std::string& packed) {
-    constexpr std::size_t kMost = std::size_t{16} << 20;
-    std::string bytes(kMost, '\0');
-    uLongf length = bytes.size();
-    EXPECT_EQ(::uncompress(reinterpret_cast<Bytef*>(bytes.data()), &length,
-                           reinterpret_cast<const Bytef*>(packed.data()), packed.size()),
-              Z_OK);
-    bytes.resize(length);
-    return bytes;
-}
 
 /// A page with packed rows, taken apart.
 struct UnfoldedRows {
@@ -63,7 +35,7 @@ inline UnfoldedRows Unfold(std::string_view page) {
             EXPECT_TRUE(body.ends_with(kPackedEnd)) << body.substr(0, 200);
             body.remove_prefix(kPacked.size());
             body.remove_suffix(kPackedEnd.size());
-            unfolded.plain += unfolded.pieces.emplace_back(Inflated(BytesOfBase64(body)));
+            unfolded.plain += unfolded.pieces.emplace_back(Inflated(DecodedBase64(body)));
             unfolded.order.emplace_back("rows");
         } else if (body.starts_with("<tbody data-unpackable>")) {
             unfolded.order.emplace_back("note");
