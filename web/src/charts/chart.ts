@@ -16,6 +16,7 @@ import {
 } from "echarts/components";
 import { CanvasRenderer } from "echarts/renderers";
 import { h } from "../page/dom.ts";
+import type { Palette } from "./palette.ts";
 
 echarts.use([
     LineChart,
@@ -63,6 +64,11 @@ export class Chart {
         this.element.setAttribute("aria-label", label);
         this.library.setOption({ animation: false, ...option }, { notMerge: true });
     }
+}
+
+/** How the tooltips of all charts look. */
+export function tooltipLook({ paper, line, ink }: Palette): object {
+    return { confine: true, backgroundColor: paper, borderColor: line, textStyle: { color: ink } };
 }
 
 /** What the tooltip of a chart shows: texts, never markup. */

@@ -77,3 +77,14 @@ export class Table {
         return object;
     }
 }
+
+/** The number in a row; null where there is none. */
+export function numberIn(row: Row, name: string): number | null {
+    const cell = row[name];
+    return typeof cell === "number" ? cell : null;
+}
+
+/** The text in a row; "" where there is none. */
+export function textIn(row: Row, name: string): string {
+    return String(row[name] ?? "");
+}

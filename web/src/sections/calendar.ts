@@ -1,5 +1,5 @@
 // A calendar of the days' results: a column a week, a row a weekday.
-import { Chart, tip } from "../charts/chart.ts";
+import { Chart, tip, tooltipLook } from "../charts/chart.ts";
 import { paletteOf } from "../charts/palette.ts";
 import { dayText, percent } from "../page/format.ts";
 import { h } from "../page/dom.ts";
@@ -30,10 +30,7 @@ export function calendarSection(): Section {
         chart.show(
             {
                 tooltip: {
-                    confine: true,
-                    backgroundColor: palette.paper,
-                    borderColor: palette.line,
-                    textStyle: { color: palette.ink },
+                    ...tooltipLook(palette),
                     formatter: ({ data }: { data: [string, number] }) => {
                         const at = days.firstFrom(data[0].replaceAll("-", ""));
                         return tip(data[0], [

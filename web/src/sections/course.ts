@@ -1,5 +1,5 @@
 // The account over time: equity, index or P/L, the drawdown and the margin use below, on one axis of days.
-import { Chart, tip, type Option } from "../charts/chart.ts";
+import { Chart, tip, tooltipLook, type Option } from "../charts/chart.ts";
 import { paletteOf, type Palette } from "../charts/palette.ts";
 import type { Days } from "../data/days.ts";
 import { deepest, drawdownsOf } from "../figures/drawdowns.ts";
@@ -136,7 +136,7 @@ function tooltipOf(view: View): Option {
         if (flow !== null && flow !== 0) lines.push([view.text(flow > 0 ? "deposit" : "withdrawal"), view.money(Math.abs(flow))]);
         return tip(dayText(days.days[day]), lines);
     };
-    return { trigger: "axis", confine: true, formatter: show, axisPointer: { type: "line" } };
+    return { trigger: "axis", formatter: show, axisPointer: { type: "line" } };
 }
 
 function optionOf(view: View, palette: Palette, width: number): Option {
@@ -144,7 +144,7 @@ function optionOf(view: View, palette: Palette, width: number): Option {
     return {
         aria: { enabled: false },
         textStyle: { color: palette.ink },
-        tooltip: { ...tooltipOf(view), backgroundColor: palette.paper, borderColor: palette.line, textStyle: { color: palette.ink } },
+        tooltip: { ...tooltipLook(palette), ...tooltipOf(view) },
         axisPointer: { link: [{ xAxisIndex: "all" }], label: { backgroundColor: palette.soft } },
         toolbox: { show: true, itemSize: 0, feature: { dataZoom: { yAxisIndex: "none", xAxisIndex: [0, 1, 2] } } },
         ...axesOf(view, palette, width),

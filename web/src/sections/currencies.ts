@@ -1,5 +1,5 @@
 // The money of each currency of a foreign account on the range's last day, side by side, and the base currency's.
-import type { Row } from "../data/table.ts";
+import { numberIn, type Row } from "../data/table.ts";
 import { plain } from "../page/format.ts";
 import type { View } from "../page/view.ts";
 import { frameOf, type Section } from "./section.ts";
@@ -14,8 +14,6 @@ interface CurrencyRow {
     rate: number | null;
     amounts: Record<string, number | null>;
 }
-
-const numberIn = (row: Row, name: string): number | null => (typeof row[name] === "number" ? row[name] : null);
 
 /** Balances of the last row, flows of all rows added up; the opening balance of the first. */
 function rowOf(currency: string, rows: readonly Row[], isBase: boolean): CurrencyRow {

@@ -1,5 +1,5 @@
 // What is wrong or doubtful in the statements, errors first, with what to do.
-import type { Row } from "../data/table.ts";
+import { textIn, type Row } from "../data/table.ts";
 import { dayText } from "../page/format.ts";
 import { fill, h } from "../page/dom.ts";
 import type { View } from "../page/view.ts";
@@ -10,8 +10,6 @@ import { frameOf, type Section } from "./section.ts";
 type Severity = "error" | "warning" | "note";
 const kSeverities: readonly Severity[] = ["error", "warning", "note"];
 const kShownAtOnce = 5; // of errors and warnings; notes are shown when they are asked for
-
-const textIn = (row: Row, name: string): string => String(row[name] ?? "");
 
 function details(view: View, row: Row): string {
     if (view.state.hidesAmounts) return "";

@@ -1,5 +1,5 @@
 // Margin of the open positions by product, day by day, one upon the other.
-import { Chart, tip } from "../charts/chart.ts";
+import { Chart, tip, tooltipLook } from "../charts/chart.ts";
 import { paletteOf } from "../charts/palette.ts";
 import type { Table } from "../data/table.ts";
 import { dayText } from "../page/format.ts";
@@ -60,10 +60,7 @@ export function marginSection(): Section {
                     grid: { left: 8, right: 16, top: 36, bottom: 8, containLabel: true },
                     tooltip: {
                         trigger: "axis",
-                        confine: true,
-                        backgroundColor: palette.paper,
-                        borderColor: palette.line,
-                        textStyle: { color: palette.ink },
+                        ...tooltipLook(palette),
                         formatter: (params: { dataIndex: number }[]) => {
                             const at = params[0].dataIndex;
                             const filled = stacks.filter(({ margins }) => (margins[at] ?? 0) !== 0);

@@ -1,12 +1,9 @@
 // Open positions of the last statement.
-import type { Row } from "../data/table.ts";
+import { numberIn, textIn, type Row } from "../data/table.ts";
 import { dayText, plain } from "../page/format.ts";
 import type { View } from "../page/view.ts";
 import { frameOf, type Section } from "./section.ts";
 import { showSmallTable, tableHolder, type SmallColumn } from "./small_table.ts";
-
-const numberIn = (row: Row, name: string): number | null => (typeof row[name] === "number" ? row[name] : null);
-const textIn = (row: Row, name: string): string => String(row[name] ?? "");
 
 function columnsOf(view: View): SmallColumn<Row>[] {
     const column = (name: string, text: (row: Row) => string, tone?: (row: Row) => string): SmallColumn<Row> => ({

@@ -1,5 +1,5 @@
 // What products, contracts and sides made: bars, and a table below them. A choice filters the rows of the page.
-import { Chart, tip } from "../charts/chart.ts";
+import { Chart, tip, tooltipLook } from "../charts/chart.ts";
 import { paletteOf } from "../charts/palette.ts";
 import { ClosedRows, groupsOf, type Group, type GroupKind } from "../figures/groups.ts";
 import { decimal, percent, plain } from "../page/format.ts";
@@ -67,10 +67,7 @@ export function productsSection(): Section {
                 textStyle: { color: palette.ink },
                 grid: { left: 8, right: 24, top: 8, bottom: 8, containLabel: true },
                 tooltip: {
-                    confine: true,
-                    backgroundColor: palette.paper,
-                    borderColor: palette.line,
-                    textStyle: { color: palette.ink },
+                    ...tooltipLook(palette),
                     formatter: ({ dataIndex }: { dataIndex: number }) => {
                         const group = bars[dataIndex];
                         return tip(nameOf(view, group), [

@@ -99,17 +99,13 @@ const kTexts = {
     madeBy: ["由 {program} 生成，不联网，数据都在本文件内", "Made by {program}. Nothing is loaded from elsewhere: all data is in this file"],
     licences: ["所用程序库的许可", "Licences of the libraries used"],
     damaged: ["本文件的数据已损坏：{why}", "The data of this file is damaged: {why}"],
-    definitions: ["含义", "What it means"],
     long: ["多", "Long"],
     short: ["空", "Short"],
-    total: ["合计", "Total"],
-    of: ["占", "of"],
     shownRange: ["所选区间", "chosen range"],
     wholeReport: ["整个报告", "whole report"],
     currencyPick: ["币种", "Currency"],
     amountsAreShares: ["金额以期初权益的百分比表示", "Amounts are per cent of the opening equity"],
     chartOf: ["{what}图", "Chart: {what}"],
-    loadTable: ["显示", "Show"],
 } as const satisfies Record<string, Text>;
 
 export type TextKey = keyof typeof kTexts;
