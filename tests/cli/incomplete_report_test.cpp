@@ -8,6 +8,7 @@
 #include <string>
 #include <utility>
 
+#include "cli/file_address.h"
 #include "cli/format_choice.h"
 #include "cli/report_fixture.h"
 #include "platform/paths.h"
@@ -212,7 +213,7 @@ TEST_F(OutFolder, HoldsPageAndPicturesAndNothingIsMadeBesideTheStatements) {
         const Answer answer = Run();
         EXPECT_EQ(answer.exit, 0);
         EXPECT_EQ(answer.err, "");
-        EXPECT_TRUE(Says(answer.out, NativePath(root_.Path("january/TradeBill.html")) + "\n")) << answer.out;
+        EXPECT_TRUE(Says(answer.out, FileAddressOf(root_.Path("january/TradeBill.html")) + "\n")) << answer.out;
     }
     EXPECT_TRUE(ReadFile(root_.Path("january/TradeBill.html")).ends_with("</html>\r\n"));
     EXPECT_TRUE(fs::exists(root_.Path("january/Image_files/AccountFigure.jpg")));

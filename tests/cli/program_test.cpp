@@ -9,6 +9,7 @@
 #include <string_view>
 #include <utility>
 
+#include "cli/file_address.h"
 #include "cli/program_fixture.h"
 #include "driver/place_guard.h"
 #include "platform/local_time.h"
@@ -24,7 +25,7 @@ TEST_F(Program, MakesTheReportOfASample) {
     EXPECT_EQ(answer.err, "");
     EXPECT_TRUE(Says(answer.out, "25 (10 days without a file)")) << answer.out;  // 35 days, of them 25 of trading
     EXPECT_TRUE(Says(answer.out, "771053.71")) << answer.out;                    // as the last statement closes
-    EXPECT_TRUE(Says(answer.out, NativePath(PageFile()))) << answer.out;
+    EXPECT_TRUE(Says(answer.out, FileAddressOf(PageFile()) + "\n")) << answer.out;
     EXPECT_TRUE(ReadFile(PageFile()).ends_with("</html>\r\n"));
 }
 

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "cli/file_address.h"
 #include "cli/report_fixture.h"
 #include "platform/paths.h"
 
@@ -29,7 +30,7 @@ TEST_F(Command, MakesTheReportAndSumsItUp) {
     EXPECT_TRUE(Says(answer.out, "statements read   1 (1 day without a file)")) << answer.out;
     EXPECT_TRUE(Says(answer.out, "1 money, 0 trades, 0 closed, 1 positions, 0 position sums")) << answer.out;
     EXPECT_TRUE(Says(answer.out, "closing equity    1500.25")) << answer.out;
-    EXPECT_TRUE(Says(answer.out, NativePath(PageFile())));
+    EXPECT_TRUE(Says(answer.out, FileAddressOf(PageFile()) + "\n"));
     EXPECT_TRUE(ReadFile(PageFile()).ends_with("</html>\r\n"));
 }
 
