@@ -40,13 +40,13 @@ DayResult ResultOf(const AccountDay& day, const CReport& report, const CCashFlow
     result.cashFlow = flows.Of(day);
     result.margin = StatedAmount(record.BZJZY, record.EXCHANGE_RATE);
     result.fees = FeesOf(record);
-    if (result.margin && result.equity.value_or(0) > 0) result.marginUse = *result.margin / *result.equity;
     TakeTrades(trades.FindDay(day.number), report.IsForeign(), result);
     return result;
 }
 
-/// P/L and return against the equity of the day before.
+/// Use of margin, and P/L and return against the equity of the day before.
 void Measure(std::optional<double> before, DayResult& result) {
+    if (result.margin && result.equity.value_or(0) > 0) result.marginUse = *result.margin / *result.equity;
     if (!before || !result.equity || !result.cashFlow) return;
     result.pl = *result.equity - *before - *result.cashFlow;
     const double base = *before + std::max(*result.cashFlow, 0.0);
@@ -88,13 +88,17 @@ DayFigures DayFiguresOf(const CReport& report, const CTradeTally& trades) {
     const AccountDay& first = figures.days.front();
     figures.leavesOutFloating = report.IsForeign() && MayHoldBefore(report, first);
     if (!figures.leavesOutFloating) figures.opening = StatedAmount(first.record->QCQY, first.record->EXCHANGE_RATE);
+    MeasureDays(figures);
+    return figures;
+}
+
+void MeasureDays(DayFigures& figures) {
     std::optional<double> before = figures.opening;
     for (DayResult& result : figures.results) {
         Measure(before, result);
         before = result.equity;
     }
     TakeIndexes(figures.results);
-    return figures;
 }
 
 }  // namespace tradebill

@@ -24,4 +24,7 @@ struct DayFigures {
 
 [[nodiscard]] DayFigures DayFiguresOf(const CReport& report, const CTradeTally& trades);
 
+/// Sets what days have against those before: use of margin, P/L, returns and indexes, of equity, cash flow and margin.
+void MeasureDays(DayFigures& figures);
+
 }  // namespace tradebill

@@ -3,12 +3,11 @@
 
 #include "analysis/day_figures.h"
 #include "analysis/margin_results.h"
+#include "analysis/product_margins.h"
 
 namespace tradebill {
 
-class CProductNames;
-class CReport;
-
-[[nodiscard]] MarginResult MarginOf(const CReport& report, const DayFigures& days, CProductNames& products);
+/// Equities are in base currency: where margin of products isn't (`isForeign`), it is set in relation to none.
+[[nodiscard]] MarginResult MarginOf(CProductMargins products, const DayFigures& days, bool isForeign);
 
 }  // namespace tradebill
