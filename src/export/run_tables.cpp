@@ -53,20 +53,6 @@ ExportCell NumberCell(const AnalysisValue& value) {
     return number == nullptr ? ExportCell() : ExportCell(*number);
 }
 
-void WalkAnalysisFigures(const Analysis& analysis, CRowSink& sink) {
-    std::array<ExportCell, std::size(kFigureColumns)> cells;
-    const auto onObject = [&](std::string_view object, const auto& owner, const auto& fields) {
-        for (const auto& field : fields) {
-            const std::string name = std::string(object).append(".").append(field.name);
-            cells = {Utf8Cell{name}, NumberCell(field.value(owner)), ReasonOf(analysis, name)};
-            sink.OnRow(cells);
-        }
-    };
-    cells = {Utf8Cell{"tradingDays"}, static_cast<double>(analysis.tradingDays), {}};
-    sink.OnRow(cells);
-    VisitAnalysis(analysis, onObject, [](std::string_view, const auto&, const auto&) {});
-}
-
 }  // namespace
 
 void WalkUnits(const ExportSource& source, CRowSink& sink) {
@@ -82,7 +68,22 @@ void WalkUnits(const ExportSource& source, CRowSink& sink) {
 void WalkFigures(const ExportSource& source, CRowSink& sink) {
     WalkFiguresOf(source.report.MoneyStore, kMoneyFigures, "money.", sink);
     WalkFiguresOf(source.report.AccountStatistics, kAccountFigures, "account.", sink);
-    WalkAnalysisFigures(source.analysis, sink);
+    WalkAnalysisFigures(source, sink);
+}
+
+void WalkAnalysisFigures(const ExportSource& source, CRowSink& sink) {
+    const Analysis& analysis = source.analysis;
+    std::array<ExportCell, std::size(kFigureColumns)> cells;
+    const auto onObject = [&](std::string_view object, const auto& owner, const auto& fields) {
+        for (const auto& field : fields) {
+            const std::string name = std::string(object).append(".").append(field.name);
+            cells = {Utf8Cell{name}, NumberCell(field.value(owner)), ReasonOf(analysis, name)};
+            sink.OnRow(cells);
+        }
+    };
+    cells = {Utf8Cell{"tradingDays"}, static_cast<double>(analysis.tradingDays), {}};
+    sink.OnRow(cells);
+    VisitAnalysis(analysis, onObject, [](std::string_view, const auto&, const auto&) {});
 }
 
 void WalkFindings(const ExportSource& source, CRowSink& sink) {

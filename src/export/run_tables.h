@@ -35,6 +35,8 @@ void WalkUnits(const ExportSource& source, CRowSink& sink);
 /// Each figure under the path that leads to it in the JSON: "money.ClosingEquity", "ratios.sharpe", and why it is
 /// nothing. Figures that are texts have no row.
 void WalkFigures(const ExportSource& source, CRowSink& sink);
+/// The same of the analysis alone.
+void WalkAnalysisFigures(const ExportSource& source, CRowSink& sink);
 void WalkFindings(const ExportSource& source, CRowSink& sink);
 
 }  // namespace tradebill

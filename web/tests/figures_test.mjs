@@ -12,8 +12,9 @@ import { blocksOf } from "./explored_page.mjs";
 import { viewerModules } from "./viewer_modules.mjs";
 
 const [, , modules, program, samples, output] = process.argv;
-const { ClosedRows, Days, Table, drawdownsOf, figuresOf, groupsOf, periodsOf, sumOf, wholeOf } = await viewerModules(modules, [
+const { ClosedRows, Days, Table, drawdownsOf, figuresOf, groupsOf, joinedTable, periodsOf, sumOf, wholeOf } = await viewerModules(modules, [
     "data/days.ts",
+    "data/joined_table.ts",
     "data/table.ts",
     "figures/drawdowns.ts",
     "figures/groups.ts",
@@ -187,4 +188,25 @@ test("rows without a known P/L, and of other days, are in no group", () => {
 test("sums don't lose what is small beside what is large", () => {
     assert.equal(sumOf([1e16, 1, -1e16, null]), 1);
     assert.equal(sumOf([null, null]), null);
+});
+
+test("tables of several accounts are one in the order of their days, with whose a row is", () => {
+    const days = (...codes) => ({ name: "BILL_DATE", kind: "day", texts: ["20240102", "20240103", "20240104"], codes });
+    const first = new Table({
+        rows: 3,
+        columns: [days(0, 1, 1), { name: "product", kind: "text", texts: ["rb", "cu"], codes: [0, 1, -1] }, { name: "pl", kind: "number", values: [1, null, 3] }],
+    });
+    const second = new Table({
+        rows: 2,
+        columns: [days(2, 1), { name: "product", kind: "text", texts: ["cu"], codes: [0, 0] }, { name: "lots", kind: "count", values: [7, 8] }],
+    });
+    const both = joinedTable([{ account: "A", table: first }, { account: "B", table: second }, { account: "C", table: new Table(null) }]);
+    assert.equal(both.rows, 5);
+    assert.deepEqual(both.columns.map(({ name, kind }) => `${name} ${kind}`), ["account text", "BILL_DATE day", "product text", "pl number", "lots count"]);
+    assert.deepEqual(both.texts("account"), ["A", "A", "A", "B", "B"]);
+    assert.deepEqual(both.texts("BILL_DATE"), ["20240102", "20240103", "20240103", "20240103", "20240104"]);
+    assert.deepEqual(both.texts("product"), ["rb", "cu", "", "cu", "cu"]);
+    assert.deepEqual(both.numbers("pl"), [1, null, 3, null, null]);
+    assert.deepEqual(both.numbers("lots"), [null, null, null, 8, 7]);
+    assert.equal(joinedTable([]).rows, 0);
 });

@@ -77,7 +77,11 @@ export class View {
     }
 
     accountName(account = this.#state.account): string {
-        if (account.head.isSum) return this.text("allAccounts");
-        return this.#state.hidesAmounts ? this.text("hidden") : account.head.account;
+        return account.head.isSum ? this.text("allAccounts") : this.nameText(account.name);
+    }
+
+    /** Whose something is, which is hidden as amounts are. */
+    nameText(name: string): string {
+        return this.#state.hidesAmounts ? this.text("hidden") : name;
     }
 }

@@ -1,5 +1,5 @@
 // The money of each currency of a foreign account on the range's last day, side by side, and the base currency's.
-import { numberIn, type Row } from "../data/table.ts";
+import { numberIn, textIn, type Row } from "../data/table.ts";
 import { plain } from "../page/format.ts";
 import type { View } from "../page/view.ts";
 import { frameOf, type Section } from "./section.ts";
@@ -9,6 +9,7 @@ const kMoney = ["QCQY", "CRJ", "PCYK", "SXF", "QMJC", "KHQY", "BZJZY", "KYZJ"] a
 const kFlows: ReadonlySet<string> = new Set(["CRJ", "PCYK", "SXF"]);
 
 interface CurrencyRow {
+    account: string; // of a sum
     currency: string;
     isBase: boolean;
     rate: number | null;
@@ -16,7 +17,7 @@ interface CurrencyRow {
 }
 
 /** Balances of the last row, flows of all rows added up; the opening balance of the first. */
-function rowOf(currency: string, rows: readonly Row[], isBase: boolean): CurrencyRow {
+function rowOf(account: string, currency: string, rows: readonly Row[], isBase: boolean): CurrencyRow {
     const last = rows[rows.length - 1];
     const amounts = Object.fromEntries(
         kMoney.map((name) => {
@@ -26,7 +27,7 @@ function rowOf(currency: string, rows: readonly Row[], isBase: boolean): Currenc
             return [name, stated.length === 0 ? null : stated.reduce((sum, value) => sum + value, 0)];
         }),
     );
-    return { currency, isBase, rate: numberIn(last, "EXCHANGE_RATE"), amounts };
+    return { account, currency, isBase, rate: numberIn(last, "EXCHANGE_RATE"), amounts };
 }
 
 export function currenciesSection(): Section {
@@ -42,16 +43,19 @@ export function currenciesSection(): Section {
             const { days } = account.days;
             const inRange = (day: unknown): boolean => String(day) >= days[range.from] && String(day) <= days[range.to];
             const [ofCurrencies, base] = await Promise.all([account.table("currency_days"), account.table("days")]);
-            const byCurrency = new Map<string, Row[]>();
+            const groups = new Map<string, Row[]>();
             for (const row of ofCurrencies.rowsOf()) {
                 if (!inRange(row.BILL_DATE)) continue;
-                const currency = String(row.CURRENCY ?? "");
-                byCurrency.set(currency, [...(byCurrency.get(currency) ?? []), row]);
+                const key = `${textIn(row, "account")}\0${textIn(row, "CURRENCY")}`;
+                const group = groups.get(key);
+                if (group === undefined) groups.set(key, [row]);
+                else group.push(row);
             }
             const baseRows = base.rowsOf().filter((row) => inRange(row.day));
-            const rows = [...byCurrency].map(([currency, all]) => rowOf(currency, all, false));
-            if (baseRows.length > 0) rows.push(rowOf(view.text("baseCurrency"), baseRows, true));
+            const rows = [...groups.values()].map((all) => rowOf(textIn(all[0], "account"), textIn(all[0], "CURRENCY"), all, false));
+            if (baseRows.length > 0 && !account.head.isSum) rows.push(rowOf("", view.text("baseCurrency"), baseRows, true));
             const columns: SmallColumn<CurrencyRow>[] = [
+                ...(account.head.isSum ? [{ label: view.columnLabel("account"), value: (row: CurrencyRow) => row.account, text: (row: CurrencyRow) => view.nameText(row.account) }] : []),
                 { label: view.columnLabel("CURRENCY"), value: (row) => row.currency, text: (row) => row.currency },
                 { label: view.columnLabel("EXCHANGE_RATE"), meaning: view.columnMeaning("EXCHANGE_RATE"), value: (row) => row.rate, text: (row) => plain(row.rate) },
                 ...kMoney.map((name) => ({

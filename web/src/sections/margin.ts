@@ -83,7 +83,6 @@ export function marginSection(): Section {
                         name,
                         type: "line",
                         stack: "margin",
-                        step: "middle",
                         showSymbol: days.length === 1,
                         lineStyle: { width: 0 },
                         areaStyle: { opacity: 0.85 },

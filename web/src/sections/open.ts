@@ -14,6 +14,7 @@ function columnsOf(view: View): SmallColumn<Row>[] {
         tone,
     });
     return [
+        ...(view.state.account.head.isSum ? [column("account", (row) => view.nameText(textIn(row, "account")))] : []),
         column("contract", (row) => textIn(row, "contract")),
         ...(view.state.account.isForeign ? [column("currency", (row) => textIn(row, "currency"))] : []),
         column("side", (row) => view.cellText(textIn(row, "side"))),

@@ -48,16 +48,18 @@ export function showSmallTable<Item>(holder: HTMLElement, table: SmallTable<Item
         showSmallTable(holder, table, { column, isDown });
         holder.querySelectorAll<HTMLElement>("thead button")[column]?.focus();
     };
+    const isText = table.columns.map(({ value }) => table.rows.some((item) => typeof value(item) === "string"));
+    const classOf = (at: number, tone = ""): string | null => `${isText[at] ? "text" : ""} ${tone}`.trim() || null;
     const heading = (column: SmallColumn<Item>, at: number): HTMLElement => {
         const state = sorting?.column !== at ? "none" : sorting.isDown ? "descending" : "ascending";
         const meaning = column.meaning ?? "";
         const button = h("button", { type: "button", click: () => sort(at), "data-meaning": meaning === "" ? null : meaning }, column.label);
-        return h("th", { scope: "col", "aria-sort": state }, button);
+        return h("th", { scope: "col", class: classOf(at), "aria-sort": state }, button);
     };
     const cell = (item: Item, column: SmallColumn<Item>, at: number): HTMLElement => {
         const text = column.text(item);
         const choose = at === 0 && table.onRow !== undefined ? h("button", { type: "button", class: "row-button" }, text) : text;
-        return h(at === 0 ? "th" : "td", { scope: at === 0 ? "row" : null, class: column.tone?.(item) ?? null }, choose);
+        return h(at === 0 ? "th" : "td", { scope: at === 0 ? "row" : null, class: classOf(at, column.tone?.(item)) }, choose);
     };
     const row = (item: Item): HTMLElement =>
         h(

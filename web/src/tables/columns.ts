@@ -53,6 +53,7 @@ export function cellText(view: View, column: Column, value: unknown): string {
         return kRates.has(column.name) ? percent(number) : plain(number);
     }
     const text = String(value);
+    if (column.name === "account") return view.nameText(text);
     return column.kind === "day" ? dayText(text) : view.cellText(text);
 }
 
@@ -60,7 +61,7 @@ export function definitionOf(view: View, column: Column): ColumnDefinition {
     const isNumber = "values" in column;
     const title = view.columnLabel(column.name);
     const meaning = view.columnMeaning(column.name);
-    const isHidden = view.state.hidesAmounts && (kMoney.has(column.name) || kSizes.has(column.name));
+    const isHidden = view.state.hidesAmounts && (kMoney.has(column.name) || kSizes.has(column.name) || column.name === "account");
     return {
         title,
         field: column.name,
