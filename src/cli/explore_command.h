@@ -1,21 +1,28 @@
-// The command `explore`: reads an account and writes the page on which a browser shows and sorts what was read.
+// The command `explore`: reads accounts and writes the page on which a browser shows and sorts what was read.
 #pragma once
 
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "analysis/analysis.h"
 #include "cli/command_table.h"
 #include "cli/output_file.h"
 #include "cli/report_options.h"
+#include "cli/wait_option.h"
 
 namespace tradebill {
 
 struct ExploreCommand {
-    ReportOptions options;
+    std::vector<std::string> files;  ///< statements to import first, and folders of them; none: they are below the root
+    ReportOptions options;           ///< but for the account
+    std::vector<std::string> accounts;     ///< several are added up
+    bool takesAll = false;                 ///< all accounts that there are
+    std::optional<std::string> outFolder;  ///< for what is imported
     std::optional<std::string> outputFile;
+    int wait = kUsualWait;                         ///< seconds, for another import
     std::int64_t tradingDays = kUsualTradingDays;  ///< of a year
     bool force = false;                            ///< write a page even without a single statement
     bool strict = false;                           ///< findings above a note make the exit code 3

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <iostream>
 #include <iterator>
+#include <map>
 #include <optional>
+#include <ranges>
 #include <set>
 #include <string>
 #include <string_view>
@@ -17,11 +19,10 @@
 #include "cli/import_summary.h"
 #include "cli/input_file.h"
 #include "cli/out_folder.h"
-#include "cli/report_command.h"
 #include "cli/report_options.h"
+#include "cli/several_accounts.h"
 #include "cli/unit_table.h"
 #include "cli/usage_error.h"
-#include "findings/finding.h"
 #include "intake/bill_import.h"
 #include "platform/paths.h"
 #include "platform/system_error.h"
@@ -35,9 +36,9 @@ namespace {
 constexpr std::string_view kUser = "imported";
 constexpr std::string_view kLongestName = "/root/Users/imported/Data/Bill/DWP0123456789012345.20240102o.txt.part";
 
-void CheckCommand(const ReportCommand& command) {
-    const ReportOptions& options = command.options;
-    if (!command.outFolder) {
+void CheckOrder(const ImportOrder& order) {
+    const ReportOptions& options = order.options;
+    if (!order.outFolder) {
         throw CUsageError(
             "--out is missing: expected a folder for the report and for the statements that are imported");
     }
@@ -57,26 +58,41 @@ AccountKey AccountOf(const ImportedFile& file) {
     return {.user = std::string(kUser), .account = file.account, .isForeign = file.layout.isForeign};
 }
 
-/// Those of the files that the report is of: of the account that the options name, or of the only one.
-std::vector<ImportedFile> FilesOfOneAccount(const std::vector<ImportedFile>& files, const ReportOptions& options) {
-    std::vector<ImportedFile> chosen;
-    std::set<AccountKey> accounts;
-    for (const ImportedFile& file : files) {
-        if (IsRefused(file) || (options.account && *options.account != file.account)) continue;
-        if (options.kind && (KindNumber(options.kind) == kForeignKind) != file.layout.isForeign) continue;
-        chosen.push_back(file);
-        accounts.insert(AccountOf(file));
-    }
-    if (accounts.size() < 2) return chosen;
+using FilesByAccount = std::map<AccountKey, std::vector<ImportedFile>>;
+
+std::string Listed(const FilesByAccount& accounts) {
     std::string list;
-    for (const AccountKey& account : accounts) {
+    for (const auto& [account, files] : accounts) {
         list.append(list.empty() ? "" : ", ")
             .append("--account ")
             .append(account.account)
             .append(" --kind ")
             .append(KindName(account.isForeign));
     }
-    throw CUsageError("the files are of several accounts: expected one of " + list);
+    return list;
+}
+
+/// Those of the files that the report is of.
+FilesByAccount WantedFiles(const std::vector<ImportedFile>& files, const ImportOrder& order) {
+    const std::optional<std::string>& kind = order.options.kind;
+    FilesByAccount wanted;
+    for (const ImportedFile& file : files) {
+        const bool isNamed =
+            order.accounts.empty() || std::ranges::find(order.accounts, file.account) != order.accounts.end();
+        if (IsRefused(file) || !isNamed) continue;
+        if (kind && (KindNumber(kind) == kForeignKind) != file.layout.isForeign) continue;
+        wanted[AccountOf(file)].push_back(file);
+    }
+    if (wanted.size() > 1 && !order.takesSeveral) {
+        throw CUsageError("the files are of several accounts: expected one of " + Listed(wanted));
+    }
+    for (const std::string& name : order.accounts) {
+        const auto isOf = [&](const auto& account) { return account.first.account == name; };
+        if (std::ranges::none_of(wanted, isOf)) throw CNothingReadable("nothing was imported of account " + name);
+    }
+    if (wanted.empty()) throw CNothingReadable("nothing was imported");
+    CheckOneKind(std::views::keys(wanted));
+    return wanted;
 }
 
 /// Removes what an earlier report left of the account.
@@ -112,16 +128,30 @@ ReportOptions OptionsFor(const std::vector<ImportedFile>& files, const std::stri
     return options;
 }
 
+/// The account's part of the report, once what an earlier one left of it is gone.
+ImportedAccount ImportedAccountOf(const AccountKey& account, const std::vector<ImportedFile>& files,
+                                  const std::string& folder, const ReportOptions& options) {
+    ImportedAccount result{.options = options};
+    std::set<std::string> kept;
+    for (const ImportedFile& file : files) {
+        kept.insert(file.to.begin(), file.to.end());
+        std::ranges::copy(file.findings, std::back_inserter(result.findings));
+    }
+    RemoveOthers(folder, account, kept);
+    return result;
+}
+
 }  // namespace
 
-ImportedReport ImportForReport(const ReportCommand& command) {
-    const FoundFiles found = FindFiles(command.files);
-    CheckCommand(command);
-    const std::string root = FolderToWrite("--out", *command.outFolder, kLongestName) + "/root";
-    CImportGuard guard(command.wait);
+ImportedReport ImportForReport(const ImportOrder& order) {
+    const FoundFiles found = FindFiles(order.files);
+    CheckOrder(order);
+    const std::string root = FolderToWrite("--out", *order.outFolder, kLongestName) + "/root";
+    CImportGuard guard(order.wait);
+    const bool isOfOne = order.accounts.size() == 1;
     CBillImport import({.root = root,
                         .user = std::string(kUser),
-                        .account = ImportAccountOf(command.options.account),
+                        .account = ImportAccountOf(isOfOne ? std::optional(order.accounts.front()) : std::nullopt),
                         .replaces = true,
                         .units = UnitTableText(),
                         .otherLayouts = LayoutsByTemplate(root),
@@ -129,25 +159,14 @@ ImportedReport ImportForReport(const ReportCommand& command) {
     const std::vector<ImportedFile> files = ImportAll(found, import);
     if (std::ranges::any_of(files, IsRefused)) PrintImported(files, ShownFiles::Refused, false, std::cerr);
     if (std::ranges::any_of(files, &ImportedFile::isUnwritten)) throw CNothingReadable("not all could be imported");
-    const std::vector<ImportedFile> chosen = FilesOfOneAccount(files, command.options);
-    if (chosen.empty()) {
-        throw CNothingReadable("nothing was imported" +
-                               (command.options.account ? " of account " + *command.options.account : std::string()));
+    ImportedReport report{.accounts = {}, .isWhole = std::ranges::none_of(files, IsRefused)};
+    for (const auto& [account, ofAccount] : WantedFiles(files, order)) {
+        report.accounts.push_back(
+            ImportedAccountOf(account, ofAccount, import.Folder(), OptionsFor(ofAccount, root, order.options)));
     }
-    std::set<std::string> kept;
-    std::vector<Finding> findings;
-    for (const ImportedFile& file : chosen) {
-        kept.insert(file.to.begin(), file.to.end());
-        std::ranges::copy(file.findings, std::back_inserter(findings));
-    }
-    RemoveOthers(import.Folder(), AccountOf(chosen.front()), kept);
     const std::string leftover = guard.Release(import.Folder());
     if (!leftover.empty()) throw CNothingReadable(leftover);
-    ImportedReport result{
-        .command = command, .findings = std::move(findings), .isWhole = std::ranges::none_of(files, IsRefused)};
-    result.command.files.clear();
-    result.command.options = OptionsFor(chosen, root, command.options);
-    return result;
+    return report;
 }
 
 }  // namespace tradebill

@@ -1,24 +1,40 @@
 // Reports of files as users have them: they are imported into a root of the report's own.
 #pragma once
 
+#include <optional>
+#include <string>
 #include <vector>
 
-#include "cli/report_command.h"
+#include "cli/report_options.h"
 #include "findings/finding.h"
 
 namespace tradebill {
 
-/// A report of what files brought.
-struct ImportedReport {
-    ReportCommand command;  ///< without files: of the root, and of the one account and the days that they brought
-    std::vector<Finding> findings;  ///< of the import: what a workbook leaves open
-    bool isWhole = false;           ///< no file was refused; those that were are told
+/// What is imported, and for what.
+struct ImportOrder {
+    std::vector<std::string> files;          ///< and folders of them
+    ReportOptions options;                   ///< of the report
+    std::optional<std::string> outFolder;    ///< --out
+    std::vector<std::string> accounts = {};  ///< whose files count; none: whichever there are
+    bool takesSeveral = false;               ///< accounts of one kind
+    int wait = 0;                            ///< seconds
 };
 
-/// Imports the files of `command` into the folder "root" below its --out. Statements of the account that an earlier
-/// report left there and these files don't bring are removed, so that the report is of these files alone. Throws
-/// CUsageError if the command says too little or too much, or the files are of several accounts, which it lists; and
-/// CNothingReadable if no file could be imported, or the folder can't be written to.
-[[nodiscard]] ImportedReport ImportForReport(const ReportCommand& command);
+/// An account that files brought.
+struct ImportedAccount {
+    ReportOptions options;               ///< of a report of the root, the account and the days that they brought
+    std::vector<Finding> findings = {};  ///< of the import: what a workbook leaves open
+};
+
+struct ImportedReport {
+    std::vector<ImportedAccount> accounts;  ///< at least one
+    bool isWhole = false;                   ///< no file was refused; those that were are told
+};
+
+/// Imports the files into the folder "root" below --out. Statements of the accounts that an earlier report left there
+/// and these files don't bring are removed, so that the report is of these files alone. Throws CUsageError if the order
+/// says too little or too much, or the files are of more accounts than it takes, which it lists; and CNothingReadable
+/// if no file could be imported, or the folder can't be written to.
+[[nodiscard]] ImportedReport ImportForReport(const ImportOrder& order);
 
 }  // namespace tradebill

@@ -265,8 +265,13 @@ int RunReportOfRoot(const ReportCommand& command, std::span<const Finding> impor
 
 int RunReportCommand(const ReportCommand& command) {
     if (command.files.empty()) return RunReportOfRoot(command, {});
-    const ImportedReport imported = ImportForReport(command);
-    const int exit = RunReportOfRoot(imported.command, imported.findings);
+    ImportOrder order{
+        .files = command.files, .options = command.options, .outFolder = command.outFolder, .wait = command.wait};
+    if (command.options.account) order.accounts = {*command.options.account};
+    const ImportedReport imported = ImportForReport(order);
+    ReportCommand ofRoot = command;
+    ofRoot.options = imported.accounts.front().options;
+    const int exit = RunReportOfRoot(ofRoot, imported.accounts.front().findings);
     return exit == kExitDone && !imported.isWhole ? kExitFindings : exit;
 }
 

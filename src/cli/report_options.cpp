@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/day.h"
@@ -137,13 +138,14 @@ PresentDay PresentDayOf(const ReportOptions& options) {
     return present;
 }
 
+std::string DayTextOf(const std::string& given, const PresentDay& present) {
+    return given == kToday ? DashedDayText(present.day) : given;
+}
+
 /// REQUIRES: both days are there.
 void SetDates(const ReportOptions& options, PreparedRequest& prepared) {
-    const auto textOf = [&](const std::string& given) {
-        return given == kToday ? DashedDayText(prepared.present.day) : given;
-    };
-    const std::string from = textOf(*options.from);
-    const std::string to = textOf(*options.to);
+    const std::string from = DayTextOf(*options.from, prepared.present);
+    const std::string to = DayTextOf(*options.to, prepared.present);
     SetText(prepared.request.StartDate, from, "--from");
     SetText(prepared.request.EndDate, to, "--to");
     const CalendarDay last = DayOf(to, "--to");
@@ -245,16 +247,25 @@ void SetFormatByMarks(PreparedRequest& prepared) {
                              (picked.templateName.empty() ? "the marks in " : "what it reads of ") + picked.file);
 }
 
+void DeclareAccount(CLI::App& command, ReportOptions& options, std::vector<std::string>* accounts) {
+    constexpr const char* kOption = "--account";
+    const std::string meaning = "Account number, as in the statements' file names (default: the only one)";
+    if (accounts == nullptr) {
+        command.add_option(kOption, options.account, meaning)->type_name("NO");
+    } else {
+        command.add_option(kOption, *accounts, meaning + "; several times for several, which are added up")
+            ->type_name("NO")
+            ->allow_extra_args(false);
+    }
+}
+
 }  // namespace
 
-void DeclareReportOptions(CLI::App& command, ReportOptions& options) {
+void DeclareReportOptions(CLI::App& command, ReportOptions& options, std::vector<std::string>* accounts) {
     command.add_option("--root", options.root, "Root folder: holds Users, sys and BillTemplate")->type_name("DIR");
     command.add_option("--user", options.user, "Folder of the user below Users (default: the only one)")
         ->type_name("NAME");
-    command
-        .add_option("--account", options.account,
-                    "Account number, as in the statements' file names (default: the only one)")
-        ->type_name("NO");
+    DeclareAccount(command, options, accounts);
     command.add_option("--from", options.from, "First day, year-month-day or today (default: of the first statement)")
         ->type_name("DATE");
     command.add_option("--to", options.to, "Last day (default: of the last statement)")->type_name("DATE");
@@ -288,15 +299,29 @@ void DeclareReportOptions(CLI::App& command, ReportOptions& options) {
     DeclareStatementLimit(command, options.maxStatement);
 }
 
+SettledOptions Settle(const ReportOptions& given) {
+    SettledOptions settled;
+    settled.options = WithRequestFile(given, settled.inputs);
+    CheckRoot(Required(settled.options.root, "--root", "the folder that holds Users, sys and BillTemplate"));
+    settled.present = PresentDayOf(settled.options);
+    const auto dayOf = [&](const std::optional<std::string>& text, const char* option) {
+        return text ? std::optional(DayOf(DayTextOf(*text, settled.present), option)) : std::nullopt;
+    };
+    settled.from = dayOf(settled.options.from, "--from");
+    settled.to = dayOf(settled.options.to, "--to");
+    return settled;
+}
+
 PreparedRequest PrepareRequest(const ReportOptions& given) {
     PreparedRequest prepared;
-    ReportOptions options = WithRequestFile(given, prepared.inputs);
+    SettledOptions settled = Settle(given);
+    ReportOptions& options = settled.options;
+    prepared.inputs = std::move(settled.inputs);
+    prepared.present = settled.present;
     GenerateBillRequest& request = prepared.request;
-    const std::string root = Required(options.root, "--root", "the folder that holds Users, sys and BillTemplate");
-    CheckRoot(root);
+    const std::string root = *options.root;
     prepared.rootFolder = RootFolderAt(root);
     SetAccount(options, request);
-    prepared.present = PresentDayOf(options);
     FindUntold(options, prepared.present);
     SetAccount(options, request);
     SetName(request.TemplateName, options.templateName.value_or(""), "--template");

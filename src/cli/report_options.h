@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/day.h"
 #include "cli/product_tables.h"
 #include "driver/present_day.h"
 #include "driver/report_request.h"
@@ -40,8 +41,21 @@ struct ReportOptions {
     std::optional<std::string> maxStatement;  ///< "512M"
 };
 
-/// Declares the options on `command`; they are stored in `options` when the command line is parsed.
-void DeclareReportOptions(CLI::App& command, ReportOptions& options);
+/// Declares the options on `command`; they are stored in `options` when the command line is parsed. Where `accounts` is
+/// given, --account may come several times and is stored there.
+void DeclareReportOptions(CLI::App& command, ReportOptions& options, std::vector<std::string>* accounts = nullptr);
+
+/// Options with what a request file says of those that aren't given.
+struct SettledOptions {
+    ReportOptions options;  ///< the root is a folder that is there
+    PresentDay present = {};
+    std::optional<CalendarDay> from = {};  ///< of the report
+    std::optional<CalendarDay> to = {};
+    std::vector<InputRead> inputs = {};  ///< the request file
+};
+
+/// Throws CUsageError and CUnreadableInput.
+[[nodiscard]] SettledOptions Settle(const ReportOptions& given);
 
 /// A request that is ready to run, and what the user should know about it.
 struct PreparedRequest {
