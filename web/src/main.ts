@@ -1,5 +1,6 @@
 // Opens the page: reads what it holds of the accounts, and shows the first.
 import { readAccounts } from "./data/account.ts";
+import { beginReading } from "./data/blocks.ts";
 import { wholeOf } from "./figures/range.ts";
 import { h } from "./page/dom.ts";
 import { showPage } from "./page/page.ts";
@@ -8,6 +9,7 @@ import { View } from "./page/view.ts";
 import { textOf } from "./text/texts.ts";
 
 async function start(): Promise<void> {
+    beginReading(["head", "0.days", "0.figures", "0.findings"]); // what the first account needs at once
     const { program, accounts } = await readAccounts();
     const state = new State(accounts, program);
     await state.account.open();

@@ -1,13 +1,9 @@
 // Unpacks the viewer and runs it. What the page's policy lets run is told by hashes: this script and the viewer.
-
-async function unpacked(id: string): Promise<string> {
-    const bytes = Uint8Array.from(atob(document.getElementById(id)!.textContent!.trim()), (digit) => digit.charCodeAt(0));
-    return new Response(new Blob([bytes]).stream().pipeThrough(new DecompressionStream("deflate"))).text();
-}
+import { inflated } from "./data/inflate.ts";
 
 async function start(): Promise<void> {
     const script = document.createElement("script");
-    script.textContent = await unpacked("viewer");
+    script.textContent = await inflated(document.getElementById("viewer")!).text();
     document.head.append(script);
 }
 
@@ -17,5 +13,3 @@ if (typeof DecompressionStream === "undefined") {
 } else {
     void start();
 }
-
-export {};

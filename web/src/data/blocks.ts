@@ -1,16 +1,25 @@
-// The blocks of data in the page: JSON, deflated, in base64. Each is read when it is first asked for.
+// The blocks of data in the page: JSON, packed. Each is read when it is first asked for.
+import { inflated } from "./inflate.ts";
 
-function bytesOf(base64: string): Uint8Array<ArrayBuffer> {
-    const digits = atob(base64);
-    const bytes = new Uint8Array(digits.length);
-    for (let at = 0; at < digits.length; ++at) bytes[at] = digits.charCodeAt(at);
-    return bytes;
+const begun = new Map<string, Promise<unknown>>();
+
+async function read(id: string): Promise<unknown> {
+    const block = document.getElementById(id);
+    return block === null ? null : await inflated(block).json();
+}
+
+/** Begins to read blocks that will be asked for soon: reading is waiting for the most part. */
+export function beginReading(ids: readonly string[]): void {
+    for (const id of ids) {
+        const block = read(id);
+        block.catch(() => undefined); // told to whoever asks for it
+        begun.set(id, block);
+    }
 }
 
 /** What the block `id` holds; null if the page has no such block. Throws where its bytes are damaged. */
 export async function readBlock<T>(id: string): Promise<T | null> {
-    const block = document.getElementById(id);
-    if (block === null) return null;
-    const packed = new Blob([bytesOf(block.textContent!.trim())]).stream();
-    return (await new Response(packed.pipeThrough(new DecompressionStream("deflate"))).json()) as T;
+    const block = begun.get(id) ?? read(id);
+    begun.delete(id);
+    return (await block) as T | null;
 }

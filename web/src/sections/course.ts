@@ -73,13 +73,13 @@ function axesOf(view: View, palette: Palette, width: number): Option {
     const y = { type: "value", axisLabel: label, splitLine: { lineStyle: { color: palette.line } }, splitNumber: 4 };
     const rate = { ...y, splitNumber: 2, axisLabel: { ...label, formatter: (value: number) => percent(value, 0) } };
     return {
-        grid: kGrids.map((grid) => ({ ...grid, left, right: 16 })),
+        grid: kGrids.map((grid) => ({ ...grid, left, right: 16, outerBoundsMode: "none" })),
         xAxis: kGrids.map((_, gridIndex) => ({
             type: "category",
             gridIndex,
             data: names,
             boundaryGap: false,
-            axisLabel: { ...label, show: gridIndex === 2, hideOverlap: true },
+            axisLabel: { ...label, show: gridIndex === 2, hideOverlap: true, alignMinLabel: "left", alignMaxLabel: "right" },
             axisLine: { lineStyle: { color: palette.line }, onZero: false },
             axisTick: { show: false },
             axisPointer: { label: { show: gridIndex === 2 } },
@@ -198,6 +198,8 @@ export function courseSection(): Section {
         });
     };
     let isListening = false;
+    /** Lets a range be dragged. It takes the library as long as to paint, so it waits for who wants to drag. */
+    const takeDrags = (): void => chart.library.dispatchAction({ type: "takeGlobalCursor", key: "dataZoomSelect", dataZoomSelectActive: true });
 
     return {
         id: "course",
@@ -217,7 +219,7 @@ export function courseSection(): Section {
                 names.replaceWith(next);
                 names = next;
                 chart.show(optionOf(view, palette, chart.element.clientWidth), labelOf(view));
-                chart.library.dispatchAction({ type: "takeGlobalCursor", key: "dataZoomSelect", dataZoomSelectActive: true });
+                chart.element.addEventListener("pointerenter", takeDrags, { once: true });
             } else if (changes.has("range")) {
                 chart.element.setAttribute("aria-label", labelOf(view));
                 chart.library.setOption({ series: seriesOf(view, palette) });

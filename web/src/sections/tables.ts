@@ -85,6 +85,7 @@ export function tablesSection(): Section {
         shown = { tab, table, large };
         fill(place, large.element);
         large.show(keepOf(view, table, tab));
+        place.dataset.shown = `tab-${tab}`; // for whoever measures
     };
 
     const showFilter = (view: View): void => {

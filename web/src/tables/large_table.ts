@@ -83,7 +83,7 @@ export class LargeTable {
             groupHeader: (value, count, _data, group) =>
                 this.#groupHeader(value, count, (group as unknown as { getField(): string }).getField()) as never,
             groupStartOpen: false,
-            renderVerticalBuffer: 600,
+            renderVerticalBuffer: 100,
         });
         this.#library.on("tableBuilt", () => this.#nameParts(place));
         this.#library.on("dataFiltered", (_filters, shown) => this.#showCount(shown.length));
