@@ -38,7 +38,8 @@ std::string FileAddress(std::string path) {
 }
 
 std::string FileAddressOf(const std::string& path) {
-    return FileAddress(Utf8Path(NativePath(AbsolutePath(path))));
+    const std::string absolute = AbsolutePath(path);
+    return absolute.empty() ? Utf8Path(path) : FileAddress(Utf8Path(NativePath(absolute)));
 }
 
 }  // namespace tradebill

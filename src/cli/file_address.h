@@ -10,7 +10,8 @@ namespace tradebill {
 /// ASCII letter or digit, is written by its number.
 [[nodiscard]] std::string FileAddress(std::string path);
 
-/// The same of a path as the user gave it, which may be relative to the folder of the program.
+/// The same of a path as the user gave it, which may be relative to the folder of the program; the path itself, if that
+/// folder isn't there any more.
 [[nodiscard]] std::string FileAddressOf(const std::string& path);
 
 }  // namespace tradebill

@@ -5,7 +5,6 @@
 #include <iterator>
 #include <map>
 #include <optional>
-#include <ranges>
 #include <set>
 #include <string>
 #include <string_view>
@@ -91,7 +90,9 @@ FilesByAccount WantedFiles(const std::vector<ImportedFile>& files, const ImportO
         if (std::ranges::none_of(wanted, isOf)) throw CNothingReadable("nothing was imported of account " + name);
     }
     if (wanted.empty()) throw CNothingReadable("nothing was imported");
-    CheckOneKind(std::views::keys(wanted));
+    std::vector<AccountKey> keys;
+    for (const auto& [account, ofAccount] : wanted) keys.push_back(account);
+    CheckOneKind(keys);
     return wanted;
 }
 

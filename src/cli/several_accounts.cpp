@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <ranges>
 #include <span>
 #include <string>
 #include <utility>
@@ -71,11 +70,19 @@ std::vector<KeptAccount> Named(std::span<const std::string> numbers, const Settl
 
 }  // namespace
 
+void CheckOneKind(std::span<const AccountKey> accounts) {
+    const auto isForeign = [](const AccountKey& account) { return account.isForeign; };
+    if (std::ranges::all_of(accounts, isForeign) || std::ranges::none_of(accounts, isForeign)) return;
+    throw CUsageError("--kind is missing: expected accounts of one kind, found domestic and foreign ones");
+}
+
 std::vector<ReportOptions> OptionsOfAccounts(const ReportOptions& given, std::span<const std::string> numbers) {
     CheckOptions(given);
     const SettledOptions settled = Settle(given);
     const std::vector<KeptAccount> accounts = numbers.empty() ? AllInRange(settled) : Named(numbers, settled);
-    CheckOneKind(std::views::transform(accounts, &KeptAccount::key));
+    std::vector<AccountKey> keys;
+    std::ranges::transform(accounts, std::back_inserter(keys), &KeptAccount::key);
+    CheckOneKind(keys);
     std::vector<ReportOptions> options;
     std::ranges::transform(accounts, std::back_inserter(options), [&](const KeptAccount& account) {
         ReportOptions own = given;

@@ -1,24 +1,17 @@
 // Commands over several accounts of one root.
 #pragma once
 
-#include <ranges>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "cli/report_options.h"
-#include "cli/usage_error.h"
 #include "report/account_key.h"
 
 namespace tradebill {
 
 /// Throws CUsageError for accounts of both kinds: their amounts are in different currencies and can't be added up.
-template <class Accounts>
-void CheckOneKind(const Accounts& accounts) {
-    const auto isForeign = [](const AccountKey& account) { return account.isForeign; };
-    if (std::ranges::all_of(accounts, isForeign) || std::ranges::none_of(accounts, isForeign)) return;
-    throw CUsageError("--kind is missing: expected accounts of one kind, found domestic and foreign ones");
-}
+void CheckOneKind(std::span<const AccountKey> accounts);
 
 /// The options of a report of each account below the root whose number is among `numbers` (of all accounts, if there
 /// are none), as far as `given` names user and kind. Its days are those of its statements, where none are given. In the

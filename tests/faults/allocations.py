@@ -48,6 +48,7 @@ COMMANDS = (
     ("documents", "fund-class", ("report", *account("fund-class"), "--out", ".", "--json", "r.json",
                                  "--standalone", "r.html")),
     ("second page", "fund-status", ("explore", *account("fund-status"), "-o", "explored.html")),
+    ("second page of a file", "field/units", ("explore", "field/units", "--out", ".", "-o", "explored.html")),
     ("foreign report", "foreign", ("report", *account("foreign"), "--out", ".", "--json", "-")),
     ("report by template", "template-pairs", ("report", *account("template-pairs"), "--out", ".")),
     ("tables", "fund-status", export("fund-status", *TABLES)),

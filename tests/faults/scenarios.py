@@ -85,6 +85,10 @@ SCENARIOS = (
     Scenario("second page",          report("--explore", "explored.html"), before=older("--explore", "explored.html")),
     Scenario("second page alone",    ("explore", *FUND_STATUS, *FIRST_DAYS, "-o", "explored.html"), before=(
                  ("explore", *FUND_STATUS, *OTHER_DAYS, "-o", "explored.html", "--quiet"),)),
+    Scenario("second page of two accounts", ("explore", "--root", "root", "--all-accounts", *FIRST_DAYS, "-o", "explored.html"), before=(
+                 ("import", BILLS, "--root", "root", "--user", "other"), ("explore", "--root", "root", "--all-accounts", *OTHER_DAYS,
+                  "-o", "explored.html", "--quiet"))),
+    Scenario("second page of files", ("explore", STATEMENT, "--out", "out", "-o", "explored.html"), tells_on_stdout=True),
     Scenario("tables, CSV",          export("--csv", "tables")),
     Scenario("tables, database",     export("--sqlite", "tables.db")),
     Scenario("CSV over older",       export("--csv", "tables"), before=(export("--csv", "tables", "--quiet", days=OTHER_DAYS),),

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <new>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -127,7 +128,9 @@ bool IsOpenablePath(const std::string& path) {
 
 std::string AbsolutePath(const std::string& path) {
     std::error_code error;
-    return std::filesystem::absolute(path, error).string();
+    std::string absolute = std::filesystem::absolute(path, error).string();
+    if (error == std::errc::not_enough_memory) throw std::bad_alloc();  // told as such, not as a path of nothing
+    return absolute;
 }
 
 std::string FolderOf(const std::string& path) {
