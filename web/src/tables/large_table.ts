@@ -17,6 +17,7 @@ import { plain } from "../page/format.ts";
 import type { View } from "../page/view.ts";
 import { cellText, definitionOf, isGroupable, shownColumns } from "./columns.ts";
 import { copyText, linesOf, save } from "./csv.ts";
+import { kRowHeight, RowRenderer } from "./row_renderer.ts";
 
 Tabulator.registerModule([
     EditModule,
@@ -30,7 +31,6 @@ Tabulator.registerModule([
     TooltipModule,
 ]);
 
-const kRowHeight = 27;
 const kHeadHeight = 110;
 const kMostHeight = 560;
 
@@ -77,13 +77,12 @@ export class LargeTable {
             columns: this.#columns.map((column) => definitionOf(this.#view, column)),
             height: heightOf(rows.length),
             layout: "fitDataFill",
-            rowHeight: kRowHeight,
             placeholder: this.#view.text("noRows"),
             columnDefaults: { resizable: "header" },
             groupHeader: (value, count, _data, group) =>
                 this.#groupHeader(value, count, (group as unknown as { getField(): string }).getField()) as never,
             groupStartOpen: false,
-            renderVerticalBuffer: 100,
+            renderVertical: RowRenderer as never,
         });
         this.#library.on("tableBuilt", () => this.#nameParts(place));
         this.#library.on("dataFiltered", (_filters, shown) => this.#showCount(shown.length));
