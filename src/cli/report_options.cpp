@@ -24,6 +24,7 @@
 #include "cli/input_ini.h"
 #include "cli/live_figures.h"
 #include "cli/product_tables.h"
+#include "cli/report_settings.h"
 #include "cli/statement_size.h"
 #include "cli/untold_options.h"
 #include "cli/usage_error.h"
@@ -45,27 +46,13 @@ namespace {
 constexpr const char* kNoUnits = "none";
 constexpr const char* kToday = "today";
 
-using Setting = std::optional<std::string> ReportOptions::*;
-
-/// A key of the request file and the option of the same meaning.
-struct RequestKey {
-    const char* key;
-    Setting setting;
-};
-
-// clang-format off
-constexpr RequestKey kRequestKeys[] = {
-    {"user",          &ReportOptions::user},
-    {"account",       &ReportOptions::account},
-    {"from",          &ReportOptions::from},
-    {"to",            &ReportOptions::to},
-    {"format",        &ReportOptions::format},
-    {"kind",          &ReportOptions::kind},
-    {"template",      &ReportOptions::templateName},
-    {"dpi",           &ReportOptions::dpi},
-    {"margin_offset", &ReportOptions::marginOffset},
-};
-// clang-format on
+std::vector<std::string_view> RequestKeys() {
+    std::vector<std::string_view> keys;
+    for (const ReportSetting& setting : kReportSettings) {
+        if (setting.isOfRequest) keys.push_back(setting.key);
+    }
+    return keys;
+}
 
 /// Fills what `options` leaves open from its request file, if it names one.
 ReportOptions WithRequestFile(ReportOptions options, std::vector<InputRead>& inputs) {
@@ -73,14 +60,15 @@ ReportOptions WithRequestFile(ReportOptions options, std::vector<InputRead>& inp
     const InputIni ini = LoadInputIniOrStream(*options.requestFile);
     inputs.push_back({"request", ini.digest});
     for (const CIniFile::Entry& entry : RequiredSection(ini, "REQUEST").entries) {
-        const auto* const known = std::ranges::find_if(
-            kRequestKeys, [&](const RequestKey& candidate) { return EqualsIgnoringCase(candidate.key, entry.key); });
-        if (known == std::end(kRequestKeys)) {
+        const auto* const known = std::ranges::find_if(kReportSettings, [&](const ReportSetting& setting) {
+            return setting.isOfRequest && EqualsIgnoringCase(setting.key, entry.key);
+        });
+        if (known == std::end(kReportSettings)) {
             throw CUsageError(ini.Place(entry.line) + ": expected " +
-                              OneOf(kRequestKeys, [](const RequestKey& row) { return row.key; }) + ", found \"" +
+                              OneOf(RequestKeys(), [](std::string_view key) { return key; }) + ", found \"" +
                               entry.key + "\"");
         }
-        auto& setting = options.*known->setting;
+        auto& setting = options.*known->value;
         if (!setting && !entry.value.empty()) setting = entry.value;
     }
     return options;

@@ -12,6 +12,7 @@
 
 #include "cli/findings_text.h"
 #include "cli/report_options.h"
+#include "cli/report_settings.h"
 #include "cli/shown_text.h"
 #include "driver/report_run.h"
 #include "findings/account_findings.h"
@@ -24,31 +25,6 @@
 
 namespace tradebill {
 namespace {
-
-struct OptionName {
-    std::string_view name;
-    std::optional<std::string> ReportOptions::*value;
-};
-
-// Those that change what is read; what is found doesn't depend on the others.
-// clang-format off
-constexpr OptionName kOptions[] = {
-    {"--root",          &ReportOptions::root},
-    {"--request",       &ReportOptions::requestFile},
-    {"--user",          &ReportOptions::user},
-    {"--account",       &ReportOptions::account},
-    {"--from",          &ReportOptions::from},
-    {"--to",            &ReportOptions::to},
-    {"--today",         &ReportOptions::today},
-    {"--format",        &ReportOptions::format},
-    {"--kind",          &ReportOptions::kind},
-    {"--template",      &ReportOptions::templateName},
-    {"--units",         &ReportOptions::unitFile},
-    {"--products",      &ReportOptions::productFile},
-    {"--live",          &ReportOptions::liveFile},
-    {"--max-statement", &ReportOptions::maxStatement},
-};
-// clang-format on
 
 /// As shells take it that know of escapes: what can't be shown, byte by byte.
 std::string QuotedBytes(std::string_view word) {
@@ -112,9 +88,9 @@ std::vector<Finding> CRunFindings::Collect(const RunResult& result) {
 
 std::string CheckCommandLine(const ReportOptions& options) {
     std::string line = "tradebill check";
-    for (const OptionName& option : kOptions) {
-        const std::optional<std::string>& value = options.*option.value;
-        if (value) line.append(" ").append(option.name).append(" ").append(Quoted(*value));
+    for (const ReportSetting& setting : kReportSettings) {
+        const std::optional<std::string>& value = options.*setting.value;
+        if (value && setting.isOfReading) line.append(" ").append(setting.option).append(" ").append(Quoted(*value));
     }
     return line;
 }
