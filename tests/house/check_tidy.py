@@ -3,12 +3,15 @@
 
 With --headers each header is looked at as a file of its own too, so that it must compile alone and include what it names:
 as much again, which tests/all.sh does. Sources of another system are left out, as in the build.
+With --sample N those sources are looked at that the last commits have changed, and one of N others, which ones changes
+with each commit.
 With --fix, what clang-tidy can mend is mended, one file after the other; clang-format follows, and a look at what it did.
 
-Usage: check_tidy.py [--headers] [--fix] SOURCE BUILD [PATH...] (a file or folder; all of src/ without)
+Usage: check_tidy.py [--headers] [--sample=N] [--fix] SOURCE BUILD [PATH...] (a file or folder; all of src/ without)
 """
 
 import concurrent.futures
+import hashlib
 import json
 import os
 import pathlib
@@ -21,6 +24,7 @@ CLANG_TIDY = "clang-tidy-19"
 DROPPED = {"-Winvalid-pch", "-Werror", "-g1", "-O2", "-c"}
 DROPPED_WITH_VALUE = {"-include", "-o"}
 OTHER_SYSTEM = ("windows", "gdi")
+LAST_COMMITS = 30
 
 
 def flags_of(entry):
@@ -47,6 +51,22 @@ def files_with_flags(source, build, paths, with_headers):
             yield path, flags
 
 
+def git(source, *arguments):
+    """What git says of the source's repository; nothing where there is none."""
+    run = subprocess.run(["git", "-C", str(source), *arguments], capture_output=True, text=True)
+    return run.stdout.split() if run.returncode == 0 else []
+
+
+def sample_of(files, source, share):
+    commit = "".join(git(source, "rev-parse", "HEAD"))
+    changed = set(git(source, "log", f"-{LAST_COMMITS}", "--format=", "--name-only"))
+    for path, flags in files:
+        name = str(path.relative_to(source))
+        digest = hashlib.sha256((commit + name).encode()).digest()
+        if name in changed or int.from_bytes(digest[:8], "big") % share == 0:
+            yield path, flags
+
+
 def findings(path, flags, fix):
     """What clang-tidy says, or nothing."""
     command = [CLANG_TIDY, "--quiet"] + (["--fix", "--format-style=file"] if fix else []) + [str(path), "--"] + flags
@@ -59,6 +79,9 @@ def main():
     fix = "--fix" in arguments
     source, build, *paths = [pathlib.Path(a).resolve() for a in arguments if not a.startswith("--")]
     files = list(files_with_flags(source, build, paths, "--headers" in arguments))
+    share = [int(a.removeprefix("--sample=")) for a in arguments if a.startswith("--sample=")]
+    if share:
+        files = list(sample_of(files, source, share[0]))
     # The longest first, so that the end isn't a wait for one.
     files.sort(key=lambda pair: -pair[0].stat().st_size)
     workers = 1 if fix else len(os.sched_getaffinity(0))
