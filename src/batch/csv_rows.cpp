@@ -1,6 +1,5 @@
 #include "batch/csv_rows.h"
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <functional>
 #include <nlohmann/json.hpp>
 #include <span>
 #include <string>

@@ -16,9 +16,9 @@ namespace tradebill {
 
 /// What is started, and what it may take.
 struct WorkerStart {
-    std::string program;                 ///< a file
+    std::string program;                      ///< a file
     std::vector<std::string> arguments = {};  ///< UTF-8
-    std::uint64_t mostMemory = 0;        ///< bytes, beyond which there is none left for it; 0: as many as there are
+    std::uint64_t mostMemory = 0;  ///< bytes, beyond which there is none left for it; 0: as many as there are
 };
 
 class CWorkerProcess {

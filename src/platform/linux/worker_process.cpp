@@ -1,18 +1,16 @@
 #include "platform/worker_process.h"
 
-#include <fcntl.h>
+#include <linux/prctl.h>
 #include <signal.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
-#include <sys/types.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
 #include <cstddef>
-#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
@@ -39,7 +37,7 @@ std::vector<char*> ArgumentsOf(const WorkerStart& start) {
     return pointers;
 }
 
-[[noreturn]] void BecomeWorker(char* const* arguments, int line, pid_t parent, rlim_t mostMemory) {
+[[noreturn]] void BecomeWorker(char* const* arguments, int line, int parent, rlim_t mostMemory) {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (::getppid() != parent) ::_exit(EXIT_FAILURE);  // it has ended already
     ::setpgid(0, 0);                                   // a terminal's interrupt is for the one that is at work with it
@@ -55,7 +53,7 @@ std::vector<char*> ArgumentsOf(const WorkerStart& start) {
 }  // namespace
 
 struct CWorkerProcess::State {
-    State(pid_t started, int socket) : process(started), line(socket) {}
+    State(int started, int socket) : process(started), line(socket) {}
     ~State() {
         Kill();
         Wait();
@@ -72,6 +70,7 @@ struct CWorkerProcess::State {
     /// The process is asked about once, and its number is another one's from then on.
     void Wait() {
         siginfo_t info{};
+        // NOLINTNEXTLINE(misc-include-cleaner): <sys/wait.h> has them
         Uninterrupted([&] { return ::waitid(P_PID, static_cast<id_t>(process), &info, WEXITED | WNOWAIT); });
         const std::lock_guard lock(mutex);
         if (isOver) return;
@@ -79,7 +78,7 @@ struct CWorkerProcess::State {
         isOver = true;
     }
 
-    const pid_t process;
+    const int process;
     const int line;  ///< a socket to its standard streams
     std::mutex mutex;
     bool isOver = false;
@@ -96,8 +95,8 @@ CWorkerProcess::CWorkerProcess(const WorkerStart& start) {
     int ends[2];
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) return;
     const std::vector<char*> pointers = ArgumentsOf(start);
-    const pid_t parent = ::getpid();
-    const pid_t process = ::fork();
+    const int parent = ::getpid();
+    const int process = ::fork();
     if (process == 0) BecomeWorker(pointers.data(), ends[1], parent, start.mostMemory);
     const int failure = errno;
     ::close(ends[1]);
@@ -147,6 +146,7 @@ void CWorkerProcess::Kill() {
 std::optional<int> CWorkerProcess::Finish() {
     ::shutdown(state_->line, SHUT_WR);
     state_->Wait();
+    // NOLINTNEXTLINE(misc-include-cleaner): <sys/wait.h> has them
     return WIFEXITED(state_->status) ? std::optional(WEXITSTATUS(state_->status)) : std::nullopt;
 }
 
