@@ -47,6 +47,20 @@ inline HANDLE OpenForProgram(const std::string& path, DWORD access, DWORD dispos
                          FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
+/// Starts a command line. Under load Wine starts nothing now and then; what wasn't started has done nothing, so it is
+/// tried again.
+inline bool StartProgram(std::string& command, STARTUPINFOA& start, PROCESS_INFORMATION& started) {
+    constexpr int kMostTries = 4;
+    constexpr DWORD kPause = 500;  // milliseconds
+    for (int tries = 1;; ++tries) {
+        if (::CreateProcessA(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &started)) {
+            return true;
+        }
+        if (tries == kMostTries) return false;
+        ::Sleep(kPause);
+    }
+}
+
 /// Runs a command line without a shell between, which would take most of the time. -1 if it can't be started.
 inline int RunWithOutputs(std::string command, const std::string& out, const std::string& err) {
     const CUniqueHandle input(OpenForProgram("NUL", GENERIC_READ, OPEN_EXISTING));
@@ -59,9 +73,7 @@ inline int RunWithOutputs(std::string command, const std::string& out, const std
     start.hStdOutput = output.Get();
     start.hStdError = error.Get();
     PROCESS_INFORMATION started{};
-    if (!::CreateProcessA(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &started)) {
-        return -1;
-    }
+    if (!StartProgram(command, start, started)) return -1;
     const CUniqueHandle process(started.hProcess);
     const CUniqueHandle thread(started.hThread);
     DWORD exit = 0;
