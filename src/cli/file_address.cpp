@@ -4,12 +4,11 @@
 #include <string>
 #include <string_view>
 
+#include "base/address.h"
 #include "platform/paths.h"
 
 namespace tradebill {
 namespace {
-
-constexpr std::string_view kPlain = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/:";
 
 bool HasDrive(std::string_view path) {
     return path.size() > 1 && path[1] == ':' && path.find('/') == 2;
@@ -24,17 +23,8 @@ bool IsWindowsPath(std::string_view path) {
 
 std::string FileAddress(std::string path) {
     if (IsWindowsPath(path)) std::ranges::replace(path, '\\', '/');
-    std::string address = path.starts_with("//") ? "file:" : HasDrive(path) ? "file:///" : "file://";
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    for (const char byte : path) {
-        if (kPlain.find(byte) != std::string_view::npos) {
-            address += byte;
-            continue;
-        }
-        const auto number = static_cast<unsigned char>(byte);
-        address += {'%', kDigits[number >> 4U], kDigits[number & 15U]};
-    }
-    return address;
+    const std::string_view opening = path.starts_with("//") ? "file:" : HasDrive(path) ? "file:///" : "file://";
+    return std::string(opening) + AddressPath(path, ":");
 }
 
 std::string FileAddressOf(const std::string& path) {
