@@ -2,11 +2,10 @@
 import { readAccounts } from "./data/account.ts";
 import { beginReading } from "./data/blocks.ts";
 import { wholeOf } from "./figures/range.ts";
-import { h } from "./page/dom.ts";
+import { openPage } from "./page/opening.ts";
 import { showPage } from "./page/page.ts";
 import { State } from "./page/state.ts";
 import { View } from "./page/view.ts";
-import { textOf } from "./text/texts.ts";
 
 async function start(): Promise<void> {
     beginReading(["head", "0.days", "0.figures", "0.findings"]); // what the first account needs at once
@@ -17,10 +16,4 @@ async function start(): Promise<void> {
     await showPage(new View(state));
 }
 
-function tellDamage(error: unknown): void {
-    const why = error instanceof Error ? error.message : String(error);
-    const lines = (["zh", "en"] as const).map((language) => h("p", { role: "alert" }, textOf(language, "damaged", { why })));
-    document.body.prepend(...lines);
-}
-
-void start().catch(tellDamage);
+openPage(start);

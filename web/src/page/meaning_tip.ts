@@ -3,7 +3,7 @@ import { h } from "./dom.ts";
 
 export function installMeaningTip(): void {
     const box = h("div", { class: "meaning", role: "tooltip", hidden: true });
-    document.body.append(box);
+    (document.querySelector("main") ?? document.body).append(box);
     const show = (event: Event): void => {
         const term = (event.target as Element).closest?.("[data-meaning]");
         if (term === null || term === undefined) return;
@@ -13,7 +13,8 @@ export function installMeaningTip(): void {
         const { offsetWidth, offsetHeight } = box;
         box.style.left = `${Math.max(8, Math.min(at.left, innerWidth - offsetWidth - 8))}px`;
         const below = at.bottom + 6;
-        box.style.top = `${below + offsetHeight > innerHeight ? at.top - offsetHeight - 6 : below}px`;
+        const above = Math.max(8, at.top - offsetHeight - 6);
+        box.style.top = `${below + offsetHeight > innerHeight ? above : below}px`;
     };
     const hide = (): void => void (box.hidden = true);
     document.addEventListener("mouseover", (event) => ((event.target as Element).closest?.("[data-meaning]") === null ? hide() : show(event)));

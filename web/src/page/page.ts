@@ -14,6 +14,7 @@ import { tablesSection } from "../sections/tables.ts";
 import { fill, h } from "./dom.ts";
 import { installMeaningTip } from "./meaning_tip.ts";
 import { listenToKeys, showRangeBar } from "./range_bar.ts";
+import { applyLook, footLines, settings } from "./settings.ts";
 import type { Change } from "./state.ts";
 import type { View } from "./view.ts";
 
@@ -28,25 +29,11 @@ function accountChoice(view: View): HTMLElement {
     return h("label", {}, `${view.text("account")} `, h("select", { change: choose }, ...options));
 }
 
-function settings(view: View): HTMLElement {
-    const { state } = view;
-    const button = (text: string, isPressed: boolean | null, click: () => void): HTMLElement =>
-        h("button", { type: "button", "aria-pressed": isPressed === null ? null : String(isPressed), click }, text);
-    return h(
-        "div",
-        { class: "settings", role: "group", "aria-label": view.text("settings") },
-        button(view.text("language"), null, () => state.setLook({ language: state.language === "zh" ? "en" : "zh" })),
-        button(view.text(state.isRedGain ? "colours" : "coloursSwapped"), null, () => state.setLook({ isRedGain: !state.isRedGain })),
-        button(view.text(state.hidesAmounts ? "showAmounts" : "hideAmounts"), state.hidesAmounts, () => state.setLook({ hidesAmounts: !state.hidesAmounts })),
-        button(view.text("print"), null, () => print()),
-    );
-}
-
 function showHead(head: HTMLElement, view: View, sections: readonly Section[]): void {
     const links = sections.filter((section) => section.isThere(view)).map((section) => h("a", { href: `#${section.id}` }, view.text(section.title)));
     fill(
         head,
-        h("div", { class: "head-line" }, h("h1", {}, view.text("title")), accountChoice(view), settings(view)),
+        h("div", { class: "head-line" }, h("h1", {}, view.text("title")), accountChoice(view), settings((key) => view.text(key), view.state)),
         h("nav", { "aria-label": view.text("sections") }, ...links),
     );
 }
@@ -151,13 +138,12 @@ export async function showPage(view: View): Promise<void> {
 
     const shower = new Shower(view, sections);
     const show = (changes: ReadonlySet<Change>): void => {
-        document.documentElement.lang = state.language === "zh" ? "zh-CN" : "en";
-        document.documentElement.dataset.gain = state.isRedGain ? "red" : "green";
+        applyLook(state);
         document.title = `${view.accountName()} · ${view.text("title")}`;
         skip.textContent = view.text("skip");
         if (changes.has("account") || changes.has("look")) {
             showHead(head, view, sections);
-            fill(foot, h("p", {}, view.text("madeBy", { program: state.program })), licences(view));
+            fill(foot, ...footLines((key, values) => view.text(key, values), state.program));
         }
         bar.setAttribute("aria-label", view.text("range"));
         showRangeBar(bar, view);
@@ -167,10 +153,4 @@ export async function showPage(view: View): Promise<void> {
     listenToKeys(view);
     listenToPrint(view, shower);
     show(kAll);
-}
-
-/** The texts of the licences stand in the page, in a block of their own. */
-function licences(view: View): HTMLElement {
-    const text = document.getElementById("licences")?.textContent ?? "";
-    return h("details", {}, h("summary", {}, view.text("licences")), h("pre", { tabindex: 0 }, text.trim()));
 }

@@ -3,6 +3,7 @@ import type { Table } from "../data/table.ts";
 import { fill, h } from "../page/dom.ts";
 import type { Filter } from "../page/state.ts";
 import type { View } from "../page/view.ts";
+import { lookOf } from "../tables/columns.ts";
 import { LargeTable } from "../tables/large_table.ts";
 import { frameOf, type Section } from "./section.ts";
 
@@ -81,7 +82,7 @@ export function tablesSection(): Section {
         const table = await view.state.account.table(tab);
         if (tab !== chosen) return;
         shown?.large.destroy();
-        const large = new LargeTable(view, tab, table);
+        const large = new LargeTable(lookOf(view, table), tab, table);
         shown = { tab, table, large };
         fill(place, large.element);
         large.show(keepOf(view, table, tab));

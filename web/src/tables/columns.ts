@@ -3,7 +3,7 @@ import type { ColumnDefinition } from "tabulator-tables";
 import type { Column, Table } from "../data/table.ts";
 import { dayText, kNothing, percent, plain } from "../page/format.ts";
 import type { View } from "../page/view.ts";
-import { numberFits, textFits } from "./conditions.ts";
+import { columnDefinition, type TableLook } from "./table_look.ts";
 
 /** Money that tells how large an account is. Prices don't. */
 const kMoney: ReadonlySet<string> = new Set([
@@ -28,14 +28,12 @@ const kLeftOut: ReadonlySet<string> = new Set([
     ...["HOST_POSITION_PL", "XQSXF"],
 ]);
 
-export function isGroupable(name: string): boolean {
-    return kGroupable.has(name);
-}
+const kMostHeight = 560;
 
 const kFirst = ["day", "BILL_DATE", "account", "product", "fullContract", "side", "BID", "pl"];
 
 /** Those that say something: what a row is about first, then the others in the order of the table. */
-export function shownColumns(table: Table): Column[] {
+function shownColumns(table: Table): Column[] {
     const replaced = table.has("fullContract") ? ["CONTRACT", "DELIVERY"] : table.has("day") ? ["BILL_DATE"] : [];
     const shown = table.columns.filter(
         (column) => !kLeftOut.has(column.name) && !replaced.includes(column.name) && table.isFilled(column),
@@ -44,7 +42,7 @@ export function shownColumns(table: Table): Column[] {
     return shown.sort((left, right) => placeOf(left) - placeOf(right));
 }
 
-export function cellText(view: View, column: Column, value: unknown): string {
+function cellText(view: View, column: Column, value: unknown): string {
     if (value === null || value === undefined || value === "") return kNothing;
     if ("values" in column) {
         const number = value as number;
@@ -57,20 +55,10 @@ export function cellText(view: View, column: Column, value: unknown): string {
     return column.kind === "day" ? dayText(text) : view.cellText(text);
 }
 
-export function definitionOf(view: View, column: Column): ColumnDefinition {
-    const isNumber = "values" in column;
-    const title = view.columnLabel(column.name);
-    const meaning = view.columnMeaning(column.name);
+function definitionOf(view: View, look: TableLook, column: Column): ColumnDefinition {
     const isHidden = view.state.hidesAmounts && (kMoney.has(column.name) || kSizes.has(column.name) || column.name === "account");
     return {
-        title,
-        field: column.name,
-        hozAlign: isNumber ? "right" : "left",
-        headerHozAlign: isNumber ? "right" : "left",
-        headerTooltip: meaning === "" ? false : meaning,
-        sorter: isNumber ? "number" : "string",
-        sorterParams: { alignEmptyValues: "bottom" } as never,
-        minWidth: isNumber ? 100 : 88,
+        ...columnDefinition(look, column, { meaning: view.columnMeaning(column.name), canFilter: !isHidden }),
         formatter: (cell) => {
             const value: unknown = cell.getValue();
             if (kToned.has(column.name)) cell.getElement().classList.add(view.toneOf(value as number | null));
@@ -78,12 +66,21 @@ export function definitionOf(view: View, column: Column): ColumnDefinition {
             text.textContent = cellText(view, column, value);
             return text;
         },
-        headerFilter: isHidden ? undefined : "input",
-        headerFilterPlaceholder: view.text(isNumber ? "numberFilterHint" : "filterHint"),
-        headerFilterParams: { elementAttributes: { "aria-label": view.text("filterColumn", { name: title }) } } as never,
-        headerFilterFunc: (condition: string, value: unknown) =>
-            isNumber
-                ? numberFits(condition, value as number | null)
-                : textFits(condition, value as string | null, cellText(view, column, value)),
     };
+}
+
+/** How a table of an account's rows looks. */
+export function lookOf(view: View, table: Table): TableLook {
+    const look: TableLook = {
+        label: view.text("tables"),
+        columns: shownColumns(table),
+        hidesAmounts: view.state.hidesAmounts,
+        mostHeight: kMostHeight,
+        text: (key, values) => view.text(key, values),
+        columnLabel: (name) => view.columnLabel(name),
+        cellText: (column, value) => cellText(view, column, value),
+        definitionOf: (column) => definitionOf(view, look, column),
+        isGroupable: (name) => kGroupable.has(name),
+    };
+    return look;
 }

@@ -112,7 +112,11 @@ export type TextKey = keyof typeof kTexts;
 
 /** A text of the page; "{name}" in it stands for a value. */
 export function textOf(language: Language, key: TextKey, values: Record<string, string | number> = {}): string {
-    const text: string = kTexts[key][language === "zh" ? 0 : 1];
+    return filledIn(pick(language, kTexts[key]), values);
+}
+
+/** `text` with its values in the place of their names. */
+export function filledIn(text: string, values: Record<string, string | number>): string {
     return text.replace(/\{(\w+)\}/g, (_, name: string) => String(values[name] ?? ""));
 }
 
