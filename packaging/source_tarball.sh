@@ -17,7 +17,7 @@ trap 'rm -rf "$work"' EXIT
 
 git -C "$source" archive --prefix="$name/" HEAD | tar -x -C "$work"
 mkdir -p "$work/$name/web/dist"
-cp "$build/viewer/explore.html" "$work/$name/web/dist/"
+cp "$build"/viewer/{explore,accounts}.html "$work/$name/web/dist/"
 date=$(git -C "$source" log -1 --format=%ct)
 chmod -R u=rwX,go=rX "$work/$name"
 tar -c -C "$work" --sort=name --mtime="@$date" --owner=0 --group=0 --numeric-owner --format=ustar "$name" |

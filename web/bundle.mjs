@@ -1,7 +1,7 @@
-// Makes the second page but for its data: styles, script and licences in one file, and the policy that lets them run.
+// Makes the viewer's pages but for their data: styles, script and licences in one file each, and the policy that lets them run.
 //
-// Usage: node bundle.mjs MODULES OUT
-// MODULES is the folder node_modules that `npm ci` made; OUT is written whole or not at all.
+// Usage: node bundle.mjs MODULES FOLDER
+// MODULES is the folder node_modules that `npm ci` made; each page in FOLDER is written whole or not at all.
 import { createHash } from "node:crypto";
 import { readFileSync, readdirSync, renameSync, writeFileSync } from "node:fs";
 import { createRequire } from "node:module";
@@ -9,8 +9,14 @@ import { dirname, join, resolve } from "node:path";
 import { fileURLToPath } from "node:url";
 import { deflateSync } from "node:zlib";
 
-const [, , modules, out] = process.argv;
-if (out === undefined) throw new Error("usage: node bundle.mjs MODULES OUT");
+/// `entry` and `styles` are files of src/; the titles stand there until the script has run.
+const pages = [
+    { name: "explore.html", entry: "main.ts", styles: "style/page.css", title: "账户探索", english: "Account explorer" },
+    { name: "accounts.html", entry: "accounts.ts", styles: "style/accounts.css", title: "账户索引", english: "Accounts" },
+];
+
+const [, , modules, folder] = process.argv;
+if (folder === undefined) throw new Error("usage: node bundle.mjs MODULES FOLDER");
 const here = dirname(fileURLToPath(import.meta.url));
 const { build } = createRequire(join(resolve(modules), "index.js"))("esbuild");
 
@@ -58,24 +64,32 @@ async function bundled(entry, more = {}) {
 const hashOf = (script) => `'sha256-${createHash("sha256").update(script).digest("base64")}'`;
 const escaped = (text) => text.replaceAll("&", "&amp;").replaceAll("<", "&lt;");
 
-const viewer = await bundled("main.ts", { metafile: true, format: "iife" });
 const starter = (await bundled("starter.ts", { format: "iife" })).outputFiles[0].text.trim();
-const styles = (await bundled("style/page.css")).outputFiles[0].text.trim();
-const script = viewer.outputFiles[0].text;
-const parts = {
-    policy: [
-        "default-src 'none'",
-        `script-src ${hashOf(starter)} ${hashOf(script)}`,
-        "style-src 'unsafe-inline'",
-        "img-src data: blob:",
-        "base-uri 'none'",
-        "form-action 'none'",
-    ].join("; "),
-    styles,
-    licences: escaped(librariesOf(viewer.metafile).map(licenceOf).join("\n\n" + "=".repeat(72) + "\n\n")),
-    viewer: deflateSync(script, { level: 9 }).toString("base64"),
-    starter,
-};
-const page = readFileSync(join(here, "src/page.html"), "utf8").replace(/\{\{(\w+)\}\}/g, (_, name) => parts[name]);
-writeFileSync(`${out}.part`, page);
-renameSync(`${out}.part`, out);
+
+async function pageOf({ entry, styles, title, english }) {
+    const viewer = await bundled(entry, { metafile: true, format: "iife" });
+    const script = viewer.outputFiles[0].text;
+    const parts = {
+        policy: [
+            "default-src 'none'",
+            `script-src ${hashOf(starter)} ${hashOf(script)}`,
+            "style-src 'unsafe-inline'",
+            "img-src data: blob:",
+            "base-uri 'none'",
+            "form-action 'none'",
+        ].join("; "),
+        title,
+        english,
+        styles: (await bundled(styles)).outputFiles[0].text.trim(),
+        licences: escaped(librariesOf(viewer.metafile).map(licenceOf).join("\n\n" + "=".repeat(72) + "\n\n")),
+        viewer: deflateSync(script, { level: 9 }).toString("base64"),
+        starter,
+    };
+    return readFileSync(join(here, "src/page.html"), "utf8").replace(/\{\{(\w+)\}\}/g, (_, name) => parts[name]);
+}
+
+for (const page of pages) {
+    const out = join(folder, page.name);
+    writeFileSync(`${out}.part`, await pageOf(page));
+    renameSync(`${out}.part`, out);
+}

@@ -1,6 +1,6 @@
 // How figures look, what is looked for above columns, what is copied, and whether both languages are complete.
 //
-// Usage: node texts_test.mjs MODULES PROGRAM VIEWER DOCS, where VIEWER is the page without data
+// Usage: node texts_test.mjs MODULES PROGRAM VIEWER DOCS, where VIEWER is the folder with the pages without data
 import assert from "node:assert/strict";
 import { execFileSync } from "node:child_process";
 import { readFileSync } from "node:fs";
@@ -9,7 +9,7 @@ import { test } from "node:test";
 
 import { viewerModules } from "./viewer_modules.mjs";
 
-const [, , modules, program, page, documents] = process.argv;
+const [, , modules, program, pages, documents] = process.argv;
 const viewer = await viewerModules(modules, [
     "page/format.ts",
     "tables/conditions.ts",
@@ -85,11 +85,23 @@ test("every text has Chinese and English", () => {
     }
 });
 
+/// Names and versions of the libraries that a page has licences of, and the licences.
+function librariesOf(page) {
+    const licences = /<script type="text\/plain" id="licences">([^]*?)<\/script>/.exec(readFileSync(join(pages, page), "utf8"))[1];
+    const heads = [...licences.matchAll(/^([\w@/.-]+) ([\d.]+) \(([^)]+)\)$/gm)];
+    return { names: heads.map(([, name, version]) => `${name} ${version}`).sort(), licences };
+}
+
 test("the libraries are those that are told, with their licences", () => {
-    const licences = /<script type="text\/plain" id="licences">([^]*?)<\/script>/.exec(readFileSync(page, "utf8"))[1];
-    const inPage = [...licences.matchAll(/^([\w@/.-]+) ([\d.]+) \(([^)]+)\)$/gm)].map(([, name, version]) => `${name} ${version}`);
+    const { names, licences } = librariesOf("explore.html");
     const told = readFileSync(join(documents, "viewer-licences.md"), "utf8");
-    const rows = [...told.matchAll(/^\| ([\w@/.-]+) \| ([\d.]+) \|/gm)].map(([, name, version]) => `${name} ${version}`);
-    assert.deepEqual([...inPage].sort(), [...rows].sort());
+    const rows = [...told.matchAll(/^\| ([\w@/.-]+) \| ([\d.]+) \|/gm)].map(([, name, version]) => `${name} ${version}`).sort();
+    assert.deepEqual(names, rows);
     for (const words of ["Apache License", "Permission is hereby granted", "Redistribution and use"]) assert.ok(licences.includes(words), words);
+});
+
+test("the index of a batch is without charts", () => {
+    const { names, licences } = librariesOf("accounts.html");
+    assert.deepEqual(names.map((name) => name.split(" ")[0]), ["tabulator-tables"]);
+    assert.ok(licences.includes("Permission is hereby granted"));
 });
