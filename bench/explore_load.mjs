@@ -1,5 +1,5 @@
 // How long the page to explore an account takes in Chromium, and how much memory: until the first chart, until all
-// sections are there, and each large table as it is shown and scrolled. Medians of several openings; nothing is judged.
+// sections are there, and each large table as it is shown and scrolled. Of the index of a batch, the table alone. Medians of several openings; nothing is judged.
 // Usage: node explore_load.mjs [--runs N] PAGE..., in a folder with playwright-core (build/linux/tests/browser/modules).
 import { readFileSync, statSync } from "node:fs";
 import { createRequire } from "node:module";
@@ -29,7 +29,7 @@ async function memoryOf(browser) {
 /// bar at its side, and of turns of a wheel by a third of its height.
 function blanksOf(page) {
     return page.evaluate(async () => {
-        const body = document.querySelector("#tables .tabulator-tableholder");
+        const body = document.querySelector(":is(#tables, #list) .tabulator-tableholder");
         const frame = () => new Promise((done) => requestAnimationFrame(done));
         const isCovered = () => {
             const { top, height } = body.getBoundingClientRect();
@@ -54,7 +54,23 @@ function blanksOf(page) {
     });
 }
 
+/// The index of a batch has one table, which is there from the start.
+async function showIndexTable(browser, page) {
+    const [jumps, turns] = await blanksOf(page);
+    const [now] = await memoryOf(browser);
+    const rows = await page.locator("#list .count").innerText();
+    const blanks = `blank for ${jumps.toFixed(0)} ms behind a jump, ${turns.toFixed(0)} ms behind a wheel`;
+    const sorted = await page.evaluate(async () => {
+        const start = performance.now();
+        document.querySelector('.tabulator-col[tabulator-field="equity"] .tabulator-col-title').click();
+        await new Promise((done) => requestAnimationFrame(() => setTimeout(done)));
+        return performance.now() - start;
+    });
+    console.log(`  ${rows}: ${blanks}, sorted in ${sorted.toFixed(0)} ms, ${now.toFixed(0)} MB`);
+}
+
 async function showTables(browser, page) {
+    if ((await page.locator("#list").count()) === 1) return showIndexTable(browser, page);
     await page.locator("#tables").scrollIntoViewIfNeeded();
     for (const tab of await page.locator("#tables [role=tab]").all()) {
         const start = Date.now();
@@ -83,7 +99,7 @@ async function open(path, withTables) {
         const marks = await page.evaluate(() => performance.getEntriesByType("mark").map(({ name, startTime }) => [name, startTime]));
         const memory = await memoryOf(browser);
         if (withTables) await showTables(browser, page);
-        return { chart: Object.fromEntries(marks).course ?? 0, all: Math.max(...marks.map(([, at]) => at)), memory };
+        return { first: Object.fromEntries(marks).course ?? marks[0][1], all: Math.max(...marks.map(([, at]) => at)), memory };
     } finally {
         await browser.close();
     }
@@ -95,6 +111,6 @@ for (const path of given) {
     for (let run = 0; run < runs; ++run) opened.push(await open(path, false));
     const of = (name) => median(opened.map((each) => each[name])).toFixed(0);
     const [now, most] = [0, 1].map((at) => median(opened.map(({ memory }) => memory[at])).toFixed(0));
-    console.log(`  first chart ${of("chart")} ms, all sections ${of("all")} ms, ${now} MB (at most ${most} MB resident)`);
+    console.log(`  first chart or table ${of("first")} ms, all sections ${of("all")} ms, ${now} MB (at most ${most} MB resident)`);
     await open(path, true);
 }
