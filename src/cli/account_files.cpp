@@ -26,23 +26,35 @@ std::vector<std::string> NamesBelow(const std::string& folder) {
     throw CUnreadableInput(folder, reason);
 }
 
-void AddStatementsOf(const std::string& user, const std::string& bills, AccountFiles& files) {
-    for (const std::string& name : NamesBelow(bills)) {
-        const auto parts = PartsOfStatementName(name);
-        if (!parts) continue;
-        files[{user, parts->account, parts->isForeign}].push_back(
-            {.day = parts->day, .path = std::string(bills).append("/").append(name), .ending = parts->ending});
-    }
+std::string BillsOf(const std::string& root, const std::string& user) {
+    return root + "/Users/" + user + "/Data/Bill";
 }
 
 }  // namespace
 
+std::vector<std::string> UsersBelow(const std::string& root) {
+    return NamesBelow(root + "/Users");
+}
+
+void WalkStatements(const std::string& root, const std::optional<std::string>& onlyUser,
+                    const OnStatement& onStatement) {
+    for (const std::string& user : onlyUser ? std::vector{*onlyUser} : UsersBelow(root)) {
+        if (!MayBeFolder(root + "/Users/" + user)) continue;
+        for (const std::string& name : NamesBelow(BillsOf(root, user))) {
+            const auto parts = PartsOfStatementName(name);
+            if (parts) onStatement({user, parts->account, parts->isForeign}, *parts);
+        }
+    }
+}
+
 AccountFiles FindAccountFiles(const std::string& root, const std::optional<std::string>& onlyUser) {
     AccountFiles files;
-    const std::string users = root + "/Users/";
-    for (const std::string& user : onlyUser ? std::vector{*onlyUser} : NamesBelow(root + "/Users")) {
-        if (MayBeFolder(users + user)) AddStatementsOf(user, users + user + "/Data/Bill", files);
-    }
+    WalkStatements(root, onlyUser, [&](const AccountKey& account, const StatementNameParts& name) {
+        files[account].push_back(
+            {.day = name.day,
+             .path = BillsOf(root, account.user) + "/" + StatementName(account, name.day, name.ending),
+             .ending = name.ending});
+    });
     for (auto& [account, places] : files) {
         std::ranges::sort(places, [](const StatementPlace& left, const StatementPlace& right) {
             return std::pair(left.day, right.ending) < std::pair(right.day, left.ending);

@@ -1,7 +1,9 @@
 #include "cli/kept_accounts.h"
 
 #include <algorithm>
+#include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/day.h"
@@ -13,31 +15,34 @@
 namespace tradebill {
 namespace {
 
-bool IsWanted(const AccountKey& key, const WantedAccount& wanted) {
-    return (!wanted.account || *wanted.account == key.account) &&
-           (!wanted.isForeign || *wanted.isForeign == key.isForeign);
-}
-
 /// Whether a run finds the file as the statement of its day.
-bool IsFound(const StatementPlace& place, const CalendarDay& present) {
-    if (!IsCalendarDay(place.day)) return false;
-    return place.ending == kFinishedEnding || ParsePackedDay(place.day) == present;
+bool IsFound(const StatementNameParts& name, const CalendarDay& present) {
+    if (!IsCalendarDay(name.day)) return false;
+    return name.ending == kFinishedEnding || ParsePackedDay(name.day) == present;
 }
 
 }  // namespace
 
+bool IsWanted(const AccountKey& key, const WantedAccount& wanted) {
+    return (!wanted.user || *wanted.user == key.user) && (!wanted.account || *wanted.account == key.account) &&
+           (!wanted.isForeign || *wanted.isForeign == key.isForeign);
+}
+
 std::vector<KeptAccount> FindKeptAccounts(const std::string& root, const WantedAccount& wanted,
                                           const CalendarDay& present) {
-    std::vector<KeptAccount> accounts;
-    for (const auto& [key, places] : FindAccountFiles(root, wanted.user)) {
-        if (!IsWanted(key, wanted)) continue;
-        const auto isFound = [&present](const StatementPlace& place) { return IsFound(place, present); };
-        const auto first = std::ranges::find_if(places, isFound);
-        if (first == places.end()) continue;
-        const auto last = std::find_if(places.rbegin(), places.rend(), isFound);
-        accounts.push_back({.key = key, .firstDay = first->day, .lastDay = last->day});
-    }
-    return accounts;
+    std::map<AccountKey, KeptAccount> accounts;
+    WalkStatements(root, wanted.user, [&](const AccountKey& key, const StatementNameParts& name) {
+        if (!IsWanted(key, wanted) || !IsFound(name, present)) return;
+        const auto [place, isNew] =
+            accounts.try_emplace(key, KeptAccount{.key = key, .firstDay = name.day, .lastDay = name.day});
+        KeptAccount& account = place->second;
+        account.firstDay = std::min(account.firstDay, name.day);
+        account.lastDay = std::max(account.lastDay, name.day);
+    });
+    std::vector<KeptAccount> list;
+    list.reserve(accounts.size());
+    for (auto& [key, account] : accounts) list.push_back(std::move(account));
+    return list;
 }
 
 std::string AccountOptions(const AccountKey& key) {

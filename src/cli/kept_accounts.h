@@ -1,6 +1,7 @@
 // The accounts below a root folder, and the days that they have statements of.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,6 +19,8 @@ struct WantedAccount {
     std::optional<bool> isForeign = {};
 };
 
+[[nodiscard]] bool IsWanted(const AccountKey& key, const WantedAccount& wanted);
+
 /// An account that has a statement.
 struct KeptAccount {
     AccountKey key;        ///< names as the file system has them
@@ -30,6 +33,10 @@ struct KeptAccount {
 /// is there and can't be looked into.
 [[nodiscard]] std::vector<KeptAccount> FindKeptAccounts(const std::string& root, const WantedAccount& wanted,
                                                         const CalendarDay& present);
+
+/// FindKeptAccounts, or whoever knows what it would find.
+using AccountLookup = std::function<std::vector<KeptAccount>(const std::string& root, const WantedAccount& wanted,
+                                                             const CalendarDay& present)>;
 
 /// The options that name an account: "--user demo --account 90010002", and "--kind foreign" behind it.
 [[nodiscard]] std::string AccountOptions(const AccountKey& key);

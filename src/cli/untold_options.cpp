@@ -28,10 +28,11 @@ std::string Listed(const std::vector<KeptAccount>& accounts) {
 }
 
 /// An account whose family isn't told is a domestic one, if it may be either.
-std::vector<KeptAccount> FittingAccounts(const ReportOptions& options, const PresentDay& present) {
+std::vector<KeptAccount> FittingAccounts(const ReportOptions& options, const PresentDay& present,
+                                         const AccountLookup& lookUp) {
     WantedAccount wanted{.user = options.user, .account = options.account};
     if (options.kind) wanted.isForeign = KindNumber(options.kind) == kForeignKind;
-    std::vector<KeptAccount> accounts = FindKeptAccounts(*options.root, wanted, present.day);
+    std::vector<KeptAccount> accounts = lookUp(*options.root, wanted, present.day);
     const bool hasBoth = options.user && options.account && accounts.size() > 1;
     if (hasBoth) std::erase_if(accounts, [](const KeptAccount& account) { return account.key.isForeign; });
     return accounts;
@@ -49,10 +50,10 @@ std::string MissingOption(const ReportOptions& options, const std::vector<KeptAc
 
 }  // namespace
 
-void FindUntold(ReportOptions& options, const PresentDay& present) {
+void FindUntold(ReportOptions& options, const PresentDay& present, const AccountLookup& lookUp) {
     const bool lacksAccount = !options.user || !options.account;
     if (!lacksAccount && options.from && options.to) return;
-    const std::vector<KeptAccount> accounts = FittingAccounts(options, present);
+    const std::vector<KeptAccount> accounts = FittingAccounts(options, present, lookUp);
     const std::string missing = MissingOption(options, accounts);
     if (accounts.empty() && lacksAccount) {
         throw CUsageError(missing + " is missing: expected an account's statements below \"" + *options.root +
