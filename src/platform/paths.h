@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tradebill {
@@ -26,6 +27,8 @@ inline constexpr std::size_t kLongestPath = 259;
 
 /// A path as UTF-8. On Linux paths are bytes, and mostly are UTF-8.
 [[nodiscard]] std::string Utf8Path(const std::string& path);
+/// The way back. What the system's code page lacks becomes what stands for it there, which leads nowhere.
+[[nodiscard]] std::string PathOfUtf8(std::string_view text);
 
 /// Whether both paths lead to one file, however they are spelled. False if either isn't there.
 [[nodiscard]] bool IsSameFile(const std::string& one, const std::string& other);

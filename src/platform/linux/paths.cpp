@@ -55,6 +55,10 @@ std::string Utf8Path(const std::string& path) {
     return path;
 }
 
+std::string PathOfUtf8(std::string_view text) {
+    return std::string(text);
+}
+
 bool IsSameFile(const std::string& one, const std::string& other) {
     std::error_code error;
     return std::filesystem::equivalent(one, other, error);

@@ -11,10 +11,14 @@
 namespace tradebill {
 
 std::string OwnProcessName() {
-    std::string name = "process " + std::to_string(::getpid());
+    std::string name = "process " + std::to_string(OwnProcessNumber());
     std::array<char, 65> machine{};
     if (::gethostname(machine.data(), machine.size() - 1) != 0 || machine[0] == '\0') return name;
     return name + " on " + machine.data();
+}
+
+std::uint32_t OwnProcessNumber() {
+    return static_cast<std::uint32_t>(::getpid());
 }
 
 std::int64_t SteadyMicroseconds() {

@@ -59,6 +59,10 @@ std::string Utf8Path(const std::string& path) {
     return Utf8Of(WidePath(path));
 }
 
+std::string PathOfUtf8(std::string_view text) {
+    return NarrowOf(CP_ACP, WideOfUtf8(text));
+}
+
 bool IsSameFile(const std::string& one, const std::string& other) {
     const auto first = IdentityOf(one);
     const auto second = IdentityOf(other);

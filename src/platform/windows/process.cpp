@@ -3,17 +3,23 @@
 #include <windows.h>
 
 #include <array>
+#include <cstdint>
+#include <string>
 
 #include "platform/windows/wide_text.h"
 
 namespace tradebill {
 
 std::string OwnProcessName() {
-    const std::string name = "process " + std::to_string(::GetCurrentProcessId());
+    const std::string name = "process " + std::to_string(OwnProcessNumber());
     std::array<wchar_t, MAX_COMPUTERNAME_LENGTH + 1> machine{};
     DWORD size = machine.size();
     if (::GetComputerNameW(machine.data(), &size) == FALSE || size == 0) return name;
     return name + " on " + Utf8Of(std::wstring_view(machine.data(), size));
+}
+
+std::uint32_t OwnProcessNumber() {
+    return ::GetCurrentProcessId();
 }
 
 std::int64_t SteadyMicroseconds() {

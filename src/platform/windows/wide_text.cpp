@@ -42,6 +42,14 @@ std::wstring WideOf(std::string_view gbk) {
     return wide;
 }
 
+std::wstring WideOfUtf8(std::string_view text) {
+    const int size = static_cast<int>(text.size());
+    std::wstring wide(static_cast<std::size_t>(::MultiByteToWideChar(CP_UTF8, 0, text.data(), size, nullptr, 0)),
+                      L'\0');
+    ::MultiByteToWideChar(CP_UTF8, 0, text.data(), size, wide.data(), static_cast<int>(wide.size()));
+    return wide;
+}
+
 std::wstring WidePath(const std::string& path) {
     const int size = static_cast<int>(path.size());
     std::wstring wide(path.size(), L'\0');  // a character has one byte at least

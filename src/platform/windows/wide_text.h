@@ -11,6 +11,9 @@ inline constexpr unsigned kGbkCodePage = 936;
 /// GBK as UTF-16; each byte that belongs to no character becomes one U+FFFD.
 [[nodiscard]] std::wstring WideOf(std::string_view gbk);
 
+/// UTF-8 as UTF-16.
+[[nodiscard]] std::wstring WideOfUtf8(std::string_view text);
+
 /// A path in the system's code page as UTF-16.
 [[nodiscard]] std::wstring WidePath(const std::string& path);
 

@@ -21,14 +21,6 @@ namespace {
 
 constexpr UINT kKilled = 0xFFFFFFFF;  // no exit code of a program of ours
 
-std::wstring WideUtf8(std::string_view text) {
-    const int size = static_cast<int>(text.size());
-    std::wstring wide(static_cast<std::size_t>(::MultiByteToWideChar(CP_UTF8, 0, text.data(), size, nullptr, 0)),
-                      L'\0');
-    ::MultiByteToWideChar(CP_UTF8, 0, text.data(), size, wide.data(), static_cast<int>(wide.size()));
-    return wide;
-}
-
 /// An argument as programs take command lines apart: in quotes, and backslashes before a quote twice.
 std::wstring QuotedArgument(std::wstring_view argument) {
     std::wstring quoted = L"\"";
@@ -44,7 +36,7 @@ std::wstring QuotedArgument(std::wstring_view argument) {
 
 std::wstring CommandLineOf(const WorkerStart& start) {
     std::wstring line = QuotedArgument(WidePath(start.program));
-    for (const std::string& argument : start.arguments) line += L" " + QuotedArgument(WideUtf8(argument));
+    for (const std::string& argument : start.arguments) line += L" " + QuotedArgument(WideOfUtf8(argument));
     return line;
 }
 
