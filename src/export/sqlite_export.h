@@ -40,4 +40,10 @@ struct DatabaseResult {
 [[nodiscard]] DatabaseResult SaveToDatabase(const std::string& path, const AccountKey& account,
                                             const ExportSource& source, int wait);
 
+/// Puts all rows of the database `from` in the place of those that the database at `path` has of the same accounts, as
+/// SaveToDatabase does for one. `from` stays as it is.
+///
+/// REQUIRES: HasSqlite(), and both paths are absolute.
+[[nodiscard]] DatabaseResult JoinDatabase(const std::string& path, const std::string& from, int wait);
+
 }  // namespace tradebill

@@ -98,6 +98,26 @@ DatabaseResult Replace(CSqliteDatabase& database, const AccountKey& account, con
     return {};
 }
 
+void Attach(CSqliteDatabase& database, const std::string& path, const std::string& name) {
+    CSqliteStatement statement(database, "ATTACH ? AS " + name);
+    statement.Bind(1, path);
+    statement.Step();
+}
+
+DatabaseResult Join(CSqliteDatabase& database, const std::string& from) {
+    const std::string kFrom = "joined";
+    SetUp(database);
+    Attach(database, from, kFrom);
+    database.Run("BEGIN EXCLUSIVE");
+    if (auto reason = WhyRefused(database)) return {DatabaseEnd::Refused, *std::move(reason)};
+    PrepareTables(database);
+    for (const std::string& table : OwnTables(database)) database.Run(DeletionOfAccountsIn(kFrom, table));
+    for (const ExportTable& table : Tables()) database.Run(CopyFrom(kFrom, table));
+    database.Run("COMMIT");
+    if (database.HasMoved()) return {DatabaseEnd::Failed, "somebody moved or removed it meanwhile"};
+    return {};
+}
+
 /// Takes away a database that this run has made, if nothing came to be in it, with a journal of that. Another program
 /// that has it open by then finds that it is gone.
 class CEmptyRemoval {
@@ -142,6 +162,22 @@ void TakeWayBack(const std::string& path) {
     }
 }
 
+/// Opens or makes the database, and has `change` change it.
+DatabaseResult Changed(const std::string& path, int wait,
+                       const std::function<DatabaseResult(CSqliteDatabase&)>& change) {
+    CEmptyRemoval removal(path);
+    DatabaseResult result = ResultOf([&] {
+        CSqliteDatabase database(path, DatabaseOpening::MadeIfMissing, wait);
+        return change(database);
+    });
+    if (result.end == DatabaseEnd::Failed) TakeWayBack(path);
+    if (result.end == DatabaseEnd::Failed && removal.IsMissing()) {
+        if (std::string reason = WhyNotMade(path); !reason.empty()) result.reason = std::move(reason);
+    }
+    if (result.end == DatabaseEnd::Taken) removal.LeaveIt();
+    return result;
+}
+
 }  // namespace
 
 bool HasSqlite() {
@@ -160,17 +196,13 @@ DatabaseResult LookAtDatabase(const std::string& path) {
 
 DatabaseResult SaveToDatabase(const std::string& path, const AccountKey& account, const ExportSource& source,
                               int wait) {
-    CEmptyRemoval removal(path);
-    DatabaseResult result = ResultOf([&] {
-        CSqliteDatabase database(path, DatabaseOpening::MadeIfMissing, wait);
-        return Replace(database, account, source);
-    });
-    if (result.end == DatabaseEnd::Failed) TakeWayBack(path);
-    if (result.end == DatabaseEnd::Failed && removal.IsMissing()) {
-        if (std::string reason = WhyNotMade(path); !reason.empty()) result.reason = std::move(reason);
-    }
-    if (result.end == DatabaseEnd::Taken) removal.LeaveIt();
-    return result;
+    return Changed(path, wait, [&](CSqliteDatabase& database) { return Replace(database, account, source); });
+}
+
+DatabaseResult JoinDatabase(const std::string& path, const std::string& from, int wait) {
+    const DatabaseResult look = LookAtDatabase(from);
+    if (look.end != DatabaseEnd::Done) return look;
+    return Changed(path, wait, [&](CSqliteDatabase& database) { return Join(database, from); });
 }
 
 }  // namespace tradebill

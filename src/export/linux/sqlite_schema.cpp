@@ -1,6 +1,8 @@
 #include "export/linux/sqlite_schema.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -45,6 +47,13 @@ std::string KeyList(const ExportTable& table) {
     for (const ExportColumn& column : table.columns) {
         if (column.isKey) list += ", " + Name(column.name);
     }
+    return list;
+}
+
+std::string ColumnList(const ExportTable& table) {
+    std::string list;
+    for (const std::string_view column : kAccountColumns) list += (list.empty() ? "" : ", ") + Name(column);
+    for (const ExportColumn& column : table.columns) list += ", " + Name(column.name);
     return list;
 }
 
@@ -100,11 +109,6 @@ std::string MetaOf(CSqliteDatabase& database, const std::string& name) {
 /// A table is ours if meta says so: somebody may keep others in the same database.
 constexpr std::string_view kTablePrefix = "table ";
 
-std::vector<std::string> OwnTables(CSqliteDatabase& database) {
-    return TextsOf(database, "SELECT value FROM meta WHERE name LIKE '" + std::string(kTablePrefix) +
-                                 "%' AND value IN (SELECT name FROM sqlite_master WHERE type = 'table')");
-}
-
 }  // namespace
 
 std::optional<std::string> WhyRefused(CSqliteDatabase& database) {
@@ -147,20 +151,45 @@ void DeleteRows(CSqliteDatabase& database, const AccountKey& account) {
     }
 }
 
+std::vector<std::string> OwnTables(CSqliteDatabase& database) {
+    return TextsOf(database, "SELECT value FROM meta WHERE name LIKE '" + std::string(kTablePrefix) +
+                                 "%' AND value IN (SELECT name FROM sqlite_master WHERE type = 'table')");
+}
+
 std::string InsertionInto(const ExportTable& table) {
-    std::string names;
     std::string values;
-    for (const std::string_view column : kAccountColumns) {
-        names += Name(column) + ", ";
-        values += "?, ";
-    }
-    for (const ExportColumn& column : table.columns) {
-        names += Name(column.name) + ", ";
-        values += "?, ";
-    }
-    names.erase(names.size() - 2);
-    values.erase(values.size() - 2);
-    return "INSERT INTO " + Name(table.name) + " (" + names + ") VALUES (" + values + ")";
+    for (std::size_t i = 0; i < std::size(kAccountColumns) + table.columns.size(); ++i) values += i == 0 ? "?" : ", ?";
+    return "INSERT INTO " + Name(table.name) + " (" + ColumnList(table) + ") VALUES (" + values + ")";
+}
+
+std::string DeletionOfAccountsIn(std::string_view from, std::string_view table) {
+    constexpr std::string_view kKey = R"("user", "account", "kind")";
+    constexpr std::string_view kTableOfAll = "figures";  // each account has rows there
+    return std::string("DELETE FROM main.")
+        .append(Name(table))
+        .append(" WHERE (")
+        .append(kKey)
+        .append(") IN (SELECT ")
+        .append(kKey)
+        .append(" FROM ")
+        .append(from)
+        .append(".")
+        .append(kTableOfAll)
+        .append(")");
+}
+
+std::string CopyFrom(std::string_view from, const ExportTable& table) {
+    const std::string columns = ColumnList(table);
+    return std::string("INSERT INTO main.")
+        .append(Name(table.name))
+        .append(" (")
+        .append(columns)
+        .append(") SELECT ")
+        .append(columns)
+        .append(" FROM ")
+        .append(from)
+        .append(".")
+        .append(Name(table.name));
 }
 
 }  // namespace tradebill

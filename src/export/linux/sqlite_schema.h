@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "export/table.h"
 
@@ -34,5 +35,12 @@ void BindAccount(CSqliteStatement& statement, const AccountKey& account);
 
 /// "INSERT INTO ... VALUES (?, ...)", the account's columns first.
 [[nodiscard]] std::string InsertionInto(const ExportTable& table);
+
+/// Statements that delete the rows of all accounts of the attached database `from`, and copy its rows.
+[[nodiscard]] std::string DeletionOfAccountsIn(std::string_view from, std::string_view table);
+[[nodiscard]] std::string CopyFrom(std::string_view from, const ExportTable& table);
+
+/// The tables of ours that are there, also those that this program doesn't know.
+[[nodiscard]] std::vector<std::string> OwnTables(CSqliteDatabase& database);
 
 }  // namespace tradebill

@@ -19,4 +19,8 @@ DatabaseResult SaveToDatabase(const std::string&, const AccountKey&, const Expor
     return {DatabaseEnd::Failed, "this program is built without SQLite"};
 }
 
+DatabaseResult JoinDatabase(const std::string&, const std::string&, int) {
+    return {DatabaseEnd::Failed, "this program is built without SQLite"};
+}
+
 }  // namespace tradebill
