@@ -51,6 +51,9 @@ struct CWorkerPool::State {
     void Work(Slot& slot, const NextQuestion& next, const OnAnswer& onAnswer);
     /// Asks one question; nothing if all had to end meanwhile.
     std::optional<WorkAnswer> Ask(Slot& slot, std::unique_ptr<CWorkerProcess>& worker, const std::string& question);
+    /// The same, and again if a worker that wasn't new has crashed.
+    std::optional<WorkAnswer> AskSurely(Slot& slot, std::unique_ptr<CWorkerProcess>& worker,
+                                        const std::string& question);
     /// Ends workers that are late, until all threads are through.
     void Watch();
     void Keep(std::exception_ptr thrown);
@@ -76,7 +79,7 @@ void CWorkerPool::State::Work(Slot& slot, const NextQuestion& next, const OnAnsw
             if (!isStopping) question = next();
         }
         if (!question) return;
-        const auto answer = Ask(slot, worker, *question);
+        const auto answer = AskSurely(slot, worker, *question);
         if (!answer) return;
         const std::lock_guard lock(mutex);
         onAnswer(*question, *answer);
@@ -110,10 +113,19 @@ std::optional<WorkAnswer> CWorkerPool::State::Ask(Slot& slot, std::unique_ptr<CW
         answer.line = *std::move(line);
         return answer;
     }
+    answer.exit = worker->Finish();
     worker.reset();
     if (isEnded) return std::nullopt;
     answer.end = isLate ? WorkAnswer::End::TimedOut : WorkAnswer::End::Crashed;
     return answer;
+}
+
+std::optional<WorkAnswer> CWorkerPool::State::AskSurely(Slot& slot, std::unique_ptr<CWorkerProcess>& worker,
+                                                        const std::string& question) {
+    const bool isNew = !worker;
+    auto answer = Ask(slot, worker, question);
+    if (isNew || !answer || answer->end != WorkAnswer::End::Crashed) return answer;
+    return isStopping ? std::nullopt : Ask(slot, worker, question);
 }
 
 void CWorkerPool::State::Watch() {

@@ -1,5 +1,6 @@
 // Worker processes that stay: each is asked one question at a time, and the next when it has answered. One that crashes
-// or takes too long costs its question, and another takes its place.
+// or takes too long costs its question, and another takes its place. A worker that had answered before may have been
+// ended for what it gathered, or from outside: its question is asked once more, of a new one.
 #pragma once
 
 #include <cstddef>
@@ -29,7 +30,8 @@ struct WorkAnswer {
     End end = End::Answered;
     std::string line = {};
     double seconds = 0;
-    std::string reason = {};  ///< the system's, where it has one
+    std::string reason = {};       ///< the system's, where it has one
+    std::optional<int> exit = {};  ///< of a worker that crashed by ending itself
 };
 
 class CWorkerPool {
