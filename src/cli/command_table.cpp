@@ -5,6 +5,9 @@
 #include <span>
 
 #include "cli/anonymise_command.h"
+#include "cli/batch_command.h"
+#include "cli/batch_merge_command.h"
+#include "cli/batch_worker.h"
 #include "cli/chart_command.h"
 #include "cli/check_command.h"
 #include "cli/diff_command.h"
@@ -33,6 +36,8 @@ constexpr Command kCommands[] = {
     {"",         "diff",      "Tell what differs between the JSON of two runs",                DeclareDiff},
     {"",         "export",    "Write what a report reads and works out as tables",             DeclareExport},
     {"",         "explore",   "Write one page on which a browser shows and sorts all of it",   DeclareExplore},
+    {"",         "batch",     "Make the reports of many accounts, beside each other",          DeclareBatch},
+    {"",         "batch-merge", "Join what the tasks of a batch have left",                     DeclareBatchMerge},
     {"",         "chart",     "Paint one chart of an account at any size",                     DeclareChart},
     {"",         "reset",     "Write the page that stands for a report until it is there",     DeclareReset},
     {"",         "explain",   "Show what the readers see in one statement",                    DeclareExplain},
@@ -40,6 +45,7 @@ constexpr Command kCommands[] = {
     {"template", "check",     "Find what a template says in vain",                             DeclareTemplateCheck},
     {"",         "anonymise", "Copy statements for others to look at, without whose they are", DeclareAnonymise},
     {"",         "gallery",   "Paint every kind of chart, with a page that shows them",        DeclareGallery},
+    {"",         kWorkerCommand, "Answer the questions of a batch", DeclareBatchWorker},
 };
 // clang-format on
 

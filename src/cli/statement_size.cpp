@@ -27,7 +27,9 @@ std::optional<unsigned> ShiftOf(const std::string& unit) {
     return std::nullopt;
 }
 
-std::optional<std::uint64_t> SizeOf(const std::string& text) {
+}  // namespace
+
+std::optional<std::uint64_t> ParseSize(const std::string& text) {
     std::uint64_t number = 0;
     const char* const end = text.data() + text.size();
     const auto [behind, error] = std::from_chars(text.data(), end, number);
@@ -36,8 +38,6 @@ std::optional<std::uint64_t> SizeOf(const std::string& text) {
     if (!shift || number == 0 || number > std::numeric_limits<std::uint64_t>::max() >> *shift) return std::nullopt;
     return number << *shift;
 }
-
-}  // namespace
 
 void DeclareStatementLimit(CLI::App& command, std::optional<std::string>& given) {
     command
@@ -48,7 +48,7 @@ void DeclareStatementLimit(CLI::App& command, std::optional<std::string>& given)
 
 StatementLimit StatementLimitOf(const std::optional<std::string>& given) {
     if (!given) return {kUsualStatementLimit, kOption};
-    const auto size = SizeOf(*given);
+    const auto size = ParseSize(*given);
     if (size) return {*size, kOption};
     throw CUsageError(std::string(kOption) + ": expected a size such as 512M or 1G, found \"" + *given + "\"");
 }

@@ -16,10 +16,13 @@ namespace tradebill {
 /// A year's statements of a busy account are smaller, all in one file.
 inline constexpr std::uint64_t kUsualStatementLimit = std::uint64_t{256} << 20;
 
+/// A size in bytes, or with one of the units K, M and G of 1024 each. Nothing for any other text, and for 0.
+[[nodiscard]] std::optional<std::uint64_t> ParseSize(const std::string& text);
+
 /// Declares the option on `command`.
 void DeclareStatementLimit(CLI::App& command, std::optional<std::string>& given);
 
-/// The limit that was given, in bytes or with one of the units K, M and G of 1024 each; the usual one for nothing.
+/// The limit that was given, as ParseSize takes it; the usual one for nothing.
 /// Throws CUsageError.
 [[nodiscard]] StatementLimit StatementLimitOf(const std::optional<std::string>& given);
 

@@ -1,0 +1,171 @@
+#include "cli/batch_merge_command.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "batch/account_result.h"
+#include "batch/batch_places.h"
+#include "batch/batch_run.h"
+#include "batch/batch_state.h"
+#include "batch/results_file.h"
+#include "batch/shard.h"
+#include "cli/batch_command.h"
+#include "cli/batch_lock.h"
+#include "cli/batch_summary.h"
+#include "cli/command_table.h"
+#include "cli/export_places.h"
+#include "cli/out_folder.h"
+#include "cli/usage_error.h"
+#include "cli/watched_run.h"
+#include "driver/run_problems.h"
+#include "export/sqlite_export.h"
+#include "platform/file.h"
+#include "platform/paths.h"
+#include "platform/system_error.h"
+
+namespace tradebill {
+namespace {
+
+constexpr int kDatabaseWait = 60;  // seconds
+
+/// All tasks of the batch whose results lie in the folder, those that left none among them.
+std::vector<Shard> TasksIn(const std::string& out) {
+    const auto found = ShardsIn(out, "results", ".jsonl");
+    if (!found) throw CUsageError("--out: expected a folder that can be read, found \"" + out + "\"");
+    std::uint32_t count = 1;
+    for (const Shard& shard : *found) {
+        if (shard.count == 1) continue;  // joined before
+        if (count != 1 && shard.count != count) {
+            throw CUsageError("--out: expected the results of one batch, found those of " + std::to_string(count) +
+                              " and of " + std::to_string(shard.count) + " tasks");
+        }
+        count = shard.count;
+    }
+    if (count == 1) throw CUsageError("--out: expected results of several tasks, found none in \"" + out + "\"");
+    std::vector<Shard> tasks;
+    for (std::uint32_t index = 0; index < count; ++index) tasks.push_back({.index = index, .count = count});
+    return tasks;
+}
+
+/// Gathers what the tasks have left.
+class CMerge {
+public:
+    explicit CMerge(std::string out) : out_(std::move(out)) {}
+
+    void Add(const Shard& shard) {
+        const CBatchPlaces places(out_, shard);
+        const ReadState state = LoadBatchState(places.State());
+        if (state.unread) return Lose(UnreadFileText(*state.unread));
+        if (!state.state) return Miss(shard, "hasn't begun");
+        ReadResults read = LoadResults(places.Results());
+        if (read.unread) return Lose(UnreadFileText(*read.unread));
+        const auto there = static_cast<std::int64_t>(read.results.size());
+        if (there < state.state->accounts) {
+            Miss(shard, "lacks " + std::to_string(state.state->accounts - there) + " of its accounts");
+        }
+        if (today_.empty()) today_ = state.state->today;
+        if (today_ != state.state->today) {
+            Lose("the task " + ShardName(shard) + " took " + state.state->today + " for today, others " + today_ +
+                 ": --today says it for all");
+        }
+        counts_.accounts += state.state->accounts;
+        for (auto& [account, result] : read.results) {
+            if (result.status == AccountStatus::Findings) ++counts_.findings;
+            if (result.status != AccountStatus::Findings && result.status != AccountStatus::Ok) ++counts_.failed;
+            ++counts_.done;
+            results_.insert_or_assign(account, std::move(result));
+        }
+    }
+
+    /// Writes the joined results. False if that can't be, which is told.
+    [[nodiscard]] bool Save(const CBatchPlaces& places) const {
+        const BatchState state{.accounts = counts_.accounts, .today = today_, .version = TRADEBILL_VERSION};
+        CResultsFile file(places.Results());
+        if (file.Begin(results_) && file.Close() && SaveBatchState(places.State(), state)) return true;
+        const std::string reason = SystemErrorText(LastSystemError());
+        Fail("can't write " + NativePath(places.Results()) + (reason.empty() ? "" : ": " + reason));
+        return false;
+    }
+
+    [[nodiscard]] const BatchCounts& Counts() const { return counts_; }
+    [[nodiscard]] const std::string& Today() const { return today_; }
+    [[nodiscard]] bool LacksAccounts() const { return lacks_; }
+    [[nodiscard]] bool IsWhole() const { return isWhole_; }
+
+private:
+    void Lose(const std::string& why) {
+        Fail(why);
+        isWhole_ = false;
+    }
+    void Miss(const Shard& shard, const std::string& why) {
+        Fail("the task " + ShardName(shard) + " " + why);
+        lacks_ = true;
+    }
+
+    std::string out_;
+    ResultsByAccount results_;
+    BatchCounts counts_;
+    std::string today_;
+    bool lacks_ = false;
+    bool isWhole_ = true;
+};
+
+/// Joins the databases of the tasks. False if one can't be, which is told.
+bool JoinDatabases(const std::string& sqliteFile, const std::string& out, const std::vector<Shard>& tasks) {
+    const DatabasePlace whole = *FindExportPlaces({}, sqliteFile).database;
+    bool isJoined = true;
+    for (const Shard& shard : tasks) {
+        const std::string from = CBatchPlaces(out, shard).Database(sqliteFile);
+        const bool isThere = IsPlainFile(from);
+        const DatabaseResult result =
+            isThere ? JoinDatabase(whole.path, AbsolutePath(from), kDatabaseWait) : DatabaseResult{};
+        if (isThere && result.end == DatabaseEnd::Done) continue;
+        Fail("can't join " + from + ": " + (isThere ? result.reason : "it isn't there"));
+        isJoined = false;
+    }
+    return isJoined;
+}
+
+}  // namespace
+
+CommandRun DeclareBatchMerge(CLI::App& app) {
+    const auto command = std::make_shared<BatchMergeCommand>();
+    app.add_option("--out", command->outFolder, "The folder to which the tasks of a batch have written")
+        ->required()
+        ->type_name("DIR");
+    CLI::Option* const sqlite =
+        app.add_option("--sqlite", command->sqliteFile, "The database that the tasks were told, to join theirs into");
+    sqlite->type_name("FILE");
+    if (!HasSqlite()) sqlite->group("");  // not in the help
+    AddRiskLimitOption(app, command->riskLimit);
+    app.add_flag("--quiet", command->quiet, "No summary");
+    return [command] { return RunBatchMergeCommand(*command); };
+}
+
+int RunBatchMergeCommand(const BatchMergeCommand& command) {
+    const std::string out = FolderToWrite("--out", command.outFolder, kIndexName);
+    const std::vector<Shard> tasks = TasksIn(out);
+    if (command.sqliteFile) static_cast<void>(FindExportPlaces({}, command.sqliteFile));
+    const CBatchPlaces places(out, Shard{});
+    const CBatchLock lock(places, Shard{});
+    if (!lock.IsHeld()) return lock.IsTaken() ? (Fail(lock.Reason()), kExitTryAgain) : Fail(lock.Reason());
+    CMerge merge(out);
+    for (const Shard& shard : tasks) merge.Add(shard);
+    bool isDone = merge.Save(places);
+    isDone = isDone && SaveIndex(places, {.today = merge.Today(), .riskLimit = command.riskLimit});
+    if (command.sqliteFile) isDone &= JoinDatabases(*command.sqliteFile, out, tasks);
+    if (!command.quiet) ShowBatchSummary(places, {.counts = merge.Counts()}, Shard{});
+    if (!isDone || !merge.IsWhole()) return kExitFailed;
+    if (merge.LacksAccounts()) return kExitTryAgain;
+    if (merge.Counts().failed > 0) return kExitFailed;
+    return merge.Counts().findings > 0 ? kExitFindings : kExitDone;
+}
+
+}  // namespace tradebill
