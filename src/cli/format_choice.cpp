@@ -77,7 +77,7 @@ std::int32_t FormatByMarks(std::string_view text, const std::string& file) {
 PickedFormat FormatOfText(std::string_view text, const TextOrigin& origin) {
     if (!origin.hasTemplate) {
         if (const auto reading = ReadByFittingTemplate(origin.rootFolder, text, origin.day))
-            return {reading->format, reading->name, origin.file, std::string(reading->templateName)};
+            return {reading->format, reading->name, origin.file, reading->templateName};
     }
     const std::int32_t format = FormatByMarks(text, origin.file);
     return {format, std::string(FindLayout(format, text)->name), origin.file};
@@ -110,7 +110,7 @@ PickedFormat PickFormat(const GenerateBillRequest& request, const std::string& r
     });
     if (picked) return *picked;
     if (!problems.IsEmpty()) throw CNothingReadable("--format auto: " + ProblemTexts(problems).front());
-    throw CUsageError("--format auto: no statement was found in the whole range: expected a number instead of auto");
+    throw CNoStatement("--format auto: no statement was found in the whole range: expected a number instead of auto");
 }
 
 }  // namespace tradebill

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "cli/usage_error.h"
 #include "driver/present_day.h"
 #include "driver/report_request.h"
 #include "readers/statement_limit.h"
@@ -30,7 +31,7 @@ struct PickedFormat {
     std::int32_t format;
     std::string layout = {};  ///< or the template
     std::string file = {};
-    std::string templateName = {};  ///< of one that the program carries, which reads what no layout does
+    std::string templateName = {};  ///< of one that reads what no layout does
 };
 
 /// What is known of a statement's text beside it.
@@ -41,9 +42,15 @@ struct TextOrigin {
     bool hasTemplate = false;  ///< the user names one, so that none of the program's is tried
 };
 
-/// The format by which a text is read: by one of the program's templates what no layout of its marks reads, or else by
-/// its marks. Throws CUsageError where they don't tell, and CUnreadableInput.
+/// The format by which a text is read: by one of the program's templates, or of the root, what no layout of its marks
+/// reads, or else by its marks. Throws CUsageError where they don't tell, and CUnreadableInput.
 [[nodiscard]] PickedFormat FormatOfText(std::string_view text, const TextOrigin& origin);
+
+/// There is no statement in the whole range.
+class CNoStatement : public CUsageError {
+public:
+    using CUsageError::CUsageError;
+};
 
 /// Statements are there, and none of them can be read. Ends the program with kExitFailed.
 class CNothingReadable : public std::runtime_error {
@@ -51,8 +58,8 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// Picks the format by the first statement in the request's range that can be read. Throws CUsageError if there is no
-/// statement or it doesn't tell, and CNothingReadable.
+/// Picks the format by the first statement in the request's range that can be read. Throws CNoStatement, CUsageError if
+/// it doesn't tell, and CNothingReadable.
 [[nodiscard]] PickedFormat PickFormat(const GenerateBillRequest& request, const std::string& rootFolder,
                                       const StatementLimit& limit = {}, const PresentDay& present = {});
 

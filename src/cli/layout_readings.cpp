@@ -14,7 +14,11 @@
 #include "cli/carried_templates.h"
 #include "cli/input_file.h"
 #include "cli/scan_report.h"
+#include "cli/usage_error.h"
 #include "driver/bill_folders.h"
+#include "driver/report_request.h"
+#include "driver/request_names.h"
+#include "platform/paths.h"
 #include "readers/layout_marks.h"
 #include "readers/layout_table.h"
 #include "readers/statement_loader.h"
@@ -62,6 +66,26 @@ void ReadInto(CReport& report, CScanReport& seen, std::string_view text, const s
     Count(seen, reading);
 }
 
+/// The templates of a root that a request can name, but for those of the program's names, in order.
+std::vector<std::string> OwnTemplates(const std::string& rootFolder) {
+    constexpr std::string_view kEnding = ".ini";
+    std::vector<std::string> templates;
+    if (rootFolder.empty()) return templates;
+    auto files = NamesIn(rootFolder + "/BillTemplate");  // a folder that isn't there has none
+    if (!files) return templates;
+    for (std::string& file : *files) {
+        if (!file.ends_with(kEnding)) continue;
+        file.erase(file.size() - kEnding.size());
+        const bool isName = !file.empty() && file.size() < sizeof GenerateBillRequest::TemplateName &&
+                            WhyNoName(Utf8Path(file)).empty();
+        if (isName && std::ranges::find(CarriedTemplates(), file, &CarriedTemplate::name) == CarriedTemplates().end()) {
+            templates.push_back(std::move(file));
+        }
+    }
+    std::ranges::sort(templates);
+    return templates;
+}
+
 }  // namespace
 
 LayoutReading ReadByLayout(const Layout& layout, std::string_view text, const std::string& day) {
@@ -88,7 +112,7 @@ LayoutReading ReadByCarried(const CarriedTemplate& carried, const std::string& r
     report.Request.StatementFormat = FormatOfTemplate(report.TemplatePath, carried.text).value_or(0);
     CScanReport seen(text);
     LayoutReading reading{.name = "template " + std::string(carried.name),
-                          .templateName = carried.name,
+                          .templateName = std::string(carried.name),
                           .format = report.Request.StatementFormat};
     ReadInto(report, seen, text, day, reading);
     return reading;
@@ -102,7 +126,17 @@ std::optional<LayoutReading> ReadByFittingTemplate(const std::string& rootFolder
         LayoutReading reading = ReadByCarried(carried, rootFolder, text, day);
         if (reading.IsReport()) return reading;
     }
-    return std::nullopt;
+    std::optional<LayoutReading> fitting;
+    for (const std::string& name : OwnTemplates(rootFolder)) {
+        LayoutReading reading = ReadByCarried({.name = name, .text = {}}, rootFolder, text, day);
+        if (!reading.IsReport()) continue;
+        if (fitting) {
+            throw CUsageError("--format auto: the templates " + fitting->templateName + " and " + name +
+                              " both read it: expected --template with one of them");
+        }
+        fitting = std::move(reading);
+    }
+    return fitting;
 }
 
 std::vector<LayoutReading> ReadByEachLayout(std::string_view text, const std::string& day) {

@@ -15,9 +15,9 @@ struct CarriedTemplate;
 
 /// What one reader made of a statement.
 struct LayoutReading {
-    std::string name;                    ///< of the layout that the format's reader chose by the text; "template NAME"
-    std::string_view templateName = {};  ///< as --template takes it; empty: read by a layout
-    std::int32_t format = 0;             ///< means nothing for the foreign kind
+    std::string name;               ///< of the layout that the format's reader chose by the text; "template NAME"
+    std::string templateName = {};  ///< as --template takes it; empty: read by a layout
+    std::int32_t format = 0;        ///< means nothing for the foreign kind
     bool isForeign = false;
     int sections = 0;         ///< found
     int rows = 0;             ///< read in them
@@ -39,8 +39,9 @@ struct LayoutReading {
 [[nodiscard]] LayoutReading ReadByCarried(const CarriedTemplate& carried, const std::string& rootFolder,
                                           std::string_view text, const std::string& day);
 
-/// The reading by the first of the program's templates that makes a report of `text`, unless a layout whose marks stand
-/// in it reads any of it. Throws CUnreadableInput.
+/// The reading by the first of the program's templates that makes a report of `text`, or by the only one of
+/// `rootFolder` that does, unless a layout whose marks stand in it reads any of it. Throws CUsageError where several of
+/// the root do, and CUnreadableInput.
 [[nodiscard]] std::optional<LayoutReading> ReadByFittingTemplate(const std::string& rootFolder, std::string_view text,
                                                                  const std::string& day);
 
