@@ -12,6 +12,9 @@
 
 namespace tradebill {
 
+/// The exit code of a worker that ran short of memory.
+inline constexpr int kExitShortOfMemory = 71;
+
 /// An account of a batch. Texts are UTF-8.
 struct AccountWork {
     AccountKey account;

@@ -51,6 +51,7 @@ private:
 /// What is told of an account whose worker gave no answer.
 std::string ReasonOf(const WorkAnswer& answer) {
     if (answer.end == WorkAnswer::End::TimedOut) return "it took longer than it may (--timeout)";
+    if (answer.exit == kExitShortOfMemory) return "it took more memory than it may (--memory), or than there is";
     if (answer.exit) return "its worker ended with " + std::to_string(*answer.exit);
     return "its worker crashed";
 }

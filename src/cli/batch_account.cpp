@@ -24,6 +24,7 @@
 #include "batch/folder_tree.h"
 #include "cli/batch_making.h"
 #include "cli/findings_text.h"
+#include "cli/format_choice.h"
 #include "cli/report_options.h"
 #include "cli/report_settings.h"
 #include "cli/run_facts.h"
@@ -55,6 +56,7 @@
 namespace tradebill {
 namespace {
 
+constexpr const char* kNoStatement = "no statement was found in the whole range";
 constexpr int kDatabaseWait = 600;  // seconds, for the other workers
 
 /// What keeps an account from being whole, in words.
@@ -246,7 +248,9 @@ void CBatchAccounts::Make(const AccountQuestion& question, AccountResult& result
     if (!parts_.page) {
         for (const UnreadStatement& statement : ran->problems.statements) Fail(UnreadStatementText(statement));
     }
-    if (ran->end == RunEnd::NothingRead) throw CNotMade("no statement could be read");
+    if (ran->end == RunEnd::NothingRead) {
+        throw CNotMade(ran->problems.statements.empty() ? kNoStatement : "no statement could be read");
+    }
     const std::vector<Finding> findings = faults.Collect(*ran);
     const Analysis analysis = Analyse(report, {.tradingDays = making_.tradingDays});
     CountFindings(findings, result);
@@ -294,6 +298,8 @@ AccountAnswer CBatchAccounts::Answer(const AccountQuestion& question) {
         Make(question, result);
     } catch (const std::bad_alloc&) {
         throw;
+    } catch (const CNoStatement&) {
+        failure = kNoStatement;
     } catch (const std::exception& error) {
         failure = error.what();
     }

@@ -122,7 +122,7 @@ AccountWork WorkOf(const ReportOptions& options, Settings settings) {
 /// Reads a manifest row by row.
 class CManifestReading {
 public:
-    explicit CManifestReading(const ReportOptions& given) : given_(given) {}
+    CManifestReading(const ReportOptions& given, const Shard& shard) : given_(given), shard_(shard) {}
 
     void OnRow(std::size_t line, std::span<const ManifestCell> cells) {
         Settings settings;
@@ -136,9 +136,10 @@ public:
             Refuse(line, "the account " + AccountOptions(work.account) + " stands in line " +
                              std::to_string(place->second) + " already");
         }
-        accounts_.push_back(std::move(work));
+        if (shard_.Has(work.account)) accounts_.push_back(std::move(work));
     }
 
+    [[nodiscard]] bool HasRows() const { return !lines_.empty(); }
     [[nodiscard]] std::vector<AccountWork> Take() { return std::move(accounts_); }
 
 private:
@@ -167,6 +168,7 @@ private:
     }
 
     const ReportOptions& given_;
+    const Shard& shard_;
     CUserAccounts users_;
     std::map<AccountKey, std::size_t> lines_;
     std::vector<AccountWork> accounts_;
@@ -177,19 +179,18 @@ std::string ManifestText(const std::string& manifest) {
     return InputFileText(manifest, "--manifest: expected a file");
 }
 
-BatchAccounts ReadAccounts(const std::string& manifest, const ReportOptions& given) {
+BatchAccounts ReadAccounts(const std::string& manifest, const ReportOptions& given, const Shard& shard) {
     const std::string text = ManifestText(manifest);
     const std::vector<std::string_view> columns = ManifestColumns();
-    CManifestReading reading(given);
+    CManifestReading reading(given, shard);
     try {
         ReadManifest(text, columns,
                      [&](std::size_t line, std::span<const ManifestCell> cells) { reading.OnRow(line, cells); });
     } catch (const CNoManifest& error) {
         throw CUsageError(std::string("--manifest: ") + error.what());
     }
-    BatchAccounts found{.accounts = reading.Take()};
-    if (found.accounts.empty()) throw CUsageError("--manifest: expected accounts, found none in \"" + manifest + "\"");
-    return found;
+    if (!reading.HasRows()) throw CUsageError("--manifest: expected accounts, found none in \"" + manifest + "\"");
+    return {.accounts = reading.Take()};
 }
 
 bool IsInRange(const KeptAccount& account, const SettledOptions& settled) {
@@ -236,11 +237,14 @@ BatchAccounts DiscoverAccounts(const ReportOptions& given) {
 
 }  // namespace
 
-BatchAccounts FindBatchAccounts(const AccountSource& source, const ReportOptions& given) {
+BatchAccounts FindBatchAccounts(const AccountSource& source, const ReportOptions& given, const Shard& shard) {
     if (given.requestFile == kStandardStream) {
         throw CUsageError("--request: expected a file, which is read for each account, found \"-\"");
     }
-    return source.discovers ? DiscoverAccounts(given) : ReadAccounts(*source.manifest, given);
+    if (!source.discovers) return ReadAccounts(*source.manifest, given, shard);
+    BatchAccounts found = DiscoverAccounts(given);
+    std::erase_if(found.accounts, [&shard](const AccountWork& work) { return !shard.Has(work.account); });
+    return found;
 }
 
 }  // namespace tradebill

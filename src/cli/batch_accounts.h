@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "batch/account_work.h"
+#include "batch/shard.h"
 #include "cli/report_options.h"
 
 namespace tradebill {
@@ -22,9 +23,10 @@ struct BatchAccounts {
     std::vector<std::string> unreadable = {};  ///< folders that can't be looked into, and why: a line each
 };
 
-/// The accounts of `source`, with the settings in which each differs from `given`, whose day of today is told. What is
-/// wrong with one account is its refusal. Throws CUsageError for what is no manifest, one that has an account twice or
-/// a row that names none, and where nothing is found; CUnreadableInput.
-[[nodiscard]] BatchAccounts FindBatchAccounts(const AccountSource& source, const ReportOptions& given);
+/// The accounts of `source` that belong to `shard`, with the settings in which each differs from `given`, whose day of
+/// today is told. What is wrong with one account is its refusal. Throws CUsageError for what is no manifest, one that
+/// has an account twice or a row that names none, and where nothing is found; CUnreadableInput.
+[[nodiscard]] BatchAccounts FindBatchAccounts(const AccountSource& source, const ReportOptions& given,
+                                              const Shard& shard);
 
 }  // namespace tradebill

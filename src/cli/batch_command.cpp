@@ -203,8 +203,7 @@ int RunBatchCommand(BatchCommand command) {
     const CBatchPlaces places(command.making.outFolder, shard);
     CheckMaking(command, places);
     command.making.options.today = TodayOf(command, places);
-    BatchAccounts found = FindBatchAccounts(command.source, command.making.options);
-    std::erase_if(found.accounts, [&shard](const AccountWork& work) { return !shard.Has(work.account); });
+    BatchAccounts found = FindBatchAccounts(command.source, command.making.options, shard);
     PoolOptions pool = PoolOf(command, places);
     if (!MakeFolder(places.Out())) {
         return Fail("can't make " + NativePath(places.Out()) + ": " + SystemErrorText(LastSystemError()));

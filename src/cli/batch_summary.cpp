@@ -1,28 +1,55 @@
 #include "cli/batch_summary.h"
 
 #include <cstdint>
+#include <functional>
 #include <iostream>
+#include <ostream>
 #include <string>
 
+#include "batch/accounts_page.h"
 #include "batch/batch_places.h"
 #include "batch/batch_run.h"
 #include "batch/results_file.h"
 #include "batch/shard.h"
 #include "cli/file_address.h"
+#include "cli/output_file.h"
 #include "cli/shown_text.h"
 #include "cli/watched_run.h"
 #include "driver/run_problems.h"
+#include "explore/viewer_template.h"
 #include "platform/paths.h"
+#include "platform/system_error.h"
 
 namespace tradebill {
+namespace {
 
-bool SaveIndex(const CBatchPlaces& places, const IndexOptions& /*options*/) {
+bool Save(const std::string& path, const std::function<bool(std::ostream&)>& write) {
+    if (COutputFile("--out", path).Save(write)) return true;
+    const std::string reason = SystemErrorText(LastSystemError());
+    Fail("can't write " + NativePath(path) + (reason.empty() ? "" : ": " + reason));
+    return false;
+}
+
+}  // namespace
+
+bool SaveIndex(const CBatchPlaces& places, const IndexOptions& options) {
     const ReadResults read = LoadResults(places.Results());
     if (read.unread) {
         Fail(UnreadFileText(*read.unread));
         return false;
     }
-    return true;
+    const auto writeTable = [&](std::ostream& out) { return WriteAccountsCsv(read.results, out); };
+    const auto writeIndex = [&](std::ostream& out) {
+        return WriteAccountsPage(AccountsTemplate(),
+                                 {.results = read.results,
+                                  .today = options.today,
+                                  .program = "tradebill " TRADEBILL_VERSION,
+                                  .riskLimit = options.riskLimit},
+                                 out);
+    };
+    const bool isTableSaved = Save(places.PathOf(kSummaryName), writeTable);
+    if (AccountsTemplate().empty()) return isTableSaved;  // built without the viewer
+    return Save(places.PathOf(kIndexName), writeIndex) && isTableSaved;
 }
 
 void ShowBatchSummary(const CBatchPlaces& places, const BatchEnd& end, const Shard& shard) {
@@ -36,8 +63,10 @@ void ShowBatchSummary(const CBatchPlaces& places, const BatchEnd& end, const Sha
     if (counts.kept > 0) std::cout << "  kept from before  " << counts.kept << "\n";
     std::cout << "  results           " << ShownText(NativePath(places.Results())) << "\n";
     if (shard.count > 1) return;
-    const std::string index = places.PathOf(kIndexName);
-    if (IsPlainFile(index)) std::cout << "  index             " << FileAddressOf(index) << "\n";
+    std::cout << "  summary           " << ShownText(NativePath(places.PathOf(kSummaryName))) << "\n";
+    if (!AccountsTemplate().empty()) {
+        std::cout << "  index             " << FileAddressOf(places.PathOf(kIndexName)) << "\n";
+    }
 }
 
 }  // namespace tradebill

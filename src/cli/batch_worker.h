@@ -10,9 +10,6 @@ namespace tradebill {
 
 inline constexpr const char* kWorkerCommand = "batch-worker";
 
-/// The exit code of a worker that ran short of memory.
-inline constexpr int kExitShortOfMemory = 71;
-
 struct BatchWorkerCommand {
     BatchMaking making;
     std::string workFolder;
