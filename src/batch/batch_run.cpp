@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
-#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -18,7 +17,6 @@
 #include "driver/run_problems.h"
 #include "platform/paths.h"
 #include "platform/system_error.h"
-#include "report/account_key.h"
 
 namespace tradebill {
 namespace {

@@ -4,6 +4,7 @@
 #include <exception>
 #include <fstream>
 #include <functional>
+#include <ios>
 #include <map>
 #include <new>
 #include <optional>
@@ -11,7 +12,6 @@
 #include <span>
 #include <stdexcept>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -287,7 +287,8 @@ AccountAnswer CBatchAccounts::Answer(const AccountQuestion& question) {
             answer.isAsMade = IsAsMade(question);
         } catch (const std::bad_alloc&) {
             throw;
-        } catch (const std::exception&) {  // then it is made anew, and that tells it
+        } catch (const std::exception&) {
+            answer.isAsMade = false;  // it is made anew, and that tells why it can't be
         }
         return answer;
     }

@@ -16,6 +16,7 @@
 #include "base/utf8.h"
 #include "batch/account_work.h"
 #include "batch/manifest.h"
+#include "batch/shard.h"
 #include "cli/account_files.h"
 #include "cli/batch_making.h"
 #include "cli/format_choice.h"

@@ -25,7 +25,7 @@ std::optional<std::string> OtherLock(const CBatchPlaces& places, const Shard& sh
     const auto shards = ShardsIn(places.Out(), "batch", ".lock");
     for (const Shard& other : shards.value_or(std::vector<Shard>())) {
         if (other.count == shard.count) continue;
-        const std::string path = CBatchPlaces(places.Out(), other).Lock();
+        std::string path = CBatchPlaces(places.Out(), other).Lock();
         if (CLockFile(path, CLockFile::Which::FoundOnly).IsTaken()) return path;
     }
     return std::nullopt;

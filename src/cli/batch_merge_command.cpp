@@ -2,7 +2,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -26,7 +25,6 @@
 #include "cli/watched_run.h"
 #include "driver/run_problems.h"
 #include "export/sqlite_export.h"
-#include "platform/file.h"
 #include "platform/paths.h"
 #include "platform/system_error.h"
 
@@ -50,6 +48,7 @@ std::vector<Shard> TasksIn(const std::string& out) {
     }
     if (count == 1) throw CUsageError("--out: expected results of several tasks, found none in \"" + out + "\"");
     std::vector<Shard> tasks;
+    tasks.reserve(count);
     for (std::uint32_t index = 0; index < count; ++index) tasks.push_back({.index = index, .count = count});
     return tasks;
 }

@@ -5,7 +5,7 @@
 
 namespace tradebill {
 
-/// The most that it had in use at once, in bytes, since its start, or since ForgetPeakMemory where the system can forget;
+/// The most that it had in use at once, in bytes, since its start, or since ForgetPeakMemory where the system forgets;
 /// 0 if the system doesn't tell.
 [[nodiscard]] std::int64_t PeakMemory();
 

@@ -200,7 +200,7 @@ DatabaseResult SaveToDatabase(const std::string& path, const AccountKey& account
 }
 
 DatabaseResult JoinDatabase(const std::string& path, const std::string& from, int wait) {
-    const DatabaseResult look = LookAtDatabase(from);
+    DatabaseResult look = LookAtDatabase(from);
     if (look.end != DatabaseEnd::Done) return look;
     return Changed(path, wait, [&](CSqliteDatabase& database) { return Join(database, from); });
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/batch_worker.h"
 #include "cli/command_table.h"
 #include "cli/linux/redirected_program.h"
 
@@ -27,9 +28,21 @@ protected:
                 {"import", "import " + Quoted(Statement()) + " --root " + Quoted(folder_.Path("new")) + " --user me"},
                 {"export", "export --csv " + Quoted(folder_.Path("tables")) + " " + Request()},
                 {"explore", "explore -o " + Quoted(folder_.Path("explored.html")) + " " + Request()},
+                {"batch", "batch --discover --root " + Quoted(root_) + " --out " + Quoted(folder_.Path("batch"))},
+                {"batch-merge", "batch-merge --out " + Quoted(TwoTasks())},
                 {"explain", "explain " + Quoted(Statement()) + " --format 1"},
                 {"template check", "template check " + Quoted(bad)},
                 {"anonymise", "anonymise " + Quoted(root_) + " --out " + Quoted(folder_.Path(NextCopy()))}};
+    }
+    /// A folder with what two tasks of a batch have left, which had no account to make.
+    [[nodiscard]] std::string TwoTasks() const {
+        const std::string tasks = folder_.Path("tasks");
+        fs::create_directories(tasks);
+        for (const char* const task : {"-1-of-2", "-2-of-2"}) {
+            std::ofstream(tasks + "/results" + task + ".jsonl");
+            std::ofstream(tasks + "/batch" + task + ".json") << R"({"accounts":0,"today":"2024-01-05","version":"0"})";
+        }
+        return tasks;
     }
     /// A folder's name that no call has had: a copy needs a new place.
     [[nodiscard]] std::string NextCopy() const { return "copy" + std::to_string(++copies_); }
@@ -79,7 +92,7 @@ TEST_F(StandardOutput, IsTriedWithEveryCommandThatPrints) {
     for (const Command& command : Commands()) {
         const std::string name =
             (command.group.empty() ? "" : std::string(command.group) + " ") + std::string(command.name);
-        const bool isApart = name == "chart" || name == "reset" || name == "gallery";
+        const bool isApart = name == "chart" || name == "reset" || name == "gallery" || name == kWorkerCommand;
         EXPECT_EQ(calls.contains(name), !isApart) << name;
     }
     EXPECT_EQ(RunTo(">/dev/full", "reset page.html"), 0) << Messages();
