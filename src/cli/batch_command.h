@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "batch/accounts_page.h"
 #include "cli/batch_accounts.h"
 #include "cli/batch_making.h"
 #include "cli/command_table.h"
@@ -16,12 +17,12 @@ inline constexpr int kExitTryAgain = 75;
 struct BatchCommand {
     AccountSource source;
     BatchMaking making;
-    int jobs = 0;                       ///< processes; 0: one for each processor
-    double timeout = 0;                 ///< seconds for an account; 0: as long as it takes
-    std::optional<std::string> memory;  ///< "1G", of a worker
-    double stopSeconds = 20;            ///< for the accounts in work, when the batch has to stop
-    std::optional<std::string> shard;   ///< "2/8"; "auto", or "auto/8": as the engine says that runs this task
-    double riskLimit = 0.8;             ///< of margin use, above which the index marks an account
+    int jobs = 0;                        ///< processes; 0: one for each processor
+    double timeout = 0;                  ///< seconds for an account; 0: as long as it takes
+    std::optional<std::string> memory;   ///< "1G", of a worker
+    double stopSeconds = 20;             ///< for the accounts in work, when the batch has to stop
+    std::optional<std::string> shard;    ///< "2/8"; "auto", or "auto/8": as the engine says that runs this task
+    double riskLimit = kUsualRiskLimit;  ///< of margin use, above which the index marks an account
     bool resumes = false;
     bool quiet = false;
 };

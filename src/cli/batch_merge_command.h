@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "batch/accounts_page.h"
 #include "cli/command_table.h"
 
 namespace tradebill {
@@ -11,7 +12,7 @@ namespace tradebill {
 struct BatchMergeCommand {
     std::string outFolder;
     std::optional<std::string> sqliteFile;  ///< as the tasks were told
-    double riskLimit = 0.8;                 ///< of margin use, above which the index marks an account
+    double riskLimit = kUsualRiskLimit;     ///< of margin use, above which the index marks an account
     bool quiet = false;
 };
 

@@ -6,11 +6,13 @@
 #include <ostream>
 #include <string>
 
+#include "base/day.h"
 #include "batch/accounts_page.h"
 #include "batch/batch_places.h"
 #include "batch/batch_run.h"
 #include "batch/results_file.h"
 #include "batch/shard.h"
+#include "batch/summary_csv.h"
 #include "cli/file_address.h"
 #include "cli/output_file.h"
 #include "cli/shown_text.h"
@@ -38,14 +40,12 @@ bool SaveIndex(const CBatchPlaces& places, const IndexOptions& options) {
         Fail(UnreadFileText(*read.unread));
         return false;
     }
-    const auto writeTable = [&](std::ostream& out) { return WriteAccountsCsv(read.results, out); };
+    const auto writeTable = [&](std::ostream& out) { return WriteSummaryCsv(read.results, out); };
     const auto writeIndex = [&](std::ostream& out) {
-        return WriteAccountsPage(AccountsTemplate(),
-                                 {.results = read.results,
-                                  .today = options.today,
-                                  .program = "tradebill " TRADEBILL_VERSION,
-                                  .riskLimit = options.riskLimit},
-                                 out);
+        return WriteAccountsPage(
+            AccountsTemplate(),
+            {.results = read.results, .today = DayText(ParseDashedDay(options.today)), .riskLimit = options.riskLimit},
+            out);
     };
     const bool isTableSaved = Save(places.PathOf(kSummaryName), writeTable);
     if (AccountsTemplate().empty()) return isTableSaved;  // built without the viewer
