@@ -4,7 +4,7 @@ manifest, resume and index grow with the number of accounts alone.
 
 Usage: batch_bench.py PROGRAM SAMPLES [--accounts N] [--days N] [--runs N] [--many N] [--folder DIR]
 
-The accounts are copies of the one-year sample's first days (five trades a day), each under a number of its own.
+The accounts are copies of a sample's first days (five to eight trades a day), each under a number of its own.
 """
 
 import argparse
@@ -19,12 +19,12 @@ import sys
 import tempfile
 import time
 
-NUMBER = b"90020240"
+NUMBER = b"90010002"
 
 
 def make_accounts(samples, root, count, days):
     """`count` accounts of a user each thousand, below `root`."""
-    source = pathlib.Path(samples, "one-year/root/Users/demo/Data/Bill")
+    source = pathlib.Path(samples, "fund-status/root/Users/demo/Data/Bill")
     statements = [(path.name, path.read_bytes()) for path in sorted(source.glob("D*.txt"))[:days]]
     for i in range(count):
         number = f"{80000000 + i}"
