@@ -24,6 +24,9 @@ KEPT = [
     (r"platform/linux/text_encoding", r".*\b(Decode|Utf8ToGbk).*::converter", "a converter behind its lock; one that can't be had isn't kept"),
     (r"platform/linux/text_encoding", r".*\bCharacterOf\(.*\)::characters", "characters decoded so far, each an atomic"),
     (r"cli/main", r".*\b(kEarlyStart|RanShort)", "what the program does about memory that runs short, wherever it does"),
+    (r"cli/batch_worker", r".*\bIsShort", "the same of a worker, which ends behind the account that ran short"),
+    (r"platform/(linux|windows)/stop_signal", r".*\b(HandlersPipe|ExitAtOnce|HasAsked|OnStop)",
+     "what a signal's handler may touch: it is given nothing but the signal"),
     (r"platform/windows/runtime_threads", r".*\b(RuntimeLock|FirstUseDone|Keys|KeyCount|RuntimeEnd)",
      "what the compiler's runtime inside the DLL wants of threads"),
 ]
