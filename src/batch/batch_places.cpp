@@ -1,6 +1,7 @@
 #include "batch/batch_places.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>

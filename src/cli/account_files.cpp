@@ -9,6 +9,7 @@
 #include "cli/input_file.h"
 #include "platform/paths.h"
 #include "platform/system_error.h"
+#include "report/account_key.h"
 #include "report/statement_name.h"
 
 namespace tradebill {
@@ -27,7 +28,7 @@ std::vector<std::string> NamesBelow(const std::string& folder) {
 }
 
 std::string BillsOf(const std::string& root, const std::string& user) {
-    return root + "/Users/" + user + "/Data/Bill";
+    return std::string(root).append("/Users/").append(user).append("/Data/Bill");
 }
 
 }  // namespace
