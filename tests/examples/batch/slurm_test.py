@@ -28,10 +28,10 @@ def free_port():
         return listener.getsockname()[1]
 
 
-def wait_until(holds, what, deadline):
+def wait_until(holds, what, deadline, alive=lambda: True):
     while not holds():
-        if time.monotonic() > deadline:
-            raise SystemExit(f"{what} took too long")
+        if time.monotonic() > deadline or not alive():
+            raise SystemExit(f"{what} took too long, or its daemons have ended")
         time.sleep(0.2)
 
 
@@ -77,6 +77,8 @@ PartitionName=all Nodes={host} Default=YES MaxTime=INFINITE State=UP
 """,
             encoding="ascii",
         )
+        # Not every machine lets itself be looked at by its groups of processes, and nothing here needs them.
+        (folder / "cgroup.conf").write_text("CgroupPlugin=cgroup/v1\n", encoding="ascii")
         self.environment = {**os.environ, "SLURM_CONF": str(self.conf)}
 
     def start(self):
@@ -90,7 +92,8 @@ PartitionName=all Nodes={host} Default=YES MaxTime=INFINITE State=UP
         wait_until(self.socket.exists, "munged", self.deadline)
         self.daemon("slurmctld", "-D", "-f", str(self.conf))
         self.daemon("slurmd", "-D", "-f", str(self.conf))
-        wait_until(lambda: "idle" in self.call("sinfo", "-h", "-o", "%T", may_fail=True), "the node", self.deadline)
+        wait_until(lambda: "idle" in self.call("sinfo", "-h", "-o", "%T", may_fail=True), "the node", self.deadline,
+                   self.is_alive)
 
     def daemon(self, name, *options):
         log = (self.folder / "log" / f"{name}.out").open("wb")
@@ -103,6 +106,9 @@ PartitionName=all Nodes={host} Default=YES MaxTime=INFINITE State=UP
         if answer.returncode != 0 and not may_fail:
             raise SystemExit(f"{command}: {answer.returncode}\n{answer.stdout}{answer.stderr}")
         return answer.stdout
+
+    def is_alive(self):
+        return all(daemon.poll() is None for daemon in self.daemons)
 
     def is_over(self, job):
         return self.call("squeue", "-h", "-j", job, may_fail=True).strip() == ""
