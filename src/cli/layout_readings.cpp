@@ -109,11 +109,13 @@ LayoutReading ReadByCarried(const CarriedTemplate& carried, const std::string& r
     CopyField(report.Request.TemplateName, carried.name);
     report.TemplatePath = rootFolder.empty() ? std::string() : TemplatePath(report);
     report.CarriedTemplate = carried.text;
-    report.Request.StatementFormat = FormatOfTemplate(report.TemplatePath, carried.text).value_or(0);
+    const auto format = FormatOfTemplate(report.TemplatePath, carried.text);
+    report.Request.StatementFormat = format.value_or(0);
     CScanReport seen(text);
     LayoutReading reading{.name = "template " + std::string(carried.name),
                           .templateName = std::string(carried.name),
-                          .format = report.Request.StatementFormat};
+                          .format = report.Request.StatementFormat,
+                          .namesFormat = format.has_value()};
     ReadInto(report, seen, text, day, reading);
     return reading;
 }
@@ -135,6 +137,12 @@ std::optional<LayoutReading> ReadByFittingTemplate(const std::string& rootFolder
                               " both read it: expected --template with one of them");
         }
         fitting = std::move(reading);
+    }
+    if (fitting && !fitting->namesFormat) {
+        throw CUsageError(
+            "--format auto: the template " + fitting->templateName +
+            " reads it and doesn't name its format: expected FORMAT in its first section, or --template " +
+            fitting->templateName + " and --format with a number");
     }
     return fitting;
 }

@@ -18,6 +18,7 @@ struct LayoutReading {
     std::string name;               ///< of the layout that the format's reader chose by the text; "template NAME"
     std::string templateName = {};  ///< as --template takes it; empty: read by a layout
     std::int32_t format = 0;        ///< means nothing for the foreign kind
+    bool namesFormat = true;        ///< false: a template that says nothing of it, which means 0
     bool isForeign = false;
     int sections = 0;         ///< found
     int rows = 0;             ///< read in them
@@ -41,7 +42,7 @@ struct LayoutReading {
 
 /// The reading by the first of the program's templates that makes a report of `text`, or by the only one of
 /// `rootFolder` that does, unless a layout whose marks stand in it reads any of it. Throws CUsageError where several of
-/// the root do, and CUnreadableInput.
+/// the root do, or the only one doesn't name its format, on which figures hang; and CUnreadableInput.
 [[nodiscard]] std::optional<LayoutReading> ReadByFittingTemplate(const std::string& rootFolder, std::string_view text,
                                                                  const std::string& day);
 

@@ -148,5 +148,52 @@ TEST_F(FormatPick, KeepsWhatElseTheRequestSays) {
     EXPECT_EQ(prepared.request.StatementKind, 1);
 }
 
+/// A root with a layout that its own template alone reads, and says nothing of a format.
+class RootTemplate : public FormatPick {
+protected:
+    RootTemplate() {
+        const std::string sample = std::string(TRADEBILL_SAMPLES) + "/template-row/root";
+        std::filesystem::copy(
+            sample, root_.Path(),
+            std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing);
+        options_.account = "90010012";
+        options_.from = "2024-01-02";
+        text_ = ReadFile(sample + "/BillTemplate/songta.ini");
+    }
+    /// Puts the template under `name`, with a format for itself.
+    void PutWithFormat(const std::string& name) const {
+        const std::size_t firstSection = text_.find('[');
+        const std::size_t behind = text_.find('\n', firstSection) + 1;
+        root_.Write("BillTemplate/" + name + ".ini", text_.substr(0, behind) + "FORMAT=201\n" + text_.substr(behind));
+    }
+
+    std::string text_;
+};
+
+TEST_F(RootTemplate, IsFoundIfItNamesItsFormat) {
+    PutWithFormat("songta");
+    const PreparedRequest prepared = PrepareRequest(options_);
+    EXPECT_EQ(prepared.request.StatementFormat, 201);
+    EXPECT_STREQ(prepared.request.TemplateName, "songta");
+    EXPECT_TRUE(prepared.carriedTemplate.empty());
+}
+
+TEST_F(RootTemplate, IsNotTakenWithoutAFormatOnWhichFiguresHang) {
+    EXPECT_NE(Refusal().find("the template songta reads it and doesn't name its format"), std::string::npos)
+        << Refusal();
+}
+
+TEST_F(RootTemplate, IsNotTakenBesideAnotherThatFits) {
+    PutWithFormat("songta");
+    PutWithFormat("other");
+    EXPECT_NE(Refusal().find("the templates other and songta both read it"), std::string::npos) << Refusal();
+}
+
+TEST_F(RootTemplate, IsntMetByStatementsThatALayoutReads) {
+    options_.root = std::string(TRADEBILL_SAMPLES) + "/fund-status/root";
+    options_.account = "90010002";
+    EXPECT_EQ(PrepareRequest(options_).request.StatementFormat, 1);
+}
+
 }  // namespace
 }  // namespace tradebill::format_pick_test

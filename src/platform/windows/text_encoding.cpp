@@ -7,7 +7,7 @@
 namespace tradebill {
 namespace {
 
-std::optional<std::wstring> WideOfUtf8(std::string_view text) {
+std::optional<std::wstring> StrictlyWideOf(std::string_view text) {
     const int size = static_cast<int>(text.size());
     std::wstring wide(text.size(), L'\0');
     const int count = ::MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, text.data(), size, wide.data(), size);
@@ -23,7 +23,7 @@ std::string GbkToUtf8(std::string_view text) {
 }
 
 std::optional<std::string> Utf8ToGbk(std::string_view text) {
-    const auto wide = WideOfUtf8(text);
+    const auto wide = StrictlyWideOf(text);
     if (!wide) return std::nullopt;
     std::string gbk = NarrowOf(kGbkCodePage, *wide);
     // The code page puts likenesses in the place of what it lacks: only what comes back was there.
