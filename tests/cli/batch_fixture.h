@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -56,7 +57,7 @@ protected:
     [[nodiscard]] std::string Bills(const std::string& user = "demo") const {
         return root_ + "/Users/" + user + "/Data/Bill";
     }
-    [[nodiscard]] long Lines(const std::string& name = "results.jsonl") const {
+    [[nodiscard]] std::ptrdiff_t Lines(const std::string& name = "results.jsonl") const {
         return std::ranges::count(ReadFile(out_ + "/" + name), '\n');
     }
     /// What lies right in the output folder, in order.

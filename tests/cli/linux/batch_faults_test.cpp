@@ -70,7 +70,7 @@ protected:
         }
         return false;
     }
-    [[nodiscard]] bool HasLines(long count) const { return Lines() >= count; }
+    [[nodiscard]] bool HasLines(std::ptrdiff_t count) const { return Lines() >= count; }
     /// The exit code; the negative signal of one that was killed.
     int End() {
         int status = 0;
