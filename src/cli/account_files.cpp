@@ -39,8 +39,9 @@ std::vector<std::string> UsersBelow(const std::string& root) {
 
 void WalkStatements(const std::string& root, const std::optional<std::string>& onlyUser,
                     const OnStatement& onStatement) {
+    const std::string users = root + "/Users/";
     for (const std::string& user : onlyUser ? std::vector{*onlyUser} : UsersBelow(root)) {
-        if (!MayBeFolder(root + "/Users/" + user)) continue;
+        if (!MayBeFolder(users + user)) continue;
         for (const std::string& name : NamesBelow(BillsOf(root, user))) {
             const auto parts = PartsOfStatementName(name);
             if (parts) onStatement({user, parts->account, parts->isForeign}, *parts);
