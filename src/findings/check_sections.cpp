@@ -19,6 +19,8 @@
 namespace tradebill {
 namespace {
 
+constexpr std::string_view kNoLabels = "The money section has none of the labels of its layout.";
+
 constexpr SectionKind kTables[] = {SectionKind::Trades, SectionKind::Closed, SectionKind::Open, SectionKind::Summary};
 
 bool IsFound(const StatementFacts& statement, SectionKind kind) {
@@ -111,6 +113,21 @@ void CheckMoneySection(const CReport& report, const StatementFacts& statement, s
                     findings);
         return;
     }
+    if (statement.lacksLabels) {
+        const std::string& options = statement.otherOptions;
+        const std::string hint = options.empty() ? "" : " This looks like " + options + ".";
+        TellMissing(statement, SectionKind::Money, std::string(kNoLabels) + hint, findings);
+        findings.back().expected = "its labels";
+        findings.back().found = "others";
+        return;
+    }
+    if (statement.lacksEquity) {
+        TellMissing(statement, SectionKind::Money, "The money section states an equity that its layout doesn't find.",
+                    findings);
+        findings.back().expected = "the label of the equity";
+        findings.back().found = "another";
+        return;
+    }
     const bool statesBalance = States(report, statement, PrintedFigure::Opening) ||
                                States(report, statement, PrintedFigure::Closing) ||
                                States(report, statement, PrintedFigure::Equity);
@@ -118,7 +135,7 @@ void CheckMoneySection(const CReport& report, const StatementFacts& statement, s
         return statement.moneyCount > 0 && MoneyOf(report, statement).front()[figure].has_value();
     };
     if (statesBalance || isPrinted(PrintedFigure::Opening) || isPrinted(PrintedFigure::Closing)) return;
-    TellMissing(statement, SectionKind::Money, "The money section has none of the labels of its layout.", findings);
+    TellMissing(statement, SectionKind::Money, std::string(kNoLabels), findings);
 }
 
 void CheckTables(const CReport& report, const CUsualSections& usual, const StatementFacts& statement,

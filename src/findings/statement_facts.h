@@ -39,6 +39,9 @@ struct StatementFacts {
     int lastRow = 0;          ///< that isn't blank
 
     bool hasMoney = false;       ///< a money record was made
+    bool lacksLabels = false;    ///< and none of the labels stands in the statement that its layout looks for
+    bool lacksEquity = false;    ///< and no equity is in it, though the statement prints one
+    std::string otherOptions;    ///< of layouts that a statement without labels looks like, as a user gives them
     std::size_t firstMoney = 0;  ///< its figures in the report's PrintedMoney
     std::size_t moneyCount = 0;
     std::vector<LotsFault> lots;  ///< compared with the usable statement before

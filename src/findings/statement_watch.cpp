@@ -37,6 +37,7 @@
 #include "report/printed_money.h"
 #include "report/records.h"
 #include "report/report.h"
+#include "report/statement_format.h"
 
 namespace tradebill {
 namespace {
@@ -56,12 +57,16 @@ bool IsOfRequest(const Layout& layout, const CReport& report) {
            (layout.isForeign || layout.format == report.Request.StatementFormat);
 }
 
+/// Whether a statement may be of a layout of the request's own format that is read by a template alone.
+enum class OwnFormat { IsRight, MayLackItsTemplate };
+
 /// The layouts that `text` may be of but for the one it was read by, as options: "--format 2 or --format 201".
-std::string OtherOptions(std::string_view text, const CReport& report) {
+std::string OtherOptions(std::string_view text, const CReport& report, OwnFormat own = OwnFormat::IsRight) {
     const bool hasTemplate = !FieldText(report.Request.TemplateName).empty();
     std::string options;
     for (const Layout* const layout : FittingLayouts(text)) {
-        if (IsOfRequest(*layout, report)) continue;
+        const bool lacksTemplate = own == OwnFormat::MayLackItsTemplate && layout->marks.needsTemplate && !hasTemplate;
+        if (IsOfRequest(*layout, report) && !lacksTemplate) continue;
         options.append(options.empty() ? "" : " or ").append(OptionFor(*layout, hasTemplate));
     }
     return options;
@@ -119,6 +124,7 @@ void CStatementWatch::BeginPass() {
     section_.Drop();
     moneySeen_ = {};
     money_.reset();
+    wantsLabels_ = hasLabel_ = false;
     report_.PrintedMoney.resize(report_.PrintedMoney.size() - Facts().moneyCount);
     Facts().firstMoney = report_.PrintedMoney.size();
     Facts().moneyCount = 0;
@@ -171,10 +177,13 @@ void CStatementWatch::OnRow(std::string_view row, Row columns, const RowVerdict&
 }
 
 void CStatementWatch::OnLabelWanted(std::string_view /*label*/) {
+    wantsLabels_ = true;
     section_.OnLabelWanted();
 }
 
-void CStatementWatch::OnLabelMet(std::string_view /*label*/) {}
+void CStatementWatch::OnLabelMet(std::string_view /*label*/) {
+    hasLabel_ = true;
+}
 
 void CStatementWatch::OnMoney(const MoneyRecord& record, std::string_view currency) {
     Facts().hasMoney = true;
@@ -224,12 +233,23 @@ void CStatementWatch::OnRecord(const RecordSeen& record) {
     }
 }
 
+/// What the reader of a domestic statement didn't find for its money record.
+void CStatementWatch::LookForLostMoney() {
+    Facts().lacksLabels = wantsLabels_ && !hasLabel_;
+    if (Facts().lacksLabels) Facts().otherOptions = OtherOptions(text_, report_, OwnFormat::MayLackItsTemplate);
+    const bool addsUp = report_.Format().equity == EquityRule::MarginAndAvailable;
+    const bool hasEquity = addsUp ? !FieldText(money_->BZJZY).empty() || !FieldText(money_->KYZJ).empty()
+                                  : !FieldText(money_->KHQY).empty();
+    Facts().lacksEquity = !hasEquity && printed_[PrintedFigure::Equity].has_value();
+}
+
 /// The figures of a domestic statement: as printed, and as its layout's reader took them.
 void CStatementWatch::TakeMoney() {
     if (report_.IsForeign() || !money_) return;
     if (!moneySeen_.titleRow.empty()) {
         ReadPrintedMoney({text_, moneySeen_.titleRow, moneySeen_.terminatorRow}, printed_);
     }
+    LookForLostMoney();
     CompleteFromRecord(*money_, report_.Format().equity, printed_);
     report_.PrintedMoney.push_back(std::move(printed_));
     Facts().moneyCount = 1;

@@ -58,6 +58,7 @@ private:
     void EndSection();
     void TakeTrade(const MatchRecord& row);
     void TakeMoney();
+    void LookForLostMoney();
     void LookForOtherCurrencies();
     void TakeSideRows();
     void LookForCutTable();
@@ -83,6 +84,8 @@ private:
     std::string layout_;  ///< of the last reader
     SectionSeen moneySeen_{};
     std::optional<MoneyRecord> money_;
+    bool wantsLabels_ = false;  ///< of money
+    bool hasLabel_ = false;
     PrintedMoney printed_;
     std::optional<TemplateSeen::Outcome> template_;
     bool hasReader_ = false;

@@ -239,6 +239,23 @@ TEST_F(CheckSectionsTest, MoneyIsMissedWithoutFigures) {
     EXPECT_EQ(findings_[0].text, "The money section has none of the labels of its layout.");
 }
 
+TEST_F(CheckSectionsTest, MoneyIsMissedWhereItsReaderFindsNoLabel) {
+    Last().lacksLabels = true;
+    EXPECT_EQ(Check(), missing_);
+    EXPECT_EQ(findings_[0].text, "The money section has none of the labels of its layout.");
+    EXPECT_EQ(findings_[0].found, "others");
+    Last().otherOptions = "--format 2";
+    EXPECT_EQ(Check(), missing_);
+    EXPECT_EQ(findings_[0].text,
+              "The money section has none of the labels of its layout. This looks like --format 2.");
+}
+
+TEST_F(CheckSectionsTest, MoneyIsMissedWhereItsReaderFindsNoEquity) {
+    Last().lacksEquity = true;
+    EXPECT_EQ(Check(), missing_);
+    EXPECT_EQ(findings_[0].text, "The money section states an equity that its layout doesn't find.");
+}
+
 TEST_F(CheckSectionsTest, ATitleAloneIsToldWithItsLine) {
     LastMoney()[Fees] = 1;
     Last().sections[1].hasEnd = false;

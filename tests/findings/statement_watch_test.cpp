@@ -117,6 +117,34 @@ TEST(StatementWatch, DoesntTakeAStatementOfAnotherLayoutForOneOfAKnownDay) {
     EXPECT_EQ(second.findings[0].found, "--format 0");
 }
 
+/// A statement of a layout that is read by a template alone; without one the reader of its format knows none of its
+/// labels, but its tables.
+TEST(StatementWatch, SeesMoneyThatNoLabelLeadsTo) {
+    const std::string day = "20240129";
+    const std::string text = ReadFile(std::string(TRADEBILL_SAMPLES) +
+                                      "/bilingual-new/root/Users/demo/Data/Bill/D90010010." + day + "o.txt");
+    ASSERT_FALSE(text.empty());
+    const CCheckedRun run({{day, text}}, {3});
+    const StatementFacts& facts = run.watch.Statements().back();
+    EXPECT_TRUE(facts.isUsable);
+    EXPECT_TRUE(facts.lacksLabels);
+    EXPECT_TRUE(facts.lacksEquity);
+    EXPECT_EQ(facts.otherOptions, "--format 3 --template FILE.ini");
+}
+
+TEST(StatementWatch, SeesAnEquityThatItsLayoutDoesntTake) {
+    const auto with = [](std::string_view label) {
+        const CCheckedRun run({File("20240105", {"结算单", "日  期:20240105", "资金状况", "----------",
+                                                 "上日结存: 5.00 当日结存: 5.00", label, "----------"})},
+                              {1});
+        return run.watch.Statements().back();
+    };
+    EXPECT_FALSE(with("客户权益: 5.00").lacksEquity);
+    EXPECT_TRUE(with("权益: 5.00").lacksEquity);
+    EXPECT_FALSE(with("权益: 5.00").lacksLabels);
+    EXPECT_FALSE(with("可用资金: 5.00").lacksEquity) << "none is printed";
+}
+
 TEST(StatementWatch, CountsPositionsOfASummaryWhereThereAreNoOthers) {
     const std::string content =
         "[DEALFIELD]\r\nMONEY_MODE=9\r\nOPI_SUM=1\r\n[OPI_SUM]\r\nSTART_FLAG=持仓汇总\r\nSTART_OFFSET=1\r\n"
