@@ -78,6 +78,21 @@ Shard ShardOf(const std::optional<std::string>& given) {
     return *shard;
 }
 
+/// Why `text` is no number that `isRight` takes; empty if it is one.
+std::string WhyNoNumber(const std::string& text, const std::string& expected, bool (*isRight)(double number)) {
+    double number = 0;
+    if (CLI::detail::lexical_cast(text, number) && isRight(number)) return {};
+    return "expected " + expected + ", found \"" + text + "\"";
+}
+
+std::string WhyNotAboveZero(const std::string& text) {
+    return WhyNoNumber(text, "a number above 0", [](double number) { return number > 0; });
+}
+
+std::string WhyBelowZero(const std::string& text) {
+    return WhyNoNumber(text, "a number from 0", [](double number) { return number >= 0; });
+}
+
 /// The day that counts as today for all accounts: a batch that goes on has that of its beginning.
 std::string TodayOf(const BatchCommand& command, const CBatchPlaces& places) {
     if (command.making.options.today) return *command.making.options.today;
@@ -158,7 +173,7 @@ int ExitOf(const BatchEnd& end, bool isWhole) {
 void AddRiskLimitOption(CLI::App& app, double& limit) {
     app.add_option("--risk-limit", limit, "Margin use that the index marks when above (default: 0.8)")
         ->type_name("FRACTION")
-        ->check(CLI::NonNegativeNumber);
+        ->check(WhyBelowZero);
 }
 
 CommandRun DeclareBatch(CLI::App& app) {
@@ -177,7 +192,7 @@ CommandRun DeclareBatch(CLI::App& app) {
         ->check(CLI::Range(1, 1024));
     app.add_option("--timeout", command->timeout, "Seconds that an account may take (default: as long as it takes)")
         ->type_name("SECONDS")
-        ->check(CLI::PositiveNumber);
+        ->check(WhyNotAboveZero);
     app.add_option("--memory", command->memory, "Memory that a process may take (default: as much as there is)")
         ->type_name("SIZE");
     app.add_option(
@@ -189,7 +204,7 @@ CommandRun DeclareBatch(CLI::App& app) {
     app.add_option("--stop-after", command->stopSeconds,
                    "Seconds that the accounts in work are given when the batch has to stop (default: 20)")
         ->type_name("SECONDS")
-        ->check(CLI::NonNegativeNumber);
+        ->check(WhyBelowZero);
     AddRiskLimitOption(app, command->riskLimit);
     app.add_flag("--quiet", command->quiet, "No progress line and no summary");
     return [command] { return RunBatchCommand(*command); };

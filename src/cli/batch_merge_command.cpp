@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -75,6 +76,10 @@ public:
                  ": --today says it for all");
         }
         counts_.accounts += state.state->accounts;
+        const auto isMade = [](const auto& done) {
+            return done.second.status == AccountStatus::Ok || done.second.status == AccountStatus::Findings;
+        };
+        if (std::ranges::any_of(read.results, isMade)) haveMade_.push_back(shard);
         for (auto& [account, result] : read.results) {
             if (result.status == AccountStatus::Findings) ++counts_.findings;
             if (result.status != AccountStatus::Findings && result.status != AccountStatus::Ok) ++counts_.failed;
@@ -95,6 +100,8 @@ public:
 
     [[nodiscard]] const BatchCounts& Counts() const { return counts_; }
     [[nodiscard]] const std::string& Today() const { return today_; }
+    /// The tasks that have made accounts, and with them a database if they were told of one.
+    [[nodiscard]] const std::vector<Shard>& HaveMade() const { return haveMade_; }
     [[nodiscard]] bool LacksAccounts() const { return lacks_; }
     [[nodiscard]] bool IsWhole() const { return isWhole_; }
 
@@ -112,6 +119,7 @@ private:
     ResultsByAccount results_;
     BatchCounts counts_;
     std::string today_;
+    std::vector<Shard> haveMade_;
     bool lacks_ = false;
     bool isWhole_ = true;
 };
@@ -159,7 +167,7 @@ int RunBatchMergeCommand(const BatchMergeCommand& command) {
     for (const Shard& shard : tasks) merge.Add(shard);
     bool isDone = merge.Save(places);
     isDone = isDone && SaveIndex(places, {.today = merge.Today(), .riskLimit = command.riskLimit});
-    if (command.sqliteFile) isDone &= JoinDatabases(*command.sqliteFile, out, tasks);
+    if (command.sqliteFile) isDone &= JoinDatabases(*command.sqliteFile, out, merge.HaveMade());
     if (!command.quiet) ShowBatchSummary(places, {.counts = merge.Counts()}, Shard{});
     if (!isDone || !merge.IsWhole()) return kExitFailed;
     if (merge.LacksAccounts()) return kExitTryAgain;

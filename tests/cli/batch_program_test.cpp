@@ -291,6 +291,10 @@ TEST_F(BatchProgram, RefusesOptionsThatMeanNothing) {
     EXPECT_TRUE(IsWrongUse(Batch("--discover --shard auto"), "found neither"));
     EXPECT_TRUE(IsWrongUse(Batch("--discover --make pages"), "found \"pages\""));
     EXPECT_TRUE(IsWrongUse(Batch("--discover --memory much"), "found \"much\""));
+    EXPECT_TRUE(IsWrongUse(Batch("--discover --timeout -3"), "expected a number above 0, found \"-3\""));
+    EXPECT_TRUE(IsWrongUse(Batch("--discover --timeout 0"), "found \"0\""));
+    EXPECT_TRUE(IsWrongUse(Batch("--discover --stop-after -1"), "expected a number from 0, found \"-1\""));
+    EXPECT_TRUE(IsWrongUse(Batch("--discover --risk-limit most"), "found \"most\""));
     EXPECT_TRUE(IsWrongUse(Batch("--discover --user nobody"), "found none"));
     EXPECT_FALSE(fs::exists(out_));
 }
