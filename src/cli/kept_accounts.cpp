@@ -21,6 +21,21 @@ bool IsFound(const StatementNameParts& name, const CalendarDay& present) {
     return name.ending == kFinishedEnding || ParsePackedDay(name.day) == present;
 }
 
+/// A name that breaks lines would make two messages of one. All else that a terminal obeys is shown by the streams.
+std::string OnOneLine(const std::string& name) {
+    std::string shown;
+    for (const char byte : name) {
+        if (byte == '\n') {
+            shown += "\\x0a";
+        } else if (byte == '\r') {
+            shown += "\\x0d";
+        } else {
+            shown += byte;
+        }
+    }
+    return shown;
+}
+
 }  // namespace
 
 bool IsWanted(const AccountKey& key, const WantedAccount& wanted) {
@@ -46,7 +61,7 @@ std::vector<KeptAccount> FindKeptAccounts(const std::string& root, const WantedA
 }
 
 std::string AccountOptions(const AccountKey& key) {
-    return "--user " + key.user + " --account " + key.account +
+    return "--user " + OnOneLine(key.user) + " --account " + OnOneLine(key.account) +
            (key.isForeign ? " --kind " + std::string(KindName(true)) : "");
 }
 

@@ -70,5 +70,11 @@ TEST_F(KeptAccounts, HaveNoDaysOfFilesThatNoReportReads) {
         << "unfinished, but today's";
 }
 
+TEST(AccountOptions, StayOnOneLine) {
+    EXPECT_EQ(AccountOptions({.user = "wang", .account = "1 2", .isForeign = true}),
+              "--user wang --account 1 2 --kind foreign");
+    EXPECT_EQ(AccountOptions({.user = "x\ny", .account = "\r"}), "--user x\\x0ay --account \\x0d");
+}
+
 }  // namespace
 }  // namespace tradebill::kept_accounts_test
