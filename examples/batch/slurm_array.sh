@@ -3,7 +3,7 @@
 #
 # Submit (the number of tasks stands in --array alone, which begins at 0 and has no gaps):
 #   job=$(sbatch --parsable --array=0-7 --export=ALL,ROOT=/data/settlement,OUT=/data/reports,TODAY=$(date +%F) slurm_array.sh)
-#   sbatch --dependency=afterany:$job --export=ALL,OUT=/data/reports slurm_merge.sh
+#   sbatch --dependency=afterany:$job --export=ALL,OUT=/data/reports,TODAY=... slurm_merge.sh
 #SBATCH --job-name=tradebill
 #SBATCH --requeue
 #SBATCH --open-mode=append

@@ -3,4 +3,5 @@
 # exit code and on its error output what is missing.
 #SBATCH --job-name=tradebill-merge
 set -euo pipefail
-exec "${TRADEBILL:-tradebill}" batch-merge --out "${OUT:?the folder to which the tasks have written}"
+exec "${TRADEBILL:-tradebill}" batch-merge --out "${OUT:?the folder to which the tasks have written}" \
+    --today "${TODAY:?the day that the tasks were told}"

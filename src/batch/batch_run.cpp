@@ -1,5 +1,6 @@
 #include "batch/batch_run.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -106,11 +107,34 @@ ResultsByAccount CBatchRun::Check(const ResultsByAccount& known) {
     pool_.Run([&] { return questions.Next(); },
               [&](const std::string& question, const WorkAnswer& answer) {
                   const AccountWork& work = order_.accounts[questions.Take(question)];
+                  if (answer.end == WorkAnswer::End::NotAsked) return HoldUp(answer);
                   const auto parsed = ParseAnswer(answer.line);
                   if (parsed && parsed->isAsMade) kept.insert(*known.find(work.account));
                   watcher_.OnChecked(++checked, toCheck);
               });
     return kept;
+}
+
+ResultsByAccount CBatchRun::OfThisBatch(const ResultsByAccount& known) const {
+    ResultsByAccount own;
+    for (const AccountWork& work : order_.accounts) {
+        const auto found = known.find(work.account);
+        if (found != known.end()) own.insert(*found);
+    }
+    return own;
+}
+
+/// Nobody knows whether the accounts of users whose folders can't be looked into are still there: their results stay.
+void CBatchRun::AddUnseen(const ResultsByAccount& known, ResultsByAccount& kept) {
+    for (const auto& [account, result] : known) {
+        if (std::ranges::find(order_.unseenUsers, account.user) == order_.unseenUsers.end()) continue;
+        if (kept.emplace(account, result).second) ++end_.counts.accounts;
+    }
+}
+
+void CBatchRun::CountKept(const ResultsByAccount& kept) {
+    end_.counts.kept = static_cast<std::int64_t>(kept.size());
+    for (const auto& [account, result] : kept) Count(result);
 }
 
 void CBatchRun::Keep(const AccountResult& result, const std::vector<std::string>& told) {
@@ -120,11 +144,15 @@ void CBatchRun::Keep(const AccountResult& result, const std::vector<std::string>
     watcher_.OnAccount(result, told, end_.counts);
 }
 
+void CBatchRun::HoldUp(const WorkAnswer& answer) {
+    end_.isHeldUp = true;
+    if (end_.failure.empty())
+        end_.failure = "can't start a process" + (answer.reason.empty() ? "" : ": " + answer.reason);
+    pool_.Stop(0);
+}
+
 void CBatchRun::Take(const AccountWork& work, const WorkAnswer& answer) {
-    if (answer.end == WorkAnswer::End::NotAsked) {
-        end_.isHeldUp = true;
-        return Fail("can't start", order_.pool.worker.program);
-    }
+    if (answer.end == WorkAnswer::End::NotAsked) return HoldUp(answer);
     auto parsed = answer.end == WorkAnswer::End::Answered ? ParseAnswer(answer.line) : std::nullopt;
     if (parsed && parsed->result) {
         parsed->result->seconds = answer.seconds;
@@ -164,13 +192,14 @@ BatchEnd CBatchRun::Run() {
     end_.counts.accounts = static_cast<std::int64_t>(order_.accounts.size());
     const ResultsByAccount known = KnownResults();
     if (!end_.failure.empty()) return end_;
-    const ResultsByAccount kept = Check(known);
-    if (isStopped_) {  // what wasn't looked through may be as good as what was
-        end_.isStopped = true;
+    ResultsByAccount kept = Check(known);
+    if (isStopped_ || end_.isHeldUp) {  // what wasn't looked through may be as good as what was: nothing changes
+        end_.isStopped = isStopped_;
+        CountKept(OfThisBatch(known));
         return end_;
     }
-    end_.counts.kept = static_cast<std::int64_t>(kept.size());
-    for (const auto& [account, result] : kept) Count(result);
+    AddUnseen(known, kept);
+    CountKept(kept);
     if (!results_.Begin(kept)) {
         Fail("can't write", places_.Results());
         return end_;

@@ -36,7 +36,8 @@ public:
 };
 
 struct BatchOrder {
-    std::vector<AccountWork> accounts;  ///< no two of them the same
+    std::vector<AccountWork> accounts;          ///< no two of them the same
+    std::vector<std::string> unseenUsers = {};  ///< whose folders can't be looked into; UTF-8
     PoolOptions pool;
     bool resumes = false;    ///< keeps what was made before
     double stopSeconds = 0;  ///< that the accounts in work are given when the batch has to stop
@@ -63,14 +64,18 @@ public:
 
     /// Has Run come to its end. May be called by another thread.
     void Stop() {
+        isStopped_ = true;  // first: whoever sees the pool at its end asks why
         pool_.Stop(order_.stopSeconds);
-        isStopped_ = true;
     }
 
 private:
     [[nodiscard]] ResultsByAccount KnownResults();
     [[nodiscard]] ResultsByAccount Check(const ResultsByAccount& known);
     void Make(const ResultsByAccount& kept);
+    [[nodiscard]] ResultsByAccount OfThisBatch(const ResultsByAccount& known) const;
+    void AddUnseen(const ResultsByAccount& known, ResultsByAccount& kept);
+    void CountKept(const ResultsByAccount& kept);
+    void HoldUp(const WorkAnswer& answer);
     void Take(const AccountWork& work, const WorkAnswer& answer);
     void Keep(const AccountResult& result, const std::vector<std::string>& told);
     void Count(const AccountResult& result);

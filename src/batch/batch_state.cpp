@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <vector>
 
 #include "platform/file.h"
 
@@ -24,15 +25,17 @@ ReadState LoadBatchState(const std::string& path) {
     try {
         return {.state = BatchState{.accounts = json.at("accounts").get<std::int64_t>(),
                                     .today = json.at("today").get<std::string>(),
-                                    .version = json.at("version").get<std::string>()}};
+                                    .version = json.at("version").get<std::string>(),
+                                    .unseen = json.value("unseen", std::vector<std::string>())}};
     } catch (const Json::exception&) {
         return {};
     }
 }
 
 bool SaveBatchState(const std::string& path, const BatchState& state) {
-    const Json json = {{"accounts", state.accounts}, {"today", state.today}, {"version", state.version}};
-    const std::string text = json.dump() + "\n";
+    Json json = {{"accounts", state.accounts}, {"today", state.today}, {"version", state.version}};
+    if (!state.unseen.empty()) json["unseen"] = state.unseen;
+    const std::string text = json.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
     return SaveInOneStep(
         path, [&](CFile& file) { return file.Write(text); }, Durability::OnDisk);
 }

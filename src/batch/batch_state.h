@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/file.h"
 
@@ -14,6 +15,8 @@ struct BatchState {
     std::int64_t accounts = 0;  ///< to be made
     std::string today;          ///< yyyy-mm-dd, the same for all of them
     std::string version;        ///< of the program
+    /// What couldn't be looked into when accounts were looked for, in words: there may be more accounts.
+    std::vector<std::string> unseen = {};
 
     bool operator==(const BatchState&) const = default;
 };

@@ -95,8 +95,17 @@ std::string TextOf(const Json& value, std::string_view column, std::size_t line)
 }
 
 void ReadObject(std::string_view text, std::size_t line, Columns columns, const OnManifestRow& onRow) {
-    const Json object = Json::parse(text, nullptr, false);
+    std::vector<std::string> names;
+    const auto keepName = [&names](int depth, Json::parse_event_t event, Json& parsed) {
+        if (event == Json::parse_event_t::key && depth == 1) names.push_back(parsed.get<std::string>());
+        return true;
+    };
+    const Json object = Json::parse(text, keepName, false);
     if (!object.is_object()) Refuse(line, "expected one JSON object");
+    std::ranges::sort(names);
+    if (const auto twice = std::ranges::adjacent_find(names); twice != names.end()) {
+        Refuse(line, "the column " + *twice + " comes twice");
+    }
     std::vector<std::string> texts;
     std::vector<ManifestCell> cells;
     texts.reserve(object.size());

@@ -36,7 +36,9 @@ constexpr auto kNever = std::numeric_limits<Clock::duration::rep>::max();
 
 /// One worker, as the thread that watches all of them sees it.
 struct Slot {
-    CWorkerProcess* atWork = nullptr;  ///< null while it isn't asked
+    std::unique_ptr<CWorkerProcess> worker = {};  ///< of the slot's own thread alone
+    bool isManned = false;                        ///< it has one
+    CWorkerProcess* atWork = nullptr;             ///< null while it isn't asked
     std::optional<Clock::time_point> deadline = {};
     bool isLate = false;   ///< it was ended for that
     bool isEnded = false;  ///< it was ended since all has to end
@@ -50,18 +52,20 @@ struct CWorkerPool::State {
     /// What one thread does: asks a worker of its own until nothing is left.
     void Work(Slot& slot, const NextQuestion& next, const OnAnswer& onAnswer);
     /// Asks one question; nothing if all had to end meanwhile.
-    std::optional<WorkAnswer> Ask(Slot& slot, std::unique_ptr<CWorkerProcess>& worker, const std::string& question);
+    std::optional<WorkAnswer> Ask(Slot& slot, const std::string& question);
     /// The same, and again if a worker that wasn't new has crashed.
-    std::optional<WorkAnswer> AskSurely(Slot& slot, std::unique_ptr<CWorkerProcess>& worker,
-                                        const std::string& question);
+    std::optional<WorkAnswer> AskSurely(Slot& slot, const std::string& question);
+    /// Whether others have workers, which take the question instead of one that has none.
+    bool IsLeftToOthers(Slot& slot, const std::string& question);
     /// Ends workers that are late, until all threads are through.
     void Watch();
     void Keep(std::exception_ptr thrown);
 
     const PoolOptions options;
     std::vector<Slot> slots;
-    std::mutex mutex;  // of the slots, and of the next three
+    std::mutex mutex;  // of the slots, and of the next four
     std::condition_variable changed;
+    std::vector<std::string> returned;  // questions that a slot without a worker has left to others
     std::size_t threadsLeft = 0;
     std::exception_ptr failure;
 
@@ -71,23 +75,38 @@ struct CWorkerPool::State {
 };
 
 void CWorkerPool::State::Work(Slot& slot, const NextQuestion& next, const OnAnswer& onAnswer) {
-    std::unique_ptr<CWorkerProcess> worker;
     for (;;) {
         std::optional<std::string> question;
         {
             const std::lock_guard lock(mutex);
-            if (!isStopping) question = next();
+            if (!isStopping && !returned.empty()) {
+                question = std::move(returned.back());
+                returned.pop_back();
+            } else if (!isStopping) {
+                question = next();
+            }
+            if (!question) slot.isManned = false;
         }
-        if (!question) return;
-        const auto answer = AskSurely(slot, worker, *question);
-        if (!answer) return;
+        if (!question) break;
+        const auto answer = AskSurely(slot, *question);
+        if (!answer) break;
         const std::lock_guard lock(mutex);
+        if (answer->end == WorkAnswer::End::NotAsked && IsLeftToOthers(slot, *question)) break;
         onAnswer(*question, *answer);
     }
+    slot.worker.reset();
 }
 
-std::optional<WorkAnswer> CWorkerPool::State::Ask(Slot& slot, std::unique_ptr<CWorkerProcess>& worker,
-                                                  const std::string& question) {
+/// Whoever has a worker asks for another question before he is through.
+bool CWorkerPool::State::IsLeftToOthers(Slot& slot, const std::string& question) {
+    slot.isManned = false;
+    if (std::ranges::none_of(slots, &Slot::isManned)) return false;
+    returned.push_back(question);
+    return true;
+}
+
+std::optional<WorkAnswer> CWorkerPool::State::Ask(Slot& slot, const std::string& question) {
+    std::unique_ptr<CWorkerProcess>& worker = slot.worker;
     if (!worker) worker = std::make_unique<CWorkerProcess>(options.worker);
     if (!worker->IsStarted()) {
         worker.reset();
@@ -96,7 +115,10 @@ std::optional<WorkAnswer> CWorkerPool::State::Ask(Slot& slot, std::unique_ptr<CW
     const auto start = Clock::now();
     {
         const std::lock_guard lock(mutex);
-        slot = {.atWork = worker.get()};
+        slot.isManned = true;
+        slot.atWork = worker.get();
+        slot.isLate = slot.isEnded = false;
+        slot.deadline.reset();
         if (options.mostSeconds > 0) slot.deadline = start + Span(options.mostSeconds);
     }
     auto line = worker->Ask(question) ? worker->Answer() : std::nullopt;
@@ -116,16 +138,16 @@ std::optional<WorkAnswer> CWorkerPool::State::Ask(Slot& slot, std::unique_ptr<CW
     answer.exit = worker->Finish();
     worker.reset();
     if (isEnded) return std::nullopt;
+    if (answer.exit == kExitNotStarted) return WorkAnswer{.end = WorkAnswer::End::NotAsked};
     answer.end = isLate ? WorkAnswer::End::TimedOut : WorkAnswer::End::Crashed;
     return answer;
 }
 
-std::optional<WorkAnswer> CWorkerPool::State::AskSurely(Slot& slot, std::unique_ptr<CWorkerProcess>& worker,
-                                                        const std::string& question) {
-    const bool isNew = !worker;
-    auto answer = Ask(slot, worker, question);
+std::optional<WorkAnswer> CWorkerPool::State::AskSurely(Slot& slot, const std::string& question) {
+    const bool isNew = !slot.worker;
+    auto answer = Ask(slot, question);
     if (isNew || !answer || answer->end != WorkAnswer::End::Crashed) return answer;
-    return isStopping ? std::nullopt : Ask(slot, worker, question);
+    return isStopping ? std::nullopt : Ask(slot, question);
 }
 
 void CWorkerPool::State::Watch() {
@@ -165,6 +187,7 @@ void CWorkerPool::Run(const NextQuestion& next, const OnAnswer& onAnswer) {
             state.Keep(std::current_exception());
         }
         const std::lock_guard lock(state.mutex);
+        slot.isManned = false;
         --state.threadsLeft;
         state.changed.notify_one();
     };

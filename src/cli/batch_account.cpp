@@ -144,6 +144,11 @@ bool IsPageWhole(const RunProblems& problems) {
 void PutFolder(const std::string& folder, const std::string& place, const std::string& older) {
     ForgetSystemError();
     if (!MakeFolders(FolderOf(place))) ThrowUnwritten(FolderOf(place));
+    if (ExchangeFolders(folder, place)) {  // at no moment is there none
+        RemoveTree(folder);
+        return;
+    }
+    ForgetSystemError();
     const bool hasOlder = MoveOver(place, older);
     if (!MoveOver(folder, place)) {
         const auto error = LastSystemError();
@@ -183,9 +188,10 @@ std::string CBatchAccounts::OptionsDigest(const ReportOptions& options) const {
     CSha256 list;
     for (const ReportSetting& setting : kReportSettings) {
         const auto& value = options.*setting.value;
-        if (value) list.Add(std::string(setting.key) + "=" + Utf8Path(*value) + "\n");
+        const bool isUsual = setting.value == &ReportOptions::format && value == std::string(kAutoFormat);
+        if (value && !isUsual) list.Add(std::string(setting.key) + "=" + Utf8Path(*value) + "\n");
     }
-    list.Add("make=" + making_.makes + "\n");
+    list.Add("make=" + NamesOf(parts_) + "\n");
     list.Add("trading_days=" + std::to_string(making_.tradingDays) + "\n");
     if (making_.sqliteFile) list.Add("sqlite=" + Utf8Path(*making_.sqliteFile) + "\n");
     return list.Digest();
@@ -195,6 +201,7 @@ bool CBatchAccounts::IsAsMade(const AccountQuestion& question) const {
     const MadeFrom& made = *question.made;
     const ReportOptions options = OptionsOf(making_.options, question.settings);
     if (made.version != TRADEBILL_VERSION || made.options != OptionsDigest(options)) return false;
+    if (making_.sqliteFile && !HasAccount(making_.databasePath, question.account)) return false;
     const auto outputs = DigestsIn(PlaceOf(question.account));
     if (!outputs) return false;
     const std::string folder = AccountFolder(question.account) + "/";

@@ -31,6 +31,7 @@
 #include "cli/usage_error.h"
 #include "driver/present_day.h"
 #include "driver/request_names.h"
+#include "platform/local_time.h"
 #include "platform/paths.h"
 #include "report/account_key.h"
 #include "report/request_copy.h"
@@ -131,13 +132,16 @@ public:
         if (settings.contains("request") && settings["request"] == kStandardStream) {
             Refuse(line, "request: expected a file, found \"-\"");
         }
+        const bool isKindTold = given_.kind.has_value() || settings.contains("kind");
         AccountWork work = Resolved(line, std::move(settings));
+        // Which kind is found may change with what lies in a folder, and the account would move to another task.
+        const AccountKey shardKey = isKindTold ? work.account : AccountKey{work.account.user, work.account.account};
         const auto [place, isNew] = lines_.emplace(work.account, line);
         if (!isNew) {
             Refuse(line, "the account " + AccountOptions(work.account) + " stands in line " +
                              std::to_string(place->second) + " already");
         }
-        if (shard_.Has(work.account)) accounts_.push_back(std::move(work));
+        if (shard_.Has(shardKey)) accounts_.push_back(std::move(work));
     }
 
     [[nodiscard]] bool HasRows() const { return !lines_.empty(); }
@@ -148,10 +152,28 @@ private:
         throw CUsageError("--manifest: line " + std::to_string(line) + ": " + why);
     }
 
+    static void CheckKind(std::size_t line, const ReportOptions& options) {
+        try {
+            static_cast<void>(KindNumber(options.kind));
+        } catch (const CUsageError& error) {
+            Refuse(line, error.what());
+        }
+    }
+
+    /// The kind of an account whose row tells all else of it: foreign, if it has foreign statements alone.
+    void FindKind(ReportOptions& options) {
+        if (options.kind || options.requestFile || !options.root || !options.user || !options.account) return;
+        const WantedAccount wanted{.user = options.user, .account = options.account};
+        const auto accounts = users_.Find(*options.root, wanted, LocalDayOf(PresentTime()));
+        if (accounts.size() == 1 && accounts.front().key.isForeign) options.kind = std::string(KindName(true));
+    }
+
     AccountWork Resolved(std::size_t line, Settings settings) {
         ReportOptions options = OptionsOf(given_, settings);
         std::string refusal;
+        CheckKind(line, options);
         try {
+            FindKind(options);
             SettledOptions settled = Settle(options);
             options = std::move(settled.options);
             FindUntold(options, settled.present,
@@ -177,7 +199,7 @@ private:
 
 std::string ManifestText(const std::string& manifest) {
     if (manifest == kStandardStream) return StandardInputText();
-    return InputFileText(manifest, "--manifest: expected a file");
+    return InputFileText(manifest, "a manifest, as --manifest names it");
 }
 
 BatchAccounts ReadAccounts(const std::string& manifest, const ReportOptions& given, const Shard& shard) {
@@ -218,20 +240,29 @@ void AddAccountsOf(const std::string& user, const SettledOptions& settled, Batch
     }
 }
 
+/// A link that leads nowhere, as to a volume that isn't mounted, may hide accounts.
+void RequireFolder(const std::string& path) {
+    if (IsLink(path) && !IsFolder(path) && !IsPlainFile(path)) throw CUnreadableInput(path, "it leads nowhere");
+}
+
 BatchAccounts DiscoverAccounts(const ReportOptions& given) {
     const SettledOptions settled = Settle(given);
     const std::string& root = *settled.options.root;
     BatchAccounts found;
     for (const std::string& user : settled.options.user ? std::vector{*settled.options.user} : UsersBelow(root)) {
         try {
+            for (const char* const below : {"", "/Data", "/Data/Bill"}) RequireFolder(root + "/Users/" + user + below);
             AddAccountsOf(user, settled, found);
         } catch (const CUnreadableInput& error) {
             found.unreadable.emplace_back(error.what());
+            found.unseenUsers.push_back(Utf8Path(user));
         }
     }
     if (found.accounts.empty() && found.unreadable.empty()) {
-        throw CUsageError("--root: expected statements below \"" + root + "/Users\", found none" +
-                          (found.outOfRange > 0 ? " of these days" : ""));
+        const std::string ofUser = settled.options.user ? " of the user \"" + *settled.options.user + "\"" : "";
+        const std::string ofAccount = settled.options.account ? " of the account " + *settled.options.account : "";
+        throw CUsageError("--root: expected statements" + ofUser + ofAccount + " below \"" + root +
+                          "/Users\", found none" + (found.outOfRange > 0 ? " of these days" : ""));
     }
     return found;
 }

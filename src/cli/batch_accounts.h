@@ -18,9 +18,10 @@ struct AccountSource {
 };
 
 struct BatchAccounts {
-    std::vector<AccountWork> accounts = {};    ///< no two the same; in the order of the manifest, or of their keys
-    std::int64_t outOfRange = 0;               ///< found, and without a statement of the days that are asked
-    std::vector<std::string> unreadable = {};  ///< folders that can't be looked into, and why: a line each
+    std::vector<AccountWork> accounts = {};     ///< no two the same; in the order of the manifest, or of their keys
+    std::int64_t outOfRange = 0;                ///< found, and without a statement of the days that are asked
+    std::vector<std::string> unreadable = {};   ///< folders that can't be looked into, and why: a line each
+    std::vector<std::string> unseenUsers = {};  ///< whose folders they are; UTF-8
 };
 
 /// The accounts of `source` that belong to `shard`, with the settings in which each differs from `given`, whose day of

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -107,9 +108,10 @@ std::string TodayOf(const BatchCommand& command, const CBatchPlaces& places) {
 
 std::uint64_t MemoryOf(const std::optional<std::string>& given) {
     if (!given) return 0;
+    constexpr std::uint64_t kLeast = std::uint64_t{24} << 20;  // of a process that makes the smallest report
     const auto size = ParseSize(*given);
-    if (size) return *size;
-    throw CUsageError("--memory: expected a size such as 512M or 1G, found \"" + *given + "\"");
+    if (size && *size >= kLeast) return *size;
+    throw CUsageError("--memory: expected a size of at least 24M, such as 512M or 1G, found \"" + *given + "\"");
 }
 
 PoolOptions PoolOf(const BatchCommand& command, const CBatchPlaces& places) {
@@ -137,6 +139,18 @@ void CheckMaking(BatchCommand& command, const CBatchPlaces& places) {
     static_cast<void>(FindExportPlaces({}, making.sqliteFile));
 }
 
+/// Results of tasks of a batch that was cut otherwise would be joined with these, or keep them from being joined.
+void RemoveOtherCuts(const CBatchPlaces& places, const Shard& shard) {
+    for (const auto& [name, ending] : {std::pair("results", ".jsonl"), std::pair("batch", ".json")}) {
+        for (const Shard& other : ShardsIn(places.Out(), name, ending).value_or(std::vector<Shard>())) {
+            if (other.count == 1 || other.count == shard.count) continue;
+            const CBatchPlaces theirs(places.Out(), other);
+            RemoveFile(theirs.Results());
+            RemoveFile(theirs.State());
+        }
+    }
+}
+
 /// Says what is left out before the work begins. Returns whether that is a failure.
 bool TellLeftOut(const BatchAccounts& found, bool quiet) {
     for (const std::string& line : found.unreadable) Fail(line);
@@ -147,19 +161,46 @@ bool TellLeftOut(const BatchAccounts& found, bool quiet) {
     return !found.unreadable.empty();
 }
 
-/// Runs the batch while the system's wish to end it is heard.
-BatchEnd RunUntilStopped(BatchOrder order, const CBatchPlaces& places, bool quiet) {
+/// Hears the system's wish to stop from the beginning to the end. While accounts are looked for nothing is lost by an
+/// end at once; while they are made the run comes to its end; behind that what is left is soon done.
+class CBatchStop {
+public:
+    void Begin(CBatchRun& run) {
+        const std::lock_guard lock(mutex_);
+        run_ = &run;
+        isLooking_ = false;
+        if (isWished_) run.Stop();
+    }
+    void End() {
+        const std::lock_guard lock(mutex_);
+        run_ = nullptr;
+    }
+
+private:
+    void Stop() {
+        const std::lock_guard lock(mutex_);
+        isWished_ = true;
+        if (isLooking_) std::_Exit(kExitTryAgain);
+        if (run_ == nullptr) return;
+        std::cerr << "tradebill: stopping: the accounts in work have " << run_->StopSeconds()
+                  << " seconds (once more: at once)\n";
+        run_->Stop();
+    }
+
+    std::mutex mutex_;
+    CBatchRun* run_ = nullptr;
+    bool isLooking_ = true;
+    bool isWished_ = false;
+    const CStopSignal signal_{[this] { Stop(); }, kExitTryAgain};  // the last: it may ask at once
+};
+
+BatchEnd RunUntilStopped(BatchOrder order, const CBatchPlaces& places, bool quiet, CBatchStop& stop) {
     CBatchProgress progress(quiet);
     CBatchRun run(std::move(order), places, progress);
-    const double seconds = run.StopSeconds();
-    const CStopSignal signal(
-        [&run, seconds] {
-            std::cerr << "tradebill: stopping: the accounts in work have " << seconds
-                      << " seconds (once more: at once)\n";
-            run.Stop();
-        },
-        kExitTryAgain);
-    return run.Run();
+    stop.Begin(run);
+    BatchEnd end = run.Run();
+    stop.End();
+    return end;
 }
 
 int ExitOf(const BatchEnd& end, bool isWhole) {
@@ -211,11 +252,13 @@ CommandRun DeclareBatch(CLI::App& app) {
 }
 
 int RunBatchCommand(BatchCommand command) {
+    CBatchStop stop;
     const Shard shard = ShardOf(command.shard);
     command.making.outFolder = FolderToWrite("--out", command.making.outFolder, kLongestName);
     const CBatchPlaces places(command.making.outFolder, shard);
     CheckMaking(command, places);
     command.making.options.today = TodayOf(command, places);
+    CheckSharedOptions(command.making.options);
     BatchAccounts found = FindBatchAccounts(command.source, command.making.options, shard);
     PoolOptions pool = PoolOf(command, places);
     if (!MakeFolder(places.Out())) {
@@ -224,19 +267,22 @@ int RunBatchCommand(BatchCommand command) {
     const CBatchLock lock(places, shard);
     if (!lock.IsHeld()) return lock.IsTaken() ? (Fail(lock.Reason()), kExitTryAgain) : Fail(lock.Reason());
     const bool isAllKnown = !TellLeftOut(found, command.quiet);
+    RemoveOtherCuts(places, shard);
     const BatchState state{.accounts = static_cast<std::int64_t>(found.accounts.size()),
                            .today = *command.making.options.today,
-                           .version = TRADEBILL_VERSION};
+                           .version = TRADEBILL_VERSION,
+                           .unseen = found.unreadable};
     ForgetSystemError();
     if (!RemoveTree(places.Work()) || !MakeFolder(places.Work()) || !SaveBatchState(places.State(), state)) {
         return Fail("can't write to " + NativePath(places.Out()) + ": " + SystemErrorText(LastSystemError()));
     }
     const BatchEnd end = RunUntilStopped({.accounts = std::move(found.accounts),
+                                          .unseenUsers = std::move(found.unseenUsers),
                                           .pool = std::move(pool),
                                           .resumes = command.resumes,
                                           .stopSeconds = command.stopSeconds,
                                           .version = TRADEBILL_VERSION},
-                                         places, command.quiet);
+                                         places, command.quiet, stop);
     const bool isCleared = RemoveTree(places.Work());
     if (!isCleared) Fail("can't remove " + NativePath(places.Work()) + ", which the next batch does");
     if (!end.failure.empty()) Fail(end.failure);

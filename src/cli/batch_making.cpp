@@ -48,6 +48,14 @@ MadeParts PartsOf(const std::string& makes) {
     }
 }
 
+std::string NamesOf(const MadeParts& parts) {
+    std::string names;
+    for (const NamedPart& part : kParts) {
+        if (parts.*part.part) names.append(names.empty() ? "" : ",").append(part.name);
+    }
+    return names;
+}
+
 void DeclareMaking(CLI::App& app, BatchMaking& making) {
     DeclareReportOptions(app, making.options);
     app.add_option("--make", making.makes,

@@ -46,6 +46,9 @@ void DeclareMaking(CLI::App& app, BatchMaking& making);
 /// "page,json" in parts. Throws CUsageError.
 [[nodiscard]] MadeParts PartsOf(const std::string& makes);
 
+/// The parts in an order of their own: "page,json" whatever the order in which they were named.
+[[nodiscard]] std::string NamesOf(const MadeParts& parts);
+
 /// The options of one account: those of the batch, and over them its own settings, whose keys are those of
 /// report_settings.h.
 [[nodiscard]] ReportOptions OptionsOf(const ReportOptions& ofBatch, const std::map<std::string, std::string>& settings);

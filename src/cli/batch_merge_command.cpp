@@ -10,6 +10,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/day.h"
+#include "base/report_error.h"
 #include "batch/account_result.h"
 #include "batch/batch_places.h"
 #include "batch/batch_run.h"
@@ -26,6 +28,7 @@
 #include "cli/watched_run.h"
 #include "driver/run_problems.h"
 #include "export/sqlite_export.h"
+#include "platform/local_time.h"
 #include "platform/paths.h"
 #include "platform/system_error.h"
 
@@ -43,7 +46,8 @@ std::vector<Shard> TasksIn(const std::string& out) {
         if (shard.count == 1) continue;  // joined before
         if (count != 1 && shard.count != count) {
             throw CUsageError("--out: expected the results of one batch, found those of " + std::to_string(count) +
-                              " and of " + std::to_string(shard.count) + " tasks");
+                              " and of " + std::to_string(shard.count) +
+                              " tasks: the files results-* and batch-* of the older one have to go");
         }
         count = shard.count;
     }
@@ -54,16 +58,30 @@ std::vector<Shard> TasksIn(const std::string& out) {
     return tasks;
 }
 
+/// yyyy-mm-dd of a day that somebody wrote; the text itself, if it is none.
+std::string PlainDay(const std::string& text) {
+    try {
+        return DashedDayText(LocalDayOf(MidnightOf(ParseDashedDay(text))));
+    } catch (const CReportError&) {
+        return text;
+    }
+}
+
 /// Gathers what the tasks have left.
 class CMerge {
 public:
-    explicit CMerge(std::string out) : out_(std::move(out)) {}
+    /// `today`: yyyy-mm-dd, of which all tasks must be; nothing: they must be of one.
+    CMerge(std::string out, std::optional<std::string> today) : out_(std::move(out)), wantedToday_(std::move(today)) {}
 
     void Add(const Shard& shard) {
         const CBatchPlaces places(out_, shard);
         const ReadState state = LoadBatchState(places.State());
         if (state.unread) return Lose(UnreadFileText(*state.unread));
         if (!state.state) return Miss(shard, "hasn't begun");
+        if (wantedToday_ && PlainDay(state.state->today) != *wantedToday_) {
+            return Miss(shard, "hasn't begun: its results are of " + state.state->today);
+        }
+        for (const std::string& line : state.state->unseen) Lose(line);
         ReadResults read = LoadResults(places.Results());
         if (read.unread) return Lose(UnreadFileText(*read.unread));
         const auto there = static_cast<std::int64_t>(read.results.size());
@@ -116,6 +134,7 @@ private:
     }
 
     std::string out_;
+    std::optional<std::string> wantedToday_;
     ResultsByAccount results_;
     BatchCounts counts_;
     std::string today_;
@@ -151,6 +170,9 @@ CommandRun DeclareBatchMerge(CLI::App& app) {
         app.add_option("--sqlite", command->sqliteFile, "The database that the tasks were told, to join theirs into");
     sqlite->type_name("FILE");
     if (!HasSqlite()) sqlite->group("");  // not in the help
+    app.add_option("--today", command->today,
+                   "The day that the tasks were told: one that has left results of another day hasn't begun")
+        ->type_name("DATE");
     AddRiskLimitOption(app, command->riskLimit);
     app.add_flag("--quiet", command->quiet, "No summary");
     return [command] { return RunBatchMergeCommand(*command); };
@@ -163,7 +185,7 @@ int RunBatchMergeCommand(const BatchMergeCommand& command) {
     const CBatchPlaces places(out, Shard{});
     const CBatchLock lock(places, Shard{});
     if (!lock.IsHeld()) return lock.IsTaken() ? (Fail(lock.Reason()), kExitTryAgain) : Fail(lock.Reason());
-    CMerge merge(out);
+    CMerge merge(out, command.today ? std::optional(PlainDay(*command.today)) : std::nullopt);
     for (const Shard& shard : tasks) merge.Add(shard);
     bool isDone = merge.Save(places);
     isDone = isDone && SaveIndex(places, {.today = merge.Today(), .riskLimit = command.riskLimit});

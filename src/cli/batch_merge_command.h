@@ -12,6 +12,7 @@ namespace tradebill {
 struct BatchMergeCommand {
     std::string outFolder;
     std::optional<std::string> sqliteFile;  ///< as the tasks were told
+    std::optional<std::string> today;       ///< that of all tasks, if they are held to one
     double riskLimit = kUsualRiskLimit;     ///< of margin use, above which the index marks an account
     bool quiet = false;
 };

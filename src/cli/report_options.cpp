@@ -45,6 +45,7 @@ namespace {
 
 constexpr const char* kNoUnits = "none";
 constexpr const char* kToday = "today";
+constexpr std::int32_t kMostDpi = 1200;
 
 std::vector<std::string_view> RequestKeys() {
     std::vector<std::string_view> keys;
@@ -317,7 +318,7 @@ PreparedRequest PrepareRequest(const ReportOptions& given) {
     WarnOfUnusedTemplate(prepared);
     if (request.StatementKind != kForeignKind) prepared.carriedTemplate = CarriedTemplateText(request.TemplateName);
     const bool byMarks = SetFormat(options, prepared);
-    request.Dpi = NumberOf(options.dpi.value_or("0"), "--dpi", 0, 1200);
+    request.Dpi = NumberOf(options.dpi.value_or("0"), "--dpi", 0, kMostDpi);
     request.MarginOffsetFlag = OffsetsMargins(options) ? 1 : 0;
     prepared.statementLimit = StatementLimitOf(options.maxStatement);
     SetDates(options, prepared);
@@ -325,6 +326,30 @@ PreparedRequest PrepareRequest(const ReportOptions& given) {
     LoadTables(options, prepared);
     if (byMarks) SetFormatByMarks(prepared);
     return prepared;
+}
+
+void CheckSharedOptions(const ReportOptions& given) {
+    PreparedRequest probe;
+    ReportOptions options = WithRequestFile(given, probe.inputs);
+    probe.present = PresentDayOf(options);
+    GenerateBillRequest& request = probe.request;
+    SetName(request.TemplateName, options.templateName.value_or(""), "--template");
+    request.StatementKind = KindNumber(options.kind);
+    probe.carriedTemplate = CarriedTemplateText(request.TemplateName);
+    if (options.format && *options.format != kAutoFormat) {
+        static_cast<void>(FormatNumber(*options.format, request.TemplateName[0] != '\0'));
+    }
+    static_cast<void>(NumberOf(options.dpi.value_or("0"), "--dpi", 0, kMostDpi));
+    static_cast<void>(OffsetsMargins(options));
+    static_cast<void>(StatementLimitOf(options.maxStatement));
+    for (const auto& [day, option] : {std::pair(options.from, "--from"), std::pair(options.to, "--to")}) {
+        if (day) static_cast<void>(DayOf(DayTextOf(*day, probe.present), option));
+    }
+    LoadTables(options, probe);
+    if (!options.root) return;
+    CheckRoot(*options.root);
+    probe.rootFolder = RootFolderAt(*options.root);
+    RequireTemplate(probe);
 }
 
 void RequireTemplate(const PreparedRequest& prepared) {

@@ -57,6 +57,10 @@ struct SettledOptions {
 /// Throws CUsageError and CUnreadableInput.
 [[nodiscard]] SettledOptions Settle(const ReportOptions& given);
 
+/// Checks what can be known to be wrong with options that many accounts have in common, whichever they are. Throws
+/// CUsageError and CUnreadableInput.
+void CheckSharedOptions(const ReportOptions& given);
+
 /// A request that is ready to run, and what the user should know about it.
 struct PreparedRequest {
     GenerateBillRequest request = ClearedRequest();

@@ -12,6 +12,7 @@
 #include "platform/file.h"
 #include "platform/paths.h"
 #include "platform/sha256.h"
+#include "readers/statement_limit.h"
 #include "report/report.h"
 #include "report/request_copy.h"
 
@@ -23,8 +24,13 @@ void AddLine(CSha256& list, std::string_view what, const std::string& name, std:
     list.Add(std::string(what).append("\t").append(name).append("\t").append(content).append("\n"));
 }
 
-/// Adds the file; false if there is none.
-bool AddFile(CSha256& list, std::string_view what, const std::string& path, CFileBuffer& buffer) {
+/// Adds the file; false if there is none. One beyond `limit` isn't read, and told by its size.
+bool AddFile(CSha256& list, std::string_view what, const std::string& path, CFileBuffer& buffer,
+             const StatementLimit& limit = {}) {
+    if (const auto tooLarge = WhyTooLarge(path, limit)) {
+        AddLine(list, what, FileNameOf(path), "unread " + *tooLarge);
+        return true;
+    }
     const FileContent file = ReadWholeFile(path, buffer);
     switch (file.state) {
         case FileState::Missing:
@@ -58,7 +64,7 @@ std::string InputsDigest(const PreparedRequest& prepared) {
     WalkDays(ReportDaysOf(report.Request), [&](const CalendarDay& day) {
         const std::string text = DayText(day);
         for (const std::string& path : StatementPaths(report, day, prepared.present)) {
-            if (AddFile(list, text, path, buffer)) break;
+            if (AddFile(list, text, path, buffer, prepared.statementLimit)) break;
         }
         return true;
     });

@@ -40,6 +40,11 @@ struct DatabaseResult {
 [[nodiscard]] DatabaseResult SaveToDatabase(const std::string& path, const AccountKey& account,
                                             const ExportSource& source, int wait);
 
+/// Whether the database at `path` is there and has rows of this account.
+///
+/// REQUIRES: HasSqlite(), `path` is absolute, and `account` is in UTF-8.
+[[nodiscard]] bool HasAccount(const std::string& path, const AccountKey& account);
+
 /// Puts all rows of the database `from` in the place of those that the database at `path` has of the same accounts, as
 /// SaveToDatabase does for one. `from` stays as it is.
 ///

@@ -42,6 +42,9 @@ bool MakeFolders(const std::string& path);
 
 /// Puts a file in the place of another, which may be there. False if it stayed where it was.
 [[nodiscard]] bool MoveOver(const std::string& from, const std::string& to);
+/// Has two folders change places in one step. False, with the system's reason, where that can't be done: some systems
+/// know no such thing.
+[[nodiscard]] bool ExchangeFolders(const std::string& one, const std::string& other);
 /// Gives a file, or a link, a second name on the same volume, which must be free. False, with the system's reason, if
 /// it has none: some file systems know no such thing.
 [[nodiscard]] bool LinkFile(const std::string& from, const std::string& to);

@@ -11,8 +11,12 @@
 
 namespace tradebill {
 
-/// The file of the program that this process runs.
+/// A path by which this process may start the program again that it runs. On Linux it leads to the very file, also when
+/// another has its name by now, or none.
 [[nodiscard]] std::string OwnProgram();
+
+/// The exit code of a process that could not become the program.
+inline constexpr int kExitNotStarted = 126;
 
 /// What is started, and what it may take.
 struct WorkerStart {

@@ -80,6 +80,7 @@ TEST(Manifest, NamesTheLineOfWhatItCanNotTake) {
     EXPECT_EQ(Refused("{\"account\":1.5}"), "line 1: expected a text, a whole number, true, false or null for account");
     EXPECT_EQ(Refused("{\"account\":[1]}"), "line 1: expected a text, a whole number, true, false or null for account");
     EXPECT_EQ(Refused("{\"account\":1,\"Account\":2}"), "line 1: the column account comes twice");
+    EXPECT_EQ(Refused("{\"account\":1,\"account\":2}"), "line 1: the column account comes twice");
     EXPECT_EQ(Refused("{\"account\":\"\xD6\"}"), "line 1: expected one JSON object");
 }
 

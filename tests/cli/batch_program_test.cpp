@@ -1,6 +1,7 @@
 // The program's `batch`, as a clearing desk meets it.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -113,6 +114,59 @@ TEST_F(BatchProgram, TakesLinesOfJsonAndFindsWhatTheyLeaveOpen) {
     const Answer answer = Batch(PutManifest("{\"user\":\"wang\"}\n{\"account\":\"60010001\"}\n"));
     EXPECT_EQ(answer.exit, 0) << answer.err;
     EXPECT_EQ(Ends(), (Names{"demo/60010001 foreign ok", "wang/90010001 ok"}));
+}
+
+TEST_F(BatchProgram, FindsTheKindThatARowDoesntTell) {
+    const Answer answer = Batch(PutManifest("user,account,from,to\ndemo,60010001,2024-01-02,2024-01-03\n"));
+    EXPECT_EQ(answer.exit, 0) << answer.err;
+    EXPECT_EQ(Ends(), (Names{"demo/60010001 foreign ok"}));
+    EXPECT_TRUE(IsWrongUse(Batch(PutManifest("user,account,kind\ndemo,60010001,Foreign\n")), "line 2: --kind"));
+}
+
+/// Whatever is found of it, and whatever is wrong with its row, an account stays with its task.
+TEST_F(BatchProgram, LeavesAnAccountWithItsTaskWhateverIsWrongWithIt) {
+    const auto task = [this](const std::string& row, int index) {
+        const Answer answer = Batch(PutManifest("user,account,from\n" + row + "demo,90010001,\ndemo,90010002,\n") +
+                                    "--shard " + std::to_string(index) + "/7");
+        EXPECT_LE(answer.exit, 1) << answer.err;
+        const ResultsByAccount results = Results("results-" + std::to_string(index) + "-of-7.jsonl");
+        return std::ranges::any_of(results, [](const auto& result) { return result.first.account == "60010001"; });
+    };
+    int found = 0;
+    for (int index = 1; index <= 7; ++index) {
+        const bool isIn = task("demo,60010001,2024-13-01\n", index);
+        EXPECT_EQ(task("demo,60010001,\n", index), isIn);
+        found += isIn ? 1 : 0;
+    }
+    EXPECT_EQ(found, 1);
+}
+
+TEST_F(BatchProgram, RefusesWhatIsWrongForAllOfThemAndKeepsWhatIsThere) {
+    ASSERT_EQ(Batch("--discover").exit, 0);
+    const std::string results = ReadFile(out_ + "/results.jsonl");
+    for (const char* const wrong : {"--units nofile", "--format 99", "--template nobody", "--products nofile",
+                                    "--live nofile", "--dpi 5000", "--max-statement much", "--kind x", "--memory 1M"}) {
+        EXPECT_EQ(Batch(std::string("--discover --resume ") + wrong).exit, 2) << wrong;
+        EXPECT_EQ(ReadFile(out_ + "/results.jsonl"), results) << wrong;
+    }
+}
+
+TEST_F(BatchProgram, KnowsTheSameOptionsInOtherWords) {
+    ASSERT_EQ(Batch("--discover --make page,json").exit, 0);
+    EXPECT_TRUE(Says(Batch("--discover --resume --make json,page --format auto").out, "kept from before  4\n"));
+}
+
+TEST_F(BatchProgram, JoinsTasksOfOneDayAlone) {
+    const auto merge = [this](const std::string& day) {
+        return RunProgram(folder_, "batch-merge --out " + Quoted(out_) + " --today " + day);
+    };
+    for (const char* const shard : {"1/2", "2/2"}) {
+        ASSERT_EQ(Batch(std::string("--discover --today 2024-06-30 --shard ") + shard).exit, 0);
+    }
+    EXPECT_EQ(merge("2024-6-30").exit, 0);
+    const Answer other = merge("2024-07-01");
+    EXPECT_EQ(other.exit, 75);
+    EXPECT_TRUE(Says(other.err, "the task 1-of-2 hasn't begun: its results are of 2024-06-30")) << other.err;
 }
 
 TEST_F(BatchProgram, RefusesAManifestBeforeAnythingIsDone) {
@@ -275,7 +329,13 @@ TEST_F(BatchProgram, MergesNothingSilentlyThatIsntThere) {
     EXPECT_EQ(lacking.exit, 75);
     EXPECT_TRUE(Says(lacking.err, "the task 2-of-2 lacks ")) << lacking.err;
     ASSERT_EQ(Batch("--discover --shard 1/3").exit, 0);
+    const Answer recut = merge();
+    EXPECT_EQ(recut.exit, 75) << "the results of the batch that was cut in two are gone";
+    EXPECT_TRUE(Says(recut.err, "the task 2-of-3 hasn't begun")) << recut.err;
+    WriteFile(out_ + "/results-1-of-2.jsonl", "");
     EXPECT_TRUE(IsWrongUse(merge(), "found those of 2 and of 3 tasks"));
+    ASSERT_EQ(Batch("--discover").exit, 0);
+    EXPECT_TRUE(IsWrongUse(merge(), "found none")) << "a whole batch is newer than its parts";
 }
 
 TEST_F(BatchProgram, NamesEachAccountThatTakesTooLong) {

@@ -199,6 +199,19 @@ DatabaseResult SaveToDatabase(const std::string& path, const AccountKey& account
     return Changed(path, wait, [&](CSqliteDatabase& database) { return Replace(database, account, source); });
 }
 
+bool HasAccount(const std::string& path, const AccountKey& account) {
+    bool hasRows = false;
+    const DatabaseResult result = ResultOf([&]() -> DatabaseResult {
+        CSqliteDatabase database(path, DatabaseOpening::MustBeThere, 0);
+        if (WhyRefused(database)) return {};
+        CSqliteStatement statement(database, SelectionOfAccount());
+        BindAccount(statement, account);
+        hasRows = statement.Step();
+        return {};
+    });
+    return result.end == DatabaseEnd::Done && hasRows;
+}
+
 DatabaseResult JoinDatabase(const std::string& path, const std::string& from, int wait) {
     DatabaseResult look = LookAtDatabase(from);
     if (look.end != DatabaseEnd::Done) return look;

@@ -17,6 +17,8 @@ namespace tradebill {
 namespace {
 
 constexpr std::string_view kProgram = "tradebill";
+constexpr std::string_view kTableOfAll = "figures";  // each account has rows there
+constexpr std::string_view kOfAccount = R"( WHERE "user" = ? AND "account" = ? AND "kind" = ?)";
 
 /// A name as SQL takes it whatever it is: "index" and "return" are words of its own.
 std::string Name(std::string_view name) {
@@ -144,8 +146,7 @@ void BindAccount(CSqliteStatement& statement, const AccountKey& account) {
 
 void DeleteRows(CSqliteDatabase& database, const AccountKey& account) {
     for (const std::string& table : OwnTables(database)) {
-        CSqliteStatement statement(
-            database, "DELETE FROM " + Name(table) + R"( WHERE "user" = ? AND "account" = ? AND "kind" = ?)");
+        CSqliteStatement statement(database, "DELETE FROM " + Name(table) + std::string(kOfAccount));
         BindAccount(statement, account);
         statement.Step();
     }
@@ -162,9 +163,12 @@ std::string InsertionInto(const ExportTable& table) {
     return "INSERT INTO " + Name(table.name) + " (" + ColumnList(table) + ") VALUES (" + values + ")";
 }
 
+std::string SelectionOfAccount() {
+    return std::string("SELECT 1 FROM ").append(kTableOfAll).append(kOfAccount).append(" LIMIT 1");
+}
+
 std::string DeletionOfAccountsIn(std::string_view from, std::string_view table) {
     constexpr std::string_view kKey = R"("user", "account", "kind")";
-    constexpr std::string_view kTableOfAll = "figures";  // each account has rows there
     return std::string("DELETE FROM main.")
         .append(Name(table))
         .append(" WHERE (")

@@ -36,6 +36,9 @@ void BindAccount(CSqliteStatement& statement, const AccountKey& account);
 /// "INSERT INTO ... VALUES (?, ...)", the account's columns first.
 [[nodiscard]] std::string InsertionInto(const ExportTable& table);
 
+/// A query that finds a row if the account that is bound to it has any.
+[[nodiscard]] std::string SelectionOfAccount();
+
 /// Statements that delete the rows of all accounts of the attached database `from`, and copy its rows.
 [[nodiscard]] std::string DeletionOfAccountsIn(std::string_view from, std::string_view table);
 [[nodiscard]] std::string CopyFrom(std::string_view from, const ExportTable& table);

@@ -19,6 +19,10 @@ DatabaseResult SaveToDatabase(const std::string&, const AccountKey&, const Expor
     return {DatabaseEnd::Failed, "this program is built without SQLite"};
 }
 
+bool HasAccount(const std::string&, const AccountKey&) {
+    return false;
+}
+
 DatabaseResult JoinDatabase(const std::string&, const std::string&, int) {
     return {DatabaseEnd::Failed, "this program is built without SQLite"};
 }

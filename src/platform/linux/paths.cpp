@@ -1,6 +1,7 @@
 #include "platform/paths.h"
 
 #include <dirent.h>
+#include <fcntl.h>
 #include <linux/limits.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -101,6 +102,11 @@ bool MakeFolders(const std::string& path) {
 
 bool MoveOver(const std::string& from, const std::string& to) {
     return Uninterrupted([&] { return std::rename(from.c_str(), to.c_str()); }) == 0;
+}
+
+bool ExchangeFolders(const std::string& one, const std::string& other) {
+    return Uninterrupted(
+               [&] { return ::renameat2(AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE); }) == 0;
 }
 
 bool LinkFile(const std::string& from, const std::string& to) {

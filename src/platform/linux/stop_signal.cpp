@@ -58,7 +58,9 @@ CStopSignal::CStopSignal(std::function<void()> onStop, int exitAtOnce) : state_(
     action.sa_flags = SA_RESTART;
     ::sigemptyset(&action.sa_mask);
     for (std::size_t i = 0; i < std::size(kStopSignals); ++i) {
-        ::sigaction(kStopSignals[i], &action, &state_->before[i]);
+        ::sigaction(kStopSignals[i], nullptr, &state_->before[i]);
+        // What whoever started this has it ignore, as nohup does with the end of a session, isn't a wish to stop.
+        if (state_->before[i].sa_handler != SIG_IGN) ::sigaction(kStopSignals[i], &action, nullptr);
     }
 }
 

@@ -12,13 +12,11 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstdlib>
-#include <filesystem>
 #include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <vector>
 
 #include "platform/linux/uninterrupted.h"
@@ -47,7 +45,7 @@ std::vector<char*> ArgumentsOf(const WorkerStart& start) {
     ::setrlimit(RLIMIT_CORE, &noCore);
     if (::dup2(line, STDIN_FILENO) < 0 || ::dup2(line, STDOUT_FILENO) < 0) ::_exit(EXIT_FAILURE);
     ::execv(arguments[0], arguments);
-    ::_exit(EXIT_FAILURE);
+    ::_exit(kExitNotStarted);
 }
 
 }  // namespace
@@ -86,8 +84,7 @@ struct CWorkerProcess::State {
 };
 
 std::string OwnProgram() {
-    std::error_code error;
-    return std::filesystem::read_symlink("/proc/self/exe", error).string();
+    return "/proc/self/exe";
 }
 
 CWorkerProcess::CWorkerProcess(const WorkerStart& start) {

@@ -105,6 +105,11 @@ bool MoveOver(const std::string& from, const std::string& to) {
     return ::MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) != FALSE;
 }
 
+bool ExchangeFolders(const std::string& /*one*/, const std::string& /*other*/) {
+    ::SetLastError(ERROR_NOT_SUPPORTED);
+    return false;
+}
+
 bool LinkFile(const std::string& from, const std::string& to) {
     return ::CreateHardLinkA(to.c_str(), from.c_str(), nullptr) != FALSE;
 }

@@ -34,6 +34,20 @@ protected:
     std::string database_ = folder_.Path("all.db");
 };
 
+TEST_F(BatchDatabases, AreFilledAgainWhereTheyAreLost) {
+    const auto batch = [this](const std::string& more) {
+        return Batch("--discover --make json --sqlite " + Quoted(database_) + more);
+    };
+    ASSERT_EQ(batch("").exit, 0);
+    EXPECT_TRUE(Says(batch(" --resume").out, "kept from before  4\n"));
+    fs::remove(database_);
+    const Answer again = batch(" --resume");
+    EXPECT_EQ(again.exit, 0) << again.err;
+    EXPECT_FALSE(Says(again.out, "kept")) << again.out;
+    EXPECT_TRUE(fs::exists(database_));
+    EXPECT_TRUE(Says(batch(" --resume").out, "kept from before  4\n"));
+}
+
 TEST_F(BatchDatabases, OfTasksWithoutAccountsArentMissed) {
     ASSERT_EQ(Task(1).exit, 0);
     EXPECT_EQ(Merge().exit, 75) << "other tasks haven't begun, and that is worth another try";

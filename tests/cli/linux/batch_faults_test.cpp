@@ -5,18 +5,14 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
-#include <functional>
-#include <sstream>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "batch/results_file.h"
-#include "cli/batch_fixture.h"
+#include "cli/linux/batch_process.h"
 #include "support/shell.h"
 #include "support/temp_folder.h"
 
@@ -38,57 +34,13 @@ constexpr bool kTakesAllAddresses = false;
 constexpr bool kTakesAllAddresses = false;
 #endif
 
-class BatchFaults : public BatchFixture {
+class BatchFaults : public BatchProcess {
 protected:
     BatchFaults() {
         for (int i = 0; i < kAccounts; ++i) Put(Number(i), 1);
     }
-    ~BatchFaults() override {
-        if (batch_ > 0) {
-            ::kill(batch_, SIGKILL);
-            ::waitpid(batch_, nullptr, 0);
-        }
-    }
     static std::string Number(int i) { return std::to_string(90010000 + i); }
 
-    /// Starts a batch and goes on.
-    void Start(const std::string& arguments) {
-        const std::string command = "exec " + Quoted(TRADEBILL_PROGRAM) + " batch --root " + Quoted(root_) + " --out " +
-                                    Quoted(out_) + " " + arguments + " >" + Quoted(folder_.Path("out1")) + " 2>" +
-                                    Quoted(folder_.Path("err1"));
-        batch_ = ::fork();
-        if (batch_ == 0) {
-            ::execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
-            ::_exit(127);
-        }
-    }
-    /// Whether `holds` comes true within a minute.
-    static bool Becomes(const std::function<bool()>& holds) {
-        for (int i = 0; i < 6000; ++i) {
-            if (holds()) return true;
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        }
-        return false;
-    }
-    [[nodiscard]] bool HasLines(std::ptrdiff_t count) const { return Lines() >= count; }
-    /// The exit code; the negative signal of one that was killed.
-    int End() {
-        int status = 0;
-        ::waitpid(batch_, &status, 0);
-        batch_ = 0;
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-    }
-    /// The processes that the batch has started.
-    [[nodiscard]] std::vector<pid_t> Workers() const {
-        const std::string batch = std::to_string(batch_);
-        std::vector<pid_t> workers;
-        // Threads of the batch start them: each has children of its own.
-        for (const auto& task : fs::directory_iterator("/proc/" + batch + "/task")) {
-            std::istringstream children(ReadFile(task.path().string() + "/children"));
-            for (pid_t child = 0; children >> child;) workers.push_back(child);
-        }
-        return workers;
-    }
     /// All accounts are there once, and nothing else is.
     void ExpectAllOnce() const {
         EXPECT_EQ(Lines(), kAccounts);
@@ -99,8 +51,6 @@ protected:
         }
         EXPECT_FALSE(fs::exists(out_ + "/.work"));
     }
-
-    pid_t batch_ = 0;
 };
 
 TEST_F(BatchFaults, ASignalLetsTheAccountsInWorkBeFinished) {

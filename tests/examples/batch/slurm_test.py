@@ -139,7 +139,7 @@ def run(cluster, recipes, program, wanted):
     common = f"ALL,TRADEBILL={program},OUT={out}"
     job = cluster.call("sbatch", "--parsable", f"--array=0-{TASKS - 1}", "--cpus-per-task=1", "--mem-per-cpu=100M",
                        f"--export={common},ROOT=root,TODAY={TODAY}", str(recipes / "slurm_array.sh")).strip()
-    merge = cluster.call("sbatch", "--parsable", f"--dependency=afterany:{job}", "--mem=50M", f"--export={common}",
+    merge = cluster.call("sbatch", "--parsable", f"--dependency=afterany:{job}", "--mem=50M", f"--export={common},TODAY={TODAY}",
                          str(recipes / "slurm_merge.sh")).strip()
     results = out / f"results-1-of-{TASKS}.jsonl"
     wait_until(lambda: lines_in(results) >= 2, "the first task", cluster.deadline)
