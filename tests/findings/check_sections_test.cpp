@@ -246,8 +246,7 @@ TEST_F(CheckSectionsTest, MoneyIsMissedWhereItsReaderFindsNoLabel) {
     EXPECT_EQ(findings_[0].found, "others");
     Last().otherOptions = "--format 2";
     EXPECT_EQ(Check(), missing_);
-    EXPECT_EQ(findings_[0].text,
-              "The money section has none of the labels of its layout. This looks like --format 2.");
+    EXPECT_EQ(findings_[0].text, "The money section has none of the labels of its layout. This looks like --format 2.");
 }
 
 TEST_F(CheckSectionsTest, MoneyIsMissedWhereItsReaderFindsNoEquity) {
