@@ -240,9 +240,13 @@ void AddAccountsOf(const std::string& user, const SettledOptions& settled, Batch
     }
 }
 
-/// A link that leads nowhere, as to a volume that isn't mounted, may hide accounts.
-void RequireFolder(const std::string& path) {
-    if (IsLink(path) && !IsFolder(path) && !IsPlainFile(path)) throw CUnreadableInput(path, "it leads nowhere");
+/// A link that leads nowhere, as to a volume that isn't mounted, may hide the accounts of a user.
+void RequireFolders(std::string folder, const std::string& user) {
+    for (const std::string& level : {user, std::string("Data"), std::string("Bill")}) {
+        folder.append("/").append(level);
+        const bool leadsNowhere = IsLink(folder) && !IsFolder(folder) && !IsPlainFile(folder);
+        if (leadsNowhere) throw CUnreadableInput(folder, "it leads nowhere");
+    }
 }
 
 BatchAccounts DiscoverAccounts(const ReportOptions& given) {
@@ -251,7 +255,7 @@ BatchAccounts DiscoverAccounts(const ReportOptions& given) {
     BatchAccounts found;
     for (const std::string& user : settled.options.user ? std::vector{*settled.options.user} : UsersBelow(root)) {
         try {
-            for (const char* const below : {"", "/Data", "/Data/Bill"}) RequireFolder(root + "/Users/" + user + below);
+            RequireFolders(root + "/Users", user);
             AddAccountsOf(user, settled, found);
         } catch (const CUnreadableInput& error) {
             found.unreadable.emplace_back(error.what());

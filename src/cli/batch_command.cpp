@@ -32,6 +32,7 @@
 #include "cli/explore_command.h"
 #include "cli/export_places.h"
 #include "cli/out_folder.h"
+#include "cli/report_options.h"
 #include "cli/statement_size.h"
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"

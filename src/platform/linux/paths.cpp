@@ -3,6 +3,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <linux/limits.h>
+#include <stdio.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
