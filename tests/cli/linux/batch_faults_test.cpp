@@ -13,6 +13,7 @@
 
 #include "batch/results_file.h"
 #include "cli/linux/batch_process.h"
+#include "support/sanitized.h"
 #include "support/shell.h"
 #include "support/temp_folder.h"
 
@@ -23,16 +24,6 @@ namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
 
 constexpr int kAccounts = 14;
-
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-constexpr bool kTakesAllAddresses = true;  // the sanitizer's own memory is beyond any limit
-#else
-constexpr bool kTakesAllAddresses = false;
-#endif
-#else
-constexpr bool kTakesAllAddresses = false;
-#endif
 
 class BatchFaults : public BatchProcess {
 protected:
@@ -108,7 +99,7 @@ TEST_F(BatchFaults, AKilledWorkerIsReplacedAndCostsNoOtherAccount) {
 }
 
 TEST_F(BatchFaults, AWorkerThatNeedsMoreThanItMayCostsItsAccount) {
-    if (kTakesAllAddresses) GTEST_SKIP() << "no process has so little memory here";
+    if (kSanitized) GTEST_SKIP() << "no process has so little memory here";
     const std::string path = Bills() + "/D" + Number(3) + ".20240102o.txt";
     std::ofstream(path, std::ios::app | std::ios::binary) << std::string(60U << 20U, ' ');
     const Answer answer = Batch("--discover --jobs 1 --memory 60M");
