@@ -2,8 +2,9 @@
 # A batch as a Slurm array: each task makes its part of the accounts, whichever it is told by the array.
 #
 # Submit (the number of tasks stands in --array alone, which begins at 0 and has no gaps):
-#   job=$(sbatch --parsable --array=0-7 --export=ALL,ROOT=/data/settlement,OUT=/data/reports,TODAY=$(date +%F) slurm_array.sh)
-#   sbatch --dependency=afterany:$job --export=ALL,OUT=/data/reports,TODAY=... slurm_merge.sh
+#   export ROOT=/data/settlement OUT=/data/reports TODAY=$(date +%F)
+#   job=$(sbatch --parsable --array=0-7 --export=ALL slurm_array.sh)
+#   sbatch --dependency=afterany:$job --export=ALL slurm_merge.sh
 #SBATCH --job-name=tradebill
 #SBATCH --requeue
 #SBATCH --open-mode=append

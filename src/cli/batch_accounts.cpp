@@ -31,7 +31,6 @@
 #include "cli/usage_error.h"
 #include "driver/present_day.h"
 #include "driver/request_names.h"
-#include "platform/local_time.h"
 #include "platform/paths.h"
 #include "report/account_key.h"
 #include "report/request_copy.h"
@@ -161,10 +160,10 @@ private:
     }
 
     /// The kind of an account whose row tells all else of it: foreign, if it has foreign statements alone.
-    void FindKind(ReportOptions& options) {
-        if (options.kind || options.requestFile || !options.root || !options.user || !options.account) return;
+    void FindKind(ReportOptions& options, const PresentDay& present) {
+        if (options.kind || !options.user || !options.account) return;
         const WantedAccount wanted{.user = options.user, .account = options.account};
-        const auto accounts = users_.Find(*options.root, wanted, LocalDayOf(PresentTime()));
+        const auto accounts = users_.Find(*options.root, wanted, present.day);
         if (accounts.size() == 1 && accounts.front().key.isForeign) options.kind = std::string(KindName(true));
     }
 
@@ -173,9 +172,9 @@ private:
         std::string refusal;
         CheckKind(line, options);
         try {
-            FindKind(options);
             SettledOptions settled = Settle(options);
             options = std::move(settled.options);
+            FindKind(options, settled.present);
             FindUntold(options, settled.present,
                        [this](const std::string& root, const WantedAccount& wanted, const CalendarDay& present) {
                            return users_.Find(root, wanted, present);

@@ -259,7 +259,7 @@ int RunBatchCommand(BatchCommand command) {
     const CBatchPlaces places(command.making.outFolder, shard);
     CheckMaking(command, places);
     command.making.options.today = TodayOf(command, places);
-    CheckSharedOptions(command.making.options);
+    CheckSharedOptions(command.making.options, command.source.discovers ? OwnOptions::None : OwnOptions::Some);
     BatchAccounts found = FindBatchAccounts(command.source, command.making.options, shard);
     PoolOptions pool = PoolOf(command, places);
     if (!MakeFolder(places.Out())) {

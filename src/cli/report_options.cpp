@@ -217,6 +217,17 @@ bool SetFormat(const ReportOptions& options, PreparedRequest& prepared) {
     return !isForeign && !byTemplate;
 }
 
+/// What options say of a request by themselves, whichever account it is of.
+void SetSettings(const ReportOptions& options, PreparedRequest& prepared) {
+    GenerateBillRequest& request = prepared.request;
+    SetName(request.TemplateName, options.templateName.value_or(""), "--template");
+    request.StatementKind = KindNumber(options.kind);
+    if (request.StatementKind != kForeignKind) prepared.carriedTemplate = CarriedTemplateText(request.TemplateName);
+    request.Dpi = NumberOf(options.dpi.value_or("0"), "--dpi", 0, kMostDpi);
+    request.MarginOffsetFlag = OffsetsMargins(options) ? 1 : 0;
+    prepared.statementLimit = StatementLimitOf(options.maxStatement);
+}
+
 /// Foreign statements are read by their one layout.
 void WarnOfUnusedTemplate(PreparedRequest& prepared) {
     const GenerateBillRequest& request = prepared.request;
@@ -313,14 +324,9 @@ PreparedRequest PrepareRequest(const ReportOptions& given) {
     SetAccount(options, request);
     FindUntold(options, prepared.present);
     SetAccount(options, request);
-    SetName(request.TemplateName, options.templateName.value_or(""), "--template");
-    request.StatementKind = KindNumber(options.kind);
+    SetSettings(options, prepared);
     WarnOfUnusedTemplate(prepared);
-    if (request.StatementKind != kForeignKind) prepared.carriedTemplate = CarriedTemplateText(request.TemplateName);
     const bool byMarks = SetFormat(options, prepared);
-    request.Dpi = NumberOf(options.dpi.value_or("0"), "--dpi", 0, kMostDpi);
-    request.MarginOffsetFlag = OffsetsMargins(options) ? 1 : 0;
-    prepared.statementLimit = StatementLimitOf(options.maxStatement);
     SetDates(options, prepared);
     CheckFolders(root, request);
     LoadTables(options, prepared);
@@ -328,25 +334,20 @@ PreparedRequest PrepareRequest(const ReportOptions& given) {
     return prepared;
 }
 
-void CheckSharedOptions(const ReportOptions& given) {
+void CheckSharedOptions(const ReportOptions& given, OwnOptions own) {
     PreparedRequest probe;
     ReportOptions options = WithRequestFile(given, probe.inputs);
     probe.present = PresentDayOf(options);
-    GenerateBillRequest& request = probe.request;
-    SetName(request.TemplateName, options.templateName.value_or(""), "--template");
-    request.StatementKind = KindNumber(options.kind);
-    probe.carriedTemplate = CarriedTemplateText(request.TemplateName);
+    SetSettings(options, probe);
     if (options.format && *options.format != kAutoFormat) {
-        static_cast<void>(FormatNumber(*options.format, request.TemplateName[0] != '\0'));
+        const bool mayHaveTemplate = own == OwnOptions::Some || probe.request.TemplateName[0] != '\0';
+        static_cast<void>(FormatNumber(*options.format, mayHaveTemplate));
     }
-    static_cast<void>(NumberOf(options.dpi.value_or("0"), "--dpi", 0, kMostDpi));
-    static_cast<void>(OffsetsMargins(options));
-    static_cast<void>(StatementLimitOf(options.maxStatement));
     for (const auto& [day, option] : {std::pair(options.from, "--from"), std::pair(options.to, "--to")}) {
         if (day) static_cast<void>(DayOf(DayTextOf(*day, probe.present), option));
     }
     LoadTables(options, probe);
-    if (!options.root) return;
+    if (!options.root || own == OwnOptions::Some) return;
     CheckRoot(*options.root);
     probe.rootFolder = RootFolderAt(*options.root);
     RequireTemplate(probe);

@@ -57,9 +57,12 @@ struct SettledOptions {
 /// Throws CUsageError and CUnreadableInput.
 [[nodiscard]] SettledOptions Settle(const ReportOptions& given);
 
-/// Checks what can be known to be wrong with options that many accounts have in common, whichever they are. Throws
-/// CUsageError and CUnreadableInput.
-void CheckSharedOptions(const ReportOptions& given);
+/// Whether accounts that share options may have some of their own, such as a root and a template.
+enum class OwnOptions { None, Some };
+
+/// Checks what can be known to be wrong with options that many accounts share, whichever they are. Throws CUsageError
+/// and CUnreadableInput.
+void CheckSharedOptions(const ReportOptions& given, OwnOptions own);
 
 /// A request that is ready to run, and what the user should know about it.
 struct PreparedRequest {

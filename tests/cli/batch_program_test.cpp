@@ -123,6 +123,15 @@ TEST_F(BatchProgram, FindsTheKindThatARowDoesntTell) {
     EXPECT_TRUE(IsWrongUse(Batch(PutManifest("user,account,kind\ndemo,60010001,Foreign\n")), "line 2: --kind"));
 }
 
+TEST_F(BatchProgram, FindsTodaysStatementUnderTheNameOfAnUnfinishedDay) {
+    fs::rename(Bills() + "/D90010001.20240103o.txt", Bills() + "/D90010001.20240103.txt");
+    const std::string manifest = PutManifest("user,account\ndemo,90010001\n");
+    ASSERT_LE(Batch(manifest + "--today 2024-01-03").exit, 3);
+    EXPECT_EQ(ResultOf("90010001").statements, 2);
+    ASSERT_LE(Batch(manifest + "--today 2024-01-04").exit, 3);
+    EXPECT_EQ(ResultOf("90010001").statements, 1);
+}
+
 /// Whatever is found of it, and whatever is wrong with its row, an account stays with its task.
 TEST_F(BatchProgram, LeavesAnAccountWithItsTaskWhateverIsWrongWithIt) {
     const auto task = [this](const std::string& row, int index) {
@@ -149,6 +158,12 @@ TEST_F(BatchProgram, RefusesWhatIsWrongForAllOfThemAndKeepsWhatIsThere) {
         EXPECT_EQ(Batch(std::string("--discover --resume ") + wrong).exit, 2) << wrong;
         EXPECT_EQ(ReadFile(out_ + "/results.jsonl"), results) << wrong;
     }
+}
+
+TEST_F(BatchProgram, LeavesToItsRowsWhatTheyMaySayThemselves) {
+    const std::string manifest = PutManifest("user,account,format,template\nwang,90010001,1,\n");
+    EXPECT_EQ(Batch(manifest + "--format 99").exit, 0) << "a number of a template that a row may name";
+    EXPECT_EQ(Batch(manifest + "--format x").exit, 2);
 }
 
 TEST_F(BatchProgram, KnowsTheSameOptionsInOtherWords) {

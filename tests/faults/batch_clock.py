@@ -15,7 +15,7 @@ import time
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "examples/batch"))
-from made_batch import expect_same, found_program, in_one_task, make_accounts, results_in  # noqa: E402
+from made_batch import expect_same, found_program, in_one_task, make_accounts  # noqa: E402
 
 ACCOUNTS = 60
 BEFORE = "2026-03-05 12:00:00"

@@ -54,6 +54,11 @@ def check_parallel(recipes, program, folder, wanted):
     answer = run([recipes / "parallel.sh"], folder, 75, TRADEBILL=stopping_once(folder, program), **lost)
     if "the task 2-of-3 hasn't begun" not in answer.stderr:
         raise SystemExit(f"nobody missed the second task:\n{answer.stderr}")
+    # What is there is of the call before, and isn't joined once more.
+    (out / "index.html").unlink()
+    run([recipes / "parallel.sh"], folder, 2, TRADEBILL=program, OPTIONS="--nonsense", **variables)
+    if (out / "index.html").exists():
+        raise SystemExit("tasks that were called wrongly were joined")
 
 
 def check_make(recipes, program, folder, wanted):
@@ -70,6 +75,17 @@ def check_make(recipes, program, folder, wanted):
     changed = {path.name for path in out.glob("results-*") if path.stat().st_mtime_ns != times[path.name]}
     if changed != {"results-2-of-3.jsonl"}:
         raise SystemExit(f"made again: {changed}")
+    run(command, folder, 0, TODAY="2024-02-01")
+    if json.loads((out / "batch.json").read_text(encoding="utf-8"))["today"] != "2024-02-01":
+        raise SystemExit("another day is another batch")
+    broken = folder / "root/Users/demo/Data/Bill/D70000000.20240102o.txt"
+    broken.mkdir()
+    (out / "index.html").unlink()
+    run(command, folder, 2, TODAY="2024-02-02")
+    if "70000000" not in (out / "summary.csv").read_text(encoding="utf-8-sig") or not (out / "index.html").exists():
+        raise SystemExit("accounts that failed kept the others from being joined")
+    broken.rmdir()
+    run(command, folder, 0, TODAY="2024-02-02")
 
 
 def spoiled(job):
