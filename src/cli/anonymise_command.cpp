@@ -19,6 +19,7 @@
 #include "cli/anonymised_settings.h"
 #include "cli/command_table.h"
 #include "cli/format_choice.h"
+#include "cli/report_arguments.h"
 #include "cli/shown_text.h"
 #include "cli/statement_size.h"
 #include "cli/usage_error.h"

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "cli/report_arguments.h"
 #include "cli/report_options.h"
 #include "cli/report_settings.h"
 #include "cli/trading_days.h"

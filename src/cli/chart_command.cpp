@@ -17,6 +17,7 @@
 #include "base/ini_file.h"
 #include "cli/command_table.h"
 #include "cli/output_file.h"
+#include "cli/report_arguments.h"
 #include "cli/report_options.h"
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"

@@ -10,6 +10,7 @@
 #include "cli/command_table.h"
 #include "cli/findings_text.h"
 #include "cli/output_file.h"
+#include "cli/report_arguments.h"
 #include "cli/report_options.h"
 #include "cli/run_findings.h"
 #include "cli/usage_error.h"

@@ -15,6 +15,7 @@
 #include "cli/format_choice.h"
 #include "cli/input_file.h"
 #include "cli/output_file.h"
+#include "cli/report_arguments.h"
 #include "cli/scan_report.h"
 #include "cli/standard_input.h"
 #include "cli/statement_day.h"

@@ -5,6 +5,7 @@
 
 #include "cli/out_folder.h"
 #include "cli/output_file.h"
+#include "cli/standard_input.h"
 #include "cli/usage_error.h"
 #include "export/csv_set.h"
 #include "export/sqlite_export.h"

@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "cli/shown_text.h"
+#include "cli/standard_input.h"
 #include "cli/usage_error.h"
 #include "platform/file.h"
 #include "platform/output_target.h"

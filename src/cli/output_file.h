@@ -12,9 +12,6 @@
 
 namespace tradebill {
 
-/// How standard output is named among the outputs, and standard input among the inputs. A file of that name is "./-".
-inline constexpr const char* kStandardStream = "-";
-
 class COutputFile {
 public:
     /// Looks at the place that `given`, the value of `option`, names. Throws CUsageError if it is a folder, or if its

@@ -1,4 +1,4 @@
-// What a report is asked for: options of the command line, the keys of a request file, and the request made of both.
+// What a report is asked for: options, the keys of a request file, and the request made of both.
 #pragma once
 
 #include <memory>
@@ -14,10 +14,6 @@
 #include "export/run_json.h"
 #include "readers/statement_limit.h"
 #include "report/request_copy.h"
-
-namespace CLI {
-class App;
-}
 
 namespace tradebill {
 
@@ -40,10 +36,6 @@ struct ReportOptions {
     std::optional<std::string> liveFile;
     std::optional<std::string> maxStatement;  ///< "512M"
 };
-
-/// Declares the options on `command`; they are stored in `options` when the command line is parsed. Where `accounts` is
-/// given, --account may come several times and is stored there.
-void DeclareReportOptions(CLI::App& command, ReportOptions& options, std::vector<std::string>* accounts = nullptr);
 
 /// Options with what a request file says of those that aren't given.
 struct SettledOptions {

@@ -1,8 +1,6 @@
-// The findings of one run of the program: of its statements, and of what it was asked.
+// The findings of one run: of its statements, and of what it was asked.
 #pragma once
 
-#include <span>
-#include <string>
 #include <vector>
 
 #include "cli/report_options.h"
@@ -15,7 +13,7 @@ namespace tradebill {
 class CReport;
 struct RunResult;
 
-/// Listens to a run of the program and gives what is wrong with it.
+/// Listens to a run and gives what is wrong with it.
 class CRunFindings {
 public:
     /// REQUIRES: both outlive this, and `report` is the one of the run.
@@ -38,12 +36,5 @@ private:
     CStatementWatch watch_;
     bool isComplete_ = true;
 };
-
-/// Shows the ten worst on stderr, and by which command all are shown: those above a note, but for statements that
-/// can't be read, which a run tells of itself.
-void ShowFindings(std::span<const Finding> findings, const ReportOptions& options);
-
-/// The command that shows all findings of a report with these options, as a shell takes it.
-[[nodiscard]] std::string CheckCommandLine(const ReportOptions& options);
 
 }  // namespace tradebill

@@ -12,6 +12,7 @@
 #include "cli/kept_accounts.h"
 #include "cli/output_file.h"
 #include "cli/report_options.h"
+#include "cli/standard_input.h"
 #include "cli/usage_error.h"
 #include "cli/watched_run.h"
 #include "report/account_key.h"

@@ -5,6 +5,9 @@
 
 namespace tradebill {
 
+/// How standard output is named among the outputs, and standard input among the inputs. A file of that name is "./-".
+inline constexpr const char* kStandardStream = "-";
+
 /// As messages name it.
 inline constexpr const char* kStandardInputName = "standard input";
 

@@ -1,7 +1,5 @@
 #include "cli/statement_size.h"
 
-#include <CLI/CLI.hpp>
-
 #include <charconv>
 #include <cstdint>
 #include <limits>
@@ -37,13 +35,6 @@ std::optional<std::uint64_t> ParseSize(const std::string& text) {
     const auto shift = ShiftOf(std::string(behind, end));
     if (!shift || number == 0 || number > std::numeric_limits<std::uint64_t>::max() >> *shift) return std::nullopt;
     return number << *shift;
-}
-
-void DeclareStatementLimit(CLI::App& command, std::optional<std::string>& given) {
-    command
-        .add_option(kOption, given,
-                    "Largest file that is read as a statement, in bytes or with K, M or G (default: 256M)")
-        ->type_name("SIZE");
 }
 
 StatementLimit StatementLimitOf(const std::optional<std::string>& given) {

@@ -7,10 +7,6 @@
 
 #include "readers/statement_limit.h"
 
-namespace CLI {
-class App;
-}
-
 namespace tradebill {
 
 /// A year's statements of a busy account are smaller, all in one file.
@@ -18,9 +14,6 @@ inline constexpr std::uint64_t kUsualStatementLimit = std::uint64_t{256} << 20;
 
 /// A size in bytes, or with one of the units K, M and G of 1024 each. Nothing for any other text, and for 0.
 [[nodiscard]] std::optional<std::uint64_t> ParseSize(const std::string& text);
-
-/// Declares the option on `command`.
-void DeclareStatementLimit(CLI::App& command, std::optional<std::string>& given);
 
 /// The limit that was given, as ParseSize takes it; the usual one for nothing.
 /// Throws CUsageError.

@@ -15,6 +15,7 @@
 #include "cli/command_table.h"
 #include "cli/format_choice.h"
 #include "cli/input_file.h"
+#include "cli/report_arguments.h"
 #include "cli/shown_text.h"
 #include "cli/statement_day.h"
 #include "cli/statement_size.h"

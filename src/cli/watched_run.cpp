@@ -1,13 +1,12 @@
 #include "cli/watched_run.h"
 
-#include <algorithm>
 #include <iostream>
 #include <memory>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
+#include "cli/prepared_run.h"
 #include "cli/progress_line.h"
 #include "cli/report_options.h"
 #include "cli/shown_text.h"
@@ -16,13 +15,10 @@
 #include "driver/report_request.h"
 #include "driver/report_run.h"
 #include "driver/run_problems.h"
-#include "driver/unit_pass.h"
 #include "images/missing_fonts.h"
 #include "paint/font_search.h"
 #include "platform/file.h"
-#include "platform/screen.h"
 #include "platform/terminal.h"
-#include "readers/statement_loader.h"
 #include "report/report.h"
 
 namespace tradebill {
@@ -44,30 +40,12 @@ std::unique_ptr<CFontSearch> FindFontsMeanwhile(const GenerateBillRequest& reque
     return CountDays(ReportDaysOf(request)) >= kManyDays ? std::make_unique<CFontSearch>() : nullptr;
 }
 
-/// Adds what only the look at the trades couldn't read: what was worked out of them may be wrong.
-void AddUntold(const std::vector<UnreadFile>& unread, RunProblems& problems) {
-    for (const UnreadFile& file : unread) {
-        const bool isTold =
-            std::ranges::find(problems.statements, file.path, &UnreadStatement::path) != problems.statements.end() ||
-            std::ranges::find(problems.inputs, file.path, &UnreadFile::path) != problems.inputs.end();
-        if (!isTold) problems.inputs.push_back(file);
-    }
-}
-
 /// Runs it with a progress line, if somebody sees it.
 RunResult RunWithProgress(CReport& report, const PreparedRequest& prepared, bool quiet, RunFunction* run,
                           const RunOptions& options) {
     std::unique_ptr<CProgressLine> progress;
     if (!quiet && IsErrorOutputTerminal()) progress = std::make_unique<CProgressLine>();
-    TradeTally tally;
-    if (prepared.products->WantsTrades()) {
-        if (progress) progress->OnStage("contract units");
-        tally = TallyTrades(prepared.request, prepared.rootFolder, options);
-        prepared.products->UseTrades(std::move(tally.units));
-    }
-    RunResult result = run(report, prepared.request, progress.get(), options);
-    AddUntold(tally.unread, result.problems);
-    return result;
+    return RunPrepared(report, prepared, progress.get(), run, options);
 }
 
 }  // namespace
@@ -87,14 +65,7 @@ int FinishPainting() {
 }
 
 std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prepared, bool quiet, RunFunction* run,
-                                    RunOptions options) {
-    options.access = StatementAccess::ReadAlone;
-    options.statementLimit = prepared.statementLimit;
-    options.present = prepared.present;
-    options.carriedTemplate = prepared.carriedTemplate;
-    report.RootFolder = prepared.rootFolder;
-    report.ScreenWidth = DisplayWidth();
-    report.Products = prepared.products.get();
+                                    const RunOptions& options) {
     for (const std::string& warning : prepared.warnings) Warn(warning);
     if (!quiet) {
         for (const std::string& note : prepared.notes) std::cerr << "tradebill: " << ShownText(note) << "\n";

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "cli/prepared_run.h"
 #include "cli/report_options.h"
 #include "driver/report_request.h"
 #include "driver/report_run.h"
@@ -18,17 +19,12 @@ int Fail(const std::string& text);
 /// The exit code of a command whose pictures are painted: says what fonts keep from them.
 [[nodiscard]] int FinishPainting();
 
-/// RunReport, ReadAccount or ReadStatements.
-using RunFunction = RunResult(CReport& report, const GenerateBillRequest& request, CRunWatcher* watcher,
-                              const RunOptions& options);
-
 /// Tells what the request's options were warned of, runs it in `report`, and tells all that went wrong on the way;
-/// warns if there was nothing to read. Statements are opened for reading alone, whatever `options` says. Nothing if an
-/// error ended the run, which is told. `quiet` leaves out notes and progress. The report's products are those of
-/// `prepared`, which must outlive it; the account's trades are tallied for them first, if they have a say. What was
-/// passed over by ReadStatements is left for findings to tell, but for chain file and template.
+/// warns if there was nothing to read: as RunPrepared. Nothing if an error ended the run, which is told. `quiet` leaves
+/// out notes and progress. What was passed over by ReadStatements is left for findings to tell, but for chain file and
+/// template.
 [[nodiscard]] std::optional<RunResult> RunWatched(CReport& report, const PreparedRequest& prepared, bool quiet,
-                                                  RunFunction* run, RunOptions options = {});
+                                                  RunFunction* run, const RunOptions& options = {});
 
 /// Says that nothing was written because no statement could be read, and `advice`. Returns the program's exit code:
 /// that of wrong use if none was there.

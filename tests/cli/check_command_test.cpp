@@ -17,7 +17,7 @@
 
 #include "cli/program_fixture.h"
 #include "cli/report_options.h"
-#include "cli/run_findings.h"
+#include "cli/shown_findings.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
 #include "platform/text_encoding.h"

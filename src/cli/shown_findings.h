@@ -1,0 +1,19 @@
+// The findings of a report as the program shows them beside it.
+#pragma once
+
+#include <span>
+#include <string>
+
+#include "cli/report_options.h"
+#include "findings/finding.h"
+
+namespace tradebill {
+
+/// Shows the ten worst on stderr, and by which command all are shown: those above a note, but for statements that
+/// can't be read, which a run tells of itself.
+void ShowFindings(std::span<const Finding> findings, const ReportOptions& options);
+
+/// The command that shows all findings of a report with these options, as a shell takes it.
+[[nodiscard]] std::string CheckCommandLine(const ReportOptions& options);
+
+}  // namespace tradebill
