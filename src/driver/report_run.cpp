@@ -7,6 +7,7 @@
 #include <new>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -48,6 +49,15 @@ constexpr std::uint64_t kReportFinished = 4;  // the only wParam that is ever se
 
 bool StopSeen(const GenerateBillRequest& request) {
     return AcknowledgeStop(request.StopEvent, request.AckEvent, [] {});
+}
+
+/// Ends a run where its watcher wants it to.
+struct WatcherStop {};
+
+void BeginStage(CRunWatcher* watcher, std::string_view stage, bool canStop = true) {
+    if (watcher == nullptr) return;
+    watcher->OnStage(stage);
+    if (canStop && watcher->WantsStop()) throw WatcherStop{};
 }
 
 /// Does `work`. The error that it ends with, if it does.
@@ -102,7 +112,10 @@ RunEnd ReadDays(CReport& report, RunResult& result, CRunWatcher* watcher, const 
         if (StopSeen(report.Request)) return false;
         const std::string dayText = DayText(day);
         ++result.days;
-        if (watcher != nullptr) watcher->OnDay(result.days, std::max(days, result.days), dayText);
+        if (watcher != nullptr) {
+            watcher->OnDay(result.days, std::max(days, result.days), dayText);
+            if (watcher->WantsStop()) return false;
+        }
         const DayFiles files{dayText, StatementPaths(report, day, options.present)};
         const DayEnd end = ReadDay(loader, files, result, options.listener);
         if (end == DayEnd::Read && day == options.present.day) result.readPresentDay = true;
@@ -172,7 +185,7 @@ void ReadAndCompute(CReport& report, RunResult& result, CRunWatcher* watcher, co
     const bool endsWithIt = LocalDayOf(report.ReportDays.last) == options.present.day;
     result.hasLiveRecord = endsWithIt && (options.present.hasLiveFigures || !result.readPresentDay);
     if (result.hasLiveRecord) MergeLiveFigures(report);
-    if (watcher != nullptr) watcher->OnStage("statistics");
+    BeginStage(watcher, "statistics");
     FinishStatistics(report);
 }
 
@@ -244,9 +257,14 @@ void MakePageAndPictures(CReport& report, const BillFolders& folders, CRunWatche
                          RunResult& result) {
     result.pagePath = PagePath(report);
     CRunFiles files(report, folders, result);
-    if (watcher != nullptr) watcher->OnStage("pictures");
-    MakePictures(report, files);
-    if (watcher != nullptr) watcher->OnStage("page");
+    try {
+        BeginStage(watcher, "pictures");
+        MakePictures(report, files);
+        BeginStage(watcher, "page", !files.AreInPlace());
+    } catch (const WatcherStop&) {
+        files.GiveUp();
+        throw;
+    }
     WritePage(report, copy, files);
 }
 
@@ -270,9 +288,13 @@ void MakeReport(CReport& report, const GenerateBillRequest& request, CRunWatcher
 template <class Work>
 RunResult ResultOf(const CReport& report, Work work) {
     RunResult result;
-    if (auto error = ErrorOf([&] { work(result); })) {
-        result.end = RunEnd::Failed;
-        result.problems.error = std::move(error);
+    try {
+        if (auto error = ErrorOf([&] { work(result); })) {
+            result.end = RunEnd::Failed;
+            result.problems.error = std::move(error);
+        }
+    } catch (const WatcherStop&) {
+        result.end = RunEnd::Stopped;
     }
     result.units = UsedUnits(report);
     return result;

@@ -25,7 +25,7 @@ class CStatementListener;
 
 enum class RunEnd {
     Finished,
-    Stopped,      ///< the host's stop was seen in the day loop; nothing was written
+    Stopped,      ///< the host's stop was seen in the day loop, or the watcher's; no page was written
     NothingRead,  ///< no statement could be read, and without one nothing is written; so it is with names that fail
     PlaceTaken,   ///< another program writes the same page: problems has who, and nothing was written
     Failed,       ///< by an error; what had been read is in the report, and the page as far as it was written
@@ -51,6 +51,8 @@ public:
     virtual ~CRunWatcher() = default;
     virtual void OnDay(int day, int days, std::string_view dayText) = 0;  ///< `day` counts from 1
     virtual void OnStage(std::string_view stage) = 0;  ///< in English: "statistics", "pictures", "page"
+    /// Asked behind each of these calls: whether the run is to end there.
+    [[nodiscard]] virtual bool WantsStop() const { return false; }
 };
 
 /// What a run is asked beside its request. A host's run asks nothing.

@@ -44,6 +44,11 @@ public:
     void Finish(const std::optional<std::string>& failure);
     /// The pictures alone, of a run without a page.
     void FinishPictures();
+    /// Nothing of what isn't in its place yet.
+    void GiveUp() { TellAndClear(); }
+
+    /// Whether pictures are in their place as they are made, so that a page has to follow.
+    [[nodiscard]] bool AreInPlace() const { return making_ == Making::InPlace; }
 
 private:
     enum class Making { Beside, InPlace, Nowhere };
