@@ -9,13 +9,13 @@
 #include <string_view>
 
 #include "base/gbk.h"
-#include "cli/scan_report.h"
 #include "fuzz_statement.h"
 #include "fuzz_target.h"
 #include "readers/layout_marks.h"
 #include "readers/statement_loader.h"
 #include "readers/statement_text.h"
 #include "report/report.h"
+#include "requests/scan_report.h"
 
 namespace tradebill {
 namespace {

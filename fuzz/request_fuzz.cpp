@@ -8,12 +8,12 @@
 #include <string_view>
 
 #include "base/text.h"
-#include "cli/report_options.h"
-#include "cli/usage_error.h"
 #include "driver/report_days.h"
 #include "driver/report_request.h"
 #include "fuzz_target.h"
 #include "report/request_copy.h"
+#include "requests/report_options.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

@@ -4,12 +4,12 @@
 #include <vector>
 
 #include "base/ini_file.h"
-#include "cli/scan_report.h"
 #include "findings/template_against.h"
 #include "findings/template_check.h"
 #include "fuzz_statement.h"
 #include "fuzz_target.h"
 #include "readers/statement_template.h"
+#include "requests/scan_report.h"
 
 namespace tradebill {
 namespace {

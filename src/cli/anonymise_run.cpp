@@ -11,12 +11,8 @@
 #include "anonymise/account_anonymiser.h"
 #include "anonymise/identity_map.h"
 #include "base/text.h"
-#include "cli/account_files.h"
 #include "cli/anonymised_folder.h"
 #include "cli/anonymised_settings.h"
-#include "cli/carried_templates.h"
-#include "cli/format_choice.h"
-#include "cli/usage_error.h"
 #include "cli/watched_run.h"
 #include "driver/report_request.h"
 #include "platform/file.h"
@@ -24,6 +20,10 @@
 #include "report/account_key.h"
 #include "report/request_copy.h"
 #include "report/statement_name.h"
+#include "requests/account_files.h"
+#include "requests/carried_templates.h"
+#include "requests/format_choice.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 

@@ -7,13 +7,13 @@
 
 #include "anonymise/account_anonymiser.h"
 #include "anonymise/identity_map.h"
-#include "cli/account_files.h"
 #include "cli/anonymise_command.h"
 #include "cli/anonymised_folder.h"
 #include "cli/anonymised_settings.h"
-#include "cli/format_choice.h"
 #include "driver/report_request.h"
 #include "report/account_key.h"
+#include "requests/account_files.h"
+#include "requests/format_choice.h"
 
 namespace tradebill {
 

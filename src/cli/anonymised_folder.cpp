@@ -4,11 +4,11 @@
 #include <string>
 #include <string_view>
 
-#include "cli/usage_error.h"
 #include "platform/file.h"
 #include "platform/paths.h"
 #include "platform/root_folder.h"
 #include "platform/system_error.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

@@ -10,14 +10,14 @@
 #include "base/text.h"
 #include "cli/anonymise_command.h"
 #include "cli/anonymised_folder.h"
-#include "cli/carried_templates.h"
-#include "cli/input_file.h"
-#include "cli/input_ini.h"
-#include "cli/usage_error.h"
 #include "driver/request_names.h"
 #include "platform/file.h"
 #include "platform/paths.h"
 #include "report/account_key.h"
+#include "requests/carried_templates.h"
+#include "requests/input_file.h"
+#include "requests/input_ini.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

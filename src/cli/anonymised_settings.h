@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "anonymise/account_anonymiser.h"
-#include "cli/input_ini.h"
 #include "readers/statement_limit.h"
 #include "report/account_key.h"
+#include "requests/input_ini.h"
 
 namespace tradebill {
 

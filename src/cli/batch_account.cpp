@@ -24,12 +24,6 @@
 #include "batch/folder_tree.h"
 #include "cli/batch_making.h"
 #include "cli/findings_text.h"
-#include "cli/format_choice.h"
-#include "cli/report_options.h"
-#include "cli/report_settings.h"
-#include "cli/run_facts.h"
-#include "cli/run_findings.h"
-#include "cli/run_inputs.h"
 #include "cli/shown_text.h"
 #include "cli/told_lines.h"
 #include "cli/watched_run.h"
@@ -52,6 +46,12 @@
 #include "platform/system_error.h"
 #include "report/account_key.h"
 #include "report/report.h"
+#include "requests/format_choice.h"
+#include "requests/report_options.h"
+#include "requests/report_settings.h"
+#include "requests/run_facts.h"
+#include "requests/run_findings.h"
+#include "requests/run_inputs.h"
 
 namespace tradebill {
 namespace {

@@ -7,10 +7,10 @@
 #include "batch/account_result.h"
 #include "batch/account_work.h"
 #include "cli/batch_making.h"
-#include "cli/report_options.h"
 #include "export/run_json.h"
 #include "export/table.h"
 #include "report/account_key.h"
+#include "requests/report_options.h"
 
 namespace tradebill {
 

@@ -8,7 +8,7 @@
 
 #include "batch/account_work.h"
 #include "batch/shard.h"
-#include "cli/report_options.h"
+#include "requests/report_options.h"
 
 namespace tradebill {
 

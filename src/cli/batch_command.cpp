@@ -31,10 +31,6 @@
 #include "cli/command_table.h"
 #include "cli/explore_command.h"
 #include "cli/export_places.h"
-#include "cli/out_folder.h"
-#include "cli/report_options.h"
-#include "cli/statement_size.h"
-#include "cli/usage_error.h"
 #include "cli/watched_run.h"
 #include "driver/run_problems.h"
 #include "explore/viewer_template.h"
@@ -43,6 +39,10 @@
 #include "platform/stop_signal.h"
 #include "platform/system_error.h"
 #include "platform/worker_process.h"
+#include "requests/out_folder.h"
+#include "requests/report_options.h"
+#include "requests/statement_size.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

@@ -10,12 +10,12 @@
 #include <vector>
 
 #include "cli/report_arguments.h"
-#include "cli/report_options.h"
-#include "cli/report_settings.h"
 #include "cli/trading_days.h"
-#include "cli/usage_error.h"
 #include "export/sqlite_export.h"
 #include "platform/paths.h"
+#include "requests/report_options.h"
+#include "requests/report_settings.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "analysis/analysis.h"
-#include "cli/report_options.h"
+#include "requests/report_options.h"
 
 namespace CLI {
 class App;

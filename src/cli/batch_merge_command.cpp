@@ -23,14 +23,14 @@
 #include "cli/batch_summary.h"
 #include "cli/command_table.h"
 #include "cli/export_places.h"
-#include "cli/out_folder.h"
-#include "cli/usage_error.h"
+#include "requests/out_folder.h"
 #include "cli/watched_run.h"
 #include "driver/run_problems.h"
 #include "export/sqlite_export.h"
 #include "platform/local_time.h"
 #include "platform/paths.h"
 #include "platform/system_error.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

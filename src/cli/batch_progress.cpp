@@ -10,9 +10,9 @@
 
 #include "batch/account_result.h"
 #include "batch/batch_run.h"
-#include "cli/kept_accounts.h"
 #include "cli/shown_text.h"
 #include "platform/terminal.h"
+#include "requests/kept_accounts.h"
 
 namespace tradebill {
 namespace {

@@ -13,10 +13,10 @@
 #include "cli/batch_making.h"
 #include "cli/command_table.h"
 #include "cli/export_places.h"
-#include "cli/usage_error.h"
 #include "platform/paths.h"
 #include "platform/process.h"
 #include "platform/stop_signal.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

@@ -18,8 +18,6 @@
 #include "cli/command_table.h"
 #include "cli/output_file.h"
 #include "cli/report_arguments.h"
-#include "cli/report_options.h"
-#include "cli/usage_error.h"
 #include "cli/watched_run.h"
 #include "driver/repaint.h"
 #include "driver/report_request.h"
@@ -33,6 +31,8 @@
 #include "platform/paths.h"
 #include "report/money_store.h"
 #include "report/report.h"
+#include "requests/report_options.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

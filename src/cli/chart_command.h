@@ -5,7 +5,7 @@
 #include <string>
 
 #include "cli/command_table.h"
-#include "cli/report_options.h"
+#include "requests/report_options.h"
 
 namespace tradebill {
 

@@ -11,15 +11,15 @@
 #include "cli/findings_text.h"
 #include "cli/output_file.h"
 #include "cli/report_arguments.h"
-#include "cli/report_options.h"
-#include "cli/run_findings.h"
-#include "cli/usage_error.h"
 #include "cli/watched_run.h"
 #include "driver/report_run.h"
 #include "export/findings_json.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
 #include "report/report.h"
+#include "requests/report_options.h"
+#include "requests/run_findings.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

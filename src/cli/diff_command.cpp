@@ -8,13 +8,13 @@
 #include <string>
 
 #include "cli/command_table.h"
-#include "cli/input_file.h"
 #include "cli/output_file.h"
 #include "cli/shown_text.h"
-#include "cli/standard_input.h"
-#include "cli/usage_error.h"
 #include "export/report_diff.h"
 #include "export/report_figures.h"
+#include "requests/input_file.h"
+#include "requests/standard_input.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

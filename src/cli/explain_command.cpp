@@ -12,15 +12,9 @@
 
 #include "base/report_error.h"
 #include "cli/command_table.h"
-#include "cli/format_choice.h"
-#include "cli/input_file.h"
 #include "cli/output_file.h"
 #include "cli/report_arguments.h"
-#include "cli/scan_report.h"
-#include "cli/standard_input.h"
 #include "cli/statement_day.h"
-#include "cli/statement_size.h"
-#include "cli/usage_error.h"
 #include "findings/layout_hint.h"
 #include "platform/file.h"
 #include "readers/layout_marks.h"
@@ -29,6 +23,12 @@
 #include "readers/statement_loader.h"
 #include "report/report.h"
 #include "report/statement_format.h"
+#include "requests/format_choice.h"
+#include "requests/input_file.h"
+#include "requests/scan_report.h"
+#include "requests/standard_input.h"
+#include "requests/statement_size.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

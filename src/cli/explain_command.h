@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "cli/command_table.h"
-#include "cli/scan_report.h"
 #include "readers/statement_limit.h"
+#include "requests/scan_report.h"
 
 namespace tradebill {
 

@@ -6,8 +6,8 @@
 
 #include "cli/explain_command.h"
 #include "cli/explain_words.h"
-#include "cli/scan_report.h"
 #include "readers/scan_listener.h"
+#include "requests/scan_report.h"
 
 namespace tradebill {
 namespace {

@@ -8,10 +8,10 @@
 
 #include "cli/explain_command.h"
 #include "cli/explain_words.h"
-#include "cli/scan_report.h"
 #include "cli/shown_text.h"
-#include "cli/usage_error.h"
 #include "readers/scan_listener.h"
+#include "requests/scan_report.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

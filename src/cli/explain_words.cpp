@@ -4,10 +4,10 @@
 #include <string>
 #include <string_view>
 
-#include "cli/scan_report.h"
 #include "platform/text_encoding.h"
 #include "readers/layout_table.h"
 #include "readers/scan_listener.h"
+#include "requests/scan_report.h"
 
 namespace tradebill {
 

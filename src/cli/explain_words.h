@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "cli/scan_report.h"
 #include "readers/scan_listener.h"
+#include "requests/scan_report.h"
 
 namespace tradebill {
 

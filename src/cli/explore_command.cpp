@@ -18,14 +18,10 @@
 #include "cli/imported_report.h"
 #include "cli/output_file.h"
 #include "cli/report_arguments.h"
-#include "cli/report_options.h"
-#include "cli/run_facts.h"
-#include "cli/run_findings.h"
 #include "cli/several_accounts.h"
 #include "cli/shown_findings.h"
 #include "cli/shown_text.h"
 #include "cli/trading_days.h"
-#include "cli/usage_error.h"
 #include "cli/wait_option.h"
 #include "cli/watched_run.h"
 #include "driver/report_run.h"
@@ -40,6 +36,10 @@
 #include "platform/file.h"
 #include "report/report.h"
 #include "report/request_copy.h"
+#include "requests/report_options.h"
+#include "requests/run_facts.h"
+#include "requests/run_findings.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

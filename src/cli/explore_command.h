@@ -10,8 +10,8 @@
 #include "analysis/analysis.h"
 #include "cli/command_table.h"
 #include "cli/output_file.h"
-#include "cli/report_options.h"
 #include "cli/wait_option.h"
+#include "requests/report_options.h"
 
 namespace tradebill {
 

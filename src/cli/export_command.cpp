@@ -13,12 +13,9 @@
 #include "cli/command_table.h"
 #include "cli/export_places.h"
 #include "cli/report_arguments.h"
-#include "cli/report_options.h"
-#include "cli/run_findings.h"
 #include "cli/shown_findings.h"
 #include "cli/shown_text.h"
 #include "cli/trading_days.h"
-#include "cli/usage_error.h"
 #include "cli/wait_option.h"
 #include "cli/watched_run.h"
 #include "driver/place_guard.h"
@@ -34,6 +31,9 @@
 #include "platform/system_error.h"
 #include "report/account_key.h"
 #include "report/report.h"
+#include "requests/report_options.h"
+#include "requests/run_findings.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

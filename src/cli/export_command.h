@@ -7,8 +7,8 @@
 
 #include "analysis/analysis.h"
 #include "cli/command_table.h"
-#include "cli/report_options.h"
 #include "cli/wait_option.h"
+#include "requests/report_options.h"
 
 namespace tradebill {
 

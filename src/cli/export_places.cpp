@@ -3,14 +3,14 @@
 #include <optional>
 #include <string>
 
-#include "cli/out_folder.h"
+#include "requests/out_folder.h"
 #include "cli/output_file.h"
-#include "cli/standard_input.h"
-#include "cli/usage_error.h"
 #include "export/csv_set.h"
 #include "export/sqlite_export.h"
 #include "platform/output_target.h"
 #include "platform/paths.h"
+#include "requests/standard_input.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

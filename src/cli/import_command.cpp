@@ -17,10 +17,7 @@
 #include "cli/import_files.h"
 #include "cli/import_findings.h"
 #include "cli/import_summary.h"
-#include "cli/layout_readings.h"
 #include "cli/output_file.h"
-#include "cli/unit_table.h"
-#include "cli/usage_error.h"
 #include "cli/wait_option.h"
 #include "cli/watched_run.h"
 #include "driver/place_guard.h"
@@ -34,6 +31,9 @@
 #include "intake/workbook.h"
 #include "platform/paths.h"
 #include "platform/root_folder.h"
+#include "requests/layout_readings.h"
+#include "requests/unit_table.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

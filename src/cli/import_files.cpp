@@ -5,10 +5,10 @@
 #include <utility>
 #include <vector>
 
-#include "cli/usage_error.h"
 #include "platform/paths.h"
 #include "platform/root_folder.h"
 #include "platform/system_error.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

@@ -9,9 +9,6 @@
 #include <vector>
 
 #include "base/day.h"
-#include "cli/report_options.h"
-#include "cli/run_findings.h"
-#include "cli/usage_error.h"
 #include "cli/watched_run.h"
 #include "driver/report_run.h"
 #include "driver/run_problems.h"
@@ -20,6 +17,9 @@
 #include "platform/file.h"
 #include "report/account_key.h"
 #include "report/report.h"
+#include "requests/report_options.h"
+#include "requests/run_findings.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

@@ -12,22 +12,22 @@
 #include <vector>
 
 #include "base/day.h"
-#include "cli/format_choice.h"
 #include "cli/import_command.h"
 #include "cli/import_files.h"
 #include "cli/import_summary.h"
-#include "cli/input_file.h"
-#include "cli/out_folder.h"
-#include "cli/report_options.h"
+#include "requests/out_folder.h"
 #include "cli/several_accounts.h"
-#include "cli/unit_table.h"
-#include "cli/usage_error.h"
 #include "intake/bill_import.h"
 #include "platform/paths.h"
 #include "platform/system_error.h"
 #include "report/account_key.h"
 #include "report/request_copy.h"
 #include "report/statement_name.h"
+#include "requests/format_choice.h"
+#include "requests/input_file.h"
+#include "requests/report_options.h"
+#include "requests/unit_table.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

@@ -15,13 +15,13 @@
 
 #include "cli/command_table.h"
 #include "cli/explain_command.h"
-#include "cli/layout_readings.h"
 #include "cli/statement_day.h"
-#include "cli/statement_size.h"
-#include "cli/usage_error.h"
 #include "platform/text_encoding.h"
 #include "readers/layout_table.h"
 #include "report/account_key.h"
+#include "requests/layout_readings.h"
+#include "requests/statement_size.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

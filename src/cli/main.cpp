@@ -17,11 +17,11 @@
 #include "base/shortage.h"
 #include "cli/command_table.h"
 #include "cli/shown_text.h"
-#include "cli/usage_error.h"
 #include "platform/last_words.h"
 #include "platform/local_time.h"
 #include "platform/standard_streams.h"
 #include "platform/terminal.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

@@ -14,11 +14,11 @@
 #include <utility>
 
 #include "cli/shown_text.h"
-#include "cli/standard_input.h"
-#include "cli/usage_error.h"
 #include "platform/file.h"
 #include "platform/output_target.h"
 #include "platform/paths.h"
+#include "requests/standard_input.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "cli/report_options.h"
-#include "cli/statement_size.h"
 #include "report/statement_format.h"
+#include "requests/report_options.h"
+#include "requests/statement_size.h"
 
 namespace tradebill {
 namespace {

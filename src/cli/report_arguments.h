@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/report_options.h"
+#include "requests/report_options.h"
 
 namespace CLI {
 class App;

@@ -7,12 +7,12 @@
 #include <string>
 
 #include "cli/command_table.h"
-#include "cli/usage_error.h"
 #include "cli/wait_option.h"
 #include "cli/watched_run.h"
 #include "driver/place_guard.h"
 #include "driver/reset_page.h"
 #include "platform/paths.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

@@ -8,15 +8,15 @@
 #include <vector>
 
 #include "base/day.h"
-#include "cli/format_choice.h"
-#include "cli/kept_accounts.h"
 #include "cli/output_file.h"
-#include "cli/report_options.h"
-#include "cli/standard_input.h"
-#include "cli/usage_error.h"
 #include "cli/watched_run.h"
 #include "report/account_key.h"
 #include "report/request_copy.h"
+#include "requests/format_choice.h"
+#include "requests/kept_accounts.h"
+#include "requests/report_options.h"
+#include "requests/standard_input.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

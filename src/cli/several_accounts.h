@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "cli/report_options.h"
 #include "report/account_key.h"
+#include "requests/report_options.h"
 
 namespace tradebill {
 

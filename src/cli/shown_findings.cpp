@@ -11,11 +11,11 @@
 #include <vector>
 
 #include "cli/findings_text.h"
-#include "cli/report_options.h"
-#include "cli/report_settings.h"
 #include "cli/shown_text.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
+#include "requests/report_options.h"
+#include "requests/report_settings.h"
 
 namespace tradebill {
 namespace {

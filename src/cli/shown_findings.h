@@ -4,8 +4,8 @@
 #include <span>
 #include <string>
 
-#include "cli/report_options.h"
 #include "findings/finding.h"
+#include "requests/report_options.h"
 
 namespace tradebill {
 

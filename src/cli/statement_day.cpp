@@ -7,9 +7,9 @@
 
 #include "base/day.h"
 #include "base/text.h"
-#include "cli/usage_error.h"
 #include "platform/local_time.h"
 #include "platform/paths.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

@@ -13,15 +13,15 @@
 
 #include "base/ini_file.h"
 #include "cli/command_table.h"
-#include "cli/format_choice.h"
-#include "cli/input_file.h"
 #include "cli/report_arguments.h"
 #include "cli/shown_text.h"
 #include "cli/statement_day.h"
-#include "cli/statement_size.h"
-#include "cli/usage_error.h"
 #include "findings/template_against.h"
 #include "findings/template_check.h"
+#include "requests/format_choice.h"
+#include "requests/input_file.h"
+#include "requests/statement_size.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

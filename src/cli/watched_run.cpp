@@ -6,11 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "cli/prepared_run.h"
 #include "cli/progress_line.h"
-#include "cli/report_options.h"
 #include "cli/shown_text.h"
-#include "cli/usage_error.h"
 #include "driver/report_days.h"
 #include "driver/report_request.h"
 #include "driver/report_run.h"
@@ -20,6 +17,9 @@
 #include "platform/file.h"
 #include "platform/terminal.h"
 #include "report/report.h"
+#include "requests/prepared_run.h"
+#include "requests/report_options.h"
+#include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {

@@ -4,10 +4,10 @@
 #include <optional>
 #include <string>
 
-#include "cli/prepared_run.h"
-#include "cli/report_options.h"
 #include "driver/report_request.h"
 #include "driver/report_run.h"
+#include "requests/prepared_run.h"
+#include "requests/report_options.h"
 
 namespace tradebill {
 

@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <string>
 
-#include "cli/account_files.h"
 #include "cli/anonymise_command.h"
 #include "cli/cli_fixture.h"
+#include "requests/account_files.h"
 #include "support/gbk_text.h"
 #include "support/shell.h"
 #include "support/temp_folder.h"

@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "base/text.h"
-#include "cli/account_files.h"
+#include "requests/account_files.h"
 #include "support/gbk_text.h"
 #include "support/shell.h"
 #include "support/temp_folder.h"

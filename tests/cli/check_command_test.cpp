@@ -16,11 +16,11 @@
 #include <vector>
 
 #include "cli/program_fixture.h"
-#include "cli/report_options.h"
 #include "cli/shown_findings.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
 #include "platform/text_encoding.h"
+#include "requests/report_options.h"
 #include "support/shell.h"
 #include "support/temp_folder.h"
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-#include "cli/report_options.h"
-#include "cli/usage_error.h"
+#include "requests/report_options.h"
+#include "requests/usage_error.h"
 #include "support/gbk_text.h"
 #include "support/temp_folder.h"
 

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "cli/cli_fixture.h"
-#include "cli/input_file.h"
-#include "cli/usage_error.h"
+#include "requests/input_file.h"
+#include "requests/usage_error.h"
 #include "support/shell.h"
 #include "support/temp_folder.h"
 

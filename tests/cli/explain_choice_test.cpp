@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "cli/explain_fixture.h"
-#include "cli/usage_error.h"
+#include "requests/usage_error.h"
 
 namespace tradebill::explain_choice_test {
 namespace {

@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "cli/explain_fixture.h"
-#include "cli/scan_report.h"
-#include "cli/usage_error.h"
 #include "readers/statement_loader.h"
 #include "report/report.h"
+#include "requests/scan_report.h"
+#include "requests/usage_error.h"
 #include "support/report_json.h"
 
 namespace tradebill::explain_command_test {

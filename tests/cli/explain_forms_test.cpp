@@ -7,11 +7,11 @@
 #include <vector>
 
 #include "cli/damaged_samples.h"
-#include "cli/format_choice.h"
-#include "cli/scan_report.h"
 #include "readers/statement_loader.h"
 #include "report/report.h"
 #include "report/request_copy.h"
+#include "requests/format_choice.h"
+#include "requests/scan_report.h"
 #include "support/report_json.h"
 
 namespace tradebill::explain_forms_test {

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "cli/explain_fixture.h"
-#include "cli/scan_report.h"
 #include "readers/statement_loader.h"
 #include "report/report.h"
+#include "requests/scan_report.h"
 
 namespace tradebill::explain_template_test {
 namespace {

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "cli/program_fixture.h"
-#include "cli/usage_error.h"
 #include "explore/page_blocks.h"
+#include "requests/usage_error.h"
 #include "support/shell.h"
 #include "support/temp_folder.h"
 

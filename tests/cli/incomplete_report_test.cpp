@@ -9,9 +9,9 @@
 #include <utility>
 
 #include "cli/file_address.h"
-#include "cli/format_choice.h"
 #include "cli/report_fixture.h"
 #include "platform/paths.h"
+#include "requests/format_choice.h"
 
 namespace tradebill::incomplete_report_test {
 namespace {

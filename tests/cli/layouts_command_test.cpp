@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "cli/carried_templates.h"
 #include "cli/explain_words.h"
-#include "cli/layout_readings.h"
 #include "platform/text_encoding.h"
 #include "readers/layout_table.h"
+#include "requests/carried_templates.h"
+#include "requests/layout_readings.h"
 #include "support/gbk_text.h"
 #include "support/shell.h"
 #include "support/temp_folder.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "cli/usage_error.h"
+#include "requests/usage_error.h"
 #include "support/temp_folder.h"
 
 namespace tradebill::template_command_test {

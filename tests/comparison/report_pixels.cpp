@@ -4,7 +4,6 @@
 #include <iostream>
 #include <string>
 
-#include "cli/report_options.h"
 #include "comparison/text_area_canvas.h"
 #include "driver/report_run.h"
 #include "images/report_images.h"
@@ -13,6 +12,7 @@
 #include "platform/embedded_picture.h"
 #include "platform/paths.h"
 #include "report/report.h"
+#include "requests/report_options.h"
 
 namespace tradebill {
 namespace {

@@ -20,11 +20,11 @@
 #include <vector>
 
 #include "analysis/analysis.h"
-#include "cli/report_options.h"
 #include "driver/report_run.h"
 #include "export/json_writer.h"
 #include "export/run_json.h"
 #include "report/report.h"
+#include "requests/report_options.h"
 #include "support/work_folder.h"
 
 namespace tradebill {

@@ -26,10 +26,11 @@ BELOW = {
     "explore": {"base", "platform", "report", "statistics", "analysis", "readers", "findings", "export"},
     "page": {"base", "platform", "paint", "report", "statistics", "images"},
     "driver": {"base", "platform", "paint", "report", "statistics", "readers", "graph", "images", "page"},
+    "requests": {"base", "platform", "report", "readers", "findings", "export", "intake", "driver"},
     "batch": {"base", "platform", "paint", "report", "statistics", "analysis", "readers", "findings", "export", "explore",
               "intake", "images", "page", "driver"},
     "cli": {"base", "platform", "paint", "report", "statistics", "analysis", "readers", "findings", "export", "explore",
-            "anonymise", "intake", "graph", "images", "page", "driver", "batch"},
+            "anonymise", "intake", "graph", "images", "page", "driver", "requests", "batch"},
 }
 # The public face of the module and the record inside it are read from every floor.
 OPEN_TO_ALL = {"driver/report_request.h", "report/money_record.h"}

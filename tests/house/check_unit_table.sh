@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Fails unless the table of contract units is installed byte for byte. Usage: check_unit_table.sh SOURCE BUILD
-# That the program carries the same bytes is a unit test (tests/cli/unit_table_test.cpp).
+# That the program carries the same bytes is a unit test (tests/requests/unit_table_test.cpp).
 set -euo pipefail
 source=$1 build=$2
 work=$(mktemp -d)

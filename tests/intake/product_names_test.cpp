@@ -8,9 +8,9 @@
 #include <string_view>
 
 #include "base/ini_file.h"
-#include "cli/unit_table.h"
 #include "platform/text_encoding.h"
 #include "report/product_text.h"
+#include "requests/unit_table.h"
 
 namespace tradebill::product_names_test {
 namespace {

@@ -10,7 +10,7 @@
 #include "cli/anonymise_command.h"
 #include "cli/anonymised_folder.h"
 #include "cli/cli_fixture.h"
-#include "cli/input_file.h"
+#include "requests/input_file.h"
 #include "support/bound_user.h"
 #include "support/failing_file.h"
 #include "support/file_size_limit.h"

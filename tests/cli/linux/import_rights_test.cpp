@@ -7,13 +7,13 @@
 #include <string>
 #include <vector>
 
-#include "cli/carried_templates.h"
 #include "cli/import_command.h"
 #include "cli/import_files.h"
-#include "cli/input_file.h"
-#include "cli/layout_readings.h"
 #include "findings/finding.h"
 #include "intake/bill_import.h"
+#include "requests/carried_templates.h"
+#include "requests/input_file.h"
+#include "requests/layout_readings.h"
 #include "support/bound_user.h"
 #include "support/day_workbook.h"
 #include "support/gbk_text.h"

@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <string>
 
-#include "cli/input_file.h"
 #include "cli/report_fixture.h"
+#include "requests/input_file.h"
 #include "support/bound_user.h"
 
 namespace tradebill::linux_read_only_archive_test {

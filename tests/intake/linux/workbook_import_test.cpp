@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "cli/unit_table.h"
 #include "intake/bill_import.h"
 #include "platform/text_encoding.h"
+#include "requests/unit_table.h"
 #include "support/day_workbook.h"
 #include "support/gbk_text.h"
 #include "support/made_workbook.h"
