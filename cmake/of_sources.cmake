@@ -2,6 +2,7 @@
 include(GNUInstallDirs)
 include(cmake/dependencies.cmake)
 include(cmake/embedded_pictures.cmake)
+include(cmake/source_id.cmake)
 include(cmake/standalone_script.cmake)
 include(cmake/system_sources.cmake)
 include(cmake/unit_table.cmake)

@@ -27,6 +27,7 @@ BELOW = {
     "page": {"base", "platform", "paint", "report", "statistics", "images"},
     "driver": {"base", "platform", "paint", "report", "statistics", "readers", "graph", "images", "page"},
     "requests": {"base", "platform", "report", "readers", "findings", "export", "intake", "driver"},
+    "hosts": {"base", "platform", "paint", "report", "analysis", "readers", "findings", "export", "images", "driver", "requests"},
     "batch": {"base", "platform", "paint", "report", "statistics", "analysis", "readers", "findings", "export", "explore",
               "intake", "images", "page", "driver"},
     "cli": {"base", "platform", "paint", "report", "statistics", "analysis", "readers", "findings", "export", "explore",
