@@ -8,7 +8,6 @@
 
 #include "report/statement_format.h"
 #include "requests/report_options.h"
-#include "requests/statement_size.h"
 
 namespace tradebill {
 namespace {

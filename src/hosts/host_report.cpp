@@ -22,7 +22,6 @@
 #include "platform/paths.h"
 #include "report/report.h"
 #include "requests/format_choice.h"
-#include "requests/input_file.h"
 #include "requests/prepared_run.h"
 #include "requests/report_options.h"
 #include "requests/run_facts.h"

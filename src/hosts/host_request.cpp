@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <iterator>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -72,7 +71,7 @@ std::optional<std::string> NumberSetting(std::int32_t number) {
 }
 
 /// A host has no standard input to read: a file of that name is meant.
-std::string FileOf(std::string path) {
+std::string FileOf(const std::string& path) {
     return path == "-" ? "./-" : path;
 }
 

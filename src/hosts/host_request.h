@@ -20,7 +20,7 @@ struct HostRequest {
 
 /// Takes the fields that lie within the request's size. Throws CUsageError for a value that can't be meant so; those
 /// that options check are left to them.
-[[nodiscard]] HostRequest HostRequestOf(const TradeBillRequest& request);
+[[nodiscard]] HostRequest HostRequestOf(const TradeBillRequest& given);
 
 /// Whether `size` is that of a request of any age: it reaches behind the root.
 [[nodiscard]] bool IsRequestSize(std::uint32_t size);

@@ -7,6 +7,7 @@
 #include <new>
 #include <sstream>
 #include <string>
+#include <utility>
 
 #include "driver/report_counts.h"
 #include "driver/report_run.h"

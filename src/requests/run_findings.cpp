@@ -5,7 +5,6 @@
 #include "driver/report_run.h"
 #include "findings/account_findings.h"
 #include "findings/finding.h"
-#include "findings/finding_table.h"
 #include "findings/request_findings.h"
 #include "findings/statement_watch.h"
 #include "report/report.h"

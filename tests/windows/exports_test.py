@@ -15,13 +15,11 @@ from portable_executable import PortableExecutable
 X64 = 0x8664
 IS_DLL = 0x2000
 VERSION_TYPE = 16
-EXPORTS = {"GenerateBill", "TryGenerateBill", "ResetTradeBillFile", "StretchZjGraph", "StretchRiskAndProfit",
-           "StretchRisk", "StretchOffsetGraph", "SetRootFolder", "TradeBillLastError", "TradeBillLastCounts"}
+TERMINAL_EXPORTS = {"GenerateBill", "TryGenerateBill", "ResetTradeBillFile", "StretchZjGraph", "StretchRiskAndProfit",
+                    "StretchRisk", "StretchOffsetGraph", "SetRootFolder", "TradeBillLastError", "TradeBillLastCounts"}
 # What every Windows has.
-SYSTEM_LIBRARIES = {"advapi32.dll", "gdi32.dll", "gdiplus.dll", "kernel32.dll", "msvcrt.dll", "ole32.dll",
+SYSTEM_LIBRARIES = {"advapi32.dll", "bcrypt.dll", "gdi32.dll", "gdiplus.dll", "kernel32.dll", "msvcrt.dll", "ole32.dll",
                     "shell32.dll", "shlwapi.dll", "user32.dll"}
-# The program alone takes digests of files.
-PROGRAM_LIBRARIES = {"bcrypt.dll"}
 PICTURES = {5000: "title_bar.png", 5001: "expand.png", 5002: "shrink.png", 5003: "banner.png"}
 
 
@@ -63,7 +61,7 @@ def wrong_in_file(path, source, expected_exports):
     if file.machine != X64 or bool(file.flags & IS_DLL) != (path.suffix == ".dll"):
         yield f"machine {file.machine:#x}, flags {file.flags:#x}"
     for library in file.imported_libraries():
-        if library.lower() not in SYSTEM_LIBRARIES | (set() if file.flags & IS_DLL else PROGRAM_LIBRARIES):
+        if library.lower() not in SYSTEM_LIBRARIES:
             yield f"it needs {library}"
     exports = file.exports()
     if exports.keys() != expected_exports:
@@ -79,9 +77,15 @@ def said_by(tool, *arguments):
     return subprocess.run(command, check=True, capture_output=True, text=True).stdout
 
 
-def wrong_in_import_library(path):
+def exports_of(source):
+    """What hosts are promised: the terminals' functions, and all of the header of several reports."""
+    header = (source / "src/hosts/tradebill.h").read_text(encoding="utf-8")
+    return TERMINAL_EXPORTS | set(re.findall(r"^TRADEBILL_API [^;(]*?(\w+)\(", header, re.MULTILINE))
+
+
+def wrong_in_import_library(path, exports):
     functions = set(re.findall(r" I __imp_(\w+)$", said_by("nm", "--defined-only", path), re.MULTILINE))
-    if functions != EXPORTS:
+    if functions != exports:
         yield f"it imports {sorted(functions)}"
     if said_by("dlltool", "-I", path).split() != ["TradeBill.dll"]:
         yield "it belongs to another DLL"
@@ -89,9 +93,10 @@ def wrong_in_import_library(path):
 
 def main():
     source, build = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2])
-    found = [f"TradeBill.dll: {what}" for what in wrong_in_file(build / "bin/TradeBill.dll", source, EXPORTS)]
+    exports = exports_of(source)
+    found = [f"TradeBill.dll: {what}" for what in wrong_in_file(build / "bin/TradeBill.dll", source, exports)]
     found += [f"tradebill.exe: {what}" for what in wrong_in_file(build / "bin/tradebill.exe", source, set())]
-    found += [f"TradeBill.lib: {what}" for what in wrong_in_import_library(build / "lib/TradeBill.lib")]
+    found += [f"TradeBill.lib: {what}" for what in wrong_in_import_library(build / "lib/TradeBill.lib", exports)]
     print("\n".join(found) or "the DLL, its import library and the program are as they should be")
     return 1 if found else 0
 

@@ -25,6 +25,8 @@ README.txt
 bin/TradeBill.dll
 bin/tradebill.exe
 docs/embedding.md
+docs/hosts.md
+examples/c_host/account.c
 examples/csharp_host/Host.cs
 examples/csharp_host/TradeBill.cs
 examples/python_host/host.py
@@ -34,12 +36,15 @@ examples/python_host/windows_side.py
 include/tradebill/report_error.h
 include/tradebill/report_request.h
 include/tradebill/report/money_record.h
+include/tradebill/tradebill.h
+lib/cmake/tradebill/tradebillConfig.cmake
+lib/cmake/tradebill/tradebillConfigVersion.cmake
 lib/TradeBill.def
 lib/TradeBill.lib
 share/tradebill/units.ini
 FILES
     git -C "$source" ls-files templates | sed 's|^|share/tradebill/|'
-    git -C "$source" ls-files examples/windows_host samples
+    git -C "$source" ls-files examples/cpp_host examples/windows_host python samples
 } | sed "s|^|$name/|" | LC_ALL=C sort >expected
 unzip -Z1 "$zip" >listed
 diff expected listed
@@ -54,6 +59,15 @@ wine bin/tradebill.exe report --root samples/fund-status/root --request samples/
     --units samples/fund-status/units.ini --quiet
 tail -c 18 "samples/fund-status/$page" | grep -q '</html>'
 rm "samples/fund-status/$page"
+
+"$compiler" -std=c99 -Wall -Wextra -Werror -I include examples/c_host/account.c lib/TradeBill.lib -o bin/account.exe
+wine bin/account.exe samples/fund-status/root samples/one-year/root | tr -d '\r' >said
+diff said - <<'END'
+samples/fund-status/root: 35 days
+25 statements, 944 records, 0 errors
+samples/one-year/root: 378 days
+250 statements, 29885 records, 0 errors
+END
 
 sed -n '/^```c$/,/^```$/{//!p}' docs/embedding.md >host.c
 "$compiler" -std=c99 -Wall -Wextra -Werror -I include host.c lib/TradeBill.lib -o bin/host.exe
