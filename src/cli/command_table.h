@@ -20,6 +20,10 @@ struct Command {
     std::string_view name;
     std::string_view help;
     CommandRun (*declare)(CLI::App& app);  ///< declares the options; what it returns runs once they are parsed
+    // Of its help.
+    std::string_view example = {};  ///< a call, behind the program's name
+    std::string_view exits = {};    ///< what each exit code says, on one line
+    std::string_view guide = {};    ///< the document to read on
 };
 
 struct CommandGroup {

@@ -1,0 +1,170 @@
+#include "cli/command_line.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cstddef>
+#include <iostream>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cli/command_table.h"
+#include "cli/nearest_word.h"
+#include "hosts/source_id.h"
+#include "requests/usage_error.h"
+
+namespace tradebill {
+namespace {
+
+constexpr std::string_view kHelp = "help";
+constexpr std::string_view kVersion = "version";
+
+using Words = std::vector<std::string>;
+
+/// A command as the command line knows it.
+struct DeclaredCommand {
+    CLI::App* app;
+    CommandRun run;
+};
+
+/// The app of a group, which is made with the first command that belongs to it.
+CLI::App& GroupIn(CLI::App& app, std::string_view name) {
+    if (name.empty()) return app;
+    for (CLI::App* const made : app.get_subcommands({})) {
+        if (made->get_name() == name) return *made;
+    }
+    const CommandGroup& group = *std::ranges::find(CommandGroups(), name, &CommandGroup::name);
+    CLI::App* const made = app.add_subcommand(std::string(name), std::string(group.help));
+    made->require_subcommand(1);
+    return *made;
+}
+
+/// What stands ahead of the options, and behind them.
+void AddGuide(const Command& command, CLI::App& app) {
+    if (!command.example.empty()) {
+        app.description(std::string(command.help) + "\n\n  tradebill " + std::string(command.example) + "\n");
+    }
+    std::string footer;
+    if (!command.exits.empty()) footer += "\nExit codes: " + std::string(command.exits) + "\n";
+    if (!command.guide.empty()) footer += "Read on: " + std::string(command.guide) + "\n";
+    app.footer(footer);
+}
+
+std::vector<DeclaredCommand> DeclareAll(CLI::App& app) {
+    app.set_version_flag("--version", "tradebill " TRADEBILL_VERSION " (source " + std::string(kSourceId) + ")");
+    app.allow_windows_style_options(false);  // "/folder" is a path on both systems
+    app.require_subcommand(1);
+    app.footer("\ntradebill help COMMAND tells more of a command.\n");
+    std::vector<DeclaredCommand> declared;
+    for (const Command& command : Commands()) {
+        CLI::App* const own =
+            GroupIn(app, command.group).add_subcommand(std::string(command.name), std::string(command.help));
+        declared.push_back({own, command.declare(*own)});
+        AddGuide(command, *own);
+    }
+    // For the list alone: they are options by the time that anything is parsed.
+    app.add_subcommand(std::string(kHelp), "Show what a command does, and what it takes");
+    app.add_subcommand(std::string(kVersion), "Show which version this is");
+    return declared;
+}
+
+/// "help report" is "report --help", and "version" is "--version".
+Words WithoutHelpWords(Words words) {
+    if (words.empty()) return words;
+    if (words.front() == kVersion && words.size() == 1) return {"--version"};
+    if (words.front() != kHelp) return words;
+    words.erase(words.begin());
+    words.emplace_back("--help");
+    return words;
+}
+
+/// Those that somebody may type: what is hidden from the help isn't among them.
+Words CommandNames(const CLI::App& app) {
+    Words names;
+    for (const CLI::App* const command : app.get_subcommands([](const CLI::App*) { return true; })) {
+        if (!command->get_group().empty()) names.push_back(command->get_name());
+    }
+    return names;
+}
+
+Words OptionNames(const CLI::App& app) {
+    Words names;
+    for (const CLI::Option* const option : app.get_options()) {
+        if (option->get_group().empty()) continue;
+        for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+    }
+    return names;
+}
+
+std::string Hint(std::string_view typed, const Words& names) {
+    const std::string_view nearest = NearestWord(typed, names);
+    return nearest.empty() ? std::string() : ", did you mean " + std::string(nearest) + "?";
+}
+
+/// "tradebill report" for the command at hand, as far as the command line got.
+std::string HelpCommand(const CLI::App& app) {
+    std::string name = app.get_name();
+    for (const CLI::App* const command : app.get_subcommands()) name += " " + HelpCommand(*command);
+    return name;
+}
+
+[[noreturn]] void Refuse(const std::string& why, const std::string& command) {
+    throw CUsageError(why + " (" + command + " --help lists what is expected)");
+}
+
+/// Commands are words before anything else; the library itself would only say that one is missing.
+void RequireCommand(const CLI::App& app, std::span<const std::string> words, const std::string& command) {
+    const Words names = CommandNames(app);
+    if (names.empty()) return;
+    if (words.empty()) Refuse("expected a command", command);
+    const std::string& word = words.front();
+    if (word.starts_with("-")) return;
+    const auto named = app.get_subcommands([&](const CLI::App* one) { return one->check_name(word); });
+    if (named.empty()) Refuse("there is no command \"" + word + "\"" + Hint(word, names), command);
+    RequireCommand(*named.front(), words.subspan(1), command + " " + word);
+}
+
+/// The command that the arguments came to.
+const CLI::App& CommandAtHand(const CLI::App& app) {
+    const auto parsed = app.get_subcommands();
+    return parsed.empty() ? app : CommandAtHand(*parsed.front());
+}
+
+/// What is left over, as it was typed.
+[[noreturn]] void RefuseExtras(const CLI::App& app, const Words& words) {
+    const CLI::App& command = CommandAtHand(app);
+    for (const std::string& extra : app.remaining(true)) {
+        const std::string name = extra.substr(0, extra.find('='));
+        if (!name.starts_with("-")) continue;
+        const auto typed = std::ranges::find_if(words, [&](const std::string& word) { return word.starts_with(name); });
+        const std::string shown = typed == words.end() ? extra : *typed;
+        Refuse("there is no option " + shown + Hint(name, OptionNames(command)), HelpCommand(app));
+    }
+    Refuse("nobody knows what \"" + app.remaining(true).front() + "\" is for", HelpCommand(app));
+}
+
+}  // namespace
+
+int RunCommandLine(int argc, const char* const* argv) {
+    CLI::App app(
+        "Makes a report page from the daily settlement statements of a futures account.\n\n"
+        "  tradebill report --root settlement\n",
+        "tradebill");
+    const std::vector<DeclaredCommand> commands = DeclareAll(app);
+    const Words words = WithoutHelpWords(Words(argv + std::min(argc, 1), argv + argc));
+    RequireCommand(app, words, "tradebill");
+    try {
+        app.parse(Words(words.rbegin(), words.rend()));  // it takes them from the back
+    } catch (const CLI::ExtrasError&) {
+        RefuseExtras(app, words);
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() == 0) return app.exit(error);  // --help and --version
+        Refuse(error.what(), HelpCommand(app));
+    }
+    const auto isAtHand = [](const DeclaredCommand& command) { return command.app->parsed(); };
+    return std::ranges::find_if(commands, isAtHand)->run();  // one of them is required
+}
+
+}  // namespace tradebill
