@@ -16,10 +16,11 @@
 #include "cli/anonymise_run.h"
 #include "cli/anonymised_folder.h"
 #include "cli/anonymised_settings.h"
+#include "cli/awaited_work.h"
 #include "cli/command_table.h"
 #include "cli/report_arguments.h"
 #include "cli/shown_text.h"
-#include "cli/watched_run.h"
+#include "cli/voice.h"
 #include "driver/report_request.h"
 #include "platform/paths.h"
 #include "platform/root_folder.h"
@@ -158,12 +159,13 @@ int RunAnonymiseCommand(const AnonymiseCommand& given) {
     const auto requestFile = given.requestFile ? std::optional(ReadRequestFile(*given.requestFile)) : std::nullopt;
     const AnonymiseCommand command = WithRequest(given, requestFile);
     CheckReading(command);
+    CAwaitedWork work(false);
     CAnonymisedFolder folder(command.out, root);
     const AccountFiles files = WantedFiles(command, root);
     const SideFiles sides = ReadSideFiles(command, settings);
 
     CAnonymiseRun run(command, settings, folder);
-    const bool isWhole = run.CopyAll(files);
+    const bool isWhole = run.CopyAll(files, work);
     if (run.Statements() == 0) return Fail("no statement could be copied, and nothing was written");
     WriteSideFiles(sides, folder);
     if (requestFile) {

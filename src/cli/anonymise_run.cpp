@@ -1,6 +1,7 @@
 #include "cli/anonymise_run.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 #include <optional>
 #include <set>
@@ -13,7 +14,8 @@
 #include "base/text.h"
 #include "cli/anonymised_folder.h"
 #include "cli/anonymised_settings.h"
-#include "cli/watched_run.h"
+#include "cli/awaited_work.h"
+#include "cli/voice.h"
 #include "driver/report_request.h"
 #include "platform/file.h"
 #include "readers/statement_limit.h"
@@ -33,17 +35,20 @@ CAnonymiseRun::CAnonymiseRun(const AnonymiseCommand& command, const CopySettings
       folder_(folder),
       accounts_(CDice(settings.anonymise.seed, "accounts").Next()) {}
 
-bool CAnonymiseRun::CopyAll(const AccountFiles& files) {
+bool CAnonymiseRun::CopyAll(const AccountFiles& files, CAwaitedWork& work) {
     std::set<std::string> users;
     for (const auto& [account, places] : files) {
         accounts_.Know(account.account);
         users.insert(account.user);
     }
+    std::size_t begun = 0;
     for (const auto& [account, places] : files) {
+        work.BeginStep("accounts", ++begun, files.size());
         const auto user = std::distance(users.begin(), users.find(account.user)) + 1;
         const AccountKey copy{"user" + std::to_string(user), accounts_.Of(account.account), account.isForeign};
         CopyAccount(account, copy, places);
     }
+    work.Rest();
     return isWhole_;
 }
 

@@ -17,14 +17,16 @@
 
 namespace tradebill {
 
+class CAwaitedWork;
+
 class CAnonymiseRun {
 public:
     /// REQUIRES: all of them outlive this.
     CAnonymiseRun(const AnonymiseCommand& command, const CopySettings& settings, CAnonymisedFolder& folder);
 
     /// Copies all statements of `files`. Tells those that are left out, and returns whether there is none. Throws
-    /// std::runtime_error if a copy can't be written.
-    [[nodiscard]] bool CopyAll(const AccountFiles& files);
+    /// std::runtime_error if a copy can't be written, and CStoppedWork between two accounts.
+    [[nodiscard]] bool CopyAll(const AccountFiles& files, CAwaitedWork& work);
 
     [[nodiscard]] std::size_t Statements() const { return statements_; }
     [[nodiscard]] std::size_t Accounts() const { return copied_; }

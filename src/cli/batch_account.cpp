@@ -26,6 +26,7 @@
 #include "cli/findings_text.h"
 #include "cli/shown_text.h"
 #include "cli/told_lines.h"
+#include "cli/voice.h"
 #include "cli/watched_run.h"
 #include "driver/report_counts.h"
 #include "driver/report_run.h"
@@ -250,7 +251,7 @@ void CBatchAccounts::Make(const AccountQuestion& question, AccountResult& result
     faults.ReadSideRows();
     CStatementLog log(*faults.Listener());
     const RunOptions run{.listener = &log, .outFolder = folder.Path(), .needsStatement = true};
-    const auto ran = RunWatched(report, prepared, true, parts_.page ? RunReport : ReadStatements, run);
+    const auto ran = RunWatched(report, prepared, nullptr, parts_.page ? RunReport : ReadStatements, run);
     if (!ran) throw CNotMade("");
     if (!parts_.page) {
         for (const UnreadStatement& statement : ran->problems.statements) Fail(UnreadStatementText(statement));

@@ -31,7 +31,7 @@
 #include "cli/command_table.h"
 #include "cli/explore_command.h"
 #include "cli/export_places.h"
-#include "cli/watched_run.h"
+#include "cli/voice.h"
 #include "driver/run_problems.h"
 #include "explore/viewer_template.h"
 #include "platform/local_time.h"
@@ -39,6 +39,7 @@
 #include "platform/stop_signal.h"
 #include "platform/system_error.h"
 #include "platform/worker_process.h"
+#include "requests/day_option.h"
 #include "requests/out_folder.h"
 #include "requests/report_options.h"
 #include "requests/statement_size.h"
@@ -97,7 +98,10 @@ std::string WhyBelowZero(const std::string& text) {
 
 /// The day that counts as today for all accounts: a batch that goes on has that of its beginning.
 std::string TodayOf(const BatchCommand& command, const CBatchPlaces& places) {
-    if (command.making.options.today) return *command.making.options.today;
+    if (const auto& given = command.making.options.today) {
+        const auto day = WrittenDay(*given);
+        return day ? DashedDayText(*day) : *given;  // which is refused later, by all that's known of it
+    }
     if (command.resumes) {
         const ReadState read = LoadBatchState(places.State());
         if (read.unread)

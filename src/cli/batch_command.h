@@ -11,9 +11,6 @@
 
 namespace tradebill {
 
-/// The batch was stopped, or couldn't go on, and is worth another try.
-inline constexpr int kExitTryAgain = 75;
-
 struct BatchCommand {
     AccountSource source;
     BatchMaking making;

@@ -11,7 +11,6 @@
 #include <vector>
 
 #include "base/day.h"
-#include "base/report_error.h"
 #include "batch/account_result.h"
 #include "batch/batch_places.h"
 #include "batch/batch_run.h"
@@ -23,13 +22,13 @@
 #include "cli/batch_summary.h"
 #include "cli/command_table.h"
 #include "cli/export_places.h"
-#include "requests/out_folder.h"
-#include "cli/watched_run.h"
+#include "cli/voice.h"
 #include "driver/run_problems.h"
 #include "export/sqlite_export.h"
-#include "platform/local_time.h"
 #include "platform/paths.h"
 #include "platform/system_error.h"
+#include "requests/day_option.h"
+#include "requests/out_folder.h"
 #include "requests/usage_error.h"
 
 namespace tradebill {
@@ -60,11 +59,8 @@ std::vector<Shard> TasksIn(const std::string& out) {
 
 /// yyyy-mm-dd of a day that somebody wrote; the text itself, if it is none.
 std::string PlainDay(const std::string& text) {
-    try {
-        return DashedDayText(LocalDayOf(MidnightOf(ParseDashedDay(text))));
-    } catch (const CReportError&) {
-        return text;
-    }
+    const auto day = WrittenDay(text);
+    return day ? DashedDayText(*day) : text;
 }
 
 /// Gathers what the tasks have left.

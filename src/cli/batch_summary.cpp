@@ -16,7 +16,7 @@
 #include "cli/file_address.h"
 #include "cli/output_file.h"
 #include "cli/shown_text.h"
-#include "cli/watched_run.h"
+#include "cli/voice.h"
 #include "driver/run_problems.h"
 #include "explore/viewer_template.h"
 #include "platform/paths.h"

@@ -15,9 +15,11 @@
 #include <system_error>
 
 #include "base/ini_file.h"
+#include "cli/awaited_work.h"
 #include "cli/command_table.h"
 #include "cli/output_file.h"
 #include "cli/report_arguments.h"
+#include "cli/voice.h"
 #include "cli/watched_run.h"
 #include "driver/repaint.h"
 #include "driver/report_request.h"
@@ -168,13 +170,15 @@ int RunChartCommand(const ChartCommand& command) {
     const Encoder encode = EncoderFor(output, command.outputFile);
     const PreparedRequest prepared = PrepareRequest(command.options);
     RequireTemplate(prepared);
+    CAwaitedWork work(true);
     CReport report;
-    const auto result = RunWatched(report, prepared, true, ReadAccount, {.needsStatement = true});
+    const auto result = RunWatched(report, prepared, &work, ReadAccount, {.needsStatement = true});
     if (!result) return kExitFailed;
     if (result->end == RunEnd::NothingRead) return FailWithoutStatement(*result, "nothing is written");
     const ChartSizes& sizes = report.MoneyStore.ChartSizes;
     const PictureSize size = wanted.value_or(PictureSize{sizes[chart.ownSize], sizes[chart.ownSize + 1]});
     const ChartRect rect = part.value_or(ChartRect{0, 0, size.width, size.height});
+    work.BeginFile(output.Name());
     CPicture picture = WhitePicture(size);
     if (picture.Width() == 0) return Fail("the chart is too large for a picture: choose another --size");
     const std::int32_t status = PaintAsHost({picture.Row(0), picture.Width(), picture.Height()},

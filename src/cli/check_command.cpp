@@ -7,10 +7,12 @@
 #include <memory>
 #include <vector>
 
+#include "cli/awaited_work.h"
 #include "cli/command_table.h"
 #include "cli/findings_text.h"
 #include "cli/output_file.h"
 #include "cli/report_arguments.h"
+#include "cli/voice.h"
 #include "cli/watched_run.h"
 #include "driver/report_run.h"
 #include "export/findings_json.h"
@@ -51,10 +53,11 @@ int RunCheckCommand(const CheckCommand& command) {
     }
     const auto json = FindOutput("--json", command.jsonFile);
     const PreparedRequest prepared = PrepareRequest(command.options);
+    CAwaitedWork work(command.quiet);
     CReport report;
     CRunFindings faults(report, prepared);
     faults.ReadSideRows();
-    const auto result = RunWatched(report, prepared, command.quiet, ReadStatements, {.listener = faults.Listener()});
+    const auto result = RunWatched(report, prepared, &work, ReadStatements, {.listener = faults.Listener()});
     if (!result) return kExitFailed;
     const std::vector<Finding> findings = faults.Collect(*result);
     if (result->statementsRead == 0 && result->problems.statements.empty()) {
@@ -64,7 +67,9 @@ int RunCheckCommand(const CheckCommand& command) {
         WriteFindingsJson(findings, out);
         return true;
     };
+    if (json) work.BeginFile(json->Name());
     if (json && !json->Save(writeJson)) return Fail("can't write " + json->Name());
+    work.Rest();
     if (!command.quiet || HasWarnings(findings)) PrintFindings(findings, kMostPerCode, SummaryStream({json}));
     if (!result->problems.inputs.empty() || !faults.IsComplete()) return kExitFailed;
     return HasWarnings(findings) ? kExitFindings : kExitDone;

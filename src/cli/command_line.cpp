@@ -20,6 +20,7 @@ namespace {
 
 constexpr std::string_view kHelp = "help";
 constexpr std::string_view kVersion = "version";
+constexpr const char* kNoColours = "--no-color";
 
 using Words = std::vector<std::string>;
 
@@ -46,22 +47,30 @@ void AddGuide(const Command& command, CLI::App& app) {
     if (!command.example.empty()) {
         app.description(std::string(command.help) + "\n\n  tradebill " + std::string(command.example) + "\n");
     }
-    std::string footer;
+    std::string footer = app.get_footer();
+    if (!footer.empty()) footer = "\n" + footer + "\n";
     if (!command.exits.empty()) footer += "\nExit codes: " + std::string(command.exits) + "\n";
     if (!command.guide.empty()) footer += "Read on: " + std::string(command.guide) + "\n";
     app.footer(footer);
+}
+
+/// It is heeded before anything is parsed: here for the parser and the help.
+void AddColours(CLI::App& app) {
+    app.add_flag(kNoColours)->description("Use no colours on a terminal, as with NO_COLOR set in the environment");
 }
 
 std::vector<DeclaredCommand> DeclareAll(CLI::App& app) {
     app.set_version_flag("--version", "tradebill " TRADEBILL_VERSION " (source " + std::string(kSourceId) + ")");
     app.allow_windows_style_options(false);  // "/folder" is a path on both systems
     app.require_subcommand(1);
+    AddColours(app);
     app.footer("\ntradebill help COMMAND tells more of a command.\n");
     std::vector<DeclaredCommand> declared;
     for (const Command& command : Commands()) {
         CLI::App* const own =
             GroupIn(app, command.group).add_subcommand(std::string(command.name), std::string(command.help));
         declared.push_back({own, command.declare(*own)});
+        AddColours(*own);
         AddGuide(command, *own);
     }
     // For the list alone: they are options by the time that anything is parsed.
@@ -146,6 +155,11 @@ const CLI::App& CommandAtHand(const CLI::App& app) {
 }
 
 }  // namespace
+
+bool DeclinesColours(int argc, const char* const* argv) {
+    const std::span words(argv, static_cast<std::size_t>(argc));
+    return std::ranges::any_of(words, [](const char* word) { return std::string_view(word) == kNoColours; });
+}
 
 int RunCommandLine(int argc, const char* const* argv) {
     CLI::App app(

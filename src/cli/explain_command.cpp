@@ -117,7 +117,7 @@ CommandRun DeclareExplain(CLI::App& app) {
         ->type_name("N");
     app.add_option("--kind", explain->kind, "Statement family: domestic (default) or foreign")->type_name("KIND");
     app.add_option("--template", explain->templateFile, "Statement template")->type_name("FILE.ini");
-    app.add_option("--day", explain->day, "The statement's day, yyyymmdd (default: from the file's name, or today)")
+    app.add_option("--day", explain->day, "The statement's day (default: from the file's name, or today)")
         ->type_name("DAY");
     DeclareStatementLimit(app, explain->maxStatement);
     app.add_flag("--json", explain->asJson, "Print as JSON");

@@ -13,6 +13,7 @@
 
 #include "analysis/account_sum.h"
 #include "analysis/analysis.h"
+#include "cli/awaited_work.h"
 #include "cli/command_table.h"
 #include "cli/file_address.h"
 #include "cli/imported_report.h"
@@ -22,6 +23,7 @@
 #include "cli/shown_findings.h"
 #include "cli/shown_text.h"
 #include "cli/trading_days.h"
+#include "cli/voice.h"
 #include "cli/wait_option.h"
 #include "cli/watched_run.h"
 #include "driver/report_run.h"
@@ -50,13 +52,14 @@ struct ChosenAccounts {
     bool isWhole = true;                    ///< no file was refused
 };
 
-ChosenAccounts ChooseImported(const ExploreCommand& command) {
+ChosenAccounts ChooseImported(const ExploreCommand& command, CAwaitedWork& work) {
     ImportedReport imported = ImportForReport({.files = command.files,
                                                .options = command.options,
                                                .outFolder = command.outFolder,
                                                .accounts = command.accounts,
                                                .takesSeveral = command.takesAll || command.accounts.size() > 1,
-                                               .wait = command.wait});
+                                               .wait = command.wait},
+                                              work);
     return {.accounts = std::move(imported.accounts), .isWhole = imported.isWhole};
 }
 
@@ -75,18 +78,19 @@ ChosenAccounts ChooseBelowRoot(const ExploreCommand& command) {
     return chosen;
 }
 
-ChosenAccounts ChooseAccounts(const ExploreCommand& command) {
+ChosenAccounts ChooseAccounts(const ExploreCommand& command, CAwaitedWork& work) {
     if (command.takesAll && !command.accounts.empty()) {
         throw CUsageError("--all-accounts: expected no --account beside it");
     }
-    return command.files.empty() ? ChooseBelowRoot(command) : ChooseImported(command);
+    return command.files.empty() ? ChooseBelowRoot(command) : ChooseImported(command, work);
 }
 
 /// Reads accounts one after the other and puts each on the page; none is in memory with another.
 class CExploration {
 public:
-    CExploration(const ExploreCommand& command, const std::vector<ImportedAccount>& accounts)
-        : command_(command), accounts_(accounts) {
+    /// REQUIRES: all of them outlive this.
+    CExploration(const ExploreCommand& command, const std::vector<ImportedAccount>& accounts, CAwaitedWork& work)
+        : command_(command), accounts_(accounts), work_(work) {
         for (const ImportedAccount& account : accounts) prepared_.push_back(Prepare(account.options));
     }
 
@@ -137,8 +141,9 @@ private:
         faults.ReadSideRows();
         CStatementLog log(*faults.Listener());
         const RunOptions options{.listener = &log, .needsStatement = !command_.force};
-        const auto result = RunWatched(report, prepared, command_.quiet, ReadStatements, options);
+        const auto result = RunWatched(report, prepared, &work_, ReadStatements, options);
         if (!result) return Fails(kExitFailed);
+        work_.BeginFile(command_.outputFile.value_or(""));
         for (const UnreadStatement& statement : result->problems.statements) Fail(UnreadStatementText(statement));
         if (result->end == RunEnd::NothingRead) {
             return Fails(FailWithoutStatement(*result, "nothing is written (--force writes a page all the same)"));
@@ -168,6 +173,7 @@ private:
 
     const ExploreCommand& command_;
     const std::vector<ImportedAccount>& accounts_;
+    CAwaitedWork& work_;
     std::vector<PreparedRequest> prepared_;
     std::vector<std::vector<Finding>> findings_;  // account by account
     std::optional<int> failure_;
@@ -217,9 +223,11 @@ int RunExploreCommand(const ExploreCommand& command) {
     RequireViewer(ViewerTemplate(), "explore");
     const std::optional<COutputFile> output = FindOutput("--output", command.outputFile);
     if (!output) throw CUsageError("--output is missing: expected a file");
-    const ChosenAccounts chosen = ChooseAccounts(command);
-    CExploration exploration(command, chosen.accounts);
+    CAwaitedWork work(command.quiet);
+    const ChosenAccounts chosen = ChooseAccounts(command, work);
+    CExploration exploration(command, chosen.accounts, work);
     const bool isSaved = output->Save([&](std::ostream& out) { return exploration.Write(out); });
+    work.Rest();
     if (!isSaved && !exploration.Failure()) Fail("can't write " + output->Name());
     if (isSaved && !command.quiet) ShowSummary(*output, exploration);
     exploration.ShowAllFindings();

@@ -10,12 +10,14 @@
 #include <vector>
 
 #include "analysis/analysis.h"
+#include "cli/awaited_work.h"
 #include "cli/command_table.h"
 #include "cli/export_places.h"
 #include "cli/report_arguments.h"
 #include "cli/shown_findings.h"
 #include "cli/shown_text.h"
 #include "cli/trading_days.h"
+#include "cli/voice.h"
 #include "cli/wait_option.h"
 #include "cli/watched_run.h"
 #include "driver/place_guard.h"
@@ -120,11 +122,12 @@ int RunExportCommand(const ExportCommand& command) {
     const ExportPlaces places = FindExportPlaces(command.csvFolder, command.sqliteFile);
     const PreparedRequest prepared = PrepareRequest(command.options);
     RequireTemplate(prepared);
+    CAwaitedWork work(command.quiet);
     CReport report;
     CRunFindings faults(report, prepared);
     faults.ReadSideRows();
     const RunOptions options{.listener = faults.Listener(), .needsStatement = !command.force};
-    const auto result = RunWatched(report, prepared, command.quiet, ReadStatements, options);
+    const auto result = RunWatched(report, prepared, &work, ReadStatements, options);
     if (!result) return kExitFailed;
     for (const UnreadStatement& statement : result->problems.statements) Fail(UnreadStatementText(statement));
     if (result->end == RunEnd::NothingRead) {
@@ -133,7 +136,9 @@ int RunExportCommand(const ExportCommand& command) {
     const std::vector<Finding> findings = faults.Collect(*result);
     const Analysis analysis = Analyse(report, {.tradingDays = command.tradingDays});
     const ExportSource source{.report = report, .analysis = analysis, .findings = findings};
+    work.BeginFile("tables");
     const bool isDone = SaveTables(places, AccountOf(prepared.request), source, command.wait);
+    work.Rest();
     if (isDone && !command.quiet) ShowSummary(places, source);
     ShowFindings(findings, command.options);
     const bool isWhole = result->problems.IsEmpty() && faults.IsComplete();

@@ -3,12 +3,12 @@
 #include <optional>
 #include <string>
 
-#include "requests/out_folder.h"
 #include "cli/output_file.h"
 #include "export/csv_set.h"
 #include "export/sqlite_export.h"
 #include "platform/output_target.h"
 #include "platform/paths.h"
+#include "requests/out_folder.h"
 #include "requests/standard_input.h"
 #include "requests/usage_error.h"
 

@@ -38,6 +38,11 @@ std::span<const Finding> GroupOf(std::span<const Finding> rest) {
 
 }  // namespace
 
+Colour ColourOf(Severity severity) {
+    constexpr Colour kColours[] = {Colour::Red, Colour::Yellow, Colour::Cyan};
+    return kColours[static_cast<std::size_t>(severity)];
+}
+
 std::string FindingLine(const Finding& finding) {
     std::string line = PlaceOf(finding);
     Append(line, ": ", finding.text);
@@ -49,12 +54,14 @@ void PrintFindings(std::span<const Finding> findings, std::size_t mostPerCode, s
     for (std::span<const Finding> rest = findings; !rest.empty();) {
         const std::span<const Finding> group = GroupOf(rest);
         const FindingKind& kind = KindOf(group.front().code);
-        out << SeverityName(group.front().severity) << " " << kind.name << ": " << kind.when << "\n";
+        const Severity severity = group.front().severity;
+        SendColoured(out, ColourOf(severity), SeverityName(severity));
+        out << " " << kind.name << ": " << kind.when << "\n";
         for (const Finding& finding : group.first(std::min(group.size(), mostPerCode))) {
             out << "  " << ShownText(FindingLine(finding)) << "\n";
         }
         if (group.size() > mostPerCode) out << "  ... and " << group.size() - mostPerCode << " more\n";
-        if (group.front().severity != Severity::Note) out << "  -> " << kind.advice << "\n";
+        if (severity != Severity::Note) out << "  -> " << kind.advice << "\n";
         out << "\n";
         rest = rest.subspan(group.size());
     }

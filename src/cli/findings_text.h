@@ -6,9 +6,13 @@
 #include <span>
 #include <string>
 
+#include "cli/shown_text.h"
 #include "findings/finding.h"
 
 namespace tradebill {
+
+/// Of the word for how grave a finding is.
+[[nodiscard]] Colour ColourOf(Severity severity);
 
 /// "20240111 D1.20240111o.txt, line 7, trades: ... expected ..., found ...", without code and advice.
 [[nodiscard]] std::string FindingLine(const Finding& finding);

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "cli/awaited_work.h"
 #include "cli/command_table.h"
 #include "cli/gallery_charts.h"
 #include "cli/output_file.h"
@@ -79,7 +80,12 @@ int RunGalleryCommand(const std::string& folder) {
     const std::string pagePath = folder + "/index.html";
     const COutputFile page("DIR", pagePath);
     const std::vector<GalleryChart> charts = GalleryCharts();
-    for (const GalleryChart& chart : charts) Paint(chart, folder + "/" + chart.fileName);
+    CAwaitedWork work(false);
+    for (std::size_t i = 0; i < charts.size(); ++i) {
+        work.BeginStep("charts", i + 1, charts.size());
+        Paint(charts[i], folder + "/" + charts[i].fileName);
+    }
+    work.Rest();
     const auto writePage = [&charts](std::ostream& out) {
         out << PageOf(charts);
         return true;

@@ -12,14 +12,16 @@
 #include <utility>
 #include <vector>
 
+#include "cli/awaited_work.h"
 #include "cli/command_table.h"
 #include "cli/findings_text.h"
 #include "cli/import_files.h"
 #include "cli/import_findings.h"
 #include "cli/import_summary.h"
 #include "cli/output_file.h"
+#include "cli/report_arguments.h"
+#include "cli/voice.h"
 #include "cli/wait_option.h"
-#include "cli/watched_run.h"
 #include "driver/place_guard.h"
 #include "driver/report_request.h"
 #include "driver/request_names.h"
@@ -32,6 +34,7 @@
 #include "platform/paths.h"
 #include "platform/root_folder.h"
 #include "requests/layout_readings.h"
+#include "requests/report_options.h"
 #include "requests/unit_table.h"
 #include "requests/usage_error.h"
 
@@ -53,6 +56,11 @@ std::string UserOf(const std::string& user) {
     return user;
 }
 
+const std::string& Required(const std::optional<std::string>& value, const char* option, const char* expected) {
+    if (value) return *value;
+    throw CUsageError(std::string(option) + " is missing: expected " + expected);
+}
+
 /// The root, which needn't be there yet.
 std::string RootOf(const std::string& given, const std::string& user) {
     constexpr std::string_view kLongestName = "/Data/Bill/DWP0123456789012345.20240102o.txt.part";
@@ -70,8 +78,12 @@ std::string RootOf(const std::string& given, const std::string& user) {
 
 ImportSettings SettingsOf(const ImportCommand& command, CImportGuard& guard) {
     ImportSettings settings;
-    settings.user = UserOf(command.user);
-    settings.root = RootOf(command.root, settings.user);
+    const ReportOptions* const configured = command.configured.get();
+    const bool isConfiguredRoot = !command.root && configured != nullptr;
+    const std::string root = Required(isConfiguredRoot ? configured->root : command.root, "--root", "a folder");
+    const bool isConfiguredUser = !command.user && isConfiguredRoot;  // a user belongs to a root
+    settings.user = UserOf(Required(isConfiguredUser ? configured->user : command.user, "--user", "a name"));
+    settings.root = RootOf(root, settings.user);
     settings.account = ImportAccountOf(command.account);
     settings.isDryRun = command.isDryRun;
     settings.replaces = command.force;
@@ -134,9 +146,11 @@ LayoutFinder LayoutsByTemplate(const std::string& root) {
     };
 }
 
-std::vector<ImportedFile> ImportAll(const FoundFiles& found, CBillImport& import) {
+std::vector<ImportedFile> ImportAll(const FoundFiles& found, CBillImport& import, CAwaitedWork& work) {
     std::vector<ImportedFile> files(found.files.size());
+    std::size_t begun = 0;
     for (const ImportStep& step : ImportOrder(found.files, import.Account())) {
+        work.BeginStep("files", ++begun, files.size());
         const std::string& path = found.files[step.file];
         files[step.file] =
             step.refusal.empty()
@@ -148,6 +162,7 @@ std::vector<ImportedFile> ImportAll(const FoundFiles& found, CBillImport& import
         files.push_back({.file = folder.path,
                          .text = "it can't be looked into" + (folder.reason.empty() ? "" : ": " + folder.reason)});
     }
+    work.Rest();
     return files;
 }
 
@@ -160,31 +175,32 @@ CommandRun DeclareImport(CLI::App& app) {
         ->required()
         ->type_name("");
     app.add_option("--root", command->root, "Root folder, which is made if it is missing: gets Users/NAME/Data/Bill")
-        ->required()
         ->type_name("DIR");
-    app.add_option("--user", command->user, "Folder of the user below Users")->required()->type_name("NAME");
+    app.add_option("--user", command->user, "Folder of the user below Users")->type_name("NAME");
     app.add_option("--account", command->account, "Account number of texts that state none")->type_name("NO");
     app.add_flag("--dry-run", command->isDryRun, "Tell what would become of each file, and write nothing");
     app.add_flag("--force", command->force, "Replace days that are there already with other content");
     app.add_option("--json", command->jsonFile, "Write files and findings as JSON; - for standard output")
         ->type_name("FILE");
     AddWaitOption(app, command->wait);
+    DeclareConfiguration(app, command->configured);
     app.add_flag("--quiet", command->quiet, "No progress line, and no word if nothing is wrong");
     return [command] { return RunImportCommand(*command); };
 }
 
 int RunImportCommand(const ImportCommand& command) {
     const auto json = FindOutput("--json", command.jsonFile);
+    CAwaitedWork work(command.quiet);
     CImportGuard guard(command.wait);
     const ImportSettings settings = SettingsOf(command, guard);
     const FoundFiles found = FindFiles(command.paths);
     if (found.files.empty() && found.unread.empty()) return Fail("there is no file to import");
     CBillImport import(settings);
-    const std::vector<ImportedFile> files = ImportAll(found, import);
+    const std::vector<ImportedFile> files = ImportAll(found, import, work);
     const std::string leftover = command.isDryRun ? std::string() : guard.Release(import.Folder());
     if (!leftover.empty()) Fail(leftover);
     const ImportFindings result =
-        command.isDryRun ? ImportFindings() : FindingsOfImport(files, settings.root, settings.user, command.quiet);
+        command.isDryRun ? ImportFindings() : FindingsOfImport(files, settings.root, settings.user, work);
     const auto writeJson = [&](std::ostream& out) {
         WriteImportJson(files, result.findings, out);
         return true;

@@ -1,6 +1,7 @@
 // The command `import`: brings statements as users have them to where the module looks for them.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,13 +12,17 @@
 #include "driver/place_guard.h"
 #include "intake/bill_import.h"
 #include "intake/file_plan.h"
+#include "requests/report_options.h"
 
 namespace tradebill {
 
+class CAwaitedWork;
+
 struct ImportCommand {
     std::vector<std::string> paths;  ///< files, and folders whose files are tried
-    std::string root;
-    std::string user;
+    std::optional<std::string> root;
+    std::optional<std::string> user;
+    std::shared_ptr<const ReportOptions> configured;  ///< may be null; root and user of it count where there are none
     std::optional<std::string> account;
     std::optional<std::string> jsonFile;
     int wait = kUsualWait;
@@ -49,8 +54,9 @@ private:
 /// What reads texts by the program's templates, and those of the root with their names.
 [[nodiscard]] LayoutFinder LayoutsByTemplate(const std::string& root);
 
-/// What became of each file; a folder that can't be looked into counts as a file that was refused.
-[[nodiscard]] std::vector<ImportedFile> ImportAll(const FoundFiles& found, CBillImport& import);
+/// What became of each file; a folder that can't be looked into counts as a file that was refused. Throws CStoppedWork
+/// between two files.
+[[nodiscard]] std::vector<ImportedFile> ImportAll(const FoundFiles& found, CBillImport& import, CAwaitedWork& work);
 
 [[nodiscard]] CommandRun DeclareImport(CLI::App& app);
 

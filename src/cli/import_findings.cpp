@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/day.h"
+#include "cli/awaited_work.h"
 #include "cli/watched_run.h"
 #include "driver/report_run.h"
 #include "driver/run_problems.h"
@@ -87,14 +88,14 @@ bool IsAllRead(const RunProblems& problems) {
 }  // namespace
 
 ImportFindings FindingsOfImport(std::span<const ImportedFile> files, const std::string& root, const std::string& user,
-                                bool quiet) {
+                                CAwaitedWork& work) {
     ImportFindings result;
     for (const auto& [account, days] : DaysByAccount(files, user)) {
         const PreparedRequest prepared = PreparedFor(account, days, root);
         CReport report;
         CRunFindings faults(report, prepared);
         faults.ReadSideRows();
-        const auto run = RunWatched(report, prepared, quiet, ReadStatements, {.listener = faults.Listener()});
+        const auto run = RunWatched(report, prepared, &work, ReadStatements, {.listener = faults.Listener()});
         if (!run) {
             result.isComplete = false;
             continue;

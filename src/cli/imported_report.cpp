@@ -12,10 +12,10 @@
 #include <vector>
 
 #include "base/day.h"
+#include "cli/awaited_work.h"
 #include "cli/import_command.h"
 #include "cli/import_files.h"
 #include "cli/import_summary.h"
-#include "requests/out_folder.h"
 #include "cli/several_accounts.h"
 #include "intake/bill_import.h"
 #include "platform/paths.h"
@@ -25,6 +25,7 @@
 #include "report/statement_name.h"
 #include "requests/format_choice.h"
 #include "requests/input_file.h"
+#include "requests/out_folder.h"
 #include "requests/report_options.h"
 #include "requests/unit_table.h"
 #include "requests/usage_error.h"
@@ -144,7 +145,7 @@ ImportedAccount ImportedAccountOf(const AccountKey& account, const std::vector<I
 
 }  // namespace
 
-ImportedReport ImportForReport(const ImportOrder& order) {
+ImportedReport ImportForReport(const ImportOrder& order, CAwaitedWork& work) {
     const FoundFiles found = FindFiles(order.files);
     CheckOrder(order);
     const std::string root = FolderToWrite("--out", *order.outFolder, kLongestName) + "/root";
@@ -157,7 +158,7 @@ ImportedReport ImportForReport(const ImportOrder& order) {
                         .units = UnitTableText(),
                         .otherLayouts = LayoutsByTemplate(root),
                         .holdFolder = [&guard](const std::string& folder) { return guard.Hold(folder); }});
-    const std::vector<ImportedFile> files = ImportAll(found, import);
+    const std::vector<ImportedFile> files = ImportAll(found, import, work);
     if (std::ranges::any_of(files, IsRefused)) PrintImported(files, ShownFiles::Refused, false, std::cerr);
     if (std::ranges::any_of(files, &ImportedFile::isUnwritten)) throw CNothingReadable("not all could be imported");
     ImportedReport report{.accounts = {}, .isWhole = std::ranges::none_of(files, IsRefused)};

@@ -10,6 +10,8 @@
 
 namespace tradebill {
 
+class CAwaitedWork;
+
 /// What is imported, and for what.
 struct ImportOrder {
     std::vector<std::string> files;          ///< and folders of them
@@ -34,7 +36,7 @@ struct ImportedReport {
 /// Imports the files into the folder "root" below --out. Statements of the accounts that an earlier report left there
 /// and these files don't bring are removed, so that the report is of these files alone. Throws CUsageError if the order
 /// says too little or too much, or the files are of more accounts than it takes, which it lists; and CNothingReadable
-/// if no file could be imported, or the folder can't be written to.
-[[nodiscard]] ImportedReport ImportForReport(const ImportOrder& order);
+/// if no file could be imported, or the folder can't be written to, and CStoppedWork between two files.
+[[nodiscard]] ImportedReport ImportForReport(const ImportOrder& order, CAwaitedWork& work);
 
 }  // namespace tradebill

@@ -6,10 +6,13 @@
 #include <exception>
 #include <iostream>
 #include <new>
+#include <string>
 
 #include "base/shortage.h"
+#include "cli/awaited_work.h"
 #include "cli/command_line.h"
 #include "cli/shown_text.h"
+#include "cli/voice.h"
 #include "platform/last_words.h"
 #include "platform/local_time.h"
 #include "platform/standard_streams.h"
@@ -52,14 +55,15 @@ int RunAndTell(int argc, char** argv) {
     try {
         return RunCommandLine(argc, argv);
     } catch (const CUsageError& error) {
-        std::cerr << "tradebill: " << ShownText(error.what()) << "\n";
+        Fail(error.what());
         return kExitUsage;
+    } catch (const CStoppedWork& stopped) {
+        Fail(std::string("stopped: ") + stopped.what());
+        return kExitTryAgain;
     } catch (const std::bad_alloc& shortage) {
-        std::cerr << "tradebill: " << ShortageText(shortage) << "\n";
-        return kExitFailed;
+        return Fail(ShortageText(shortage));
     } catch (const std::exception& error) {
-        std::cerr << "tradebill: " << ShownText(error.what()) << "\n";
-        return kExitFailed;
+        return Fail(error.what());
     }
 }
 
@@ -70,15 +74,14 @@ bool IsAllPrinted() {
     const bool isFlushed = std::cout.good() && std::ferror(stdout) == 0;
     const bool mayComplain = isFlushed || !HasReaderLeft();
     if (isFlushed && CloseStandardOutput()) return true;
-    if (mayComplain) std::cerr << "tradebill: can't write to standard output\n";
+    if (mayComplain) Fail("can't write to standard output");
     return false;
 }
 
 /// Nothing that was done while memory was short is told to be whole.
 int WithShortage(int exit) {
     if (exit != kExitDone || !RanShort.load()) return exit;
-    std::cerr << "tradebill: out of memory: something may be missing\n";
-    return kExitFailed;
+    return Fail("out of memory: something may be missing");
 }
 
 }  // namespace
@@ -87,7 +90,8 @@ int WithShortage(int exit) {
 int main(int argc, char** argv) {
     tradebill::HoldStandardStreams();
     const tradebill::CUtf8Terminal terminal;
-    const tradebill::CShownStreams streams;
+    tradebill::CShownStreams streams;
+    streams.UseColours(tradebill::WantsColours() && !tradebill::DeclinesColours(argc, argv));
     tradebill::KeepTimeZone();
     const int exit = tradebill::RunAndTell(argc, argv);
     return tradebill::IsAllPrinted() ? tradebill::WithShortage(exit) : tradebill::kExitFailed;

@@ -2,11 +2,13 @@
 
 #include <CLI/CLI.hpp>
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "report/statement_format.h"
+#include "requests/configuration.h"
 #include "requests/report_options.h"
 
 namespace tradebill {
@@ -31,7 +33,9 @@ void DeclareReportOptions(CLI::App& command, ReportOptions& options, std::vector
     command.add_option("--user", options.user, "Folder of the user below Users (default: the only one)")
         ->type_name("NAME");
     DeclareAccount(command, options, accounts);
-    command.add_option("--from", options.from, "First day, year-month-day or today (default: of the first statement)")
+    command
+        .add_option("--from", options.from,
+                    "First day, as 2024-01-31 or 20240131, or today (default: of the first statement)")
         ->type_name("DATE");
     command.add_option("--to", options.to, "Last day (default: of the last statement)")->type_name("DATE");
     command.add_option("--today", options.today, "The day that counts as today (default: by the clock)")
@@ -62,6 +66,19 @@ void DeclareReportOptions(CLI::App& command, ReportOptions& options, std::vector
     command.add_option("--live", options.liveFile, "INI file of today's live figures: [BASE], [CURRENCY1] ...")
         ->type_name("FILE");
     DeclareStatementLimit(command, options.maxStatement);
+    DeclareConfiguration(command, options.configured);
+}
+
+void DeclareConfiguration(CLI::App& command, std::shared_ptr<const ReportOptions>& configured) {
+    const auto file = std::make_shared<std::optional<std::string>>();
+    command
+        .add_option(
+            "--config", *file,
+            "INI file of what is typed every day: [OPTIONS] root, user, units, products, max_statement; none: no "
+            "such file (default: tradebill/config.ini in ~/.config, or in %APPDATA%). The command line wins over "
+            "--request, that over this, and this over what is found")
+        ->type_name("FILE");
+    command.final_callback([file, &configured] { configured = LoadConfiguration(*file); });
 }
 
 void DeclareStatementLimit(CLI::App& command, std::optional<std::string>& given) {

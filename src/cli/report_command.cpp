@@ -14,17 +14,18 @@
 
 #include "analysis/analysis.h"
 #include "base/number.h"
+#include "cli/awaited_work.h"
 #include "cli/command_table.h"
 #include "cli/explore_command.h"
 #include "cli/file_address.h"
 #include "cli/imported_report.h"
-#include "requests/out_folder.h"
 #include "cli/output_file.h"
 #include "cli/page_relay.h"
 #include "cli/report_arguments.h"
 #include "cli/shown_findings.h"
 #include "cli/shown_text.h"
 #include "cli/trading_days.h"
+#include "cli/voice.h"
 #include "cli/wait_option.h"
 #include "cli/watched_run.h"
 #include "driver/bill_folders.h"
@@ -45,6 +46,7 @@
 #include "platform/paths.h"
 #include "report/money_store.h"
 #include "report/report.h"
+#include "requests/out_folder.h"
 #include "requests/report_options.h"
 #include "requests/run_facts.h"
 #include "requests/run_findings.h"
@@ -85,7 +87,9 @@ void ShowSummary(const CReport& report, const RunResult& result, const ReportOut
         << CountClosedRows(report) << " closed, " << report.OpiDetailStore.Count() << " positions, "
         << report.OpiSumStore.Count() << " position sums" << CurrencyText(report) << "\n"
         << "  closing equity    " << CNumberText(money.ClosingEquity).View() << "\n"
-        << "  page              " << FileAddressOf(result.pagePath) << "\n";
+        << "  page              " << FileAddressOf(result.pagePath) << "\n"
+        << "  its pictures      " << result.picturesSaved << " in "
+        << ShownText(NativePath(FolderOf(result.pagePath) + "/" + report.ReportDocument.ImageFolderName)) << "\n";
     if (outputs.standalone) out << "  standalone        " << PageOutputText(*outputs.standalone) << "\n";
     if (outputs.explore) out << "  explore           " << PageOutputText(*outputs.explore) << "\n";
     if (outputs.json) out << "  JSON              " << ShownText(NativePath(outputs.json->Name())) << "\n";
@@ -108,7 +112,7 @@ struct MadeReport {
     std::string whyNotSaved = {};  ///< in words; empty if nobody knows
 };
 
-MadeReport MakeReportAndFile(CReport& report, const PreparedRequest& prepared, bool quiet, RunOptions options,
+MadeReport MakeReportAndFile(CReport& report, const PreparedRequest& prepared, CAwaitedWork& work, RunOptions options,
                              const ReportOutputs& outputs) {
     MadeReport made;
     const COutputFile& output = *outputs.standalone;
@@ -116,7 +120,7 @@ MadeReport MakeReportAndFile(CReport& report, const PreparedRequest& prepared, b
         CStandalonePage page(file);
         CPageRelay relay(page);
         options.copy = &relay;
-        made.result = RunWatched(report, prepared, quiet, RunReport, options);
+        made.result = RunWatched(report, prepared, &work, RunReport, options);
         relay.Finish();
         page.Finish();
         if (const auto& lost = page.LostPicture()) made.whyNotSaved = UnreadFileText(*lost);
@@ -134,11 +138,13 @@ struct FinishedRun {
     const CStatementLog& log;
     std::span<const Finding> findings;
     std::int64_t tradingDays;
+    CAwaitedWork& work;
 };
 
 /// Whether it is there; if it isn't, that is told.
 bool SaveData(const COutputFile& output, const ReportOutputs& outputs, const FinishedRun& run,
               const std::function<bool(std::ostream&)>& write) {
+    run.work.BeginFile(output.Name());
     if (!IsOnPage(output, outputs, run.made.result->pagePath) && output.Save(write)) return true;
     Fail("can't write " + output.Name());
     return false;
@@ -223,7 +229,7 @@ CommandRun DeclareReport(CLI::App& app) {
 namespace {
 
 /// A report of what is below the root already. `imported`: what was found as it came there.
-int RunReportOfRoot(const ReportCommand& command, std::span<const Finding> imported) {
+int RunReportOfRoot(const ReportCommand& command, std::span<const Finding> imported, CAwaitedWork& work) {
     if (command.exploreFile) RequireViewer(ViewerTemplate(), "--explore");
     ReportOutputs outputs{.json = FindOutput("--json", command.jsonFile),
                           .standalone = FindOutput("--standalone", command.standaloneFile),
@@ -242,10 +248,10 @@ int RunReportOfRoot(const ReportCommand& command, std::span<const Finding> impor
     if (hasData || command.strict) faults.ReadSideRows();
     CStatementLog log(*faults.Listener());
     options.listener = hasData ? &log : faults.Listener();
-    const MadeReport made = outputs.standalone
-                                ? MakeReportAndFile(report, prepared, command.quiet, options, outputs)
-                                : MadeReport{.result = RunWatched(report, prepared, command.quiet, RunReport, options),
-                                             .isFileSaved = true};
+    const MadeReport made =
+        outputs.standalone
+            ? MakeReportAndFile(report, prepared, work, options, outputs)
+            : MadeReport{.result = RunWatched(report, prepared, &work, RunReport, options), .isFileSaved = true};
     if (!made.result) return kExitFailed;
     if (made.result->end == RunEnd::NothingRead) {
         return FailWithoutStatement(*made.result, "nothing is written (--force writes a page all the same)");
@@ -254,7 +260,8 @@ int RunReportOfRoot(const ReportCommand& command, std::span<const Finding> impor
     std::vector<Finding> findings = faults.Collect(*made.result);
     findings.insert(findings.end(), imported.begin(), imported.end());
     SortFindings(findings);
-    bool isDone = FinishOutputs(outputs, {report, prepared, made, log, findings, command.tradingDays});
+    bool isDone = FinishOutputs(outputs, {report, prepared, made, log, findings, command.tradingDays, work});
+    work.Rest();
     if (isDone && !command.quiet) ShowSummary(report, *made.result, outputs);
     ShowFindings(findings, command.options);
     if (isDone && command.opensPage) isDone = OpenPage(outputs, *made.result);
@@ -266,14 +273,15 @@ int RunReportOfRoot(const ReportCommand& command, std::span<const Finding> impor
 }  // namespace
 
 int RunReportCommand(const ReportCommand& command) {
-    if (command.files.empty()) return RunReportOfRoot(command, {});
+    CAwaitedWork work(command.quiet);
+    if (command.files.empty()) return RunReportOfRoot(command, {}, work);
     ImportOrder order{
         .files = command.files, .options = command.options, .outFolder = command.outFolder, .wait = command.wait};
     if (command.options.account) order.accounts = {*command.options.account};
-    const ImportedReport imported = ImportForReport(order);
+    const ImportedReport imported = ImportForReport(order, work);
     ReportCommand ofRoot = command;
     ofRoot.options = imported.accounts.front().options;
-    const int exit = RunReportOfRoot(ofRoot, imported.accounts.front().findings);
+    const int exit = RunReportOfRoot(ofRoot, imported.accounts.front().findings, work);
     return exit == kExitDone && !imported.isWhole ? kExitFindings : exit;
 }
 

@@ -7,8 +7,8 @@
 #include <string>
 
 #include "cli/command_table.h"
+#include "cli/voice.h"
 #include "cli/wait_option.h"
-#include "cli/watched_run.h"
 #include "driver/place_guard.h"
 #include "driver/reset_page.h"
 #include "platform/paths.h"

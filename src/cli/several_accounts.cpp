@@ -9,7 +9,7 @@
 
 #include "base/day.h"
 #include "cli/output_file.h"
-#include "cli/watched_run.h"
+#include "cli/voice.h"
 #include "report/account_key.h"
 #include "report/request_copy.h"
 #include "requests/format_choice.h"

@@ -5,6 +5,7 @@
 #include <functional>
 #include <iostream>
 #include <optional>
+#include <ostream>
 #include <span>
 #include <string>
 #include <string_view>
@@ -12,6 +13,7 @@
 
 #include "cli/findings_text.h"
 #include "cli/shown_text.h"
+#include "cli/voice.h"
 #include "findings/finding.h"
 #include "findings/finding_table.h"
 #include "requests/report_options.h"
@@ -60,8 +62,16 @@ bool IsNews(const Finding& finding) {
            finding.code != FindingCode::NotAFile;
 }
 
-std::string NameOf(const Finding& finding) {
-    return std::string(SeverityName(finding.severity)) + " " + std::string(KindOf(finding.code).name);
+/// "error unit", the first word in its colour.
+void SendName(const Finding& finding, std::ostream& out) {
+    SendColoured(out, ColourOf(finding.severity), SeverityName(finding.severity));
+    out << " " << KindOf(finding.code).name;
+}
+
+/// A finding that no file's name tells the account of.
+std::string WhoseText(const Finding& finding, const ReportOptions& options) {
+    const bool isUntold = finding.file.empty() && options.account;
+    return isUntold ? "account " + *options.account + ": " : std::string();
 }
 
 }  // namespace
@@ -82,10 +92,12 @@ void ShowFindings(std::span<const Finding> findings, const ReportOptions& option
     if (news.empty()) return;
     const std::size_t shown = std::min(news.size(), kMostShown);
     for (const Finding& finding : std::span(news).first(shown)) {
-        std::cerr << "tradebill: " << NameOf(finding) << ": " << ShownText(FindingLine(finding)) << "\n";
+        std::cerr << "tradebill: ";
+        SendName(finding, std::cerr);
+        std::cerr << ": " << ShownText(WhoseText(finding, options) + FindingLine(finding)) << "\n";
     }
     const std::string more = news.size() == shown ? "" : "and " + std::to_string(news.size() - shown) + " more; ";
-    std::cerr << "tradebill: " << more << "all of them, and what to do: " << CheckCommandLine(options) << "\n";
+    Say(more + "all of them, and what to do: " + CheckCommandLine(options));
 }
 
 }  // namespace tradebill

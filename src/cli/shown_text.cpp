@@ -150,6 +150,16 @@ void SendOrders(std::ostream& out, std::string_view orders) {
     }
 }
 
+void SendColoured(std::ostream& out, Colour colour, std::string_view text) {
+    constexpr std::string_view kOrders[] = {"\x1B[1;31m", "\x1B[1;33m", "\x1B[1;36m"};
+    constexpr std::string_view kPlainAgain = "\x1B[0m";
+    auto* const buffer = dynamic_cast<CShownBuffer*>(out.rdbuf());
+    const bool isColoured = buffer != nullptr && buffer->UsesColours();
+    if (isColoured) buffer->SendOrders(kOrders[static_cast<std::size_t>(colour)]);
+    out << text;
+    if (isColoured) buffer->SendOrders(kPlainAgain);
+}
+
 CShownStreams::CShownStreams()
     : output_(std::cout.rdbuf()), error_(std::cerr.rdbuf()), shownOutput_(*output_), shownError_(*error_) {
     std::cout.rdbuf(&shownOutput_);

@@ -26,6 +26,10 @@ public:
     /// What the program itself orders a terminal to do, as it is.
     void SendOrders(std::string_view orders);
 
+    /// Whether colours are ordered; they aren't unless somebody says so.
+    void UseColours(bool uses) { usesColours_ = uses; }
+    [[nodiscard]] bool UsesColours() const { return usesColours_; }
+
 protected:
     int_type overflow(int_type byte) override;
     std::streamsize xsputn(const char* bytes, std::streamsize size) override;
@@ -38,10 +42,17 @@ private:
 
     std::streambuf& inner_;
     std::string waiting_;  // the start of a character
+    bool usesColours_ = false;
 };
 
 /// What the program orders the terminal behind `out`, which may have a CShownBuffer.
 void SendOrders(std::ostream& out, std::string_view orders);
+
+/// Colours of words that a reader looks for; the terminal's own palette says what they look like.
+enum class Colour { Red, Yellow, Cyan };
+
+/// Writes the program's own `text`, in bold letters of a colour where the CShownBuffer behind `out` uses colours.
+void SendColoured(std::ostream& out, Colour colour, std::string_view text);
 
 /// Standard output and standard error show what they are given for as long as it lives.
 class CShownStreams {
@@ -50,6 +61,9 @@ public:
     ~CShownStreams();
     CShownStreams(const CShownStreams&) = delete;
     CShownStreams& operator=(const CShownStreams&) = delete;
+
+    /// Has standard error ordered colours, or not.
+    void UseColours(bool uses) { shownError_.UseColours(uses); }
 
 private:
     std::streambuf* output_;

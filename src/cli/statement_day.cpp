@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "platform/local_time.h"
 #include "platform/paths.h"
+#include "requests/day_option.h"
 #include "requests/usage_error.h"
 
 namespace tradebill {
@@ -34,8 +35,9 @@ std::optional<std::string> DayInFileName(const std::string& path) {
 
 StatementDay DayOfStatement(const std::optional<std::string>& option, const std::string& file) {
     if (option) {
-        if (!IsDay(*option)) throw CUsageError("--day: expected yyyymmdd, found \"" + *option + "\"");
-        return {*option, "--day"};
+        const auto day = WrittenDay(*option);
+        if (!day) throw CUsageError("--day: expected a date such as 2024-01-31, found \"" + *option + "\"");
+        return {DayText(*day), "--day"};
     }
     if (const auto day = DayInFileName(file)) return {*day, "the file's name"};
     return {DayText(LocalDayOf(PresentTime())), "today"};

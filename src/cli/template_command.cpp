@@ -53,7 +53,7 @@ CommandRun DeclareTemplateCheck(CLI::App& app) {
                    "Format of the statement (default: 201 if open positions hold both sides in a row, else 1)")
         ->type_name("N")
         ->needs(against);
-    app.add_option("--day", command->day, "The statement's day, yyyymmdd (default: from the file's name)")
+    app.add_option("--day", command->day, "The statement's day (default: from the file's name)")
         ->type_name("DAY")
         ->needs(against);
     DeclareStatementLimit(app, command->maxStatement);

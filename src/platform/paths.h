@@ -59,6 +59,8 @@ bool RemoveFolder(const std::string& path);
 /// Whether the system opens a path of this length.
 [[nodiscard]] bool IsOpenablePath(const std::string& path);
 
+/// Whether it leads to the same place wherever the program is started.
+[[nodiscard]] bool IsAbsolutePath(std::string_view path);
 /// Empty if it is relative to a folder that isn't there any more.
 [[nodiscard]] std::string AbsolutePath(const std::string& path);
 /// The folder that a file lies in, as an absolute path.

@@ -6,6 +6,10 @@ namespace tradebill {
 /// Whether standard error goes to a terminal, on which a line can be erased.
 [[nodiscard]] bool IsErrorOutputTerminal();
 
+/// Whether somebody wants to see colours there: a terminal that knows them, of a user who doesn't decline them by the
+/// environment's NO_COLOR.
+[[nodiscard]] bool WantsColours();
+
 /// The terminal takes UTF-8 for as long as it lives; then its own code page comes back.
 class CUtf8Terminal {
 public:

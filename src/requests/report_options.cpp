@@ -14,26 +14,26 @@
 #include "base/day.h"
 #include "base/ini_file.h"
 #include "base/number.h"
-#include "base/report_error.h"
 #include "base/text.h"
 #include "driver/bill_folders.h"
 #include "driver/present_day.h"
 #include "driver/request_names.h"
 #include "export/run_json.h"
 #include "platform/file.h"
-#include "platform/local_time.h"
 #include "platform/paths.h"
 #include "platform/root_folder.h"
 #include "report/report.h"
 #include "report/request_copy.h"
 #include "report/statement_format.h"
 #include "requests/carried_templates.h"
+#include "requests/day_option.h"
 #include "requests/format_choice.h"
 #include "requests/input_file.h"
 #include "requests/input_ini.h"
 #include "requests/live_figures.h"
 #include "requests/product_tables.h"
 #include "requests/report_settings.h"
+#include "requests/setting_called.h"
 #include "requests/statement_size.h"
 #include "requests/untold_options.h"
 #include "requests/usage_error.h"
@@ -45,31 +45,35 @@ constexpr const char* kNoUnits = "none";
 constexpr const char* kToday = "today";
 constexpr std::int32_t kMostDpi = 1200;
 
-std::vector<std::string_view> RequestKeys() {
-    std::vector<std::string_view> keys;
-    for (const ReportSetting& setting : kReportSettings) {
-        if (setting.isOfRequest) keys.push_back(setting.key);
-    }
-    return keys;
-}
-
 /// Fills what `options` leaves open from its request file, if it names one.
-ReportOptions WithRequestFile(ReportOptions options, std::vector<InputRead>& inputs) {
-    if (!options.requestFile) return options;
+void UseRequestFile(ReportOptions& options, std::vector<InputRead>& inputs) {
+    if (!options.requestFile) return;
     const InputIni ini = LoadInputIniOrStream(*options.requestFile);
     inputs.push_back({"request", ini.digest});
     for (const CIniFile::Entry& entry : RequiredSection(ini, "REQUEST").entries) {
-        const auto* const known = std::ranges::find_if(kReportSettings, [&](const ReportSetting& setting) {
-            return setting.isOfRequest && EqualsIgnoringCase(setting.key, entry.key);
-        });
-        if (known == std::end(kReportSettings)) {
-            throw CUsageError(ini.Place(entry.line) + ": expected " +
-                              OneOf(RequestKeys(), [](std::string_view key) { return key; }) + ", found \"" +
-                              entry.key + "\"");
-        }
-        auto& setting = options.*known->value;
-        if (!setting && !entry.value.empty()) setting = entry.value;
+        const ReportSetting& setting =
+            SettingCalled(ini, entry, [](const ReportSetting& one) { return one.isOfRequest; });
+        auto& value = options.*setting.value;
+        if (!value && !entry.value.empty()) value = entry.value;
     }
+}
+
+/// A user belongs to a root: that of the configuration isn't looked for below another one.
+void UseConfiguration(ReportOptions& options) {
+    if (options.configured == nullptr) return;
+    const ReportOptions& configured = *options.configured;
+    const bool isOtherRoot = options.root.has_value();
+    for (const ReportSetting& setting : kReportSettings) {
+        auto& value = options.*setting.value;
+        if (value || (isOtherRoot && setting.value == &ReportOptions::user)) continue;
+        value = configured.*setting.value;
+    }
+}
+
+/// With what files say of that which `options` leaves open.
+ReportOptions WithFiles(ReportOptions options, std::vector<InputRead>& inputs) {
+    UseRequestFile(options, inputs);
+    UseConfiguration(options);
     return options;
 }
 
@@ -111,12 +115,10 @@ bool OffsetsMargins(const ReportOptions& options) {
 }
 
 CalendarDay DayOf(const std::string& text, const char* option) {
-    try {
-        return LocalDayOf(MidnightOf(ParseDashedDay(text)));
-    } catch (const CReportError&) {
-        throw CUsageError(std::string(option) + ": expected a date from 1970 to 3000 such as 2024-01-31, found \"" +
-                          text + "\"");
-    }
+    const auto day = WrittenDay(text);
+    if (day) return *day;
+    throw CUsageError(std::string(option) + ": expected a date from 1970 to 3000 such as 2024-01-31, found \"" + text +
+                      "\"");
 }
 
 PresentDay PresentDayOf(const ReportOptions& options) {
@@ -126,7 +128,7 @@ PresentDay PresentDayOf(const ReportOptions& options) {
 }
 
 std::string DayTextOf(const std::string& given, const PresentDay& present) {
-    return given == kToday ? DashedDayText(present.day) : given;
+    return given == kToday ? DashedDayText(present.day) : DashedText(given);
 }
 
 /// REQUIRES: both days are there.
@@ -249,7 +251,7 @@ void SetFormatByMarks(PreparedRequest& prepared) {
 
 SettledOptions Settle(const ReportOptions& given) {
     SettledOptions settled;
-    settled.options = WithRequestFile(given, settled.inputs);
+    settled.options = WithFiles(given, settled.inputs);
     CheckRoot(Required(settled.options.root, "--root", "the folder that holds Users, sys and BillTemplate"));
     settled.present = PresentDayOf(settled.options);
     const auto dayOf = [&](const std::optional<std::string>& text, const char* option) {
@@ -284,7 +286,7 @@ PreparedRequest PrepareRequest(const ReportOptions& given) {
 
 void CheckSharedOptions(const ReportOptions& given, OwnOptions own) {
     PreparedRequest probe;
-    ReportOptions options = WithRequestFile(given, probe.inputs);
+    ReportOptions options = WithFiles(given, probe.inputs);
     probe.present = PresentDayOf(options);
     SetSettings(options, probe);
     if (options.format && *options.format != kAutoFormat) {

@@ -35,9 +35,12 @@ struct ReportOptions {
     std::optional<std::string> productFile;
     std::optional<std::string> liveFile;
     std::optional<std::string> maxStatement;  ///< "512M"
+
+    /// Those that count where neither these nor the request file say anything; may be null.
+    std::shared_ptr<const ReportOptions> configured = nullptr;
 };
 
-/// Options with what a request file says of those that aren't given.
+/// Options with what files say of those that aren't given.
 struct SettledOptions {
     ReportOptions options;  ///< the root is a folder that is there
     PresentDay present = {};

@@ -10,19 +10,28 @@
 
 namespace tradebill {
 
+/// How the user's configuration says it.
+enum class Configured {
+    Never,
+    AsText,
+    AsPath,        ///< below the file's own folder
+    AsPathOrNone,  ///< the same, or the word "none"
+};
+
 struct ReportSetting {
     std::string_view key;     ///< in files
     std::string_view option;  ///< on the command line
     std::optional<std::string> ReportOptions::*value;
     bool isOfRequest;  ///< a request file may say it
     bool isOfReading;  ///< it changes what is read, and with that what is found
+    Configured configured = Configured::Never;
 };
 
 // clang-format off
 inline constexpr ReportSetting kReportSettings[] = {
-    {"root",          "--root",          &ReportOptions::root,         false, true},
+    {"root",          "--root",          &ReportOptions::root,         false, true, Configured::AsPath},
     {"request",       "--request",       &ReportOptions::requestFile,  false, true},
-    {"user",          "--user",          &ReportOptions::user,         true,  true},
+    {"user",          "--user",          &ReportOptions::user,         true,  true, Configured::AsText},
     {"account",       "--account",       &ReportOptions::account,      true,  true},
     {"from",          "--from",          &ReportOptions::from,         true,  true},
     {"to",            "--to",            &ReportOptions::to,           true,  true},
@@ -32,10 +41,10 @@ inline constexpr ReportSetting kReportSettings[] = {
     {"template",      "--template",      &ReportOptions::templateName, true,  true},
     {"dpi",           "--dpi",           &ReportOptions::dpi,          true,  false},
     {"margin_offset", "--margin-offset", &ReportOptions::marginOffset, true,  false},
-    {"units",         "--units",         &ReportOptions::unitFile,     false, true},
-    {"products",      "--products",      &ReportOptions::productFile,  false, true},
+    {"units",         "--units",         &ReportOptions::unitFile,     false, true, Configured::AsPathOrNone},
+    {"products",      "--products",      &ReportOptions::productFile,  false, true, Configured::AsPath},
     {"live",          "--live",          &ReportOptions::liveFile,     false, true},
-    {"max_statement", "--max-statement", &ReportOptions::maxStatement, false, true},
+    {"max_statement", "--max-statement", &ReportOptions::maxStatement, false, true, Configured::AsText},
 };
 // clang-format on
 

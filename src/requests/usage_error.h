@@ -16,7 +16,8 @@ public:
 inline constexpr int kExitDone = 0;
 inline constexpr int kExitFailed = 1;
 inline constexpr int kExitUsage = 2;
-inline constexpr int kExitFindings = 3;  ///< all was done, and something is wrong in what was read
+inline constexpr int kExitFindings = 3;   ///< all was done, and something is wrong in what was read
+inline constexpr int kExitTryAgain = 75;  ///< it was stopped or kept from its work: the same call is worth another try
 
 /// What may be said, in words: "a, b or c".
 template <class Rows, class NameOf>

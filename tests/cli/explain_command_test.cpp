@@ -161,6 +161,7 @@ TEST_F(ExplainCommandRun, TakesTheDayFromTheOptionOrTheFilesNameOrToday) {
     EXPECT_EQ(dayOf("D1.20240102o.txt", {}), "the file's name 20240102");
     EXPECT_EQ(dayOf("D1.20240102.txt", {}), "the file's name 20240102");
     EXPECT_EQ(dayOf("D1.20240102o.txt", "20230405"), "--day 20230405");
+    EXPECT_EQ(dayOf("D1.20240102o.txt", "2023-4-5"), "--day 20230405");
     EXPECT_EQ(dayOf("statement.txt", {}).substr(0, 6), "today ");
     EXPECT_EQ(dayOf("a.2024.txt", {}).substr(0, 6), "today ");
 }
@@ -182,7 +183,7 @@ TEST_F(ExplainCommandRun, RefusesWrongUse) {
     refuses([](ExplainCommand& command) { command.format = "5"; }, "--format: expected 0, 1, 2, 3, 6, 201 or auto");
     refuses([](ExplainCommand& command) { command.format = "one"; }, "--format: expected");
     refuses([](ExplainCommand& command) { command.kind = "both"; }, "--kind: expected");
-    refuses([](ExplainCommand& command) { command.day = "2024-01-02"; }, "--day: expected yyyymmdd");
+    refuses([](ExplainCommand& command) { command.day = "2024-13-02"; }, "--day: expected a date");
     refuses([](ExplainCommand& command) { command.templateFile = "no/such.ini"; }, "--template: expected");
     refuses([](ExplainCommand& command) { command.statementFile += ".missing"; }, "expected a statement file");
     refuses([&](ExplainCommand& command) { command.statementFile = folder_.Path(); }, "expected a statement file");

@@ -95,8 +95,8 @@ TEST_F(Program, ReportsTodayWithoutDates) {
 TEST_F(Program, RefusesWhatItDoesntKnow) {
     EXPECT_TRUE(IsWrongUse(Run(Options() + " --colour red"), "--colour"));
     EXPECT_TRUE(IsWrongUse(Run(Options() + " more"), "more"));
-    EXPECT_TRUE(IsWrongUse(Run("explode"), "subcommand"));
-    EXPECT_TRUE(IsWrongUse(Run(""), "subcommand"));
+    EXPECT_TRUE(IsWrongUse(Run("explode"), "explode"));
+    EXPECT_TRUE(IsWrongUse(Run(""), "a command"));
     EXPECT_TRUE(IsWrongUse(Run(Options() + " --dpi"), "--dpi"));
 }
 

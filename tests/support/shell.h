@@ -15,6 +15,7 @@
 
 #include "platform/windows/unique_handle.h"
 #else
+#include <stdlib.h>
 #include <sys/wait.h>
 #endif
 
@@ -89,6 +90,8 @@ inline int RunShell(const std::string& command) {
 }
 
 inline int RunWithOutputs(const std::string& command, const std::string& out, const std::string& err) {
+    // Whoever runs the tests may have a configuration.
+    static_cast<void>(::setenv("XDG_CONFIG_HOME", "/nowhere", 1));
     return RunShell(command + " >" + Quoted(out) + " 2>" + Quoted(err) + " <" + kNullDevice);
 }
 #endif

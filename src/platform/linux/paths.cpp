@@ -137,6 +137,10 @@ bool IsOpenablePath(const std::string& path) {
     return path.size() < PATH_MAX;
 }
 
+bool IsAbsolutePath(std::string_view path) {
+    return path.starts_with('/');
+}
+
 std::string AbsolutePath(const std::string& path) {
     std::error_code error;
     std::string absolute = std::filesystem::absolute(path, error).string();

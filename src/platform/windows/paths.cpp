@@ -141,6 +141,11 @@ bool IsOpenablePath(const std::string& path) {
     return path.size() <= kLongestPath;
 }
 
+bool IsAbsolutePath(std::string_view path) {
+    const bool hasDrive = path.size() > 2 && path[1] == ':' && (path[2] == '\\' || path[2] == '/');
+    return hasDrive || path.starts_with("\\\\") || path.starts_with("//");
+}
+
 std::string AbsolutePath(const std::string& path) {
     const DWORD size = ::GetFullPathNameA(path.c_str(), 0, nullptr, nullptr);
     std::string absolute(size, '\0');

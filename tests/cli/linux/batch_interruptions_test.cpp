@@ -68,11 +68,7 @@ TEST_F(BatchInterruptions, WhileItLooksForAccountsAreWorthAnotherTry) {
     const std::string manifest = folder_.Path("rows");
     ASSERT_EQ(::mkfifo(manifest.c_str(), 0600), 0);
     Start("--manifest - 0<>" + Quoted(manifest));  // nobody ever writes
-    ASSERT_TRUE(Becomes([this] {
-        const std::string caught = ReadFile("/proc/" + std::to_string(batch_) + "/status");
-        const std::size_t at = caught.find("SigCgt:");
-        return at != std::string::npos && (std::stoull(caught.substr(at + 7), nullptr, 16) >> (SIGTERM - 1) & 1) != 0;
-    }));
+    ASSERT_TRUE(Becomes([this] { return Catches(SIGTERM); }));
     ::kill(batch_, SIGTERM);
     EXPECT_EQ(End(), 75);
     EXPECT_FALSE(fs::exists(out_));

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/awaited_work.h"
 #include "cli/import_command.h"
 #include "cli/import_files.h"
 #include "findings/finding.h"
@@ -129,8 +130,9 @@ TEST_F(ImportRights, AreNoMatterWhereNoFileIs) {
     const FoundFiles found = FindFiles({folder_.Path("in")});
     ASSERT_EQ(found.files.size(), 4u);
     CBillImport import({.root = folder_.Path("root"), .user = "demo"});
+    CAwaitedWork work(true);
     std::vector<std::string> texts;
-    for (const ImportedFile& file : ImportAll(found, import)) texts.push_back(file.text);
+    for (const ImportedFile& file : ImportAll(found, import, work)) texts.push_back(file.text);
     EXPECT_EQ(texts, (std::vector<std::string>{"", "it is no file", "it isn't there", ""}));
 }
 

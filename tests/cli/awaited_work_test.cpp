@@ -1,0 +1,60 @@
+#include "cli/awaited_work.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+#include <thread>
+
+namespace tradebill::awaited_work_test {
+namespace {
+
+/// What `action` shows of work where standard error is a file.
+template <class Action>
+std::string Shown(bool quiet, Action action) {
+    testing::internal::CaptureStderr();
+    {
+        CAwaitedWork work(quiet);
+        action(work);
+    }
+    return testing::internal::GetCapturedStderr();
+}
+
+void DoAll(CAwaitedWork& work) {
+    for (int day = 1; day <= 1000; ++day) work.OnDay(day, 1000, "20240102");
+    work.OnStage("statistics");
+    work.BeginStep("files", 1, 1);
+    work.BeginFile("one.json");
+}
+
+void WaitLong() {
+    std::this_thread::sleep_for(std::chrono::milliseconds(1100));
+}
+
+TEST(AwaitedWork, IsSilentInAFileAsLongAsItIsShort) {
+    EXPECT_EQ(Shown(false, DoAll), "");
+}
+
+TEST(AwaitedWork, HasPlainLinesInAFileOnceItIsLong) {
+    const std::string shown = Shown(false, [](CAwaitedWork& work) {
+        WaitLong();
+        DoAll(work);
+        work.OnDay(3, 4, "20240105");
+    });
+    EXPECT_EQ(shown,
+              "tradebill: reading day 1 of 1000  20240102\n"  // and then none of the days for five seconds
+              "tradebill: statistics ...\n"
+              "tradebill: one.json ...\n");
+}
+
+TEST(AwaitedWork, IsSilentIfQuiet) {
+    EXPECT_EQ(Shown(true,
+                    [](CAwaitedWork& work) {
+                        WaitLong();
+                        DoAll(work);
+                    }),
+              "");
+}
+
+}  // namespace
+}  // namespace tradebill::awaited_work_test
