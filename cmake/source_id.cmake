@@ -11,7 +11,7 @@ if(CMAKE_SCRIPT_MODE_FILE)
     endforeach()
     string(SHA256 ID "${LIST}")
     string(SUBSTRING ${ID} 0 16 ID)
-    file(CONFIGURE OUTPUT ${OUTPUT} CONTENT "#include \"hosts/source_id.h\"
+    file(CONFIGURE OUTPUT ${OUTPUT} CONTENT "#include \"base/source_id.h\"
 
 namespace tradebill {
 

@@ -3,7 +3,8 @@
 #include <tradebill/tradebill.h>
 
 static int32_t OnProgress(void* context, const TradeBillProgress* progress) {
-    if (progress->Day > 0 && progress->Day == progress->Days) printf("%s: %d days\n", (const char*)context, (int)progress->Days);
+    if (progress->Day > 0 && progress->Day == progress->Days)
+        printf("%s: %d days\n", (const char*)context, (int)progress->Days);
     return 0; /* go on */
 }
 

@@ -2,8 +2,9 @@
  *
  *     host.exe ROOT
  *
- * reads the account below ROOT and prints what was read. build.sh builds it with LLVM; Microsoft's own compiler takes it
- * as it is: cl /I include host.c /link /NODEFAULTLIB /ENTRY:Start /SUBSYSTEM:CONSOLE lib\TradeBill.lib kernel32.lib */
+ * reads the account below ROOT and prints what was read. build.sh builds it with LLVM; Microsoft's own compiler takes
+ * it as it is: cl /I include host.c /link /NODEFAULTLIB /ENTRY:Start /SUBSYSTEM:CONSOLE lib\TradeBill.lib kernel32.lib
+ */
 #include <stddef.h>
 #include <stdint.h>
 
@@ -13,8 +14,8 @@
 FROM_KERNEL void* GetStdHandle(uint32_t which);
 FROM_KERNEL int WriteFile(void* file, const void* bytes, uint32_t count, uint32_t* written, void* overlapped);
 FROM_KERNEL const wchar_t* GetCommandLineW(void);
-FROM_KERNEL int WideCharToMultiByte(uint32_t page, uint32_t flags, const wchar_t* text, int length, char* bytes, int room,
-                                    const char* other, int* used);
+FROM_KERNEL int WideCharToMultiByte(uint32_t page, uint32_t flags, const wchar_t* text, int length, char* bytes,
+                                    int room, const char* other, int* used);
 FROM_KERNEL void ExitProcess(uint32_t code);
 
 enum { kStandardOutput = -11, kUtf8 = 65001, kLongestRoot = 1024 };

@@ -10,9 +10,9 @@
 #include <string_view>
 #include <vector>
 
+#include "base/source_id.h"
 #include "cli/command_table.h"
 #include "cli/nearest_word.h"
-#include "hosts/source_id.h"
 #include "requests/usage_error.h"
 
 namespace tradebill {

@@ -9,6 +9,7 @@
 #include <string>
 #include <utility>
 
+#include "base/source_id.h"
 #include "driver/report_counts.h"
 #include "driver/report_run.h"
 #include "driver/run_problems.h"
@@ -17,7 +18,6 @@
 #include "hosts/host_buffer.h"
 #include "hosts/host_report.h"
 #include "hosts/result_table.h"
-#include "hosts/source_id.h"
 #include "hosts/tradebill.h"
 #include "readers/statement_loader.h"
 

@@ -24,7 +24,7 @@ APART = {
 # Portable headers: those right in these folders.
 CONTRACTS = ("platform", "paint", "paint/raster")
 # The public face of the module speaks to both systems by itself.
-PUBLIC = {"driver/report_request.h", "base/report_error.h"}
+PUBLIC = {"driver/report_request.h", "hosts/tradebill.h", "base/report_error.h"}
 OWN = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)
 FOREIGN = re.compile(r"^\s*#\s*include\s+<([^>]+)>", re.MULTILINE)
 
