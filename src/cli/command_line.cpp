@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <iostream>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -42,11 +43,22 @@ CLI::App& GroupIn(CLI::App& app, std::string_view name) {
     return *made;
 }
 
+/// Help that leads with a call. The list of commands, which has their descriptions too, goes without.
+class CHelpWithCall final : public CLI::Formatter {
+public:
+    explicit CHelpWithCall(std::string_view call) : call_(call) {}
+
+    [[nodiscard]] std::string make_description(const CLI::App* app) const override {
+        return app->get_description() + "\n\n  tradebill " + call_ + "\n\n";
+    }
+
+private:
+    std::string call_;
+};
+
 /// What stands ahead of the options, and behind them.
 void AddGuide(const Command& command, CLI::App& app) {
-    if (!command.example.empty()) {
-        app.description(std::string(command.help) + "\n\n  tradebill " + std::string(command.example) + "\n");
-    }
+    if (!command.example.empty()) app.formatter(std::make_shared<CHelpWithCall>(command.example));
     std::string footer = app.get_footer();
     if (!footer.empty()) footer = "\n" + footer + "\n";
     if (!command.exits.empty()) footer += "\nExit codes: " + std::string(command.exits) + "\n";
@@ -76,6 +88,7 @@ std::vector<DeclaredCommand> DeclareAll(CLI::App& app) {
     // For the list alone: they are options by the time that anything is parsed.
     app.add_subcommand(std::string(kHelp), "Show what a command does, and what it takes");
     app.add_subcommand(std::string(kVersion), "Show which version this is");
+    app.formatter(std::make_shared<CHelpWithCall>("report --root settlement"));  // commands have theirs by now
     return declared;
 }
 
@@ -162,10 +175,7 @@ bool DeclinesColours(int argc, const char* const* argv) {
 }
 
 int RunCommandLine(int argc, const char* const* argv) {
-    CLI::App app(
-        "Makes a report page from the daily settlement statements of a futures account.\n\n"
-        "  tradebill report --root settlement\n",
-        "tradebill");
+    CLI::App app("Makes a report page from the daily settlement statements of a futures account.", "tradebill");
     const std::vector<DeclaredCommand> commands = DeclareAll(app);
     const Words words = WithoutHelpWords(Words(argv + std::min(argc, 1), argv + argc));
     RequireCommand(app, words, "tradebill");
