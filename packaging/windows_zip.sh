@@ -22,7 +22,7 @@ sed -e "s/@VERSION@/$version/" -e 's/$/\r/' "$source/packaging/README.txt" >"$pa
 
 # What a run has written beside the samples stays at home.
 cd "$source"
-git ls-files -z samples docs/embedding.md docs/hosts.md examples/c_host/account.c examples/cpp_host examples/csharp_host examples/msvc_host \
+git ls-files -z samples docs/embedding.md docs/hosts.md examples/c_host/account.c examples/cpp_host examples/csharp_host examples/csharp_reports examples/msvc_host \
     examples/python_host examples/windows_host python |
     xargs -0 cp --parents -t "$package"
 

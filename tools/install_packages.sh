@@ -15,6 +15,7 @@ bench_packages=(libbenchmark-dev)
 test_packages=(libgtest-dev libgmock-dev sqlite3 "${bench_packages[@]}")
 test_packages+=(clang lld clang-format clang-tidy-19 libclang-rt-14-dev llvm python3-clang-14 valgrind git fonts-wqy-zenhei chromium)
 test_packages+=(python3 python3-jsonschema python3-pandas python3-pip python3-setuptools python3-wheel python3-xlwt python3-yaml)
+test_packages+=(mono-mcs mono-runtime)  # hosts in C#
 test_packages+=(make munge parallel slurm-client slurmctld slurmd)  # the recipes of batches
 test_packages+=(faketime)  # machines whose clock is set back
 test_packages+=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev googletest wine wine64 locales zip unzip)  # the Windows build

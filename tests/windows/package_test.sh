@@ -44,7 +44,7 @@ lib/TradeBill.lib
 share/tradebill/units.ini
 FILES
     git -C "$source" ls-files templates | sed 's|^|share/tradebill/|'
-    git -C "$source" ls-files examples/cpp_host examples/msvc_host examples/windows_host python samples
+    git -C "$source" ls-files examples/cpp_host examples/csharp_reports examples/msvc_host examples/windows_host python samples
 } | sed "s|^|$name/|" | LC_ALL=C sort >expected
 unzip -Z1 "$zip" >listed
 diff expected listed
