@@ -19,8 +19,8 @@ constexpr std::string_view kEraseLine = "\r\x1B[K";
 
 }  // namespace
 
-CAwaitedWork::CAwaitedWork(bool quiet)
-    : isQuiet_(quiet), isTerminal_(IsErrorOutputTerminal()), begun_(Clock::now()), shown_(begun_) {
+CAwaitedWork::CAwaitedWork(bool quiet, Duration longWork)
+    : isQuiet_(quiet), isTerminal_(IsErrorOutputTerminal()), longWork_(longWork), begun_(Clock::now()), shown_(begun_) {
     try {
         signal_.emplace([this] { wantsStop_ = true; }, kExitTryAgain);
     } catch (const std::system_error&) {
@@ -34,7 +34,7 @@ CAwaitedWork::~CAwaitedWork() {
 
 void CAwaitedWork::OnDay(int day, int days, std::string_view dayText) {
     std::string text = "reading day " + std::to_string(day) + " of " + std::to_string(days);
-    Show(text.append("  ").append(dayText), day == days && isTerminal_);
+    Show(text.append("  ").append(dayText), day == 1 || (day == days && isTerminal_));
 }
 
 void CAwaitedWork::OnStage(std::string_view stage) {
@@ -61,12 +61,11 @@ void CAwaitedWork::Rest() {
 
 bool CAwaitedWork::IsDue(bool isNew) {
     constexpr auto kRedrawTime = std::chrono::milliseconds(50);
-    constexpr auto kLongWork = std::chrono::seconds(1);
     constexpr auto kBetweenLines = std::chrono::seconds(5);
     if (isQuiet_) return false;
     const auto now = Clock::now();
     if (isTerminal_ ? !isNew && now - shown_ < kRedrawTime
-                    : now - begun_ < kLongWork || (!isNew && now - shown_ < kBetweenLines)) {
+                    : now - begun_ < longWork_ || (!isNew && now - shown_ < kBetweenLines)) {
         return false;
     }
     shown_ = now;

@@ -22,12 +22,14 @@ public:
 
 /// Watches a command's work from its beginning to its end; one at a time. On a terminal one line of standard error
 /// shows what is being done, redrawn some twenty times a second at most. Elsewhere there are plain lines, of work that
-/// takes more than a second, and none oftener than each five. The system's first wish to stop is heeded at the next
-/// point where the work asks for it; the second one ends the program at once.
+/// takes long, one for each stage and for each five seconds of it. The system's first wish to stop is heeded at the
+/// next point where the work asks for it; the second one ends the program at once.
 class CAwaitedWork final : public CRunWatcher {
 public:
-    /// `quiet`: nothing is shown.
-    explicit CAwaitedWork(bool quiet);
+    using Duration = std::chrono::steady_clock::duration;
+
+    /// `quiet`: nothing is shown. `longWork`: how long it takes until there are plain lines.
+    explicit CAwaitedWork(bool quiet, Duration longWork = std::chrono::seconds(3));
     ~CAwaitedWork() override;
     CAwaitedWork(const CAwaitedWork&) = delete;
     CAwaitedWork& operator=(const CAwaitedWork&) = delete;
@@ -56,6 +58,7 @@ private:
 
     const bool isQuiet_;
     const bool isTerminal_;
+    const Duration longWork_;
     const Clock::time_point begun_;
     Clock::time_point shown_;
     bool isLineThere_ = false;

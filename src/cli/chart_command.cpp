@@ -163,6 +163,7 @@ CommandRun DeclareChart(CLI::App& app) {
 }
 
 int RunChartCommand(const ChartCommand& command) {
+    CAwaitedWork work(true);
     const AccountChart& chart = ChartCalled(command.chart);
     const std::optional<PictureSize> wanted = AreaSizeOf(command);
     const std::optional<ChartRect> part = PartOf(command);
@@ -170,7 +171,6 @@ int RunChartCommand(const ChartCommand& command) {
     const Encoder encode = EncoderFor(output, command.outputFile);
     const PreparedRequest prepared = PrepareRequest(command.options);
     RequireTemplate(prepared);
-    CAwaitedWork work(true);
     CReport report;
     const auto result = RunWatched(report, prepared, &work, ReadAccount, {.needsStatement = true});
     if (!result) return kExitFailed;

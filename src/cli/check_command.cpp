@@ -51,9 +51,9 @@ int RunCheckCommand(const CheckCommand& command) {
         ListCodes();
         return kExitDone;
     }
+    CAwaitedWork work(command.quiet);
     const auto json = FindOutput("--json", command.jsonFile);
     const PreparedRequest prepared = PrepareRequest(command.options);
-    CAwaitedWork work(command.quiet);
     CReport report;
     CRunFindings faults(report, prepared);
     faults.ReadSideRows();

@@ -76,7 +76,6 @@ std::vector<DeclaredCommand> DeclareAll(CLI::App& app) {
     app.allow_windows_style_options(false);  // "/folder" is a path on both systems
     app.require_subcommand(1);
     AddColours(app);
-    app.footer("\ntradebill help COMMAND tells more of a command.\n");
     std::vector<DeclaredCommand> declared;
     for (const Command& command : Commands()) {
         CLI::App* const own =
@@ -88,7 +87,9 @@ std::vector<DeclaredCommand> DeclareAll(CLI::App& app) {
     // For the list alone: they are options by the time that anything is parsed.
     app.add_subcommand(std::string(kHelp), "Show what a command does, and what it takes");
     app.add_subcommand(std::string(kVersion), "Show which version this is");
-    app.formatter(std::make_shared<CHelpWithCall>("report --root settlement"));  // commands have theirs by now
+    // Of this list alone: commands have theirs by now.
+    app.formatter(std::make_shared<CHelpWithCall>("report --root settlement"));
+    app.footer("\ntradebill help COMMAND tells more of a command.\n");
     return declared;
 }
 
@@ -136,13 +137,22 @@ std::string HelpCommand(const CLI::App& app) {
     throw CUsageError(why + " (" + command + " --help lists what is expected)");
 }
 
+[[noreturn]] void RefuseOption(const CLI::App& app, const std::string& typed, const std::string& command) {
+    const std::string_view name = std::string_view(typed).substr(0, typed.find('='));
+    Refuse("there is no option " + typed + Hint(name, OptionNames(app)), command);
+}
+
 /// Commands are words before anything else; the library itself would only say that one is missing.
 void RequireCommand(const CLI::App& app, std::span<const std::string> words, const std::string& command) {
     const Words names = CommandNames(app);
     if (names.empty()) return;
     if (words.empty()) Refuse("expected a command", command);
     const std::string& word = words.front();
-    if (word.starts_with("-")) return;
+    if (word.starts_with("-")) {  // ahead of a command there are flags alone
+        if (app.get_option_no_throw(word) == nullptr) RefuseOption(app, word, command);
+        if (word == kNoColours) RequireCommand(app, words.subspan(1), command);
+        return;  // help and version need none
+    }
     const auto named = app.get_subcommands([&](const CLI::App* one) { return one->check_name(word); });
     if (named.empty()) Refuse("there is no command \"" + word + "\"" + Hint(word, names), command);
     RequireCommand(*named.front(), words.subspan(1), command + " " + word);
@@ -162,7 +172,7 @@ const CLI::App& CommandAtHand(const CLI::App& app) {
         if (!name.starts_with("-")) continue;
         const auto typed = std::ranges::find_if(words, [&](const std::string& word) { return word.starts_with(name); });
         const std::string shown = typed == words.end() ? extra : *typed;
-        Refuse("there is no option " + shown + Hint(name, OptionNames(command)), HelpCommand(app));
+        RefuseOption(command, shown, HelpCommand(app));
     }
     Refuse("nobody knows what \"" + app.remaining(true).front() + "\" is for", HelpCommand(app));
 }

@@ -54,7 +54,7 @@ constexpr Command kCommands[] = {
      "batch --root settlement --discover --out reports",
      "0 all well; 1 accounts failed; 2 wrong use; 3 findings; 75 stopped, worth another try with --resume", "docs/batch.md"},
     {"", "batch-merge", "Join what the tasks of a batch have left", DeclareBatchMerge,
-     "batch-merge --out reports", "those of batch; 75 tasks are missing", "docs/batch.md"},
+     "batch-merge --out reports", "0 all well; 1 accounts failed; 2 wrong use; 3 findings; 75 tasks are missing", "docs/batch.md"},
     {"", "chart", "Paint one chart of an account at any size", DeclareChart,
      "chart equity --root settlement --size 1600x900 -o equity.png", kUsualExits, "docs/charts.md"},
     {"", "reset", "Write the page that stands for a report until it is there", DeclareReset,

@@ -220,10 +220,10 @@ CommandRun DeclareExplore(CLI::App& app) {
 }
 
 int RunExploreCommand(const ExploreCommand& command) {
+    CAwaitedWork work(command.quiet);
     RequireViewer(ViewerTemplate(), "explore");
     const std::optional<COutputFile> output = FindOutput("--output", command.outputFile);
     if (!output) throw CUsageError("--output is missing: expected a file");
-    CAwaitedWork work(command.quiet);
     const ChosenAccounts chosen = ChooseAccounts(command, work);
     CExploration exploration(command, chosen.accounts, work);
     const bool isSaved = output->Save([&](std::ostream& out) { return exploration.Write(out); });

@@ -119,10 +119,10 @@ CommandRun DeclareExport(CLI::App& app) {
 }
 
 int RunExportCommand(const ExportCommand& command) {
+    CAwaitedWork work(command.quiet);
     const ExportPlaces places = FindExportPlaces(command.csvFolder, command.sqliteFile);
     const PreparedRequest prepared = PrepareRequest(command.options);
     RequireTemplate(prepared);
-    CAwaitedWork work(command.quiet);
     CReport report;
     CRunFindings faults(report, prepared);
     faults.ReadSideRows();

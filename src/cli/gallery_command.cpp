@@ -20,6 +20,7 @@
 #include "paint/canvas.h"
 #include "paint/picture_file.h"
 #include "platform/paths.h"
+#include "platform/terminal.h"
 
 namespace tradebill {
 namespace {
@@ -80,7 +81,7 @@ int RunGalleryCommand(const std::string& folder) {
     const std::string pagePath = folder + "/index.html";
     const COutputFile page("DIR", pagePath);
     const std::vector<GalleryChart> charts = GalleryCharts();
-    CAwaitedWork work(false);
+    CAwaitedWork work(!IsErrorOutputTerminal());
     for (std::size_t i = 0; i < charts.size(); ++i) {
         work.BeginStep("charts", i + 1, charts.size());
         Paint(charts[i], folder + "/" + charts[i].fileName);

@@ -4,17 +4,16 @@
 
 #include <chrono>
 #include <string>
-#include <thread>
 
 namespace tradebill::awaited_work_test {
 namespace {
 
 /// What `action` shows of work where standard error is a file.
 template <class Action>
-std::string Shown(bool quiet, Action action) {
+std::string Shown(bool quiet, CAwaitedWork::Duration longWork, Action action) {
     testing::internal::CaptureStderr();
     {
-        CAwaitedWork work(quiet);
+        CAwaitedWork work(quiet, longWork);
         action(work);
     }
     return testing::internal::GetCapturedStderr();
@@ -27,17 +26,15 @@ void DoAll(CAwaitedWork& work) {
     work.BeginFile("one.json");
 }
 
-void WaitLong() {
-    std::this_thread::sleep_for(std::chrono::milliseconds(1100));
-}
+constexpr CAwaitedWork::Duration kAnHour = std::chrono::hours(1);
+constexpr CAwaitedWork::Duration kNothing{};
 
 TEST(AwaitedWork, IsSilentInAFileAsLongAsItIsShort) {
-    EXPECT_EQ(Shown(false, DoAll), "");
+    EXPECT_EQ(Shown(false, kAnHour, DoAll), "");
 }
 
 TEST(AwaitedWork, HasPlainLinesInAFileOnceItIsLong) {
-    const std::string shown = Shown(false, [](CAwaitedWork& work) {
-        WaitLong();
+    const std::string shown = Shown(false, kNothing, [](CAwaitedWork& work) {
         DoAll(work);
         work.OnDay(3, 4, "20240105");
     });
@@ -48,12 +45,7 @@ TEST(AwaitedWork, HasPlainLinesInAFileOnceItIsLong) {
 }
 
 TEST(AwaitedWork, IsSilentIfQuiet) {
-    EXPECT_EQ(Shown(true,
-                    [](CAwaitedWork& work) {
-                        WaitLong();
-                        DoAll(work);
-                    }),
-              "");
+    EXPECT_EQ(Shown(true, kNothing, DoAll), "");
 }
 
 }  // namespace

@@ -81,7 +81,7 @@ TEST_F(ExplainingProgram, RefusesWrongUse) {
     EXPECT_TRUE(IsWrongUse(Explain(file, "--format ''"), "--format"));
     EXPECT_TRUE(IsWrongUse(Explain(file, "--format 1 --kind both"), "--kind"));
     EXPECT_TRUE(IsWrongUse(Explain(file, "--format 1 --day yesterday"), "--day"));
-    EXPECT_TRUE(IsWrongUse(Explain(file, "--format 1 --day 2024-01-02"), "--day"));
+    EXPECT_TRUE(IsWrongUse(Explain(file, "--format 1 --day 2024-13-02"), "--day"));
     EXPECT_TRUE(IsWrongUse(Explain(file, "--format 1 --day 2024010"), "--day"));
     EXPECT_TRUE(IsWrongUse(Explain(file, "--format 1 --day 202401021"), "--day"));
     EXPECT_TRUE(IsWrongUse(Explain(file, "--format 1 --template " + Quoted(folder_.Path("no.ini"))), "--template"));
@@ -173,7 +173,7 @@ TEST_F(ExplainingProgram, ChecksTemplates) {
     EXPECT_TRUE(IsWrongUse(Run("template check " + Quoted(good) + " --against no.txt"), "no.txt"));
     EXPECT_EQ(Run("template check " + Quoted(good) + " --against " + Quoted(MoneyOnly())).exit, 0);
     EXPECT_TRUE(Says(Run("template check --help").out, "default: 201 if open positions hold both sides in a row"));
-    EXPECT_TRUE(IsWrongUse(Run("template"), "subcommand"));
+    EXPECT_TRUE(IsWrongUse(Run("template"), "a command"));
 }
 
 TEST_F(ExplainingProgram, ReportsByTheMarksAsByTheNumber) {

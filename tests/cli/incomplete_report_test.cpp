@@ -60,9 +60,8 @@ TEST_F(IncompleteReport, NamesAStatementBehindTheErrorThatEndedIt) {
 TEST_F(IncompleteReport, OfAForeignAccountSaysThatItsTemplateIsntUsed) {
     options_.kind = "foreign";
     options_.templateName = "own";
-    EXPECT_TRUE(
-        Run().err.starts_with("tradebill: warning: --template isn't used: foreign statements are read without "
-                              "one\n"));
+    EXPECT_TRUE(Run().err.starts_with(
+        "tradebill: warning: account 90010002: --template isn't used: foreign statements are read without one\n"));
 }
 
 TEST_F(IncompleteReport, WithoutAStatementLeavesPageAndFilesAsTheyWere) {

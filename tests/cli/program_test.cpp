@@ -174,7 +174,7 @@ TEST_F(Program, WritesNothingForARangeWithoutStatements) {
     EXPECT_FALSE(fs::exists(PageFile()));
     const Answer forced = Run(Report("--from 2023-01-01 --to 2023-01-31 --force"));
     EXPECT_EQ(forced.exit, 1);
-    EXPECT_EQ(forced.err, "tradebill: warning: no statement was found in the whole range\n");
+    EXPECT_EQ(forced.err, "tradebill: warning: account 90010002: no statement was found in the whole range\n");
     EXPECT_TRUE(ReadFile(PageFile()).ends_with("</html>\r\n"));
 }
 

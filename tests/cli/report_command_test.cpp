@@ -77,7 +77,7 @@ TEST_F(Command, WarnsOfStatementsOfAnotherLayout) {
     root_.Write("Users/demo/Data/Bill/D90010002.20240102o.txt", "nothing that is known");
     const Answer answer = Run();
     EXPECT_EQ(answer.exit, 0);
-    EXPECT_TRUE(Says(answer.err, "warning: nothing was recognised")) << answer.err;
+    EXPECT_TRUE(Says(answer.err, "warning: account 90010002: nothing was recognised")) << answer.err;
 }
 
 TEST_F(Command, ThrowsForWrongUseBeforeAnythingIsDone) {

@@ -121,7 +121,7 @@ TEST_F(Options, AreRefusedInOneLineThatNamesThem) {
         {[](auto& o) { o.from = "1899-12-31"; }, "--from"},
         {[](auto& o) { o.from = "2024-13-1"; }, "--from"},
         {[](auto& o) { o.from = "2024-1-32"; }, "--from"},
-        {[](auto& o) { o.from = "20240102"; }, "--from"},
+        {[](auto& o) { o.from = "2024010"; }, "--from"},
         {[](auto& o) { o.from = "1969-12-30"; }, "--from"},
         {[](auto& o) { o.from = "2024-1-2" + std::string(56, ' '); }, "--from"},
         {[](auto& o) { o.to = "tomorrow"; }, "--to"},

@@ -11,7 +11,7 @@ namespace {
 
 class ConfiguredProgram : public Program {
 protected:
-    ConfiguredProgram() { WriteFile(request_, "[REQUEST]\naccount=90010002\nformat=1\nto=2024-01-03\n"); }
+    ConfiguredProgram() { folder_.Write("request.ini", "[REQUEST]\naccount=90010002\nformat=1\nto=2024-01-03\n"); }
 
     /// Runs the program with an environment of the shell's form.
     [[nodiscard]] Answer RunIn(const std::string& environment, const std::string& arguments) const {
@@ -29,7 +29,7 @@ TEST_F(ConfiguredProgram, FindsItInTheUsersFolder) {
     const Answer without = RunIn(home_, Check());
     EXPECT_TRUE(IsWrongUse(without, "--root is missing"));
     fs::create_directories(folder_.Path("home/.config/tradebill"));
-    WriteFile(folder_.Path("home/.config/tradebill/config.ini"), "[OPTIONS]\nroot=~/../sample/root\nuser=demo\n");
+    folder_.Write("home/.config/tradebill/config.ini", "[OPTIONS]\nroot=~/../sample/root\nuser=demo\n");
     EXPECT_EQ(RunIn(home_, Check()).exit, 0);
     EXPECT_TRUE(IsWrongUse(RunIn(home_, Check() + " --config none"), "--root is missing"));
     EXPECT_TRUE(IsWrongUse(RunIn(home_, Check() + " --root nowhere"), "--root: expected a folder"));
@@ -37,7 +37,7 @@ TEST_F(ConfiguredProgram, FindsItInTheUsersFolder) {
 
 TEST_F(ConfiguredProgram, FindsItWhereTheEnvironmentSays) {
     fs::create_directories(folder_.Path("settings/tradebill"));
-    WriteFile(folder_.Path("settings/tradebill/config.ini"), "[OPTIONS]\nroot=../../sample/root\n");
+    folder_.Write("settings/tradebill/config.ini", "[OPTIONS]\nroot=../../sample/root\n");
     const std::string settings = "XDG_CONFIG_HOME=" + Quoted(folder_.Path("settings"));
     EXPECT_EQ(RunIn(settings, Check()).exit, 0);
     EXPECT_EQ(RunIn(settings + " HOME=relative", Check()).exit, 0);
@@ -46,7 +46,7 @@ TEST_F(ConfiguredProgram, FindsItWhereTheEnvironmentSays) {
 
 TEST_F(ConfiguredProgram, ImportsToWhatItSays) {
     const std::string file = folder_.Path("config.ini");
-    WriteFile(file, "[OPTIONS]\nroot=imported\nuser=me\n");
+    folder_.Write("config.ini", "[OPTIONS]\nroot=imported\nuser=me\n");
     const std::string statement = Quoted(root_ + "/Users/demo/Data/Bill/D90010002.20240102o.txt");
     EXPECT_EQ(Run("import " + statement + " --config " + Quoted(file)).exit, 0);
     EXPECT_TRUE(fs::exists(folder_.Path("imported/Users/me/Data/Bill/D90010002.20240102o.txt")));
@@ -58,7 +58,7 @@ TEST_F(ConfiguredProgram, ImportsToWhatItSays) {
 
 TEST_F(ConfiguredProgram, IsNotHeededByAReportOfFiles) {
     const std::string file = folder_.Path("config.ini");
-    WriteFile(file, "[OPTIONS]\nroot=nowhere\nuser=nobody\n");
+    folder_.Write("config.ini", "[OPTIONS]\nroot=nowhere\nuser=nobody\n");
     const std::string statements = Quoted(root_ + "/Users/demo/Data/Bill");
     EXPECT_EQ(Run("report " + statements + " --out " + Quoted(folder_.Path("made")) + " --config " + Quoted(file)).exit,
               0);

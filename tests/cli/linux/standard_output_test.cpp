@@ -115,7 +115,7 @@ TEST_F(StandardOutput, TakesNoMoreThanAFileMayHold) {
 TEST_F(StandardOutput, IsntMissedIfNothingIsPrinted) {
     EXPECT_EQ(RunTo(">&-", Report("--quiet")), 0) << Messages();
     EXPECT_EQ(RunTo(">/dev/full", Report("--quiet")), 0) << Messages();
-    EXPECT_TRUE(IsWrongUse({RunTo(">&-", "explode"), "", Messages()}, "subcommand"));
+    EXPECT_TRUE(IsWrongUse({RunTo(">&-", "explode"), "", Messages()}, "explode"));
 }
 
 TEST_F(StandardOutput, MayGoWithTheOtherStreams) {

@@ -26,7 +26,7 @@ protected:
         StartShell("exec " + Quoted(TRADEBILL_PROGRAM) + " " + command + " --root " + Quoted(root_) + " --request -" +
                    redirected);
         pipe_.open(fifo_);
-        ASSERT_TRUE(Becomes([this] { return Catches(SIGINT); }));
+        ASSERT_TRUE(Becomes([this] { return Catches(SIGTERM); }));  // shells don't
     }
     /// Lets it go on with its request.
     void Continue() {
@@ -90,7 +90,7 @@ TEST_F(StoppedWork, GoesOnWhereTheSignalIsIgnored) {
                                 " 2>" + Quoted(folder_.Path("err1"));
     StartShell(command);
     pipe_.open(fifo_);
-    ASSERT_TRUE(Becomes([this] { return Catches(SIGINT); }));
+    ASSERT_TRUE(Becomes([this] { return Catches(SIGTERM); }));
     ::kill(process_, SIGHUP);
     Continue();
     EXPECT_EQ(End(), 0) << Messages();
