@@ -5,99 +5,25 @@
 #include <algorithm>
 #include <cstddef>
 #include <iostream>
-#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "base/source_id.h"
-#include "cli/command_table.h"
+#include "cli/declared_commands.h"
 #include "cli/nearest_word.h"
 #include "requests/usage_error.h"
 
 namespace tradebill {
 namespace {
 
-constexpr std::string_view kHelp = "help";
-constexpr std::string_view kVersion = "version";
-constexpr const char* kNoColours = "--no-color";
-
 using Words = std::vector<std::string>;
-
-/// A command as the command line knows it.
-struct DeclaredCommand {
-    CLI::App* app;
-    CommandRun run;
-};
-
-/// The app of a group, which is made with the first command that belongs to it.
-CLI::App& GroupIn(CLI::App& app, std::string_view name) {
-    if (name.empty()) return app;
-    for (CLI::App* const made : app.get_subcommands({})) {
-        if (made->get_name() == name) return *made;
-    }
-    const CommandGroup& group = *std::ranges::find(CommandGroups(), name, &CommandGroup::name);
-    CLI::App* const made = app.add_subcommand(std::string(name), std::string(group.help));
-    made->require_subcommand(1);
-    return *made;
-}
-
-/// Help that leads with a call. The list of commands, which has their descriptions too, goes without.
-class CHelpWithCall final : public CLI::Formatter {
-public:
-    explicit CHelpWithCall(std::string_view call) : call_(call) {}
-
-    [[nodiscard]] std::string make_description(const CLI::App* app) const override {
-        return app->get_description() + "\n\n  tradebill " + call_ + "\n\n";
-    }
-
-private:
-    std::string call_;
-};
-
-/// What stands ahead of the options, and behind them.
-void AddGuide(const Command& command, CLI::App& app) {
-    if (!command.example.empty()) app.formatter(std::make_shared<CHelpWithCall>(command.example));
-    std::string footer = app.get_footer();
-    if (!footer.empty()) footer = "\n" + footer + "\n";
-    if (!command.exits.empty()) footer += "\nExit codes: " + std::string(command.exits) + "\n";
-    if (!command.guide.empty()) footer += "Read on: " + std::string(command.guide) + "\n";
-    app.footer(footer);
-}
-
-/// It is heeded before anything is parsed: here for the parser and the help.
-void AddColours(CLI::App& app) {
-    app.add_flag(kNoColours)->description("Use no colours on a terminal, as with NO_COLOR set in the environment");
-}
-
-std::vector<DeclaredCommand> DeclareAll(CLI::App& app) {
-    app.set_version_flag("--version", "tradebill " TRADEBILL_VERSION " (source " + std::string(kSourceId) + ")");
-    app.allow_windows_style_options(false);  // "/folder" is a path on both systems
-    app.require_subcommand(1);
-    AddColours(app);
-    std::vector<DeclaredCommand> declared;
-    for (const Command& command : Commands()) {
-        CLI::App* const own =
-            GroupIn(app, command.group).add_subcommand(std::string(command.name), std::string(command.help));
-        declared.push_back({own, command.declare(*own)});
-        AddColours(*own);
-        AddGuide(command, *own);
-    }
-    // For the list alone: they are options by the time that anything is parsed.
-    app.add_subcommand(std::string(kHelp), "Show what a command does, and what it takes");
-    app.add_subcommand(std::string(kVersion), "Show which version this is");
-    // Of this list alone: commands have theirs by now.
-    app.formatter(std::make_shared<CHelpWithCall>("report --root settlement"));
-    app.footer("\ntradebill help COMMAND tells more of a command.\n");
-    return declared;
-}
 
 /// "help report" is "report --help", and "version" is "--version".
 Words WithoutHelpWords(Words words) {
     if (words.empty()) return words;
-    if (words.front() == kVersion && words.size() == 1) return {"--version"};
-    if (words.front() != kHelp) return words;
+    if (words.front() == kVersionWord && words.size() == 1) return {"--version"};
+    if (words.front() != kHelpWord) return words;
     words.erase(words.begin());
     words.emplace_back("--help");
     return words;
@@ -150,7 +76,7 @@ void RequireCommand(const CLI::App& app, std::span<const std::string> words, con
     const std::string& word = words.front();
     if (word.starts_with("-")) {  // ahead of a command there are flags alone
         if (app.get_option_no_throw(word) == nullptr) RefuseOption(app, word, command);
-        if (word == kNoColours) RequireCommand(app, words.subspan(1), command);
+        if (word == kNoColoursOption) RequireCommand(app, words.subspan(1), command);
         return;  // help and version need none
     }
     const auto named = app.get_subcommands([&](const CLI::App* one) { return one->check_name(word); });
@@ -181,14 +107,14 @@ const CLI::App& CommandAtHand(const CLI::App& app) {
 
 bool DeclinesColours(int argc, const char* const* argv) {
     const std::span words(argv, static_cast<std::size_t>(argc));
-    return std::ranges::any_of(words, [](const char* word) { return std::string_view(word) == kNoColours; });
+    return std::ranges::any_of(words, [](const char* word) { return std::string_view(word) == kNoColoursOption; });
 }
 
 int RunCommandLine(int argc, const char* const* argv) {
-    CLI::App app("Makes a report page from the daily settlement statements of a futures account.", "tradebill");
-    const std::vector<DeclaredCommand> commands = DeclareAll(app);
+    CLI::App app(kProgramHelp, kProgramName);
+    const std::vector<DeclaredCommand> commands = DeclareCommands(app);
     const Words words = WithoutHelpWords(Words(argv + std::min(argc, 1), argv + argc));
-    RequireCommand(app, words, "tradebill");
+    RequireCommand(app, words, kProgramName);
     try {
         app.parse(Words(words.rbegin(), words.rend()));  // it takes them from the back
     } catch (const CLI::ExtrasError&) {
