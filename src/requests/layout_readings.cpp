@@ -66,7 +66,8 @@ void ReadInto(CReport& report, CScanReport& seen, std::string_view text, const s
     Count(seen, reading);
 }
 
-/// The templates of a root that a request can name, but for those of the program's names, in order.
+}  // namespace
+
 std::vector<std::string> OwnTemplates(const std::string& rootFolder) {
     constexpr std::string_view kEnding = ".ini";
     std::vector<std::string> templates;
@@ -85,8 +86,6 @@ std::vector<std::string> OwnTemplates(const std::string& rootFolder) {
     std::ranges::sort(templates);
     return templates;
 }
-
-}  // namespace
 
 LayoutReading ReadByLayout(const Layout& layout, std::string_view text, const std::string& day) {
     CReport report;

@@ -32,6 +32,10 @@ struct LayoutReading {
     [[nodiscard]] bool IsReport() const { return !isDeclined && !isStopped && sections > 0 && hasMoney; }
 };
 
+/// The templates of `rootFolder` that a request can name, but for those of the program's names, in order. None where
+/// they can't be listed.
+[[nodiscard]] std::vector<std::string> OwnTemplates(const std::string& rootFolder);
+
 /// Reads `text` by the reader of the format that `layout` belongs to, or of the foreign kind. `day`: yyyymmdd.
 [[nodiscard]] LayoutReading ReadByLayout(const Layout& layout, std::string_view text, const std::string& day);
 
