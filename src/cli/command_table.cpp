@@ -10,6 +10,7 @@
 #include "cli/batch_worker.h"
 #include "cli/chart_command.h"
 #include "cli/check_command.h"
+#include "cli/completion_command.h"
 #include "cli/diff_command.h"
 #include "cli/explain_command.h"
 #include "cli/explore_command.h"
@@ -70,6 +71,9 @@ constexpr Command kCommands[] = {
      "anonymise settlement --out copy", kUsualExits, "docs/anonymise.md"},
     {"", "gallery", "Paint every kind of chart, with a page that shows them", DeclareGallery,
      "gallery --out gallery", kUsualExits, "docs/charts.md"},
+    {"", "completion", "Print what makes a shell complete command lines", DeclareCompletion,
+     "completion bash", "0 done; 2 wrong use", "README.md", kCompletionNotes},
+    {"", kCompleteCommand, "Answer a shell that completes a command line", DeclareComplete},
     {"", kWorkerCommand, "Answer the questions of a batch", DeclareBatchWorker},
 };
 // clang-format on

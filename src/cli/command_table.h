@@ -24,6 +24,7 @@ struct Command {
     std::string_view example = {};  ///< a call, behind the program's name
     std::string_view exits = {};    ///< what each exit code says, on one line
     std::string_view guide = {};    ///< the document to read on
+    std::string_view notes = {};    ///< a paragraph a line; what is to be typed has two blanks in front
 };
 
 struct CommandGroup {

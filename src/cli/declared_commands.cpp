@@ -44,6 +44,7 @@ void AddGuide(const Command& command, CLI::App& app) {
     if (!command.example.empty()) app.formatter(std::make_shared<CHelpWithCall>(command.example));
     std::string footer = app.get_footer();
     if (!footer.empty()) footer = "\n" + footer + "\n";
+    if (!command.notes.empty()) footer += "\n" + std::string(command.notes) + "\n";
     if (!command.exits.empty()) footer += "\nExit codes: " + std::string(command.exits) + "\n";
     if (!command.guide.empty()) footer += "Read on: " + std::string(command.guide) + "\n";
     app.footer(footer);

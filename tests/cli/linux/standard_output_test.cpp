@@ -7,6 +7,7 @@
 
 #include "cli/batch_worker.h"
 #include "cli/command_table.h"
+#include "cli/completion_command.h"
 #include "cli/linux/redirected_program.h"
 
 namespace tradebill::linux_standard_output_test {
@@ -22,6 +23,7 @@ protected:
         const std::string bad = folder_.Write("bad.ini", "[DEALFIELD]\nMONEY_MODE=9\n");
         const std::string run = Quoted(folder_.Write("run.json", R"({"schema": 1, "money": {"ClosingEquity": 1}})"));
         return {{"layouts", "layouts"},
+                {"completion", "completion bash"},
                 {"report", Report()},
                 {"check", "check " + Request()},
                 {"diff", "diff " + run + " " + run},
@@ -92,7 +94,8 @@ TEST_F(StandardOutput, IsTriedWithEveryCommandThatPrints) {
     for (const Command& command : Commands()) {
         const std::string name =
             (command.group.empty() ? "" : std::string(command.group) + " ") + std::string(command.name);
-        const bool isApart = name == "chart" || name == "reset" || name == "gallery" || name == kWorkerCommand;
+        const bool isApart = name == "chart" || name == "reset" || name == "gallery" || name == kWorkerCommand ||
+                             name == kCompleteCommand;
         EXPECT_EQ(calls.contains(name), !isApart) << name;
     }
     EXPECT_EQ(RunTo(">/dev/full", "reset page.html"), 0) << Messages();
