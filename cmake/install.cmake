@@ -14,6 +14,13 @@ install(FILES src/report/money_record.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/
 install(FILES ${UNIT_TABLE_FILE} DESTINATION ${DATA} COMPONENT unit_table)
 install(FILES ${CARRIED_TEMPLATE_FILES} DESTINATION ${DATA}/templates COMPONENT templates)
 
+if(NOT CMAKE_CROSSCOMPILING)
+    install(DIRECTORY ${MANUAL_PAGES}/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT program FILES_MATCHING PATTERN *.1.gz)
+    install(FILES ${COMPLETIONS}/bash/tradebill DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT program)
+    install(FILES ${COMPLETIONS}/zsh/_tradebill DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions COMPONENT program)
+    install(FILES ${COMPLETIONS}/fish/tradebill.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d COMPONENT program)
+endif()
+
 set(CONFIG ${CMAKE_INSTALL_LIBDIR}/cmake/tradebill)
 configure_package_config_file(cmake/package/tradebillConfig.cmake.in ${CMAKE_CURRENT_BINARY_DIR}/tradebillConfig.cmake
     INSTALL_DESTINATION ${CONFIG}

@@ -18,7 +18,7 @@ test_packages+=(python3 python3-jsonschema python3-pandas python3-pip python3-se
 test_packages+=(mono-mcs mono-runtime)  # hosts in C#
 test_packages+=(make munge parallel slurm-client slurmctld slurmd)  # the recipes of batches
 test_packages+=(faketime)  # machines whose clock is set back
-test_packages+=(fish zsh)  # shells that complete
+test_packages+=(groff-base mandoc fish zsh)  # readers of the manual, and shells that complete
 test_packages+=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev googletest wine wine64 locales zip unzip)  # the Windows build
 
 wanted=("${build_packages[@]}")

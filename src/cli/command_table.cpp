@@ -18,6 +18,7 @@
 #include "cli/gallery_command.h"
 #include "cli/import_command.h"
 #include "cli/layouts_command.h"
+#include "cli/manual_command.h"
 #include "cli/report_command.h"
 #include "cli/reset_command.h"
 #include "cli/template_command.h"
@@ -74,6 +75,7 @@ constexpr Command kCommands[] = {
     {"", "completion", "Print what makes a shell complete command lines", DeclareCompletion,
      "completion bash", "0 done; 2 wrong use", "README.md", kCompletionNotes},
     {"", kCompleteCommand, "Answer a shell that completes a command line", DeclareComplete},
+    {"", kManualCommand, "Write the manual pages", DeclareManual},
     {"", kWorkerCommand, "Answer the questions of a batch", DeclareBatchWorker},
 };
 // clang-format on

@@ -55,7 +55,7 @@ TEST_F(CompletionWords, AreCommandsFirst) {
 }
 
 TEST_F(CompletionWords, LeaveOutWhatIsHidden) {
-    for (const char* const hidden : {".complete", "batch-worker"})
+    for (const char* const hidden : {".complete", ".manual", "batch-worker"})
         EXPECT_FALSE(Offers({""}, hidden)) << hidden;
 }
 
