@@ -32,8 +32,8 @@ protected:
         root_.Write("Users/ann lee/Data/Bill/D90010002.20240102o.txt", "");
         root_.Write("Users/ann lee/Data/Bill/D90010002.20240103o.txt", "");
         root_.Write("Users/ann lee/Data/Bill/DWP90010009.20240102o.txt", "");
-        root_.Write("Users/张三/Data/Bill/D80010001.20240102o.txt", "");
-        root_.Write("Users/张三/Data/Bill/notes.txt", "");
+        root_.Write("Users/zhang san/Data/Bill/D80010001.20240102o.txt", "");
+        root_.Write("Users/zhang san/Data/Bill/notes.txt", "");
         root_.Write("Users/a file", "");
         root_.Write("BillTemplate/my own.ini", "");
         root_.Write("BillTemplate/readme.txt", "");
@@ -92,9 +92,9 @@ TEST_F(CompletionWords, AreThoseBelowTheRoot) {
     EXPECT_EQ(Offered({"report", "--root", root, "--account", ""}), (Words{"80010001", "90010002", "90010009"}));
     EXPECT_EQ(Offered({"report", "--user", "ann lee", "--root", root, "--account", ""}),
               (Words{"90010002", "90010009"}));
-    EXPECT_EQ(Offered({"report", "--root=" + root, "--user", ""}), (Words{"ann lee", "张三"}));
-    EXPECT_EQ(Offered({"report", "--root", "=", root, "--user", "=", ""}), (Words{"ann lee", "张三"}));
-    EXPECT_EQ(Offered({"anonymise", root, "--user", ""}), (Words{"ann lee", "张三"}));
+    EXPECT_EQ(Offered({"report", "--root=" + root, "--user", ""}), (Words{"ann lee", "zhang san"}));
+    EXPECT_EQ(Offered({"report", "--root", "=", root, "--user", "=", ""}), (Words{"ann lee", "zhang san"}));
+    EXPECT_EQ(Offered({"anonymise", root, "--user", ""}), (Words{"ann lee", "zhang san"}));
     EXPECT_EQ(Offered({"report", "--root", root, "--template", ""}).front(), "my own");
     EXPECT_FALSE(Offers({"report", "--root", root, "--template", ""}, "readme"));
 }
