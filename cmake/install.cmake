@@ -14,10 +14,12 @@ install(FILES src/report/money_record.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/
 install(FILES ${UNIT_TABLE_FILE} DESTINATION ${DATA} COMPONENT unit_table)
 install(FILES ${CARRIED_TEMPLATE_FILES} DESTINATION ${DATA}/templates COMPONENT templates)
 
+# Debian's packages have theirs in share/zsh/vendor-completions.
+set(TRADEBILL_ZSH_FOLDER ${CMAKE_INSTALL_DATADIR}/zsh/site-functions CACHE STRING "Where zsh looks for completions, below the prefix")
 if(NOT CMAKE_CROSSCOMPILING)
     install(DIRECTORY ${MANUAL_PAGES}/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT program FILES_MATCHING PATTERN *.1.gz)
     install(FILES ${COMPLETIONS}/bash/tradebill DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT program)
-    install(FILES ${COMPLETIONS}/zsh/_tradebill DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions COMPONENT program)
+    install(FILES ${COMPLETIONS}/zsh/_tradebill DESTINATION ${TRADEBILL_ZSH_FOLDER} COMPONENT program)
     install(FILES ${COMPLETIONS}/fish/tradebill.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d COMPONENT program)
 endif()
 

@@ -56,6 +56,7 @@ std::string_view OfferText(Offer offer) {
 /// The words without their quotes, which fish takes away itself.
 std::vector<std::string> PlainWords(const std::vector<std::string>& typed, bool isQuoted) {
     std::vector<std::string> words;
+    words.reserve(typed.size());
     for (const std::string& word : typed) {
         words.push_back(WithHome(isQuoted ? ReadShellWord(word).text : word, std::getenv("HOME")));
     }

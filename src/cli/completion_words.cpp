@@ -1,6 +1,8 @@
 #include "cli/completion_words.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
 #include <map>
 #include <optional>
 #include <span>
@@ -10,7 +12,6 @@
 #include <vector>
 
 #include "cli/completion_scripts.h"
-#include "cli/declared_commands.h"
 #include "cli/program_outline.h"
 #include "cli/typed_line.h"
 #include "driver/present_day.h"

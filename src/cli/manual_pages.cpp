@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "cli/command_table.h"
 #include "cli/completion_command.h"
 #include "cli/declared_commands.h"
 #include "cli/manual_texts.h"
@@ -192,6 +194,7 @@ ManualPage PageOfProgram(const ProgramOutline& program, const ManualEdition& edi
             EntrySection("EXIT STATUS", kManualExits);
     text += Section("COMPLETION", Paragraphs(kCompletionNotes));
     std::vector<std::string> pages;
+    pages.reserve(program.commands.size());
     for (const OutlinedCommand& command : program.commands) pages.push_back(PageName(command));
     return {kProgramName, text + Section("SEE ALSO", References(pages))};
 }

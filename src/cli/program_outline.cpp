@@ -3,9 +3,8 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cstddef>
 #include <string>
-#include <string_view>
-#include <utility>
 #include <vector>
 
 #include "cli/command_table.h"

@@ -1,6 +1,7 @@
 #include "cli/shell_word.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>

@@ -1,6 +1,7 @@
 #include "cli/typed_line.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <span>
 #include <string>
 #include <string_view>
