@@ -15,7 +15,7 @@
 #include "cli/command_table.h"
 #include "cli/manual_pages.h"
 #include "cli/program_outline.h"
-#include "cli/watched_run.h"
+#include "cli/voice.h"
 #include "platform/file.h"
 #include "platform/paths.h"
 #include "requests/usage_error.h"

@@ -27,9 +27,12 @@ inline constexpr ManualEntry kManualFiles[] = {
     {"ROOT/Users/NAME/Data/Bill/Image/TradeBill.html", "The page of a report, with its pictures beside it."},
     {"ROOT/sys/chain.ini", "Which products are of one chain, for --margin-offset."},
     {"ROOT/BillTemplate/NAME.ini", "Statement templates, for --template NAME."},
+    {"~/.config/tradebill/config.ini", "What is typed every day: a section [OPTIONS] with root, user, units, products and max_statement."},
 };
 
 inline constexpr ManualEntry kManualEnvironment[] = {
+    {"NO_COLOR", "If it isn't empty, there are no colours on a terminal, as with --no-color."},
+    {"XDG_CONFIG_HOME", "The folder of tradebill/config.ini, in place of ~/.config."},
     {"TZ", "The time zone of the day that counts as today."},
     {"SLURM_ARRAY_TASK_ID, JOB_COMPLETION_INDEX", "Which of its tasks an engine runs, for tradebill batch --shard auto."},
 };
@@ -39,7 +42,7 @@ inline constexpr ManualEntry kManualExits[] = {
     {"1", "Something is missing, and named."},
     {"2", "Wrong use: nothing was done."},
     {"3", "Something in the statements is wrong, or differs, where the command looks for that."},
-    {"75", "A batch was stopped, or has tasks to wait for: another try may go on."},
+    {"75", "It was stopped, or has others to wait for: the same call is worth another try."},
 };
 // clang-format on
 
