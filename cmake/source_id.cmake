@@ -2,6 +2,7 @@
 #
 # As a script: cmake -D SOURCES=FOLDER -D OUTPUT=FILE -P source_id.cmake writes the C++ source, unless it has it already.
 if(CMAKE_SCRIPT_MODE_FILE)
+    cmake_minimum_required(VERSION 3.25)
     file(GLOB_RECURSE FILES RELATIVE ${SOURCES} ${SOURCES}/*)
     list(SORT FILES)
     set(LIST "")
@@ -15,10 +16,10 @@ if(CMAKE_SCRIPT_MODE_FILE)
 
 namespace tradebill {
 
-const char* const kSourceId = \"@ID@\";
+const char* const kSourceId = \"${ID}\";
 
 }  // namespace tradebill
-" @ONLY)
+")
     return()
 endif()
 
