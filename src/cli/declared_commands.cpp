@@ -10,6 +10,7 @@
 
 #include "base/source_id.h"
 #include "cli/command_table.h"
+#include "cli/help_format.h"
 
 namespace tradebill {
 namespace {
@@ -26,22 +27,9 @@ CLI::App& GroupIn(CLI::App& app, std::string_view name) {
     return *made;
 }
 
-/// Help that leads with a call. The list of commands, which has their descriptions too, goes without.
-class CHelpWithCall final : public CLI::Formatter {
-public:
-    explicit CHelpWithCall(std::string_view call) : call_(call) {}
-
-    [[nodiscard]] std::string make_description(const CLI::App* app) const override {
-        return app->get_description() + "\n\n  tradebill " + call_ + "\n\n";
-    }
-
-private:
-    std::string call_;
-};
-
 /// What stands ahead of the options, and behind them.
 void AddGuide(const Command& command, CLI::App& app) {
-    if (!command.example.empty()) app.formatter(std::make_shared<CHelpWithCall>(command.example));
+    app.formatter(std::make_shared<CHelpFormat>(command.example));
     std::string footer = app.get_footer();
     if (!footer.empty()) footer = "\n" + footer + "\n";
     if (!command.notes.empty()) footer += "\n" + std::string(command.notes) + "\n";
@@ -52,7 +40,8 @@ void AddGuide(const Command& command, CLI::App& app) {
 
 /// It is heeded before anything is parsed: here for the parser and the help.
 void AddColours(CLI::App& app) {
-    app.add_flag(kNoColoursOption)->description("Use no colours on a terminal, as with NO_COLOR set in the environment");
+    app.add_flag(kNoColoursOption)
+        ->description("Use no colours on a terminal, as with NO_COLOR set in the environment");
 }
 
 }  // namespace
@@ -61,6 +50,7 @@ std::vector<DeclaredCommand> DeclareCommands(CLI::App& app) {
     app.set_version_flag("--version", "tradebill " TRADEBILL_VERSION " (source " + std::string(kSourceId) + ")");
     app.allow_windows_style_options(false);  // "/folder" is a path on both systems
     app.require_subcommand(1);
+    app.formatter(std::make_shared<CHelpFormat>());
     AddColours(app);
     std::vector<DeclaredCommand> declared;
     for (const Command& command : Commands()) {
@@ -74,7 +64,7 @@ std::vector<DeclaredCommand> DeclareCommands(CLI::App& app) {
     app.add_subcommand(kHelpWord, "Show what a command does, and what it takes");
     app.add_subcommand(kVersionWord, "Show which version this is");
     // Of this list alone: commands have theirs by now.
-    app.formatter(std::make_shared<CHelpWithCall>("report --root settlement"));
+    app.formatter(std::make_shared<CHelpFormat>("report --root settlement"));
     app.footer("\ntradebill help COMMAND tells more of a command.\n");
     return declared;
 }

@@ -33,18 +33,6 @@ void SplitTypeName(const std::string& told, OutlinedOption& option) {
     }
 }
 
-OutlinedOption Outline(const CLI::Option& option) {
-    OutlinedOption outlined{.names = NamesOf(option),
-                            .help = option.get_description(),
-                            .defaultValue = option.get_default_str(),
-                            .isRequired = option.get_required(),
-                            .isRepeated = option.get_items_expected_max() > 1};
-    if (option.get_items_expected_max() > 0) SplitTypeName(option.get_type_name(), outlined);
-    for (const CLI::Option* const needed : option.get_needs()) outlined.needed.push_back(NamesOf(*needed).back());
-    std::ranges::sort(outlined.needed);
-    return outlined;
-}
-
 /// Those that are in the help, either options or words.
 std::vector<OutlinedOption> OutlineOptions(const CLI::App& app, bool arePositional) {
     std::vector<OutlinedOption> outlined;
@@ -61,6 +49,18 @@ std::vector<std::string> PathOf(const Command& row) {
 }
 
 }  // namespace
+
+OutlinedOption Outline(const CLI::Option& option) {
+    OutlinedOption outlined{.names = NamesOf(option),
+                            .help = option.get_description(),
+                            .defaultValue = option.get_default_str(),
+                            .isRequired = option.get_required(),
+                            .isRepeated = option.get_items_expected_max() > 1};
+    if (option.get_items_expected_max() > 0) SplitTypeName(option.get_type_name(), outlined);
+    for (const CLI::Option* const needed : option.get_needs()) outlined.needed.push_back(NamesOf(*needed).back());
+    std::ranges::sort(outlined.needed);
+    return outlined;
+}
 
 ProgramOutline OutlineOfProgram() {
     CLI::App app(kProgramHelp, kProgramName);

@@ -7,6 +7,10 @@
 
 #include "cli/command_table.h"
 
+namespace CLI {
+class Option;
+}
+
 namespace tradebill {
 
 /// An option, or a word that a command takes without one.
@@ -42,6 +46,9 @@ struct ProgramOutline {
     std::vector<OutlinedWord> groups = {};
     std::vector<OutlinedWord> extraWords = {};  ///< "help" and "version"
 };
+
+/// An option, or a word, as it is declared.
+[[nodiscard]] OutlinedOption Outline(const CLI::Option& option);
 
 [[nodiscard]] ProgramOutline OutlineOfProgram();
 

@@ -3,10 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <cstddef>
+#include <sstream>
 #include <string>
 
 #include "cli/command_table.h"
+#include "cli/wrapped_text.h"
 #include "support/shell.h"
 #include "support/temp_folder.h"
 
@@ -98,6 +100,19 @@ TEST_F(CommandLine, HelpLeadsWithACallAndEndsWithExitCodesAndWhereToReadOn) {
         EXPECT_LT(exits, guide) << help;
         EXPECT_NE(guide, std::string::npos) << help;
     }
+}
+
+TEST_F(CommandLine, HelpFitsATerminalAndSpeaksPlainly) {
+    for (const Command& command : Commands()) {
+        if (command.example.empty()) continue;
+        const std::string help = Run("help " + std::string(command.group) + " " + std::string(command.name)).out;
+        std::istringstream lines(help);
+        for (std::string line; std::getline(lines, line);) EXPECT_LE(ColumnsOf(line), 100U) << line;
+        EXPECT_FALSE(Says(help, ":INT")) << help;
+    }
+    const std::string report = Run("help report").out;
+    EXPECT_TRUE(Says(report, "(1 - 366; default: 242)")) << report;
+    EXPECT_TRUE(Says(Run("help batch-merge").out, "--out DIR REQUIRED  ")) << report;
 }
 
 TEST_F(CommandLine, TellsTheVersionAndTheSourcesOfTheBuild) {
