@@ -12,7 +12,7 @@ std::string WhyTextsAreBoxes() {
     try {
         if (HasFontsFor("账户权益"_gbk)) return {};
         return std::string(HasFontsFor("0") ? "no installed font has Chinese characters" : "no font is installed") +
-               ": texts in pictures are boxes (README.md names the packages)";
+               ": texts in pictures are boxes (docs/guide.md names the packages)";
     } catch (const CShortage&) {
         return {};
     }

@@ -11,7 +11,7 @@ namespace tradebill::linux_missing_fonts_test {
 namespace {
 
 constexpr const char* kBoxes =
-    "tradebill: no installed font has Chinese characters: texts in pictures are boxes (README.md names the packages)\n";
+    "tradebill: no installed font has Chinese characters: texts in pictures are boxes (docs/guide.md names the packages)\n";
 
 /// With the fonts of one package, none of which has Chinese characters.
 class MissingFonts : public Program {
@@ -32,7 +32,7 @@ TEST_F(MissingFonts, AreToldApartFromThoseWithoutChinese) {
     const Answer answer = Run(Report("--quiet"));
     EXPECT_EQ(answer.exit, 1);
     EXPECT_EQ(answer.err,
-              "tradebill: no font is installed: texts in pictures are boxes (README.md names the packages)\n");
+              "tradebill: no font is installed: texts in pictures are boxes (docs/guide.md names the packages)\n");
 }
 
 TEST_F(MissingFonts, AreAFailureOfAChart) {
