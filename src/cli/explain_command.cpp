@@ -23,6 +23,7 @@
 #include "readers/statement_loader.h"
 #include "report/report.h"
 #include "report/statement_format.h"
+#include "requests/carried_templates.h"
 #include "requests/format_choice.h"
 #include "requests/input_file.h"
 #include "requests/scan_report.h"
@@ -74,6 +75,10 @@ LayoutHint HintFrom(std::string_view text, const CReport& report, const CScanRep
 
 std::int32_t FormatFor(const ExplainCommand& command, std::string_view text, Explanation& explanation) {
     if (command.format.value_or(std::string(kAutoFormat)) == kAutoFormat) {
+        if (const auto format = command.templateFile ? FormatOfTemplate(TemplateOf(command), {}) : std::nullopt) {
+            explanation.format = "format " + std::to_string(*format) + ", by the template";
+            return *format;
+        }
         const std::int32_t format = FormatByMarks(text, command.statementFile);
         explanation.format = "format " + std::to_string(format) + ", by the marks in the text";
         return format;

@@ -291,6 +291,18 @@ TEST_F(ExplainedChoice, TakesANumberWithoutReaderTogetherWithATemplate) {
     EXPECT_THROW(static_cast<void>(Explain(StatementOf("template-pairs"), "77")), CUsageError);
 }
 
+TEST_F(ExplainedChoice, GoesByTheFormatThatTheTemplateNames) {
+    const std::string described = ReadFile(Folder("template-pairs") + "/BillTemplate/songta.ini");
+    const std::size_t head = described.find("[DEALFIELD]");
+    ASSERT_NE(head, std::string::npos);
+    const std::string file = folder_.Write("songta.ini", std::string(described).insert(head + 12, "FORMAT=77\n"));
+    const Explained explained = ExplainBy(file, StatementOf("template-pairs"), "auto");
+    EXPECT_EQ(explained.exit, 0);
+    EXPECT_EQ(explained.json.at("layout"), "format 77, by the template");
+    EXPECT_EQ(LayoutOf(explained), "template");
+    EXPECT_EQ(ExplainBy(file, StatementOf("template-pairs"), "1").json.at("layout"), "format 1");
+}
+
 TEST_F(ExplainedChoice, KnowsNoReaderForANumberWhoseTemplateDeclines) {
     const std::string file = folder_.Write("broker.ini", "[DEALFIELD]\nMONEY_MODE=0\n");
     ExplainCommand command = Command(StatementOf("fund-status"), "77");

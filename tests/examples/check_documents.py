@@ -5,6 +5,7 @@ that is built, and the guide must know the options of a report, in both language
 Usage: check_documents.py SOURCE PROGRAM
 """
 
+import json
 import os
 import pathlib
 import re
@@ -26,7 +27,11 @@ NOT_RUN = {
     ("docs/recipes.md", "tradebill export"): "examples.recipes runs all of them",
     ("docs/recipes.md", "sqlite3"): "examples.recipes runs all of them",
 }
-EXITS = {"tradebill diff": 3}  # the two that the documents compare differ
+# Whole lines or their beginnings.
+EXITS = {
+    "tradebill diff": 3,  # the two that the documents compare differ
+    "tradebill explain haichuan/Users/me/Data/Bill/D90010099.20240102o.txt\n": 2,  # before there is a template for it
+}
 HOSTS = {"investorservice.cfmmc.com", "keepachangelog.com", "semver.org"}
 DOWNLOADS = ("下载", "downloads")  # folders in which readers have statements
 GUIDES = ("docs/guide.md", "docs/guide.zh.md")
@@ -34,6 +39,33 @@ GUIDES = ("docs/guide.md", "docs/guide.zh.md")
 
 class Untrue(Exception):
     """What a document says that isn't so."""
+
+
+def check_worked_template(folder):
+    """What the report has is what the statement prints."""
+    report = json.loads((folder / "report.json").read_text(encoding="utf-8"))
+    statement = (folder / "statement.txt").read_text(encoding="utf-8")
+    money = report["money"]["Records"][0]
+    labels = {"QCQY": "上日结存", "QMJC": "当日结存", "CRJ": "出入金", "SXF": "手续费", "PCYK": "平仓盈亏", "CCDSYK": "盯市盈亏",
+              "KHQY": "客户权益", "BZJZY": "占用保证金", "KYZJ": "可用资金"}
+    for field, label in labels.items():
+        printed = re.search(label + r"：  (\S+)", statement)[1]
+        if money[field] != printed:
+            raise Untrue(f"docs/templates.md: {label} is {printed}, and {money[field]} is read")
+    rows = [line.split(";") for line in statement.splitlines() if line.startswith("20240102;")]
+    trades = [[row["MATCH_DATE"], row["EXCH_NAME"], row["CONTRACT"], row["BID"], row["OFFSET"], row["MATCH_PRICE"], row["MATCH_VOL"],
+               row["TURNOVER"], row["POUNDAGE"], row["OFFSETPL"], row["ROYALTY"], row["MATCHNO"], row["HEDGE"]]
+              for row in report["matches"]]
+    if trades != [row for row in rows if len(row) == 13]:
+        raise Untrue("docs/templates.md: other trades are read than the statement has")
+    closed = [(row["OPEN_DATE"], row["OPEN_PRICE"], row["MATCH_PRICE"], row["OFFSETPL"]) for row in report["closed"]]
+    if closed != [(row[6], row[7], row[4], row[11]) for row in rows if len(row) == 12]:
+        raise Untrue("docs/templates.md: another closed position is read than the statement has")
+
+
+RESULTS = {"docs/templates.md": check_worked_template}
+# What readers are told to save as a file: its name, and the block behind it.
+SAVED = r"Save (?:it )?as UTF-8 in `([\w.]+)`:\n\n```\w+\n(.*?)^```"
 
 
 def documents(source):
@@ -75,12 +107,16 @@ def run_commands(source, program, name, text):
         folder = pathlib.Path(path)
         scratch(source, program, folder)
         environment = dict(os.environ, PATH=f"{folder}/bin:{os.environ['PATH']}", HOME=path, XDG_CONFIG_HOME=path)
+        for file, content in re.findall(SAVED, text, re.DOTALL | re.MULTILINE):
+            (folder / file).write_text(content, encoding="utf-8")
         for line in lines:
             print(f"{name}: {line}", flush=True)
             end = subprocess.run(["bash", "-c", line], cwd=folder, env=environment, check=False, stdout=subprocess.DEVNULL)
-            expected = next((exit for start, exit in EXITS.items() if line.startswith(start)), 0)
+            expected = next((exit for start, exit in EXITS.items() if (line + "\n").startswith(start)), 0)
             if end.returncode != expected:
                 raise Untrue(f"{name}: it ends with {end.returncode}: {line}")
+        if name in RESULTS:
+            RESULTS[name](folder)
     return len(lines)
 
 
