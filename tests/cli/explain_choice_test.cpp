@@ -295,7 +295,7 @@ TEST_F(ExplainedChoice, GoesByTheFormatThatTheTemplateNames) {
     const std::string described = ReadFile(Folder("template-pairs") + "/BillTemplate/songta.ini");
     const std::size_t head = described.find("[DEALFIELD]");
     ASSERT_NE(head, std::string::npos);
-    const std::string file = folder_.Write("songta.ini", std::string(described).insert(head + 12, "FORMAT=77\n"));
+    const std::string file = folder_.Write("songta.ini", std::string(described).insert(head + 11, "\r\nFORMAT=77"));
     const Explained explained = ExplainBy(file, StatementOf("template-pairs"), "auto");
     EXPECT_EQ(explained.exit, 0);
     EXPECT_EQ(explained.json.at("layout"), "format 77, by the template");

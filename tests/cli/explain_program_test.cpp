@@ -172,7 +172,7 @@ TEST_F(ExplainingProgram, ChecksTemplates) {
     EXPECT_TRUE(IsWrongUse(Run("template check " + Quoted(good) + " --format 1"), "--against"));
     EXPECT_TRUE(IsWrongUse(Run("template check " + Quoted(good) + " --against no.txt"), "no.txt"));
     EXPECT_EQ(Run("template check " + Quoted(good) + " --against " + Quoted(MoneyOnly())).exit, 0);
-    EXPECT_TRUE(Says(Run("template check --help").out, "default: 201 if open positions hold both sides in a row"));
+    EXPECT_TRUE(Says(Run("template check --help").out, "(default: 201 if open positions hold both sides"));
     EXPECT_TRUE(IsWrongUse(Run("template"), "a command"));
 }
 
