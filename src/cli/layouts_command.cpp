@@ -93,9 +93,9 @@ int PrintReadings(const std::string& file) {
     for (const LayoutReading& reading : readings) PrintReading(ReadingLine(reading));
     const bool isRead =
         std::ranges::any_of(readings, [](const LayoutReading& reading) { return reading.sections > 0; });
-    std::cout << (isRead
-                      ? "\nexplain FILE --format N shows what a layout sees, row by row.\n"
-                      : "\nNo layout finds a section of its own. A template may describe this one (docs/templates.md).\n");
+    std::cout
+        << (isRead ? "\nexplain FILE --format N shows what a layout sees, row by row.\n"
+                   : "\nNo layout finds a section of its own. A template may describe this one (docs/templates.md).\n");
     return isRead ? kExitDone : kExitNothingRecognised;
 }
 

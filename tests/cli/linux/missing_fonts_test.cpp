@@ -11,7 +11,8 @@ namespace tradebill::linux_missing_fonts_test {
 namespace {
 
 constexpr const char* kBoxes =
-    "tradebill: no installed font has Chinese characters: texts in pictures are boxes (docs/guide.md names the packages)\n";
+    "tradebill: no installed font has Chinese characters: texts in pictures are boxes (docs/guide.md names the "
+    "packages)\n";
 
 /// With the fonts of one package, none of which has Chinese characters.
 class MissingFonts : public Program {
