@@ -8,7 +8,7 @@ trap 'rm -rf "$work"' EXIT
 cmake --install "$build" --prefix "$work/installed" >/dev/null
 mkdir -p "$work/samples"
 cp -r "$source/samples/fund-status" "$work/samples/"
-sed -n '/^```c$/,/^```$/{//!p}' "$source/docs/embedding.md" >"$work/host.c"
+sed -n '/^```c$/,/^```$/{//!p;/^```$/q}' "$source/docs/embedding.md" >"$work/host.c"  # the first; examples.documents knows the other
 cd "$work"
 "$compiler" -std=c99 -Wall -Wextra -Werror -I installed/include host.c -L installed/lib -ltradebill \
     -Wl,-rpath,"$work/installed/lib" -o host
