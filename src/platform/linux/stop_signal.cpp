@@ -27,7 +27,6 @@ std::atomic<int> ExitAtOnce = 0;
 std::atomic<bool> HasAsked = false;
 
 constexpr char kAsked = 'a';
-constexpr char kOver = 'o';
 
 void HandleStop(int /*signal*/) {
     const int error = errno;
@@ -50,8 +49,8 @@ CStopSignal::CStopSignal(std::function<void()> onStop, int exitAtOnce) : state_(
     ExitAtOnce = exitAtOnce;
     HandlersPipe = state_->ends[1];
     state_->thread = std::thread([end = state_->ends[0], onStop = std::move(onStop)] {
-        char word = kOver;
-        if (Uninterrupted([&] { return ::read(end, &word, 1); }) == 1 && word == kAsked) onStop();
+        char word = 0;
+        if (Uninterrupted([&] { return ::read(end, &word, 1); }) == 1) onStop();
     });
     struct sigaction action = {};
     action.sa_handler = HandleStop;
@@ -68,11 +67,10 @@ CStopSignal::~CStopSignal() {
     for (std::size_t i = 0; i < std::size(kStopSignals); ++i) {
         ::sigaction(kStopSignals[i], &state_->before[i], nullptr);
     }
-    [[maybe_unused]] const ssize_t written = ::write(state_->ends[1], &kOver, 1);
-    state_->thread.join();
     HandlersPipe = -1;
+    ::close(state_->ends[1]);  // the reader meets the end; a word to it could fail
+    state_->thread.join();
     ::close(state_->ends[0]);
-    ::close(state_->ends[1]);
 }
 
 void IgnoreStopSignals() {
