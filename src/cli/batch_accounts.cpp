@@ -18,7 +18,6 @@
 #include "batch/manifest.h"
 #include "batch/shard.h"
 #include "cli/batch_making.h"
-#include "cli/output_file.h"
 #include "cli/shown_text.h"
 #include "driver/present_day.h"
 #include "driver/request_names.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <span>
+#include <string_view>
 
 #include "cli/anonymise_command.h"
 #include "cli/batch_command.h"

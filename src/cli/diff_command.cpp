@@ -8,7 +8,6 @@
 #include <string>
 
 #include "cli/command_table.h"
-#include "cli/output_file.h"
 #include "cli/shown_text.h"
 #include "export/report_diff.h"
 #include "export/report_figures.h"

@@ -12,7 +12,6 @@
 
 #include "base/report_error.h"
 #include "cli/command_table.h"
-#include "cli/output_file.h"
 #include "cli/report_arguments.h"
 #include "cli/statement_day.h"
 #include "findings/layout_hint.h"

@@ -3,7 +3,6 @@
 #include <optional>
 #include <string>
 
-#include "cli/output_file.h"
 #include "export/csv_set.h"
 #include "export/sqlite_export.h"
 #include "platform/output_target.h"

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <cstddef>
 #include <iostream>
 #include <memory>
 #include <ostream>

@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "base/day.h"
-#include "cli/output_file.h"
 #include "cli/voice.h"
 #include "report/account_key.h"
 #include "report/request_copy.h"

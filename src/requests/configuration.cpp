@@ -10,6 +10,7 @@
 #include "platform/paths.h"
 #include "platform/settings_folder.h"
 #include "requests/input_ini.h"
+#include "requests/report_options.h"
 #include "requests/report_settings.h"
 #include "requests/setting_called.h"
 

@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <iterator>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,7 +23,6 @@
 #include "platform/root_folder.h"
 #include "report/report.h"
 #include "report/request_copy.h"
-#include "report/statement_format.h"
 #include "requests/carried_templates.h"
 #include "requests/day_option.h"
 #include "requests/format_choice.h"

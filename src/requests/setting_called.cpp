@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "base/ini_file.h"
-#include "base/text.h"
 #include "requests/input_ini.h"
 #include "requests/report_settings.h"
 #include "requests/usage_error.h"

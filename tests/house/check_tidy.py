@@ -24,7 +24,7 @@ CLANG_TIDY = "clang-tidy-19"
 DROPPED = {"-Winvalid-pch", "-Werror", "-g1", "-O2", "-c"}
 DROPPED_WITH_VALUE = {"-include", "-o"}
 OTHER_SYSTEM = ("windows", "gdi")
-LAST_COMMITS = 30
+LAST_COMMITS = 12
 
 
 def flags_of(entry):
