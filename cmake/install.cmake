@@ -31,7 +31,9 @@ write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/tradebillConfigVers
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/tradebillConfig.cmake ${CMAKE_CURRENT_BINARY_DIR}/tradebillConfigVersion.cmake
     DESTINATION ${CONFIG} COMPONENT development)
 
-if(NOT WIN32)
+if(WIN32)
+    install(FILES src/driver/tradebill.def DESTINATION ${CMAKE_INSTALL_LIBDIR} RENAME TradeBill.def COMPONENT development)
+else()
     install(TARGETS tradebill_static ARCHIVE COMPONENT development)
     # The prefix of "cmake --install --prefix" is known when it is installed, not before.
     install(CODE "

@@ -50,7 +50,7 @@ constexpr Command kCommands[] = {
      "diff before.json after.json",
      "0 nothing differs; 1 a file can't be read; 2 wrong use, or no JSON of a report; 3 something differs", "docs/json.md"},
     {"", "export", "Write what a report reads and works out as tables", DeclareExport,
-     "export --root settlement --csv tables --sqlite accounts.db", kUsualExits, "docs/export.md"},
+     "export --root settlement --csv tables", kUsualExits, "docs/export.md"},
     {"", "explore", "Write one page on which a browser shows and sorts all of it", DeclareExplore,
      "explore --root settlement --all-accounts -o explore.html", kUsualExits, "docs/explore.md"},
     {"", "batch", "Make the reports of many accounts, beside each other", DeclareBatch,

@@ -69,7 +69,7 @@ samples/one-year/root: 378 days
 250 statements, 29885 records, 0 errors
 END
 
-sed -n '/^```c$/,/^```$/{//!p}' docs/embedding.md >host.c
+sed -n '/^```c$/,/^```$/{//!p;/^```$/q}' docs/embedding.md >host.c
 "$compiler" -std=c99 -Wall -Wextra -Werror -I include host.c lib/TradeBill.lib -o bin/host.exe
 [ "$(wine bin/host.exe | tr -d '\r')" = 0x00000000 ]
 tail -c 18 "samples/fund-status/$page" | grep -q '</html>'
