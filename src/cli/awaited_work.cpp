@@ -22,7 +22,7 @@ constexpr std::string_view kEraseLine = "\r\x1B[K";
 CAwaitedWork::CAwaitedWork(bool quiet, Duration longWork)
     : isQuiet_(quiet), isTerminal_(IsErrorOutputTerminal()), longWork_(longWork), begun_(Clock::now()), shown_(begun_) {
     try {
-        signal_.emplace([this] { wantsStop_ = true; }, kExitTryAgain);
+        signal_.emplace([] {}, kExitTryAgain);
     } catch (const std::system_error&) {
         signal_.reset();  // the wish ends the program then
     }

@@ -1,7 +1,6 @@
 // Work that somebody waits for: how far it is, and the wish that it ends.
 #pragma once
 
-#include <atomic>
 #include <chrono>
 #include <cstddef>
 #include <optional>
@@ -36,7 +35,7 @@ public:
 
     void OnDay(int day, int days, std::string_view dayText) override;
     void OnStage(std::string_view stage) override;
-    [[nodiscard]] bool WantsStop() const override { return wantsStop_.load(); }
+    [[nodiscard]] bool WantsStop() const override { return signal_ && signal_->IsAsked(); }
 
     [[nodiscard]] bool IsQuiet() const { return isQuiet_; }
 
@@ -62,7 +61,6 @@ private:
     const Clock::time_point begun_;
     Clock::time_point shown_;
     bool isLineThere_ = false;
-    std::atomic<bool> wantsStop_ = false;
     std::optional<CStopSignal> signal_;  ///< nothing where there are no means to hear it
 };
 

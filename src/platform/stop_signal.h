@@ -16,6 +16,9 @@ public:
     CStopSignal(const CStopSignal&) = delete;
     CStopSignal& operator=(const CStopSignal&) = delete;
 
+    /// Whether the system has asked: known before that thread has had its turn.
+    [[nodiscard]] bool IsAsked() const;
+
 private:
     struct State;
     std::unique_ptr<State> state_;

@@ -73,6 +73,10 @@ CStopSignal::~CStopSignal() {
     ::close(state_->ends[0]);
 }
 
+bool CStopSignal::IsAsked() const {
+    return HasAsked.load();
+}
+
 void IgnoreStopSignals() {
     for (const int signal : kStopSignals) ::signal(signal, SIG_IGN);
 }

@@ -48,6 +48,10 @@ CStopSignal::~CStopSignal() {
     OnStop = nullptr;
 }
 
+bool CStopSignal::IsAsked() const {
+    return HasAsked.load();
+}
+
 void IgnoreStopSignals() {
     ::SetConsoleCtrlHandler(PassOver, TRUE);
 }
