@@ -72,7 +72,7 @@ static uint32_t Run(void) {
     result = TradeBillRead(report, &request);
     Say(TradeBillResultName(result));
     Say(" ");
-    if (TradeBillTotal(report, &totals) == TRADEBILL_DONE) {
+    if (result == TRADEBILL_DONE && TradeBillTotal(report, &totals) == TRADEBILL_DONE) {
         SayNumber(totals.Statements);
         Say(" statements, ");
         SayNumber(totals.Records);
